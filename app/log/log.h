@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tarvik {
+
+enum LogFlags : DWORD {
+    kLogTrace = 1,         // calls of operations, mostly with no message
+    kLogError = 16,
+    kLogToFile = 0x1000,   // to Logger::file; else to the debugger's channel
+    kLogTimeStamp = 0x2000,
+};
+
+// A call is written if its level shares a bit with `flags`.
+struct Logger {
+    DWORD flags;
+    HANDLE file;  // not owned; UTF-16 with no byte order mark goes to it
+};
+
+// The log of the process. Nothing sets its fields at run time: a diagnostic build gives `flags` a start value.
+extern Logger processLog;
+
+// `format` is a wide printf format, or null for a line with no message. Any thread; never fails; formats nothing
+// when the level is off.
+void Log(const Logger& logger, DWORD level, int line, const char* label, const wchar_t* format, ...) noexcept;
+
+}  // namespace tarvik
+
+// The arguments after the label are the format and its values, or nothing.
+#define TARVIK_LOG_AT(level, label, format, ...) \
+    ::tarvik::Log(::tarvik::processLog, level, __LINE__, label, format __VA_OPT__(, ) __VA_ARGS__)
+#define TARVIK_TRACE(label) TARVIK_LOG_AT(::tarvik::kLogTrace, label, nullptr)
+#define TARVIK_TRACE_TEXT(label, ...) TARVIK_LOG_AT(::tarvik::kLogTrace, label, __VA_ARGS__)
+#define TARVIK_ERROR(label, ...) TARVIK_LOG_AT(::tarvik::kLogError, label, __VA_ARGS__)

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace tarvik {
+
+// Sole owner of a platform resource. `Traits` names the type, the empty value and the closing call.
+template <class Traits>
+class Owner {
+  public:
+    using Type = typename Traits::Type;
+
+    Owner() noexcept = default;
+    explicit Owner(Type value) noexcept : value_(value) {}
+    Owner(Owner&& other) noexcept : value_(other.Detach()) {}
+    Owner& operator=(Owner&& other) noexcept {
+        if (this != &other) Reset(other.Detach());
+        return *this;
+    }
+    ~Owner() { Reset(); }
+
+    Type Get() const noexcept { return value_; }
+    explicit operator bool() const noexcept { return Traits::IsValid(value_); }
+    Type Detach() noexcept { return std::exchange(value_, Traits::Empty()); }
+    void Reset(Type value = Traits::Empty()) noexcept {
+        const Type old = std::exchange(value_, value);
+        if (Traits::IsValid(old)) Traits::Close(old);
+    }
+    // For platform calls that fill an out parameter; what was held is closed first.
+    Type* Receive() noexcept {
+        Reset();
+        return &value_;
+    }
+
+  private:
+    Type value_ = Traits::Empty();
+};
+
+namespace detail {
+
+template <class T>
+struct PointerTraits {
+    using Type = T;
+    static Type Empty() noexcept { return nullptr; }
+    static bool IsValid(Type value) noexcept { return value != nullptr; }
+};
+
+struct HandleTraits : PointerTraits<HANDLE> {
+    // Files fail with INVALID_HANDLE_VALUE, everything else with null: neither is a handle.
+    static bool IsValid(HANDLE value) noexcept { return value && value != INVALID_HANDLE_VALUE; }
+    static void Close(HANDLE value) noexcept { CloseHandle(value); }
+};
+struct FindTraits : HandleTraits {
+    static void Close(HANDLE value) noexcept { FindClose(value); }
+};
+struct ViewTraits : PointerTraits<void*> {
+    static void Close(void* value) noexcept { UnmapViewOfFile(value); }
+};
+struct ModuleTraits : PointerTraits<HMODULE> {
+    static void Close(HMODULE value) noexcept { FreeLibrary(value); }
+};
+struct LocalTraits : PointerTraits<void*> {
+    static void Close(void* value) noexcept { LocalFree(value); }
+};
+struct GdiTraits : PointerTraits<HGDIOBJ> {
+    static void Close(HGDIOBJ value) noexcept { DeleteObject(value); }
+};
+struct DeviceContextTraits : PointerTraits<HDC> {
+    static void Close(HDC value) noexcept { DeleteDC(value); }
+};
+struct IconTraits : PointerTraits<HICON> {
+    static void Close(HICON value) noexcept { DestroyIcon(value); }
+};
+struct MenuTraits : PointerTraits<HMENU> {
+    static void Close(HMENU value) noexcept { DestroyMenu(value); }
+};
+struct WindowTraits : PointerTraits<HWND> {
+    static void Close(HWND value) noexcept { DestroyWindow(value); }
+};
+
+}  // namespace detail
+
+using UniqueHandle = Owner<detail::HandleTraits>;  // files, events, threads, mappings, processes, mutexes
+using UniqueFind = Owner<detail::FindTraits>;
+using UniqueView = Owner<detail::ViewTraits>;
+using UniqueModule = Owner<detail::ModuleTraits>;
+using UniqueLocal = Owner<detail::LocalTraits>;
+using UniqueGdi = Owner<detail::GdiTraits>;
+using UniqueMemoryDc = Owner<detail::DeviceContextTraits>;
+using UniqueIcon = Owner<detail::IconTraits>;
+using UniqueMenu = Owner<detail::MenuTraits>;
+using UniqueWindow = Owner<detail::WindowTraits>;
+
+}  // namespace tarvik

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+#include <new>
+#include <utility>
+
+namespace tarvik {
+
+// A failure on its way to the nearest boundary (a COM method, a thread's function), where Guard turns it back
+// into the status it carries.
+class StatusError : public std::exception {
+  public:
+    explicit StatusError(HRESULT status) noexcept : status_(status) {}
+    HRESULT Status() const noexcept { return status_; }
+    const char* what() const noexcept override { return "failed status"; }
+
+  private:
+    HRESULT status_;
+};
+
+inline void ThrowIfFailed(HRESULT status) {
+    if (FAILED(status)) throw StatusError(status);
+}
+
+// The thread's last platform error as a status. An error of 0 stays 0, so a failing call that leaves no error
+// counts as success; that is intended.
+HRESULT LastErrorStatus() noexcept;
+
+// Throws the last error of a failed platform call; E_FAIL where the call left none.
+[[noreturn]] void ThrowLastError();
+
+// The status of the exception being handled. Call only inside a catch block.
+HRESULT CaughtStatus() noexcept;
+
+// The one boundary between exceptions and statuses. The work returns a status or nothing.
+template <class Work>
+[[nodiscard]] HRESULT Guard(Work&& work) noexcept {
+    try {
+        if constexpr (std::is_void_v<decltype(work())>) {
+            work();
+            return S_OK;
+        } else {
+            return work();
+        }
+    } catch (...) {
+        return CaughtStatus();
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace tarvik {
+
+// Conversions between UTF-16 and byte strings. Bytes that the code page does not know become its replacement.
+std::wstring Widen(std::string_view text, UINT codePage = CP_UTF8);
+std::string Narrow(std::wstring_view text, UINT codePage = CP_UTF8);
+
+// Length of the path buffers of the whole system, the terminator included.
+inline constexpr size_t kPathLength = MAX_PATH;
+
+// Full path of the running executable, cut at the length of a path buffer.
+std::wstring ExecutablePath();
+
+// Calls a function that fills a buffer of kPathLength characters, and returns the text up to the terminator.
+template <class Fill>
+std::wstring ReadPath(Fill&& fill) {
+    wchar_t buffer[kPathLength] = {};
+    fill(buffer);
+    buffer[kPathLength - 1] = L'\0';
+    return buffer;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,19 @@
+# What every one of our targets is compiled with; third-party code gets none of it.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+add_library(tarvik_compiler INTERFACE)
+target_compile_features(tarvik_compiler INTERFACE cxx_std_20)
+target_compile_definitions(tarvik_compiler INTERFACE
+  UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0900)
+
+if(MSVC)
+  target_compile_options(tarvik_compiler INTERFACE /W4 /WX /utf-8 /permissive- /Zc:__cplusplus)
+else()
+  target_compile_options(tarvik_compiler INTERFACE
+    -Wall -Wextra -Werror -Wno-missing-field-initializers -Wno-cast-function-type
+    -fstack-protector-strong -ffunction-sections -fdata-sections)
+  # One file that runs on a bare system: no compiler runtime beside it.
+  target_link_options(tarvik_compiler INTERFACE -static -municode -Wl,--gc-sections)
+endif()

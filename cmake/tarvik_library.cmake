@@ -1,0 +1,52 @@
+# tarvik_library(NAME SOURCES a.cpp b.cpp USES lib1 lib2)
+#
+# One library a folder, included by its path from the top ("script/object.h"). A library sees its own headers
+# and those of the libraries it names in USES, and no others: each has an include root of its own in the build
+# folder that holds one link. So an include against the floors of the house does not compile.
+function(tarvik_library NAME)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${NAME} STATIC ${ARG_SOURCES})
+    set(SCOPE PUBLIC)
+    target_link_libraries(${NAME} PRIVATE tarvik_compiler)
+  else()
+    add_library(${NAME} INTERFACE)
+    set(SCOPE INTERFACE)
+  endif()
+  tarvik_include_root(ROOT)
+  target_include_directories(${NAME} ${SCOPE} ${ROOT})
+  target_link_libraries(${NAME} ${SCOPE} ${ARG_USES})
+endfunction()
+
+# tarvik_plugin(NAME SOURCES ... USES ...): a built-in plug-in. It is an object library, because nothing refers
+# to a plug-in by name: its static initialiser registers it, and a linker takes no such file from an archive.
+function(tarvik_plugin NAME)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(plugin_${NAME} OBJECT ${ARG_SOURCES})
+  tarvik_include_root(ROOT)
+  target_include_directories(plugin_${NAME} PUBLIC ${ROOT})
+  target_link_libraries(plugin_${NAME} PRIVATE tarvik_compiler)
+  target_link_libraries(plugin_${NAME} PUBLIC base log script contract registry ${ARG_USES})
+  set_property(GLOBAL APPEND PROPERTY TARVIK_PLUGINS plugin_${NAME})
+endfunction()
+
+# tarvik_link_plugins(TARGET): every built-in plug-in, and what they need.
+function(tarvik_link_plugins TARGET)
+  get_property(PLUGINS GLOBAL PROPERTY TARVIK_PLUGINS)
+  target_link_libraries(${TARGET} PRIVATE ${PLUGINS})
+endfunction()
+
+function(tarvik_include_root OUT)
+  if(CMAKE_HOST_WIN32)
+    # Links need a privilege there; the floors are checked where the continuous build runs.
+    set(${OUT} ${CMAKE_SOURCE_DIR} PARENT_SCOPE)
+    return()
+  endif()
+  file(RELATIVE_PATH FOLDER ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  string(REPLACE "/" "_" LABEL ${FOLDER})
+  set(ROOT ${CMAKE_BINARY_DIR}/include_roots/${LABEL})
+  get_filename_component(PARENT ${ROOT}/${FOLDER} DIRECTORY)
+  file(MAKE_DIRECTORY ${PARENT})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${ROOT}/${FOLDER} SYMBOLIC)
+  set(${OUT} ${ROOT} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,34 @@
+#include "script/options.h"
+
+#include "script/properties.h"
+#include "script/readers.h"
+
+namespace tarvik {
+
+Variant Options::Value(const wchar_t* name) const { return ReadScriptProperty(object_.Get(), name); }
+
+std::optional<std::wstring> Options::Text(const wchar_t* name) const {
+    BSTR text = nullptr;
+    const Variant value = Value(name);
+    if (!Read(value, text)) return std::nullopt;
+    return std::wstring(Bstr::View(text));
+}
+
+bool Options::Flag(const wchar_t* name, bool absent) const {
+    bool flag = false;
+    return Read(Value(name), flag) ? flag : absent;
+}
+
+std::optional<LONG> Options::Integer(const wchar_t* name) const {
+    ExactInt number;
+    if (!Read(Value(name), number)) return std::nullopt;
+    return number.value;
+}
+
+ComPtr<IDispatch> Options::Callback(const wchar_t* name) const {
+    IDispatch* function = nullptr;
+    const Variant value = Value(name);
+    return Read(value, function) ? ComPtr<IDispatch>(function) : nullptr;
+}
+
+}  // namespace tarvik
