@@ -15,7 +15,8 @@ namespace tarvik {
 class Bstr {
   public:
     Bstr() noexcept = default;
-    explicit Bstr(std::wstring_view text) : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+    explicit Bstr(std::wstring_view text)
+        : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
         if (!value_) throw std::bad_alloc();
     }
     Bstr(Bstr&& other) noexcept : value_(other.Detach()) {}

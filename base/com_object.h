@@ -11,8 +11,8 @@ namespace tarvik {
 // The number of ComObject instances alive in the process; tests of object lifetimes compare it.
 inline std::atomic<long> liveComObjects{0};
 
-// An entry of ComObject's list: derive from Class, and answer these interfaces with it. For interfaces that stand
-// on another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for bases that implement one.
+// An entry of ComObject's list: derive from Class, and answer these interfaces with it. For interfaces that
+// stand on another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for bases that implement one.
 template <class Class, class... Interfaces>
 struct As;
 
@@ -43,9 +43,9 @@ struct FirstOf {
 
 }  // namespace detail
 
-// Base of every COM object made here: count and QueryInterface from a list of interfaces, the first of which is
-// the identity. Objects start with a count of 1 (see MakeCom). The count is interlocked: plug-ins are kept alive
-// by worker threads.
+// Base of every COM object made here: count and QueryInterface from a list of interfaces, the first of which
+// is the identity. Objects start with a count of 1 (see MakeCom). The count is interlocked: plug-ins are kept
+// alive by worker threads.
 template <class... Entries>
 class ComObject : public detail::Face<Entries>::Interface... {
   public:

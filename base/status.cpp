@@ -2,7 +2,9 @@
 
 namespace tarvik {
 
-HRESULT LastErrorStatus() noexcept { return HRESULT_FROM_WIN32(GetLastError()); }
+HRESULT LastErrorStatus() noexcept {
+    return HRESULT_FROM_WIN32(GetLastError());
+}
 
 void ThrowLastError() {
     const HRESULT status = LastErrorStatus();

@@ -17,7 +17,9 @@ Variant Make(VARTYPE kind, Fill fill) noexcept {
 
 }  // namespace
 
-Variant::Variant(Variant&& other) noexcept : VARIANT(other) { other.vt = VT_EMPTY; }
+Variant::Variant(Variant&& other) noexcept : VARIANT(other) {
+    other.vt = VT_EMPTY;
+}
 
 Variant& Variant::operator=(Variant&& other) noexcept {
     if (this != &other) {

@@ -24,15 +24,15 @@ class Variant : public VARIANT {
     static Variant I8(LONGLONG value) noexcept;
     static Variant UI8(ULONGLONG value) noexcept;
     static Variant R8(double value) noexcept;
-    static Variant Text(std::wstring_view value);              // throws when out of memory
-    static Variant Object(IDispatch* object) noexcept;         // takes a reference; may be null
-    static Variant Unknown(IUnknown* object) noexcept;         // takes a reference; may be null
-    static Variant Pointer(void* address) noexcept;            // VT_PTR, not owned
+    static Variant Text(std::wstring_view value);       // throws when out of memory
+    static Variant Object(IDispatch* object) noexcept;  // takes a reference; may be null
+    static Variant Unknown(IUnknown* object) noexcept;  // takes a reference; may be null
+    static Variant Pointer(void* address) noexcept;     // VT_PTR, not owned
     static Variant Null() noexcept;
-    static Variant Missing() noexcept;                         // an optional argument left out
+    static Variant Missing() noexcept;  // an optional argument left out
 
-    // A full copy; a value by reference is followed, because the reference ends with its call. A failure throws
-    // the status; the source stays as it was.
+    // A full copy; a value by reference is followed, because the reference ends with its call. A failure
+    // throws the status; the source stays as it was.
     static Variant Copy(const VARIANT& source);
 
     void Clear() noexcept;

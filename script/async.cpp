@@ -40,7 +40,8 @@ ComPtr<IDispatch> TakeTicket(CObject* parameters, const wchar_t* key) {
 // Whatever was not taken out is redeemed, so that no object's reference is lost with its stream.
 void DropTickets(CObject* parameters) {
     TakeTicket(parameters, kOptions);
-    for (const wchar_t* key : kObjects) TakeTicket(parameters, key);
+    for (const wchar_t* key : kObjects)
+        TakeTicket(parameters, key);
 }
 
 ComPtr<CObject> MakeParameters(IDispatch* self, IDispatch* options) {
@@ -61,9 +62,9 @@ ComPtr<CObject> MakeParameters(IDispatch* self, IDispatch* options) {
 
 AsyncTask OpenTask(CObject* parameters) {
     const Variant self = ReadScriptProperty(parameters, kSelf);
-    AsyncTask task{ComPtr<IDispatch>(self.pdispVal), Options(TakeTicket(parameters, kOptions).Get()),
+    AsyncTask task{ComPtr<IDispatch>(self.pdispVal),    Options(TakeTicket(parameters, kOptions).Get()),
                    TakeTicket(parameters, L"progress"), TakeTicket(parameters, L"success"),
-                   TakeTicket(parameters, L"fail"), Variant()};
+                   TakeTicket(parameters, L"fail"),     Variant()};
     const auto contextObject = TakeTicket(parameters, kContext);
     task.context = contextObject ? Variant::Object(contextObject.Get()) : task.options.Value(kContext);
     return task;
@@ -93,7 +94,9 @@ DWORD WINAPI Work(void* argument) {
 
 }  // namespace
 
-void SucceedWithContext(const AsyncTask& task) { CallScriptFunction(task.success.Get(), {&task.context}); }
+void SucceedWithContext(const AsyncTask& task) {
+    CallScriptFunction(task.success.Get(), {&task.context});
+}
 
 void StartAsync(const AsyncMember& member, IDispatch* self, IDispatch* options) {
     auto start = std::make_unique<Start>(Start{member, MakeParameters(self, options)});

@@ -35,7 +35,9 @@ void LogUnknownName(const char* className, const wchar_t* name) {
     TARVIK_ERROR((std::string(className) + "::GetIDsOfNames").c_str(), L"Not implement name: %s", name);
 }
 
-bool SameCharacters(const wchar_t* given, const wchar_t* member) { return std::wcscmp(given, member) == 0; }
+bool SameCharacters(const wchar_t* given, const wchar_t* member) {
+    return std::wcscmp(given, member) == 0;
+}
 
 bool SameInLocale(const wchar_t* given, const wchar_t* member) {
     if (!*given) return false;

@@ -42,14 +42,15 @@ class TableDispatch : public ComObject<Entries..., IDispatch> {
         ids[0] = row->id;
         return S_OK;
     }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                        UINT*) override {
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
         TraceOperation(Self::kClassName, "Invoke");
         const auto* row = FindById(Self::Members(), id);
         if (!row) return E_NOTIMPL;
         // A callback made by the member may drop script's last reference.
         const ComPtr<IUnknown> alive(this->AsUnknown());
-        return Guard([&] { return InvokeRow(*row, static_cast<Self&>(*this), flags, Call(parameters, result)); });
+        return Guard(
+            [&] { return InvokeRow(*row, static_cast<Self&>(*this), flags, Call(parameters, result)); });
     }
 };
 
@@ -83,8 +84,8 @@ class SmallDispatch : public ComObject<Entries..., IDispatch> {
         }
         return DISP_E_UNKNOWNNAME;
     }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                        UINT*) override {
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override {
         for (const auto& member : Self::Members()) {
             if (member.id != id) continue;
             const ComPtr<IUnknown> alive(this->AsUnknown());

@@ -13,14 +13,15 @@
 // The script face of a plug-in is one table whose rows read like its documentation:
 //
 //     constexpr Member<CTrayPlugin> kMembers[] = {
-//         Method   <&CTrayPlugin::AddTray>   (-10000, L"addTray"),  // HRESULT AddTray(BSTR, std::optional<BSTR>)
-//         WriteOnly<&CTrayPlugin::SetOnClick>( -9999, L"onClick"),  // HRESULT SetOnClick(IDispatch*)
+//         Method   <&CTrayPlugin::AddTray>   (-10000, L"addTray"),  // HRESULT AddTray(BSTR,
+//         std::optional<BSTR>) WriteOnly<&CTrayPlugin::SetOnClick>( -9999, L"onClick"),  // HRESULT
+//         SetOnClick(IDispatch*)
 //     };
 //     static_assert(IsInOrder(kMembers));
 //
-// The row states the access, the handler's signature states count and kinds of the arguments and the kind of the
-// result, and the compiler makes the checking code. A handler gets its arguments checked and converted, borrowed
-// for the call; it reports a refused value by throwing StatusError(E_INVALIDARG).
+// The row states the access, the handler's signature states count and kinds of the arguments and the kind of
+// the result, and the compiler makes the checking code. A handler gets its arguments checked and converted,
+// borrowed for the call; it reports a refused value by throwing StatusError(E_INVALIDARG).
 namespace tarvik {
 
 template <class Self>
@@ -94,7 +95,8 @@ constexpr auto Method(DISPID id, const wchar_t* name) {
 
 template <auto Handler, size_t kLeast, size_t kMost>
 constexpr auto RawMethod(DISPID id, const wchar_t* name) {
-    return Member<detail::SelfOf<Handler>>{id, name, detail::EnterRaw<Handler, kLeast, kMost>, nullptr, nullptr};
+    return Member<detail::SelfOf<Handler>>{id, name, detail::EnterRaw<Handler, kLeast, kMost>, nullptr,
+                                           nullptr};
 }
 
 template <auto Get>
@@ -112,8 +114,8 @@ constexpr auto Property(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Get>>{id, name, nullptr, detail::Enter<Get>, detail::Enter<Put>};
 }
 
-// Ids rise and names differ. Ids are written out, although the order implies them: they are a published number
-// space that people search for.
+// Ids rise and names differ. Ids are written out, although the order implies them: they are a published
+// number space that people search for.
 template <class Self, size_t N>
 constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
     for (size_t i = 0; i < N; ++i) {
@@ -137,7 +139,8 @@ const Member<Self>* FindById(std::span<const Member<Self>> rows, DISPID id) {
     return found == rows.end() || found->id != id ? nullptr : &*found;
 }
 
-// Access is tested in the order method, read, write: a call with the flags of a method and a read is a method.
+// Access is tested in the order method, read, write: a call with the flags of a method and a read is a
+// method.
 template <class Self>
 HRESULT InvokeRow(const Member<Self>& row, Self& self, WORD flags, const Call& call) {
     if (flags & DISPATCH_METHOD) return row.method ? row.method(self, call) : E_NOTIMPL;

@@ -16,7 +16,9 @@ DISPID lastPropertyId = -6000;
 
 }  // namespace
 
-STDMETHODIMP CObject::GetTypeInfoCount(UINT* count) { return OneTypeInfo(count); }
+STDMETHODIMP CObject::GetTypeInfoCount(UINT* count) {
+    return OneTypeInfo(count);
+}
 
 STDMETHODIMP CObject::GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) {
     return DefaultTypeInfo(index, locale, out);

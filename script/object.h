@@ -12,18 +12,18 @@
 
 namespace tarvik {
 
-// The native script object: named properties that are made on demand and live as long as the object. One thread
-// at a time. It cannot be called, and its properties cannot be deleted.
+// The native script object: named properties that are made on demand and live as long as the object. One
+// thread at a time. It cannot be called, and its properties cannot be deleted.
 class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
   public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override;
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                        UINT*) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, UINT*) override;
 
-    // With fdexNameEnsure a name that exists gives S_FALSE and no id; that is intended. Such a caller has no way
-    // to overwrite: it asks GetIDsOfNames.
+    // With fdexNameEnsure a name that exists gives S_FALSE and no id; that is intended. Such a caller has no
+    // way to overwrite: it asks GetIDsOfNames.
     STDMETHODIMP GetDispID(BSTR name, DWORD flags, DISPID* out) override;
     STDMETHODIMP InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                           EXCEPINFO* exception, IServiceProvider* caller) override;
@@ -31,8 +31,8 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
     STDMETHODIMP DeleteMemberByDispID(DISPID) override { return E_NOTIMPL; }
     STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
     STDMETHODIMP GetMemberName(DISPID id, BSTR* out) override;
-    // Visits the newest property first: ids fall with time, and the walk goes up. So the elements of an array come
-    // from the highest index down; that is intended.
+    // Visits the newest property first: ids fall with time, and the walk goes up. So the elements of an array
+    // come from the highest index down; that is intended.
     STDMETHODIMP GetNextDispID(DWORD flags, DISPID id, DISPID* out) override;
     STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
 
@@ -47,15 +47,16 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
 class CArray : public CObject {
   public:
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO* exception, UINT* argument) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* argument) override;
 
-    // Adds an element under the number of properties so far. If a property of that name exists, the value is lost
-    // without a word; that is intended.
+    // Adds an element under the number of properties so far. If a property of that name exists, the value is
+    // lost without a word; that is intended.
     void Push(const VARIANT* value);
 };
 
-// "object" or "array", in any case of letters; E_NOINTERFACE for another name, E_INVALIDARG for a null pointer.
+// "object" or "array", in any case of letters; E_NOINTERFACE for another name, E_INVALIDARG for a null
+// pointer.
 HRESULT CreateScriptObject(const wchar_t* typeName, IDispatch** out);
 
 }  // namespace tarvik

@@ -5,7 +5,9 @@
 
 namespace tarvik {
 
-Variant Options::Value(const wchar_t* name) const { return ReadScriptProperty(object_.Get(), name); }
+Variant Options::Value(const wchar_t* name) const {
+    return ReadScriptProperty(object_.Get(), name);
+}
 
 std::optional<std::wstring> Options::Text(const wchar_t* name) const {
     BSTR text = nullptr;

@@ -19,15 +19,18 @@ HRESULT FindId(IDispatch* object, const wchar_t* name, DISPID* id) {
     return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
 }
 
-HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* const> arguments, VARIANT* result) {
+HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* const> arguments,
+                     VARIANT* result) {
     constexpr size_t kFew = 6;
     std::array<VARIANT, kFew> few;
     std::vector<VARIANT> many(arguments.size() > kFew ? arguments.size() : 0);
     VARIANT* const reversed = many.empty() ? few.data() : many.data();
     // Borrowed bits: the callee copies what it keeps.
-    std::transform(arguments.rbegin(), arguments.rend(), reversed, [](const VARIANT* value) { return *value; });
+    std::transform(arguments.rbegin(), arguments.rend(), reversed,
+                   [](const VARIANT* value) { return *value; });
     DISPPARAMS parameters = {reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
-    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, result, nullptr, nullptr);
+    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, result, nullptr,
+                          nullptr);
 }
 
 HRESULT InvokePut(IDispatch* object, DISPID id, WORD flags, const VARIANT* value) {
@@ -60,7 +63,8 @@ Variant ReadScriptProperty(IDispatch* object, const wchar_t* name) {
 HRESULT PutScriptProperty(IDispatch* object, DISPID id, const VARIANT* value) {
     if (!value) return E_POINTER;
     if (!object) return E_INVALIDARG;
-    if (GoesByReference(*value) && SUCCEEDED(InvokePut(object, id, DISPATCH_PROPERTYPUTREF, value))) return S_OK;
+    if (GoesByReference(*value) && SUCCEEDED(InvokePut(object, id, DISPATCH_PROPERTYPUTREF, value)))
+        return S_OK;
     return InvokePut(object, id, DISPATCH_PROPERTYPUT, value);
 }
 
@@ -70,7 +74,8 @@ HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT&
     if (!extensible) return E_NOINTERFACE;
     DISPID id = DISPID_UNKNOWN;
     const Bstr text(name);
-    if (const HRESULT status = extensible->GetDispID(text.Get(), fdexNameEnsure, &id); FAILED(status)) return status;
+    if (const HRESULT status = extensible->GetDispID(text.Get(), fdexNameEnsure, &id); FAILED(status))
+        return status;
     return PutScriptProperty(object, id, &value);
 }
 
@@ -84,8 +89,8 @@ HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT
     return CallScriptFunction(function, {&first, &second}, result);
 }
 
-HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::initializer_list<const VARIANT*> arguments,
-                         VARIANT* result) {
+HRESULT CallScriptMember(IDispatch* object, const wchar_t* name,
+                         std::initializer_list<const VARIANT*> arguments, VARIANT* result) {
     if (!object) return E_INVALIDARG;
     DISPID id = DISPID_UNKNOWN;
     if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;

@@ -9,8 +9,8 @@
 #include "base/bstr.h"
 #include "base/variant.h"
 
-// Reading, writing and calling script objects from native code. All of it on the object's own thread, or through
-// a marshalled reference.
+// Reading, writing and calling script objects from native code. All of it on the object's own thread, or
+// through a marshalled reference.
 namespace tarvik {
 
 // The locale that every call into script carries.
@@ -32,15 +32,16 @@ HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT&
 HRESULT CallScriptFunction(IDispatch* function, std::span<const VARIANT* const> arguments, VARIANT* result);
 inline HRESULT CallScriptFunction(IDispatch* function, std::initializer_list<const VARIANT*> arguments = {},
                                   VARIANT* result = nullptr) {
-    return CallScriptFunction(function, std::span<const VARIANT* const>(arguments.begin(), arguments.size()), result);
+    return CallScriptFunction(function, std::span<const VARIANT* const>(arguments.begin(), arguments.size()),
+                              result);
 }
 
 // Script sees function(value, context). Both are copied for the call.
 HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result);
 
 // Calls a member by name; the arguments are given in script order.
-HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::initializer_list<const VARIANT*> arguments,
-                         VARIANT* result);
+HRESULT CallScriptMember(IDispatch* object, const wchar_t* name,
+                         std::initializer_list<const VARIANT*> arguments, VARIANT* result);
 
 // Clears the destination, moves the value there and leaves the source empty.
 HRESULT MoveValueOut(VARIANT* value, VARIANT* destination);

@@ -39,11 +39,17 @@ HRESULT Give(VARIANT* slot, Variant&& value) {
     return S_OK;
 }
 
-HRESULT Give(VARIANT* slot, bool value) { return Give(slot, Variant::Bool(value)); }
+HRESULT Give(VARIANT* slot, bool value) {
+    return Give(slot, Variant::Bool(value));
+}
 
-HRESULT Give(VARIANT* slot, Integer value) { return Give(slot, Variant::I4(value.value)); }
+HRESULT Give(VARIANT* slot, Integer value) {
+    return Give(slot, Variant::I4(value.value));
+}
 
-HRESULT Give(VARIANT* slot, Outcome value) { return Give(slot, value.status == S_OK); }
+HRESULT Give(VARIANT* slot, Outcome value) {
+    return Give(slot, value.status == S_OK);
+}
 
 HRESULT Give(VARIANT* slot, Bstr&& value) {
     Variant text;
@@ -52,6 +58,8 @@ HRESULT Give(VARIANT* slot, Bstr&& value) {
     return Give(slot, std::move(text));
 }
 
-HRESULT Give(VARIANT* slot, ComPtr<IDispatch>&& value) { return Give(slot, Variant::Object(value.Get())); }
+HRESULT Give(VARIANT* slot, ComPtr<IDispatch>&& value) {
+    return Give(slot, Variant::Object(value.Get()));
+}
 
 }  // namespace tarvik

@@ -10,14 +10,16 @@
 #include "base/com_ptr.h"
 #include "base/variant.h"
 
-// How arguments become C++ values, and results become script values. A new kind of argument is a new type here.
+// How arguments become C++ values, and results become script values. A new kind of argument is a new type
+// here.
 namespace tarvik {
 
 // One invocation, its arguments seen in script order. Everything is borrowed for the call.
 class Call {
   public:
     Call(const DISPPARAMS* parameters, VARIANT* result)
-        : reversed_(parameters ? parameters->rgvarg : nullptr, parameters ? parameters->cArgs : 0), result_(result) {}
+        : reversed_(parameters ? parameters->rgvarg : nullptr, parameters ? parameters->cArgs : 0),
+          result_(result) {}
 
     size_t Count() const { return reversed_.size(); }
     const VARIANT& At(size_t index) const {
@@ -49,8 +51,8 @@ struct AnyValue {
 
 // Each answers whether the value has the kind. A boolean is true only for the system's true value.
 bool Read(const VARIANT& value, bool& out);
-bool Read(const VARIANT& value, BSTR& out);         // borrowed; null is kept apart from empty
-bool Read(const VARIANT& value, IDispatch*& out);   // borrowed; may be null
+bool Read(const VARIANT& value, BSTR& out);        // borrowed; null is kept apart from empty
+bool Read(const VARIANT& value, IDispatch*& out);  // borrowed; may be null
 bool Read(const VARIANT& value, LooseInt& out);
 bool Read(const VARIANT& value, ExactInt& out);
 bool Read(const VARIANT& value, AnyValue& out);
@@ -75,6 +77,8 @@ HRESULT Give(VARIANT* slot, Integer value);
 HRESULT Give(VARIANT* slot, Outcome value);
 HRESULT Give(VARIANT* slot, Bstr&& value);
 HRESULT Give(VARIANT* slot, ComPtr<IDispatch>&& value);
-inline HRESULT Give(VARIANT*, HRESULT status) { return status; }  // no value, only the status of the call
+inline HRESULT Give(VARIANT*, HRESULT status) {
+    return status;
+}  // no value, only the status of the call
 
 }  // namespace tarvik

@@ -5,9 +5,9 @@
 namespace tarvik {
 
 enum LogFlags : DWORD {
-    kLogTrace = 1,         // calls of operations, mostly with no message
+    kLogTrace = 1,  // calls of operations, mostly with no message
     kLogError = 16,
-    kLogToFile = 0x1000,   // to Logger::file; else to the debugger's channel
+    kLogToFile = 0x1000,  // to Logger::file; else to the debugger's channel
     kLogTimeStamp = 0x2000,
 };
 
@@ -17,11 +17,12 @@ struct Logger {
     HANDLE file;  // not owned; UTF-16 with no byte order mark goes to it
 };
 
-// The log of the process. Nothing sets its fields at run time: a diagnostic build gives `flags` a start value.
+// The log of the process. Nothing sets its fields at run time: a diagnostic build gives `flags` a start
+// value.
 extern Logger processLog;
 
-// `format` is a wide printf format, or null for a line with no message. Any thread; never fails; formats nothing
-// when the level is off.
+// `format` is a wide printf format, or null for a line with no message. Any thread; never fails; formats
+// nothing when the level is off.
 void Log(const Logger& logger, DWORD level, int line, const char* label, const wchar_t* format, ...) noexcept;
 
 }  // namespace tarvik

@@ -12,9 +12,10 @@ namespace tarvik {
 
 using Json = nlohmann::json;
 
-// The connection of this process to its browser engine, over the DevTools protocol. One engine and one connection
-// serve all page controls; the first user starts it and the last one that lets go ends it. Main thread only: a
-// reader thread queues what comes in, and it is delivered here, by the message loop or while a wait is under way.
+// The connection of this process to its browser engine, over the DevTools protocol. One engine and one
+// connection serve all page controls; the first user starts it and the last one that lets go ends it. Main
+// thread only: a reader thread queues what comes in, and it is delivered here, by the message loop or while a
+// wait is under way.
 class DevTools {
   public:
     // Joins the running engine or starts one. Throws StatusError when there is none to be had; LastStartError
@@ -24,20 +25,20 @@ class DevTools {
 
     virtual ~DevTools() = default;
 
-    // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the engine's
-    // end. `session` is empty for the browser itself. Sending never blocks.
+    // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the
+    // engine's end. `session` is empty for the browser itself. Sending never blocks.
     using ReplyHandler = std::function<void(const Json* result)>;
     virtual void Post(std::string_view session, std::string_view method, Json params,
                       ReplyHandler onReply = nullptr) = 0;
 
-    // Sends a command and waits for its reply, serving other messages meanwhile. Throws StatusError: E_FAIL for
-    // an error reply, RPC_E_DISCONNECTED when the engine ends, RPC_E_TIMEOUT.
+    // Sends a command and waits for its reply, serving other messages meanwhile. Throws StatusError: E_FAIL
+    // for an error reply, RPC_E_DISCONNECTED when the engine ends, RPC_E_TIMEOUT.
     virtual Json Call(std::string_view session, std::string_view method, Json params = Json::object(),
                       DWORD timeout = 10000) = 0;
 
-    // All events of a session go to one handler, on the main thread. Screencast frames do not come this way. An
-    // empty handler ends it. The event "Inspector.disconnected" with no session id is made up at the engine's end
-    // and goes to every handler.
+    // All events of a session go to one handler, on the main thread. Screencast frames do not come this way.
+    // An empty handler ends it. The event "Inspector.disconnected" with no session id is made up at the
+    // engine's end and goes to every handler.
     using EventHandler = std::function<void(std::string_view method, const Json& params)>;
     virtual void Listen(std::string_view session, EventHandler handler) = 0;
 
@@ -46,15 +47,15 @@ class DevTools {
     using FrameHandler = std::function<void(std::string_view base64)>;
     virtual void ListenToFrames(std::string_view session, FrameHandler handler) = 0;
 
-    // Serves DevTools messages and calls from other apartments until the condition holds. False when the engine
-    // ended or the time (milliseconds, INFINITE) is over first. May be nested.
+    // Serves DevTools messages and calls from other apartments until the condition holds. False when the
+    // engine ended or the time (milliseconds, INFINITE) is over first. May be nested.
     virtual bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) = 0;
 
     virtual bool IsOpen() const = 0;
 };
 
-// One page of the engine, in a window of its own, with a flat session attached. Destruction closes it, without
-// waiting.
+// One page of the engine, in a window of its own, with a flat session attached. Destruction closes it,
+// without waiting.
 class PageTarget {
   public:
     explicit PageTarget(std::shared_ptr<DevTools> devtools);
@@ -66,7 +67,8 @@ class PageTarget {
     const std::string& Id() const { return id_; }
     DevTools& Engine() const { return *devtools_; }
 
-    void Post(std::string_view method, Json params = Json::object(), DevTools::ReplyHandler onReply = nullptr) {
+    void Post(std::string_view method, Json params = Json::object(),
+              DevTools::ReplyHandler onReply = nullptr) {
         devtools_->Post(session_, method, std::move(params), std::move(onReply));
     }
     Json Call(std::string_view method, Json params = Json::object(), DWORD timeout = 10000) {

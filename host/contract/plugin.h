@@ -4,11 +4,12 @@
 //
 //     extern "C" HRESULT __stdcall CreateInterface(REFIID iid, void** out);
 //
-// which answers the id of TVK::IPluginDescriptor with an object that describes the library's plug-in, and the id
-// of TVK::IPlugin with a new plug-in object each time it is asked. The module stays loaded until the process ends.
+// which answers the id of TVK::IPluginDescriptor with an object that describes the library's plug-in, and the
+// id of TVK::IPlugin with a new plug-in object each time it is asked. The module stays loaded until the
+// process ends.
 //
-// Everything here is used on the main thread, the thread of the windows. A plug-in that works on another thread
-// takes script objects there by marshalling (CoMarshalInterThreadInterfaceInStream).
+// Everything here is used on the main thread, the thread of the windows. A plug-in that works on another
+// thread takes script objects there by marshalling (CoMarshalInterThreadInterfaceInStream).
 
 #include <windows.h>
 #include <oaidl.h>
@@ -18,9 +19,9 @@ namespace TVK {
 
 // The services that a browser window gives to its plug-ins.
 struct ICore : public IUnknown {
-    // Opens a further browser window. `inherit` makes it owned by this one. `callback` and `context` become the
-    // globals windowCallback and windowContext of its script; null leaves the global out. `out` receives the new
-    // window's `window` plug-in with one reference; it may be null.
+    // Opens a further browser window. `inherit` makes it owned by this one. `callback` and `context` become
+    // the globals windowCallback and windowContext of its script; null leaves the global out. `out` receives
+    // the new window's `window` plug-in with one reference; it may be null.
     STDMETHOD(CreateBrowserWindow)
     (const wchar_t* url, BOOL inherit, const VARIANT* callback, const VARIANT* context, IDispatch** out) = 0;
 
@@ -86,5 +87,6 @@ class IPluginImpl : public IPlugin {
 
 #ifdef __CRT_UUID_DECL  // compilers that cannot read the id from the declaration
 __CRT_UUID_DECL(TVK::IPlugin, 0x111EE8F2, 0x9143, 0x42CC, 0x83, 0xD2, 0x9F, 0x23, 0xC3, 0xD8, 0x44, 0x12)
-__CRT_UUID_DECL(TVK::IPluginDescriptor, 0x5DC680BA, 0x377B, 0x4E7C, 0xA7, 0x37, 0x5F, 0xED, 0xD7, 0x63, 0xA6, 0x3A)
+__CRT_UUID_DECL(TVK::IPluginDescriptor, 0x5DC680BA, 0x377B, 0x4E7C, 0xA7, 0x37, 0x5F, 0xED, 0xD7, 0x63, 0xA6,
+                0x3A)
 #endif
