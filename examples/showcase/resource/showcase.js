@@ -1,0 +1,103 @@
+// The frame of the showcase: a menu, a page of cards, a log. Plain ES5, so that the system's old engine runs it too.
+var Showcase = (function () {
+  var pages = [];
+  var log = document.getElementById('log');
+
+  function element(tag, className, text) {
+    var made = document.createElement(tag);
+    if (className) made.className = className;
+    if (text !== undefined) made.appendChild(document.createTextNode(text));
+    return made;
+  }
+
+  function two(number) {
+    return (number < 10 ? '0' : '') + number;
+  }
+
+  function write(text, className) {
+    var now = new Date();
+    var line = element('li', className);
+    line.appendChild(element('time', '', two(now.getHours()) + ':' + two(now.getMinutes()) + ':' + two(now.getSeconds())));
+    line.appendChild(document.createTextNode(String(text)));
+    log.appendChild(line);
+    log.scrollTop = log.scrollHeight;
+  }
+
+  // The text of a function's body, without the indentation that its place in the file gave it.
+  function sourceOf(run) {
+    var lines = String(run).replace(/^[^{]*\{\r?\n?/, '').replace(/\s*\}\s*$/, '').split(/\r?\n/);
+    var indent = /^\s*/.exec(lines[0])[0].length;
+    for (var i = 0; i < lines.length; i++) lines[i] = lines[i].substr(indent);
+    return lines.join('\n');
+  }
+
+  // An example is { title, text, button, run(say, card) }: what it runs is what it shows.
+  function card(example) {
+    var box = element('article', 'card');
+    var about = element('div', 'about');
+    about.appendChild(element('h2', '', example.title));
+    about.appendChild(element('p', '', example.text));
+    if (example.button) {
+      var button = element('button', '', example.button);
+      button.onclick = function () {
+        try {
+          example.run(write, about);
+        } catch (error) {
+          write(example.title + ': ' + (error.message || 'status 0x' + (error.number >>> 0).toString(16)), 'fault');
+        }
+      };
+      about.appendChild(button);
+    }
+    box.appendChild(about);
+    box.appendChild(element('pre', '', sourceOf(example.run)));
+    return box;
+  }
+
+  function open(index) {
+    var page = document.getElementById('page');
+    var items = document.getElementById('menu').children;
+    page.innerHTML = '';
+    page.scrollTop = 0;
+    page.appendChild(element('h1', '', pages[index].title));
+    page.appendChild(element('p', 'intro', pages[index].intro));
+    for (var i = 0; i < pages[index].examples.length; i++) page.appendChild(card(pages[index].examples[i]));
+    for (var k = 0; k < items.length; k++) items[k].className = k === index ? 'chosen' : '';
+  }
+
+  function menuItem(index) {
+    var item = element('li', '', pages[index].title);
+    item.tabIndex = 0;
+    item.onclick = function () { open(index); };
+    item.onkeydown = function (event) {
+      if (event.keyCode === 13 || event.keyCode === 32) open(index);
+    };
+    return item;
+  }
+
+  return {
+    // A page is { title, intro, examples }.
+    add: function (page) { pages.push(page); },
+
+    // A progress bar; the width of its first child is the progress.
+    bar: function () {
+      var bar = element('div', 'bar');
+      bar.appendChild(element('i'));
+      return bar;
+    },
+
+    start: function () {
+      var win = window.external.window;
+      for (var i = 0; i < pages.length; i++) document.getElementById('menu').appendChild(menuItem(i));
+      document.getElementById('quit').onclick = function () { win.quit(0); };
+      document.getElementById('clear').onclick = function () { log.innerHTML = ''; };
+      open(0);
+      write('The page is ready.');
+
+      // The host shows nothing of its own: a window appears when its page says so.
+      win.title = document.title;
+      win.width = 1040;
+      win.height = 740;
+      win.show(true);
+    }
+  };
+})();
