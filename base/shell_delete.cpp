@@ -1,0 +1,22 @@
+#include "base/shell_delete.h"
+
+#include <windows.h>
+#include <shellapi.h>
+
+#include "base/text.h"
+
+namespace tarvik {
+
+void DeleteFolder(const std::wstring& path) {
+    wchar_t list[kPathLength] = {};
+    // The call reads names until an empty one, so two terminators have to fit.
+    if (path.size() + 2 > kPathLength) return;
+    path.copy(list, path.size());
+    SHFILEOPSTRUCTW operation = {};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = list;
+    operation.fFlags = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOCONFIRMMKDIR | FOF_NOERRORUI;
+    SHFileOperationW(&operation);
+}
+
+}  // namespace tarvik
