@@ -32,10 +32,11 @@ Variant& Variant::operator=(Variant&& other) noexcept {
 }
 
 void Variant::Clear() noexcept {
-    Variant old(std::move(*this));
+    // Empty first: releasing what was held may run code that looks at this value.
+    VARIANT old = *this;
+    vt = VT_EMPTY;
     // The system's own routine refuses a raw pointer, which nobody owns anyway.
     if (old.vt != VT_PTR) VariantClear(&old);
-    old.vt = VT_EMPTY;
 }
 
 Variant Variant::Bool(bool value) noexcept {

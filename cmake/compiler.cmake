@@ -15,5 +15,5 @@ else()
     -Wall -Wextra -Werror -Wno-missing-field-initializers -Wno-cast-function-type
     -fstack-protector-strong -ffunction-sections -fdata-sections)
   # One file that runs on a bare system: no compiler runtime beside it.
-  target_link_options(tarvik_compiler INTERFACE -static -municode -Wl,--gc-sections)
+  target_link_options(tarvik_compiler INTERFACE -static -municode -fstack-protector-strong -Wl,--gc-sections)
 endif()

@@ -1,0 +1,48 @@
+#include "tests/support/members.h"
+
+#include <algorithm>
+
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
+    LPOLESTR first = const_cast<LPOLESTR>(name);
+    return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
+}
+
+Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::vector<Variant> arguments) {
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = IdOf(object, name, &id); FAILED(status)) return {status, {}};
+    std::reverse(arguments.begin(), arguments.end());
+    std::vector<VARIANT> bits(arguments.begin(), arguments.end());
+    DISPID named = DISPID_PROPERTYPUT;
+    const bool put = (flags & DISPATCH_PROPERTYPUT) != 0;
+    DISPPARAMS parameters = {bits.data(), put ? &named : nullptr, static_cast<UINT>(bits.size()),
+                             put ? 1u : 0u};
+    Outgoing out{};
+    out.status =
+        object->Invoke(id, IID_NULL, kScriptLocale, flags, &parameters, &out.value, nullptr, nullptr);
+    return out;
+}
+
+Outgoing GetMember(IDispatch* object, const wchar_t* name) {
+    return InvokeMember(object, name, DISPATCH_PROPERTYGET, {});
+}
+
+OptionObject::OptionObject() {
+    const auto made = MakeCom<CObject>();
+    object_ = Variant::Object(made.Get());
+}
+
+void OptionObject::Put(const wchar_t* name, const Variant& value) {
+    DISPID id = DISPID_UNKNOWN;
+    if (SUCCEEDED(IdOf(object_.pdispVal, name, &id))) {
+        PutScriptProperty(object_.pdispVal, id, &value);
+    } else {
+        SetScriptProperty(object_.pdispVal, name, value);
+    }
+}
+
+}  // namespace tarvik

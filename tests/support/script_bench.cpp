@@ -1,0 +1,132 @@
+#include "tests/support/script_bench.h"
+
+#include <gtest/gtest.h>
+
+#include "base/bstr.h"
+#include "base/com_object.h"
+#include "base/text.h"
+#include "script/readers.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr CLSID kJScript = {0xf414c260, 0x6ac0, 0x11cf, {0xb6, 0xd1, 0x00, 0xaa, 0x00, 0xbb, 0xbb, 0x58}};
+constexpr DWORD kInvokeVersioning = 0x4000;  // SCRIPTPROP_INVOKEVERSIONING
+constexpr LONG kWithJson = 2;
+
+// ok(condition, text) of the scripts.
+class Assertion : public ComObject<IDispatch> {
+  public:
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
+                        UINT*) override {
+        const Call call(parameters, nullptr);
+        bool condition = false;
+        const bool isBoolean = call.Count() > 0 && Read(call.At(0), condition);
+        Variant text = call.Count() > 1 ? Variant::Copy(call.At(1)) : Variant::Text(L"(no text)");
+        text.ChangeType(VT_BSTR);
+        EXPECT_TRUE(isBoolean && condition) << "in script: " << Narrow(Bstr::View(text.bstrVal));
+        return S_OK;
+    }
+};
+
+}  // namespace
+
+class ScriptBench::Site : public ComObject<IActiveScriptSite> {
+  public:
+    explicit Site(IDispatch* external) : external_(external), assertion_(MakeCom<Assertion>()) {}
+
+    STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item, ITypeInfo**) override {
+        if (!(mask & SCRIPTINFO_IUNKNOWN)) return S_OK;
+        return HandOut(name == std::wstring_view(L"nativeOk") ? assertion_ : external_, item);
+    }
+    STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
+    STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
+    STDMETHODIMP OnStateChange(SCRIPTSTATE) override { return S_OK; }
+    STDMETHODIMP OnScriptError(IActiveScriptError* error) override {
+        EXCEPINFO info = {};
+        DWORD context = 0;
+        ULONG line = 0;
+        LONG column = 0;
+        error->GetExceptionInfo(&info);
+        error->GetSourcePosition(&context, &line, &column);
+        Bstr source, description, help;
+        source.Attach(info.bstrSource);
+        description.Attach(info.bstrDescription);
+        help.Attach(info.bstrHelpFile);
+        lastError = "line " + std::to_string(line + 1) + ": " + Narrow(description.View());
+        ++errors;
+        return S_OK;
+    }
+    STDMETHODIMP OnEnterScript() override { return S_OK; }
+    STDMETHODIMP OnLeaveScript() override { return S_OK; }
+
+    std::string lastError;
+    int errors = 0;
+
+  private:
+    ComPtr<IDispatch> external_;
+    ComPtr<IDispatch> assertion_;
+};
+
+ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
+    if (FAILED(CoCreateInstance(kJScript, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
+                                reinterpret_cast<void**>(engine_.GetAddressOf())))) {
+        ADD_FAILURE() << "the system has no script engine";
+        return;
+    }
+    if (const auto properties = Query<IActiveScriptProperty>(engine_.Get())) {
+        Variant version = Variant::I4(kWithJson);
+        properties->SetProperty(kInvokeVersioning, nullptr, &version);
+    }
+    const auto parser = Query<IActiveScriptParse>(engine_.Get());
+    parser->InitNew();
+    engine_->SetScriptSite(site_.Get());
+    engine_->AddNamedItem(L"external", SCRIPTITEM_ISVISIBLE);
+    engine_->AddNamedItem(L"nativeOk", SCRIPTITEM_ISVISIBLE);
+    engine_->SetScriptState(SCRIPTSTATE_CONNECTED);
+    // A named item itself cannot be called; a variable that holds it can.
+    Run(L"var ok = nativeOk;");
+}
+
+ScriptBench::~ScriptBench() {
+    if (engine_) engine_->Close();
+}
+
+HRESULT ScriptBench::Parse(const wchar_t* text, DWORD flags, VARIANT* result) {
+    const auto parser = Query<IActiveScriptParse>(engine_.Get());
+    return parser ? parser->ParseScriptText(text, nullptr, nullptr, nullptr, 0, 0, flags, result, nullptr)
+                  : E_NOINTERFACE;
+}
+
+bool ScriptBench::Run(const wchar_t* text) {
+    const HRESULT status = Parse(text, SCRIPTTEXT_ISVISIBLE, nullptr);
+    EXPECT_GE(status, 0) << "script error, " << LastError();
+    return SUCCEEDED(status);
+}
+
+Variant ScriptBench::Evaluate(const wchar_t* expression) {
+    Variant value;
+    if (FAILED(Parse(expression, SCRIPTTEXT_ISEXPRESSION, &value))) value.Clear();
+    return value;
+}
+
+ComPtr<IDispatch> ScriptBench::Global() {
+    ComPtr<IDispatch> global;
+    if (engine_) engine_->GetScriptDispatch(nullptr, global.GetAddressOf());
+    return global;
+}
+
+const std::string& ScriptBench::LastError() const {
+    return site_->lastError;
+}
+
+int ScriptBench::Errors() const {
+    return site_->errors;
+}
+
+}  // namespace tarvik

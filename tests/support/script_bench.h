@@ -1,0 +1,41 @@
+#pragma once
+
+#include <windows.h>
+#include <activscp.h>
+
+#include <string>
+
+#include "base/com_ptr.h"
+#include "base/variant.h"
+
+namespace tarvik {
+
+// The system's script engine in this process, so that objects are driven by real script. Script sees
+// `external`, and ok(condition, text), which fails the test. JSON is there; the rest is the language of 1999.
+class ScriptBench {
+  public:
+    explicit ScriptBench(IDispatch* external);
+    ~ScriptBench();
+    ScriptBench(const ScriptBench&) = delete;
+    ScriptBench& operator=(const ScriptBench&) = delete;
+
+    // Runs statements; a script error fails the test. False after an error.
+    bool Run(const wchar_t* text);
+    // The value of an expression; empty after an error.
+    Variant Evaluate(const wchar_t* expression);
+
+    // The engine's global object.
+    ComPtr<IDispatch> Global();
+    // Text of the last script error that came up, and how many there were.
+    const std::string& LastError() const;
+    int Errors() const;
+
+  private:
+    class Site;
+    HRESULT Parse(const wchar_t* text, DWORD flags, VARIANT* result);
+
+    ComPtr<Site> site_;
+    ComPtr<IActiveScript> engine_;
+};
+
+}  // namespace tarvik

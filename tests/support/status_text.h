@@ -1,0 +1,20 @@
+#pragma once
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace tarvik {
+
+// "E_INVALIDARG (0x80070057)", so that a failed comparison of statuses reads well.
+std::string StatusText(HRESULT status);
+
+// EXPECT_THAT(call, HasStatus(E_NOTIMPL))
+MATCHER_P(HasStatus, wanted, (negation ? "is not " : "is ") + StatusText(wanted)) {
+    *result_listener << "which is " << StatusText(arg);
+    return arg == wanted;
+}
+
+}  // namespace tarvik
