@@ -1,0 +1,164 @@
+#include "atl/ax_host.h"
+
+#include <exdisp.h>
+#include <oleauto.h>
+
+#include "atl/ax_window.h"
+#include "base/bstr.h"
+#include "base/variant.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kHimetricPerInch = 2540;
+
+// OLE measures extents in hundredths of a millimetre.
+SIZE PixelsToHimetric(SIZE pixels) {
+    const HDC screen = GetDC(nullptr);
+    const SIZE himetric = {MulDiv(pixels.cx, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSX)),
+                           MulDiv(pixels.cy, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSY))};
+    ReleaseDC(nullptr, screen);
+    return himetric;
+}
+
+RECT ClientRect(HWND window) {
+    RECT rect = {};
+    GetClientRect(window, &rect);
+    return rect;
+}
+
+LRESULT AsAnswer(IUnknown* object) {
+    if (object) object->AddRef();
+    return reinterpret_cast<LRESULT>(object);
+}
+
+HRESULT Navigate(IUnknown* control, LPCOLESTR address) {
+    const auto browser = Query<IWebBrowser2>(control);
+    if (!browser) return E_NOINTERFACE;
+    Variant url = Variant::Text(address);
+    Variant none;
+    return browser->Navigate2(&url, &none, &none, &none, &none);
+}
+
+}  // namespace
+
+STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStream*, IUnknown** control,
+                                               REFIID events, IUnknown* sink, BSTR) {
+    if (!name || !IsWindow(window)) return E_INVALIDARG;
+    return Guard([&] {
+        if (Window() != window && !SubclassWindow(window)) return E_FAIL;
+        AddRef();  // the window's own reference, given back at its final message
+        ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                       reinterpret_cast<void**>(control_.ReleaseAndGetAddressOf())));
+        ThrowIfFailed(ActivateControl());
+        Advise(events, sink);
+        ThrowIfFailed(Navigate(control_.Get(), name));
+        return control ? HandOut(control_, control) : S_OK;
+    });
+}
+
+HRESULT CAxHostWindow::ActivateControl() {
+    object_ = Query<IOleObject>(control_.Get());
+    if (!object_) return E_NOINTERFACE;
+    frame_ = MakeCom<InPlaceFrame>(Window());
+
+    DWORD misc = 0;
+    object_->GetMiscStatus(DVASPECT_CONTENT, &misc);
+    if (misc & OLEMISC_SETCLIENTSITEFIRST) object_->SetClientSite(ClientSite());
+    if (const auto stream = Query<IPersistStreamInit>(control_.Get())) stream->InitNew();
+    if (!(misc & OLEMISC_SETCLIENTSITEFIRST)) object_->SetClientSite(ClientSite());
+    object_->SetHostNames(L"AXWIN", nullptr);
+
+    RECT rect = ClientRect(Window());
+    SIZE extent = PixelsToHimetric({rect.right, rect.bottom});
+    object_->SetExtent(DVASPECT_CONTENT, &extent);
+    const HRESULT status =
+        object_->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
+    if (const auto withSite = Query<IObjectWithSite>(control_.Get())) withSite->SetSite(AsUnknown());
+    return status;
+}
+
+void CAxHostWindow::Advise(REFIID events, IUnknown* sink) {
+    const auto container = Query<IConnectionPointContainer>(control_.Get());
+    ComPtr<IConnectionPoint> point;
+    if (!sink || !container || FAILED(container->FindConnectionPoint(events, point.GetAddressOf()))) return;
+    if (SUCCEEDED(point->Advise(sink, &eventCookie_))) events_ = events;
+}
+
+void CAxHostWindow::ReleaseAll() {
+    if (!control_) return;
+    const ComPtr<IUnknown> control = std::move(control_);
+    const ComPtr<IOleObject> object = std::move(object_);
+    if (eventCookie_) {
+        ComPtr<IConnectionPoint> point;
+        const auto container = Query<IConnectionPointContainer>(control.Get());
+        if (container && SUCCEEDED(container->FindConnectionPoint(events_, point.GetAddressOf()))) {
+            point->Unadvise(eventCookie_);
+        }
+        eventCookie_ = 0;
+    }
+    if (object) {
+        object->Close(OLECLOSE_NOSAVE);
+        object->SetClientSite(nullptr);
+    }
+    if (const auto withSite = Query<IObjectWithSite>(control.Get())) withSite->SetSite(nullptr);
+    inPlace_.Reset();
+    if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+    frame_.Reset();
+}
+
+void CAxHostWindow::FitControl() {
+    if (!inPlace_) return;
+    const RECT rect = ClientRect(Window());
+    SIZE extent = PixelsToHimetric({rect.right, rect.bottom});
+    object_->SetExtent(DVASPECT_CONTENT, &extent);
+    inPlace_->SetObjectRects(&rect, &rect);
+}
+
+void CAxHostWindow::FocusControl() {
+    if (!object_) return;
+    RECT rect = ClientRect(Window());
+    if (!uiActive_) object_->DoVerb(OLEIVERB_UIACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
+    // Some controls leave the keyboard with their host: their window takes it.
+    const HWND child = ::GetWindow(Window(), GW_CHILD);
+    if (GetFocus() == Window() && child) SetFocus(child);
+}
+
+bool CAxHostWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message == AtlGetHostMessage()) {
+        result = AsAnswer(AsUnknown());
+        return true;
+    }
+    if (message == AtlGetControlMessage()) {
+        result = AsAnswer(control_.Get());
+        return true;
+    }
+    switch (message) {
+        case WM_ERASEBKGND:
+            result = 1;
+            return inPlace_ != nullptr;  // the control covers the window
+        case WM_SIZE:
+            FitControl();
+            return false;
+        case WM_SETFOCUS:
+            result = DefWindowProc(message, wParam, lParam);
+            FocusControl();
+            return true;
+        case WM_DESTROY:
+            // The window goes first: it still needs the control.
+            result = DefWindowProc(message, wParam, lParam);
+            ReleaseAll();
+            return true;
+        default:
+            return false;
+    }
+}
+
+STDMETHODIMP CAxHostWindow::QueryControl(REFIID iid, void** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return control_ ? control_->QueryInterface(iid, out) : E_UNEXPECTED;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <windows.h>
+#include <mshtmhst.h>
+#include <ocidl.h>
+#include <oleidl.h>
+#include <servprov.h>
+
+#include "atl/ax_interfaces.h"
+#include "atl/in_place_frame.h"
+#include "atl/window.h"
+#include "base/com_object.h"
+#include "base/com_ptr.h"
+
+namespace tarvik {
+
+// The site of one OLE control in a window: creates and in-place activates it, sizes it with the window, and
+// lets go of it at WM_DESTROY, after the window itself has seen that message. It lives at least as long as
+// the window. Derived sites override single operations and add interfaces through Find.
+class CAxHostWindow
+    : public ComObject<As<IAxWinHostWindowLic, IAxWinHostWindow, IAxWinHostWindowLic>, IOleClientSite,
+                       As<IOleInPlaceSiteEx, IOleWindow, IOleInPlaceSite, IOleInPlaceSiteEx>, IOleControlSite,
+                       As<IOleContainer, IParseDisplayName, IOleContainer>, IObjectWithSite, IServiceProvider,
+                       IAdviseSink, IDocHostUIHandler, IDispatch>,
+      public CWindowImpl {
+  public:
+    // IAxWinHostWindow: CreateControlLicEx is the one way in, the others are not offered.
+    STDMETHODIMP CreateControl(LPCOLESTR, HWND, IStream*) override { return E_NOTIMPL; }
+    STDMETHODIMP CreateControlEx(LPCOLESTR, HWND, IStream*, IUnknown**, REFIID, IUnknown*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP AttachControl(IUnknown*, HWND) override { return E_NOTIMPL; }
+    STDMETHODIMP QueryControl(REFIID iid, void** out) override;
+    STDMETHODIMP SetExternalDispatch(IDispatch*) override { return E_NOTIMPL; }
+    STDMETHODIMP SetExternalUIHandler(IUnknown*) override { return E_NOTIMPL; }
+    STDMETHODIMP CreateControlLic(LPCOLESTR, HWND, IStream*, BSTR) override { return E_NOTIMPL; }
+    STDMETHODIMP CreateControlLicEx(LPCOLESTR name, HWND window, IStream* stream, IUnknown** control,
+                                    REFIID events, IUnknown* sink, BSTR licence) override;
+
+    // IOleClientSite
+    STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
+    STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetContainer(IOleContainer** container) override;
+    STDMETHODIMP ShowObject() override { return S_OK; }
+    STDMETHODIMP OnShowWindow(BOOL) override { return S_OK; }
+    STDMETHODIMP RequestNewObjectLayout() override { return E_NOTIMPL; }
+
+    // IOleInPlaceSiteEx
+    STDMETHODIMP GetWindow(HWND* window) override;
+    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP CanInPlaceActivate() override { return S_OK; }
+    STDMETHODIMP OnInPlaceActivate() override { return OnInPlaceActivateEx(nullptr, 0); }
+    STDMETHODIMP OnUIActivate() override;
+    STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* position,
+                                  RECT* clip, OLEINPLACEFRAMEINFO* info) override;
+    STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
+    STDMETHODIMP OnUIDeactivate(BOOL) override;
+    STDMETHODIMP OnInPlaceDeactivate() override { return OnInPlaceDeactivateEx(TRUE); }
+    STDMETHODIMP DiscardUndoState() override { return E_NOTIMPL; }
+    STDMETHODIMP DeactivateAndUndo() override { return E_NOTIMPL; }
+    STDMETHODIMP OnPosRectChange(const RECT*) override { return E_NOTIMPL; }
+    STDMETHODIMP OnInPlaceActivateEx(BOOL* noRedraw, DWORD flags) override;
+    STDMETHODIMP OnInPlaceDeactivateEx(BOOL noRedraw) override;
+    STDMETHODIMP RequestUIActivate() override { return S_OK; }
+
+    // IOleControlSite
+    STDMETHODIMP OnControlInfoChanged() override { return S_OK; }
+    STDMETHODIMP LockInPlaceActive(BOOL) override { return S_OK; }
+    STDMETHODIMP GetExtendedControl(IDispatch** object) override;
+    STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override { return S_FALSE; }
+    STDMETHODIMP OnFocus(BOOL) override { return S_OK; }
+    STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
+
+    // IOleContainer
+    STDMETHODIMP ParseDisplayName(IBindCtx*, LPOLESTR, ULONG*, IMoniker**) override { return E_NOTIMPL; }
+    STDMETHODIMP EnumObjects(DWORD, IEnumUnknown**) override { return E_NOTIMPL; }
+    STDMETHODIMP LockContainer(BOOL) override { return S_OK; }
+
+    // IObjectWithSite: the site of this site, asked for services that it does not have.
+    STDMETHODIMP SetSite(IUnknown* site) override;
+    STDMETHODIMP GetSite(REFIID iid, void** out) override;
+
+    // IServiceProvider
+    STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** out) override;
+
+    // IAdviseSink
+    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
+    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override {}
+    STDMETHODIMP_(void) OnRename(IMoniker*) override {}
+    STDMETHODIMP_(void) OnSave() override {}
+    STDMETHODIMP_(void) OnClose() override {}
+
+    // IDocHostUIHandler
+    STDMETHODIMP ShowContextMenu(DWORD, POINT*, IUnknown*, IDispatch*) override { return S_FALSE; }
+    STDMETHODIMP GetHostInfo(DOCHOSTUIINFO* info) override;
+    STDMETHODIMP ShowUI(DWORD, IOleInPlaceActiveObject*, IOleCommandTarget*, IOleInPlaceFrame*,
+                        IOleInPlaceUIWindow*) override {
+        return S_FALSE;
+    }
+    STDMETHODIMP HideUI() override { return E_NOTIMPL; }
+    STDMETHODIMP UpdateUI() override { return E_NOTIMPL; }
+    STDMETHODIMP EnableModeless(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP OnDocWindowActivate(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP OnFrameWindowActivate(BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP ResizeBorder(const RECT*, IOleInPlaceUIWindow*, BOOL) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(MSG*, const GUID*, DWORD) override { return S_FALSE; }
+    STDMETHODIMP GetOptionKeyPath(LPOLESTR*, DWORD) override { return E_NOTIMPL; }
+    STDMETHODIMP GetDropTarget(IDropTarget*, IDropTarget**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetExternal(IDispatch**) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateUrl(DWORD, LPWSTR, LPWSTR*) override { return S_FALSE; }
+    STDMETHODIMP FilterDataObject(IDataObject*, IDataObject**) override { return S_FALSE; }
+
+    // The ambient properties: none is stated.
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+
+  protected:
+    IUnknown* Control() const { return control_.Get(); }
+    bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void OnFinalMessage(HWND) override { Release(); }
+
+  private:
+    HRESULT ActivateControl();
+    void Advise(REFIID events, IUnknown* sink);
+    void FitControl();
+    void FocusControl();
+    void ReleaseAll();
+    IOleClientSite* ClientSite() { return this; }
+
+    ComPtr<IUnknown> control_;
+    ComPtr<IOleObject> object_;
+    ComPtr<IOleInPlaceObject> inPlace_;
+    ComPtr<InPlaceFrame> frame_;
+    ComPtr<IUnknown> site_;
+    IID events_ = IID_NULL;
+    DWORD eventCookie_ = 0;
+    bool uiActive_ = false;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include "base/com_object.h"
+#include "base/status.h"
+
+namespace tarvik {
+
+// The sink of a control's event interface. It passes events to an owner that it does not keep alive: the
+// owner lets go of it with Detach. Owner has void OnEvent(DISPID, DISPPARAMS&).
+template <class Owner>
+class EventSink : public ComObject<IDispatch> {
+  public:
+    EventSink(Owner* owner, REFIID events) : owner_(owner), events_(events) {}
+    void Detach() { owner_ = nullptr; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
+                        UINT*) override {
+        if (!owner_ || !parameters) return S_OK;
+        return Guard([&] { owner_->OnEvent(id, *parameters); });
+    }
+
+  protected:
+    void* Find(REFIID iid) override { return iid == events_ ? AsUnknown() : ComObject::Find(iid); }
+
+  private:
+    Owner* owner_;
+    IID events_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,70 @@
+#include "atl/window.h"
+
+#include <commctrl.h>
+
+#include "atl/module.h"
+
+namespace tarvik {
+
+namespace {
+
+// The object whose window is being made, and the procedure of the class underneath. Windows are made one
+// inside the other at most, on the main thread.
+CWindowImpl* beingCreated = nullptr;
+WNDPROC baseProcedure = nullptr;
+
+}  // namespace
+
+CWindowImpl::~CWindowImpl() {
+    if (window_) RemoveWindowSubclass(window_, Procedure, reinterpret_cast<UINT_PTR>(this));
+}
+
+HWND CWindowImpl::Create(const wchar_t* className, const wchar_t* baseClass, HWND parent,
+                         const wchar_t* title, DWORD style, void* parameter) {
+    WNDCLASSEXW description = {sizeof description};
+    if (!GetClassInfoExW(appModule.Instance(), baseClass, &description)) return nullptr;
+    const WNDPROC base = description.lpfnWndProc;
+    description.lpfnWndProc = Start;
+    description.lpszClassName = className;
+    description.hInstance = appModule.Instance();
+    RegisterClassExW(&description);  // a second window of the class finds it registered
+    beingCreated = this;
+    baseProcedure = base;
+    return CreateWindowExW(0, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                           CW_USEDEFAULT, parent, nullptr, appModule.Instance(), parameter);
+}
+
+LRESULT CALLBACK CWindowImpl::Start(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    CWindowImpl* const object = beingCreated;
+    beingCreated = nullptr;
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(baseProcedure));
+    if (!object || !object->SubclassWindow(window)) return ::DefWindowProcW(window, message, wParam, lParam);
+    return Procedure(window, message, wParam, lParam, 0, reinterpret_cast<DWORD_PTR>(object));
+}
+
+bool CWindowImpl::SubclassWindow(HWND window) {
+    const auto self = reinterpret_cast<UINT_PTR>(this);
+    if (window_ || !SetWindowSubclass(window, Procedure, self, self)) return false;
+    window_ = window;
+    return true;
+}
+
+LRESULT CWindowImpl::CallNext(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK CWindowImpl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                        DWORD_PTR reference) {
+    auto* const object = reinterpret_cast<CWindowImpl*>(reference);
+    LRESULT result = 0;
+    const bool handled = object->ProcessWindowMessage(message, wParam, lParam, result);
+    if (message != WM_NCDESTROY) return handled ? result : CallNext(window, message, wParam, lParam);
+
+    if (!handled) result = CallNext(window, message, wParam, lParam);
+    RemoveWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(object));
+    object->window_ = nullptr;
+    object->OnFinalMessage(window);
+    return result;
+}
+
+}  // namespace tarvik
