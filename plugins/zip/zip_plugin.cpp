@@ -7,6 +7,8 @@ namespace tarvik {
 
 namespace {
 
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CZipPlugin>(L"minizip", TVK::kTransientPlugin);
+
 constexpr SmallMember<CZipPlugin> kMembers[] = {
     {-6999, L"unzip", &CZipPlugin::Unzip},
 };

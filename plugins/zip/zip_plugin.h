@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "host/contract/plugin.h"
+#include "host/registry/plugin_base.h"
 #include "plugins/zip/archive_finder.h"
 #include "plugins/zip/context.h"
-#include "script/dispatch.h"
 
 namespace tarvik {
 
@@ -17,9 +16,7 @@ struct ExtractOptions {
 };
 
 // `minizip`: archives, each run on a thread of its own. It holds no state, so runs share nothing.
-class CZipPlugin
-    : public SmallDispatch<CZipPlugin, SameCharacters, As<TVK::IPluginImpl<CZipPlugin>, TVK::IPlugin>,
-                           As<IContextImpl<CZipPlugin>, IContext>> {
+class CZipPlugin : public SmallPlugin<CZipPlugin, SameCharacters, As<IContextImpl<CZipPlugin>, IContext>> {
   public:
     static std::span<const SmallMember<CZipPlugin>> Members();
 

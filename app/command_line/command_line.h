@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "base/owners.h"
+
+namespace tarvik {
+
+// A command line as raw arguments, key-value pairs and switches. Keys ignore case, and the first of equal
+// keys stays. `k=v`, `-k v` and `/k v` are pairs; `-s`, `/s` and a bare word are switches.
+class CCommandLine {
+  public:
+    CCommandLine() : CCommandLine(GetCommandLineW()) {}
+    explicit CCommandLine(const wchar_t* text);
+
+    // Null if there is no such pair. One leading / or - of the key does not count.
+    const wchar_t* GetValue(const wchar_t* key) const;
+    bool HasSwitch(const wchar_t* key) const;  // the same; null is no switch
+
+    int argc = 0;
+    wchar_t** argv = nullptr;  // owned; null if the system could not split the text
+
+  private:
+    struct IgnoringCase {
+        bool operator()(const std::wstring& left, const std::wstring& right) const {
+            return _wcsicmp(left.c_str(), right.c_str()) < 0;
+        }
+    };
+
+    void Parse();
+    bool AddPair(const wchar_t* argument);
+
+    std::map<std::wstring, std::wstring, IgnoringCase> pairs_;
+    UniqueLocal arguments_;
+    std::set<std::wstring, IgnoringCase> switches_;
+};
+
+}  // namespace tarvik

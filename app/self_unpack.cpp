@@ -1,0 +1,87 @@
+#include "app/self_unpack.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <cwchar>
+
+#include "base/owners.h"
+#include "base/shell_delete.h"
+#include "base/text.h"
+#include "plugins/zip/zip_plugin.h"
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+// A script function played by native code: notes that it was called, and wakes who waits. The worker of
+// `minizip` calls it directly, because both are in the multi-threaded apartment.
+class CExtractCallback : public ComObject<IDispatch> {
+  public:
+    explicit CExtractCallback(HANDLE event) : event_(event) {}
+    bool WasCalled() const { return called_; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return OneTypeInfo(count); }
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override {
+        return DefaultTypeInfo(index, locale, out);
+    }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        called_ = true;
+        if (event_) SetEvent(event_);
+        return S_OK;
+    }
+
+  private:
+    std::atomic<bool> called_{false};
+    HANDLE event_;  // not owned
+};
+
+std::wstring TemporaryFolderName() {
+    const std::wstring temp =
+        ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"temp", buffer, kPathLength); });
+    wchar_t ticks[16] = {};
+    swprintf(ticks, std::size(ticks), L"\\TV%08lX", GetTickCount());
+    return temp + ticks;
+}
+
+void UnpackInto(const std::wstring& folder) {
+    const auto zip = MakeCom<CZipPlugin>();
+    const UniqueHandle finished(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!finished) ThrowLastError();
+    const auto success = MakeCom<CExtractCallback>(finished.Get());
+    const auto fail = MakeCom<CExtractCallback>(finished.Get());
+
+    const auto options = MakeCom<CObject>();
+    SetScriptProperty(options.Get(), L"src", Variant::Text(ExecutablePath()));
+    SetScriptProperty(options.Get(), L"dest", Variant::Text(folder));
+    SetScriptProperty(options.Get(), L"success", Variant::Object(success.Get()));
+    SetScriptProperty(options.Get(), L"fail", Variant::Object(fail.Get()));
+    const Variant argument = Variant::Object(options.Get());
+    CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr);
+
+    WaitForSingleObject(finished.Get(), INFINITE);
+    if (!success->WasCalled()) throw StatusError(E_FAIL);
+    SetCurrentDirectoryW(folder.c_str());
+}
+
+}  // namespace
+
+HRESULT SelfUnpack(std::wstring& folder) {
+    const HRESULT status = Guard([&] {
+        const std::wstring name = TemporaryFolderName();
+        if (SHCreateDirectory(nullptr, name.c_str()) != ERROR_SUCCESS) throw StatusError(E_FAIL);
+        folder = name;
+        UnpackInto(folder);
+    });
+    if (FAILED(status)) RemoveUnpacked(folder);
+    return status;
+}
+
+void RemoveUnpacked(const std::wstring& folder) {
+    if (!folder.empty() && PathFileExistsW(folder.c_str())) DeleteFolder(folder);
+}
+
+}  // namespace tarvik

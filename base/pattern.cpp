@@ -1,0 +1,126 @@
+#include "base/pattern.h"
+
+#include <functional>
+
+#include "base/pattern_program.h"
+
+namespace tarvik {
+
+namespace {
+
+using Kind = PatternNode::Kind;
+using Captures = std::vector<std::optional<Pattern::Range>>;
+
+// Backtracking: each piece is tried at a position together with all that comes after it, its `rest`.
+class Matcher {
+  public:
+    using Rest = std::function<bool(size_t at)>;
+
+    Matcher(std::wstring_view text, int captures) : text_(text), captures_(static_cast<size_t>(captures)) {}
+
+    bool Match(const PatternNode& node, size_t at, const Rest& rest) {
+        if (++steps_ > kMostSteps || depth_ >= kDeepest) return false;
+        ++depth_;
+        const bool matched = MatchKind(node, at, rest);
+        --depth_;
+        return matched;
+    }
+
+    const Captures& Found() const { return captures_; }
+    bool IsExhausted() const { return steps_ > kMostSteps; }
+
+  private:
+    // Far beyond what any path needs; they bound time and stack.
+    static constexpr int kMostSteps = 1'000'000;
+    static constexpr int kDeepest = 4'000;
+
+    bool MatchKind(const PatternNode& node, size_t at, const Rest& rest) {
+        const bool has = at < text_.size();
+        switch (node.kind) {
+            case Kind::kCharacter:
+                return has && text_[at] == node.character && rest(at + 1);
+            case Kind::kAny:
+                return has && rest(at + 1);
+            case Kind::kSet:
+                return has && node.set.Has(text_[at]) && rest(at + 1);
+            case Kind::kGroup:
+                return MatchGroup(node, at, rest);
+            case Kind::kBackReference:
+                return MatchBackReference(node, at, rest);
+            case Kind::kNot:
+                return MatchNot(node, at) && rest(at);
+            case Kind::kRepeat:
+                return MatchRepeat(node, 0, at, rest);
+        }
+        return false;
+    }
+
+    bool MatchSequence(const PatternSequence& sequence, size_t index, size_t at, const Rest& rest) {
+        if (index == sequence.size()) return rest(at);
+        return Match(sequence[index], at,
+                     [&, index](size_t next) { return MatchSequence(sequence, index + 1, next, rest); });
+    }
+
+    bool MatchGroup(const PatternNode& node, size_t at, const Rest& rest) {
+        for (const PatternSequence& alternative : node.alternatives) {
+            const bool matched = MatchSequence(alternative, 0, at, [&](size_t end) {
+                if (node.capture < 0) return rest(end);
+                auto& capture = captures_[static_cast<size_t>(node.capture)];
+                const auto before = std::exchange(capture, Pattern::Range{at, end});
+                if (rest(end)) return true;
+                capture = before;
+                return false;
+            });
+            if (matched) return true;
+        }
+        return false;
+    }
+
+    bool MatchBackReference(const PatternNode& node, size_t at, const Rest& rest) {
+        const auto& capture = captures_[static_cast<size_t>(node.capture)];
+        if (!capture) return false;
+        const std::wstring_view wanted = capture->In(text_);
+        return text_.substr(at, wanted.size()) == wanted && rest(at + wanted.size());
+    }
+
+    // Whatever is captured inside does not count outside.
+    bool MatchNot(const PatternNode& node, size_t at) {
+        const Captures before = captures_;
+        const bool matched = Match(node.Item(), at, [](size_t) { return true; });
+        captures_ = before;
+        return !matched;
+    }
+
+    bool MatchRepeat(const PatternNode& node, int count, size_t at, const Rest& rest) {
+        const bool more = !node.once || count == 0;
+        // An item that took nothing would repeat for ever.
+        const bool again =
+            more && Match(node.Item(), at, [&](size_t end) {
+                return (end != at || count < node.least) && MatchRepeat(node, count + 1, end, rest);
+            });
+        return again || (count >= node.least && rest(at));
+    }
+
+    std::wstring_view text_;
+    Captures captures_;
+    int steps_ = 0;
+    int depth_ = 0;
+};
+
+}  // namespace
+
+std::optional<Pattern::Match> Pattern::Search(std::wstring_view text) const {
+    const size_t last = program_->fromStart ? 0 : text.size();
+    Matcher matcher(text, program_->captures);
+    for (size_t from = 0; from <= last && !matcher.IsExhausted(); ++from) {
+        size_t to = from;
+        const bool matched = matcher.Match(program_->body, from, [&](size_t end) {
+            to = end;
+            return !program_->toEnd || end == text.size();
+        });
+        if (matched) return Match{{from, to}, matcher.Found()};
+    }
+    return std::nullopt;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,233 @@
+#include <cwctype>
+#include <iterator>
+
+#include "base/pattern_program.h"
+
+namespace tarvik {
+
+namespace {
+
+struct SyntaxError {};
+
+using Kind = PatternNode::Kind;
+
+struct Abbreviation {
+    wchar_t letter;
+    const wchar_t* meaning;
+};
+
+// Written in the language itself.
+constexpr Abbreviation kAbbreviations[] = {
+    {L'a', L"[a-zA-Z0-9]"},
+    {L'b', L"[ \t]"},
+    {L'c', L"[a-zA-Z]"},
+    {L'd', L"[0-9]"},
+    {L'h', L"[0-9a-fA-F]"},
+    {L'n', L"(\r\n|\r|\n)"},
+    {L'q', L"(\"[^\"]*\"|'[^']*')"},
+    {L'w', L"[a-zA-Z]+"},
+    {L'z', L"[0-9]+"},
+};
+
+const wchar_t* MeaningOf(wchar_t letter) {
+    for (const Abbreviation& abbreviation : kAbbreviations) {
+        if (abbreviation.letter == letter) return abbreviation.meaning;
+    }
+    return nullptr;
+}
+
+// Recursive descent: alternatives, sequence, repeated item, item.
+class Compiler {
+  public:
+    explicit Compiler(std::wstring_view text) : text_(text) {}
+
+    Pattern::Program Run() {
+        Pattern::Program program;
+        program.fromStart = Take(L'^');
+        program.toEnd = EndsTied();
+        if (program.toEnd) text_.remove_suffix(1);
+        program.body = Group(-1);
+        if (!AtEnd()) throw SyntaxError();
+        program.captures = captures_;
+        if (highestReference_ >= captures_) throw SyntaxError();
+        return program;
+    }
+
+  private:
+    static constexpr int kDeepest = 100;
+
+    bool AtEnd() const { return at_ >= text_.size(); }
+    wchar_t Next() {
+        if (AtEnd()) throw SyntaxError();
+        return text_[at_++];
+    }
+    bool Take(wchar_t character) {
+        if (AtEnd() || text_[at_] != character) return false;
+        ++at_;
+        return true;
+    }
+    bool IsAt(std::wstring_view characters) const {
+        return !AtEnd() && characters.find(text_[at_]) != std::wstring_view::npos;
+    }
+
+    // A `$` in the last place, unless a backslash makes it plain.
+    bool EndsTied() const {
+        if (text_.size() <= at_ || text_.back() != L'$') return false;
+        size_t slashes = 0;
+        while (slashes + 1 < text_.size() - at_ && text_[text_.size() - 2 - slashes] == L'\\')
+            ++slashes;
+        return slashes % 2 == 0;
+    }
+
+    PatternNode Group(int capture) {
+        if (++depth_ > kDeepest) throw SyntaxError();
+        PatternNode node;
+        node.kind = Kind::kGroup;
+        node.capture = capture;
+        do {
+            node.alternatives.push_back(Sequence());
+        } while (Take(L'|'));
+        --depth_;
+        return node;
+    }
+
+    PatternSequence Sequence() {
+        PatternSequence sequence;
+        while (!AtEnd() && !IsAt(L"|)}"))
+            sequence.push_back(Repeated());
+        return sequence;
+    }
+
+    PatternNode Repeated() {
+        PatternNode node = Item();
+        while (IsAt(L"*+?")) {
+            const wchar_t sign = Next();
+            PatternNode repeat;
+            repeat.kind = Kind::kRepeat;
+            repeat.least = sign == L'+' ? 1 : 0;
+            repeat.once = sign == L'?';
+            repeat.alternatives.push_back({std::move(node)});
+            node = std::move(repeat);
+        }
+        return node;
+    }
+
+    PatternNode Item() {
+        const wchar_t character = Next();
+        switch (character) {
+            case L'.':
+                return PatternNode{};
+            case L'[':
+                return Set();
+            case L'(':
+                return Closed(Group(-1), L')');
+            case L'{': {
+                const int capture = captures_++;
+                return Closed(Group(capture), L'}');
+            }
+            case L'!':
+                return Not();
+            case L'\\':
+                return Escaped();
+            case L'*':
+            case L'+':
+            case L'?':
+                throw SyntaxError();
+            default:
+                return Character(character);
+        }
+    }
+
+    PatternNode Closed(PatternNode node, wchar_t end) {
+        if (!Take(end)) throw SyntaxError();
+        return node;
+    }
+
+    static PatternNode Character(wchar_t character) {
+        PatternNode node;
+        node.kind = Kind::kCharacter;
+        node.character = character;
+        return node;
+    }
+
+    PatternNode Not() {
+        if (++depth_ > kDeepest) throw SyntaxError();
+        PatternNode node;
+        node.kind = Kind::kNot;
+        node.alternatives.push_back({Item()});
+        --depth_;
+        return node;
+    }
+
+    PatternNode Escaped() {
+        const wchar_t character = Next();
+        if (character >= L'0' && character <= L'9') return BackReference(character - L'0');
+        const wchar_t* meaning = MeaningOf(character);
+        return meaning ? Compiler(meaning).Group(-1) : Character(character);
+    }
+
+    PatternNode BackReference(int capture) {
+        PatternNode node;
+        node.kind = Kind::kBackReference;
+        node.capture = capture;
+        if (capture > highestReference_) highestReference_ = capture;
+        return node;
+    }
+
+    PatternNode Set() {
+        PatternNode node;
+        node.kind = Kind::kSet;
+        node.set.opposite = Take(L'^');
+        do {
+            AddToSet(node.set);
+        } while (!Take(L']'));
+        return node;
+    }
+
+    void AddToSet(PatternSet& set) {
+        const wchar_t low = Next();
+        if (low == L'\\' && AddAbbreviation(set)) return;
+        const wchar_t from = low == L'\\' ? Next() : low;
+        // A minus in the last place is plain.
+        const bool range = IsAt(L"-") && at_ + 1 < text_.size() && text_[at_ + 1] != L']';
+        if (!range) {
+            set.ranges.emplace_back(from, from);
+            return;
+        }
+        Next();
+        const wchar_t end = Next();
+        const wchar_t to = end == L'\\' ? Next() : end;
+        if (to < from) throw SyntaxError();
+        set.ranges.emplace_back(from, to);
+    }
+
+    // Those that stand for one character of a set add it to the set around them.
+    bool AddAbbreviation(PatternSet& set) {
+        const wchar_t* meaning = AtEnd() ? nullptr : MeaningOf(text_[at_]);
+        if (!meaning) return false;
+        const PatternNode group = Compiler(meaning).Group(-1);
+        const PatternSequence& only = group.alternatives[0];
+        if (only[0].kind != Kind::kSet) return false;
+        ++at_;
+        set.ranges.insert(set.ranges.end(), only[0].set.ranges.begin(), only[0].set.ranges.end());
+        return true;
+    }
+
+    std::wstring_view text_;
+    size_t at_ = 0;
+    int depth_ = 0;
+    int captures_ = 0;
+    int highestReference_ = -1;
+};
+
+}  // namespace
+
+std::optional<Pattern> Pattern::Compile(std::wstring_view text) {
+    try {
+        return Pattern(std::make_shared<const Program>(Compiler(text).Run()));
+    } catch (const SyntaxError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,90 @@
+#include "host/page_address.h"
+
+#include <windows.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+
+#include "app/command_line/command_line.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::wstring_view kFileScheme = L"file:///";
+
+bool StartsWith(const std::wstring& text, std::wstring_view start) {
+    return text.size() >= start.size() && _wcsnicmp(text.c_str(), start.data(), start.size()) == 0;
+}
+
+int HexDigit(wchar_t character) {
+    if (character >= L'0' && character <= L'9') return character - L'0';
+    const wchar_t lower = character | 0x20;
+    return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
+}
+
+// Percent escapes stand for the bytes of UTF-8.
+std::wstring Unescape(const std::wstring& text) {
+    const std::string escaped = Narrow(text);
+    std::string bytes;
+    for (size_t i = 0; i < escaped.size(); ++i) {
+        const bool escape = escaped[i] == '%' && i + 2 < escaped.size();
+        const int high = escape ? HexDigit(static_cast<unsigned char>(escaped[i + 1])) : -1;
+        const int low = escape ? HexDigit(static_cast<unsigned char>(escaped[i + 2])) : -1;
+        if (high >= 0 && low >= 0) {
+            bytes += static_cast<char>(high * 16 + low);
+            i += 2;
+        } else {
+            bytes += escaped[i];
+        }
+    }
+    return Widen(bytes);
+}
+
+std::wstring BesideFilePage(std::wstring location, const std::wstring& url) {
+    const size_t query = location.find(L'?');
+    location.erase(std::min(location.size(), query != std::wstring::npos ? query : location.find(L'#')));
+    std::wstring path = location.substr(kFileScheme.size());
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return ReadPath([&](wchar_t* buffer) {
+        path.copy(buffer, kPathLength - 1);
+        PathAppendW(buffer, L"\\..\\");
+        PathAddBackslashW(buffer);
+        PathAppendW(buffer, url.c_str());
+    });
+}
+
+}  // namespace
+
+std::wstring ChoosePage(const wchar_t* asked) {
+    if (asked) return asked;
+    const CCommandLine commandLine;
+    const wchar_t* const given = commandLine.GetValue(L"/f");
+    if (given && *given) return given;
+    if (PathIsDirectoryW(L"resource")) {
+        std::wstring folder = ReadPath([](wchar_t* buffer) { GetCurrentDirectoryW(kPathLength, buffer); });
+        if (!PathIsRootW(folder.c_str())) folder += L'\\';
+        return folder + L"resource\\index.html";
+    }
+    const std::wstring executable = ExecutablePath();
+    SetCurrentDirectoryW((executable + L"\\..\\").c_str());
+    return executable + L"\\..\\resource\\index.html";
+}
+
+bool PageExists(const std::wstring& page) {
+    if (PathIsURLW(page.c_str())) return true;
+    const size_t hash = page.find(L'#');
+    const bool whole = hash == 0 || hash == std::wstring::npos;
+    return PathFileExistsW(whole ? page.c_str() : page.substr(0, hash).c_str()) != FALSE;
+}
+
+std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location) {
+    if (PathIsURLW(url.c_str()) || !PathIsRelativeW(url.c_str())) return url;
+    const std::wstring plain = Unescape(location);
+    if (StartsWith(plain, kFileScheme)) return BesideFilePage(plain, url);
+    if (StartsWith(plain, L"http://") || StartsWith(plain, L"https://")) return {};
+    return url;
+}
+
+}  // namespace tarvik

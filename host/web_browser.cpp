@@ -1,0 +1,148 @@
+#include "host/web_browser.h"
+
+#include <exdispid.h>
+#include <ole2.h>
+#include <shellapi.h>
+#include <shlwapi.h>
+#include <urlmon.h>
+
+#include "app/log/log.h"
+#include "atl/ax_window.h"
+#include "base/bstr.h"
+#include "base/variant.h"
+#include "host/browser_host.h"
+#include "host/page_address.h"
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr const wchar_t* kWindowClass = L"TarvikBrowserWindow";
+constexpr WORD kIcon = 1000;
+
+// Navigation in an application makes no clicking sound. Older systems lack the function.
+void SilenceNavigation() {
+    using SetFeature = HRESULT(WINAPI*)(INTERNETFEATURELIST, DWORD, BOOL);
+    const HMODULE urlmon = LoadLibraryW(L"Urlmon.dll");  // stays loaded: the control needs it anyway
+    const FARPROC found = urlmon ? GetProcAddress(urlmon, "CoInternetSetFeatureEnabled") : nullptr;
+    if (!found) return;
+    const auto set = reinterpret_cast<SetFeature>(reinterpret_cast<void*>(found));
+    set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
+}
+
+}  // namespace
+
+HWND CWebBrowser::CreateHidden(HWND parent, const wchar_t* page) {
+    AtlAxWinInit();
+    AddRef();  // the window's own reference, given back at its final message
+    const Bstr parameter = page ? Bstr(page) : Bstr();
+    const HWND window =
+        Create(kWindowClass, kAxWindowClass, parent, nullptr, WS_OVERLAPPEDWINDOW, parameter.Get());
+    return window;
+}
+
+bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    switch (message) {
+        case WM_NCCREATE:
+            AddRef();  // the window's own reference, given back at its final message
+            return false;
+        case WM_CREATE:
+            result = OnCreate(static_cast<const wchar_t*>(creation->lpCreateParams));
+            return true;
+        case WM_DESTROY:
+            OnDestroy();
+            result = 0;
+            return true;
+        default:
+            return false;
+    }
+}
+
+LRESULT CWebBrowser::OnCreate(const wchar_t* asked) {
+    const HRESULT status = Guard([&] {
+        OleInitialize(nullptr);  // for every window, without a counterpart
+        const HICON icon = LoadIconW(appModule.Instance(), MAKEINTRESOURCEW(kIcon));
+        SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+        const std::wstring page = ChoosePage(asked);
+        if (!PageExists(page)) {
+            TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
+            DestroyWindow(Window());
+            return S_OK;
+        }
+        if (FAILED(CreateControl(page))) return S_OK;
+        if (CMessageLoop* loop = appModule.GetMessageLoop()) loop->AddMessageFilter(this);
+        return S_OK;
+    });
+    (void)status;
+    return 0;
+}
+
+HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
+    const auto site = MakeCom<CWebBrowserHost>();
+    // Before the control is made, because its first events may come while it is made.
+    host_ = site;
+    site->SetContext(this, nullptr);
+    hostWindow_ = Query<IAxWinHostWindow>(site->AsUnknown());
+    sink_ = MakeCom<EventSink<CWebBrowser>>(this, DIID_DWebBrowserEvents2);
+    ComPtr<IUnknown> control;
+    const HRESULT status = site->CreateControlLicEx(page.c_str(), Window(), nullptr, control.GetAddressOf(),
+                                                    DIID_DWebBrowserEvents2, sink_.Get(), nullptr);
+    const auto browser = Query<IWebBrowser2>(control.Get());
+    if (FAILED(status) || !browser) return FAILED(status) ? status : E_NOINTERFACE;
+    browser->put_RegisterAsBrowser(VARIANT_TRUE);
+    SilenceNavigation();
+    return host_->SetContext(this, browser.Get());
+}
+
+void CWebBrowser::OnDestroy() {
+    if (hostWindow_) {
+        host_->Close();
+        host_.Reset();
+        hostWindow_.Reset();
+    }
+    if (sink_) sink_->Detach();
+    if (CMessageLoop* loop = appModule.GetMessageLoop()) loop->RemoveMessageFilter(this);
+}
+
+bool CWebBrowser::PreTranslateMessage(MSG* message) {
+    const auto control = AtlAxGetControl(Window());
+    const auto active = Query<IOleInPlaceActiveObject>(control.Get());
+    return active && active->TranslateAccelerator(message) == S_OK;
+}
+
+void CWebBrowser::OnEvent(DISPID id, const DISPPARAMS& parameters) {
+    const ComPtr<IWebbrowserHost> host = host_;
+    switch (id) {
+        case DISPID_NAVIGATECOMPLETE2:
+            if (host) host->OnBrowserEvent(id);
+            break;
+        case DISPID_DOCUMENTCOMPLETE:
+            TARVIK_TRACE("CWebBrowser::OnDocumentComplete");
+            if (host) host->OnBrowserEvent(id);
+            break;
+        case DISPID_WINDOWCLOSING:
+            TARVIK_TRACE("CWebBrowser::OnWindowClosing");
+            break;
+        case DISPID_NEWWINDOW3:
+            OnNewWindow(parameters);
+            break;
+        default:
+            break;
+    }
+}
+
+// No page gets a new window of the engine's own: the address goes to the system. The arguments are, from the
+// last: object, cancel, flags, the opener's address, the address.
+void CWebBrowser::OnNewWindow(const DISPPARAMS& parameters) {
+    TARVIK_TRACE("CWebBrowser::OnNewWindow3");
+    if (parameters.cArgs < 5) return;
+    const VARIANT& cancel = parameters.rgvarg[3];
+    const VARIANT& url = parameters.rgvarg[0];
+    if (cancel.vt == (VT_BOOL | VT_BYREF)) *cancel.pboolVal = VARIANT_TRUE;
+    if (url.vt == VT_BSTR) ShellExecuteW(nullptr, nullptr, url.bstrVal, nullptr, nullptr, SW_SHOW);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,71 @@
+// What a browser window gives to its plug-ins.
+
+#include <dispex.h>
+#include <mshtml.h>
+
+#include "atl/ax_window.h"
+#include "base/bstr.h"
+#include "base/variant.h"
+#include "host/page_address.h"
+#include "host/web_browser.h"
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+// Puts a value into the script of a window's document, as a global.
+void DepositGlobal(HWND window, const wchar_t* name, const VARIANT* value) {
+    if (!value) return;
+    ComPtr<IDispatch> document;
+    ComPtr<IDispatch> script;
+    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window).Get());
+    if (!browser || FAILED(browser->get_Document(document.GetAddressOf()))) return;
+    const auto html = Query<IHTMLDocument2>(document.Get());
+    if (html && SUCCEEDED(html->get_Script(script.GetAddressOf())))
+        SetScriptProperty(script.Get(), name, *value);
+}
+
+}  // namespace
+
+STDMETHODIMP CWebBrowser::GetPlugin(const wchar_t* name, IDispatch** out) {
+    const ComPtr<IWebbrowserHost> host = host_;
+    return host ? host->GetPlugin(name, out) : E_UNEXPECTED;
+}
+
+STDMETHODIMP CWebBrowser::CreateScriptObject(const wchar_t* typeName, IDispatch** out) {
+    return tarvik::CreateScriptObject(typeName, out);
+}
+
+STDMETHODIMP CWebBrowser::ResolveUrl(const wchar_t* url, BSTR* out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] {
+        Bstr location;
+        if (const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get())) {
+            browser->get_LocationURL(location.Receive());
+        }
+        *out = Bstr(ResolveAgainst(url ? url : L"", std::wstring(location.View()))).Detach();
+    });
+}
+
+STDMETHODIMP CWebBrowser::CreateBrowserWindow(const wchar_t* url, BOOL inherit, const VARIANT* callback,
+                                              const VARIANT* context, IDispatch** out) {
+    if (out) *out = nullptr;
+    return Guard([&]() -> HRESULT {
+        Bstr page;
+        // No URL means no address at all, and so the page of a first window.
+        if (url) ResolveUrl(url, page.Receive());
+        const auto browser = MakeCom<CWebBrowser>();
+        SetLastError(ERROR_SUCCESS);
+        const HWND window = browser->CreateHidden(inherit ? Window() : nullptr, url ? page.Get() : nullptr);
+        if (!window) return LastErrorStatus();
+        DepositGlobal(window, L"windowContext", context);
+        DepositGlobal(window, L"windowCallback", callback);
+        const auto host = Query<IWebbrowserHost>(AtlAxGetHost(window).Get());
+        return out && host ? host->GetPlugin(L"window", out) : S_OK;
+    });
+}
+
+}  // namespace tarvik

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+
+#include "host/registry/plugin_base.h"
+
+namespace tarvik {
+
+// `window`: the top-level window that a page lives in.
+class CWindowPlugin : public TablePlugin<CWindowPlugin> {
+  public:
+    static constexpr char kClassName[] = "CWindowPlugin";
+    static std::span<const Member<CWindowPlugin>> Members();
+
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+
+    bool Show(bool visible);
+    bool Close();
+    HRESULT Quit(std::optional<ExactInt> code);
+    bool IsVisible();
+
+    Integer GetWidth();
+    bool SetWidth(LooseInt width);
+    Integer GetHeight();
+    bool SetHeight(LooseInt height);
+    Bstr GetTitle();
+    HRESULT SetTitle(BSTR title);
+
+  private:
+    RECT Rectangle() const;
+    bool Resize(LONG width, LONG height);
+
+    ComPtr<TVK::ICore> core_;
+    ComPtr<IWebBrowser2> browser_;
+    HWND window_ = nullptr;
+};
+
+}  // namespace tarvik
