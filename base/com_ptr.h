@@ -13,7 +13,8 @@ using Microsoft::WRL::ComPtr;
 template <class T, class... Args>
 ComPtr<T> MakeCom(Args&&... args) {
     ComPtr<T> made;
-    made.Attach(new T(std::forward<Args>(args)...));
+    // Not Attach: that of mingw-w64 takes a further reference.
+    *made.GetAddressOf() = new T(std::forward<Args>(args)...);
     return made;
 }
 

@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+#include "tests/plugins/zip/unzip_fixture.h"
+
+// Archives made by the programs that people use; see make_archives.
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct RealArchive {
+    std::string name;
+    const char* tree;  // what must come out
+    int index = 0;
+};
+
+const RealArchive kArchives[] = {
+    {"zip.zip", "ascii"},     {"zip-stored.zip", "ascii"}, {"zip-comment.zip", "ascii"},
+    {"bsdtar.zip", "tree"},   {"bsdtar-dots.zip", "tree"}, {"7z.zip", "tree"},
+    {"python.zip", "tree"},   {"attached.exe", "ascii"},   {"adjusted.exe", "ascii"},
+    {"twice.exe", "tree", 0}, {"twice.exe", "ascii", 1},
+};
+
+class RealArchives : public Unzip, public testing::WithParamInterface<RealArchive> {};
+
+TEST_P(RealArchives, ComeOutAsTheyWentIn) {
+    const fs::path made = fs::absolute("archives");
+    OptionObject options;
+    options.Set(L"src", (made / GetParam().name).c_str())
+        .Set(L"dest", Dest().c_str())
+        .Set(L"index", GetParam().index);
+    ASSERT_EQ(Run(options).text, kSuccess);
+    const fs::path expected = made / GetParam().tree;
+    EXPECT_EQ(ReadTree(Dest()), ReadTree(expected.wstring()));
+    EXPECT_EQ(fs::last_write_time(fs::path(Dest()) / "deep/er/lines.txt"),
+              fs::last_write_time(expected / "deep/er/lines.txt"));
+}
+
+std::string LettersOf(const testing::TestParamInfo<RealArchive>& info) {
+    std::string name = info.param.name + std::to_string(info.param.index);
+    std::erase_if(name, [](unsigned char letter) { return !std::isalnum(letter); });
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(, RealArchives, testing::ValuesIn(kArchives), LettersOf);
+
+}  // namespace
+}  // namespace tarvik

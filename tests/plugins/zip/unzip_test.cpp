@@ -1,0 +1,159 @@
+#include <algorithm>
+
+#include "script/object.h"
+#include "tests/plugins/zip/unzip_fixture.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/status_text.h"
+#include "tests/support/waiting.h"
+
+// The call, its callbacks, and how `progress` steers a run.
+namespace tarvik {
+namespace {
+
+const std::string kLong(70'000, 'x');
+const std::string kArchive =
+    WriteArchive({{"folder/", ""}, {"folder/a.txt", "first"}, {"b.txt", "second", 0}});
+
+TEST_F(Unzip, RefusesWrongCallsAtOnce) {
+    const auto call = [&](auto&&... arguments) {
+        return CallMember(plugin_.Get(), L"unzip", std::forward<decltype(arguments)>(arguments)...).status;
+    };
+    EXPECT_THAT(call(), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(call(L"archive.zip"), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(call(static_cast<IDispatch*>(nullptr)), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(GetMember(plugin_.Get(), L"unzip").status, HasStatus(E_NOTIMPL));
+    DISPID id = 0;
+    EXPECT_THAT(IdOf(plugin_.Get(), L"unzip", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -6999);
+    EXPECT_THAT(IdOf(plugin_.Get(), L"Unzip", &id), HasStatus(DISP_E_UNKNOWNNAME));
+}
+
+TEST_F(Unzip, HandsTheContextToEveryLastCallback) {
+    OptionObject plain = OptionsFor(kArchive);
+    plain.Set(L"context", 7);
+    EXPECT_EQ(Run(plain).text, "success: I4 7");
+
+    const auto object = MakeCom<CObject>();
+    OptionObject withObject = OptionsFor(kArchive);
+    withObject.Set(L"context", static_cast<IDispatch*>(object.Get()));
+    EXPECT_EQ(Run(withObject).text,
+              "fail: DISPATCH, I4 " + std::to_string(HRESULT_FROM_WIN32(ERROR_FILE_EXISTS)));
+}
+
+TEST_F(Unzip, ReportsMembersAndData) {
+    OptionObject options =
+        OptionsFor(WriteArchive({{"d/", ""}, {"d/long", kLong}, {"stored", kLong, 0}, {"e", ""}}));
+    options.Set(L"context", L"c");
+    const Ending ending = Run(options);
+    EXPECT_EQ(ending.text, "success: BSTR c");
+    EXPECT_EQ(ending.progress,
+              (std::vector<std::string>{
+                  "BSTR d/", "BSTR d/long", "BSTR d/long, UI4 140000, UI4 32768, BSTR c",
+                  "BSTR d/long, UI4 140000, UI4 65536, BSTR c", "BSTR d/long, UI4 140000, UI4 70000, BSTR c",
+                  "BSTR stored", "BSTR stored, UI4 140000, UI4 140000, BSTR c", "BSTR e"}));
+}
+
+struct Steering {
+    const char* when;  // the form of progress that is answered
+    Variant answer;
+    std::string ending;
+    size_t filesLeft;
+};
+
+TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
+    const std::string aborted = FailText(E_ABORT);
+    const std::string failed = FailText(E_FAIL);
+    Steering cases[] = {
+        {"start", Variant::Bool(true), kSuccess, 2},     {"start", Variant::Bool(false), aborted, 0},
+        {"start", Variant::I4(0), kSuccess, 0},          {"start", Variant::I4(1), kSuccess, 2},
+        {"start", Variant::R8(0), kSuccess, 2},          {"start", Variant::Null(), kSuccess, 2},
+        {"start", Variant::Text(L"false"), kSuccess, 2}, {"data", Variant::Bool(true), kSuccess, 2},
+        {"data", Variant::Bool(false), failed, 1},       {"data", Variant::I4(0), kSuccess, 2},
+    };
+    for (const Steering& steering : cases) {
+        SCOPED_TRACE(std::string(steering.when) + " " + ValueText(steering.answer));
+        const TempFolder kept;
+        OptionObject options = OptionsFor(WriteArchive({{"a", "aaaa"}, {"b", "bbbb"}}));
+        options.Set(L"dest", kept.Path().c_str());
+        const auto answer = [&](const Recorder::Record& call) {
+            const bool atStart = call.arguments.size() == 1;
+            return atStart == (std::string("start") == steering.when) ? Variant::Copy(steering.answer)
+                                                                      : Variant();
+        };
+        EXPECT_EQ(Run(options, answer).text, steering.ending);
+        EXPECT_EQ(ReadTree(kept.Path()).size(), steering.filesLeft);
+    }
+}
+
+TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
+    folder_.Write(L"out\\folder\\a.txt", "mine");
+    const auto skip = [](const Recorder::Record& call) {
+        return Recorder::Text(call) == "BSTR folder/a.txt" ? Variant::I4(0) : Variant();
+    };
+    EXPECT_EQ(RunOn(kArchive, skip).text, kSuccess);
+    EXPECT_EQ(ReadFileBytes(Dest() + L"\\folder\\a.txt"), "mine");
+    EXPECT_EQ(ReadFileBytes(Dest() + L"\\b.txt"), "second");
+}
+
+TEST_F(Unzip, EndsWithoutCallbacksWhereNoneWereGiven) {
+    const Holdings before = Holdings::Now();
+    {
+        OptionObject options = OptionsFor(kArchive);
+        CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options));
+    }
+    // The run holds the plug-in, and gives everything back at its end.
+    plugin_.Reset();
+    EXPECT_TRUE(PumpUntil([&] { return FileExists(Dest() + L"\\b.txt"); }));
+    EXPECT_TRUE(
+        PumpUntil([&] { return Holdings::Now().GrownSince(before).find("COM") == std::string::npos; }));
+}
+
+TEST_F(Unzip, RunsSideBySide) {
+    constexpr int kRuns = 5;
+    const auto success = MakeCom<Recorder>();
+    const auto fail = MakeCom<Recorder>();
+    const std::wstring source = folder_.Write(L"archive.zip", kArchive);
+    for (int run = 0; run < kRuns; ++run) {
+        OptionObject options;
+        options.Set(L"src", source.c_str())
+            .Set(L"dest", (Dest() + std::to_wstring(run)).c_str())
+            .Set(L"success", static_cast<IDispatch*>(success.Get()))
+            .Set(L"fail", static_cast<IDispatch*>(fail.Get()));
+        CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options));
+    }
+    EXPECT_TRUE(PumpUntil([&] { return success->calls.size() + fail->calls.size() == kRuns; }));
+    EXPECT_EQ(success->calls.size(), size_t{kRuns});
+    EXPECT_EQ(ReadTree(Dest() + L"0"), ReadTree(Dest() + L"4"));
+}
+
+TEST_F(Unzip, IsDrivenByScript) {
+    const auto page = MakeCom<CObject>();
+    OptionObject external;
+    external.Set(L"minizip", static_cast<IDispatch*>(plugin_.Get()))
+        .Set(L"src", folder_.Write(L"archive.zip", kArchive).c_str())
+        .Set(L"dest", Dest().c_str())
+        .Set(L"ended", L"");
+    ScriptBench bench(external);
+    bench.Run(
+        L"var seen = [], ended = '';"
+        L"var options = {src: external.src, dest: external.dest, context: {name: 'mine'},"
+        L"  progress: function (name) {"
+        L"    seen.push(name + '/' + arguments.length);"
+        L"    if (arguments.length > 1) throw new Error('ignored');"
+        L"    if (name === 'folder/a.txt') return 0;"
+        L"  },"
+        L"  success: function (context) { ended = 'success ' + context.name; },"
+        L"  fail: function (context, code) { ended = 'fail ' + code; }};"
+        L"external.minizip.unzip(options);"
+        L"ok(ended === '', 'the call is answered before the run ends');");
+    const auto ended = [&] { return Bstr::View(bench.Evaluate(L"ended").bstrVal) != L""; };
+    EXPECT_TRUE(PumpUntil(ended));
+    bench.Run(
+        L"ok(ended === 'success mine', ended);"
+        L"ok(seen.join() === 'folder//1,folder/a.txt/1,b.txt/1,b.txt/4', seen.join());");
+    EXPECT_FALSE(FileExists(Dest() + L"\\folder\\a.txt"));
+}
+
+}  // namespace
+}  // namespace tarvik
