@@ -52,6 +52,9 @@ class DevTools {
     virtual bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) = 0;
 
     virtual bool IsOpen() const = 0;
+
+    // The blank page that the engine started with, once; then nothing.
+    virtual std::string TakeFirstPage() = 0;
 };
 
 // One page of the engine, in a window of its own, with a flat session attached. Destruction closes it,

@@ -11,7 +11,7 @@ namespace tarvik {
 namespace {
 
 // A run holds the plug-in until after its last callback.
-bool NoRunHolds(IUnknown* plugin) {
+bool NoRunHolds(CZipPlugin* plugin) {
     plugin->AddRef();
     return plugin->Release() == 1;
 }

@@ -1,0 +1,195 @@
+#include "control/engine/connection.h"
+
+#include <objbase.h>
+
+#include "base/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr const wchar_t* kWindowClass = L"TarvikDevTools";
+constexpr DWORD kEndPatience = 2000;
+// A wait longer than this serves all messages, so that a page that computes for ever does not freeze its
+// window.
+constexpr DWORD kPatientFor = 2000;
+
+HWND MakeMessageWindow(WNDPROC procedure, void* object) {
+    WNDCLASSEXW description = {sizeof description};
+    description.lpfnWndProc = procedure;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = kWindowClass;
+    RegisterClassExW(&description);
+    const HWND window = CreateWindowExW(0, kWindowClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                        description.hInstance, nullptr);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
+    return window;
+}
+
+void PumpAll() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+Connection::Connection(std::unique_ptr<Transport> transport)
+    : transport_(std::move(transport)),
+      arrived_(CreateEventW(nullptr, FALSE, FALSE, nullptr)),
+      ended_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
+      window_(MakeMessageWindow(WindowProcedure, this)),
+      reader_([this] { ReadMessages(); }) {}
+
+Connection::~Connection() {
+    *alive_ = false;
+    // Asked to close, the engine ends in its own time; without its input it must.
+    if (open_) transport_->Write(R"({"id":0,"method":"Browser.close"})");
+    WaitForSingleObject(ended_.Get(), kEndPatience);
+    transport_->CloseWriting();
+    reader_.join();
+}
+
+void Connection::Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) {
+    const int id = ++lastId_;
+    if (!open_) {
+        if (onReply) onReply(nullptr);
+        return;
+    }
+    Json command = {
+        {"id", id}, {"method", method}, {"params", params.is_null() ? Json::object() : std::move(params)}};
+    if (!session.empty()) command["sessionId"] = session;
+    if (onReply) replies_.emplace(id, std::move(onReply));
+    // What cannot be sent is answered by the end of the engine, which is on its way.
+    transport_->Write(command.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+Json Connection::Call(std::string_view session, std::string_view method, Json params, DWORD timeout) {
+    // Shared, because a reply may come after the wait has been given up.
+    struct Answer {
+        bool there = false;
+        bool failed = false;
+        Json result;
+    };
+    const auto answer = std::make_shared<Answer>();
+    Post(session, method, std::move(params), [answer](const Json* result) {
+        answer->there = true;
+        answer->failed = !result;
+        if (result) answer->result = *result;
+    });
+    const bool waited = WaitUntil([&] { return answer->there; }, timeout);
+    if (!answer->there) throw StatusError(waited || open_ ? RPC_E_TIMEOUT : RPC_E_DISCONNECTED);
+    if (answer->failed) throw StatusError(open_ ? E_FAIL : RPC_E_DISCONNECTED);
+    return std::move(answer->result);
+}
+
+void Connection::Listen(std::string_view session, EventHandler handler) {
+    if (handler) {
+        listeners_[std::string(session)] = std::move(handler);
+    } else if (const auto found = listeners_.find(session); found != listeners_.end()) {
+        listeners_.erase(found);
+    }
+}
+
+void Connection::ListenToFrames(std::string_view session, FrameHandler handler) {
+    const std::lock_guard lock(framesLock_);
+    if (handler) {
+        frameHandlers_[std::string(session)] = std::move(handler);
+    } else if (const auto found = frameHandlers_.find(session); found != frameHandlers_.end()) {
+        frameHandlers_.erase(found);
+    }
+}
+
+bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout) {
+    const std::shared_ptr<bool> alive = alive_;
+    const ULONGLONG start = GetTickCount64();
+    for (;;) {
+        Deliver();
+        if (!*alive) return false;
+        if (condition()) return true;
+        const ULONGLONG waited = GetTickCount64() - start;
+        if (!open_ || (timeout != INFINITE && waited >= timeout)) return false;
+        const bool patient = waited < kPatientFor;
+        const ULONGLONG left = timeout == INFINITE ? kPatientFor : timeout - waited;
+        WaitForMore(static_cast<DWORD>(std::min<ULONGLONG>(left, patient ? kPatientFor - waited : 100)),
+                    patient);
+        if (!*alive) return false;
+    }
+}
+
+// Calls from other apartments are served at all times, the rest of the messages only when patience is over.
+void Connection::WaitForMore(DWORD timeout, bool patient) {
+    HANDLE event = arrived_.Get();
+    DWORD index = 0;
+    if (patient) {
+        CoWaitForMultipleHandles(0, timeout, 1, &event, &index);
+    } else {
+        MsgWaitForMultipleObjectsEx(1, &event, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        PumpAll();
+    }
+}
+
+LRESULT CALLBACK Connection::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const connection = reinterpret_cast<Connection*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message != kArrived || !connection) return DefWindowProcW(window, message, wParam, lParam);
+    (void)Guard([&] { connection->Deliver(); });
+    return 0;
+}
+
+// One at a time from the front: a handler that waits delivers what comes after it, in order.
+void Connection::Deliver() {
+    const std::shared_ptr<bool> alive = alive_;
+    while (*alive) {
+        std::optional<Json> message;
+        {
+            const std::lock_guard lock(queueLock_);
+            if (queue_.empty()) return;
+            message = std::move(queue_.front());
+            queue_.pop_front();
+        }
+        if (message) {
+            DeliverOne(*message);
+        } else {
+            DeliverEnd();
+        }
+    }
+}
+
+void Connection::DeliverOne(const Json& message) {
+    if (const auto id = message.find("id"); id != message.end()) {
+        const auto found = replies_.find(id->get<int>());
+        if (found == replies_.end()) return;
+        const ReplyHandler handler = std::move(found->second);
+        replies_.erase(found);
+        const auto result = message.find("result");
+        (void)Guard([&] { handler(result == message.end() ? nullptr : &*result); });
+        return;
+    }
+    const auto found = listeners_.find(message.value("sessionId", std::string()));
+    const auto method = message.find("method");
+    if (found == listeners_.end() || method == message.end()) return;
+    const EventHandler handler = found->second;
+    static const Json kNone = Json::object();
+    const auto params = message.find("params");
+    (void)Guard([&] { handler(method->get<std::string>(), params == message.end() ? kNone : *params); });
+}
+
+void Connection::DeliverEnd() {
+    open_ = false;
+    const auto replies = std::move(replies_);
+    replies_.clear();
+    for (const auto& [id, handler] : replies)
+        (void)Guard([&] { handler(nullptr); });
+    const auto listeners = listeners_;
+    for (const auto& [session, handler] : listeners) {
+        (void)Guard([&] { handler("Inspector.disconnected", Json::object()); });
+    }
+}
+
+}  // namespace tarvik

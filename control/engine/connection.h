@@ -1,0 +1,77 @@
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <unordered_map>
+
+#include "base/owners.h"
+#include "control/engine/devtools.h"
+#include "control/engine/transport.h"
+
+namespace tarvik {
+
+// DevTools over a transport. The reader thread splits and parses what comes, passes frames on at once, and
+// queues the rest for the main thread, which it wakes by an event (a wait is under way) and by a posted
+// message (it is idle).
+class Connection : public DevTools {
+  public:
+    explicit Connection(std::unique_ptr<Transport> transport);
+    ~Connection() override;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) override;
+    Json Call(std::string_view session, std::string_view method, Json params, DWORD timeout) override;
+    void Listen(std::string_view session, EventHandler handler) override;
+    void ListenToFrames(std::string_view session, FrameHandler handler) override;
+    bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) override;
+    bool IsOpen() const override { return open_; }
+
+    std::string TakeFirstPage() override { return std::exchange(firstPage_, {}); }
+
+    // Waits until the engine answers, and finds its first page.
+    void Greet();
+
+  private:
+    static constexpr UINT kArrived = WM_APP;
+
+    // Reader thread
+    void ReadMessages();
+    void Receive(std::string_view message);
+    void ReceiveFrame(std::string_view message);
+    void Queue(std::optional<Json> message);
+
+    // Main thread
+    void Deliver();
+    void DeliverOne(const Json& message);
+    void DeliverEnd();
+    void WaitForMore(DWORD timeout, bool patient);
+    static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    std::unique_ptr<Transport> transport_;
+    bool open_ = true;
+    std::string firstPage_;
+    std::atomic<int> lastId_{0};
+    std::unordered_map<int, ReplyHandler> replies_;
+    std::map<std::string, EventHandler, std::less<>> listeners_;
+
+    std::mutex queueLock_;
+    std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end
+    UniqueHandle arrived_;
+    UniqueHandle ended_;  // the reader thread is through
+
+    std::mutex framesLock_;  // held while a frame is passed on
+    std::map<std::string, FrameHandler, std::less<>> frameHandlers_;
+
+    UniqueWindow window_;  // message-only
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+    std::thread reader_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,111 @@
+// The reader's side of a connection, and the one connection of the process.
+
+#include "control/engine/devtools.h"
+
+#include "base/status.h"
+#include "control/engine/connection.h"
+#include "control/engine/engine_path.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","params":{"data":")";
+constexpr DWORD kStartPatience = 20000;
+constexpr DWORD kReadSize = 256 * 1024;
+
+std::weak_ptr<Connection> current;
+std::wstring lastStartError;
+
+std::shared_ptr<Connection> Start() {
+    const std::wstring engine = FindEngine();
+    if (engine.empty()) {
+        lastStartError = MissingEngineText();
+        throw StatusError(REGDB_E_CLASSNOTREG);
+    }
+    lastStartError = L"The web engine could not be started:\n" + engine;
+    auto connection =
+        std::make_shared<Connection>(IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine));
+    connection->Greet();
+    lastStartError.clear();
+    return connection;
+}
+
+}  // namespace
+
+std::shared_ptr<DevTools> DevTools::Acquire() {
+    auto connection = current.lock();
+    if (connection && connection->IsOpen()) return connection;
+    try {
+        connection = Start();
+    } catch (const StatusError& error) {
+        // Now and then an engine ends before its first word; a second start works.
+        if (error.Status() != RPC_E_DISCONNECTED) throw;
+        connection = Start();
+    }
+    current = connection;
+    return connection;
+}
+
+std::wstring DevTools::LastStartError() {
+    return lastStartError;
+}
+
+void Connection::Greet() {
+    const Json targets = Call("", "Target.getTargets", Json::object(), kStartPatience);
+    for (const Json& target : targets.at("targetInfos")) {
+        if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
+    }
+}
+
+void Connection::ReadMessages() {
+    std::string pending;
+    std::string buffer(kReadSize, '\0');
+    while (const DWORD read = transport_->Read(buffer.data(), kReadSize)) {
+        std::string_view fresh(buffer.data(), read);
+        for (size_t end; (end = fresh.find('\0')) != std::string_view::npos; fresh.remove_prefix(end + 1)) {
+            pending.append(fresh.substr(0, end));
+            (void)Guard([&] { Receive(pending); });
+            pending.clear();
+        }
+        pending.append(fresh);
+    }
+    (void)Guard([&] { Queue(std::nullopt); });
+    SetEvent(ended_.Get());
+}
+
+void Connection::Receive(std::string_view message) {
+    if (message.substr(0, kFramePrefix.size()) == kFramePrefix) return ReceiveFrame(message);
+    Json parsed = Json::parse(message, nullptr, false);
+    if (!parsed.is_discarded()) Queue(std::move(parsed));
+}
+
+// A frame is some hundred kilobytes of base64: only what follows it is parsed.
+void Connection::ReceiveFrame(std::string_view message) {
+    const std::string_view rest = message.substr(kFramePrefix.size());
+    const size_t end = rest.find('"');
+    if (end == std::string_view::npos || end + 2 > rest.size()) return;
+    const Json tail = Json::parse(R"({"params":{)" + std::string(rest.substr(end + 2)), nullptr, false);
+    if (tail.is_discarded()) return;
+    const std::string session = tail.value("sessionId", std::string());
+    const Json acknowledgement = {{"id", ++lastId_},
+                                  {"method", "Page.screencastFrameAck"},
+                                  {"params", {{"sessionId", tail["params"]["sessionId"]}}},
+                                  {"sessionId", session}};
+    transport_->Write(acknowledgement.dump());
+    const std::lock_guard lock(framesLock_);
+    if (const auto found = frameHandlers_.find(session); found != frameHandlers_.end()) {
+        found->second(rest.substr(0, end));
+    }
+}
+
+void Connection::Queue(std::optional<Json> message) {
+    {
+        const std::lock_guard lock(queueLock_);
+        queue_.push_back(std::move(message));
+    }
+    SetEvent(arrived_.Get());
+    PostMessageW(window_.Get(), kArrived, 0, 0);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,82 @@
+// Under Wine the engine is a program of the system underneath, which Wine's own pipes do not reach. A pair of
+// named FIFOs in a private folder does. A shell makes the folder, starts the engine and removes the folder
+// after it; it goes on when this process is killed.
+
+#include "base/status.h"
+#include "control/engine/launch.h"
+#include "control/engine/transport.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr DWORD kPatience = 15000;  // milliseconds for the shell to come up
+constexpr DWORD kPause = 3;
+
+std::wstring Quoted(std::wstring_view text) {
+    std::wstring quoted = L"'";
+    for (wchar_t character : text)
+        quoted += character == L'\'' ? std::wstring(L"'\\''") : std::wstring(1, character);
+    return quoted + L"'";
+}
+
+// The engine must run as root without its sandbox only there. The guard ends the shell if nobody opens the
+// FIFOs; opening waits for the other side.
+std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
+    return L"umask 077; d=" + Quoted(folder) +
+           L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
+           L"(trap 'kill $s' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) </dev/null "
+           L">/dev/null 2>&1 & "
+           L"g=$!; exec 4>$d/a 3<$d/b; kill $g; [ $(id -u) = 0 ] && r=--no-sandbox; " +
+           Quoted(engine) + EngineArguments() +
+           L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; rm -rf "
+           L"$d";
+}
+
+// One argument of a command line, as programs of Windows quote it.
+std::wstring AsArgument(const std::wstring& text) {
+    std::wstring quoted = L"\"";
+    for (wchar_t character : text) {
+        if (character == L'"' || character == L'\\') quoted += L'\\';
+        quoted += character;
+    }
+    return quoted + L'"';
+}
+
+void StartShell(const std::wstring& script) {
+    std::wstring line = L"Z:\\bin\\sh -c " + AsArgument(script);
+    STARTUPINFOW startup = {sizeof startup};
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process)) {
+        ThrowLastError();
+    }
+    // There are no handles to programs of the system underneath; they are closed in case there will be.
+    UniqueHandle(process.hProcess);
+    UniqueHandle(process.hThread);
+}
+
+UniqueHandle OpenWhenThere(const std::wstring& path, DWORD access) {
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    for (;;) {
+        UniqueHandle file(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+        if (file) return file;
+        if (GetTickCount64() > end) throw StatusError(RPC_E_TIMEOUT);
+        Sleep(kPause);
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
+    const std::wstring name = FreshName();
+    StartShell(ShellScript(engine, L"/tmp/" + name));
+    const std::wstring folder = L"Z:\\tmp\\" + name;
+    UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
+    // This one opens only when the shell has opened both.
+    UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
+    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine));
+}
+
+}  // namespace tarvik

@@ -1,0 +1,123 @@
+// On Windows the engine inherits two anonymous pipes, and belongs to a job that ends with this process.
+
+#include <string>
+#include <vector>
+
+#include "base/shell_delete.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "control/engine/launch.h"
+#include "control/engine/transport.h"
+
+namespace tarvik {
+
+namespace {
+
+struct Pipe {
+    UniqueHandle read;
+    UniqueHandle write;
+};
+
+Pipe MakePipe() {
+    Pipe pipe;
+    SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
+    if (!CreatePipe(pipe.read.Receive(), pipe.write.Receive(), &inheritable, 0)) ThrowLastError();
+    return pipe;
+}
+
+void KeepHere(const UniqueHandle& handle) {
+    SetHandleInformation(handle.Get(), HANDLE_FLAG_INHERIT, 0);
+}
+
+// The list of the handles that the engine inherits, and no others.
+class InheritedHandles {
+  public:
+    InheritedHandles(HANDLE read, HANDLE write) : handles_{read, write} {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        memory_.resize(size);
+        if (!InitializeProcThreadAttributeList(List(), 1, 0, &size)) ThrowLastError();
+        UpdateProcThreadAttribute(List(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_, sizeof handles_,
+                                  nullptr, nullptr);
+    }
+    ~InheritedHandles() { DeleteProcThreadAttributeList(List()); }
+    InheritedHandles(const InheritedHandles&) = delete;
+    InheritedHandles& operator=(const InheritedHandles&) = delete;
+
+    LPPROC_THREAD_ATTRIBUTE_LIST List() {
+        return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory_.data());
+    }
+
+  private:
+    HANDLE handles_[2];
+    std::vector<char> memory_;
+};
+
+UniqueHandle MakeJob() {
+    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
+class PipeTransport : public Transport {
+  public:
+    PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
+                  std::wstring profile)
+        : Transport(std::move(fromEngine), std::move(toEngine)),
+          process_(std::move(process)),
+          job_(std::move(job)),
+          profile_(std::move(profile)) {}
+    ~PipeTransport() override {
+        CloseWriting();
+        WaitForSingleObject(process_.Get(), kPatience);
+        job_.Reset();  // ends what is left
+        WaitForSingleObject(process_.Get(), kPatience);
+        DeleteFolder(profile_);
+    }
+
+  private:
+    static constexpr DWORD kPatience = 2000;
+
+    UniqueHandle process_;
+    UniqueHandle job_;
+    std::wstring profile_;
+};
+
+std::wstring HandleText(const UniqueHandle& handle) {
+    return std::to_wstring(static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(handle.Get())));
+}
+
+}  // namespace
+
+std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
+    Pipe toEngine = MakePipe();
+    Pipe fromEngine = MakePipe();
+    KeepHere(toEngine.write);
+    KeepHere(fromEngine.read);
+    const std::wstring profile =
+        ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); }) + FreshName();
+    std::wstring line = L"\"" + engine + L"\"" + EngineArguments() + L" \"--user-data-dir=" + profile +
+                        L"\" --remote-debugging-pipe --remote-debugging-io-pipes=" +
+                        HandleText(toEngine.read) + L"," + HandleText(fromEngine.write) + L" about:blank";
+    InheritedHandles inherited(toEngine.read.Get(), fromEngine.write.Get());
+    STARTUPINFOEXW startup = {};
+    startup.StartupInfo.cb = sizeof startup;
+    startup.lpAttributeList = inherited.List();
+    PROCESS_INFORMATION information = {};
+    if (!CreateProcessW(engine.c_str(), line.data(), nullptr, nullptr, TRUE,
+                        EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED, nullptr, nullptr,
+                        &startup.StartupInfo, &information)) {
+        ThrowLastError();
+    }
+    UniqueHandle process(information.hProcess);
+    const UniqueHandle thread(information.hThread);
+    UniqueHandle job = MakeJob();
+    AssignProcessToJobObject(job.Get(), process.Get());
+    ResumeThread(thread.Get());
+    return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
+                                           std::move(process), std::move(job), profile);
+}
+
+}  // namespace tarvik
