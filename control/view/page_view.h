@@ -3,31 +3,46 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 
 #include "control/engine/devtools.h"
+#include "control/view/picture.h"
 
 namespace tarvik {
 
-// The picture of a page and the way of its input: paints the screencast of a target into a window, and sends
-// the window's mouse, wheel, keyboard and text to the page. The window belongs to the page control, whose
-// procedure hands its messages over.
+// The picture of a page in a window, and the way of the window's input to the page. The window belongs to the
+// page control, whose procedure hands its messages over. Main thread.
 class PageView {
   public:
-    // `notice` paints a text in place of the page: the engine is missing, or has crashed.
-    static std::unique_ptr<PageView> Create(HWND window);
-    virtual ~PageView() = default;
+    explicit PageView(HWND window);
+    ~PageView();
+    PageView(const PageView&) = delete;
+    PageView& operator=(const PageView&) = delete;
 
-    // The target whose picture is shown; null shows the last notice, or nothing. Not owned.
-    virtual void SetTarget(PageTarget* target) = 0;
-    virtual void SetNotice(const std::wstring& text) = 0;
+    // The target that is shown, before its first navigation; null shows the notice. Not owned: the view lets
+    // go of it before it ends.
+    void SetTarget(PageTarget* target);
 
-    // True if the message was dealt with and `result` is its answer: WM_PAINT, WM_ERASEBKGND, WM_SIZE,
-    // WM_SHOWWINDOW, WM_SETCURSOR, mouse, wheel, WM_KEYDOWN to WM_SYSCHAR, focus, WM_IME_*,
-    // WM_CAPTURECHANGED.
-    virtual bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
+    // A text in place of the page.
+    void SetNotice(const std::wstring& text);
+
+    // True if the message was dealt with, and `result` is its answer.
+    bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
     // The page waits in a native call: the last picture stays, and input to it is dropped.
-    virtual void SetParked(bool parked) = 0;
+    void SetParked(bool parked);
+
+  private:
+    struct Shown;  // what there is for one target
+
+    void Paint();
+    void FitPage();
+
+    HWND window_;
+    std::wstring notice_;
+    Picture picture_;
+    bool parked_ = false;
+    std::unique_ptr<Shown> shown_;
 };
 
 }  // namespace tarvik

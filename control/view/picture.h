@@ -1,0 +1,38 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+// The last frame of a page. The decoder's thread replaces it, the window's thread paints it.
+class Picture {
+  public:
+    struct Pixels {
+        int width = 0;
+        int height = 0;
+        std::vector<std::uint32_t> colours;  // top row first, 0x00RRGGBB
+    };
+
+    // Swaps the new frame in; the old one's memory comes back in its place.
+    void Replace(Pixels& pixels);
+    void Clear();
+    bool IsEmpty() const;
+
+    // Paints the frame without scaling. Where it does not reach, as while a window grows, its last colour
+    // goes on.
+    void Paint(HDC target, const RECT& area) const;
+
+  private:
+    mutable std::mutex lock_;
+    Pixels pixels_;
+};
+
+// Paints a text in place of a page.
+void PaintNotice(HDC target, const RECT& area, const std::wstring& text);
+
+}  // namespace tarvik
