@@ -8,7 +8,8 @@ namespace {
 
 ComPtr<IUnknown> Ask(HWND window, UINT message) {
     ComPtr<IUnknown> answer;
-    answer.Attach(reinterpret_cast<IUnknown*>(SendMessageW(window, message, 0, 0)));
+    // Not Attach: that of mingw-w64 takes a further reference.
+    *answer.GetAddressOf() = reinterpret_cast<IUnknown*>(SendMessageW(window, message, 0, 0));
     return answer;
 }
 
