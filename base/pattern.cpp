@@ -1,5 +1,6 @@
 #include "base/pattern.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "base/pattern_program.h"
@@ -19,7 +20,10 @@ class Matcher {
     Matcher(std::wstring_view text, int captures) : text_(text), captures_(static_cast<size_t>(captures)) {}
 
     bool Match(const PatternNode& node, size_t at, const Rest& rest) {
-        if (++steps_ > kMostSteps || depth_ >= kDeepest) return false;
+        if (exhausted_ || ++steps_ > kMostSteps || depth_ >= kDeepest) {
+            exhausted_ = true;
+            return false;
+        }
         ++depth_;
         const bool matched = MatchKind(node, at, rest);
         --depth_;
@@ -27,7 +31,7 @@ class Matcher {
     }
 
     const Captures& Found() const { return captures_; }
-    bool IsExhausted() const { return steps_ > kMostSteps; }
+    bool IsExhausted() const { return exhausted_; }
 
   private:
     // Far beyond what any path needs; they bound time and stack.
@@ -50,7 +54,8 @@ class Matcher {
             case Kind::kNot:
                 return MatchNot(node, at) && rest(at);
             case Kind::kRepeat:
-                return MatchRepeat(node, 0, at, rest);
+                return TakesOneCharacter(node.Item()) ? MatchRun(node, at, rest)
+                                                      : MatchRepeat(node, 0, at, rest);
         }
         return false;
     }
@@ -88,7 +93,24 @@ class Matcher {
         const Captures before = captures_;
         const bool matched = Match(node.Item(), at, [](size_t) { return true; });
         captures_ = before;
-        return !matched;
+        return !matched && !exhausted_;
+    }
+
+    static bool TakesOneCharacter(const PatternNode& node) {
+        return node.kind == Kind::kCharacter || node.kind == Kind::kAny || node.kind == Kind::kSet;
+    }
+
+    // The usual case, without a level of depth for each character.
+    bool MatchRun(const PatternNode& node, size_t at, const Rest& rest) {
+        const size_t most = node.once ? std::min(at + 1, text_.size()) : text_.size();
+        size_t end = at;
+        while (end < most && Match(node.Item(), end, [](size_t) { return true; }))
+            ++end;
+        for (;; --end) {
+            if (exhausted_ || end < at + static_cast<size_t>(node.least)) return false;
+            if (rest(end)) return true;
+            if (end == at) return false;
+        }
     }
 
     bool MatchRepeat(const PatternNode& node, int count, size_t at, const Rest& rest) {
@@ -105,6 +127,7 @@ class Matcher {
     Captures captures_;
     int steps_ = 0;
     int depth_ = 0;
+    bool exhausted_ = false;
 };
 
 }  // namespace

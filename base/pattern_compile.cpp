@@ -99,17 +99,20 @@ class Compiler {
     }
 
     PatternNode Repeated() {
-        PatternNode node = Item();
+        PatternNode item = Item();
+        if (!IsAt(L"*+?")) return item;
+        PatternNode repeat;
+        repeat.kind = Kind::kRepeat;
+        repeat.least = 1;
+        repeat.once = true;
+        // A repeated repetition is one that takes the looser of both bounds: `(x?)+` is `x*`.
         while (IsAt(L"*+?")) {
             const wchar_t sign = Next();
-            PatternNode repeat;
-            repeat.kind = Kind::kRepeat;
-            repeat.least = sign == L'+' ? 1 : 0;
-            repeat.once = sign == L'?';
-            repeat.alternatives.push_back({std::move(node)});
-            node = std::move(repeat);
+            if (sign != L'+') repeat.least = 0;
+            if (sign != L'?') repeat.once = false;
         }
-        return node;
+        repeat.alternatives.push_back({std::move(item)});
+        return repeat;
     }
 
     PatternNode Item() {

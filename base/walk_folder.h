@@ -13,7 +13,8 @@ using WalkCallback = std::function<HRESULT(const std::wstring& path, DWORD attri
 // Walks a folder in the order the file system gives. `pattern` (base/pattern.h) is searched for in the whole
 // path, with the case of letters; null or one that does not compile filters nothing. Folders are reported
 // after their contents. E_ABORT from the callback ends the walk and is its status; otherwise the status is
-// that of the last callback, E_FAIL if there was none, or the system's error if the folder cannot be opened.
+// that of the last callback or nested walk, E_FAIL if there was none, or the system's error if the folder
+// cannot be opened.
 HRESULT WalkFolder(const std::wstring& folder, const wchar_t* pattern, bool recursive,
                    const WalkCallback& callback);
 
