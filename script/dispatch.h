@@ -77,12 +77,14 @@ class SmallDispatch : public ComObject<Entries..., IDispatch> {
         return DefaultTypeInfo(index, locale, out);
     }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-        for (const auto& member : Self::Members()) {
-            if (!kSame(names[0], member.name)) continue;
-            ids[0] = member.id;
-            return S_OK;
-        }
-        return DISP_E_UNKNOWNNAME;
+        return Guard([&] {
+            for (const auto& member : Self::Members()) {
+                if (!kSame(names[0], member.name)) continue;
+                ids[0] = member.id;
+                return S_OK;
+            }
+            return DISP_E_UNKNOWNNAME;
+        });
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override {

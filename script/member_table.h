@@ -13,9 +13,8 @@
 // The script face of a plug-in is one table whose rows read like its documentation:
 //
 //     constexpr Member<CTrayPlugin> kMembers[] = {
-//         Method   <&CTrayPlugin::AddTray>   (-10000, L"addTray"),  // HRESULT AddTray(BSTR,
-//         std::optional<BSTR>) WriteOnly<&CTrayPlugin::SetOnClick>( -9999, L"onClick"),  // HRESULT
-//         SetOnClick(IDispatch*)
+//         Method<&CTrayPlugin::AddTray>(-10000, L"addTray"),      // bool AddTray(BSTR, std::optional<BSTR>)
+//         WriteOnly<&CTrayPlugin::SetOnClick>(-9999, L"onClick"),  // HRESULT SetOnClick(IDispatch*)
 //     };
 //     static_assert(IsInOrder(kMembers));
 //

@@ -34,9 +34,10 @@ STDMETHODIMP CObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID*
 
 STDMETHODIMP CObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
     if (!out) return E_INVALIDARG;
-    if (!(flags & fdexNameEnsure)) return GetIDsOfNames(IID_NULL, &name, 1, kScriptLocale, out);
+    LPOLESTR text = name ? name : const_cast<LPOLESTR>(L"");
+    if (!(flags & fdexNameEnsure)) return GetIDsOfNames(IID_NULL, &text, 1, kScriptLocale, out);
     return Guard([&] {
-        const auto [entry, added] = names_.try_emplace(name ? name : L"", lastPropertyId - 1);
+        const auto [entry, added] = names_.try_emplace(text, lastPropertyId - 1);
         if (!added) return S_FALSE;
         --lastPropertyId;
         values_.try_emplace(entry->second);

@@ -13,7 +13,7 @@ Ticket::Ticket(IDispatch* object) {
 Ticket& Ticket::operator=(Ticket&& other) noexcept {
     if (this != &other) {
         Redeem();
-        stream_ = std::move(other.stream_);
+        stream_.Swap(other.stream_);
     }
     return *this;
 }

@@ -69,9 +69,10 @@ void Register(TVK::PluginFactory factory) {
 HRESULT LoadPluginLibrary(const std::wstring& path) {
     const WORD machine = ImageMachine(path);
     if (machine == 0 || machine == IMAGE_FILE_MACHINE_I386) return E_FAIL;
+    // Outlives the guard: what the library threw is code and data of the library.
+    UniqueModule library(LoadLibraryW(path.c_str()));
     // The failures of this half are not reported: see the header.
     (void)Guard([&] {
-        UniqueModule library(LoadLibraryW(path.c_str()));
         Register(FindExport(library.Get()));
         Libraries().push_back(std::move(library));
     });
