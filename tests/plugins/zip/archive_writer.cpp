@@ -85,9 +85,13 @@ std::string DirectoryEntry(const ArchiveMember& member, std::uint32_t packedSize
 std::string WriteArchive(const std::vector<ArchiveMember>& members, const ArchiveLayout& layout) {
     std::string out;
     std::string directory;
-    for (const ArchiveMember& member : members) {
+    for (ArchiveMember member : members) {
         const std::string packed = Pack(member);
         const auto packedSize = static_cast<std::uint32_t>(packed.size());
+        if (member.wide) {
+            member.packedSize64 = packed.size();
+            member.headerOffset64 = layout.offsetBase + out.size();
+        }
         directory +=
             DirectoryEntry(member, packedSize, layout.offsetBase + static_cast<std::uint32_t>(out.size()));
         out += LocalHeader(member, packedSize) + packed;

@@ -20,6 +20,7 @@ struct ArchiveMember {
     std::uint16_t date = 0x21;  // 1 January 1980
     std::optional<std::uint32_t> sum = {};
     std::optional<std::uint32_t> size = {};
+    bool wide = false;  // sizes and offsets told in 64 bits
     // Written into the central directory as 64-bit values, with all ones in the places of the usual fields.
     std::optional<std::uint64_t> packedSize64 = {};
     std::optional<std::uint64_t> headerOffset64 = {};

@@ -45,6 +45,16 @@ TEST_F(Unzip, FailsInAnotherOrderForMemory) {
     EXPECT_FALSE(FileExists(Dest()));
 }
 
+TEST_F(Unzip, WritesNoByteFromBeyondTheBlock) {
+    // A packed size that wraps around when it is added to.
+    const std::string archive = WriteArchive(
+        {{.name = "a", .content = "content", .method = 0, .packedSize64 = ~std::uint64_t{0} - 8}});
+    CreateDirectoryW(Dest().c_str(), nullptr);
+    OptionObject options = MemoryOptions(archive, Dest());
+    EXPECT_EQ(Run(options).text, "fail: DISPATCH null, EMPTY, I4 " + std::to_string(E_FAIL));
+    EXPECT_TRUE(ReadTree(Dest()).empty());
+}
+
 // Sets an event when it is called, whatever with, like the callbacks of the host's start.
 class Signal : public ComObject<IDispatch> {
   public:
