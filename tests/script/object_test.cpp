@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/bstr.h"
 #include "script/properties.h"
-#include "tests/support/leak_check.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/script_bench.h"
@@ -33,6 +33,120 @@ TEST(ScriptArray, WalksFromTheHighestIndexDown) {
         L"var seen = []; for (var i in external) seen.push(i + external[i]);"
         L"ok(seen.join() === '2z,1y,0x', seen.join());");
     EXPECT_EQ(ValueText(GetMember(array.Get(), L"length").value), "UI8 3");
+}
+
+DISPID Ensure(IDispatchEx* object, const wchar_t* name, DISPID untouched) {
+    const Bstr text(name);
+    DISPID id = untouched;
+    object->GetDispID(text.Get(), fdexNameEnsure, &id);
+    return id;
+}
+
+TEST(ScriptObject, NumbersPropertiesDownwardsThroughTheProcess) {
+    const auto first = MakeCom<CObject>();
+    const auto second = MakeCom<CObject>();
+    const DISPID a = Ensure(first.Get(), L"a", 0);
+    EXPECT_LE(a, -6001);
+    EXPECT_EQ(Ensure(second.Get(), L"a", 0), a - 1);
+    EXPECT_EQ(Ensure(first.Get(), L"b", 0), a - 2);
+    // A name that is there gives no id, and takes none.
+    EXPECT_EQ(Ensure(first.Get(), L"a", 77), 77);
+    EXPECT_EQ(Ensure(first.Get(), L"c", 0), a - 3);
+    Bstr name;
+    EXPECT_THAT(first->GetMemberName(a, name.Receive()), HasStatus(S_OK));
+    EXPECT_EQ(name.View(), L"a");
+    EXPECT_THAT(first->GetMemberName(a - 1, name.Receive()), HasStatus(DISP_E_UNKNOWNNAME));
+}
+
+TEST(ScriptObject, RefusesWhatItCannotDo) {
+    const auto object = MakeCom<CObject>();
+    SetScriptProperty(object.Get(), L"a", Variant::I4(1));
+    Variant result;
+    DISPID id = 0;
+    DISPPARAMS none = {};
+    ASSERT_THAT(IdOf(object.Get(), L"a", &id), HasStatus(S_OK));
+    const auto invoke = [&](DISPID member, WORD flags, VARIANT* slot) {
+        return object->Invoke(member, IID_NULL, kScriptLocale, flags, &none, slot, nullptr, nullptr);
+    };
+    EXPECT_THAT(invoke(id, DISPATCH_METHOD, &result), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(invoke(id, DISPATCH_PROPERTYPUTREF, nullptr), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(invoke(id, DISPATCH_PROPERTYGET, nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(invoke(id, DISPATCH_PROPERTYPUT, nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(invoke(0, DISPATCH_PROPERTYGET, &result), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(object->DeleteMemberByDispID(id), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(object->GetDispID(nullptr, 0, &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(object->GetDispID(nullptr, fdexNameEnsure, nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_EQ(object->Count(), 1u);
+}
+
+TEST(ScriptObject, CarriesRawPointersWithoutOwningThem) {
+    const auto object = MakeCom<CObject>();
+    int target = 5;
+    SetScriptProperty(object.Get(), L"p", Variant::Pointer(&target));
+    const Variant back = ReadScriptProperty(object.Get(), L"p");
+    EXPECT_EQ(back.vt, VT_PTR);
+    EXPECT_EQ(back.byref, &target);
+}
+
+TEST(ScriptObject, OwnsItsValues) {
+    const long before = liveComObjects;
+    {
+        const auto outer = MakeCom<CObject>();
+        SetScriptProperty(outer.Get(), L"o", Variant::Object(MakeCom<CObject>().Get()));
+        SetScriptProperty(outer.Get(), L"u", Variant::Unknown(MakeCom<CArray>().Get()));
+        EXPECT_EQ(liveComObjects, before + 3);
+        PutMember(outer.Get(), L"o", 1);
+        EXPECT_EQ(liveComObjects, before + 2);
+    }
+    EXPECT_EQ(liveComObjects, before);
+}
+
+TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
+    const auto array = MakeCom<CArray>();
+    CallMember(array.Get(), L"push", L"zero");
+    CallMember(array.Get(), L"push");
+    EXPECT_EQ(ValueText(GetMember(array.Get(), L"1").value), "EMPTY");
+    SetScriptProperty(array.Get(), L"4", Variant::Text(L"taken"));
+    SetScriptProperty(array.Get(), L"length", Variant::I4(99));
+    EXPECT_EQ(ValueText(GetMember(array.Get(), L"length").value), "UI8 4");
+    EXPECT_THAT(CallMember(array.Get(), L"push", L"lost", 1, 2).status, HasStatus(S_OK));
+    EXPECT_EQ(ValueText(GetMember(array.Get(), L"4").value), "BSTR taken");
+    EXPECT_THAT(PutMember(array.Get(), L"length", 1).status, HasStatus(E_INVALIDARG));
+}
+
+TEST(ScriptObjects, AreMadeByTheirTypeNames) {
+    ComPtr<IDispatch> made;
+    EXPECT_THAT(CreateScriptObject(L"Array", made.GetAddressOf()), HasStatus(S_OK));
+    DISPID id = 0;
+    EXPECT_THAT(IdOf(made.Get(), L"push", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -8999);
+    made.Reset();
+    EXPECT_THAT(CreateScriptObject(L"OBJECT", made.GetAddressOf()), HasStatus(S_OK));
+    EXPECT_THAT(IdOf(made.Get(), L"push", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    IDispatch* none = nullptr;
+    EXPECT_THAT(CreateScriptObject(L"map", &none), HasStatus(E_NOINTERFACE));
+    EXPECT_THAT(CreateScriptObject(nullptr, &none), HasStatus(E_NOINTERFACE));
+    EXPECT_THAT(CreateScriptObject(L"object", nullptr), HasStatus(E_INVALIDARG));
+}
+
+// Objects of the engine, not ours: reading, writing and calling them.
+TEST(ScriptValues, OfARealEngineAreReadWrittenAndCalled) {
+    ScriptBench bench(MakeCom<CObject>().Get());
+    bench.Run(L"var bag = {text: 'x', add: function (a, b) { return a + '/' + b; }};");
+    const Variant bag = bench.Evaluate(L"bag");
+    ASSERT_EQ(ValueText(bag), "DISPATCH");
+    Variant absent;
+    EXPECT_THAT(GetScriptProperty(bag.pdispVal, L"none", &absent), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_EQ(ValueText(absent), "EMPTY");
+    const auto object = MakeCom<CObject>();
+    EXPECT_THAT(SetScriptProperty(bag.pdispVal, L"made", Variant::Object(object.Get())), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(bench.Evaluate(L"typeof bag.made")), "BSTR object");
+    const Variant add = ReadScriptProperty(bag.pdispVal, L"add");
+    Variant joined;
+    EXPECT_THAT(CallWithContext(add.pdispVal, Variant::I4(1), Variant::Text(L"c"), &joined), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(joined), "BSTR 1/c");
+    EXPECT_THAT(GetScriptProperty(nullptr, L"a", &absent), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(GetScriptProperty(bag.pdispVal, L"a", nullptr), HasStatus(E_POINTER));
 }
 
 }  // namespace

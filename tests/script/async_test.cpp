@@ -1,0 +1,185 @@
+#include "script/async.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "base/com_object.h"
+#include "base/status.h"
+#include "script/object.h"
+#include "script/properties.h"
+#include "script/ticket.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/status_text.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Runs on a thread in the multi-threaded apartment while this one pumps.
+template <class Work>
+void OnWorker(Work work) {
+    std::atomic<bool> done = false;
+    std::thread worker([&] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        work();
+        CoUninitialize();
+        done = true;
+    });
+    EXPECT_TRUE(PumpUntil([&] { return done.load(); }));
+    worker.join();
+}
+
+TEST(ScriptTicket, TakesACallbackToAnotherThreadOnce) {
+    const long before = liveComObjects;
+    {
+        const auto function = MakeCom<Recorder>([](const Recorder::Record&) { return Variant::I4(42); });
+        Ticket first(function.Get());
+        Ticket ticket;
+        ticket = std::move(first);
+        EXPECT_FALSE(first.Redeem()) << "a moved ticket has no claim";
+        OnWorker([&] {
+            const auto proxy = ticket.Redeem();
+            EXPECT_FALSE(ticket.Redeem());
+            Variant answer;
+            const Variant five = Variant::I4(5);
+            EXPECT_THAT(CallScriptFunction(proxy.Get(), {&five}, &answer), HasStatus(S_OK));
+            EXPECT_EQ(ValueText(answer), "I4 42");
+        });
+        EXPECT_THAT(function->Texts(), ElementsAre("I4 5"));
+        EXPECT_EQ(function->calls[0].thread, GetCurrentThreadId());
+    }
+    EXPECT_EQ(liveComObjects, before);
+}
+
+TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
+    const long before = liveComObjects;
+    {
+        const auto function = MakeCom<Recorder>();
+        const Ticket dropped(function.Get());
+        Ticket replaced(function.Get());
+        replaced = Ticket();
+    }
+    EXPECT_EQ(liveComObjects, before);
+    EXPECT_THROW(Ticket(static_cast<IDispatch*>(nullptr)), StatusError);
+}
+
+TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
+    Ticket ticket;
+    std::thread([&] {
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        ticket = Ticket(MakeCom<Recorder>().Get());
+        CoUninitialize();
+    }).join();
+    OnWorker([&] {
+        const auto dead = ticket.Redeem();
+        if (dead) {
+            EXPECT_LT(CallScriptFunction(dead.Get()), 0);
+        }
+    });
+}
+
+// What the runs of these tests do; script chooses by options.
+HRESULT Work(const AsyncTask& task) {
+    if (task.progress) {
+        const Variant half = Variant::I4(50);
+        CallWithContext(task.progress.Get(), half, task.context, nullptr);
+    }
+    if (task.options.Flag(L"boom")) throw StatusError(E_ABORT);
+    return task.options.Integer(L"status").value_or(S_OK);
+}
+
+void Fail(const AsyncTask& task, HRESULT status) {
+    const Variant code = Variant::I4(status);
+    CallScriptFunction(task.fail.Get(), {&code, &task.context});
+}
+
+constexpr AsyncMember kMember = {Work, SucceedWithContext, Fail};
+
+class AsyncRun : public testing::Test {
+  protected:
+    AsyncRun() {
+        progress_ = MakeCom<Recorder>();
+        success_ = MakeCom<Recorder>();
+        fail_ = MakeCom<Recorder>();
+    }
+
+    OptionObject AllCallbacks() {
+        OptionObject options;
+        options.Set(L"progress", static_cast<IDispatch*>(progress_.Get()));
+        options.Set(L"success", static_cast<IDispatch*>(success_.Get()));
+        options.Set(L"fail", static_cast<IDispatch*>(fail_.Get()));
+        return options;
+    }
+
+    // Until the worker has let go of everything: then the plug-in is held here alone.
+    void Run(const OptionObject& options) {
+        const auto plugin = MakeCom<CObject>();
+        StartAsync(kMember, plugin.Get(), options);
+        EXPECT_TRUE(PumpUntil([&] {
+            plugin->AddRef();
+            return plugin->Release() == 1;
+        }));
+    }
+
+    void TearDown() override {
+        progress_.Reset();
+        success_.Reset();
+        fail_.Reset();
+        EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before_; })) << "something is left of a run";
+    }
+
+    const long before_ = liveComObjects;
+    ComPtr<Recorder> progress_, success_, fail_;
+};
+
+TEST_F(AsyncRun, EndsInOneSuccess) {
+    Run(AllCallbacks().Set(L"context", L"mine"));
+    EXPECT_THAT(progress_->Texts(), ElementsAre("I4 50, BSTR mine"));
+    EXPECT_THAT(success_->Texts(), ElementsAre("BSTR mine"));
+    EXPECT_THAT(fail_->Texts(), IsEmpty());
+    EXPECT_EQ(success_->calls[0].thread, GetCurrentThreadId());
+}
+
+TEST_F(AsyncRun, EndsInOneFailure) {
+    Run(AllCallbacks().Set(L"boom", true));
+    Run(AllCallbacks().Set(L"status", static_cast<int>(E_NOINTERFACE)));
+    EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_ABORT) + ", EMPTY",
+                                            "I4 " + std::to_string(E_NOINTERFACE) + ", EMPTY"));
+    EXPECT_THAT(success_->Texts(), IsEmpty());
+}
+
+TEST_F(AsyncRun, EndsInSilenceAfterACancel) {
+    Run(AllCallbacks().Set(L"status", static_cast<int>(kEndInSilence)));
+    EXPECT_EQ(progress_->calls.size(), 1u);
+    EXPECT_THAT(success_->Texts(), IsEmpty());
+    EXPECT_THAT(fail_->Texts(), IsEmpty());
+}
+
+TEST_F(AsyncRun, HandsAnObjectBackAsContext) {
+    const auto context = MakeCom<CObject>();
+    Run(AllCallbacks().Set(L"context", static_cast<IDispatch*>(context.Get())));
+    ASSERT_THAT(success_->Texts(), ElementsAre("DISPATCH"));
+    EXPECT_EQ(success_->calls[0].arguments[0].pdispVal, static_cast<IDispatch*>(context.Get()));
+}
+
+TEST_F(AsyncRun, TakesWhatIsNoFunctionAsAbsent) {
+    OptionObject options;
+    options.Set(L"progress", L"text").Set(L"success", nullptr).Set(L"fail", 3).Set(L"boom", true);
+    Run(options);
+}
+
+TEST_F(AsyncRun, RunsSideBySide) {
+    const auto plugin = MakeCom<CObject>();
+    for (int i = 0; i < 20; ++i)
+        StartAsync(kMember, plugin.Get(), AllCallbacks().Set(L"context", i));
+    EXPECT_TRUE(PumpUntil([&] { return success_->calls.size() == 20; }));
+    EXPECT_EQ(progress_->calls.size(), 20u);
+}
+
+}  // namespace
+}  // namespace tarvik

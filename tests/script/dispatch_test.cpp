@@ -1,0 +1,243 @@
+#include "script/dispatch.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "base/text.h"
+#include "script/properties.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/status_text.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A plug-in with a row for each kind of argument, result and access; it notes what its handlers got.
+class CSample : public TableDispatch<CSample> {
+  public:
+    static constexpr char kClassName[] = "CSample";
+    static std::span<const Member<CSample>> Members();
+
+    bool TakeBool(bool value) { return Note(value ? "true" : "false"), value; }
+    Bstr TakeText(BSTR value) {
+        Note(value ? "text " + Narrow(Bstr::View(value)) : "null text");
+        return Bstr(Bstr::View(value));
+    }
+    ComPtr<IDispatch> TakeObject(IDispatch* value) { return Note(value ? "object" : "null object"), value; }
+    Integer TakeLoose(LooseInt value) { return Note(std::to_string(value.value)), Integer{value.value}; }
+    Variant TakeExact(ExactInt value) { return Note(std::to_string(value.value)), Variant::UI4(7); }
+    void TakeAny(AnyValue value) { Note(ValueText(*value.value)); }
+    Outcome TakeOptional(BSTR, std::optional<ExactInt> number) {
+        Note(number ? std::to_string(number->value) : "missing");
+        return {number ? S_OK : S_FALSE};
+    }
+    HRESULT Three(bool, BSTR text, ExactInt) { return Note(Narrow(Bstr::View(text))), E_ABORT; }
+    HRESULT Raw(const Call& call) { return Note("raw " + std::to_string(call.Count())), S_OK; }
+    Integer GetSize() { return {size_}; }
+    HRESULT SetSize(ExactInt value) {
+        if (value.value == 0) throw StatusError(E_INVALIDARG);
+        return size_ = value.value, S_OK;
+    }
+    HRESULT Run(IDispatch* function) {
+        CallScriptFunction(function);
+        return Note("survived"), S_OK;
+    }
+    bool Refuse() { throw StatusError(E_ABORT); }
+
+    std::vector<std::string> notes;
+    std::function<void()> atEnd;
+    ~CSample() override {
+        if (atEnd) atEnd();
+    }
+
+  private:
+    void Note(std::string text) { notes.push_back(std::move(text)); }
+    LONG size_ = 3;
+};
+
+constexpr Member<CSample> kMembers[] = {
+    Method<&CSample::TakeBool>(-10000, L"takeBool"),
+    Method<&CSample::TakeText>(-9999, L"takeText"),
+    Method<&CSample::TakeObject>(-9998, L"takeObject"),
+    Method<&CSample::TakeLoose>(-9997, L"takeLoose"),
+    Method<&CSample::TakeExact>(-9996, L"takeExact"),
+    Method<&CSample::TakeAny>(-9995, L"takeAny"),
+    Method<&CSample::TakeOptional>(-9994, L"takeOptional"),
+    Method<&CSample::Three>(-9993, L"three"),
+    RawMethod<&CSample::Raw, 1, 3>(-9992, L"raw"),
+    Property<&CSample::GetSize, &CSample::SetSize>(-9991, L"size"),
+    ReadOnly<&CSample::GetSize>(-9990, L"fixed"),
+    WriteOnly<&CSample::SetSize>(-9989, L"sink"),
+    Method<&CSample::Run>(-9987, L"run"),
+    Method<&CSample::Refuse>(-9986, L"refuse"),
+};
+static_assert(IsInOrder(kMembers));
+constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Refuse>(-9999, L"takeBool")};
+constexpr Member<CSample> kWrongOrder[] = {kMembers[1], kMembers[0]};
+static_assert(!IsInOrder(kSameName) && !IsInOrder(kWrongOrder));
+
+std::span<const Member<CSample>> CSample::Members() {
+    return kMembers;
+}
+
+class MemberTable : public testing::Test {
+  protected:
+    template <class... Args>
+    HRESULT StatusOf(const wchar_t* name, Args&&... args) {
+        return CallMember(sample_.Get(), name, std::forward<Args>(args)...).status;
+    }
+    template <class... Args>
+    std::string ResultOf(const wchar_t* name, Args&&... args) {
+        const Outgoing out = CallMember(sample_.Get(), name, std::forward<Args>(args)...);
+        return FAILED(out.status) ? StatusText(out.status) : ValueText(out.value);
+    }
+    HRESULT InvokeId(DISPID id, WORD flags, VARIANT* result) {
+        DISPPARAMS none = {};
+        return sample_->Invoke(id, IID_NULL, kScriptLocale, flags, &none, result, nullptr, nullptr);
+    }
+
+    ComPtr<CSample> sample_ = MakeCom<CSample>();
+};
+
+TEST_F(MemberTable, HandsOverEachKindAndItsResult) {
+    const auto object = MakeCom<Recorder>();
+    EXPECT_EQ(ResultOf(L"takeBool", true), "BOOL true");
+    EXPECT_EQ(ResultOf(L"takeText", L"x"), "BSTR x");
+    EXPECT_EQ(ResultOf(L"takeObject", object.Get()), "DISPATCH");
+    EXPECT_EQ(ResultOf(L"takeLoose", L"12"), "I4 12");
+    EXPECT_EQ(ResultOf(L"takeLoose", 2.6), "I4 3");
+    EXPECT_EQ(ResultOf(L"takeLoose", L"no number"), "I4 0");
+    EXPECT_EQ(ResultOf(L"takeExact", Variant::UI4(0xFFFFFFFF)), "UI4 7");
+    EXPECT_EQ(ResultOf(L"takeAny", nullptr), "EMPTY");
+    EXPECT_THAT(sample_->notes, ElementsAre("true", "text x", "object", "12", "3", "0", "-1", "NULL"));
+}
+
+TEST_F(MemberTable, KeepsNullApartFromAbsent) {
+    Variant nullText;
+    nullText.bstrVal = nullptr;
+    nullText.vt = VT_BSTR;
+    StatusOf(L"takeText", std::move(nullText));
+    StatusOf(L"takeObject", Variant::Object(nullptr));
+    EXPECT_THAT(sample_->notes, ElementsAre("null text", "null object"));
+}
+
+TEST_F(MemberTable, RefusesWrongKinds) {
+    EXPECT_THAT(StatusOf(L"takeBool", 1), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(StatusOf(L"takeText", 1), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(StatusOf(L"takeObject", nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(StatusOf(L"takeExact", 1.0), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(StatusOf(L"takeOptional", L"a", 1.0), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(StatusOf(L"three", true, L"x", L"3"), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(sample_->notes, IsEmpty());
+}
+
+TEST_F(MemberTable, RefusesWrongCountsBeforeItLooksAtKinds) {
+    EXPECT_THAT(StatusOf(L"takeBool"), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(StatusOf(L"takeBool", 1, 2), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(StatusOf(L"takeOptional"), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(StatusOf(L"raw"), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(StatusOf(L"raw", 1, 2, 3, 4), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(sample_->notes, IsEmpty());
+    EXPECT_THAT(StatusOf(L"raw", 1, L"2", true), HasStatus(S_OK));
+    EXPECT_THAT(sample_->notes, ElementsAre("raw 3"));
+}
+
+TEST_F(MemberTable, ReadsArgumentsInScriptOrderAndMayMissTheLast) {
+    EXPECT_THAT(StatusOf(L"three", true, L"middle", 3), HasStatus(E_ABORT));
+    EXPECT_EQ(ResultOf(L"takeOptional", L"a"), "BOOL false");
+    EXPECT_EQ(ResultOf(L"takeOptional", L"a", 5), "BOOL true");
+    EXPECT_THAT(sample_->notes, ElementsAre("middle", "missing", "5"));
+}
+
+TEST_F(MemberTable, TestsTheKindOfAccess) {
+    EXPECT_EQ(ValueText(GetMember(sample_.Get(), L"size").value), "I4 3");
+    EXPECT_THAT(PutMember(sample_.Get(), L"size", 9).status, HasStatus(S_OK));
+    EXPECT_EQ(ValueText(GetMember(sample_.Get(), L"fixed").value), "I4 9");
+    EXPECT_THAT(PutMember(sample_.Get(), L"size", 0).status, HasStatus(E_INVALIDARG));
+    EXPECT_THAT(PutMember(sample_.Get(), L"fixed", 1).status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(GetMember(sample_.Get(), L"sink").status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(GetMember(sample_.Get(), L"takeBool").status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(StatusOf(L"size"), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(InvokeMember(sample_.Get(), L"size", DISPATCH_PROPERTYPUTREF, {}).status,
+                HasStatus(E_NOTIMPL));
+    // A call and a read together, as engines ask when a value is wanted, is a call.
+    std::vector<Variant> argument;
+    argument.push_back(Variant::Bool(true));
+    const WORD both = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+    EXPECT_EQ(ValueText(InvokeMember(sample_.Get(), L"takeBool", both, std::move(argument)).value),
+              "BOOL true");
+}
+
+TEST_F(MemberTable, NeedsASlotOnlyForReads) {
+    EXPECT_THAT(InvokeId(-9991, DISPATCH_PROPERTYGET, nullptr), HasStatus(E_INVALIDARG));
+    Variant argument = Variant::Bool(true);
+    DISPPARAMS one = {&argument, nullptr, 1, 0};
+    EXPECT_THAT(sample_->Invoke(-10000, IID_NULL, 0, DISPATCH_METHOD, &one, nullptr, nullptr, nullptr),
+                HasStatus(S_OK));
+}
+
+TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
+    DISPID id = 0;
+    EXPECT_THAT(IdOf(sample_.Get(), L"takeText", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -9999);
+    EXPECT_THAT(IdOf(sample_.Get(), L"TakeText", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(IdOf(sample_.Get(), L"", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    Variant result;
+    for (const DISPID unknown : {-10001, -9988, -9985, 0})
+        EXPECT_THAT(InvokeId(unknown, DISPATCH_METHOD, &result), HasStatus(E_NOTIMPL)) << unknown;
+    UINT count = 0;
+    ITypeInfo* info = nullptr;
+    EXPECT_THAT(sample_->GetTypeInfoCount(&count), HasStatus(E_NOTIMPL));
+    EXPECT_THAT(sample_->GetTypeInfo(0, 0, &info), HasStatus(E_NOTIMPL));
+}
+
+TEST_F(MemberTable, TurnsExceptionsIntoStatuses) {
+    EXPECT_THAT(StatusOf(L"refuse"), HasStatus(E_ABORT));
+    ScriptBench bench(sample_.Get());
+    bench.Run(
+        L"var number = 0; try { external.refuse(); } catch (e) { number = e.number; }"
+        L"ok(number === 0x80004004 - 0x100000000, 'the status is the number: ' + number);");
+}
+
+// Script may drop its last reference in a callback while the member that called it still runs.
+TEST_F(MemberTable, LivesToTheEndOfTheCall) {
+    bool gone = false;
+    bool goneTooEarly = false;
+    sample_->atEnd = [&] { gone = true; };
+    CSample* const bare = sample_.Get();
+    const auto function = MakeCom<Recorder>([&](const Recorder::Record&) {
+        sample_.Reset();
+        goneTooEarly = gone;
+        return Variant();
+    });
+    EXPECT_THAT(CallMember(bare, L"run", static_cast<IDispatch*>(function.Get())).status, HasStatus(S_OK));
+    EXPECT_FALSE(goneTooEarly);
+    EXPECT_TRUE(gone);
+}
+
+// The base of script objects without a table has answers of its own.
+class CBare : public CDispatchBase {
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return E_NOTIMPL;
+    }
+};
+
+TEST(DispatchBase, AnswersTwoInterfaces) {
+    const auto bare = MakeCom<CBare>();
+    void* out = &out;
+    EXPECT_THAT(bare->QueryInterface(__uuidof(IStream), &out), HasStatus(E_NOTIMPL));
+    EXPECT_EQ(out, nullptr);
+    EXPECT_THAT(bare->QueryInterface(IID_IDispatch, nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_TRUE(Query<IDispatch>(bare.Get()));
+}
+
+}  // namespace
+}  // namespace tarvik
