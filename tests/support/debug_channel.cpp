@@ -1,0 +1,34 @@
+#include "tests/support/debug_channel.h"
+
+#include <windows.h>
+
+namespace tarvik {
+
+namespace {
+
+// The system reports each text as an exception, which a debugger takes; the text is narrow.
+constexpr DWORD kNarrowText = 0x40010006;  // DBG_PRINTEXCEPTION_C
+
+DebugChannel* listening = nullptr;
+
+LONG CALLBACK Listen(EXCEPTION_POINTERS* pointers) {
+    const EXCEPTION_RECORD& record = *pointers->ExceptionRecord;
+    if (record.ExceptionCode != kNarrowText || !listening) return EXCEPTION_CONTINUE_SEARCH;
+    // The length counts the terminator.
+    listening->texts.emplace_back(reinterpret_cast<const char*>(record.ExceptionInformation[1]),
+                                  record.ExceptionInformation[0] - 1);
+    return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+}  // namespace
+
+DebugChannel::DebugChannel() : handler_(AddVectoredExceptionHandler(TRUE, Listen)) {
+    listening = this;
+}
+
+DebugChannel::~DebugChannel() {
+    listening = nullptr;
+    RemoveVectoredExceptionHandler(handler_);
+}
+
+}  // namespace tarvik
