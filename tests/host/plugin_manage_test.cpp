@@ -1,0 +1,173 @@
+#include "host/plugin_manage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/text.h"
+#include "host/browser_host.h"
+#include "host/registry/plugin_base.h"
+#include "host/registry/plugin_library.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+// Notes what all plug-ins of the test were told, each under its number.
+std::vector<std::string> told;
+int made = 0;
+
+class CFake : public TablePlugin<CFake> {
+  public:
+    static constexpr char kClassName[] = "CFake";
+    static std::span<const Member<CFake>> Members() { return {}; }
+
+    STDMETHODIMP Initialize(TVK::ICore*, IUnknown*) override { return Tell("initialize"), E_FAIL; }
+    STDMETHODIMP OnNavigateComplete(void*) override { return Tell("navigate"), E_FAIL; }
+    STDMETHODIMP OnDocumentComplete(void*) override { return Tell("document"), E_FAIL; }
+
+  private:
+    void Tell(const char* what) { told.push_back(std::to_string(number_) + " " + what); }
+    const int number_ = ++made;
+};
+
+HRESULT STDAPICALLTYPE Broken(REFIID, void** out) {
+    *out = nullptr;
+    return E_ABORT;
+}
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CFake>(L"kept", TVK::kRetainedPlugin) &&
+                                         RegisterBuiltIn<CFake>(L"alsoKept", TVK::kRetainedPlugin) &&
+                                         RegisterBuiltIn<CFake>(L"fresh", TVK::kTransientPlugin) &&
+                                         RegisterPlugin(L"broken", Broken, TVK::kRetainedPlugin) == S_OK;
+
+class PluginManage : public testing::Test {
+  protected:
+    PluginManage() {
+        told.clear();
+        made = 0;
+    }
+
+    DISPID Create(CPluginManage& plugins, const wchar_t* name) {
+        EXPECT_THAT(plugins.CreatePlugin(name, nullptr, nullptr, nullptr), HasStatus(S_OK));
+        return plugins.GetPluginId(name);
+    }
+
+    const long before_ = liveComObjects;
+    CPluginManage plugins_;
+};
+
+TEST_F(PluginManage, KeepsRetainedPluginsAndMakesTransientOnesAnew) {
+    const DISPID kept = Create(plugins_, L"kept");
+    const DISPID fresh = Create(plugins_, L"fresh");
+    EXPECT_EQ(fresh, kept - 1);
+    EXPECT_EQ(liveComObjects, before_ + 1) << "the first transient instance is not kept";
+    {
+        ComPtr<TVK::IPlugin> one, same, other, another;
+        plugins_.GetPluginObject(kept, one.GetAddressOf());
+        plugins_.GetPluginObject(kept, same.GetAddressOf());
+        EXPECT_EQ(one.Get(), same.Get());
+        plugins_.GetPluginObject(fresh, other.GetAddressOf());
+        plugins_.GetPluginObject(fresh, another.GetAddressOf());
+        EXPECT_NE(other.Get(), another.Get());
+    }
+    EXPECT_THAT(told, ElementsAre("1 initialize", "2 initialize", "3 initialize", "4 initialize"));
+    plugins_.Reset();
+    EXPECT_EQ(liveComObjects, before_);
+    EXPECT_EQ(plugins_.GetPluginId(L"kept"), CPluginManage::kNotCreatedYet);
+}
+
+TEST_F(PluginManage, NumbersPluginsThroughTheProcess) {
+    CPluginManage other;
+    const DISPID first = Create(plugins_, L"kept");
+    EXPECT_LE(first, -6001);
+    EXPECT_EQ(Create(other, L"kept"), first - 1);
+    EXPECT_EQ(plugins_.GetPluginId(L"Kept"), CPluginManage::kUnknownName);
+    EXPECT_EQ(plugins_.GetPluginId(L"alsoKept"), CPluginManage::kNotCreatedYet);
+}
+
+TEST_F(PluginManage, VisitsTheNewestFirst) {
+    Create(plugins_, L"kept");
+    Create(plugins_, L"fresh");
+    Create(plugins_, L"alsoKept");
+    told.clear();
+    plugins_.ForEachPlugin([this](TVK::IPlugin* plugin) {
+        plugin->OnNavigateComplete(nullptr);
+        plugins_.Reset();  // a window may close in the middle
+    });
+    EXPECT_THAT(told, ElementsAre("3 navigate", "1 navigate"));
+}
+
+TEST_F(PluginManage, LeavesNoTraceOfAFailure) {
+    ComPtr<TVK::IPlugin> out;
+    EXPECT_THAT(plugins_.CreatePlugin(L"broken", nullptr, nullptr, out.GetAddressOf()), HasStatus(E_ABORT));
+    EXPECT_EQ(plugins_.GetPluginId(L"broken"), CPluginManage::kNotCreatedYet);
+    EXPECT_THAT(plugins_.CreatePlugin(L"none", nullptr, nullptr, nullptr), HasStatus(E_FAIL));
+    EXPECT_THAT(plugins_.GetPluginObject(-1, out.GetAddressOf()), HasStatus(E_FAIL));
+    EXPECT_THAT(plugins_.GetPluginObject(-1, nullptr), HasStatus(E_INVALIDARG));
+}
+
+// The object that pages see, without a window.
+class External : public PluginManage {
+  protected:
+    External() { host_->GetExternal(external_.GetAddressOf()); }
+
+    ComPtr<CWebBrowserHost> host_ = MakeCom<CWebBrowserHost>();
+    ComPtr<IDispatch> external_;
+};
+
+TEST_F(External, GivesPluginsByName) {
+    DISPID id = 0;
+    EXPECT_THAT(IdOf(external_.Get(), L"loadPlugin", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -6999);
+    EXPECT_THAT(IdOf(external_.Get(), L"createWindow", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -6998);
+    EXPECT_THAT(IdOf(external_.Get(), L"none", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(IdOf(external_.Get(), L"broken", &id), HasStatus(E_ABORT));
+    EXPECT_EQ(ValueText(GetMember(external_.Get(), L"kept").value), "UNKNOWN");
+    EXPECT_EQ(made, 1);
+    // The first read makes one instance for the name and one for script.
+    GetMember(external_.Get(), L"fresh");
+    EXPECT_EQ(made, 3);
+    GetMember(external_.Get(), L"fresh");
+    EXPECT_EQ(made, 4);
+    EXPECT_THAT(CallMember(external_.Get(), L"kept").status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(CallMember(external_.Get(), L"loadPlugin", 5).status, HasStatus(E_INVALIDARG));
+    EXPECT_EQ(ValueText(CallMember(external_.Get(), L"loadPlugin", L"no such file").value), "BOOL false");
+}
+
+// In a process that has no library yet: later windows do not look again.
+TEST(PluginFolder, IsSearchedForLibrariesByTheFirstWindow) {
+    const fs::path sample = fs::path(ExecutablePath()).parent_path() / "sample_libraries" / "good.dll";
+    const TempFolder folder;
+    folder.Write(L"resource\\index.html", "");
+    folder.Write(L"plugins\\y.dll\\inside", "");
+    folder.Write(L"plugins\\broken.dll", "no library");
+    folder.Write(L"plugins\\sub\\inside", "");
+    const fs::path plugins = folder / L"plugins";
+    fs::copy_file(sample, plugins / "UPPER.DLL");
+    fs::copy_file(sample, plugins / "sub" / "below.dll");
+    const fs::path back = fs::current_path();
+    fs::current_path(folder.Path());
+    { const CPluginManage window; }
+    EXPECT_FALSE(HasPluginLibraries());
+    fs::copy_file(sample, plugins / "found.dll");
+    { const CPluginManage window; }
+    EXPECT_TRUE(HasPluginLibraries());
+    EXPECT_TRUE(GetModuleHandleW(L"found.dll"));
+    fs::copy_file(sample, plugins / "late.dll");
+    { const CPluginManage window; }
+    EXPECT_FALSE(GetModuleHandleW(L"late.dll"));
+    fs::current_path(back);
+    FreePluginLibraries();
+}
+
+}  // namespace
+}  // namespace tarvik

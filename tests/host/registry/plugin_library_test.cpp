@@ -1,0 +1,100 @@
+#include "host/registry/plugin_library.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/com_ptr.h"
+#include "base/text.h"
+#include "host/registry/plugin_registry.h"
+#include "tests/support/debug_channel.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+std::wstring Sample(const wchar_t* name) {
+    return ExecutablePath() + L"\\..\\sample_libraries\\" + name;
+}
+
+// The first bytes of a library for the machine given, enough to be recognised.
+std::string ImageFor(WORD machine) {
+    IMAGE_DOS_HEADER dos = {};
+    dos.e_magic = IMAGE_DOS_SIGNATURE;
+    dos.e_lfanew = sizeof dos;
+    const DWORD signature = IMAGE_NT_SIGNATURE;
+    IMAGE_FILE_HEADER header = {};
+    header.Machine = machine;
+    std::string image(reinterpret_cast<const char*>(&dos), sizeof dos);
+    image.append(reinterpret_cast<const char*>(&signature), sizeof signature);
+    return image.append(reinterpret_cast<const char*>(&header), sizeof header);
+}
+
+// From load to end, in one test: libraries are of the process.
+TEST(PluginLibrary, GivesPluginsUntilTheProcessEnds) {
+    EXPECT_FALSE(HasPluginLibraries());
+    ASSERT_THAT(LoadPluginLibrary(Sample(L"good.dll")), HasStatus(S_OK));
+    EXPECT_TRUE(HasPluginLibraries());
+    const PluginEntry* const entry = FindPlugin(L"sample");
+    ASSERT_TRUE(entry);
+    EXPECT_TRUE(entry->IsTransient());
+    EXPECT_FALSE(FindPlugin(L"Sample"));
+    {
+        ComPtr<TVK::IPlugin> plugin;
+        ASSERT_THAT(entry->factory(__uuidof(TVK::IPlugin), reinterpret_cast<void**>(plugin.GetAddressOf())),
+                    HasStatus(S_OK));
+        EXPECT_THAT(plugin->OnDocumentComplete(nullptr), HasStatus(E_NOTIMPL));
+        const auto face = Query<IDispatch>(plugin.Get());
+        EXPECT_EQ(ValueText(GetMember(face.Get(), L"answer").value), "I4 42");
+    }
+    // A name that is taken stays with its first owner; the library is kept all the same.
+    const auto factory = entry->factory;
+    EXPECT_THAT(LoadPluginLibrary(Sample(L"again.dll")), HasStatus(S_OK));
+    EXPECT_EQ(FindPlugin(L"sample")->factory, factory);
+    EXPECT_TRUE(GetModuleHandleW(L"again.dll"));
+
+    DebugChannel channel;
+    FreePluginLibraries();
+    EXPECT_THAT(channel.texts, ElementsAre("good", "again"));
+    EXPECT_FALSE(GetModuleHandleW(L"good.dll"));
+    EXPECT_FALSE(HasPluginLibraries());
+}
+
+class RefusedLibrary : public testing::TestWithParam<const wchar_t*> {};
+
+// The caller cannot tell these from a success, and nothing of them stays.
+TEST_P(RefusedLibrary, IsFreedInSilence) {
+    DebugChannel channel;
+    EXPECT_THAT(LoadPluginLibrary(Sample(GetParam())), HasStatus(S_OK));
+    EXPECT_FALSE(GetModuleHandleW(GetParam()));
+    EXPECT_EQ(channel.texts.size(), 1u) << "it was loaded, and freed";
+    for (const wchar_t* name : {L"none", L"wrongKind", L"noDescriptor", L"failing", L"throwing"})
+        EXPECT_FALSE(FindPlugin(name));
+    EXPECT_FALSE(HasPluginLibraries());
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, RefusedLibrary,
+                         testing::Values(L"no_export.dll", L"wrong_kind.dll", L"no_descriptor.dll",
+                                         L"failing.dll", L"throwing.dll"));
+
+TEST(PluginLibrary, RefusesWhatIsNo64BitImage) {
+    const TempFolder folder;
+    folder.Write(L"y.dll\\inside", "");
+    for (const auto& path : {folder.Write(L"32.dll", ImageFor(IMAGE_FILE_MACHINE_I386)),
+                             folder.Write(L"text.dll", "no image"), folder.Write(L"empty.dll", ""),
+                             folder.Write(L"cut.dll", ImageFor(IMAGE_FILE_MACHINE_AMD64).substr(0, 70)),
+                             folder / L"y.dll", folder / L"missing.dll"}) {
+        EXPECT_THAT(LoadPluginLibrary(path), HasStatus(E_FAIL)) << Narrow(path);
+    }
+    // The machine is right, so the look is passed; that the system cannot load it is not reported.
+    EXPECT_THAT(LoadPluginLibrary(folder.Write(L"64.dll", ImageFor(IMAGE_FILE_MACHINE_AMD64))),
+                HasStatus(S_OK));
+    EXPECT_FALSE(HasPluginLibraries());
+}
+
+}  // namespace
+}  // namespace tarvik
