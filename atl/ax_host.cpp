@@ -47,7 +47,8 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
                                                REFIID events, IUnknown* sink, BSTR) {
     if (!name || !IsWindow(window)) return E_INVALIDARG;
     return Guard([&] {
-        if (Window() != window && !SubclassWindow(window)) return E_FAIL;
+        // One site, one control: a second one would go unreleased.
+        if (!SubclassWindow(window)) return E_FAIL;
         AddRef();  // the window's own reference, given back at its final message
         ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
                                        reinterpret_cast<void**>(control_.ReleaseAndGetAddressOf())));

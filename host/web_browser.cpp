@@ -36,11 +36,8 @@ void SilenceNavigation() {
 
 HWND CWebBrowser::CreateHidden(HWND parent, const wchar_t* page) {
     AtlAxWinInit();
-    AddRef();  // the window's own reference, given back at its final message
     const Bstr parameter = page ? Bstr(page) : Bstr();
-    const HWND window =
-        Create(kWindowClass, kAxWindowClass, parent, nullptr, WS_OVERLAPPEDWINDOW, parameter.Get());
-    return window;
+    return Create(kWindowClass, kAxWindowClass, parent, nullptr, WS_OVERLAPPEDWINDOW, parameter.Get());
 }
 
 bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {

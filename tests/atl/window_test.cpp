@@ -1,0 +1,92 @@
+#include "atl/window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "atl/ax_window.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr UINT kProbe = WM_APP + 1;
+
+// Notes the messages it is asked for, and that its window is gone.
+class Noting : public CWindowImpl {
+  public:
+    Noting(std::string name, std::vector<std::string>& notes, bool takes = false)
+        : name_(std::move(name)), notes_(notes), takes_(takes) {}
+
+    bool destroysItself = false;
+
+  protected:
+    bool ProcessWindowMessage(UINT message, WPARAM, LPARAM, LRESULT& result) override {
+        if (message == WM_CREATE && destroysItself) DestroyWindow(Window());
+        if (message != kProbe && message != WM_DESTROY) return false;
+        notes_.push_back(name_ + (message == kProbe ? " probe" : " destroy"));
+        result = 7;
+        return takes_ && message == kProbe;
+    }
+    void OnFinalMessage(HWND) override { notes_.push_back(name_ + " final"); }
+
+  private:
+    std::string name_;
+    std::vector<std::string>& notes_;
+    bool takes_;
+};
+
+class Windows : public testing::Test {
+  protected:
+    Windows() { AtlAxWinInit(); }
+    static HWND Make(CWindowImpl& object) {
+        return object.Create(L"TarvikTestWindow", kAxWindowClass, nullptr, nullptr, WS_OVERLAPPEDWINDOW,
+                             nullptr);
+    }
+
+    std::vector<std::string> notes_;
+};
+
+TEST_F(Windows, AskTheObjectAttachedLastFirst) {
+    Noting first("first", notes_), second("second", notes_);
+    const HWND window = Make(first);
+    ASSERT_TRUE(window);
+    EXPECT_EQ(first.Window(), window);
+    ASSERT_TRUE(second.SubclassWindow(window));
+    EXPECT_FALSE(second.SubclassWindow(window));
+    EXPECT_EQ(SendMessageW(window, kProbe, 0, 0), 0);
+    EXPECT_THAT(notes_, ElementsAre("second probe", "first probe"));
+    notes_.clear();
+    DestroyWindow(window);
+    EXPECT_THAT(notes_, ElementsAre("second destroy", "first destroy", "first final", "second final"));
+    EXPECT_FALSE(first.Window() || second.Window());
+}
+
+TEST_F(Windows, EndAMessageWithTheObjectThatTakesIt) {
+    Noting first("first", notes_);
+    const HWND window = Make(first);
+    {
+        Noting taker("taker", notes_, true);
+        taker.SubclassWindow(window);
+        EXPECT_EQ(SendMessageW(window, kProbe, 0, 0), 7);
+        EXPECT_THAT(notes_, ElementsAre("taker probe"));
+    }
+    notes_.clear();
+    SendMessageW(window, kProbe, 0, 0);
+    EXPECT_THAT(notes_, ElementsAre("first probe")) << "an object that ended has left its window";
+    DestroyWindow(window);
+}
+
+TEST_F(Windows, AreNullWhenTheyWereDestroyedInTheirCreation) {
+    Noting object("object", notes_);
+    object.destroysItself = true;
+    EXPECT_FALSE(Make(object));
+    EXPECT_FALSE(object.Window());
+    EXPECT_THAT(notes_, ElementsAre("object destroy", "object final"));
+}
+
+}  // namespace
+}  // namespace tarvik

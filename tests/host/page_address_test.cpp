@@ -1,0 +1,78 @@
+#include "host/page_address.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/text.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Resolution {
+    const wchar_t* location;
+    const wchar_t* url;
+    const wchar_t* page;
+};
+
+constexpr Resolution kResolutions[] = {
+    {L"file:///C:/x/y/index.html", L"http://e/a", L"http://e/a"},
+    {L"file:///C:/x/y/index.html", L"D:\\z.html", L"D:\\z.html"},
+    {L"file:///C:/x/y/index.html?q=1#z", L"a/b.html", L"C:\\x\\y\\a/b.html"},
+    {L"file:///C:/x/y/index.html?q=1#z", L"..\\c.html", L"C:\\x\\c.html"},
+    {L"file:///C:/x/y/index.html#a?b", L"c.html", L"C:\\x\\y\\c.html"},
+    {L"FILE:///C:/my%20x/%C3%A4/index.html#z", L"c.html", L"C:\\my x\\\u00e4\\c.html"},
+    {L"file:///C:/100%/index.html", L"c.html", L"C:\\100%\\c.html"},
+    {L"http://e/x/index.html", L"c.html", L""},
+    {L"HTTPS://e/x/index.html", L"c.html", L""},
+    {L"about:blank", L"c.html", L"c.html"},
+    {L"", L"c.html", L"c.html"},
+};
+
+TEST(PageAddress, ResolvesAgainstTheLocationOfThePage) {
+    for (const auto& row : kResolutions) {
+        EXPECT_EQ(ResolveAgainst(row.url, row.location), row.page) << Narrow(row.location);
+    }
+}
+
+// Leaves the current folder as it was.
+class PageFolder : public testing::Test {
+  protected:
+    ~PageFolder() override { fs::current_path(back_); }
+
+    const fs::path back_ = fs::current_path();
+    const TempFolder folder_;
+};
+
+TEST_F(PageFolder, AcceptsUrlsAndFilesThatExist) {
+    const std::wstring page = folder_.Write(L"page.html", "");
+    const std::wstring hash = folder_.Write(L"a#b.html", "");
+    EXPECT_TRUE(PageExists(page));
+    EXPECT_TRUE(PageExists(page + L"#top"));
+    EXPECT_TRUE(PageExists(L"http://nowhere/page.html"));
+    EXPECT_FALSE(PageExists(page + L"?query"));
+    EXPECT_FALSE(PageExists(hash)) << "what follows the # is no part of the name";
+    EXPECT_FALSE(PageExists(L""));
+    fs::current_path(folder_.Path());
+    folder_.Write(L"#own.html", "");
+    EXPECT_TRUE(PageExists(L"#own.html"));
+}
+
+TEST_F(PageFolder, ChoosesThePageOfTheCurrentFolderOrTheExecutable) {
+    EXPECT_EQ(ChoosePage(L"asked"), L"asked");
+    EXPECT_EQ(ChoosePage(L""), L"");
+    fs::current_path(folder_.Path());
+    const fs::path beside = fs::path(ExecutablePath()).parent_path();
+    EXPECT_EQ(ChoosePage(nullptr), ExecutablePath() + L"\\..\\resource\\index.html");
+    EXPECT_EQ(fs::current_path(), beside);
+
+    fs::current_path(folder_.Path());
+    folder_.Write(L"resource\\other.html", "");
+    EXPECT_EQ(ChoosePage(nullptr), fs::current_path().wstring() + L"\\resource\\index.html");
+}
+
+}  // namespace
+}  // namespace tarvik

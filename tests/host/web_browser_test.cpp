@@ -1,0 +1,139 @@
+// Browser windows with the system's own control.
+
+#include "host/web_browser.h"
+
+#include <exdispid.h>
+#include <gtest/gtest.h>
+
+#include "atl/ax_window.h"
+#include "base/bstr.h"
+#include "base/variant.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/members.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+// Notes the events of a control.
+class Listener {
+  public:
+    void OnEvent(DISPID id, const DISPPARAMS&) { before += id == DISPID_BEFORENAVIGATE2; }
+    int before = 0;
+};
+
+class BrowserWindow : public testing::Test {
+  protected:
+    BrowserWindow() { appModule.AddMessageLoop(&loop_); }
+    ~BrowserWindow() override { appModule.RemoveMessageLoop(); }
+
+    static ComPtr<IWebBrowser2> ControlOf(HWND window) {
+        return Query<IWebBrowser2>(AtlAxGetControl(window).Get());
+    }
+
+    void OpenAndClose() const {
+        const auto browser = MakeCom<CWebBrowser>();
+        const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+        ASSERT_TRUE(window);
+        PumpOnce();
+        DestroyWindow(window);
+        PumpOnce();
+    }
+
+    CMessageLoop loop_;
+    const TempFolder folder_;
+    const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
+};
+
+TEST_F(BrowserWindow, HoldsAControlThatFillsIt) {
+    const long before = liveComObjects;
+    {
+        const auto browser = MakeCom<CWebBrowser>();
+        const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+        ASSERT_TRUE(window);
+        EXPECT_FALSE(IsWindowVisible(window));
+        ASSERT_TRUE(ControlOf(window));
+        EXPECT_TRUE(Query<IWebbrowserHost>(AtlAxGetHost(window).Get()));
+
+        SetWindowPos(window, nullptr, 0, 0, 431, 287, SWP_NOMOVE | SWP_NOZORDER);
+        RECT client = {}, control = {};
+        GetClientRect(window, &client);
+        const HWND child = GetWindow(window, GW_CHILD);
+        ASSERT_TRUE(child);
+        GetClientRect(child, &control);
+        EXPECT_EQ(control.right, client.right);
+        EXPECT_EQ(control.bottom, client.bottom);
+
+        Listener listener;
+        const auto sink = MakeCom<EventSink<Listener>>(&listener, DIID_DWebBrowserEvents2);
+        ComPtr<IConnectionPoint> point;
+        DWORD cookie = 0;
+        const auto points = Query<IConnectionPointContainer>(ControlOf(window).Get());
+        ASSERT_THAT(points->FindConnectionPoint(DIID_DWebBrowserEvents2, point.GetAddressOf()),
+                    HasStatus(S_OK));
+        ASSERT_THAT(point->Advise(sink.Get(), &cookie), HasStatus(S_OK));
+        Variant url = Variant::Text(page_), none;
+        ControlOf(window)->Navigate2(&url, &none, &none, &none, &none);
+        EXPECT_TRUE(PumpUntil([&] { return listener.before > 0; }));
+        point->Unadvise(cookie);
+
+        DestroyWindow(window);
+        PumpOnce();
+        EXPECT_FALSE(browser->GetWindowHandle());
+    }
+    EXPECT_EQ(liveComObjects, before);
+}
+
+TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
+    const long before = liveComObjects;
+    EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, (folder_ / L"none.html").c_str()));
+    EXPECT_EQ(liveComObjects, before);
+}
+
+TEST_F(BrowserWindow, MakesAnotherThatMayBeOwned) {
+    const auto browser = MakeCom<CWebBrowser>();
+    const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+    ASSERT_TRUE(window);
+    ComPtr<IDispatch> none;
+    EXPECT_TRUE(FAILED(browser->CreateBrowserWindow((folder_ / L"none.html").c_str(), FALSE, nullptr, nullptr,
+                                                    none.GetAddressOf())));
+    EXPECT_FALSE(none);
+    EXPECT_THAT(browser->CreateBrowserWindow(page_.c_str(), TRUE, nullptr, nullptr, nullptr),
+                HasStatus(S_OK));
+    HWND owned = nullptr;
+    while ((owned = FindWindowExW(nullptr, owned, L"TarvikBrowserWindow", nullptr)) != nullptr) {
+        if (GetWindow(owned, GW_OWNER) == window) break;
+    }
+    EXPECT_TRUE(owned);
+    DestroyWindow(window);
+    EXPECT_FALSE(IsWindow(owned)) << "an owned window goes with its owner";
+    PumpOnce();
+}
+
+// Addresses that the page asks new windows for are not opened by the control.
+TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
+    const auto browser = MakeCom<CWebBrowser>();
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    VARIANT arguments[5] = {};
+    arguments[3].vt = VT_BOOL | VT_BYREF;
+    arguments[3].pboolVal = &cancel;
+    DISPPARAMS parameters = {arguments, nullptr, 5, 0};
+    browser->OnEvent(DISPID_NEWWINDOW3, parameters);
+    EXPECT_EQ(cancel, VARIANT_TRUE);
+    parameters.cArgs = 0;
+    browser->OnEvent(DISPID_NEWWINDOW3, parameters);
+}
+
+TEST_F(BrowserWindow, LeavesNothingBehind) {
+    OpenAndClose();
+    OpenAndClose();
+    const Holdings before = Holdings::Now();
+    for (int i = 0; i < 10; ++i)
+        OpenAndClose();
+    EXPECT_EQ(Holdings::Now().GrownSince(before), "");
+}
+
+}  // namespace
+}  // namespace tarvik
