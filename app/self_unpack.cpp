@@ -47,6 +47,10 @@ std::wstring TemporaryFolderName() {
     return temp + ticks;
 }
 
+bool IsThere(const std::wstring& folder) {
+    return !folder.empty() && PathFileExistsW(folder.c_str());
+}
+
 void UnpackInto(const std::wstring& folder) {
     const auto zip = MakeCom<CZipPlugin>();
     const UniqueHandle finished(CreateEventW(nullptr, TRUE, FALSE, nullptr));
@@ -76,12 +80,15 @@ HRESULT SelfUnpack(std::wstring& folder) {
         folder = name;
         UnpackInto(folder);
     });
-    if (FAILED(status)) RemoveUnpacked(folder);
+    if (FAILED(status) && IsThere(folder)) DeleteFolder(folder);
     return status;
 }
 
 void RemoveUnpacked(const std::wstring& folder) {
-    if (!folder.empty() && PathFileExistsW(folder.c_str())) DeleteFolder(folder);
+    if (!IsThere(folder)) return;
+    // The system keeps the current folder of a process.
+    SetCurrentDirectoryW((folder + L"\\..").c_str());
+    DeleteFolder(folder);
 }
 
 }  // namespace tarvik

@@ -11,7 +11,8 @@ namespace tarvik {
 // the folder's name once it was made, and keeps it when the rest fails, although the folder is then gone.
 HRESULT SelfUnpack(std::wstring& folder);
 
-// Removes an unpacked folder, if there is one. What is still in use stays behind, with no report.
+// Leaves an unpacked folder and removes it, if there is one. What is still in use stays behind, with no
+// report.
 void RemoveUnpacked(const std::wstring& folder);
 
 }  // namespace tarvik
