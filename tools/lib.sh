@@ -46,21 +46,25 @@ leave_display() {
 # use_prefix: the project's own Wine prefix, made at first use, with a server that stays warm between programs.
 use_prefix() {
   export WINEPREFIX=${TARVIK_WINEPREFIX:-$build/wine} WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-  [ -e "$WINEPREFIX/.ready" ] || make_prefix
-}
-
-make_prefix() {
   mkdir -p "$WINEPREFIX"
   exec 8>"$WINEPREFIX.lock"
   flock 8
-  if [ ! -e "$WINEPREFIX/.ready" ]; then
-    say "Preparing Wine (once) ..."
-    # Nobody answers the questions about optional components here.
-    WINEDLLOVERRIDES="mscoree,mshtml=" wineboot -i >/dev/null 2>&1 8>&- || die "Wine could not be prepared"
-    wine regedit /S "$root/tools/wine-prefix.reg" >/dev/null 2>&1 8>&- || die "Wine's registry could not be set up"
-    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
-    wineserver -w 8>&- || true
-    touch "$WINEPREFIX/.ready"
-  fi
+  [ -e "$WINEPREFIX/.ready" ] || make_prefix
+  # The first program of a new server brings up Wine's services, which keep its standard channels for good: a caller
+  # that reads these to their end would wait for ever. So it is one that nobody reads.
+  if quietly wineserver -p; then quietly wine cmd /c exit || true; fi
   exec 8>&-
 }
+
+make_prefix() {
+  say "Preparing Wine (once) ..."
+  # Nobody answers the questions about optional components here.
+  WINEDLLOVERRIDES="mscoree,mshtml=" quietly wineboot -i || die "Wine could not be prepared"
+  quietly wine regedit /S "$root/tools/wine-prefix.reg" || die "Wine's registry could not be set up"
+  cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
+  quietly wineserver -w || true
+  touch "$WINEPREFIX/.ready"
+}
+
+# Without the channels and the locks of this shell, for what outlives it.
+quietly() { "$@" </dev/null >/dev/null 2>&1 6>&- 7>&- 8>&-; }

@@ -16,6 +16,10 @@ struct RealArchive {
     int index = 0;
 };
 
+void PrintTo(const RealArchive& archive, std::ostream* out) {
+    *out << archive.name;
+}
+
 const RealArchive kArchives[] = {
     {"zip.zip", "ascii"},     {"zip-stored.zip", "ascii"}, {"zip-comment.zip", "ascii"},
     {"bsdtar.zip", "tree"},   {"bsdtar-dots.zip", "tree"}, {"7z.zip", "tree"},
