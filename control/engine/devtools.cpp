@@ -11,6 +11,8 @@ namespace tarvik {
 namespace {
 
 constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","params":{"data":")";
+constexpr std::string_view kPausedPrefix = R"({"method":"Debugger.paused")";
+constexpr std::string_view kParsedPrefix = R"({"method":"Debugger.scriptParsed")";
 constexpr DWORD kStartPatience = 20000;
 constexpr DWORD kReadSize = 256 * 1024;
 
@@ -74,8 +76,18 @@ void Connection::ReadMessages() {
     SetEvent(ended_.Get());
 }
 
+// Some messages are long and frequent, and nobody needs all of them: every evaluation is announced as a script, and a
+// pause tells all frames of the stack.
 void Connection::Receive(std::string_view message) {
-    if (message.substr(0, kFramePrefix.size()) == kFramePrefix) return ReceiveFrame(message);
+    if (message.starts_with(kFramePrefix)) return ReceiveFrame(message);
+    if (message.starts_with(kParsedPrefix)) return;
+    if (message.starts_with(kPausedPrefix)) {
+        constexpr std::string_view kSession = R"("sessionId":")";
+        const size_t session = message.rfind(kSession);
+        if (session == std::string_view::npos) return;
+        const std::string_view id = message.substr(session + kSession.size());
+        return Queue(Json{{"method", "Debugger.paused"}, {"sessionId", id.substr(0, id.find('"'))}});
+    }
     Json parsed = Json::parse(message, nullptr, false);
     if (!parsed.is_discarded()) Queue(std::move(parsed));
 }

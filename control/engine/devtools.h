@@ -69,6 +69,8 @@ class PageTarget {
     const std::string& Session() const { return session_; }
     const std::string& Id() const { return id_; }
     DevTools& Engine() const { return *devtools_; }
+    // For who waits while the target may go.
+    std::shared_ptr<DevTools> Share() const { return devtools_; }
 
     void Post(std::string_view method, Json params = Json::object(),
               DevTools::ReplyHandler onReply = nullptr) {

@@ -1,0 +1,159 @@
+#include "control/bridge/native_objects.h"
+
+#include <dispex.h>
+
+#include <algorithm>
+
+#include "base/bstr.h"
+#include "base/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr LCID kLocale = LOCALE_USER_DEFAULT;
+
+HRESULT InvokeReversed(IDispatch* object, DISPID id, WORD flags, std::vector<Variant>& arguments,
+                       VARIANT* value, EXCEPINFO* exception) {
+    std::reverse(arguments.begin(), arguments.end());
+    DISPPARAMS parameters = {arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+    return object->Invoke(id, IID_NULL, kLocale, flags, &parameters, value, exception, nullptr);
+}
+
+}  // namespace
+
+void NativeObjects::SetExternal(IDispatch* external) {
+    if (!external) return;
+    auto identity = Query<IUnknown>(external);
+    numbers_[identity.Get()] = kExternal;
+    entries_[kExternal] = {std::move(identity), external, 1, {}};
+}
+
+int NativeObjects::Give(IUnknown* object) {
+    auto identity = Query<IUnknown>(object);
+    const auto [place, isNew] = numbers_.try_emplace(identity.Get(), last_ + 1);
+    if (isNew) {
+        ++last_;
+        auto dispatch = Query<IDispatch>(object);
+        entries_[place->second] = {std::move(identity), std::move(dispatch), 0, {}};
+    }
+    const int number = place->second;
+    ++entries_[number].references;
+    if (entries_.size() > many_) {
+        many_ = entries_.size() * 2;
+        onMany_();
+    }
+    return number;
+}
+
+void NativeObjects::Release(int number, int references) {
+    const auto found = entries_.find(number);
+    if (found == entries_.end() || (found->second.references -= references) > 0 || number == kExternal)
+        return;
+    // Out of the tables first: what ends may call back.
+    const Entry ended = std::move(found->second);
+    entries_.erase(found);
+    numbers_.erase(ended.identity.Get());
+    many_ = std::max(kMany, std::min(many_, entries_.size() * 2));
+}
+
+void NativeObjects::Clear() {
+    const auto ended = std::move(entries_);
+    entries_.clear();
+    numbers_.clear();
+}
+
+IUnknown* NativeObjects::Object(int number) const {
+    const auto found = entries_.find(number);
+    if (found == entries_.end()) return nullptr;
+    return found->second.dispatch ? found->second.dispatch.Get() : found->second.identity.Get();
+}
+
+ComPtr<IDispatch> NativeObjects::Dispatch(int number) const {
+    const auto found = entries_.find(number);
+    return found == entries_.end() ? nullptr : found->second.dispatch;
+}
+
+HRESULT NativeObjects::IdOf(const Member& member, DISPID* id) {
+    const ComPtr<IDispatch> object = Dispatch(member.object);
+    if (!object) return DISP_E_UNKNOWNNAME;
+    const auto& ids = entries_[member.object].ids;
+    if (const auto known = ids.find(member.name); known != ids.end()) {
+        *id = known->second;
+        return S_OK;
+    }
+    LPOLESTR name = const_cast<LPOLESTR>(member.name.c_str());
+    const HRESULT status = object->GetIDsOfNames(IID_NULL, &name, 1, kLocale, id);
+    // The object may have left the table meanwhile.
+    const auto found = entries_.find(member.object);
+    if (SUCCEEDED(status) && found != entries_.end()) found->second.ids[member.name] = *id;
+    return status;
+}
+
+HRESULT NativeObjects::Read(const Member& member, VARIANT* value, EXCEPINFO* exception) {
+    const ComPtr<IDispatch> object = Dispatch(member.object);
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = IdOf(member, &id); FAILED(status)) return status;
+    DISPPARAMS none = {};
+    return object->Invoke(id, IID_NULL, kLocale, DISPATCH_PROPERTYGET, &none, value, exception, nullptr);
+}
+
+HRESULT NativeObjects::Write(const Member& member, const VARIANT& value, EXCEPINFO* exception) {
+    const ComPtr<IDispatch> object = Dispatch(member.object);
+    DISPID id = DISPID_UNKNOWN;
+    HRESULT status = IdOf(member, &id);
+    const auto extensible = Query<IDispatchEx>(object.Get());
+    if (status == DISP_E_UNKNOWNNAME && extensible) {
+        const Bstr name(member.name);
+        status = extensible->GetDispID(name.Get(), fdexNameEnsure, &id);
+    }
+    if (FAILED(status)) return status;
+    DISPID named = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters = {const_cast<VARIANT*>(&value), &named, 1, 1};
+    const WORD byReference = value.vt == VT_DISPATCH ? DISPATCH_PROPERTYPUTREF : 0;
+    return object->Invoke(id, IID_NULL, kLocale, DISPATCH_PROPERTYPUT | byReference, &parameters, nullptr,
+                          exception, nullptr);
+}
+
+HRESULT NativeObjects::Call(const Member& member, std::vector<Variant>& arguments, VARIANT* value,
+                            EXCEPINFO* exception) {
+    const ComPtr<IDispatch> object = Dispatch(member.object);
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = IdOf(member, &id); FAILED(status)) return status;
+    return InvokeReversed(object.Get(), id, DISPATCH_METHOD, arguments, value, exception);
+}
+
+HRESULT NativeObjects::CallDefault(int number, WORD flags, std::vector<Variant>& arguments, VARIANT* value,
+                                   EXCEPINFO* exception) {
+    const ComPtr<IDispatch> object = Dispatch(number);
+    return object ? InvokeReversed(object.Get(), DISPID_VALUE, flags, arguments, value, exception)
+                  : DISP_E_MEMBERNOTFOUND;
+}
+
+HRESULT NativeObjects::Delete(const Member& member) {
+    const auto extensible = Query<IDispatchEx>(Dispatch(member.object).Get());
+    const Bstr name(member.name);
+    return extensible ? extensible->DeleteMemberByName(name.Get(), fdexNameCaseSensitive) : E_NOTIMPL;
+}
+
+bool NativeObjects::Has(const Member& member) {
+    DISPID id = DISPID_UNKNOWN;
+    return SUCCEEDED(IdOf(member, &id));
+}
+
+std::vector<std::wstring> NativeObjects::Names(int number) const {
+    std::vector<std::wstring> names;
+    const auto extensible = Query<IDispatchEx>(Dispatch(number).Get());
+    DISPID id = DISPID_STARTENUM;
+    while (extensible && extensible->GetNextDispID(fdexEnumDefault, id, &id) == S_OK) {
+        Bstr name;
+        if (SUCCEEDED(extensible->GetMemberName(id, name.Receive()))) names.emplace_back(name.View());
+    }
+    return names;
+}
+
+bool NativeObjects::IsExtensible(int number) const {
+    return Query<IDispatchEx>(Dispatch(number).Get()) != nullptr;
+}
+
+}  // namespace tarvik

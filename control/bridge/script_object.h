@@ -1,0 +1,76 @@
+#pragma once
+
+#include <windows.h>
+#include <dispex.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/com_object.h"
+#include "base/compiler.h"
+#include "control/bridge/script_world.h"
+
+namespace tarvik {
+
+// How a world knows its own objects when they come back.
+MIDL_INTERFACE("7C1F0A52-9E0B-4C56-9A1E-3B7A8C5D6E21")
+IScriptObject : public IUnknown {
+  public:
+    virtual ScriptWorld* World() const = 0;
+    virtual int Number() const = 0;
+};
+
+}  // namespace tarvik
+
+TARVIK_IID(tarvik::IScriptObject, 0x7C1F0A52, 0x9E0B, 0x4C56, 0x9A, 0x1E, 0x3B, 0x7A, 0x8C, 0x5D, 0x6E, 0x21)
+
+namespace tarvik {
+
+// An object or function of a page's script, live. Calls run in the page; a failing one is DISP_E_EXCEPTION
+// with the exception's text if the caller gave an EXCEPINFO, and otherwise 0x80020101 after the page's own
+// error handling has seen it. Of a page that has gone everything is RPC_E_DISCONNECTED.
+class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IScriptObject> {
+  public:
+    ScriptObject(std::shared_ptr<ScriptWorld> world, int number)
+        : world_(std::move(world)), number_(number) {}
+    ~ScriptObject() override { world_->Forget(number_); }
+
+    ScriptWorld* World() const override { return world_.get(); }
+    int Number() const override { return number_; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* exception, UINT*) override;
+    STDMETHODIMP GetDispID(BSTR name, DWORD flags, DISPID* out) override;
+    STDMETHODIMP InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                          EXCEPINFO* exception, IServiceProvider*) override;
+    STDMETHODIMP DeleteMemberByName(BSTR name, DWORD) override;
+    STDMETHODIMP DeleteMemberByDispID(DISPID id) override;
+    STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetMemberName(DISPID id, BSTR* out) override;
+    STDMETHODIMP GetNextDispID(DWORD flags, DISPID id, DISPID* out) override;
+    STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
+
+  private:
+    // A look-up of a name brings the value with it, for the read that follows as a rule.
+    struct Found {
+        DISPID id = DISPID_UNKNOWN;
+        unsigned long exchanges = 0;
+        Variant value;
+    };
+
+    HRESULT FindName(const wchar_t* name, DISPID* id);
+    HRESULT Delete(const std::wstring& name);
+    ScriptWorld::Task TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters);
+    std::string Arguments(const DISPPARAMS& parameters);
+
+    std::shared_ptr<ScriptWorld> world_;
+    const int number_;
+    Found found_;
+    std::vector<DISPID> walk_;  // of the enumeration that was started last
+};
+
+}  // namespace tarvik

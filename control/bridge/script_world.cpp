@@ -1,0 +1,264 @@
+#include "control/bridge/script_world.h"
+
+#include <climits>
+#include <limits>
+
+#include "base/bstr.h"
+#include "base/status.h"
+#include "base/text.h"
+#include "control/bridge/script_object.h"
+#include "control/bridge/script_source.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kWindow = 0;
+constexpr std::string_view kQueued = "queued";
+
+std::wstring WideText(const Json& text) {
+    return Widen(text.get_ref<const std::string&>());
+}
+
+double SpecialNumber(const std::string& name) {
+    if (name == "-0") return -0.0;
+    if (name == "NaN") return std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    return name == "Infinity" ? infinity : -infinity;
+}
+
+// Whole numbers in 32 bits are integers, as the system's own script engine passes them; all others are
+// doubles.
+Variant ReadNumber(const Json& number) {
+    const double value = number.get<double>();
+    const bool fits = number.is_number_integer() && value >= LONG_MIN && value <= LONG_MAX;
+    return fits ? Variant::I4(number.get<LONG>()) : Variant::R8(value);
+}
+
+// A string that is no text of UTF-16, as its code units.
+Variant ReadUnits(const Json& units) {
+    std::wstring text;
+    for (const Json& unit : units)
+        text += static_cast<wchar_t>(unit.get<unsigned>());
+    return Variant::Text(text);
+}
+
+}  // namespace
+
+// A task that the page has been given.
+struct ScriptWorld::Pending {
+    bool done = false;
+    bool lost = false;  // the page could not be reached
+    Outcome outcome;
+};
+
+ScriptWorld::ScriptWorld(PageTarget& target, WorldOwner& owner, std::string core, int context)
+    : target_(target), owner_(owner), core_(std::move(core)), context_(context), natives_([this] {
+          if (alive_) target_.Post("HeapProfiler.collectGarbage");
+      }) {}
+
+ScriptWorld::~ScriptWorld() = default;
+
+void ScriptWorld::End() {
+    const auto self = shared_from_this();
+    alive_ = false;
+    drops_.clear();
+    natives_.Clear();
+}
+
+ComPtr<IDispatch> ScriptWorld::Window() {
+    return Script(kWindow);
+}
+
+// ---- Values
+
+Variant ScriptWorld::ReadValue(const Json& value) {
+    if (value.is_null()) return Variant::Null();
+    if (value.is_boolean()) return Variant::Bool(value.get<bool>());
+    if (value.is_string()) return Variant::Text(WideText(value));
+    if (value.is_number()) return ReadNumber(value);
+    const std::string& tag = value.at(0).get_ref<const std::string&>();
+    if (tag == "n") return Variant::R8(SpecialNumber(value.at(1)));
+    if (tag == "s") return ReadUnits(value.at(1));
+    if (tag == "f") return Variant::Object(Script(value.at(1)).Get());
+    if (tag != "o") return Variant();
+    IUnknown* const object = natives_.Object(value.at(1));
+    const auto dispatch = Query<IDispatch>(object);
+    return dispatch || !object ? Variant::Object(dispatch.Get()) : Variant::Unknown(object);
+}
+
+std::vector<Variant> ScriptWorld::ReadValues(const Json& values) {
+    std::vector<Variant> read;
+    for (const Json& value : values)
+        read.push_back(ReadValue(value));
+    return read;
+}
+
+std::string ScriptWorld::Write(const VARIANT& value) {
+    return ScriptValue(
+        value,
+        [](void* world, IUnknown* object) { return static_cast<ScriptWorld*>(world)->WriteObject(object); },
+        this);
+}
+
+// A script object of this very page goes back as itself.
+std::string ScriptWorld::WriteObject(IUnknown* object) {
+    const auto script = Query<IScriptObject>(object);
+    if (script && script->World() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
+    return R"(["o",)" + std::to_string(natives_.Give(object)) + "]";
+}
+
+ComPtr<IDispatch> ScriptWorld::Script(int number) {
+    const auto [place, isNew] = scripts_.try_emplace(number, Held{nullptr, 0});
+    ++place->second.references;
+    if (!isNew) return place->second.object;
+    auto made = MakeCom<ScriptObject>(shared_from_this(), number);
+    place->second.object = made.Get();
+    return made;
+}
+
+void ScriptWorld::Forget(int number) {
+    const auto found = scripts_.find(number);
+    if (found == scripts_.end()) return;
+    const int references = found->second.references;
+    scripts_.erase(found);
+    if (!alive_ || number == kWindow) return;
+    drops_.emplace_back(number, references);
+    // Else they go with the next message, which is not far.
+    if (openCalls_ == 0 && pending_.empty()) SendDrops();
+}
+
+// ---- From host to page
+
+void ScriptWorld::Receive(const Json& message) {
+    const auto self = shared_from_this();
+    if (!alive_) return;
+    const std::string& operation = message.at(0).get_ref<const std::string&>();
+    if (operation == "result") return TakeResult(message);
+    if (operation == "release") return natives_.Release(message.at(1), message.at(2));
+    if (operation == "close") return owner_.OnCloseWindow();
+    if (operation == "mousedown") return owner_.OnMouseDown();
+    if (operation == "menu") {
+        const Variant element = ReadValue(message.at(3));
+        return owner_.OnContextMenu({message.at(1), message.at(2)},
+                                    element.Is(VT_DISPATCH) ? element.pdispVal : nullptr);
+    }
+    Serve(operation, message);
+}
+
+void ScriptWorld::TakeResult(const Json& message) {
+    waits_ = message.at(3).get<bool>();
+    owed_ = false;
+    const auto found = pending_.find(message.at(1).get<int>());
+    if (found == pending_.end()) return;
+    const auto pending = found->second;
+    pending->outcome = ReadOutcome(message.at(2));
+    pending->done = true;
+}
+
+ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
+    const std::string& kind = outcome.at(0).get_ref<const std::string&>();
+    Outcome read;
+    if (kind == "none") {
+        read.kind = Outcome::Kind::kNone;
+    } else if (kind == "value") {
+        read.kind = Outcome::Kind::kValue;
+        read.value = ReadValue(outcome.at(1));
+    } else {
+        const HRESULT number = outcome.at(1).get<int>();
+        if (FAILED(number)) read.number = number;
+        read.message = WideText(outcome.at(2));
+    }
+    return read;
+}
+
+ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
+    if (!alive_) throw StatusError(RPC_E_DISCONNECTED);
+    if (blocked_) throw StatusError(RPC_E_CALL_REJECTED);
+    const auto self = shared_from_this();
+    const auto engine = target_.Share();
+    const auto pending = std::make_shared<Pending>();
+    const int id = ++lastTask_;
+    pending_[id] = pending;
+    const std::string call = R"("run",)" + std::to_string(id) + ",\"" + task.name + R"(",["f",)" +
+                             std::to_string(task.object) + "]," +
+                             (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments + "]," +
+                             (task.reportErrors ? "false" : "true");
+    Send(call, [this, pending](std::string_view text) {
+        if (text == kQueued) return;
+        pending->lost = text.empty();
+        if (!text.empty()) pending->outcome = ReadOutcome(Json::parse(text));
+        pending->done = true;
+    });
+    engine->WaitUntil([&] { return pending->done || !alive_; }, INFINITE);
+    pending_.erase(id);
+    ++exchanges_;
+    if (!pending->done || pending->lost) throw StatusError(RPC_E_DISCONNECTED);
+    return std::move(pending->outcome);
+}
+
+void ScriptWorld::ListenToMouse() {
+    Send(R"("listen")", nullptr);
+}
+
+// Brings the page something. If it waits it is resumed in the same breath; a resume that comes too early is
+// made up for when the evaluation has been answered.
+void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
+    const bool wakes = std::exchange(waits_, false);
+    answering_ += wakes;
+    const Json command = {
+        {"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}, {"silent", true}};
+    target_.Post("Runtime.evaluate", command,
+                 [self = shared_from_this(), wakes, onReply = std::move(onReply)](const Json* result) {
+                     std::string text;
+                     if (result && !result->contains("exceptionDetails"))
+                         text = result->at("result").value("value", std::string());
+                     self->answering_ -= wakes;
+                     if (text == kQueued && !wakes) self->owed_ = true;
+                     if (onReply) onReply(text);
+                     self->Settle();
+                 });
+    if (wakes) Resume();
+}
+
+void ScriptWorld::SendDrops() {
+    target_.Post("Runtime.evaluate",
+                 {{"expression", Put(R"("nothing")")}, {"contextId", context_}, {"silent", true}});
+}
+
+// An expression that brings the page something, with what native code has dropped since.
+std::string ScriptWorld::Put(const std::string& arguments) {
+    std::string drops;
+    for (const auto& [number, references] : std::exchange(drops_, {}))
+        drops += (drops.empty() ? "" : ",") + std::to_string(number) + "," + std::to_string(references);
+    return core_ + ".put([" + drops + "]," + arguments + ")";
+}
+
+void ScriptWorld::Resume() {
+    resuming_ = true;
+    target_.Post("Debugger.resume", Json::object(), [self = shared_from_this()](const Json* result) {
+        self->resuming_ = false;
+        if (result) self->paused_ = false;
+        self->Settle();
+    });
+}
+
+void ScriptWorld::OnPaused() {
+    paused_ = true;
+    Settle();
+}
+
+void ScriptWorld::OnResumed() {
+    paused_ = false;
+}
+
+// A page that stands still without waiting for an answer goes on: its own `debugger` statement stopped it, or
+// a resume came too early. One that waits is woken when something was queued for it.
+void ScriptWorld::Settle() {
+    if (!alive_ || !paused_ || resuming_ || answering_ > 0 || (waits_ && !owed_)) return;
+    owed_ = false;
+    waits_ = false;
+    Resume();
+}
+
+}  // namespace tarvik

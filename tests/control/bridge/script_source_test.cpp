@@ -1,0 +1,54 @@
+#include "control/bridge/script_source.h"
+
+#include <gtest/gtest.h>
+
+#include "base/variant.h"
+
+namespace tarvik {
+namespace {
+
+std::string Source(const Variant& value) {
+    return ScriptValue(
+        value, [](void*, IUnknown*) { return std::string("object"); }, nullptr);
+}
+
+TEST(ScriptSource, TextIsPlainUnlessItMustNotBe) {
+    EXPECT_EQ(ScriptText(L"a\x00e9\x6f22"), "\"a\xc3\xa9\xe6\xbc\xa2\"");
+    EXPECT_EQ(ScriptText(L"\"\\\n\x2028"), "\"\\u0022\\u005c\\u000a\\u2028\"");
+    EXPECT_EQ(ScriptText(std::wstring(L"\0x", 2)), "\"\\u0000x\"");
+    EXPECT_EQ(ScriptText(L"\xd83d\xde00\xd83d!"), "\"\xf0\x9f\x98\x80\\ud83d!\"");
+    EXPECT_EQ(ScriptText(L"\xde00"), "\"\\ude00\"");
+}
+
+TEST(ScriptSource, ValuesOfAutomation) {
+    EXPECT_EQ(Source(Variant()), "void 0");
+    EXPECT_EQ(Source(Variant::Missing()), "void 0");
+    EXPECT_EQ(Source(Variant::Null()), "null");
+    EXPECT_EQ(Source(Variant::Bool(true)), "true");
+    EXPECT_EQ(Source(Variant::UI8(1ull << 40)), "1099511627776");
+    EXPECT_EQ(Source(Variant::R8(0.1)), "0.10000000000000001");
+    EXPECT_EQ(Source(Variant::R8(-0.0)), "-0");
+    EXPECT_EQ(Source(Variant::Object(nullptr)), "null");
+    Variant currency;
+    currency.vt = VT_CY;
+    currency.cyVal.int64 = 12500;
+    EXPECT_EQ(Source(currency), "1.25");
+}
+
+TEST(ScriptSource, ArraysOfOneDimension) {
+    Variant bytes;
+    bytes.vt = VT_ARRAY | VT_UI1;
+    bytes.parray = SafeArrayCreateVector(VT_UI1, 5, 2);
+    LONG index = 5;
+    BYTE byte = 200;
+    SafeArrayPutElement(bytes.parray, &index, &byte);
+    EXPECT_EQ(Source(bytes), R"(["a",[200,0]])");
+    Variant table;
+    SAFEARRAYBOUND bounds[2] = {{1, 0}, {1, 0}};
+    table.vt = VT_ARRAY | VT_VARIANT;
+    table.parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
+    EXPECT_EQ(Source(table), "void 0");
+}
+
+}  // namespace
+}  // namespace tarvik
