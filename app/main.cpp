@@ -7,11 +7,9 @@
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/com_ptr.h"
+#include "control/page/register.h"
 #include "host/registry/plugin_library.h"
 #include "host/web_browser.h"
-#ifdef TARVIK_HAS_PAGE_CONTROL
-#include "control/page/register.h"
-#endif
 
 namespace tarvik {
 
@@ -32,9 +30,7 @@ void ChooseFolder(const CCommandLine& commandLine, std::wstring& unpackFolder) {
 
 int RunApplication(HINSTANCE instance) {
     appModule.Init(instance);
-#ifdef TARVIK_HAS_PAGE_CONTROL
-    RegisterPageControl();
-#endif
+    const PageControlClass pageControl;
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
     auto first = MakeCom<CWebBrowser>();

@@ -76,8 +76,8 @@ void Connection::ReadMessages() {
     SetEvent(ended_.Get());
 }
 
-// Some messages are long and frequent, and nobody needs all of them: every evaluation is announced as a script, and a
-// pause tells all frames of the stack.
+// Some messages are long and frequent, and nobody needs all of them: every evaluation is announced as a
+// script, and a pause tells all frames of the stack.
 void Connection::Receive(std::string_view message) {
     if (message.starts_with(kFramePrefix)) return ReceiveFrame(message);
     if (message.starts_with(kParsedPrefix)) return;

@@ -1,0 +1,162 @@
+#include "control/page/html_objects.h"
+
+#include <mshtmdid.h>
+#include <olectl.h>
+
+#include <initializer_list>
+
+#include "base/bstr.h"
+#include "base/status.h"
+#include "control/bridge/script_source.h"
+
+namespace tarvik {
+
+namespace {
+
+HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
+    LPOLESTR text = const_cast<LPOLESTR>(name);
+    return object ? object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, id) : E_UNEXPECTED;
+}
+
+HRESULT InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, DISPPARAMS parameters,
+                     Variant& value) {
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = IdOf(object, name, &id); FAILED(status)) return status;
+    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, value.Receive(), nullptr,
+                          nullptr);
+}
+
+HRESULT Get(IDispatch* object, const wchar_t* name, Variant& value) {
+    return InvokeMember(object, name, DISPATCH_PROPERTYGET, {}, value);
+}
+
+HRESULT GetText(IDispatch* object, const wchar_t* name, BSTR* out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    Variant value;
+    const HRESULT status = Get(object, name, value);
+    if (SUCCEEDED(status) && value.Is(VT_BSTR)) {
+        *out = std::exchange(value.bstrVal, nullptr);
+    }
+    return status;
+}
+
+}  // namespace
+
+ComPtr<IDispatch> HtmlDocument::Script() {
+    Variant document;
+    const auto world = page_->World();
+    if (world) Get(world->Window().Get(), L"document", document);
+    return document.Is(VT_DISPATCH) ? ComPtr<IDispatch>(document.pdispVal) : nullptr;
+}
+
+STDMETHODIMP HtmlDocument::get_Script(IDispatch** out) {
+    return HandOut(page_->Globals(), out);
+}
+
+STDMETHODIMP HtmlDocument::get_parentWindow(IHTMLWindow2** out) {
+    return Guard([&] { return HandOut(MakeCom<HtmlWindow>(page_, ComPtr<IHTMLDocument2>(this)), out); });
+}
+
+HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] {
+        Variant element;
+        const HRESULT status = Get(Script().Get(), name, element);
+        if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
+        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+    });
+}
+
+STDMETHODIMP HtmlDocument::get_body(IHTMLElement** out) {
+    return ElementOf(L"body", out);
+}
+
+STDMETHODIMP HtmlDocument::get_activeElement(IHTMLElement** out) {
+    return ElementOf(L"activeElement", out);
+}
+
+STDMETHODIMP HtmlDocument::elementFromPoint(LONG x, LONG y, IHTMLElement** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] {
+        Variant reversed[] = {Variant::I4(y), Variant::I4(x)};
+        Variant element;
+        const HRESULT status = InvokeMember(Script().Get(), L"elementFromPoint", DISPATCH_METHOD,
+                                            {reversed, nullptr, 2, 0}, element);
+        if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
+        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+    });
+}
+
+STDMETHODIMP HtmlDocument::get_readyState(BSTR* out) {
+    return GetText(Script().Get(), L"readyState", out);
+}
+
+STDMETHODIMP HtmlDocument::get_title(BSTR* out) {
+    return GetText(Script().Get(), L"title", out);
+}
+
+STDMETHODIMP HtmlDocument::get_URL(BSTR* out) {
+    if (!out) return E_POINTER;
+    return Guard([&] { *out = Bstr(page_->Location()).Detach(); });
+}
+
+STDMETHODIMP HtmlWindow::execScript(BSTR code, BSTR, VARIANT* result) {
+    return Guard([&]() -> HRESULT {
+        const auto world = page_->World();
+        if (!world) return E_UNEXPECTED;
+        auto outcome = world->Run({.name = "eval", .member = ScriptText(Bstr::View(code))});
+        if (outcome.kind == ScriptWorld::Outcome::Kind::kError) return DISP_E_EXCEPTION;
+        if (result) outcome.value.MoveInto(result);
+        return S_OK;
+    });
+}
+
+HRESULT HtmlElement::Text(const wchar_t* name, BSTR* out) {
+    return GetText(script_.Get(), name, out);
+}
+
+STDMETHODIMP HtmlElement::get_parentElement(IHTMLElement** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] {
+        Variant parent;
+        const HRESULT status = Get(script_.Get(), L"parentElement", parent);
+        if (FAILED(status) || !parent.Is(VT_DISPATCH)) return status;
+        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(parent.pdispVal), mouse_), out);
+    });
+}
+
+// An attribute that is not there reads as null.
+STDMETHODIMP HtmlElement::getAttribute(BSTR name, LONG, VARIANT* out) {
+    if (!out) return E_POINTER;
+    VariantInit(out);
+    return Guard([&] {
+        Variant argument = Variant::Text(Bstr::View(name));
+        Variant value;
+        const HRESULT status =
+            InvokeMember(script_.Get(), L"getAttribute", DISPATCH_METHOD, {&argument, nullptr, 1, 0}, value);
+        value.MoveInto(out);
+        return status;
+    });
+}
+
+STDMETHODIMP HtmlElement::FindConnectionPoint(REFIID events, IConnectionPoint** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    if (events != kElementEvents) return CONNECT_E_NOCONNECTION;
+    page_->ListenToMouse();
+    return HandOut(mouse_, out);
+}
+
+STDMETHODIMP HtmlElement::GetGUID(DWORD kind, GUID* id) {
+    if (!id) return E_POINTER;
+    *id = GUID_NULL;
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+    *id = kElementEvents;
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,198 @@
+#include "control/page/page_control.h"
+
+#include <exdispid.h>
+#include <mshtmdid.h>
+#include <urlmon.h>
+
+#include "base/bstr.h"
+#include "base/status.h"
+#include "base/variant.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr UINT kReportErrors = WM_APP + 2;
+
+// CGID_DocHostCommandHandler, which not every SDK's libraries hold.
+constexpr GUID kDocHostCommands = {
+    0xF38BC242, 0xB950, 0x11D1, {0x89, 0x18, 0x00, 0xC0, 0x4F, 0xC2, 0xC8, 0x36}};
+constexpr DWORD kShowScriptError = 40;  // OLECMDID_SHOWSCRIPTERROR
+
+VARIANT ByReference(VARIANT* value) {
+    VARIANT reference = {};
+    reference.vt = VT_VARIANT | VT_BYREF;
+    reference.pvarVal = value;
+    return reference;
+}
+
+VARIANT ByReference(VARIANT_BOOL* value) {
+    VARIANT reference = {};
+    reference.vt = VT_BOOL | VT_BYREF;
+    reference.pboolVal = value;
+    return reference;
+}
+
+// What a person is asked about an error that the site leaves to the control. True: scripts go on.
+bool AskAboutError(HWND owner, const ScriptError& error) {
+    const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + std::to_wstring(error.line) +
+                              L"\nChar:\t" + std::to_wstring(error.column) + L"\nError:\t" + error.message +
+                              L"\nURL:\t" + error.url + L"\n\nGo on running scripts on this page?";
+    return MessageBoxW(owner, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
+}
+
+}  // namespace
+
+PageControl::PageControl()
+    : events_(MakeCom<ConnectionPoint>(DIID_DWebBrowserEvents2, this)),
+      mouse_(MakeCom<ConnectionPoint>(kElementEvents, nullptr)) {}
+
+PageControl::~PageControl() {
+    events_->Clear();
+}
+
+// BeforeNavigate2(browser, url, flags, frame, post data, headers, cancel)
+bool PageControl::OnBeforeNavigate(const std::wstring& url, bool isTop) {
+    Variant address = Variant::Text(url), flags = Variant::I4(0), empty;
+    Variant frame = Variant::Text(L"");
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    VARIANT arguments[] = {browser,
+                           ByReference(&address),
+                           ByReference(&flags),
+                           ByReference(&frame),
+                           ByReference(&empty),
+                           ByReference(&empty),
+                           ByReference(&cancel)};
+    events_->Fire(DISPID_BEFORENAVIGATE2, arguments);
+    if (cancel != VARIANT_FALSE) return false;
+    if (isTop && page_ && !AllowsScript(url)) page_->DisableScript();
+    return true;
+}
+
+// The site's security manager, where it has one, is asked about every page.
+bool PageControl::AllowsScript(const std::wstring& url) {
+    ComPtr<IInternetSecurityManager> manager;
+    const auto services = Query<IServiceProvider>(site_.Get());
+    const IID& id = __uuidof(IInternetSecurityManager);
+    if (!services || FAILED(services->QueryService(id, id, reinterpret_cast<void**>(manager.GetAddressOf()))))
+        return true;
+    DWORD zone = URLZONE_INTERNET, policy = URLPOLICY_ALLOW;
+    manager->MapUrlToZone(url.c_str(), &zone, 0);
+    const HRESULT status =
+        manager->ProcessUrlAction(url.c_str(), URLACTION_SCRIPT_RUN, reinterpret_cast<BYTE*>(&policy),
+                                  sizeof policy, nullptr, 0, PUAF_NOUI, 0);
+    return FAILED(status) || policy == URLPOLICY_ALLOW;
+}
+
+// NavigateComplete2(browser, url)
+void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
+    Variant address = Variant::Text(url);
+    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    VARIANT arguments[] = {browser, ByReference(&address)};
+    events_->Fire(DISPID_NAVIGATECOMPLETE2, arguments);
+}
+
+// DocumentComplete(browser, url)
+void PageControl::OnDocumentComplete(const std::wstring& url, bool isTop) {
+    complete_ = complete_ || isTop;
+    Variant address = Variant::Text(url);
+    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    VARIANT arguments[] = {browser, ByReference(&address)};
+    events_->Fire(DISPID_DOCUMENTCOMPLETE, arguments);
+}
+
+// NewWindow3(object, cancel, flags, the opener's address, address). The engine has no window to give.
+void PageControl::OnNewWindow(const std::wstring& url) {
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    ComPtr<IDispatch> object;
+    VARIANT objectReference = {};
+    objectReference.vt = VT_DISPATCH | VT_BYREF;
+    objectReference.ppdispVal = object.GetAddressOf();
+    Variant flags = Variant::I4(0), opener = Variant::Text(page_ ? page_->Location() : std::wstring());
+    Variant address = Variant::Text(url);
+    VARIANT arguments[] = {objectReference, ByReference(&cancel), flags, opener, address};
+    events_->Fire(DISPID_NEWWINDOW3, arguments);
+}
+
+// WindowClosing(is child, cancel)
+void PageControl::OnWindowClosing() {
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    Variant isChild = Variant::Bool(false);
+    VARIANT arguments[] = {isChild, ByReference(&cancel)};
+    events_->Fire(DISPID_WINDOWCLOSING, arguments);
+    if (cancel == VARIANT_FALSE && windows_)
+        PostMessageW(GetAncestor(windows_->Outer(), GA_ROOT), WM_CLOSE, 0, 0);
+}
+
+// Reported when the message loop comes round: the site may open a dialog, and a page may be waiting now.
+void PageControl::OnScriptError(const ScriptError& error) {
+    if (!windows_) return;
+    errors_.push_back(error);
+    PostMessageW(windows_->Server(), kReportErrors, 0, 0);
+}
+
+void PageControl::ReportErrors() {
+    if (reporting_) return;
+    reporting_ = true;
+    while (!errors_.empty()) {
+        const ScriptError error = std::move(errors_.front());
+        errors_.pop_front();
+        Variant document = Variant::Unknown(document_.Get());
+        Variant goOn = Variant::Bool(true);
+        const auto site = Query<IOleCommandTarget>(site_.Get());
+        const HRESULT status =
+            site ? site->Exec(&kDocHostCommands, kShowScriptError, 0, &document, &goOn) : E_NOTIMPL;
+        if (!windows_) break;
+        if (FAILED(status))
+            goOn = Variant::Bool(AskAboutError(GetAncestor(windows_->Outer(), GA_ROOT), error));
+        if (page_ && goOn.Is(VT_BOOL) && !goOn.boolVal) page_->DisableScript();
+    }
+    reporting_ = false;
+}
+
+void PageControl::OnContextMenu(POINT screen, IDispatch* script) {
+    const auto handler = Query<IDocHostUIHandler>(site_.Get());
+    const auto element = ElementFor(script);
+    POINT point = screen;
+    Bstr tag;
+    if (element) element->get_tagName(tag.Receive());
+    const bool isField = tag.View() == L"INPUT" || tag.View() == L"TEXTAREA";
+    const DWORD kind = isField ? CONTEXT_MENU_CONTROL : CONTEXT_MENU_DEFAULT;
+    const HRESULT status =
+        handler ? handler->ShowContextMenu(kind, &point, nullptr, static_cast<IHTMLElement*>(element.Get()))
+                : S_FALSE;
+    if (status != S_OK && page_) page_->ShowEditMenu(point);
+}
+
+ComPtr<HtmlElement> PageControl::ElementFor(IDispatch* script) {
+    return script && page_ ? MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(script), mouse_) : nullptr;
+}
+
+void PageControl::OnMouseDown() {
+    mouse_->Fire(DISPID_HTMLELEMENTEVENTS2_ONMOUSEDOWN);
+}
+
+ComPtr<IDispatch> PageControl::GetExternal() {
+    ComPtr<IDispatch> external;
+    if (const auto handler = Query<IDocHostUIHandler>(site_.Get()))
+        handler->GetExternal(external.GetAddressOf());
+    return external;
+}
+
+bool PageControl::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const ComPtr<IUnknown> alive(AsUnknown());
+    const auto page = page_;
+    bool handled = false;
+    const HRESULT status = Guard([&] {
+        if (message == kReportErrors) {
+            ReportErrors();
+            handled = true;
+        } else if (page) {
+            handled = page->HandleMessage(message, wParam, lParam, result);
+        }
+    });
+    return SUCCEEDED(status) && handled;
+}
+
+}  // namespace tarvik

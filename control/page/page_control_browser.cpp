@@ -1,0 +1,99 @@
+// The control as a browser.
+
+#include <exdispid.h>
+
+#include "base/bstr.h"
+#include "base/status.h"
+#include "base/variant.h"
+#include "control/page/page_control.h"
+
+namespace tarvik {
+
+STDMETHODIMP PageControl::Navigate(BSTR url, VARIANT* flags, VARIANT* frame, VARIANT* post,
+                                   VARIANT* headers) {
+    Variant address = Variant::Text(Bstr::View(url));
+    return Navigate2(&address, flags, frame, post, headers);
+}
+
+STDMETHODIMP PageControl::Navigate2(VARIANT* url, VARIANT*, VARIANT*, VARIANT*, VARIANT*) {
+    if (!url) return E_INVALIDARG;
+    const ComPtr<IUnknown> alive(AsUnknown());
+    return Guard([&]() -> HRESULT {
+        Variant address = Variant::Copy(*url);
+        if (!address.ChangeType(VT_BSTR)) return E_INVALIDARG;
+        complete_ = false;
+        const std::wstring text(Bstr::View(address.bstrVal));
+        if (page_)
+            page_->Navigate(text);
+        else
+            pending_ = text;
+        return S_OK;
+    });
+}
+
+STDMETHODIMP PageControl::GoBack() {
+    return page_ ? Guard([&] { page_->Travel(-1); }) : E_UNEXPECTED;
+}
+
+STDMETHODIMP PageControl::GoForward() {
+    return page_ ? Guard([&] { page_->Travel(1); }) : E_UNEXPECTED;
+}
+
+STDMETHODIMP PageControl::Refresh() {
+    return page_ ? Guard([&] { page_->Reload(); }) : E_UNEXPECTED;
+}
+
+STDMETHODIMP PageControl::Stop() {
+    return page_ ? Guard([&] { page_->Stop(); }) : E_UNEXPECTED;
+}
+
+STDMETHODIMP PageControl::get_Application(IDispatch** out) {
+    return HandOut(ComPtr<IDispatch>(static_cast<IWebBrowser2*>(this)), out);
+}
+
+STDMETHODIMP PageControl::get_Document(IDispatch** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return document_ ? HandOut(document_, out) : S_OK;
+}
+
+STDMETHODIMP PageControl::get_LocationName(BSTR* out) {
+    return document_ ? document_->get_title(out) : E_UNEXPECTED;
+}
+
+STDMETHODIMP PageControl::get_LocationURL(BSTR* out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] { *out = Bstr(page_ ? page_->Location() : std::wstring()).Detach(); });
+}
+
+STDMETHODIMP PageControl::get_Busy(VARIANT_BOOL* out) {
+    if (!out) return E_POINTER;
+    *out = page_ && page_->IsLoading() ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::get_ReadyState(READYSTATE* out) {
+    if (!out) return E_POINTER;
+    *out = complete_ ? READYSTATE_COMPLETE : page_ ? READYSTATE_LOADING : READYSTATE_UNINITIALIZED;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::get_HWND(SHANDLE_PTR* out) {
+    if (!out) return E_POINTER;
+    *out = windows_ ? reinterpret_cast<SHANDLE_PTR>(windows_->Outer()) : 0;
+    return windows_ ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP PageControl::get_RegisterAsBrowser(VARIANT_BOOL* out) {
+    if (!out) return E_POINTER;
+    *out = registerAsBrowser_ ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::put_RegisterAsBrowser(VARIANT_BOOL value) {
+    registerAsBrowser_ = value != VARIANT_FALSE;
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,157 @@
+// The control as an OLE object that is active in place in its container.
+
+#include <exdispid.h>
+
+#include "base/status.h"
+#include "control/page/page_control.h"
+
+namespace tarvik {
+
+STDMETHODIMP PageControl::SetClientSite(IOleClientSite* site) {
+    site_ = site;
+    const auto handler = Query<IDocHostUIHandler>(site);
+    if (!handler) return S_OK;
+    DOCHOSTUIINFO info = {sizeof info};
+    handler->GetHostInfo(&info);
+    CoTaskMemFree(info.pchHostCss);
+    CoTaskMemFree(info.pchHostNS);
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::Close(DWORD) {
+    const ComPtr<IUnknown> alive(AsUnknown());
+    return InPlaceDeactivate();
+}
+
+STDMETHODIMP PageControl::GetMiscStatus(DWORD aspect, DWORD* status) {
+    if (!status) return E_POINTER;
+    *status = 0;
+    if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+    *status = OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST |
+              OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::SetExtent(DWORD, SIZEL* extent) {
+    if (!extent) return E_POINTER;
+    extent_ = *extent;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::GetExtent(DWORD, SIZEL* extent) {
+    if (!extent) return E_POINTER;
+    *extent = extent_;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, const RECT* position) {
+    const ComPtr<IUnknown> alive(AsUnknown());
+    return Guard([&]() -> HRESULT {
+        switch (verb) {
+            case OLEIVERB_PRIMARY:
+            case OLEIVERB_SHOW:
+            case OLEIVERB_UIACTIVATE: {
+                const HRESULT status = Activate(parent, position);
+                return FAILED(status) ? status : ActivateUi();
+            }
+            case OLEIVERB_INPLACEACTIVATE:
+                return Activate(parent, position);
+            case OLEIVERB_HIDE:
+                return UIDeactivate();
+            default:
+                return OLEOBJ_S_INVALIDVERB;
+        }
+    });
+}
+
+HRESULT PageControl::Activate(HWND parent, const RECT* position) {
+    if (windows_) return S_OK;
+    inPlaceSite_ = Query<IOleInPlaceSite>(site_.Get());
+    if (!inPlaceSite_ || inPlaceSite_->CanInPlaceActivate() != S_OK) return E_FAIL;
+    inPlaceSite_->OnInPlaceActivate();
+    inPlaceSite_->GetWindow(&parent);
+    RECT rectangle = position ? *position : RECT{};
+    RECT clip = {};
+    ComPtr<IOleInPlaceUIWindow> document;
+    OLEINPLACEFRAMEINFO info = {sizeof info};
+    inPlaceSite_->GetWindowContext(frame_.ReleaseAndGetAddressOf(), document.GetAddressOf(), &rectangle,
+                                   &clip, &info);
+    windows_.emplace(parent, rectangle, *this);
+    page_ = std::make_shared<Page>(windows_->Server(), *this);
+    document_ = MakeCom<HtmlDocument>(page_, mouse_);
+    RegisterDropTarget();
+    if (!pending_.empty()) page_->Navigate(std::exchange(pending_, {}));
+    return S_OK;
+}
+
+HRESULT PageControl::ActivateUi() {
+    inPlaceSite_->OnUIActivate();
+    if (frame_) frame_->SetActiveObject(this, nullptr);
+    SetFocus(windows_->Server());
+    return S_OK;
+}
+
+// The site may have a drop target of its own.
+void PageControl::RegisterDropTarget() {
+    ComPtr<IDropTarget> target;
+    const auto handler = Query<IDocHostUIHandler>(site_.Get());
+    if (handler) handler->GetDropTarget(nullptr, target.GetAddressOf());
+    if (target) RegisterDragDrop(windows_->Server(), target.Get());
+}
+
+STDMETHODIMP PageControl::UIDeactivate() {
+    if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+    if (inPlaceSite_) inPlaceSite_->OnUIDeactivate(FALSE);
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::InPlaceDeactivate() {
+    const ComPtr<IUnknown> alive(AsUnknown());
+    if (!windows_) return S_OK;
+    UIDeactivate();
+    RevokeDragDrop(windows_->Server());
+    mouse_->Clear();
+    if (const auto page = page_) page->Close();
+    document_.Reset();
+    // The window goes before the page, which paints it.
+    windows_.reset();
+    page_.reset();
+    frame_.Reset();
+    if (const auto site = std::move(inPlaceSite_)) site->OnInPlaceDeactivate();
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::GetWindow(HWND* window) {
+    if (!window) return E_POINTER;
+    *window = windows_ ? windows_->Outer() : nullptr;
+    return windows_ ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP PageControl::SetObjectRects(const RECT* position, const RECT*) {
+    if (!position) return E_POINTER;
+    if (windows_) windows_->Move(*position);
+    return S_OK;
+}
+
+// The site decides about the keys of this control's own window; the page gets those that are left.
+STDMETHODIMP PageControl::TranslateAccelerator(MSG* message) {
+    if (!message) return E_POINTER;
+    const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    if (!windows_ || !isKey || message->hwnd != windows_->Server()) return S_FALSE;
+    const auto handler = Query<IDocHostUIHandler>(site_.Get());
+    return handler && handler->TranslateAccelerator(message, nullptr, 0) == S_OK ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP PageControl::FindConnectionPoint(REFIID events, IConnectionPoint** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return events == DIID_DWebBrowserEvents2 ? HandOut(events_, out) : CONNECT_E_NOCONNECTION;
+}
+
+STDMETHODIMP PageControl::GetClassID(CLSID* id) {
+    if (!id) return E_POINTER;
+    *id = CLSID_WebBrowser;
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,143 @@
+// What the engine says about a page.
+
+#include <map>
+
+#include "base/text.h"
+#include "control/engine/engine_address.h"
+#include "control/page/page.h"
+#include "control/page/script_dialogs.h"
+
+namespace tarvik {
+
+namespace {
+
+std::wstring WideValue(const Json& object, const char* name) {
+    return Widen(object.value(name, std::string()));
+}
+
+// Errors of native calls are thrown by the bridge, which has no address: the page's own line is further down.
+void FindPlace(const Json& details, ScriptError& error) {
+    error.url = HostAddress(details.value("url", std::string()));
+    error.line = details.value("lineNumber", 0) + 1;
+    error.column = details.value("columnNumber", 0) + 1;
+    const auto stack = details.find("stackTrace");
+    if (!error.url.empty() || stack == details.end()) return;
+    for (const Json& frame : stack->at("callFrames")) {
+        const std::string url = frame.value("url", std::string());
+        if (url.empty()) continue;
+        error.url = HostAddress(url);
+        error.line = frame.value("lineNumber", 0) + 1;
+        error.column = frame.value("columnNumber", 0) + 1;
+        return;
+    }
+}
+
+// The description of an Error is its text and then the stack.
+std::wstring MessageOf(const Json& details) {
+    const Json exception = details.value("exception", Json::object());
+    std::string text = exception.value("description", std::string());
+    if (text.empty() && exception.contains("value")) text = exception["value"].dump();
+    if (text.empty()) text = details.value("text", std::string());
+    if (exception.value("subtype", std::string()) == "error") text = text.substr(0, text.find("\n    at "));
+    return Widen(text);
+}
+
+}  // namespace
+
+void Page::OnEvent(std::string_view method, const Json& params) {
+    static const std::map<std::string_view, Handler> kHandlers = {
+        {"Fetch.requestPaused", &Page::OnRequestPaused},
+        {"Page.frameNavigated", &Page::OnFrameNavigated},
+        {"Page.navigatedWithinDocument", &Page::OnNavigatedWithin},
+        {"Page.loadEventFired", &Page::OnLoad},
+        {"Page.frameStoppedLoading", &Page::OnFrameStopped},
+        {"Page.javascriptDialogOpening", &Page::OnDialog},
+        {"Page.windowOpen", &Page::OnWindowOpen},
+        {"Runtime.exceptionThrown", &Page::OnException},
+        {"Inspector.targetCrashed", &Page::OnCrash},
+        {"Inspector.disconnected", &Page::OnEngineEnd},
+    };
+    if (!events_ || (bridge_ && bridge_->HandleEvent(method, params))) return;
+    const auto found = kHandlers.find(method);
+    if (found != kHandlers.end()) (this->*found->second)(params);
+}
+
+void Page::OnRequestPaused(const Json& params) {
+    const bool isTop = params.value("frameId", std::string()) == target_->Id();
+    const std::wstring url = HostAddress(params.at("request").value("url", std::string()));
+    // The later stations of a redirected request belong to the navigation that was asked about.
+    const bool wanted = params.contains("redirectedRequestId") || events_->OnBeforeNavigate(url, isTop);
+    if (!target_) return;
+    const Json& id = params.at("requestId");
+    if (wanted)
+        target_->Post("Fetch.continueRequest", {{"requestId", id}});
+    else
+        target_->Post("Fetch.failRequest", {{"requestId", id}, {"errorReason", "Aborted"}});
+}
+
+void Page::OnFrameNavigated(const Json& params) {
+    const Json& frame = params.at("frame");
+    const std::string url = frame.value("url", std::string()) + frame.value("urlFragment", std::string());
+    const bool isTop = !frame.contains("parentId");
+    if (isTop) {
+        location_ = HostAddress(url);
+        started_ = false;
+        loading_ = true;
+    } else {
+        Tell(&PageEvents::OnNavigateComplete, HostAddress(url), false);
+    }
+}
+
+void Page::OnNavigatedWithin(const Json& params) {
+    if (params.value("frameId", std::string()) == target_->Id())
+        location_ = HostAddress(params.value("url", std::string()));
+}
+
+void Page::OnLoad(const Json&) {
+    const auto self = shared_from_this();
+    loading_ = false;
+    // Documents without script have told nothing yet.
+    if (!std::exchange(started_, true)) Tell(&PageEvents::OnNavigateComplete, location_, true);
+    Tell(&PageEvents::OnDocumentComplete, location_, true);
+}
+
+void Page::OnFrameStopped(const Json& params) {
+    const std::string frame = params.value("frameId", std::string());
+    if (frame != target_->Id()) Tell(&PageEvents::OnDocumentComplete, std::wstring(), false);
+}
+
+// The page stands still until it is answered, and so must not be called meanwhile.
+void Page::OnDialog(const Json& params) {
+    const auto self = shared_from_this();
+    const auto world = World();
+    if (world) world->SetBlocked(true);
+    const ScriptDialog dialog = {params.value("type", std::string()), WideValue(params, "message"),
+                                 WideValue(params, "defaultPrompt")};
+    const ScriptDialogAnswer answer = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
+    if (world) world->SetBlocked(false);
+    if (!target_) return;
+    target_->Post("Page.handleJavaScriptDialog",
+                  {{"accept", answer.accepted}, {"promptText", Narrow(answer.text)}});
+}
+
+void Page::OnException(const Json& params) {
+    const Json& details = params.at("exceptionDetails");
+    ScriptError error;
+    error.message = MessageOf(details);
+    FindPlace(details, error);
+    Tell(&PageEvents::OnScriptError, error);
+}
+
+void Page::OnWindowOpen(const Json& params) {
+    Tell(&PageEvents::OnNewWindow, HostAddress(params.value("url", std::string())));
+}
+
+void Page::OnCrash(const Json&) {
+    BreakDown(L"This page has stopped working.");
+}
+
+void Page::OnEngineEnd(const Json&) {
+    BreakDown(L"The web engine has stopped working.");
+}
+
+}  // namespace tarvik

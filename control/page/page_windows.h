@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/owners.h"
+
+namespace tarvik {
+
+// The windows of a control, one inside the other, with the class names that programs look for: "Shell
+// Embedding", "Shell DocObject View" and, where the page is, "Internet Explorer_Server".
+class PageWindows {
+  public:
+    class Handler {
+      public:
+        virtual ~Handler() = default;
+        // A message of the innermost window; true if `result` is the answer.
+        virtual bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
+    };
+
+    // Throws StatusError. The handler outlives the windows.
+    PageWindows(HWND parent, const RECT& rectangle, Handler& handler);
+
+    HWND Outer() const { return outer_.Get(); }
+    HWND Server() const { return server_; }
+    void Move(const RECT& rectangle);
+
+  private:
+    UniqueWindow outer_;
+    HWND view_ = nullptr;
+    HWND server_ = nullptr;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,61 @@
+#include "control/page/register.h"
+
+#include <mshtml.h>
+#include <ole2.h>
+
+#include <string>
+
+#include "base/status.h"
+#include "base/text.h"
+#include "control/page/page_control.h"
+
+namespace tarvik {
+
+namespace {
+
+// CLSID_HTMLDocument, which not every SDK's libraries hold.
+constexpr CLSID kHtmlDocument = {
+    0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
+
+class Factory : public ComObject<IClassFactory> {
+  public:
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
+        if (!out) return E_POINTER;
+        *out = nullptr;
+        if (outer) return CLASS_E_NOAGGREGATION;
+        return Guard([&] { return MakeCom<PageControl>()->QueryInterface(iid, out); });
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+};
+
+// The control of a system without a document class can be made, but shows no page.
+bool SystemShowsPages() {
+    ComPtr<IUnknown> document;
+    return SUCCEEDED(CoCreateInstance(kHtmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                      reinterpret_cast<void**>(document.GetAddressOf())));
+}
+
+bool WantsPageControl() {
+    const std::wstring engine =
+        ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_ENGINE", buffer, kPathLength); });
+    if (_wcsicmp(engine.c_str(), L"chromium") == 0) return true;
+    if (_wcsicmp(engine.c_str(), L"mshtml") == 0) return false;
+    return !SystemShowsPages();
+}
+
+}  // namespace
+
+PageControlClass::PageControlClass() {
+    OleInitialize(nullptr);
+    if (!WantsPageControl()) return;
+    const auto factory = MakeCom<Factory>();
+    CoRegisterClassObject(CLSID_WebBrowser, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                          &cookie_);
+}
+
+PageControlClass::~PageControlClass() {
+    if (cookie_) CoRevokeClassObject(cookie_);
+    OleUninitialize();
+}
+
+}  // namespace tarvik

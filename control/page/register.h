@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tarvik {
+
+// Offers the page control as the system's web browser class to this thread, where the system's own cannot
+// show a page or the environment variable TARVIK_ENGINE says `chromium` (`mshtml` forces the system's). The
+// thread enters the single-threaded apartment of its windows and stays there.
+class PageControlClass {
+  public:
+    PageControlClass();
+    ~PageControlClass();
+    PageControlClass(const PageControlClass&) = delete;
+    PageControlClass& operator=(const PageControlClass&) = delete;
+
+    bool IsOffered() const { return cookie_ != 0; }
+
+  private:
+    DWORD cookie_ = 0;
+};
+
+}  // namespace tarvik
