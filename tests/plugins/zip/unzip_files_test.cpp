@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/owners.h"
+#include "base/text.h"
 #include "tests/plugins/zip/unzip_fixture.h"
 
 // What a run leaves on the disk.
@@ -40,6 +41,30 @@ TEST_F(Unzip, RemovesAFolderThatItMadeAndNoOther) {
     noSource.Set(L"src", (folder_ / L"missing.zip").c_str()).Set(L"dest", (folder_ / L"other").c_str());
     EXPECT_EQ(Run(noSource).text, FailText(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)));
     EXPECT_FALSE(FileExists(folder_ / L"other"));
+}
+
+// However the folder is written, it is made for a run and goes with one that fails.
+TEST_F(Unzip, TakesItsFolderInAnyForm) {
+    namespace fs = std::filesystem;
+    const std::string good = WriteArchive({{"a", "1"}});
+    const std::string broken = WriteArchive({{"a", "1"}, {.name = "bad", .content = "2", .sum = 0}});
+    const fs::path before = fs::current_path();
+    for (const std::wstring& form : {std::wstring(L"out"), std::wstring(L".\\out\\"), Dest() + L"\\",
+                                     fs::path(Dest()).generic_wstring()}) {
+        SCOPED_TRACE(Narrow(form));
+        fs::current_path(folder_.Path());
+        OptionObject options = OptionsFor(broken);
+        options.Set(L"dest", form.c_str());
+        EXPECT_EQ(Run(options).text, FailText(E_FAIL));
+        EXPECT_FALSE(FileExists(Dest()));
+
+        OptionObject again = OptionsFor(good);
+        again.Set(L"dest", form.c_str());
+        EXPECT_EQ(Run(again).text, kSuccess);
+        EXPECT_EQ(ReadFileBytes(Dest() + L"\\a"), "1");
+        fs::remove_all(Dest());
+        fs::current_path(before);
+    }
 }
 
 TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
