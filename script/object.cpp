@@ -24,9 +24,10 @@ STDMETHODIMP CObject::GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) {
     return DefaultTypeInfo(index, locale, out);
 }
 
-STDMETHODIMP CObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
-    if (!ids) return E_INVALIDARG;
-    const auto found = names_.find(std::wstring_view(names[0]));
+STDMETHODIMP CObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    const wchar_t* const name = FirstName(names, count);
+    if (!name || !ids) return E_INVALIDARG;
+    const auto found = names_.find(std::wstring_view(name));
     if (found == names_.end()) return DISP_E_UNKNOWNNAME;
     ids[0] = found->second;
     return S_OK;
@@ -89,8 +90,9 @@ STDMETHODIMP CObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
 }
 
 STDMETHODIMP CArray::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
-    if (!ids) return E_INVALIDARG;
-    const std::wstring_view name(names[0]);
+    const wchar_t* const first = FirstName(names, count);
+    if (!first || !ids) return E_INVALIDARG;
+    const std::wstring_view name(first);
     if (name != L"push" && name != L"length") return CObject::GetIDsOfNames(iid, names, count, locale, ids);
     ids[0] = name == L"push" ? kPush : kLength;
     return S_OK;

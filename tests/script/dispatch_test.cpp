@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "base/text.h"
+#include "script/object.h"
 #include "script/properties.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
@@ -194,6 +195,24 @@ TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
     ITypeInfo* info = nullptr;
     EXPECT_THAT(sample_->GetTypeInfoCount(&count), HasStatus(E_NOTIMPL));
     EXPECT_THAT(sample_->GetTypeInfo(0, 0, &info), HasStatus(E_NOTIMPL));
+}
+
+TEST(NameLookUp, RefusesNullPointers) {
+    const auto table = MakeCom<CSample>();
+    const auto object = MakeCom<CObject>();
+    const auto array = MakeCom<CArray>();
+    for (IDispatch* const face : std::initializer_list<IDispatch*>{table.Get(), object.Get(), array.Get()}) {
+        DISPID id = 0;
+        LPOLESTR none = nullptr;
+        LPOLESTR name = const_cast<LPOLESTR>(L"push");
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &none, 1, kScriptLocale, &id), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, nullptr, 0, kScriptLocale, &id), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &name, 1, kScriptLocale, nullptr), HasStatus(E_INVALIDARG));
+        Variant value;
+        EXPECT_THAT(GetScriptProperty(face, nullptr, &value), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(CallScriptMember(face, nullptr, {}, nullptr), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(SetScriptProperty(face, nullptr, value), HasStatus(E_INVALIDARG));
+    }
 }
 
 TEST_F(MemberTable, TurnsExceptionsIntoStatuses) {
