@@ -93,7 +93,7 @@ TEST_F(Unzip, ReadsNamesInTheirOwnCharacters) {
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\" + std::wstring(long1.begin(), long1.end())), "3");
 }
 
-SYSTEMTIME LocalWriteTime(const std::wstring& path, bool ofCreation) {
+SYSTEMTIME LocalTime(const std::wstring& path, bool ofCreation) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
     GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
     SYSTEMTIME universal = {}, local = {};
@@ -111,9 +111,11 @@ TEST_F(Unzip, SetsTheTimesThatTheArchiveTells) {
                   .text,
               kSuccess);
     for (const wchar_t* name : {L"\\f", L"\\a"}) {
-        const SYSTEMTIME time = LocalWriteTime(Dest() + name, false);
-        EXPECT_EQ(time.wYear * 10000 + time.wMonth * 100 + time.wDay, 20210730);
-        EXPECT_EQ(time.wHour * 10000 + time.wMinute * 100 + time.wSecond, 134558);
+        for (const bool ofCreation : {false, true}) {
+            const SYSTEMTIME time = LocalTime(Dest() + name, ofCreation);
+            EXPECT_EQ(time.wYear * 10000 + time.wMonth * 100 + time.wDay, 20210730);
+            EXPECT_EQ(time.wHour * 10000 + time.wMinute * 100 + time.wSecond, 134558);
+        }
     }
 }
 
