@@ -41,7 +41,7 @@ STDMETHODIMP CObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
         const auto [entry, added] = names_.try_emplace(text, lastPropertyId - 1);
         if (!added) return S_FALSE;
         --lastPropertyId;
-        values_.try_emplace(entry->second);
+        values_.emplace(entry->second, Property{&entry->first, Variant()});
         *out = entry->second;
         return S_OK;
     });
@@ -54,12 +54,12 @@ STDMETHODIMP CObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* pa
     return Guard([&]() -> HRESULT {
         if (flags & DISPATCH_PROPERTYGET) {
             if (!result) return E_INVALIDARG;
-            Variant::Copy(found->second).MoveInto(result);
+            Variant::Copy(found->second.value).MoveInto(result);
             return S_OK;
         }
         if (flags & DISPATCH_PROPERTYPUT) {
             if (!parameters || !parameters->rgvarg) return E_INVALIDARG;
-            found->second = Variant::Copy(parameters->rgvarg[0]);
+            found->second.value = Variant::Copy(parameters->rgvarg[0]);
             return S_OK;
         }
         return E_NOTIMPL;
@@ -73,12 +73,11 @@ STDMETHODIMP CObject::InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* p
 
 STDMETHODIMP CObject::GetMemberName(DISPID id, BSTR* out) {
     if (!out) return E_INVALIDARG;
-    for (const auto& [name, member] : names_) {
-        if (member != id) continue;
-        *out = SysAllocStringLen(name.data(), static_cast<UINT>(name.size()));
-        return *out ? S_OK : E_OUTOFMEMORY;
-    }
-    return DISP_E_UNKNOWNNAME;
+    const auto found = values_.find(id);
+    if (found == values_.end()) return DISP_E_UNKNOWNNAME;
+    const std::wstring& name = *found->second.name;
+    *out = SysAllocStringLen(name.data(), static_cast<UINT>(name.size()));
+    return *out ? S_OK : E_OUTOFMEMORY;
 }
 
 STDMETHODIMP CObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
