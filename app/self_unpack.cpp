@@ -3,6 +3,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <atomic>
 #include <cwchar>
 
 #include "base/owners.h"
@@ -40,11 +41,11 @@ class CExtractCallback : public ComObject<IDispatch> {
 };
 
 std::wstring TemporaryFolderName() {
-    const std::wstring temp =
-        ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"temp", buffer, kPathLength); });
+    wchar_t temp[kPathLength] = {};
+    if (GetEnvironmentVariableW(L"temp", temp, kPathLength) >= kPathLength) throw StatusError(E_FAIL);
     wchar_t ticks[16] = {};
     swprintf(ticks, std::size(ticks), L"\\TV%08lX", GetTickCount());
-    return temp + ticks;
+    return std::wstring(temp) + ticks;
 }
 
 bool IsThere(const std::wstring& folder) {
@@ -64,8 +65,8 @@ void UnpackInto(const std::wstring& folder) {
     SetScriptProperty(options.Get(), L"success", Variant::Object(success.Get()));
     SetScriptProperty(options.Get(), L"fail", Variant::Object(fail.Get()));
     const Variant argument = Variant::Object(options.Get());
-    CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr);
-
+    // Where the call fails, nobody would ever end the wait.
+    ThrowIfFailed(CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr));
     WaitForSingleObject(finished.Get(), INFINITE);
     if (!success->WasCalled()) throw StatusError(E_FAIL);
     SetCurrentDirectoryW(folder.c_str());

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include "base/text.h"
 
@@ -12,6 +13,7 @@ void DeleteFolder(const std::wstring& path) {
     // The call reads names until an empty one, so two terminators have to fit.
     if (path.size() + 2 > kPathLength) return;
     path.copy(list, path.size());
+    PathRemoveBackslashW(list);
     SHFILEOPSTRUCTW operation = {};
     operation.wFunc = FO_DELETE;
     operation.pFrom = list;

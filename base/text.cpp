@@ -1,5 +1,7 @@
 #include "base/text.h"
 
+#include "base/status.h"
+
 namespace tarvik {
 
 std::wstring Widen(std::string_view text, UINT codePage) {
@@ -20,6 +22,15 @@ std::string Narrow(std::wstring_view text, UINT codePage) {
 
 std::wstring ExecutablePath() {
     return ReadPath([](wchar_t* buffer) { GetModuleFileNameW(nullptr, buffer, kPathLength); });
+}
+
+std::wstring FullPath(const std::wstring& path) {
+    const DWORD room = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    std::wstring full(room, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), room, full.data(), nullptr);
+    if (length == 0 || length >= room) ThrowLastError();
+    full.resize(length);
+    return full;
 }
 
 }  // namespace tarvik

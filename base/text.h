@@ -17,6 +17,9 @@ inline constexpr size_t kPathLength = MAX_PATH;
 // Full path of the running executable, cut at the length of a path buffer.
 std::wstring ExecutablePath();
 
+// A path completed from the current folder; throws the status of a failure.
+std::wstring FullPath(const std::wstring& path);
+
 // Calls a function that fills a buffer of kPathLength characters, and returns the text up to the terminator.
 template <class Fill>
 std::wstring ReadPath(Fill&& fill) {

@@ -20,11 +20,6 @@ constexpr const wchar_t* kOptions = L"ori";
 constexpr const wchar_t* kContext = L"context";
 constexpr const wchar_t* kObjects[] = {L"progress", L"success", L"fail", kContext};
 
-struct Start {
-    const AsyncMember& member;
-    ComPtr<CObject> parameters;
-};
-
 void PutTicket(CObject* parameters, const wchar_t* key, IDispatch* object) {
     Ticket ticket(object);
     ThrowIfFailed(SetScriptProperty(parameters, key, Variant::Unknown(ticket.Stream())));
@@ -37,27 +32,29 @@ ComPtr<IDispatch> TakeTicket(CObject* parameters, const wchar_t* key) {
     return Ticket(Query<IStream>(value.punkVal)).Redeem();
 }
 
-// Whatever was not taken out is redeemed, so that no object's reference is lost with its stream.
-void DropTickets(CObject* parameters) {
-    TakeTicket(parameters, kOptions);
-    for (const wchar_t* key : kObjects)
-        TakeTicket(parameters, key);
-}
-
-ComPtr<CObject> MakeParameters(IDispatch* self, IDispatch* options) {
-    auto parameters = MakeCom<CObject>();
-    try {
-        ThrowIfFailed(SetScriptProperty(parameters.Get(), kSelf, Variant::Object(self)));
-        PutTicket(parameters.Get(), kOptions, options);
-        for (const wchar_t* key : kObjects) {
-            const Variant value = ReadScriptProperty(options, key);
-            if (value.Is(VT_DISPATCH) && value.pdispVal) PutTicket(parameters.Get(), key, value.pdispVal);
-        }
-    } catch (...) {
-        DropTickets(parameters.Get());
-        throw;
+// What goes to the worker. Tickets that nobody took out are redeemed at its end, so that no object's
+// reference is lost with its stream; one that was taken out has nothing more to give.
+struct Start {
+    explicit Start(const AsyncMember& toRun) : member(toRun), parameters(MakeCom<CObject>()) {}
+    ~Start() {
+        TakeTicket(parameters.Get(), kOptions);
+        for (const wchar_t* key : kObjects)
+            TakeTicket(parameters.Get(), key);
     }
-    return parameters;
+    Start(const Start&) = delete;
+    Start& operator=(const Start&) = delete;
+
+    const AsyncMember& member;
+    const ComPtr<CObject> parameters;
+};
+
+void PutParameters(CObject* parameters, IDispatch* self, IDispatch* options) {
+    ThrowIfFailed(SetScriptProperty(parameters, kSelf, Variant::Object(self)));
+    PutTicket(parameters, kOptions, options);
+    for (const wchar_t* key : kObjects) {
+        const Variant value = ReadScriptProperty(options, key);
+        if (value.Is(VT_DISPATCH) && value.pdispVal) PutTicket(parameters, key, value.pdispVal);
+    }
 }
 
 AsyncTask OpenTask(CObject* parameters) {
@@ -84,10 +81,10 @@ HRESULT RunTask(const AsyncMember& member, CObject* parameters) noexcept {
 }
 
 DWORD WINAPI Work(void* argument) {
-    const std::unique_ptr<Start> start(static_cast<Start*>(argument));
+    std::unique_ptr<Start> start(static_cast<Start*>(argument));
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     const HRESULT status = RunTask(start->member, start->parameters.Get());
-    start->parameters.Reset();
+    start.reset();
     if (SUCCEEDED(apartment)) CoUninitialize();
     return static_cast<DWORD>(status);
 }
@@ -99,12 +96,9 @@ void SucceedWithContext(const AsyncTask& task) {
 }
 
 void StartAsync(const AsyncMember& member, IDispatch* self, IDispatch* options) {
-    auto start = std::make_unique<Start>(Start{member, MakeParameters(self, options)});
-    if (SHCreateThread(Work, start.get(), 0, nullptr)) {
-        start.release();
-    } else {
-        DropTickets(start->parameters.Get());
-    }
+    auto start = std::make_unique<Start>(member);
+    PutParameters(start->parameters.Get(), self, options);
+    if (SHCreateThread(Work, start.get(), 0, nullptr)) start.release();
 }
 
 }  // namespace tarvik

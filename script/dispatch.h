@@ -14,6 +14,11 @@ namespace tarvik {
 HRESULT OneTypeInfo(UINT* count);
 HRESULT DefaultTypeInfo(UINT index, LCID locale, ITypeInfo** out);
 
+// The one name that GetIDsOfNames looks at: members have no named arguments. Null if there is none.
+inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
+    return names && count > 0 ? names[0] : nullptr;
+}
+
 // A level 1 line with the label "Class::operation", or a level 16 one about a name the class does not have.
 void TraceOperation(const char* className, const char* operation);
 void LogUnknownName(const char* className, const wchar_t* name);
@@ -33,10 +38,12 @@ class TableDispatch : public ComObject<Entries..., IDispatch> {
         TraceOperation(Self::kClassName, "GetTypeInfo");
         return E_NOTIMPL;
     }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
-        const auto* row = FindByName(Self::Members(), names[0]);
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        const wchar_t* const name = FirstName(names, count);
+        if (!name || !ids) return E_INVALIDARG;
+        const auto* row = FindByName(Self::Members(), name);
         if (!row) {
-            LogUnknownName(Self::kClassName, names[0]);
+            LogUnknownName(Self::kClassName, name);
             return DISP_E_UNKNOWNNAME;
         }
         ids[0] = row->id;
@@ -76,10 +83,12 @@ class SmallDispatch : public ComObject<Entries..., IDispatch> {
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override {
         return DefaultTypeInfo(index, locale, out);
     }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+        const wchar_t* const name = FirstName(names, count);
+        if (!name || !ids) return E_INVALIDARG;
         return Guard([&] {
             for (const auto& member : Self::Members()) {
-                if (!kSame(names[0], member.name)) continue;
+                if (!kSame(name, member.name)) continue;
                 ids[0] = member.id;
                 return S_OK;
             }

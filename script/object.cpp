@@ -24,9 +24,10 @@ STDMETHODIMP CObject::GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) {
     return DefaultTypeInfo(index, locale, out);
 }
 
-STDMETHODIMP CObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
-    if (!ids) return E_INVALIDARG;
-    const auto found = names_.find(std::wstring_view(names[0]));
+STDMETHODIMP CObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    const wchar_t* const name = FirstName(names, count);
+    if (!name || !ids) return E_INVALIDARG;
+    const auto found = names_.find(std::wstring_view(name));
     if (found == names_.end()) return DISP_E_UNKNOWNNAME;
     ids[0] = found->second;
     return S_OK;
@@ -40,7 +41,7 @@ STDMETHODIMP CObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
         const auto [entry, added] = names_.try_emplace(text, lastPropertyId - 1);
         if (!added) return S_FALSE;
         --lastPropertyId;
-        values_.try_emplace(entry->second);
+        values_.emplace(entry->second, Property{&entry->first, Variant()});
         *out = entry->second;
         return S_OK;
     });
@@ -53,12 +54,12 @@ STDMETHODIMP CObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* pa
     return Guard([&]() -> HRESULT {
         if (flags & DISPATCH_PROPERTYGET) {
             if (!result) return E_INVALIDARG;
-            Variant::Copy(found->second).MoveInto(result);
+            Variant::Copy(found->second.value).MoveInto(result);
             return S_OK;
         }
         if (flags & DISPATCH_PROPERTYPUT) {
             if (!parameters || !parameters->rgvarg) return E_INVALIDARG;
-            found->second = Variant::Copy(parameters->rgvarg[0]);
+            found->second.value = Variant::Copy(parameters->rgvarg[0]);
             return S_OK;
         }
         return E_NOTIMPL;
@@ -72,12 +73,11 @@ STDMETHODIMP CObject::InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* p
 
 STDMETHODIMP CObject::GetMemberName(DISPID id, BSTR* out) {
     if (!out) return E_INVALIDARG;
-    for (const auto& [name, member] : names_) {
-        if (member != id) continue;
-        *out = SysAllocStringLen(name.data(), static_cast<UINT>(name.size()));
-        return *out ? S_OK : E_OUTOFMEMORY;
-    }
-    return DISP_E_UNKNOWNNAME;
+    const auto found = values_.find(id);
+    if (found == values_.end()) return DISP_E_UNKNOWNNAME;
+    const std::wstring& name = *found->second.name;
+    *out = SysAllocStringLen(name.data(), static_cast<UINT>(name.size()));
+    return *out ? S_OK : E_OUTOFMEMORY;
 }
 
 STDMETHODIMP CObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
@@ -89,8 +89,9 @@ STDMETHODIMP CObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
 }
 
 STDMETHODIMP CArray::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
-    if (!ids) return E_INVALIDARG;
-    const std::wstring_view name(names[0]);
+    const wchar_t* const first = FirstName(names, count);
+    if (!first || !ids) return E_INVALIDARG;
+    const std::wstring_view name(first);
     if (name != L"push" && name != L"length") return CObject::GetIDsOfNames(iid, names, count, locale, ids);
     ids[0] = name == L"push" ? kPush : kLength;
     return S_OK;

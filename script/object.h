@@ -39,8 +39,12 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
     size_t Count() const { return values_.size(); }
 
   private:
+    struct Property {
+        const std::wstring* name;  // the key in names_: walks over large arrays ask for every name
+        Variant value;
+    };
     std::map<std::wstring, DISPID, std::less<>> names_;
-    std::map<DISPID, Variant> values_;
+    std::map<DISPID, Property> values_;
 };
 
 // The script array: a CObject whose elements are the properties "0", "1" and so on, with push and length.

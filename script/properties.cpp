@@ -15,6 +15,7 @@ namespace tarvik {
 namespace {
 
 HRESULT FindId(IDispatch* object, const wchar_t* name, DISPID* id) {
+    if (!name) return E_INVALIDARG;
     LPOLESTR first = const_cast<LPOLESTR>(name);
     return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
 }
@@ -69,7 +70,7 @@ HRESULT PutScriptProperty(IDispatch* object, DISPID id, const VARIANT* value) {
 }
 
 HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value) {
-    if (!object) return E_INVALIDARG;
+    if (!object || !name) return E_INVALIDARG;
     const auto extensible = Query<IDispatchEx>(object);
     if (!extensible) return E_NOINTERFACE;
     DISPID id = DISPID_UNKNOWN;

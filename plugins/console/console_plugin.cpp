@@ -24,7 +24,8 @@ HRESULT CConsolePlugin::Log(WORD flags, const Call& call) {
     if (flags & DISPATCH_PROPERTYGET) return Give(call.Result(), Variant());
     if (call.Count() == 0) return E_FAIL;
     BSTR text = nullptr;
-    if (Read(call.At(0), text)) OutputDebugStringW((std::wstring(Bstr::View(text)) + L'\n').c_str());
+    // The channel takes texts up to a NUL, so a line ends there.
+    if (Read(call.At(0), text)) OutputDebugStringW((std::wstring(text ? text : L"") + L'\n').c_str());
     return S_OK;
 }
 

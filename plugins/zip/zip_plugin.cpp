@@ -1,5 +1,6 @@
 #include "plugins/zip/zip_plugin.h"
 
+#include "base/text.h"
 #include "script/async.h"
 #include "script/properties.h"
 
@@ -19,9 +20,10 @@ CZipPlugin* PluginOf(const AsyncTask& task) {
 }
 
 ExtractOptions ReadOptions(const AsyncTask& task) {
-    auto dest = task.options.Text(L"dest");
+    const auto dest = task.options.Text(L"dest");
     if (!dest || dest->empty()) throw StatusError(E_INVALIDARG);
-    return {std::move(*dest), task.options.Flag(L"overWrite"), task.progress.Get(), &task.context};
+    // The system makes no folder that is named from the current one, and that may change during the run.
+    return {FullPath(*dest), task.options.Flag(L"overWrite"), task.progress.Get(), &task.context};
 }
 
 HRESULT UnzipFile(const AsyncTask& task) {

@@ -39,7 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{L"-a -", L"a", "none", true}, Case{L"-a -", L"", "none", true},
                     Case{L"--k v", L"--k", "=v", false}, Case{L"--k v", L"k", "none", false},
                     Case{L"/d \"a b\"", L"d", "=a b", false}, Case{L"-d", L"d", "none", true},
-                    Case{L"-k \"\"", L"k", "=", false}, Case{L"-a b c", L"c", "none", true}));
+                    Case{L"-k \"\"", L"k", "=", false}, Case{L"-a b c", L"c", "none", true},
+                    Case{L"\"\" -x", L"", "none", true}));
 
 INSTANTIATE_TEST_SUITE_P(
     Equals, CommandLineCase,

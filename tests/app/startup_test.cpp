@@ -40,8 +40,10 @@ class Program : public testing::Test {
         fs::create_directories(folder_ / L"work");
     }
 
-    void Start(const std::wstring& arguments = L"") {
-        SetEnvironmentVariableW(L"temp", Temp().c_str());
+    void Start(const std::wstring& arguments = L"") { StartWithTemp(Temp(), arguments); }
+
+    void StartWithTemp(const std::wstring& temp, const std::wstring& arguments = L"") {
+        SetEnvironmentVariableW(L"temp", temp.c_str());
         SetEnvironmentVariableW(L"TARVIK_ENGINE", L"mshtml");
         std::wstring line = L"\"" + Executable() + L"\" " + arguments;
         STARTUPINFOW startup = {sizeof startup};
@@ -73,9 +75,10 @@ class Program : public testing::Test {
     }
 
     // What was unpacked, and is still there.
-    std::vector<fs::path> Unpacked() const {
+    std::vector<fs::path> Unpacked() const { return UnpackedIn(Temp()); }
+    static std::vector<fs::path> UnpackedIn(const fs::path& temp) {
         std::vector<fs::path> folders;
-        for (const auto& entry : fs::directory_iterator(Temp())) {
+        for (const auto& entry : fs::directory_iterator(temp)) {
             if (entry.path().filename().wstring().starts_with(L"TV")) folders.push_back(entry.path());
         }
         return folders;
@@ -118,6 +121,16 @@ TEST_F(Program, StartsWithABrokenArchiveAsWithNone) {
     Start();
     ASSERT_TRUE(WaitFor([&] { return Windows() == 1; }));
     EXPECT_TRUE(Unpacked().empty());
+    EXPECT_EQ(Quit(0), 0u);
+}
+
+TEST_F(Program, DoesNotUnpackToAPlaceWithTooLongAName) {
+    Install(WriteArchive({{"resource/index.html", "<html></html>"}}));
+    folder_.Write(L"resource\\index.html", "<html></html>");
+    const auto atTheRoot = UnpackedIn(fs::path(folder_.Path()).root_path());
+    StartWithTemp(Temp() + std::wstring(300, L'x'));
+    ASSERT_TRUE(WaitFor([&] { return Windows() == 1; }));
+    EXPECT_EQ(UnpackedIn(fs::path(folder_.Path()).root_path()), atTheRoot);
     EXPECT_EQ(Quit(0), 0u);
 }
 

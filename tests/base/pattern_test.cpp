@@ -5,6 +5,7 @@
 #include <chrono>
 #include <string>
 
+#include "base/owners.h"
 #include "base/text.h"
 
 namespace tarvik {
@@ -103,19 +104,35 @@ TEST(PatternCaptures, AreInTheOrderOfTheirBraces) {
     EXPECT_EQ(match->captures[3]->In(text), L"png");
 }
 
-// Expressions made to run for ever, or to go deep: each ends soon, and has found nothing.
-TEST(PatternBounds, HoldForMaliciousExpressions) {
-    const auto start = std::chrono::steady_clock::now();
+constexpr DWORD kSearched = 1;
+
+DWORD WINAPI SearchWithMaliciousExpressions(void*) {
     const std::wstring many(20'000, L'a');
-    for (const wchar_t* text : {L"((a*)*)*b", L"(a|a)*b", L"(a|aa)+$b", L"^!((a|a)*b)", L"{(.+)+}\\0x"}) {
+    for (const wchar_t* text : {L"((a*)*)*b", L"(a|a)*b", L"(a|aa)+$b", L"^!((a|a)*b)", L"{(.+)+}\\0x",
+                                L"{{{{{{{{{{a}}}}}}}}}}*b", L"(!!!!!!!!!!!!a.)*b"}) {
         EXPECT_FALSE(Pattern::Compile(text)->Search(many)) << Narrow(text);
     }
-    EXPECT_FALSE(Pattern::Compile(std::wstring(20'000, L'a') + L"b")->Search(many));
+    EXPECT_FALSE(Pattern::Compile(many + L"b")->Search(many));
     EXPECT_TRUE(Pattern::Compile(L"a" + std::wstring(100'000, L'*') + L"$")->Search(many));
+    return kSearched;
+}
+
+// Expressions made to run for ever, or to go deep: each ends soon, on a small stack, and has found nothing.
+TEST(PatternBounds, HoldForMaliciousExpressions) {
+    constexpr SIZE_T kSmallStack = 1 << 20;
+    const auto start = std::chrono::steady_clock::now();
+    const UniqueHandle thread(CreateThread(nullptr, kSmallStack, SearchWithMaliciousExpressions, nullptr,
+                                           STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
+    EXPECT_EQ(WaitForSingleObject(thread.Get(), 60'000), WAIT_OBJECT_0);
+    DWORD answer = 0;
+    GetExitCodeThread(thread.Get(), &answer);
+    EXPECT_EQ(answer, kSearched);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST(PatternBounds, LeaveLongPathsAlone) {
+    EXPECT_TRUE(Pattern::Compile(L"^(a|b)+$")->Search(std::wstring(kPathLength, L'b')));
+    EXPECT_TRUE(Pattern::Compile(L"^({a}|{b})+$")->Search(std::wstring(kPathLength, L'b')));
     const std::wstring path = L"C:" + std::wstring(30'000, L'x') + L".dll";
     EXPECT_TRUE(Pattern::Compile(L"^\\c:.*\\.dll$")->Search(path));
     EXPECT_TRUE(Pattern::Compile(L"\\.dll$")->Search(path));

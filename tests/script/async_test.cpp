@@ -77,9 +77,7 @@ TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
     }).join();
     OnWorker([&] {
         const auto dead = ticket.Redeem();
-        if (dead) {
-            EXPECT_LT(CallScriptFunction(dead.Get()), 0);
-        }
+        EXPECT_LT(CallScriptFunction(dead.Get()), 0);
     });
 }
 
@@ -171,6 +169,30 @@ TEST_F(AsyncRun, TakesWhatIsNoFunctionAsAbsent) {
     OptionObject options;
     options.Set(L"progress", L"text").Set(L"success", nullptr).Set(L"fail", 3).Set(L"boom", true);
     Run(options);
+}
+
+// An object that cannot be taken to another thread.
+class Rooted : public ComObject<IDispatch, IMarshal> {
+  public:
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP GetUnmarshalClass(REFIID, void*, DWORD, void*, DWORD, CLSID*) override { return E_ABORT; }
+    STDMETHODIMP GetMarshalSizeMax(REFIID, void*, DWORD, void*, DWORD, DWORD*) override { return E_ABORT; }
+    STDMETHODIMP MarshalInterface(IStream*, REFIID, void*, DWORD, void*, DWORD) override { return E_ABORT; }
+    STDMETHODIMP UnmarshalInterface(IStream*, REFIID, void**) override { return E_ABORT; }
+    STDMETHODIMP ReleaseMarshalData(IStream*) override { return E_ABORT; }
+    STDMETHODIMP DisconnectObject(DWORD) override { return E_ABORT; }
+};
+
+TEST_F(AsyncRun, LosesNothingWhenAnObjectCannotTravel) {
+    const auto plugin = MakeCom<CObject>();
+    OptionObject options = AllCallbacks();
+    options.Set(L"context", static_cast<IDispatch*>(MakeCom<Rooted>().Get()));
+    EXPECT_THROW(StartAsync(kMember, plugin.Get(), options), StatusError);
 }
 
 TEST_F(AsyncRun, RunsSideBySide) {

@@ -4,8 +4,11 @@
 
 #include <functional>
 
+#include "app/log/log.h"
 #include "base/text.h"
+#include "script/object.h"
 #include "script/properties.h"
+#include "tests/support/debug_channel.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/script_bench.h"
@@ -16,6 +19,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 
 // A plug-in with a row for each kind of argument, result and access; it notes what its handlers got.
 class CSample : public TableDispatch<CSample> {
@@ -194,6 +198,40 @@ TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
     ITypeInfo* info = nullptr;
     EXPECT_THAT(sample_->GetTypeInfoCount(&count), HasStatus(E_NOTIMPL));
     EXPECT_THAT(sample_->GetTypeInfo(0, 0, &info), HasStatus(E_NOTIMPL));
+}
+
+TEST_F(MemberTable, LogsUnknownNamesAndItsOperations) {
+    DebugChannel channel;
+    const DWORD before = std::exchange(processLog.flags, kLogTrace | kLogError);
+    DISPID id = 0;
+    UINT count = 0;
+    IdOf(sample_.Get(), L"none", &id);
+    IdOf(sample_.Get(), L"size", &id);
+    sample_->GetTypeInfoCount(&count);
+    InvokeId(-9990, DISPATCH_METHOD, nullptr);
+    processLog.flags = before;
+    const std::string line = "\\(\\d\\d\\d\\d\\) CSample::";
+    EXPECT_THAT(channel.texts,
+                ElementsAre(MatchesRegex(line + "GetIDsOfNames Not implement name: none\n"),
+                            MatchesRegex(line + "GetTypeInfoCount\n"), MatchesRegex(line + "Invoke\n")));
+}
+
+TEST(NameLookUp, RefusesNullPointers) {
+    const auto table = MakeCom<CSample>();
+    const auto object = MakeCom<CObject>();
+    const auto array = MakeCom<CArray>();
+    for (IDispatch* const face : std::initializer_list<IDispatch*>{table.Get(), object.Get(), array.Get()}) {
+        DISPID id = 0;
+        LPOLESTR none = nullptr;
+        LPOLESTR name = const_cast<LPOLESTR>(L"push");
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &none, 1, kScriptLocale, &id), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, nullptr, 0, kScriptLocale, &id), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &name, 1, kScriptLocale, nullptr), HasStatus(E_INVALIDARG));
+        Variant value;
+        EXPECT_THAT(GetScriptProperty(face, nullptr, &value), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(CallScriptMember(face, nullptr, {}, nullptr), HasStatus(E_INVALIDARG));
+        EXPECT_THAT(SetScriptProperty(face, nullptr, value), HasStatus(E_INVALIDARG));
+    }
 }
 
 TEST_F(MemberTable, TurnsExceptionsIntoStatuses) {

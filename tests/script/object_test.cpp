@@ -129,6 +129,40 @@ TEST(ScriptObjects, AreMadeByTheirTypeNames) {
     EXPECT_THAT(CreateScriptObject(L"object", nullptr), HasStatus(E_INVALIDARG));
 }
 
+TEST(ScriptValues, AreMovedOutAndMadeFromNarrowText) {
+    const long before = liveComObjects;
+    {
+        Variant source = Variant::Text(L"moved");
+        Variant destination = Variant::Object(MakeCom<CObject>().Get());
+        EXPECT_THAT(MoveValueOut(&source, &destination), HasStatus(S_OK));
+        EXPECT_EQ(ValueText(source), "EMPTY");
+        EXPECT_EQ(ValueText(destination), "BSTR moved");
+        EXPECT_EQ(liveComObjects, before) << "the old value of the destination is cleared";
+        EXPECT_THAT(MoveValueOut(&destination, nullptr), HasStatus(E_POINTER));
+        EXPECT_EQ(ValueText(destination), "BSTR moved");
+    }
+    Bstr text;
+    text.Attach(NarrowToBstr("narrow"));
+    EXPECT_EQ(text.View(), L"narrow");
+    EXPECT_EQ(NarrowToBstr(nullptr), nullptr);
+}
+
+// A value by reference, as some engines pass variables, must not outlive the call by its address.
+TEST(ScriptObject, KeepsAValueThatCameByReference) {
+    const auto object = MakeCom<CObject>();
+    const auto array = MakeCom<CArray>();
+    {
+        Variant variable = Variant::Text(L"kept");
+        VARIANT reference = {};
+        reference.vt = VT_VARIANT | VT_BYREF;
+        reference.pvarVal = &variable;
+        EXPECT_THAT(SetScriptProperty(object.Get(), L"a", reference), HasStatus(S_OK));
+        array->Push(&reference);
+    }
+    EXPECT_EQ(ValueText(ReadScriptProperty(object.Get(), L"a")), "BSTR kept");
+    EXPECT_EQ(ValueText(ReadScriptProperty(array.Get(), L"0")), "BSTR kept");
+}
+
 // Objects of the engine, not ours: reading, writing and calling them.
 TEST(ScriptValues, OfARealEngineAreReadWrittenAndCalled) {
     ScriptBench bench(MakeCom<CObject>().Get());

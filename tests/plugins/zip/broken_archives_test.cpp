@@ -49,6 +49,8 @@ TEST_F(Unzip, AnswersMissingOptions) {
     OptionObject noDest = OptionsFor(WriteArchive({}));
     noDest.Set(L"dest", 5);
     EXPECT_EQ(Run(noDest).text, FailText(E_INVALIDARG));
+    noDest.Set(L"dest", L"");
+    EXPECT_EQ(Run(noDest).text, FailText(E_INVALIDARG)) << "else it would be the root of the drive";
 
     OptionObject sourceOfAnotherKind;
     sourceOfAnotherKind.Set(L"src", nullptr).Set(L"dest", Dest().c_str());

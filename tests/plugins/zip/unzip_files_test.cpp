@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/owners.h"
+#include "base/text.h"
 #include "tests/plugins/zip/unzip_fixture.h"
 
 // What a run leaves on the disk.
@@ -42,6 +43,30 @@ TEST_F(Unzip, RemovesAFolderThatItMadeAndNoOther) {
     EXPECT_FALSE(FileExists(folder_ / L"other"));
 }
 
+// However the folder is written, it is made for a run and goes with one that fails.
+TEST_F(Unzip, TakesItsFolderInAnyForm) {
+    namespace fs = std::filesystem;
+    const std::string good = WriteArchive({{"a", "1"}});
+    const std::string broken = WriteArchive({{"a", "1"}, {.name = "bad", .content = "2", .sum = 0}});
+    const fs::path before = fs::current_path();
+    for (const std::wstring& form : {std::wstring(L"out"), std::wstring(L".\\out\\"), Dest() + L"\\",
+                                     fs::path(Dest()).generic_wstring()}) {
+        SCOPED_TRACE(Narrow(form));
+        fs::current_path(folder_.Path());
+        OptionObject options = OptionsFor(broken);
+        options.Set(L"dest", form.c_str());
+        EXPECT_EQ(Run(options).text, FailText(E_FAIL));
+        EXPECT_FALSE(FileExists(Dest()));
+
+        OptionObject again = OptionsFor(good);
+        again.Set(L"dest", form.c_str());
+        EXPECT_EQ(Run(again).text, kSuccess);
+        EXPECT_EQ(ReadFileBytes(Dest() + L"\\a"), "1");
+        fs::remove_all(Dest());
+        fs::current_path(before);
+    }
+}
+
 TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
     const std::string archive =
         WriteArchive({{"deep/er/file", "1"}, {"only/", ""}, {"a//b", "2"}, {"./dot/c", "3"}});
@@ -68,7 +93,7 @@ TEST_F(Unzip, ReadsNamesInTheirOwnCharacters) {
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\" + std::wstring(long1.begin(), long1.end())), "3");
 }
 
-SYSTEMTIME LocalWriteTime(const std::wstring& path, bool ofCreation) {
+SYSTEMTIME LocalTime(const std::wstring& path, bool ofCreation) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
     GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data);
     SYSTEMTIME universal = {}, local = {};
@@ -86,9 +111,11 @@ TEST_F(Unzip, SetsTheTimesThatTheArchiveTells) {
                   .text,
               kSuccess);
     for (const wchar_t* name : {L"\\f", L"\\a"}) {
-        const SYSTEMTIME time = LocalWriteTime(Dest() + name, false);
-        EXPECT_EQ(time.wYear * 10000 + time.wMonth * 100 + time.wDay, 20210730);
-        EXPECT_EQ(time.wHour * 10000 + time.wMinute * 100 + time.wSecond, 134558);
+        for (const bool ofCreation : {false, true}) {
+            const SYSTEMTIME time = LocalTime(Dest() + name, ofCreation);
+            EXPECT_EQ(time.wYear * 10000 + time.wMonth * 100 + time.wDay, 20210730);
+            EXPECT_EQ(time.wHour * 10000 + time.wMinute * 100 + time.wSecond, 134558);
+        }
     }
 }
 

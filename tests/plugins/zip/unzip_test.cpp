@@ -94,6 +94,12 @@ TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
     EXPECT_EQ(RunOn(kArchive, skip).text, kSuccess);
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\folder\\a.txt"), "mine");
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\b.txt"), "second");
+    // Folders are made before they can be skipped.
+    const auto skipAll = [](const Recorder::Record&) { return Variant::I4(0); };
+    EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}}), skipAll).text, kSuccess);
+    EXPECT_TRUE(FileExists(Dest() + L"\\only"));
+    EXPECT_TRUE(FileExists(Dest() + L"\\above"));
+    EXPECT_FALSE(FileExists(Dest() + L"\\above\\a.txt"));
 }
 
 TEST_F(Unzip, EndsWithoutCallbacksWhereNoneWereGiven) {

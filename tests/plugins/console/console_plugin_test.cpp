@@ -1,0 +1,104 @@
+#include "plugins/console/console_plugin.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "script/object.h"
+#include "script/properties.h"
+#include "tests/support/debug_channel.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/status_text.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Console : public testing::Test {
+  protected:
+    template <class... Args>
+    HRESULT Log(Args&&... args) {
+        return CallMember(plugin_.Get(), L"log", std::forward<Args>(args)...).status;
+    }
+    std::string ShowJsError() { return ValueText(GetMember(plugin_.Get(), L"showJsError").value); }
+
+    ComPtr<CConsolePlugin> plugin_ = MakeCom<CConsolePlugin>();
+    DebugChannel channel_;
+};
+
+TEST_F(Console, WritesTheFirstArgumentAsALine) {
+    EXPECT_THAT(Log(L"a", L"b"), HasStatus(S_OK));
+    EXPECT_THAT(Log(L"100%s"), HasStatus(S_OK));
+    EXPECT_THAT(Log(L""), HasStatus(S_OK));
+    EXPECT_THAT(Log(Variant::Text(std::wstring_view(L"cut\0off", 7))), HasStatus(S_OK));
+    EXPECT_THAT(channel_.texts, ElementsAre("a\n", "100%s\n", "\n", "cut\n"));
+}
+
+TEST_F(Console, WritesNothingButText) {
+    EXPECT_THAT(Log(12, L"text"), HasStatus(S_OK));
+    EXPECT_THAT(Log(nullptr), HasStatus(S_OK));
+    EXPECT_THAT(Log(plugin_.Get()), HasStatus(S_OK));
+    EXPECT_THAT(Log(), HasStatus(E_FAIL));
+    const Outgoing read = GetMember(plugin_.Get(), L"log");
+    EXPECT_THAT(read.status, HasStatus(S_OK));
+    EXPECT_EQ(ValueText(read.value), "EMPTY");
+    EXPECT_THAT(channel_.texts, IsEmpty());
+}
+
+TEST_F(Console, KeepsAnyValueThatSaysWhetherErrorsAreShown) {
+    EXPECT_EQ(ShowJsError(), "EMPTY");
+    PutMember(plugin_.Get(), L"showJsError", false);
+    EXPECT_EQ(ShowJsError(), "BOOL false");
+    PutMember(plugin_.Get(), L"showJsError", L"text");
+    EXPECT_EQ(ShowJsError(), "BSTR text");
+    EXPECT_THAT(CallMember(plugin_.Get(), L"showJsError", true).status, HasStatus(E_FAIL));
+    EXPECT_EQ(ShowJsError(), "BSTR text");
+
+    const long before = liveComObjects;
+    PutMember(plugin_.Get(), L"showJsError", static_cast<IDispatch*>(MakeCom<CObject>().Get()));
+    EXPECT_EQ(liveComObjects, before + 1);
+    plugin_.Reset();
+    EXPECT_EQ(liveComObjects, before - 1) << "the value goes with the plug-in";
+}
+
+TEST_F(Console, KnowsItsNamesAndIdsOnly) {
+    DISPID id = 0;
+    EXPECT_THAT(IdOf(plugin_.Get(), L"log", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -6999);
+    EXPECT_THAT(IdOf(plugin_.Get(), L"showJsError", &id), HasStatus(S_OK));
+    EXPECT_EQ(id, -6998);
+    for (const wchar_t* unknown : {L"", L"Log", L"logs", L"showjserror"})
+        EXPECT_THAT(IdOf(plugin_.Get(), unknown, &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(IdOf(plugin_.Get(), nullptr, &id), HasStatus(E_INVALIDARG));
+
+    DISPPARAMS none = {};
+    Variant result;
+    for (const DISPID unknown : {-7000, -6997, -1, 0}) {
+        EXPECT_THAT(plugin_->Invoke(unknown, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, &result,
+                                    nullptr, nullptr),
+                    HasStatus(DISP_E_UNKNOWNNAME));
+    }
+    UINT count = 0;
+    EXPECT_THAT(plugin_->GetTypeInfoCount(&count), HasStatus(S_OK));
+    EXPECT_EQ(count, 1u);
+    ComPtr<ITypeInfo> info;
+    EXPECT_THAT(plugin_->GetTypeInfo(0, kScriptLocale, info.GetAddressOf()), HasStatus(S_OK));
+    EXPECT_THAT(plugin_->GetTypeInfo(1, kScriptLocale, info.ReleaseAndGetAddressOf()),
+                HasStatus(DISP_E_BADINDEX));
+}
+
+TEST_F(Console, IsDrivenByScript) {
+    ScriptBench bench(plugin_.Get());
+    bench.Run(
+        L"external.log('from script'); external.log(1);"
+        L"external.showJsError = false; ok(external.showJsError === false, 'reads back');"
+        L"var number = 0; try { external.log(); } catch (e) { number = e.number; }"
+        L"ok(number === 0x80004005 - 0x100000000, 'the status is the number: ' + number);");
+    EXPECT_THAT(channel_.texts, ElementsAre("from script\n"));
+}
+
+}  // namespace
+}  // namespace tarvik
