@@ -79,10 +79,6 @@ std::string FileUrl(const std::wstring& path) {
     return (share ? "file:" : std::string(kFileScheme)) + Escape(slashes);
 }
 
-std::wstring FullPath(const std::wstring& path) {
-    return ReadPath([&](wchar_t* buffer) { GetFullPathNameW(path.c_str(), kPathLength, buffer, nullptr); });
-}
-
 }  // namespace
 
 std::string EngineAddress(const std::wstring& address) {
