@@ -206,19 +206,22 @@ void ScriptWorld::ListenToMouse() {
 void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
     const bool wakes = std::exchange(waits_, false);
     answering_ += wakes;
-    const Json command = {
-        {"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}, {"silent", true}};
-    target_.Post("Runtime.evaluate", command,
-                 [self = shared_from_this(), wakes, onReply = std::move(onReply)](const Json* result) {
-                     std::string text;
-                     if (result && !result->contains("exceptionDetails"))
-                         text = result->at("result").value("value", std::string());
-                     self->answering_ -= wakes;
-                     if (text == kQueued && !wakes) self->owed_ = true;
-                     if (onReply) onReply(text);
-                     self->Settle();
-                 });
-    if (wakes) Resume();
+    const auto take = [self = shared_from_this(), wakes, onReply = std::move(onReply)](const Json* result) {
+        std::string text;
+        if (result && !result->contains("exceptionDetails"))
+            text = result->at("result").value("value", std::string());
+        self->answering_ -= wakes;
+        if (text == kQueued && !wakes) self->owed_ = true;
+        if (onReply) onReply(text);
+        self->Settle();
+    };
+    target_.Engine().Together([&] {
+        target_.Post(
+            "Runtime.evaluate",
+            {{"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}, {"silent", true}},
+            take);
+        if (wakes) Resume();
+    });
 }
 
 void ScriptWorld::SendDrops() {

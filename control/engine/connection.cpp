@@ -67,7 +67,25 @@ void Connection::Post(std::string_view session, std::string_view method, Json pa
     if (!session.empty()) command["sessionId"] = session;
     if (onReply) replies_.emplace(id, std::move(onReply));
     // What cannot be sent is answered by the end of the engine, which is on its way.
-    transport_->Write(command.dump(-1, ' ', false, Json::error_handler_t::replace));
+    Send(command.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+void Connection::Send(std::string_view message) {
+    if (together_) {
+        together_->append(message) += '\0';
+    } else {
+        transport_->Write(message);
+    }
+}
+
+void Connection::Together(const std::function<void()>& posts) {
+    if (together_) return posts();
+    together_.emplace();
+    posts();
+    const std::string messages = std::move(*together_);
+    together_.reset();
+    // The last end is written by the transport.
+    if (!messages.empty()) transport_->Write(std::string_view(messages).substr(0, messages.size() - 1));
 }
 
 Json Connection::Call(std::string_view session, std::string_view method, Json params, DWORD timeout) {
@@ -127,17 +145,30 @@ bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout
 void Connection::WaitForMore(DWORD timeout, bool patient) {
     HANDLE event = arrived_.Get();
     DWORD index = 0;
+    {
+        const std::lock_guard lock(queueLock_);
+        if (!queue_.empty()) return;
+        ++waits_;
+    }
     if (patient) {
         CoWaitForMultipleHandles(0, timeout, 1, &event, &index);
     } else {
         MsgWaitForMultipleObjectsEx(1, &event, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-        PumpAll();
     }
+    {
+        const std::lock_guard lock(queueLock_);
+        --waits_;
+    }
+    if (!patient) PumpAll();
 }
 
 LRESULT CALLBACK Connection::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const connection = reinterpret_cast<Connection*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message != kArrived || !connection) return DefWindowProcW(window, message, wParam, lParam);
+    {
+        const std::lock_guard lock(connection->queueLock_);
+        connection->posted_ = false;
+    }
     (void)Guard([&] { connection->Deliver(); });
     return 0;
 }
@@ -152,6 +183,8 @@ void Connection::Deliver() {
             if (queue_.empty()) return;
             message = std::move(queue_.front());
             queue_.pop_front();
+            // A handler may run a message loop of its own, which then delivers the rest.
+            if (!queue_.empty()) PostArrival();
         }
         if (message) {
             DeliverOne(*message);

@@ -27,6 +27,7 @@ class Connection : public DevTools {
     Connection& operator=(const Connection&) = delete;
 
     void Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) override;
+    void Together(const std::function<void()>& posts) override;
     Json Call(std::string_view session, std::string_view method, Json params, DWORD timeout) override;
     void Listen(std::string_view session, EventHandler handler) override;
     void ListenToFrames(std::string_view session, FrameHandler handler) override;
@@ -46,8 +47,10 @@ class Connection : public DevTools {
     void Receive(std::string_view message);
     void ReceiveFrame(std::string_view message);
     void Queue(std::optional<Json> message);
+    void PostArrival();  // with the queue's lock held; any thread
 
     // Main thread
+    void Send(std::string_view message);
     void Deliver();
     void DeliverOne(const Json& message);
     void DeliverEnd();
@@ -57,6 +60,7 @@ class Connection : public DevTools {
     std::unique_ptr<Transport> transport_;
     bool open_ = true;
     std::string firstPage_;
+    std::optional<std::string> together_;  // messages that wait for those posted with them
     std::atomic<int> lastId_{0};
     std::unordered_map<int, ReplyHandler> replies_;
     std::map<std::string, EventHandler, std::less<>> listeners_;
@@ -64,7 +68,9 @@ class Connection : public DevTools {
     std::mutex queueLock_;
     std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end
     UniqueHandle arrived_;
-    UniqueHandle ended_;  // the reader thread is through
+    bool posted_ = false;  // a message about it is on its way to the window
+    int waits_ = 0;        // that are under way, one inside the other
+    UniqueHandle ended_;   // the reader thread is through
 
     std::mutex framesLock_;  // held while a frame is passed on
     std::map<std::string, FrameHandler, std::less<>> frameHandlers_;

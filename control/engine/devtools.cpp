@@ -111,13 +111,17 @@ void Connection::ReceiveFrame(std::string_view message) {
     }
 }
 
+// A waiting main thread hears of it by the event, one in a message loop by a message. It may be both: a wait
+// serves calls from other apartments, which may run message loops.
 void Connection::Queue(std::optional<Json> message) {
-    {
-        const std::lock_guard lock(queueLock_);
-        queue_.push_back(std::move(message));
-    }
-    SetEvent(arrived_.Get());
-    PostMessageW(window_.Get(), kArrived, 0, 0);
+    const std::lock_guard lock(queueLock_);
+    queue_.push_back(std::move(message));
+    if (waits_ > 0) SetEvent(arrived_.Get());
+    PostArrival();
+}
+
+void Connection::PostArrival() {
+    if (!std::exchange(posted_, true)) PostMessageW(window_.Get(), kArrived, 0, 0);
 }
 
 }  // namespace tarvik

@@ -31,6 +31,9 @@ class DevTools {
     virtual void Post(std::string_view session, std::string_view method, Json params,
                       ReplyHandler onReply = nullptr) = 0;
 
+    // What is posted inside goes to the engine in one piece, which saves it a wake-up.
+    virtual void Together(const std::function<void()>& posts) = 0;
+
     // Sends a command and waits for its reply, serving other messages meanwhile. Throws StatusError: E_FAIL
     // for an error reply, RPC_E_DISCONNECTED when the engine ends, RPC_E_TIMEOUT.
     virtual Json Call(std::string_view session, std::string_view method, Json params = Json::object(),
