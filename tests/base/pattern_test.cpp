@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
 
+#include "base/owners.h"
 #include "base/text.h"
 
 namespace tarvik {
@@ -103,15 +105,30 @@ TEST(PatternCaptures, AreInTheOrderOfTheirBraces) {
     EXPECT_EQ(match->captures[3]->In(text), L"png");
 }
 
+// Runs `work` on a thread with the smallest stack that a program here gets.
+void RunOnSmallStack(const std::function<void()>& work) {
+    const LPTHREAD_START_ROUTINE run = [](void* given) -> DWORD {
+        (*static_cast<const std::function<void()>*>(given))();
+        return 0;
+    };
+    const UniqueHandle thread(CreateThread(nullptr, 1 << 20, run, const_cast<std::function<void()>*>(&work),
+                                           STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
+    ASSERT_TRUE(thread);
+    WaitForSingleObject(thread.Get(), INFINITE);
+}
+
 // Expressions made to run for ever, or to go deep: each ends soon, and has found nothing.
 TEST(PatternBounds, HoldForMaliciousExpressions) {
     const auto start = std::chrono::steady_clock::now();
-    const std::wstring many(20'000, L'a');
-    for (const wchar_t* text : {L"((a*)*)*b", L"(a|a)*b", L"(a|aa)+$b", L"^!((a|a)*b)", L"{(.+)+}\\0x"}) {
-        EXPECT_FALSE(Pattern::Compile(text)->Search(many)) << Narrow(text);
-    }
-    EXPECT_FALSE(Pattern::Compile(std::wstring(20'000, L'a') + L"b")->Search(many));
-    EXPECT_TRUE(Pattern::Compile(L"a" + std::wstring(100'000, L'*') + L"$")->Search(many));
+    RunOnSmallStack([] {
+        const std::wstring many(20'000, L'a');
+        for (const wchar_t* text : {L"((a*)*)*b", L"(a|a)*b", L"(a|aa)+$b", L"^!((a|a)*b)", L"{(.+)+}\\0x",
+                                    L"({((((((a))))))}|x)*b", L"((((((a|b)|b)|b)|b)|b)*)*c"}) {
+            EXPECT_FALSE(Pattern::Compile(text)->Search(many)) << Narrow(text);
+        }
+        EXPECT_FALSE(Pattern::Compile(std::wstring(20'000, L'a') + L"b")->Search(many));
+        EXPECT_TRUE(Pattern::Compile(L"a" + std::wstring(100'000, L'*') + L"$")->Search(many));
+    });
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
@@ -119,6 +136,9 @@ TEST(PatternBounds, LeaveLongPathsAlone) {
     const std::wstring path = L"C:" + std::wstring(30'000, L'x') + L".dll";
     EXPECT_TRUE(Pattern::Compile(L"^\\c:.*\\.dll$")->Search(path));
     EXPECT_TRUE(Pattern::Compile(L"\\.dll$")->Search(path));
+    EXPECT_TRUE(Pattern::Compile(L":\\a+\\.(\\c)*$")->Search(path));
+    // Each character of a repeated choice costs depth, but a path has room for no more than this.
+    EXPECT_TRUE(Pattern::Compile(L"^(((a|x)|b)|c)+$")->Search(std::wstring(kPathLength, L'x')));
 }
 
 }  // namespace
