@@ -6,6 +6,7 @@
 #include "base/com_ptr.h"
 #include "base/owners.h"
 #include "base/status.h"
+#include "base/text.h"
 #include "host/registry/plugin_registry.h"
 
 namespace tarvik {
@@ -15,6 +16,11 @@ namespace {
 auto& Libraries() {
     static std::vector<UniqueModule> libraries;
     return libraries;
+}
+
+// The loader looks for a relative path in other folders first, and might take a file that nobody looked at.
+std::wstring FullPath(const std::wstring& path) {
+    return ReadPath([&](wchar_t* buffer) { GetFullPathNameW(path.c_str(), kPathLength, buffer, nullptr); });
 }
 
 template <class Part>
@@ -66,7 +72,8 @@ void Register(TVK::PluginFactory factory) {
 
 }  // namespace
 
-HRESULT LoadPluginLibrary(const std::wstring& path) {
+HRESULT LoadPluginLibrary(const std::wstring& given) {
+    const std::wstring path = FullPath(given);
     const WORD machine = ImageMachine(path);
     if (machine == 0 || machine == IMAGE_FILE_MACHINE_I386) return E_FAIL;
     // Outlives the guard: what the library threw is code and data of the library.
