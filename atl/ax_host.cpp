@@ -51,13 +51,17 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
         // One site, one control: a second one would go unreleased.
         if (!SubclassWindow(window)) return E_FAIL;
         AddRef();  // the window's own reference, given back at its final message
+        ComPtr<IUnknown> made;
         ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                       reinterpret_cast<void**>(control_.ReleaseAndGetAddressOf())));
+                                       reinterpret_cast<void**>(made.GetAddressOf())));
+        // What ran meanwhile, here and below, may have closed the window: then nobody would let go of this.
+        if (!Window()) return E_ABORT;
+        control_ = made;
         ThrowIfFailed(ActivateControl());
         Advise(events, sink);
         ThrowIfFailed(Navigate(control_.Get(), name));
-        if (!control_) return E_ABORT;  // what ran meanwhile closed the window
-        return control ? HandOut(control_, control) : S_OK;
+        if (!control_) return E_ABORT;
+        return control ? HandOut(made, control) : S_OK;
     });
 }
 
