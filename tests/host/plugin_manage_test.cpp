@@ -5,10 +5,12 @@
 
 #include <filesystem>
 
+#include "atl/ax_window.h"
 #include "base/text.h"
 #include "host/browser_host.h"
 #include "host/registry/plugin_base.h"
 #include "host/registry/plugin_library.h"
+#include "host/web_browser.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/status_text.h"
@@ -29,7 +31,9 @@ class CFake : public TablePlugin<CFake> {
     static constexpr char kClassName[] = "CFake";
     static std::span<const Member<CFake>> Members() { return {}; }
 
-    STDMETHODIMP Initialize(TVK::ICore*, IUnknown*) override { return Tell("initialize"), E_FAIL; }
+    STDMETHODIMP Initialize(TVK::ICore*, IUnknown* browser) override {
+        return Tell(Query<IWebBrowser2>(browser) ? "initialize with browser" : "initialize"), E_FAIL;
+    }
     STDMETHODIMP OnNavigateComplete(void*) override { return Tell("navigate"), E_FAIL; }
     STDMETHODIMP OnDocumentComplete(void*) override { return Tell("document"), E_FAIL; }
 
@@ -175,6 +179,24 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
     EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));
     host_->Close();
+}
+
+// Also when the page is there before the window has got its control.
+TEST_F(External, GivesPluginsTheBrowser) {
+    AtlAxWinInit();
+    const HWND window = CreateWindowExW(0, kAxWindowClass, nullptr, WS_OVERLAPPEDWINDOW, 0, 0, 100, 100,
+                                        nullptr, nullptr, nullptr, nullptr);
+    const auto core = MakeCom<CWebBrowser>();
+    host_->SetContext(core.Get(), nullptr);
+    ASSERT_THAT(
+        host_->CreateControlLicEx(L"about:blank", window, nullptr, nullptr, IID_NULL, nullptr, nullptr),
+        HasStatus(S_OK));
+    GetMember(external_.Get(), L"fresh");
+    GetMember(external_.Get(), L"kept");
+    EXPECT_THAT(told, ElementsAre("1 initialize with browser", "2 initialize with browser",
+                                  "3 initialize with browser"));
+    host_->Close();
+    DestroyWindow(window);
 }
 
 TEST_F(External, TellsALatePluginWhatItMissed) {
