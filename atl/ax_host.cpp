@@ -45,37 +45,46 @@ HRESULT Navigate(IUnknown* control, LPCOLESTR address) {
 
 STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStream*, IUnknown** control,
                                                REFIID events, IUnknown* sink, BSTR) {
+    if (control) *control = nullptr;
     if (!name || !IsWindow(window)) return E_INVALIDARG;
     return Guard([&] {
         // One site, one control: a second one would go unreleased.
         if (!SubclassWindow(window)) return E_FAIL;
         AddRef();  // the window's own reference, given back at its final message
+        ComPtr<IUnknown> made;
         ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                       reinterpret_cast<void**>(control_.ReleaseAndGetAddressOf())));
+                                       reinterpret_cast<void**>(made.GetAddressOf())));
+        // What ran meanwhile, here and below, may have closed the window: then nobody would let go of this.
+        if (!Window()) return E_ABORT;
+        control_ = made;
         ThrowIfFailed(ActivateControl());
         Advise(events, sink);
         ThrowIfFailed(Navigate(control_.Get(), name));
-        return control ? HandOut(control_, control) : S_OK;
+        if (!control_) return E_ABORT;
+        return control ? HandOut(made, control) : S_OK;
     });
 }
 
+// Any call into the control may run script, and with it the end of the window: what is used after such a call
+// is held here.
 HRESULT CAxHostWindow::ActivateControl() {
-    object_ = Query<IOleObject>(control_.Get());
-    if (!object_) return E_NOINTERFACE;
+    const auto object = Query<IOleObject>(control_.Get());
+    if (!object) return E_NOINTERFACE;
+    object_ = object;
     frame_ = MakeCom<InPlaceFrame>(Window());
 
     DWORD misc = 0;
-    object_->GetMiscStatus(DVASPECT_CONTENT, &misc);
-    if (misc & OLEMISC_SETCLIENTSITEFIRST) object_->SetClientSite(ClientSite());
+    object->GetMiscStatus(DVASPECT_CONTENT, &misc);
+    if (misc & OLEMISC_SETCLIENTSITEFIRST) object->SetClientSite(ClientSite());
     if (const auto stream = Query<IPersistStreamInit>(control_.Get())) stream->InitNew();
-    if (!(misc & OLEMISC_SETCLIENTSITEFIRST)) object_->SetClientSite(ClientSite());
-    object_->SetHostNames(L"AXWIN", nullptr);
+    if (!(misc & OLEMISC_SETCLIENTSITEFIRST)) object->SetClientSite(ClientSite());
+    object->SetHostNames(L"AXWIN", nullptr);
 
     RECT rect = ClientRect(Window());
     SIZE extent = PixelsToHimetric({rect.right, rect.bottom});
-    object_->SetExtent(DVASPECT_CONTENT, &extent);
+    object->SetExtent(DVASPECT_CONTENT, &extent);
     const HRESULT status =
-        object_->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
+        object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
     if (const auto withSite = Query<IObjectWithSite>(control_.Get())) withSite->SetSite(AsUnknown());
     return status;
 }
@@ -91,6 +100,7 @@ void CAxHostWindow::ReleaseAll() {
     if (!control_) return;
     const ComPtr<IUnknown> control = std::move(control_);
     const ComPtr<IOleObject> object = std::move(object_);
+    inPlace_.Reset();
     if (eventCookie_) {
         ComPtr<IConnectionPoint> point;
         const auto container = Query<IConnectionPointContainer>(control.Get());
@@ -104,23 +114,24 @@ void CAxHostWindow::ReleaseAll() {
         object->SetClientSite(nullptr);
     }
     if (const auto withSite = Query<IObjectWithSite>(control.Get())) withSite->SetSite(nullptr);
-    inPlace_.Reset();
-    if (frame_) frame_->SetActiveObject(nullptr, nullptr);
     frame_.Reset();
 }
 
 void CAxHostWindow::FitControl() {
-    if (!inPlace_) return;
+    const ComPtr<IOleObject> object = object_;
+    const ComPtr<IOleInPlaceObject> inPlace = inPlace_;
+    if (!object || !inPlace) return;
     const RECT rect = ClientRect(Window());
     SIZE extent = PixelsToHimetric({rect.right, rect.bottom});
-    object_->SetExtent(DVASPECT_CONTENT, &extent);
-    inPlace_->SetObjectRects(&rect, &rect);
+    object->SetExtent(DVASPECT_CONTENT, &extent);
+    inPlace->SetObjectRects(&rect, &rect);
 }
 
 void CAxHostWindow::FocusControl() {
-    if (!object_) return;
+    const ComPtr<IOleObject> object = object_;
+    if (!object) return;
     RECT rect = ClientRect(Window());
-    if (!uiActive_) object_->DoVerb(OLEIVERB_UIACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
+    if (!uiActive_) object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
     // Some controls leave the keyboard with their host: their window takes it.
     const HWND child = ::GetWindow(Window(), GW_CHILD);
     if (GetFocus() == Window() && child) SetFocus(child);

@@ -16,12 +16,13 @@ namespace tarvik {
 
 // The site of one OLE control in a window: creates and in-place activates it, sizes it with the window, and
 // lets go of it at WM_DESTROY, after the window itself has seen that message. It lives at least as long as
-// the window. Derived sites override single operations and add interfaces through Find.
+// the window. Derived sites override single operations and add interfaces through Find. The site and its
+// window are two objects, each with a count of its own: neither is ever asked for an interface of the other.
 class CAxHostWindow
     : public ComObject<As<IAxWinHostWindowLic, IAxWinHostWindow, IAxWinHostWindowLic>, IOleClientSite,
                        As<IOleInPlaceSiteEx, IOleWindow, IOleInPlaceSite, IOleInPlaceSiteEx>, IOleControlSite,
                        As<IOleContainer, IParseDisplayName, IOleContainer>, IObjectWithSite, IServiceProvider,
-                       IAdviseSink, IDocHostUIHandler, IDispatch>,
+                       IDocHostUIHandler, IDispatch>,
       public CWindowImpl {
   public:
     // IAxWinHostWindow: CreateControlLicEx is the one way in, the others are not offered.
@@ -83,13 +84,6 @@ class CAxHostWindow
 
     // IServiceProvider
     STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** out) override;
-
-    // IAdviseSink
-    STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
-    STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override {}
-    STDMETHODIMP_(void) OnRename(IMoniker*) override {}
-    STDMETHODIMP_(void) OnSave() override {}
-    STDMETHODIMP_(void) OnClose() override {}
 
     // IDocHostUIHandler
     STDMETHODIMP ShowContextMenu(DWORD, POINT*, IUnknown*, IDispatch*) override { return S_FALSE; }

@@ -4,6 +4,7 @@
 #include <oaidl.h>
 
 #include "base/com_object.h"
+#include "base/com_ptr.h"
 #include "base/status.h"
 
 namespace tarvik {
@@ -22,6 +23,7 @@ class EventSink : public ComObject<IDispatch> {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) override {
         if (!owner_ || !parameters) return S_OK;
+        const ComPtr<IUnknown> alive(this->AsUnknown());  // the event may end the connection
         return Guard([&] { owner_->OnEvent(id, *parameters); });
     }
 

@@ -4,24 +4,26 @@
 #include <oleidl.h>
 
 #include "base/com_object.h"
-#include "base/com_ptr.h"
 
 namespace tarvik {
 
-// The frame that an in-place active control talks to. It has no menus, tools or status of its own to share.
+// The frame that an in-place active control talks to. It has no menus, tools or status of its own to share,
+// and needs no active object: messages are offered to the control itself.
 class InPlaceFrame
     : public ComObject<As<IOleInPlaceFrame, IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow>> {
   public:
     explicit InPlaceFrame(HWND window) : window_(window) {}
 
-    IOleInPlaceActiveObject* ActiveObject() const { return active_.Get(); }
-
-    STDMETHODIMP GetWindow(HWND* window) override;
+    STDMETHODIMP GetWindow(HWND* window) override {
+        if (!window) return E_POINTER;
+        *window = window_;
+        return S_OK;
+    }
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return S_OK; }
     STDMETHODIMP GetBorder(RECT*) override { return INPLACE_E_NOTOOLSPACE; }
     STDMETHODIMP RequestBorderSpace(const BORDERWIDTHS*) override { return INPLACE_E_NOTOOLSPACE; }
     STDMETHODIMP SetBorderSpace(const BORDERWIDTHS*) override { return S_OK; }
-    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override;
+    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject*, LPCOLESTR) override { return S_OK; }
     STDMETHODIMP InsertMenus(HMENU, OLEMENUGROUPWIDTHS*) override { return S_OK; }
     STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return S_OK; }
     STDMETHODIMP RemoveMenus(HMENU) override { return S_OK; }
@@ -31,7 +33,6 @@ class InPlaceFrame
 
   private:
     HWND window_;
-    ComPtr<IOleInPlaceActiveObject> active_;
 };
 
 }  // namespace tarvik

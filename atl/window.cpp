@@ -30,8 +30,11 @@ HWND CWindowImpl::Create(const wchar_t* className, const wchar_t* baseClass, HWN
     RegisterClassExW(&description);  // a second window of the class finds it registered
     beingCreated = this;
     baseProcedure = base;
-    return CreateWindowExW(0, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                           CW_USEDEFAULT, parent, nullptr, appModule.Instance(), parameter);
+    const HWND window =
+        CreateWindowExW(0, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, parent, nullptr, appModule.Instance(), parameter);
+    beingCreated = nullptr;  // a window that could not be made took nothing
+    return window;
 }
 
 LRESULT CALLBACK CWindowImpl::Start(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -56,14 +59,20 @@ LRESULT CWindowImpl::CallNext(HWND window, UINT message, WPARAM wParam, LPARAM l
 LRESULT CALLBACK CWindowImpl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                         DWORD_PTR reference) {
     auto* const object = reinterpret_cast<CWindowImpl*>(reference);
+    ++object->depth_;
     LRESULT result = 0;
-    const bool handled = object->ProcessWindowMessage(message, wParam, lParam, result);
-    if (message != WM_NCDESTROY) return handled ? result : CallNext(window, message, wParam, lParam);
-
-    if (!handled) result = CallNext(window, message, wParam, lParam);
-    RemoveWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(object));
-    object->window_ = nullptr;
-    object->OnFinalMessage(window);
+    if (!object->ProcessWindowMessage(message, wParam, lParam, result)) {
+        result = CallNext(window, message, wParam, lParam);
+    }
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(object));
+        object->window_ = nullptr;
+        object->isOver_ = true;
+    }
+    if (--object->depth_ == 0 && object->isOver_) {
+        object->isOver_ = false;
+        object->OnFinalMessage(window);
+    }
     return result;
 }
 

@@ -30,7 +30,8 @@ class CWindowImpl {
     // to the window's own procedure in the end.
     virtual bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) = 0;
 
-    // The window's last message has been handled. The object may end itself here.
+    // The window's last message has been handled, and with it every message in whose handling the window was
+    // destroyed. The object may end itself here; it must not end inside any other message.
     virtual void OnFinalMessage(HWND) {}
 
     // What comes after this object.
@@ -45,6 +46,8 @@ class CWindowImpl {
                                       DWORD_PTR object);
 
     HWND window_ = nullptr;
+    int depth_ = 0;        // messages being handled, one inside the other
+    bool isOver_ = false;  // the window has gone, and OnFinalMessage is to come
 };
 
 }  // namespace tarvik

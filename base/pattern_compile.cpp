@@ -123,7 +123,7 @@ class Compiler {
             case L'[':
                 return Set();
             case L'(':
-                return Closed(Group(-1), L')');
+                return Unwrapped(Closed(Group(-1), L')'));
             case L'{': {
                 const int capture = captures_++;
                 return Closed(Group(capture), L'}');
@@ -146,6 +146,14 @@ class Compiler {
         return node;
     }
 
+    // Without a group around a single item, which would only cost the matcher depth.
+    static PatternNode Unwrapped(PatternNode group) {
+        const bool single = group.alternatives.size() == 1 && group.alternatives[0].size() == 1;
+        if (!single) return group;
+        PatternNode item = std::move(group.alternatives[0][0]);
+        return item;
+    }
+
     static PatternNode Character(wchar_t character) {
         PatternNode node;
         node.kind = Kind::kCharacter;
@@ -166,8 +174,10 @@ class Compiler {
         const wchar_t character = Next();
         if (character >= L'0' && character <= L'9') return BackReference(character - L'0');
         const wchar_t* meaning = MeaningOf(character);
-        return meaning ? Compiler(meaning).Group(-1) : Character(character);
+        return meaning ? Meant(meaning) : Character(character);
     }
+
+    static PatternNode Meant(const wchar_t* meaning) { return Unwrapped(Compiler(meaning).Group(-1)); }
 
     PatternNode BackReference(int capture) {
         PatternNode node;
@@ -208,11 +218,10 @@ class Compiler {
     bool AddAbbreviation(PatternSet& set) {
         const wchar_t* meaning = AtEnd() ? nullptr : MeaningOf(text_[at_]);
         if (!meaning) return false;
-        const PatternNode group = Compiler(meaning).Group(-1);
-        const PatternSequence& only = group.alternatives[0];
-        if (only[0].kind != Kind::kSet) return false;
+        const PatternNode node = Meant(meaning);
+        if (node.kind != Kind::kSet) return false;
         ++at_;
-        set.ranges.insert(set.ranges.end(), only[0].set.ranges.begin(), only[0].set.ranges.end());
+        set.ranges.insert(set.ranges.end(), node.set.ranges.begin(), node.set.ranges.end());
         return true;
     }
 

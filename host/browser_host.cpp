@@ -56,7 +56,7 @@ STDMETHODIMP CWebBrowserHost::GetHostInfo(DOCHOSTUIINFO* info) {
 }
 
 STDMETHODIMP CWebBrowserHost::TranslateAccelerator(MSG* message, const GUID*, DWORD) {
-    if (message->message != WM_KEYDOWN) return S_FALSE;
+    if (!message || message->message != WM_KEYDOWN) return S_FALSE;
     if (IsSwallowedKey(message->wParam, GetKeyState(VK_CONTROL) < 0)) return S_OK;
     TARVIK_TRACE_TEXT("CWebBrowserHost::TranslateAccelerator", L"wParam: %08X",
                       static_cast<unsigned>(message->wParam));
@@ -102,6 +102,11 @@ bool CWebBrowserHost::ShowsScriptErrors() {
     return !shown.Is(VT_BOOL) || shown.boolVal != VARIANT_FALSE;
 }
 
+STDMETHODIMP CWebBrowserHost::Notify() {
+    TARVIK_TRACE("CWebBrowserHost::Notify");
+    return E_NOTIMPL;
+}
+
 STDMETHODIMP CWebBrowserHost::DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::DragEnter");
     if (!effect) return E_POINTER;
@@ -115,9 +120,15 @@ STDMETHODIMP CWebBrowserHost::DragOver(DWORD, POINTL point, DWORD* effect) {
     return Guard([&] { *effect = DropBindingAt(point) ? DROPEFFECT_COPY : DROPEFFECT_NONE; });
 }
 
+STDMETHODIMP CWebBrowserHost::DragLeave() {
+    TARVIK_TRACE("CWebBrowserHost::DragLeave");
+    return E_NOTIMPL;
+}
+
 STDMETHODIMP CWebBrowserHost::Drop(IDataObject* data, DWORD, POINTL point, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::Drop");
     if (!effect || !data) return E_POINTER;
+    const ComPtr<IUnknown> alive(AsUnknown());
     return Guard([&] {
         const auto binding = DropBindingAt(point);
         if (!binding) {
@@ -154,7 +165,7 @@ STDMETHODIMP CWebBrowserHost::Close() {
 
 STDMETHODIMP CWebBrowserHost::OnBrowserEvent(int dispatchId) {
     TARVIK_TRACE("CWebBrowserHost::OnBrowserEvent");
-    return Guard([&] {
+    (void)Guard([&] {
         if (dispatchId == kNavigateComplete2) {
             pageState_ = PageState::kNavigated;
             InjectPrologue();
@@ -164,6 +175,7 @@ STDMETHODIMP CWebBrowserHost::OnBrowserEvent(int dispatchId) {
             plugins_.ForEachPlugin([](TVK::IPlugin* plugin) { plugin->OnDocumentComplete(nullptr); });
         }
     });
+    return S_OK;
 }
 
 // A failure at any step leaves the page without its prologue, and nobody is told.

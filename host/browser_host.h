@@ -46,13 +46,13 @@ class CWebBrowserHost : public CAxHostWindow,
     STDMETHODIMP Exec(const GUID* group, DWORD command, DWORD options, VARIANT* in, VARIANT* out) override;
 
     // IHTMLChangeSink
-    STDMETHODIMP Notify() override { return E_NOTIMPL; }
+    STDMETHODIMP Notify() override;
 
     // IDropTarget: files dragged onto elements that are bound by the plug-in `dragfile`. Entering refuses
     // always; the verdict comes with the first move.
     STDMETHODIMP DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override;
     STDMETHODIMP DragOver(DWORD keys, POINTL point, DWORD* effect) override;
-    STDMETHODIMP DragLeave() override { return E_NOTIMPL; }
+    STDMETHODIMP DragLeave() override;
     STDMETHODIMP Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) override;
 
     // IWebbrowserHost
@@ -67,7 +67,8 @@ class CWebBrowserHost : public CAxHostWindow,
   private:
     enum class PageState { kNone, kNavigated, kComplete };
 
-    HRESULT CreatePlugin(const wchar_t* name, DISPID* id);
+    HRESULT FindMember(const std::wstring& name, DISPID* id);
+    HRESULT CreatePlugin(const std::wstring& name, DISPID* id);
     HRESULT LoadPlugin(const VARIANT& path, VARIANT* result);
     HRESULT CreateBrowserWindow(IDispatch* options, VARIANT* result);
     HRESULT ReadPlugin(DISPID id, VARIANT* result);

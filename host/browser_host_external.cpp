@@ -2,6 +2,7 @@
 
 #include <exdisp.h>
 
+#include "app/log/log.h"
 #include "base/bstr.h"
 #include "host/browser_host.h"
 #include "script/options.h"
@@ -10,32 +11,33 @@
 
 namespace tarvik {
 
-namespace {
+STDMETHODIMP CWebBrowserHost::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    TARVIK_TRACE("CWebBrowserHost::GetIDsOfNames");
+    if (count == 0 || !names || !names[0] || !ids) return E_INVALIDARG;
+    const ComPtr<IUnknown> alive(AsUnknown());
+    return Guard([&] { return FindMember(names[0], ids); });
+}
 
-constexpr DISPID kLoadPlugin = -6999;
-constexpr DISPID kCreateWindow = -6998;
-
-}  // namespace
-
-STDMETHODIMP CWebBrowserHost::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
-    return Guard([&] {
-        const std::wstring_view name(names[0]);
-        if (name == L"loadPlugin" || name == L"createWindow") {
-            ids[0] = name == L"loadPlugin" ? kLoadPlugin : kCreateWindow;
-            return S_OK;
-        }
-        const DISPID id = plugins_.GetPluginId(names[0]);
-        if (id == CPluginManage::kUnknownName) return DISP_E_UNKNOWNNAME;
-        if (id == CPluginManage::kNotCreatedYet) return CreatePlugin(names[0], &ids[0]);
-        ids[0] = id;
-        return S_OK;
-    });
+HRESULT CWebBrowserHost::FindMember(const std::wstring& name, DISPID* id) {
+    if (name == L"loadPlugin") {
+        *id = CPluginManage::kLoadPlugin;
+    } else if (name == L"createWindow") {
+        *id = CPluginManage::kCreateWindow;
+    } else {
+        const DISPID known = plugins_.GetPluginId(name);
+        if (known == CPluginManage::kUnknownName) return DISP_E_UNKNOWNNAME;
+        if (known == CPluginManage::kNotCreatedYet) return CreatePlugin(name, id);
+        *id = known;
+    }
+    return S_OK;
 }
 
 // A plug-in that comes late is told what the window has been through.
-HRESULT CWebBrowserHost::CreatePlugin(const wchar_t* name, DISPID* id) {
+HRESULT CWebBrowserHost::CreatePlugin(const std::wstring& name, DISPID* id) {
     const ComPtr<TVK::ICore> core(plugins_.Core());
     const auto browser = Query<IWebBrowser2>(Control());
+    // A page may come this far before the window has its control in hand.
+    if (core) plugins_.SetContext(core.Get(), browser.Get());
     ComPtr<TVK::IPlugin> plugin;
     const HRESULT status = plugins_.CreatePlugin(name, core.Get(), browser.Get(), plugin.GetAddressOf());
     if (FAILED(status) || !plugin) return FAILED(status) ? status : E_FAIL;
@@ -47,15 +49,16 @@ HRESULT CWebBrowserHost::CreatePlugin(const wchar_t* name, DISPID* id) {
 
 STDMETHODIMP CWebBrowserHost::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO*, UINT*) {
+    TARVIK_TRACE("CWebBrowserHost::Invoke");
     const ComPtr<IUnknown> alive(AsUnknown());
     return Guard([&]() -> HRESULT {
         if (!(flags & DISPATCH_METHOD)) {
             return flags & DISPATCH_PROPERTYGET ? ReadPlugin(id, result) : E_NOTIMPL;
         }
-        if (id != kLoadPlugin && id != kCreateWindow) return E_NOTIMPL;
+        if (id != CPluginManage::kLoadPlugin && id != CPluginManage::kCreateWindow) return E_NOTIMPL;
         const Call call(parameters, result);
         if (call.Count() == 0) return E_INVALIDARG;
-        if (id == kLoadPlugin) return LoadPlugin(call.At(0), result);
+        if (id == CPluginManage::kLoadPlugin) return LoadPlugin(call.At(0), result);
         IDispatch* options = nullptr;
         return Read(call.At(0), options) && options ? CreateBrowserWindow(options, result) : E_INVALIDARG;
     });
@@ -89,12 +92,13 @@ HRESULT CWebBrowserHost::CreateBrowserWindow(IDispatch* object, VARIANT* result)
 }
 
 STDMETHODIMP CWebBrowserHost::GetPlugin(const wchar_t* name, IDispatch** out) {
+    TARVIK_TRACE("CWebBrowserHost::GetPlugin");
     if (!out) return E_INVALIDARG;
     *out = nullptr;
     return Guard([&]() -> HRESULT {
         Variant plugin;
         GetScriptProperty(static_cast<IDispatch*>(this), name, &plugin);
-        if (!plugin.ChangeType(VT_DISPATCH)) return E_FAIL;
+        ThrowIfFailed(VariantChangeType(&plugin, &plugin, 0, VT_DISPATCH));
         return plugin.pdispVal ? plugin.pdispVal->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(out))
                                : E_FAIL;
     });

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/status.h"
 #include "base/text.h"
 #include "base/walk_folder.h"
 #include "host/registry/plugin_library.h"
@@ -15,7 +16,13 @@ namespace tarvik {
 namespace {
 
 // Ids of the members of every window's `external` object that are plug-ins.
-DISPID lastPluginId = -6000;
+DISPID NextPluginId() {
+    static DISPID last = -6000;
+    do {
+        --last;
+    } while (last == CPluginManage::kLoadPlugin || last == CPluginManage::kCreateWindow);
+    return last;
+}
 
 std::wstring PluginFolder() {
     if (PathIsDirectoryW(L"resource")) return L"plugins";
@@ -50,7 +57,7 @@ HRESULT CPluginManage::CreatePlugin(const std::wstring& name, TVK::ICore* core, 
     if (status != S_OK || !plugin) return status;
     plugin->Initialize(core, browser);
     if (out) HandOut(plugin, out);
-    const DISPID id = --lastPluginId;
+    const DISPID id = NextPluginId();
     ids_.emplace(name, id);
     if (!entry->IsTransient()) instances_.emplace(id, std::move(plugin));
     return S_OK;
@@ -78,7 +85,7 @@ void CPluginManage::ForEachPlugin(const std::function<void(TVK::IPlugin*)>& visi
     for (const auto& [id, plugin] : instances_)
         plugins.push_back(plugin);
     for (const auto& plugin : plugins)
-        visit(plugin.Get());
+        (void)Guard([&] { visit(plugin.Get()); });
 }
 
 void CPluginManage::Reset() {

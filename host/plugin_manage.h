@@ -15,6 +15,9 @@ class CPluginManage {
   public:
     static constexpr DISPID kUnknownName = -1;
     static constexpr DISPID kNotCreatedYet = -2;
+    // Members of `external` itself, which share the numbers: no plug-in is given these.
+    static constexpr DISPID kLoadPlugin = -6999;
+    static constexpr DISPID kCreateWindow = -6998;
 
     // Looks for plug-in libraries, as long as the process has found none.
     CPluginManage();
@@ -33,7 +36,8 @@ class CPluginManage {
 
     HRESULT LoadPluginLibrary(const std::wstring& path);
 
-    // The kept objects, newest first. They may create further plug-ins meanwhile, which are not visited.
+    // The kept objects, newest first. They may create further plug-ins meanwhile, which are not visited. What
+    // one of them throws does not keep the others from their visit.
     void ForEachPlugin(const std::function<void(TVK::IPlugin*)>& visit);
 
     // Lets go of everything, the core included.

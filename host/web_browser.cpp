@@ -59,22 +59,23 @@ bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRES
 }
 
 LRESULT CWebBrowser::OnCreate(const wchar_t* asked) {
-    const HRESULT status = Guard([&] {
-        OleInitialize(nullptr);  // for every window, without a counterpart
-        const HICON icon = LoadIconW(appModule.Instance(), MAKEINTRESOURCEW(kIcon));
-        SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
-        const std::wstring page = ChoosePage(asked);
-        if (!PageExists(page)) {
-            TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
-            DestroyWindow(Window());
-            return S_OK;
-        }
-        if (FAILED(CreateControl(page))) return S_OK;
-        if (CMessageLoop* loop = appModule.GetMessageLoop()) loop->AddMessageFilter(this);
-        return S_OK;
-    });
-    (void)status;
+    OleInitialize(nullptr);  // for every window, without a counterpart
+    const HICON icon = LoadIconW(appModule.Instance(), MAKEINTRESOURCEW(kIcon));
+    SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+    // Nobody could ever see a window that has no page, or no control to show it.
+    if (FAILED(Guard([&] { return OpenPage(asked); }))) DestroyWindow(Window());
     return 0;
+}
+
+HRESULT CWebBrowser::OpenPage(const wchar_t* asked) {
+    const std::wstring page = ChoosePage(asked);
+    if (!PageExists(page)) {
+        TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
+        return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    }
+    if (const HRESULT status = CreateControl(page); FAILED(status)) return status;
+    if (CMessageLoop* loop = appModule.GetMessageLoop()) loop->AddMessageFilter(this);
+    return S_OK;
 }
 
 HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
@@ -91,7 +92,8 @@ HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
     if (FAILED(status) || !browser) return FAILED(status) ? status : E_NOINTERFACE;
     browser->put_RegisterAsBrowser(VARIANT_TRUE);
     SilenceNavigation();
-    return host_->SetContext(this, browser.Get());
+    // What the control ran so far may have closed the window.
+    return host_ ? host_->SetContext(this, browser.Get()) : E_ABORT;
 }
 
 void CWebBrowser::OnDestroy() {

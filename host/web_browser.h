@@ -40,12 +40,13 @@ class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public
 
   private:
     LRESULT OnCreate(const wchar_t* asked);
+    HRESULT OpenPage(const wchar_t* asked);
     void OnDestroy();
     HRESULT CreateControl(const std::wstring& page);
     void OnNewWindow(const DISPPARAMS& parameters);
 
     ComPtr<IWebbrowserHost> host_;
-    // Not null from the control's creation to WM_DESTROY: the mark that the control is up.
+    // Not null from the control's creation to WM_DESTROY: the mark that there is a control to let go of.
     ComPtr<IAxWinHostWindow> hostWindow_;
     ComPtr<EventSink<CWebBrowser>> sink_;
 };

@@ -30,6 +30,7 @@ void DepositGlobal(HWND window, const wchar_t* name, const VARIANT* value) {
 }  // namespace
 
 STDMETHODIMP CWebBrowser::GetPlugin(const wchar_t* name, IDispatch** out) {
+    if (out) *out = nullptr;
     const ComPtr<IWebbrowserHost> host = host_;
     return host ? host->GetPlugin(name, out) : E_UNEXPECTED;
 }
@@ -64,7 +65,8 @@ STDMETHODIMP CWebBrowser::CreateBrowserWindow(const wchar_t* url, BOOL inherit, 
         DepositGlobal(window, L"windowContext", context);
         DepositGlobal(window, L"windowCallback", callback);
         const auto host = Query<IWebbrowserHost>(AtlAxGetHost(window).Get());
-        return out && host ? host->GetPlugin(L"window", out) : S_OK;
+        if (out && host) host->GetPlugin(L"window", out);
+        return S_OK;  // the window is there, whatever became of its plug-in
     });
 }
 

@@ -19,9 +19,10 @@ namespace TVK {
 
 // The services that a browser window gives to its plug-ins.
 struct ICore : public IUnknown {
-    // Opens a further browser window. `inherit` makes it owned by this one. `callback` and `context` become
-    // the globals windowCallback and windowContext of its script; null leaves the global out. `out` receives
-    // the new window's `window` plug-in with one reference; it may be null.
+    // Opens a further browser window at `url`, resolved as below; null means the page that a first window
+    // would open. `inherit` makes it owned by this one. `callback` and `context` become the globals
+    // windowCallback and windowContext of its script; null leaves the global out. `out` receives the new
+    // window's `window` plug-in with one reference; it may be null.
     STDMETHOD(CreateBrowserWindow)
     (const wchar_t* url, BOOL inherit, const VARIANT* callback, const VARIANT* context, IDispatch** out) = 0;
 

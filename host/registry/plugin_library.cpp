@@ -6,6 +6,7 @@
 #include "base/com_ptr.h"
 #include "base/owners.h"
 #include "base/status.h"
+#include "base/text.h"
 #include "host/registry/plugin_registry.h"
 
 namespace tarvik {
@@ -66,7 +67,11 @@ void Register(TVK::PluginFactory factory) {
 
 }  // namespace
 
-HRESULT LoadPluginLibrary(const std::wstring& path) {
+HRESULT LoadPluginLibrary(const std::wstring& given) {
+    // The loader looks for a relative path in other folders first, and might take a file that nobody looked
+    // at.
+    std::wstring path;
+    if (FAILED(Guard([&] { path = FullPath(given); }))) return E_FAIL;
     const WORD machine = ImageMachine(path);
     if (machine == 0 || machine == IMAGE_FILE_MACHINE_I386) return E_FAIL;
     // Outlives the guard: what the library threw is code and data of the library.

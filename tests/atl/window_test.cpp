@@ -21,11 +21,11 @@ class Noting : public CWindowImpl {
     Noting(std::string name, std::vector<std::string>& notes, bool takes = false)
         : name_(std::move(name)), notes_(notes), takes_(takes) {}
 
-    bool destroysItself = false;
+    UINT endsIn = WM_NULL;  // the message in which the object destroys its window
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM, LPARAM, LRESULT& result) override {
-        if (message == WM_CREATE && destroysItself) DestroyWindow(Window());
+        if (message == endsIn && Window()) DestroyWindow(Window());
         if (message != kProbe && message != WM_DESTROY) return false;
         notes_.push_back(name_ + (message == kProbe ? " probe" : " destroy"));
         result = 7;
@@ -39,13 +39,13 @@ class Noting : public CWindowImpl {
     bool takes_;
 };
 
+HWND Make(CWindowImpl& object) {
+    return object.Create(L"TarvikTestWindow", kAxWindowClass, nullptr, nullptr, WS_OVERLAPPEDWINDOW, nullptr);
+}
+
 class Windows : public testing::Test {
   protected:
     Windows() { AtlAxWinInit(); }
-    static HWND Make(CWindowImpl& object) {
-        return object.Create(L"TarvikTestWindow", kAxWindowClass, nullptr, nullptr, WS_OVERLAPPEDWINDOW,
-                             nullptr);
-    }
 
     std::vector<std::string> notes_;
 };
@@ -82,10 +82,46 @@ TEST_F(Windows, EndAMessageWithTheObjectThatTakesIt) {
 
 TEST_F(Windows, AreNullWhenTheyWereDestroyedInTheirCreation) {
     Noting object("object", notes_);
-    object.destroysItself = true;
+    object.endsIn = WM_CREATE;
     EXPECT_FALSE(Make(object));
     EXPECT_FALSE(object.Window());
     EXPECT_THAT(notes_, ElementsAre("object destroy", "object final"));
+}
+
+// An object whose window ends inside a message still has that message to handle.
+TEST_F(Windows, TellTheirEndWhenNoMessageIsLeftInside) {
+    Noting first("first", notes_), second("second", notes_);
+    const HWND window = Make(first);
+    second.SubclassWindow(window);
+    first.endsIn = kProbe;
+    SendMessageW(window, kProbe, 0, 0);
+    EXPECT_THAT(notes_, ElementsAre("second probe", "second destroy", "first destroy", "first probe",
+                                    "first final", "second final"));
+}
+
+TEST_F(Windows, MakeOthersWhileTheyAreMade) {
+    class Nesting : public Noting {
+      public:
+        using Noting::Noting;
+        Noting* inner = nullptr;
+
+      protected:
+        bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
+            if (message == WM_NCCREATE) Make(*inner);
+            return Noting::ProcessWindowMessage(message, wParam, lParam, result);
+        }
+    };
+    Nesting outer("outer", notes_);
+    Noting inner("inner", notes_);
+    outer.inner = &inner;
+    const HWND window = Make(outer);
+    ASSERT_TRUE(window && inner.Window());
+    EXPECT_NE(window, inner.Window());
+    SendMessageW(window, kProbe, 0, 0);
+    SendMessageW(inner.Window(), kProbe, 0, 0);
+    EXPECT_THAT(notes_, ElementsAre("outer probe", "inner probe"));
+    DestroyWindow(inner.Window());
+    DestroyWindow(window);
 }
 
 }  // namespace

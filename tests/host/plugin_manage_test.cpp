@@ -5,10 +5,12 @@
 
 #include <filesystem>
 
+#include "atl/ax_window.h"
 #include "base/text.h"
 #include "host/browser_host.h"
 #include "host/registry/plugin_base.h"
 #include "host/registry/plugin_library.h"
+#include "host/web_browser.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/status_text.h"
@@ -29,14 +31,25 @@ class CFake : public TablePlugin<CFake> {
     static constexpr char kClassName[] = "CFake";
     static std::span<const Member<CFake>> Members() { return {}; }
 
-    STDMETHODIMP Initialize(TVK::ICore*, IUnknown*) override { return Tell("initialize"), E_FAIL; }
+    STDMETHODIMP Initialize(TVK::ICore*, IUnknown* browser) override {
+        return Tell(Query<IWebBrowser2>(browser) ? "initialize with browser" : "initialize"), E_FAIL;
+    }
     STDMETHODIMP OnNavigateComplete(void*) override { return Tell("navigate"), E_FAIL; }
     STDMETHODIMP OnDocumentComplete(void*) override { return Tell("document"), E_FAIL; }
 
-  private:
+  protected:
     void Tell(const char* what) { told.push_back(std::to_string(number_) + " " + what); }
     const int number_ = ++made;
 };
+
+class CThrowing : public CFake {
+  public:
+    STDMETHODIMP OnNavigateComplete(void*) override { return Tell("throws"), throw 1, S_OK; }
+};
+
+HRESULT STDAPICALLTYPE Throwing(REFIID, void**) {
+    throw 1;
+}
 
 HRESULT STDAPICALLTYPE Broken(REFIID, void** out) {
     *out = nullptr;
@@ -46,7 +59,9 @@ HRESULT STDAPICALLTYPE Broken(REFIID, void** out) {
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CFake>(L"kept", TVK::kRetainedPlugin) &&
                                          RegisterBuiltIn<CFake>(L"alsoKept", TVK::kRetainedPlugin) &&
                                          RegisterBuiltIn<CFake>(L"fresh", TVK::kTransientPlugin) &&
-                                         RegisterPlugin(L"broken", Broken, TVK::kRetainedPlugin) == S_OK;
+                                         RegisterBuiltIn<CThrowing>(L"loud", TVK::kRetainedPlugin) &&
+                                         RegisterPlugin(L"broken", Broken, TVK::kRetainedPlugin) == S_OK &&
+                                         RegisterPlugin(L"throwing", Throwing, TVK::kTransientPlugin) == S_OK;
 
 class PluginManage : public testing::Test {
   protected:
@@ -93,16 +108,29 @@ TEST_F(PluginManage, NumbersPluginsThroughTheProcess) {
     EXPECT_EQ(plugins_.GetPluginId(L"alsoKept"), CPluginManage::kNotCreatedYet);
 }
 
+// More plug-ins than there are numbers before those of loadPlugin and createWindow.
+TEST_F(PluginManage, PassesByTheNumbersOfExternalsOwnMembers) {
+    const DISPID first = Create(plugins_, L"kept");
+    DISPID last = first;
+    while (last > -7001) {
+        plugins_.Reset();
+        const DISPID next = Create(plugins_, L"kept");
+        ASSERT_LT(next, last);
+        ASSERT_TRUE(next != -6998 && next != -6999);
+        last = next;
+    }
+}
+
 TEST_F(PluginManage, VisitsTheNewestFirst) {
     Create(plugins_, L"kept");
     Create(plugins_, L"fresh");
-    Create(plugins_, L"alsoKept");
+    Create(plugins_, L"loud");
     told.clear();
     plugins_.ForEachPlugin([this](TVK::IPlugin* plugin) {
         plugin->OnNavigateComplete(nullptr);
         plugins_.Reset();  // a window may close in the middle
     });
-    EXPECT_THAT(told, ElementsAre("3 navigate", "1 navigate"));
+    EXPECT_THAT(told, ElementsAre("3 throws", "1 navigate"));
 }
 
 TEST_F(PluginManage, LeavesNoTraceOfAFailure) {
@@ -131,6 +159,10 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_EQ(id, -6998);
     EXPECT_THAT(IdOf(external_.Get(), L"none", &id), HasStatus(DISP_E_UNKNOWNNAME));
     EXPECT_THAT(IdOf(external_.Get(), L"broken", &id), HasStatus(E_ABORT));
+    EXPECT_THAT(IdOf(external_.Get(), L"throwing", &id), HasStatus(E_FAIL));
+    LPOLESTR noName = nullptr;
+    EXPECT_THAT(external_->GetIDsOfNames(IID_NULL, &noName, 1, 0, &id), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(external_->GetIDsOfNames(IID_NULL, nullptr, 0, 0, &id), HasStatus(E_INVALIDARG));
     EXPECT_EQ(ValueText(GetMember(external_.Get(), L"kept").value), "UNKNOWN");
     EXPECT_EQ(made, 1);
     // The first read makes one instance for the name and one for script.
@@ -141,6 +173,45 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_THAT(CallMember(external_.Get(), L"kept").status, HasStatus(E_NOTIMPL));
     EXPECT_THAT(CallMember(external_.Get(), L"loadPlugin", 5).status, HasStatus(E_INVALIDARG));
     EXPECT_EQ(ValueText(CallMember(external_.Get(), L"loadPlugin", L"no such file").value), "BOOL false");
+    EXPECT_EQ(ValueText(GetMember(external_.Get(), L"loadPlugin").value), "EMPTY");
+
+    ComPtr<IDispatch> plugin;
+    EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
+    EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));
+    host_->Close();
+}
+
+// Also when the page is there before the window has got its control.
+TEST_F(External, GivesPluginsTheBrowser) {
+    AtlAxWinInit();
+    const HWND window = CreateWindowExW(0, kAxWindowClass, nullptr, WS_OVERLAPPEDWINDOW, 0, 0, 100, 100,
+                                        nullptr, nullptr, nullptr, nullptr);
+    const auto core = MakeCom<CWebBrowser>();
+    host_->SetContext(core.Get(), nullptr);
+    ASSERT_THAT(
+        host_->CreateControlLicEx(L"about:blank", window, nullptr, nullptr, IID_NULL, nullptr, nullptr),
+        HasStatus(S_OK));
+    GetMember(external_.Get(), L"fresh");
+    GetMember(external_.Get(), L"kept");
+    EXPECT_THAT(told, ElementsAre("1 initialize with browser", "2 initialize with browser",
+                                  "3 initialize with browser"));
+    host_->Close();
+    DestroyWindow(window);
+}
+
+TEST_F(External, TellsALatePluginWhatItMissed) {
+    GetMember(external_.Get(), L"kept");
+    host_->OnBrowserEvent(252);
+    GetMember(external_.Get(), L"alsoKept");
+    EXPECT_THAT(host_->OnBrowserEvent(259), HasStatus(S_OK));
+    told.clear();
+    GetMember(external_.Get(), L"fresh");
+    EXPECT_THAT(told, ElementsAre("3 initialize", "3 navigate", "3 document", "4 initialize"));
+    told.clear();
+    host_->OnBrowserEvent(252);
+    host_->OnBrowserEvent(263);
+    EXPECT_THAT(told, ElementsAre("2 navigate", "1 navigate"));
+    host_->Close();
 }
 
 // In a process that has no library yet: later windows do not look again.

@@ -8,6 +8,7 @@
 #include "atl/ax_window.h"
 #include "base/bstr.h"
 #include "base/variant.h"
+#include "tests/support/control_class.h"
 #include "tests/support/leak_check.h"
 #include "tests/support/members.h"
 #include "tests/support/status_text.h"
@@ -92,6 +93,37 @@ TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
     EXPECT_EQ(liveComObjects, before);
 }
 
+TEST_F(BrowserWindow, IsNotMadeWithoutAControl) {
+    const long before = liveComObjects;
+    {
+        const ControlClass none([]() -> ComPtr<IUnknown> { return nullptr; });
+        EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, page_.c_str()));
+    }
+    EXPECT_EQ(liveComObjects, before);
+}
+
+// Closed by its own page, as far as this control goes: by what runs while it is made.
+TEST_F(BrowserWindow, MayCloseWhileItIsMade) {
+    const long before = liveComObjects;
+    {
+        const auto browser = MakeCom<CWebBrowser>();
+        const ControlClass* controls = nullptr;
+        const ControlClass closing([&] {
+            DestroyWindow(browser->GetWindowHandle());
+            return controls->SystemControl();
+        });
+        controls = &closing;
+        EXPECT_FALSE(browser->CreateHidden(nullptr, page_.c_str()));
+        ComPtr<IDispatch> plugin;
+        EXPECT_THAT(browser->GetPlugin(L"console", plugin.GetAddressOf()), HasStatus(E_UNEXPECTED));
+    }
+    EXPECT_EQ(liveComObjects, before);
+    // No filter of a window that is gone is asked.
+    PostMessageW(nullptr, WM_APP, 0, 0);
+    PostQuitMessage(0);
+    loop_.Run();
+}
+
 TEST_F(BrowserWindow, MakesAnotherThatMayBeOwned) {
     const auto browser = MakeCom<CWebBrowser>();
     const HWND window = browser->CreateHidden(nullptr, page_.c_str());
@@ -100,8 +132,10 @@ TEST_F(BrowserWindow, MakesAnotherThatMayBeOwned) {
     EXPECT_TRUE(FAILED(browser->CreateBrowserWindow((folder_ / L"none.html").c_str(), FALSE, nullptr, nullptr,
                                                     none.GetAddressOf())));
     EXPECT_FALSE(none);
-    EXPECT_THAT(browser->CreateBrowserWindow(page_.c_str(), TRUE, nullptr, nullptr, nullptr),
-                HasStatus(S_OK));
+    // This program has no plug-in `window`: there is nothing to hand out, but the window is made.
+    EXPECT_THAT(
+        browser->CreateBrowserWindow(page_.c_str(), TRUE, nullptr, nullptr, none.ReleaseAndGetAddressOf()),
+        HasStatus(S_OK));
     HWND owned = nullptr;
     while ((owned = FindWindowExW(nullptr, owned, L"TarvikBrowserWindow", nullptr)) != nullptr) {
         if (GetWindow(owned, GW_OWNER) == window) break;

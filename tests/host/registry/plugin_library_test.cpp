@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/com_ptr.h"
 #include "base/text.h"
 #include "host/registry/plugin_registry.h"
@@ -93,6 +95,22 @@ TEST(PluginLibrary, RefusesWhatIsNo64BitImage) {
     // The machine is right, so the look is passed; that the system cannot load it is not reported.
     EXPECT_THAT(LoadPluginLibrary(folder.Write(L"64.dll", ImageFor(IMAGE_FILE_MACHINE_AMD64))),
                 HasStatus(S_OK));
+    EXPECT_FALSE(HasPluginLibraries());
+}
+
+// A library of the same relative path stands beside the executable, where the loader looks first.
+TEST(PluginLibrary, IsTheFileThatWasLookedAt) {
+    namespace fs = std::filesystem;
+    const TempFolder folder;
+    folder.Write(L"sample_libraries\\inside", "");
+    fs::copy_file(Sample(L"no_export.dll"), folder / L"sample_libraries\\good.dll");
+    const fs::path back = fs::current_path();
+    fs::current_path(folder.Path());
+    DebugChannel channel;
+    EXPECT_THAT(LoadPluginLibrary(L"sample_libraries\\good.dll"), HasStatus(S_OK));
+    EXPECT_THAT(LoadPluginLibrary(L""), HasStatus(E_FAIL));
+    fs::current_path(back);
+    EXPECT_THAT(channel.texts, ElementsAre("no_export"));
     EXPECT_FALSE(HasPluginLibraries());
 }
 
