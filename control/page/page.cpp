@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "control/bridge/script_source.h"
 #include "control/engine/engine_address.h"
-#include "control/view/edit_menu.h"
 
 namespace tarvik {
 
@@ -94,7 +93,7 @@ void Page::ListenToMouse() {
 }
 
 void Page::ShowEditMenu(POINT screen) {
-    if (target_) tarvik::ShowEditMenu(window_, screen, *target_);
+    view_.ShowEditMenu(screen);
 }
 
 void Page::DisableScript() {

@@ -57,6 +57,7 @@ void Page::OnEvent(std::string_view method, const Json& params) {
         {"Inspector.targetCrashed", &Page::OnCrash},
         {"Inspector.disconnected", &Page::OnEngineEnd},
     };
+    view_.OnEvent(method, params);
     if (!events_ || (bridge_ && bridge_->HandleEvent(method, params))) return;
     const auto found = kHandlers.find(method);
     if (found != kHandlers.end()) (this->*found->second)(params);

@@ -1,7 +1,6 @@
 #include "control/view/clipboard.h"
 
 #include <cstring>
-#include <string>
 
 #include "base/text.h"
 
@@ -9,16 +8,21 @@ namespace tarvik {
 
 namespace {
 
-constexpr const char* kSelectedText = R"((() => {
-  const field = document.activeElement;
-  if (field && typeof field.selectionStart === 'number' && field.type !== 'password')
-    return field.value.substring(field.selectionStart, field.selectionEnd);
-  return String(getSelection());
-})())";
+constexpr int kTries = 5;
+constexpr DWORD kPause = 5;  // milliseconds
+
+// Programs that watch the clipboard hold it for a moment after each change.
+bool OpenSoon(HWND owner) {
+    for (int tries = 1; !OpenClipboard(owner); ++tries) {
+        if (tries == kTries) return false;
+        Sleep(kPause);
+    }
+    return true;
+}
 
 class OpenedClipboard {
   public:
-    explicit OpenedClipboard(HWND owner) : open_(OpenClipboard(owner) != FALSE) {}
+    explicit OpenedClipboard(HWND owner) : open_(OpenSoon(owner)) {}
     ~OpenedClipboard() {
         if (open_) CloseClipboard();
     }
@@ -29,6 +33,19 @@ class OpenedClipboard {
   private:
     bool open_;
 };
+
+std::wstring ClipboardText(HWND owner) {
+    const OpenedClipboard clipboard(owner);
+    const HANDLE memory = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
+    const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
+    if (!text) return {};
+    // The memory is another program's, which may have forgotten the end.
+    std::wstring taken(text, wcsnlen(text, GlobalSize(memory) / sizeof(wchar_t)));
+    GlobalUnlock(memory);
+    return taken;
+}
+
+}  // namespace
 
 void PutOnClipboard(HWND owner, const std::wstring& text) {
     const OpenedClipboard clipboard(owner);
@@ -42,30 +59,9 @@ void PutOnClipboard(HWND owner, const std::wstring& text) {
     if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
 }
 
-std::wstring TakeFromClipboard(HWND owner) {
-    const OpenedClipboard clipboard(owner);
-    const HANDLE memory = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
-    const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
-    if (!text) return {};
-    std::wstring taken(text);
-    GlobalUnlock(memory);
-    return taken;
-}
-
-}  // namespace
-
-void CopyFromPage(HWND owner, PageTarget& target) {
-    target.Post("Runtime.evaluate", {{"expression", kSelectedText}, {"returnByValue", true}},
-                [owner](const Json* result) {
-                    if (!result || !result->contains("result")) return;
-                    const std::string text = (*result)["result"].value("value", std::string());
-                    if (!text.empty() && IsWindow(owner)) PutOnClipboard(owner, Widen(text));
-                });
-}
-
-void PasteIntoPage(HWND owner, PageTarget& target) {
-    const std::wstring text = TakeFromClipboard(owner);
-    if (!text.empty()) target.Post("Input.insertText", {{"text", Narrow(text)}});
+void BringClipboard(HWND owner, InputQueue& queue, const PageSide& page) {
+    const std::string text = Json(Narrow(ClipboardText(owner))).dump();
+    queue.Add(InputQueue::Care::kDone, "Runtime.evaluate", page.Command("bring", text));
 }
 
 bool ClipboardHasText() {

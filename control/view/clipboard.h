@@ -2,17 +2,20 @@
 
 #include <windows.h>
 
-#include "control/engine/devtools.h"
+#include <string>
+
+#include "control/view/input_queue.h"
+#include "control/view/page_side.h"
 
 // The engine, running without a desktop of its own, does not share the system's clipboard: these join the
 // two.
 namespace tarvik {
 
-// Puts the text that is selected in the page on the system's clipboard, a moment later; nothing if none is.
-void CopyFromPage(HWND owner, PageTarget& target);
+// What the page has copied, of which the view's end in the page tells.
+void PutOnClipboard(HWND owner, const std::wstring& text);
 
-// Types the text of the system's clipboard into the page.
-void PasteIntoPage(HWND owner, PageTarget& target);
+// Before a paste, the engine's clipboard gets the text of the system's; none if there is none.
+void BringClipboard(HWND owner, InputQueue& queue, const PageSide& page);
 
 bool ClipboardHasText();
 

@@ -6,27 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr ULONGLONG kPause = 40;  // milliseconds between two questions
-
-// `auto` means a text cursor over text that can be selected, and a hand over links.
-std::string CursorQuestion(POINT point) {
-    const std::string at = std::to_string(point.x) + "," + std::to_string(point.y);
-    return R"(((x, y) => {
-  const element = document.elementFromPoint(x, y);
-  if (!element) return 'default';
-  const style = getComputedStyle(element);
-  if (style.cursor !== 'auto') return style.cursor;
-  if (element.closest('a[href]')) return 'pointer';
-  if (element.isContentEditable || element.matches('textarea,input:not([type=button],[type=submit],[type=reset],[type=checkbox],[type=radio],[type=range],[type=color],[type=file],[type=image])')) return 'text';
-  if (style.userSelect === 'none') return 'default';
-  const caret = document.caretRangeFromPoint(x, y);
-  if (!caret || caret.startContainer.nodeType !== 3 || caret.startContainer.parentNode !== element) return 'default';
-  const range = document.createRange();
-  range.selectNodeContents(caret.startContainer);
-  return [...range.getClientRects()].some(r => x >= r.left && x <= r.right && y >= r.top && y <= r.bottom) ? 'text' : 'default';
-})()" + at +
-           ")";
-}
+constexpr UINT kPause = 40;  // milliseconds between two questions
 
 struct Shape {
     const char* name;
@@ -35,14 +15,34 @@ struct Shape {
 
 HCURSOR CursorByName(const std::string& name) {
     static const Shape kShapes[] = {
-        {"pointer", IDC_HAND},         {"text", IDC_IBEAM},         {"wait", IDC_WAIT},
-        {"progress", IDC_APPSTARTING}, {"help", IDC_HELP},          {"crosshair", IDC_CROSS},
-        {"move", IDC_SIZEALL},         {"all-scroll", IDC_SIZEALL}, {"not-allowed", IDC_NO},
-        {"no-drop", IDC_NO},           {"ew-resize", IDC_SIZEWE},   {"e-resize", IDC_SIZEWE},
-        {"w-resize", IDC_SIZEWE},      {"col-resize", IDC_SIZEWE},  {"ns-resize", IDC_SIZENS},
-        {"n-resize", IDC_SIZENS},      {"s-resize", IDC_SIZENS},    {"row-resize", IDC_SIZENS},
-        {"nwse-resize", IDC_SIZENWSE}, {"nw-resize", IDC_SIZENWSE}, {"se-resize", IDC_SIZENWSE},
-        {"nesw-resize", IDC_SIZENESW}, {"ne-resize", IDC_SIZENESW}, {"sw-resize", IDC_SIZENESW},
+        {"pointer", IDC_HAND},
+        {"grab", IDC_HAND},
+        {"grabbing", IDC_HAND},
+        {"cell", IDC_CROSS},
+        {"vertical-text", IDC_IBEAM},
+        {"text", IDC_IBEAM},
+        {"wait", IDC_WAIT},
+        {"progress", IDC_APPSTARTING},
+        {"help", IDC_HELP},
+        {"crosshair", IDC_CROSS},
+        {"move", IDC_SIZEALL},
+        {"all-scroll", IDC_SIZEALL},
+        {"not-allowed", IDC_NO},
+        {"no-drop", IDC_NO},
+        {"ew-resize", IDC_SIZEWE},
+        {"e-resize", IDC_SIZEWE},
+        {"w-resize", IDC_SIZEWE},
+        {"col-resize", IDC_SIZEWE},
+        {"ns-resize", IDC_SIZENS},
+        {"n-resize", IDC_SIZENS},
+        {"s-resize", IDC_SIZENS},
+        {"row-resize", IDC_SIZENS},
+        {"nwse-resize", IDC_SIZENWSE},
+        {"nw-resize", IDC_SIZENWSE},
+        {"se-resize", IDC_SIZENWSE},
+        {"nesw-resize", IDC_SIZENESW},
+        {"ne-resize", IDC_SIZENESW},
+        {"sw-resize", IDC_SIZENESW},
     };
     if (name == "none") return nullptr;
     for (const Shape& shape : kShapes) {
@@ -53,20 +53,40 @@ HCURSOR CursorByName(const std::string& name) {
 
 }  // namespace
 
-void PageCursor::Ask(POINT point) {
-    const ULONGLONG now = GetTickCount64();
-    if (asking_ || now - lastAsked_ < kPause || point.x < 0) return;
+PageCursor::~PageCursor() {
+    *alive_ = false;
+    if (pausing_) KillTimer(window_, kTimer);
+}
+
+void PageCursor::Follow(POINT point) {
+    point_ = point;
+    wanted_ = point.x >= 0;
+    if (wanted_ && !pausing_) Ask();
+}
+
+void PageCursor::OnTimer() {
+    if (asking_) return;
+    if (wanted_) return Ask();
+    KillTimer(window_, kTimer);
+    pausing_ = false;
+}
+
+void PageCursor::Ask() {
+    wanted_ = false;
     asking_ = true;
-    lastAsked_ = now;
-    target_.Post("Runtime.evaluate", {{"expression", CursorQuestion(point)}, {"returnByValue", true}},
-                 [this, alive = alive_](const Json* result) {
-                     if (!*alive) return;
-                     asking_ = false;
-                     if (!result || !result->contains("result")) return;
-                     current_ = CursorByName((*result)["result"].value("value", std::string()));
-                     POINT now;
-                     if (GetCursorPos(&now) && WindowFromPoint(now) == window_) SetCursor(current_);
-                 });
+    pausing_ = SetTimer(window_, kTimer, kPause, nullptr) != 0;
+    page_.Ask("cursorAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
+              [this, alive = alive_](const Json& name) {
+                  if (!*alive) return;
+                  asking_ = false;
+                  if (name.is_string()) Show(name);
+              });
+}
+
+void PageCursor::Show(const std::string& name) {
+    current_ = CursorByName(name);
+    POINT pointer;
+    if (GetCursorPos(&pointer) && WindowFromPoint(pointer) == window_) SetCursor(current_);
 }
 
 }  // namespace tarvik

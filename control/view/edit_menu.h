@@ -2,11 +2,14 @@
 
 #include <windows.h>
 
-#include "control/engine/devtools.h"
-
 namespace tarvik {
 
-// The menu of a text field: undo, cut, copy, paste, delete, select all. Runs until it is closed.
-void ShowEditMenu(HWND window, POINT screen, PageTarget& target);
+enum class EditCommand { kNone, kUndo, kCut, kCopy, kPaste, kDelete, kSelectAll };
+
+// The engine's name of a command.
+const char* EditCommandName(EditCommand command);
+
+// Shows the menu of a text field, and returns when it is closed.
+EditCommand PickEditCommand(HWND window, POINT screen, bool hasSelection);
 
 }  // namespace tarvik

@@ -1,5 +1,7 @@
 #include "control/view/keyboard_input.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "control/view/clipboard.h"
 #include "control/view/key_names.h"
@@ -11,19 +13,24 @@ namespace {
 
 constexpr LPARAM kExtended = 1 << 24;
 constexpr LPARAM kWasDown = 1 << 30;
+constexpr int kAltAndControl = 3;
+constexpr wchar_t kDelete = 0x7F;
 
 UINT ScanCodeOf(LPARAM lParam) {
     return (lParam >> 16) & 0xFF;
+}
+
+std::string CodeOf(LPARAM lParam) {
+    return KeyCodeName(ScanCodeOf(lParam), (lParam & kExtended) != 0);
 }
 
 bool IsHeld(int key) {
     return GetKeyState(key) < 0;
 }
 
-// The engine has a clipboard of its own; these keys mean the system's.
-bool IsClipboardKey(UINT virtualKey, UINT letter, UINT other, int otherHeld) {
-    return (virtualKey == letter && IsHeld(VK_CONTROL) && !IsHeld(VK_MENU)) ||
-           (virtualKey == other && IsHeld(otherHeld));
+bool IsPaste(UINT virtualKey) {
+    return (virtualKey == 'V' && IsHeld(VK_CONTROL) && !IsHeld(VK_MENU)) ||
+           (virtualKey == VK_INSERT && IsHeld(VK_SHIFT));
 }
 
 }  // namespace
@@ -44,7 +51,7 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnKey(virtualKey, lParam, false);
             return false;
         case WM_CHAR:
-            OnCharacter(static_cast<wchar_t>(wParam));
+            OnCharacter(static_cast<wchar_t>(wParam), lParam);
             return true;
         default:
             return false;
@@ -52,35 +59,43 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
-    if (down && IsClipboardKey(virtualKey, 'V', VK_INSERT, VK_SHIFT)) return PasteIntoPage(window_, target_);
-    if (down && IsClipboardKey(virtualKey, 'C', VK_INSERT, VK_CONTROL)) CopyFromPage(window_, target_);
-    if (down && IsClipboardKey(virtualKey, 'X', VK_DELETE, VK_SHIFT)) CopyFromPage(window_, target_);
-    const bool extended = (lParam & kExtended) != 0;
-    target_.Post("Input.dispatchKeyEvent", {{"type", down ? "rawKeyDown" : "keyUp"},
-                                            {"windowsVirtualKeyCode", virtualKey},
-                                            {"nativeVirtualKeyCode", virtualKey},
-                                            {"key", KeyName(virtualKey, ScanCodeOf(lParam))},
-                                            {"code", KeyCodeName(ScanCodeOf(lParam), extended)},
-                                            {"autoRepeat", down && (lParam & kWasDown) != 0},
-                                            {"isKeypad", virtualKey >= VK_NUMPAD0 && virtualKey <= VK_DIVIDE},
-                                            {"modifiers", KeyModifiers()}});
+    if (down && IsPaste(virtualKey)) BringClipboard(window_, queue_, page_);
+    const std::string code = CodeOf(lParam);
+    const KeyPlace place = PlaceOfKey(code);
+    queue_.Add(InputQueue::Care::kSeen, "Input.dispatchKeyEvent",
+               {{"type", down ? "rawKeyDown" : "keyUp"},
+                {"windowsVirtualKeyCode", virtualKey},
+                {"nativeVirtualKeyCode", virtualKey},
+                {"key", KeyName(virtualKey, ScanCodeOf(lParam))},
+                {"code", code},
+                {"autoRepeat", down && (lParam & kWasDown) != 0},
+                {"isKeypad", place == KeyPlace::kKeypad},
+                {"location", place == KeyPlace::kKeypad ? 0 : static_cast<int>(place)},
+                {"modifiers", KeyModifiers()}});
 }
 
-void KeyboardInput::OnCharacter(wchar_t character) {
+void KeyboardInput::OnCharacter(wchar_t character, LPARAM lParam) {
+    const wchar_t high = std::exchange(highSurrogate_, wchar_t{});
     if (IS_HIGH_SURROGATE(character)) {
         highSurrogate_ = character;
         return;
     }
-    if (IS_LOW_SURROGATE(character)) {
-        const wchar_t pair[] = {highSurrogate_, character};
-        target_.Post("Input.insertText", {{"text", Narrow({pair, 2})}});
-        return;
-    }
     // Control characters come from keys that the page has seen already; Enter is the one that makes text.
-    if (character < L' ' && character != L'\r') return;
-    const std::string text = Narrow({&character, 1});
-    target_.Post("Input.dispatchKeyEvent",
-                 {{"type", "char"}, {"text", text}, {"key", text}, {"modifiers", KeyModifiers()}});
+    if ((character < L' ' && character != L'\r') || character == kDelete) return;
+    std::wstring units;
+    if (IS_LOW_SURROGATE(character)) units = high;
+    units += character;
+    const std::string text = Narrow(units);
+    // Both together are AltGr, which made the character; with them the engine would not type it.
+    int modifiers = KeyModifiers();
+    if ((modifiers & kAltAndControl) == kAltAndControl) modifiers &= ~kAltAndControl;
+    queue_.Add(InputQueue::Care::kText, "Input.dispatchKeyEvent",
+               {{"type", "char"},
+                {"text", text},
+                {"key", text},
+                {"code", CodeOf(lParam)},
+                {"autoRepeat", (lParam & kWasDown) != 0},
+                {"modifiers", modifiers}});
 }
 
 }  // namespace tarvik

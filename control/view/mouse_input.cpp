@@ -2,22 +2,28 @@
 
 #include <windowsx.h>
 
-#include <cstdlib>
+#include <algorithm>
+#include <iterator>
 
 namespace tarvik {
 
 namespace {
 
-constexpr double kPixelsPerNotch = 100;
+// As browsers of the engine's family do: three lines a notch, the usual setting, are 100 pixels.
+constexpr double kPixelsPerLine = 100.0 / 3;
+constexpr POINT kOutside = {-1, -1};
 
 POINT PointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
 }
 
-const char* HeldButton(int buttons) {
-    if (buttons & 1) return "left";
-    if (buttons & 2) return "right";
-    return buttons & 4 ? "middle" : "none";
+double PixelsPerNotch(HWND window, bool horizontal) {
+    UINT lines = 3;
+    SystemParametersInfoW(horizontal ? SPI_GETWHEELSCROLLCHARS : SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    if (lines != WHEEL_PAGESCROLL) return lines * kPixelsPerLine;
+    RECT area = {};
+    GetClientRect(window, &area);
+    return horizontal ? area.right : area.bottom;
 }
 
 }  // namespace
@@ -27,45 +33,33 @@ int KeyModifiers() {
     return held(VK_MENU, 1) | held(VK_CONTROL, 2) | held(VK_LWIN, 4) | held(VK_RWIN, 4) | held(VK_SHIFT, 8);
 }
 
-bool MouseInput::FindButton(UINT message, WPARAM wParam, Button& button) {
-    const bool second = GET_XBUTTON_WPARAM(wParam) == XBUTTON2;
-    switch (message) {
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
-            button = {"left", 1, true};
-            return true;
-        case WM_LBUTTONUP:
-            button = {"left", 1, false};
-            return true;
-        case WM_RBUTTONDOWN:
-        case WM_RBUTTONDBLCLK:
-            button = {"right", 2, true};
-            return true;
-        case WM_RBUTTONUP:
-            button = {"right", 2, false};
-            return true;
-        case WM_MBUTTONDOWN:
-        case WM_MBUTTONDBLCLK:
-            button = {"middle", 4, true};
-            return true;
-        case WM_MBUTTONUP:
-            button = {"middle", 4, false};
-            return true;
-        case WM_XBUTTONDOWN:
-        case WM_XBUTTONDBLCLK:
-            button = {second ? "forward" : "back", second ? 16 : 8, true};
-            return true;
-        case WM_XBUTTONUP:
-            button = {second ? "forward" : "back", second ? 16 : 8, false};
-            return true;
-        default:
-            return false;
+// In the order in which a move names the one that is held.
+constexpr MouseInput::Button MouseInput::kButtons[] = {
+    {"left", 1, WM_LBUTTONUP}, {"right", 2, WM_RBUTTONUP},    {"middle", 4, WM_MBUTTONUP},
+    {"back", 8, WM_XBUTTONUP}, {"forward", 16, WM_XBUTTONUP},
+};
+
+// The messages of a button follow one another: press, release, second press of a double click.
+const MouseInput::Button* MouseInput::FindButton(UINT message, WPARAM wParam) {
+    for (const Button& button : kButtons) {
+        if (message < button.release - 1 || message > button.release + 1) continue;
+        const bool isForward = GET_XBUTTON_WPARAM(wParam) == XBUTTON2;
+        if (button.release != WM_XBUTTONUP || isForward == (button.bit == 16)) return &button;
     }
+    return nullptr;
+}
+
+bool MouseInput::IsPress(UINT message) {
+    const auto presses = [message](const Button& button) {
+        return message == button.release - 1 || message == button.release + 1;
+    };
+    return std::any_of(std::begin(kButtons), std::end(kButtons), presses);
 }
 
 bool MouseInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (Button button; FindButton(message, wParam, button)) {
-        OnButton(button, PointOf(lParam));
+    if (const Button* const button = FindButton(message, wParam)) {
+        const bool isRelease = message == button->release;
+        isRelease ? OnRelease(*button, PointOf(lParam)) : OnPress(*button, PointOf(lParam));
         return true;
     }
     switch (message) {
@@ -80,10 +74,10 @@ bool MouseInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_MOUSELEAVE:
             tracking_ = false;
-            OnMove({-1, -1});
+            OnMove(kOutside);
             return true;
         case WM_CAPTURECHANGED:
-            buttons_ = 0;
+            OnCaptureLost();
             return true;
         default:
             return false;
@@ -97,61 +91,48 @@ void MouseInput::OnMove(POINT point) {
     }
     if (point.x == last_.x && point.y == last_.y) return;
     last_ = point;
-    if (moving_) {
-        pending_ = true;
-    } else {
-        SendMove();
-    }
+    const Button* const held = std::find_if(std::begin(kButtons), std::end(kButtons),
+                                            [&](const Button& button) { return buttons_ & button.bit; });
+    Send(InputQueue::Care::kLatest, "mouseMoved", point, held == std::end(kButtons) ? "none" : held->name, 0);
 }
 
-void MouseInput::SendMove() {
-    moving_ = true;
-    pending_ = false;
-    Send("mouseMoved", last_, HeldButton(buttons_), 0, Json::object(), [this, alive = alive_](const Json*) {
-        if (!*alive) return;
-        moving_ = false;
-        if (pending_) SendMove();
-    });
-}
-
-void MouseInput::OnButton(const Button& button, POINT point) {
-    if (pending_) SendMove();  // where the pointer was comes before what it did
+void MouseInput::OnPress(const Button& button, POINT point) {
+    SetCapture(window_);
     last_ = point;
-    if (button.down) {
-        SetFocus(window_);
-        SetCapture(window_);
-        buttons_ |= button.bit;
-        Send("mousePressed", point, button.name, CountClicks(button, point));
-        return;
-    }
+    buttons_ |= button.bit;
+    const auto time = static_cast<DWORD>(GetMessageTime());
+    Send(InputQueue::Care::kSeen, "mousePressed", point, button.name, clicks_.Press(button.bit, point, time));
+}
+
+// A button that went down somewhere else, or that the page was told of when the pointer was taken away, is
+// not its business.
+void MouseInput::OnRelease(const Button& button, POINT point) {
+    if (!(buttons_ & button.bit)) return;
+    last_ = point;
     buttons_ &= ~button.bit;
-    Send("mouseReleased", point, button.name, clicks_ ? clicks_ : 1);
+    Send(InputQueue::Care::kSeen, "mouseReleased", point, button.name, clicks_.Last());
     if (!buttons_ && GetCapture() == window_) ReleaseCapture();
 }
 
-int MouseInput::CountClicks(const Button& button, POINT point) {
-    const DWORD now = GetTickCount();
-    const bool close = std::abs(point.x - clickPoint_.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
-                      std::abs(point.y - clickPoint_.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
-    const bool again = button.bit == clickButton_ && close && now - clickTime_ <= GetDoubleClickTime();
-    clicks_ = again ? clicks_ + 1 : 1;
-    clickButton_ = button.bit;
-    clickPoint_ = point;
-    clickTime_ = now;
-    return clicks_;
+// A menu or the dragging of the window takes the pointer with its button down: the release will not come
+// here. Outside of everything it ends a drag and clicks nothing.
+void MouseInput::OnCaptureLost() {
+    for (const Button& button : kButtons)
+        OnRelease(button, kOutside);
 }
 
 void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
     POINT point = PointOf(lParam);
     ScreenToClient(window_, &point);
-    const double distance = GET_WHEEL_DELTA_WPARAM(wParam) * kPixelsPerNotch / WHEEL_DELTA;
+    const double distance =
+        GET_WHEEL_DELTA_WPARAM(wParam) * PixelsPerNotch(window_, horizontal) / WHEEL_DELTA;
     // Windows turns the wheel away from the user for more; pages count downward. To the right both agree.
-    Send("mouseWheel", point, "none", 0,
+    Send(InputQueue::Care::kInTurn, "mouseWheel", point, "none", 0,
          {{"deltaX", horizontal ? distance : 0.0}, {"deltaY", horizontal ? 0.0 : -distance}});
 }
 
-void MouseInput::Send(const char* type, POINT point, const char* button, int clicks, Json more,
-                      DevTools::ReplyHandler onReply) {
+void MouseInput::Send(InputQueue::Care care, const char* type, POINT point, const char* button, int clicks,
+                      Json more) {
     more.update({{"type", type},
                  {"x", point.x},
                  {"y", point.y},
@@ -159,7 +140,7 @@ void MouseInput::Send(const char* type, POINT point, const char* button, int cli
                  {"buttons", buttons_},
                  {"clickCount", clicks},
                  {"modifiers", KeyModifiers()}});
-    target_.Post("Input.dispatchMouseEvent", std::move(more), std::move(onReply));
+    queue_.Add(care, "Input.dispatchMouseEvent", std::move(more));
 }
 
 }  // namespace tarvik

@@ -2,57 +2,51 @@
 
 #include <windows.h>
 
-#include "control/engine/devtools.h"
+#include "control/view/click_counter.h"
+#include "control/view/input_queue.h"
 
 namespace tarvik {
 
 // The state of Shift, Ctrl, Alt and the Windows key, as DevTools names it.
 int KeyModifiers();
 
-// Mouse messages of a window, sent to a page. Moves are sent one at a time, the latest of those that came
-// meanwhile; all else in order.
+// Mouse messages of a window, sent to a page. The pointer is captured while a button is held.
 class MouseInput {
   public:
-    MouseInput(HWND window, PageTarget& target) : window_(window), target_(target) {}
-    ~MouseInput() { *alive_ = false; }
-    MouseInput(const MouseInput&) = delete;
-    MouseInput& operator=(const MouseInput&) = delete;
+    MouseInput(HWND window, InputQueue& queue) : window_(window), queue_(queue) {}
 
     // False if it is no mouse message.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // The page waits: what was under way gets no answer.
-    void Reset() { moving_ = false; }
+    // Whether a button goes down, which also asks for the keyboard.
+    static bool IsPress(UINT message);
 
+    // Where the pointer is in the window; (-1, -1) when it has left.
     POINT LastPoint() const { return last_; }
 
   private:
     struct Button {
         const char* name;
         int bit;
-        bool down;
+        UINT release;  // message
     };
-    static bool FindButton(UINT message, WPARAM wParam, Button& button);
+    static const Button kButtons[5];
+    static const Button* FindButton(UINT message, WPARAM wParam);
+
     void OnMove(POINT point);
-    void OnButton(const Button& button, POINT point);
+    void OnPress(const Button& button, POINT point);
+    void OnRelease(const Button& button, POINT point);
     void OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal);
-    void SendMove();
-    void Send(const char* type, POINT point, const char* button, int clicks, Json more = Json::object(),
-              DevTools::ReplyHandler onReply = nullptr);
-    int CountClicks(const Button& button, POINT point);
+    void OnCaptureLost();
+    void Send(InputQueue::Care care, const char* type, POINT point, const char* button, int clicks,
+              Json more = Json::object());
 
     HWND window_;
-    PageTarget& target_;
-    int buttons_ = 0;
+    InputQueue& queue_;
+    int buttons_ = 0;  // that are held, as the page knows it
     POINT last_ = {-1, -1};
-    bool moving_ = false;   // a move is under way
-    bool pending_ = false;  // another one waits for it
     bool tracking_ = false;
-    int clicks_ = 0;
-    int clickButton_ = 0;
-    POINT clickPoint_ = {};
-    DWORD clickTime_ = 0;
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+    ClickCounter clicks_;
 };
 
 }  // namespace tarvik

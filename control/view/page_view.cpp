@@ -1,33 +1,33 @@
 #include "control/view/page_view.h"
 
+#include "base/text.h"
+#include "control/view/clipboard.h"
 #include "control/view/cursor.h"
+#include "control/view/edit_menu.h"
+#include "control/view/input_queue.h"
 #include "control/view/keyboard_input.h"
 #include "control/view/mouse_input.h"
+#include "control/view/page_side.h"
+#include "control/view/placement.h"
 #include "control/view/screencast.h"
 
 namespace tarvik {
 
-namespace {
-
-// Frames hold what the page draws itself; drop-down lists of the platform's kind are missing from them, so
-// pages draw their own.
-constexpr const char* kDrawnByPage = R"((() => {
-  const sheet = new CSSStyleSheet();
-  sheet.replaceSync('select:not([multiple]):not([size]), ::picker(select) { appearance: base-select; }');
-  document.adoptedStyleSheets.push(sheet);
-})())";
-
-}  // namespace
-
 struct PageView::Shown {
     Shown(HWND window, PageTarget& page, Picture& picture)
         : target(page),
-          mouse(window, page),
-          keyboard(window, page),
-          cursor(window, page),
+          side(page),
+          placement(window, page),
+          queue(page, side),
+          mouse(window, queue),
+          keyboard(window, queue, side),
+          cursor(window, side),
           screencast(window, page, picture) {}
 
     PageTarget& target;
+    PageSide side;
+    Placement placement;
+    InputQueue queue;
     MouseInput mouse;
     KeyboardInput keyboard;
     PageCursor cursor;
@@ -40,13 +40,11 @@ PageView::~PageView() = default;
 
 void PageView::SetTarget(PageTarget* target) {
     shown_.reset();
-    parked_ = false;
     picture_.Clear();
     if (target) {
         notice_.clear();
-        target->Post("Page.addScriptToEvaluateOnNewDocument", {{"source", kDrawnByPage}});
-        shown_ = std::make_unique<Shown>(window_, *target, picture_);
-        FitPage();
+        shown_ = std::make_shared<Shown>(window_, *target, picture_);
+        TellFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
 }
@@ -57,18 +55,38 @@ void PageView::SetNotice(const std::wstring& text) {
 }
 
 void PageView::SetParked(bool parked) {
-    if (parked_ == parked) return;
-    parked_ = parked;
-    // Input that was under way when the page stopped gets its answer late or never.
-    if (!shown_) return;
-    shown_->mouse.Reset();
-    shown_->cursor.Reset();
+    if (shown_) shown_->queue.SetParked(parked);
 }
 
-void PageView::FitPage() {
-    RECT area = {};
-    GetClientRect(window_, &area);
-    if (shown_) shown_->screencast.SetSize({area.right, area.bottom});
+void PageView::OnEvent(std::string_view method, const Json& params) {
+    if (!shown_) return;
+    shown_->queue.OnEvent(method);
+    if (shown_->side.IsCopied(method, params))
+        PutOnClipboard(window_, Widen(params.at("payload").get_ref<const std::string&>()));
+}
+
+void PageView::ShowEditMenu(POINT screen) {
+    if (!shown_) return;
+    shown_->side.Ask("hasSelection", "", [this, shown = std::weak_ptr(shown_), screen](const Json& answer) {
+        if (!shown.expired()) RunEditMenu(screen, answer == true);
+    });
+}
+
+// The page may go while the menu is open, and this view with it.
+void PageView::RunEditMenu(POINT screen, bool hasSelection) {
+    const std::weak_ptr<Shown> before = shown_;
+    const EditCommand command = PickEditCommand(window_, screen, hasSelection);
+    const auto shown = before.lock();
+    if (!shown || command == EditCommand::kNone) return;
+    if (command == EditCommand::kPaste) BringClipboard(window_, shown->queue, shown->side);
+    // The engine runs editing commands with a key event that means nothing else.
+    shown->queue.Add(InputQueue::Care::kSeen, "Input.dispatchKeyEvent",
+                     {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
+}
+
+// The engine has a desktop of its own, on which no window is ever left.
+void PageView::TellFocus() {
+    shown_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
 }
 
 void PageView::Paint() {
@@ -95,35 +113,60 @@ bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
             *result = 1;
             return true;  // painting covers everything
         case WM_SIZE:
-            FitPage();
-            return false;
+            // A notice stands in the middle of the whole.
+            if (!notice_.empty()) InvalidateRect(window_, nullptr, FALSE);
+            break;
         case WM_GETDLGCODE:
             *result = DLGC_WANTALLKEYS;
             return true;
+        default:
+            break;
+    }
+    return shown_ && HandlePageMessage(message, wParam, lParam, result);
+}
+
+bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    Shown& shown = *shown_;
+    switch (message) {
         case Screencast::kFrameMessage:
-            if (shown_) shown_->screencast.OnFrame();
+            shown.screencast.OnFrame();
+            shown.cursor.Renew();
             return true;
+        case WM_TIMER:
+            if (wParam == PageCursor::kTimer) shown.cursor.OnTimer();
+            if (wParam == Screencast::kTimer) shown.screencast.OnTimer();
+            return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
+        case WM_SIZE:
+        case WM_MOVE:
+            shown.placement.Update();
+            return false;
         case WM_SETCURSOR:
-            if (!shown_ || LOWORD(lParam) != HTCLIENT) return false;
-            SetCursor(shown_->cursor.Current());
+            if (LOWORD(lParam) != HTCLIENT) return false;
+            SetCursor(shown.cursor.Current());
             *result = TRUE;
             return true;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            if (shown_) {
-                shown_->target.Post("Emulation.setFocusEmulationEnabled",
-                                    {{"enabled", message == WM_SETFOCUS}});
-            }
+            TellFocus();
             return false;
         default:
-            break;
+            return HandleInput(message, wParam, lParam, result);
     }
-    if (!shown_ || parked_) return false;
-    if (shown_->mouse.HandleMessage(message, wParam, lParam)) {
-        shown_->cursor.Ask(shown_->mouse.LastPoint());
-        return true;
-    }
-    return shown_->keyboard.HandleMessage(message, wParam, lParam);
+}
+
+bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const std::weak_ptr<Shown> before = shown_;
+    if (MouseInput::IsPress(message)) SetFocus(window_);
+    // Who loses the focus may do as he likes, also close this page.
+    if (before.expired()) return true;
+    Shown& shown = *shown_;
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) shown.placement.Update();
+    if (!shown.mouse.HandleMessage(message, wParam, lParam))
+        return shown.keyboard.HandleMessage(message, wParam, lParam);
+    shown.cursor.Follow(shown.mouse.LastPoint());
+    // The buttons at the side have an answer of their own.
+    *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
+    return true;
 }
 
 }  // namespace tarvik

@@ -11,7 +11,8 @@
 namespace tarvik {
 
 // The picture of a page in a window, and the way of the window's input to the page. The window belongs to the
-// page control, whose procedure hands its messages over. Main thread.
+// page control, whose procedure hands its messages over. It uses WM_APP + 1 and the timers 1 and 2. Main
+// thread.
 class PageView {
   public:
     explicit PageView(HWND window);
@@ -20,7 +21,7 @@ class PageView {
     PageView& operator=(const PageView&) = delete;
 
     // The target that is shown, before its first navigation; null shows the notice. Not owned: the view lets
-    // go of it before it ends.
+    // go of it before it ends. Throws StatusError.
     void SetTarget(PageTarget* target);
 
     // A text in place of the page.
@@ -29,20 +30,28 @@ class PageView {
     // True if the message was dealt with, and `result` is its answer.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-    // The page waits in a native call: the last picture stays, and input to it is dropped.
+    // Every event of the target's session, in order; others want them too.
+    void OnEvent(std::string_view method, const Json& params);
+
+    // The page waits in a native call: the last picture stays, and input waits with it.
     void SetParked(bool parked);
+
+    // The menu of a text field, once the page has told what is selected.
+    void ShowEditMenu(POINT screen);
 
   private:
     struct Shown;  // what there is for one target
 
     void Paint();
-    void FitPage();
+    void RunEditMenu(POINT screen, bool hasSelection);
+    bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    void TellFocus();
 
     HWND window_;
     std::wstring notice_;
     Picture picture_;
-    bool parked_ = false;
-    std::unique_ptr<Shown> shown_;
+    std::shared_ptr<Shown> shown_;
 };
 
 }  // namespace tarvik

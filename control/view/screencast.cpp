@@ -7,9 +7,13 @@ namespace {
 // PNG loses nothing and is cheap for plain pages; pictures that fill a window are dear in it. Measured.
 constexpr double kSlowMilliseconds = 30;
 constexpr double kLargeBytes = 400 * 1024;
-constexpr double kCalmFrames = 5;  // a second
-constexpr ULONGLONG kMoment = 1000;
+constexpr double kLivelyFrames = 5;  // a second
+constexpr ULONGLONG kMoment = 1000;  // milliseconds
+constexpr UINT kCalm = 300;
 constexpr int kJpegQuality = 80;
+
+// So many frames a page gets that is not shown yet, so that its picture is there when it is.
+constexpr int kUnseenFrames = 60;
 
 bool IsSeen(HWND window) {
     return IsWindowVisible(window) && !IsIconic(GetAncestor(window, GA_ROOT));
@@ -18,22 +22,27 @@ bool IsSeen(HWND window) {
 }  // namespace
 
 Screencast::Screencast(HWND window, PageTarget& target, Picture& picture)
-    : window_(window), target_(target), picture_(picture), decoder_([this](FrameDecoder::Frame& frame) {
-          picture_.Replace(frame.pixels);
-          ++frames_;
-          bytes_ += static_cast<long long>(frame.bytes);
-          microseconds_ += static_cast<long long>(frame.milliseconds * 1000);
-          if (!posted_.exchange(true)) PostMessageW(window_, kFrameMessage, 0, 0);
-      }) {
+    : window_(window),
+      target_(target),
+      picture_(picture),
+      decoder_([this](FrameDecoder::Frame& frame) { OnDecoded(frame); }) {
     target_.Engine().ListenToFrames(target_.Session(),
                                     [this](std::string_view text) { decoder_.Submit(text); });
     Start();
 }
 
 Screencast::~Screencast() {
-    *alive_ = false;
     target_.Engine().ListenToFrames(target_.Session(), nullptr);
+    KillTimer(window_, kTimer);
     Stop();
+}
+
+void Screencast::OnDecoded(FrameDecoder::Frame& frame) {
+    picture_.Replace(frame.pixels);
+    ++frames_;
+    bytes_ += static_cast<long long>(frame.bytes);
+    microseconds_ += static_cast<long long>(frame.milliseconds * 1000);
+    if (!posted_.exchange(true) && !PostMessageW(window_, kFrameMessage, 0, 0)) posted_ = false;
 }
 
 void Screencast::Start() {
@@ -49,16 +58,27 @@ void Screencast::Stop() {
 }
 
 void Screencast::Want() {
+    unseen_ = 0;
     if (!running_) Start();
 }
 
 void Screencast::OnFrame() {
     posted_ = false;
-    if (!IsSeen(window_)) return Stop();
+    if (!IsSeen(window_)) {
+        if (++unseen_ > kUnseenFrames) Stop();
+        return;
+    }
     InvalidateRect(window_, nullptr, FALSE);
     // Frames come faster than a busy thread has idle moments, in which paints are made.
     UpdateWindow(window_);
+    if (format_ == Format::kJpeg) SetTimer(window_, kTimer, kCalm, nullptr);
     ChooseFormat();
+}
+
+// No frame for a while: what stands still is seen without loss.
+void Screencast::OnTimer() {
+    KillTimer(window_, kTimer);
+    Use(Format::kPng);
 }
 
 void Screencast::ChooseFormat() {
@@ -70,34 +90,16 @@ void Screencast::ChooseFormat() {
     const double seconds = static_cast<double>(now - since_) / 1000;
     const bool first = since_ == 0;
     since_ = now;
-    if (first || frames == 0) return;
-    const bool dear = milliseconds / frames > kSlowMilliseconds || bytes / frames > kLargeBytes;
-    const bool calm = frames / seconds < kCalmFrames;
-    const Format wanted = format_ == Format::kPng ? (dear && !calm ? Format::kJpeg : Format::kPng)
-                                                  : (calm ? Format::kPng : Format::kJpeg);
-    if (wanted == format_) return;
-    format_ = wanted;
+    if (first || frames / seconds < kLivelyFrames) return;
+    if (milliseconds / frames > kSlowMilliseconds || bytes / frames > kLargeBytes) Use(Format::kJpeg);
+}
+
+void Screencast::Use(Format format) {
+    if (format == format_) return;
+    format_ = format;
+    if (!running_) return;
     Stop();
     Start();
-}
-
-void Screencast::SetSize(SIZE size) {
-    size_ = size;
-    if (!sending_) SendSize();
-}
-
-// One change at a time: a window that is being dragged changes faster than a page can be laid out.
-void Screencast::SendSize() {
-    if (size_.cx <= 0 || size_.cy <= 0 || (size_.cx == sent_.cx && size_.cy == sent_.cy)) return;
-    sent_ = size_;
-    sending_ = true;
-    target_.Post("Emulation.setDeviceMetricsOverride",
-                 {{"width", sent_.cx}, {"height", sent_.cy}, {"deviceScaleFactor", 1}, {"mobile", false}},
-                 [this, alive = alive_](const Json*) {
-                     if (!*alive) return;
-                     sending_ = false;
-                     SendSize();
-                 });
 }
 
 }  // namespace tarvik

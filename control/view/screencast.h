@@ -10,17 +10,15 @@
 
 namespace tarvik {
 
-// Keeps a picture of a target up to date, and invalidates a window when it has changed. Frames cost time even
-// when nobody sees them: it stops when a frame arrives and the window cannot be seen, and goes on when the
-// window asks.
+// Keeps a picture of a target up to date, and paints a window when it has changed. Frames cost time even when
+// nobody sees them: it stops when the window cannot be seen and they keep coming, and goes on when the window
+// is painted.
 class Screencast {
   public:
     Screencast(HWND window, PageTarget& target, Picture& picture);
     ~Screencast();
     Screencast(const Screencast&) = delete;
     Screencast& operator=(const Screencast&) = delete;
-
-    void SetSize(SIZE size);
 
     // The window is being painted: frames are wanted.
     void Want();
@@ -29,23 +27,24 @@ class Screencast {
     void OnFrame();
     static constexpr UINT kFrameMessage = WM_APP + 1;
 
+    static constexpr UINT_PTR kTimer = 2;  // of the window
+    void OnTimer();
+
   private:
     enum class Format { kPng, kJpeg };
 
+    void OnDecoded(FrameDecoder::Frame& frame);  // on the decoder's thread
     void Start();
     void Stop();
-    void SendSize();
+    void Use(Format format);
     void ChooseFormat();
 
     HWND window_;
     PageTarget& target_;
     Picture& picture_;
     bool running_ = false;
+    int unseen_ = 0;  // frames since the window was seen
     Format format_ = Format::kPng;
-    SIZE size_ = {};
-    SIZE sent_ = {};
-    bool sending_ = false;
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 
     // What the frames of the last moment cost, from the decoder's thread.
     std::atomic<int> frames_{0};

@@ -1,0 +1,26 @@
+#include "control/view/click_counter.h"
+
+#include <cstdlib>
+
+namespace tarvik {
+
+namespace {
+
+// The system's measure is the width of a rectangle around the first point.
+bool IsNear(LONG left, LONG right, int measure) {
+    return std::abs(left - right) <= GetSystemMetrics(measure) / 2;
+}
+
+}  // namespace
+
+int ClickCounter::Press(int button, POINT point, DWORD time) {
+    const bool again = button == button_ && time - time_ <= GetDoubleClickTime() &&
+                       IsNear(point.x, point_.x, SM_CXDOUBLECLK) && IsNear(point.y, point_.y, SM_CYDOUBLECLK);
+    count_ = again ? count_ + 1 : 1;
+    button_ = button;
+    point_ = point;
+    time_ = time;
+    return count_;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,39 @@
+#include "control/view/page_side.h"
+
+#include "base/text.h"
+#include "control/engine/launch.h"
+
+namespace tarvik {
+
+extern const std::string_view kViewScript;  // view.js
+
+PageSide::PageSide(PageTarget& target)
+    : target_(target), binding_(Narrow(FreshName())), core_(Narrow(FreshName())) {
+    target_.Post("Runtime.enable");
+    target_.Post("Runtime.addBinding", {{"name", binding_}});
+    target_.Post("Page.addScriptToEvaluateOnNewDocument",
+                 {{"source", std::string(kViewScript) + "('" + binding_ + "', '" + core_ + "')"}});
+}
+
+Json PageSide::Command(std::string_view function, std::string_view arguments) const {
+    return {{"expression",
+             "window['" + core_ + "']." + std::string(function) + "(" + std::string(arguments) + ")"},
+            {"returnByValue", true},
+            {"userGesture", true},
+            {"silent", true}};
+}
+
+void PageSide::Ask(std::string_view function, std::string_view arguments, Handler handler) {
+    target_.Post("Runtime.evaluate", Command(function, arguments),
+                 [handler = std::move(handler)](const Json* reply) {
+                     static const Json kNone;
+                     const bool failed = !reply || reply->contains("exceptionDetails");
+                     handler(failed ? kNone : reply->at("result").value("value", kNone));
+                 });
+}
+
+bool PageSide::IsCopied(std::string_view method, const Json& params) const {
+    return method == "Runtime.bindingCalled" && params.value("name", std::string()) == binding_;
+}
+
+}  // namespace tarvik
