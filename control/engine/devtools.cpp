@@ -13,7 +13,6 @@ namespace {
 constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","params":{"data":")";
 constexpr std::string_view kPausedPrefix = R"({"method":"Debugger.paused")";
 constexpr std::string_view kParsedPrefix = R"({"method":"Debugger.scriptParsed")";
-constexpr DWORD kStartPatience = 20000;
 constexpr DWORD kReadSize = 256 * 1024;
 
 std::weak_ptr<Connection> current;
@@ -51,13 +50,6 @@ std::shared_ptr<DevTools> DevTools::Acquire() {
 
 std::wstring DevTools::LastStartError() {
     return lastStartError;
-}
-
-void Connection::Greet() {
-    const Json targets = Call("", "Target.getTargets", Json::object(), kStartPatience);
-    for (const Json& target : targets.at("targetInfos")) {
-        if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
-    }
 }
 
 void Connection::ReadMessages() {
