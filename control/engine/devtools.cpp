@@ -2,6 +2,8 @@
 
 #include "control/engine/devtools.h"
 
+#include <future>
+
 #include "base/status.h"
 #include "control/engine/connection.h"
 #include "control/engine/engine_path.h"
@@ -17,6 +19,11 @@ constexpr DWORD kReadSize = 256 * 1024;
 
 std::weak_ptr<Connection> current;
 std::wstring lastStartError;
+std::future<std::unique_ptr<Transport>> prepared;
+
+std::unique_ptr<Transport> Launch(const std::wstring& engine) {
+    return IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine);
+}
 
 std::shared_ptr<Connection> Start() {
     const std::wstring engine = FindEngine();
@@ -25,8 +32,7 @@ std::shared_ptr<Connection> Start() {
         throw StatusError(REGDB_E_CLASSNOTREG);
     }
     lastStartError = L"The web engine could not be started:\n" + engine;
-    auto connection =
-        std::make_shared<Connection>(IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine));
+    auto connection = std::make_shared<Connection>(prepared.valid() ? prepared.get() : Launch(engine));
     connection->Greet();
     lastStartError.clear();
     return connection;
@@ -46,6 +52,15 @@ std::shared_ptr<DevTools> DevTools::Acquire() {
     }
     current = connection;
     return connection;
+}
+
+void DevTools::Prepare() {
+    const std::wstring engine = FindEngine();
+    if (!engine.empty()) prepared = std::async(std::launch::async, Launch, engine);
+}
+
+void DevTools::Forget() {
+    prepared = {};
 }
 
 std::wstring DevTools::LastStartError() {

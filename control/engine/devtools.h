@@ -23,6 +23,11 @@ class DevTools {
     static std::shared_ptr<DevTools> Acquire();
     static std::wstring LastStartError();
 
+    // Starts the engine's program in the background, for the first user soon after. Forget ends it if nobody
+    // came.
+    static void Prepare();
+    static void Forget();
+
     virtual ~DevTools() = default;
 
     // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the
