@@ -24,6 +24,7 @@
     let last = 0;
     let parked = false;
     let calls = 0;
+    const answers = { __proto__: null };  // one for a call further out may come while a call made since waits
 
     const fail = (number, message) => {
       const error = new Error(message);
@@ -47,12 +48,13 @@
         }
         const item = inbox[first];
         delete inbox[first++];
-        if (item.kind === 'run') {
-          binding('["result",' + item.id + ',' + run(item) + ',' + (answer ? 'false' : 'true') + ']');
-        } else if (item.id === call) {
-          answer = item;
-        }
+        const result = item.kind === 'run' && run(item);
+        if (!result) answers[item.id] = item;
+        answer = answers[call];
+        const waits = !answer && first === last;
+        if (result) binding('["result",' + item.id + ',' + result + ',' + waits + ']');
       } while (!answer || first !== last);
+      delete answers[call];
       if (answer.kind === 'error') fail(answer.number, answer.message);
       return answer.kind === 'method' ? kMethod : answer.value;
     };

@@ -148,7 +148,6 @@ void ScriptWorld::Receive(const Json& message) {
 
 void ScriptWorld::TakeResult(const Json& message) {
     waits_ = message.at(3).get<bool>();
-    owed_ = false;
     const auto found = pending_.find(message.at(1).get<int>());
     if (found == pending_.end()) return;
     const auto pending = found->second;
@@ -263,8 +262,10 @@ void ScriptWorld::FindNowhere() {
         });
 }
 
+// A page parks when it has taken everything; what is queued from now on it does not know of.
 void ScriptWorld::OnPaused() {
     paused_ = true;
+    owed_ = false;
     Settle();
 }
 

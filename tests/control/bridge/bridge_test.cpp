@@ -182,7 +182,7 @@ TEST_F(Bridge, NeedsFewRoundTrips) {
     page_.Open("<script>var kept = external.self;</script>");
     const auto exchanges = [this](const char* expression) {
         const unsigned long before = page_.bridge->World()->Exchanges();
-        page_.Evaluate(expression);
+        EXPECT_THAT(page_.Evaluate(expression), testing::Not(HasSubstr("threw")));
         return page_.bridge->World()->Exchanges() - before;
     };
     EXPECT_EQ(exchanges("external.fresh.note(1)"), 3u);
