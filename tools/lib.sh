@@ -8,6 +8,14 @@ export HOME=~  # some runners set none
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
+# at_end COMMAND: what is done when this tool ends, also by a signal. Further signals do not interrupt it.
+at_end() {
+  # shellcheck disable=SC2064
+  trap "trap '' INT TERM HUP; $1" EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM HUP
+}
+
 # configure: writes the build files. Several checkouts share what was compiled once.
 configure() {
   CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache \
@@ -27,7 +35,7 @@ enter_ground() {
   exec 6>>"$build/ground/door" 7>>"$build/ground/lock"
   flock 6
   in_ground=yes
-  trap leave_ground EXIT
+  at_end leave_ground
   if flock -n 7; then start_ground; fi
   flock -s 7
   exec 6>&-
@@ -121,6 +129,9 @@ marked() {
 
 is_wine() { [[ $(readlink "/proc/$1/exe") == */wine* ]]; }
 is_desktop() { [[ $(tr '\0' ' ' <"/proc/$1/cmdline") == *explorer.exe\ /desktop* ]]; } 2>/dev/null
+
+# Whether the display is one that was opened here, which nobody looks at.
+has_own_display() { [ -e "$build/ground/xvfb" ]; }
 
 # Without the channels and the locks of this shell, for what outlives it.
 quietly() { "$@" </dev/null >/dev/null 2>&1 6>&- 7>&-; }
