@@ -101,6 +101,7 @@ end_ground() {
   if [ -n "$display" ] && [ "$(cat "/proc/$display/comm" 2>/dev/null)" = Xvfb ]; then kill "$display"; fi
   rm -f "$build/ground/xvfb"
   end_marked "TARVIK_GROUND=$build"
+  rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*  # of programs that were ended
 }
 
 # end_marked MARK: ends every process that was started with the mark in its environment. Windows programs end at once.
