@@ -134,6 +134,9 @@ is_desktop() { [[ $(tr '\0' ' ' <"/proc/$1/cmdline") == *explorer.exe\ /desktop*
 # Whether the display is one that was opened here, which nobody looks at.
 has_own_display() { [ -e "$build/ground/xvfb" ]; }
 
+# as_windows_path PATH: as Wine's programs see it.
+as_windows_path() { local path; path=$(realpath "$1") && printf 'Z:%s' "${path//\//\\}"; }
+
 # Without the channels and the locks of this shell, for what outlives it.
 quietly() { "$@" </dev/null >/dev/null 2>&1 6>&- 7>&-; }
 
