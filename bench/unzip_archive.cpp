@@ -1,4 +1,5 @@
-// unzip_archive ARCHIVE FOLDER: one run of `minizip.unzip`, as a page makes it, from the call to its `success`.
+// unzip_archive ARCHIVE FOLDER: one run of `minizip.unzip`, as a page makes it, from the call to its
+// `success`.
 
 #include <windows.h>
 #include <ole2.h>
