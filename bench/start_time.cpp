@@ -1,5 +1,6 @@
-// How long the program takes from its start to the first line of its page's script, and to the end of a run that quits
-// at once: `start_time PROGRAM FOLDER [runs]`. The page writes lines to the debugger, which this program is.
+// How long the program takes from its start to the first line of its page's script, and to the end of a run
+// that quits at once: `start_time PROGRAM FOLDER [runs]`. The page writes lines to the debugger, which this
+// program is.
 
 #include <windows.h>
 
@@ -31,8 +32,8 @@ Run StartOnce(const std::wstring& program, const std::wstring& folder) {
     STARTUPINFOW startup = {sizeof startup};
     PROCESS_INFORMATION started = {};
     const auto start = Clock::now();
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS, nullptr, nullptr,
-                        &startup, &started)) {
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS, nullptr,
+                        nullptr, &startup, &started)) {
         ThrowLastError();
     }
     const UniqueHandle process(started.hProcess), thread(started.hThread);
@@ -70,7 +71,8 @@ int wmain(int argc, wchar_t** argv) {
         lines.push_back(run.firstLine);
         ends.push_back(run.end);
     }
-    std::printf("%-44s %8s %8s %8s  (ms, %d runs)\n", "start of the program", "least", "median", "most", runs);
+    std::printf("%-44s %8s %8s %8s  (ms, %d runs)\n", "start of the program", "least", "median", "most",
+                runs);
     tarvik::Print("to the first line of the page's script", lines);
     tarvik::Print("to the end of a page that quits when loaded", ends);
     return 0;
