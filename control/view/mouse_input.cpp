@@ -132,7 +132,7 @@ void MouseInput::OnButton(const Button& button, POINT point) {
 int MouseInput::CountClicks(const Button& button, POINT point) {
     const DWORD now = GetTickCount();
     const bool close = std::abs(point.x - clickPoint_.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
-                      std::abs(point.y - clickPoint_.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+                       std::abs(point.y - clickPoint_.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
     const bool again = button.bit == clickButton_ && close && now - clickTime_ <= GetDoubleClickTime();
     clicks_ = again ? clicks_ + 1 : 1;
     clickButton_ = button.bit;
