@@ -3,7 +3,9 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${TARVIK_BUILD:-$root/build}
-export HOME=~  # some runners set none
+# Some runners give no home and no standard input.
+export HOME=~
+{ true <&0; } 2>/dev/null || exec </dev/null
 
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
@@ -45,7 +47,7 @@ enter_ground() {
 
 leave_ground() {
   [ -n "$in_ground" ] || return 0
-  exec 6>>"$build/ground/door"
+  [ -e /proc/$$/fd/6 ] || exec 6>>"$build/ground/door"  # else the door is still held: the ground could not be set up
   flock 6
   if flock -n 7; then end_ground; fi
   exec 6>&- 7>&-
