@@ -3,8 +3,8 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${TARVIK_BUILD:-$root/build}
-# Some runners give no home and no standard input.
-export HOME=~
+# Some runners give no home, no standard input, and a locale in which file names have no letters but the English ones.
+export HOME=~ LC_ALL=C.UTF-8
 { true <&0; } 2>/dev/null || exec </dev/null
 
 say() { printf '%s\n' "$*" >&2; }
