@@ -397,6 +397,9 @@
 
     defineProperty(window, coreName, { value: { __proto__: null, adopt, put } });
     adopt(window);
+    // The engine remembers how the last parked call was told to go on, and with that in mind stops nowhere in the next
+    // document of its process. This makes it forget; nobody is stopped here any more.
+    window.addEventListener('pagehide', () => { debugger; }, true);
     exchange('start');
   };
 

@@ -210,7 +210,7 @@ void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
         if (result && !result->contains("exceptionDetails"))
             text = result->at("result").value("value", std::string());
         self->answering_ -= wakes;
-        if (text == kQueued && !wakes) self->owed_ = true;
+        if (text == kQueued) self->owed_ = true;
         if (onReply) onReply(text);
         self->Settle();
     };
