@@ -47,6 +47,7 @@ int RunApplication(HINSTANCE instance) {
 }  // namespace tarvik
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
+    tarvik::PageControlClass::Prepare();
     std::wstring unpackFolder;
     const tarvik::CCommandLine commandLine;
     tarvik::ChooseFolder(commandLine, unpackFolder);

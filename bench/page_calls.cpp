@@ -1,5 +1,5 @@
-// What calls between a page and native objects cost, on the page control: `page_calls FOLDER`, whose resource\index.html
-// measures and reports.
+// What calls between a page and native objects cost, on the page control: `page_calls FOLDER`, whose
+// resource\index.html measures and reports.
 
 #include <windows.h>
 

@@ -16,6 +16,7 @@ function(tarvik_library NAME)
   tarvik_include_root(ROOT)
   target_include_directories(${NAME} ${SCOPE} ${ROOT})
   target_link_libraries(${NAME} ${SCOPE} ${ARG_USES})
+  set_property(GLOBAL APPEND PROPERTY TARVIK_LIBRARIES ${NAME})
 endfunction()
 
 # tarvik_plugin(NAME SOURCES ... USES ...): a built-in plug-in. It is an object library, because nothing refers
@@ -28,6 +29,7 @@ function(tarvik_plugin NAME)
   target_link_libraries(plugin_${NAME} PRIVATE tarvik_compiler)
   target_link_libraries(plugin_${NAME} PUBLIC base log script contract registry ${ARG_USES})
   set_property(GLOBAL APPEND PROPERTY TARVIK_PLUGINS plugin_${NAME})
+  set_property(GLOBAL APPEND PROPERTY TARVIK_LIBRARIES plugin_${NAME})
 endfunction()
 
 # tarvik_link_plugins(TARGET): every built-in plug-in, and what they need.

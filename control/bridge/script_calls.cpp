@@ -119,6 +119,7 @@ std::string ScriptWorld::OnKeys(const Json& message) {
 }
 
 std::string ScriptWorld::OnStart(const Json& message) {
+    FindNowhere();
     owner_.OnDocumentStart();
     return ValueFor(message);
 }

@@ -148,7 +148,6 @@ void ScriptWorld::Receive(const Json& message) {
 
 void ScriptWorld::TakeResult(const Json& message) {
     waits_ = message.at(3).get<bool>();
-    owed_ = false;
     const auto found = pending_.find(message.at(1).get<int>());
     if (found == pending_.end()) return;
     const auto pending = found->second;
@@ -211,7 +210,7 @@ void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
         if (result && !result->contains("exceptionDetails"))
             text = result->at("result").value("value", std::string());
         self->answering_ -= wakes;
-        if (text == kQueued && !wakes) self->owed_ = true;
+        if (text == kQueued) self->owed_ = true;
         if (onReply) onReply(text);
         self->Settle();
     };
@@ -220,7 +219,7 @@ void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
             "Runtime.evaluate",
             {{"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}, {"silent", true}},
             take);
-        if (wakes) Resume();
+        if (wakes) GoOn();
     });
 }
 
@@ -237,17 +236,36 @@ std::string ScriptWorld::Put(const std::string& arguments) {
     return core_ + ".put([" + drops + "]," + arguments + ")";
 }
 
-void ScriptWorld::Resume() {
+// A plain resume has a way of its own into the engine, and would overtake the evaluation that was sent before
+// it every third time. Running on to a place that is never reached comes to the same and keeps the order.
+void ScriptWorld::GoOn() {
+    if (nowhere_.empty()) return Resume("Debugger.resume", Json::object());
+    Resume("Debugger.continueToLocation", {{"location", {{"scriptId", nowhere_}, {"lineNumber", 0}}}});
+}
+
+void ScriptWorld::Resume(std::string_view method, Json params) {
     resuming_ = true;
-    target_.Post("Debugger.resume", Json::object(), [self = shared_from_this()](const Json* result) {
+    target_.Post(method, std::move(params), [self = shared_from_this()](const Json* result) {
         self->resuming_ = false;
         if (result) self->paused_ = false;
         self->Settle();
     });
 }
 
+// A script that never runs.
+void ScriptWorld::FindNowhere() {
+    target_.Post(
+        "Runtime.compileScript",
+        {{"expression", "0"}, {"sourceURL", ""}, {"persistScript", true}, {"executionContextId", context_}},
+        [self = shared_from_this()](const Json* result) {
+            if (result) self->nowhere_ = result->value("scriptId", std::string());
+        });
+}
+
+// A page parks when it has taken everything; what is queued from now on it does not know of.
 void ScriptWorld::OnPaused() {
     paused_ = true;
+    owed_ = false;
     Settle();
 }
 
@@ -261,7 +279,7 @@ void ScriptWorld::Settle() {
     if (!alive_ || !paused_ || resuming_ || answering_ > 0 || (waits_ && !owed_)) return;
     owed_ = false;
     waits_ = false;
-    Resume();
+    Resume("Debugger.resume", Json::object());
 }
 
 }  // namespace tarvik

@@ -118,7 +118,9 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     void Send(const std::string& arguments, TextHandler onReply);
     void SendDrops();
     std::string Put(const std::string& arguments);
-    void Resume();
+    void FindNowhere();
+    void GoOn();
+    void Resume(std::string_view method, Json params);
     void Settle();
 
     PageTarget& target_;
@@ -141,6 +143,8 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
 
     std::map<int, std::shared_ptr<Pending>> pending_;
     int lastTask_ = 0;
+
+    std::string nowhere_;  // the id of a script that never runs, once there is one
 
     // What is known of the page's thread.
     bool paused_ = false;    // by the engine's word

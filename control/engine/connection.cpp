@@ -26,16 +26,18 @@ HWND MakeMessageWindow(WNDPROC procedure, void* object) {
     return window;
 }
 
-void PumpAll() {
+// False when the program is to quit; who runs the message loop hears of it too.
+bool PumpAll() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
-            return;
+            return false;
         }
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+    return true;
 }
 
 }  // namespace
@@ -135,19 +137,18 @@ bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout
         if (!open_ || (timeout != INFINITE && waited >= timeout)) return false;
         const bool patient = waited < kPatientFor;
         const ULONGLONG left = timeout == INFINITE ? kPatientFor : timeout - waited;
-        WaitForMore(static_cast<DWORD>(std::min<ULONGLONG>(left, patient ? kPatientFor - waited : 100)),
-                    patient);
-        if (!*alive) return false;
+        const ULONGLONG most = patient ? kPatientFor - waited : 100;
+        if (!WaitForMore(static_cast<DWORD>(std::min(left, most)), patient) || !*alive) return false;
     }
 }
 
 // Calls from other apartments are served at all times, the rest of the messages only when patience is over.
-void Connection::WaitForMore(DWORD timeout, bool patient) {
+bool Connection::WaitForMore(DWORD timeout, bool patient) {
     HANDLE event = arrived_.Get();
     DWORD index = 0;
     {
         const std::lock_guard lock(queueLock_);
-        if (!queue_.empty()) return;
+        if (!queue_.empty()) return true;
         ++waits_;
     }
     if (patient) {
@@ -159,7 +160,7 @@ void Connection::WaitForMore(DWORD timeout, bool patient) {
         const std::lock_guard lock(queueLock_);
         --waits_;
     }
-    if (!patient) PumpAll();
+    return patient || PumpAll();
 }
 
 LRESULT CALLBACK Connection::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

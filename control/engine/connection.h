@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <thread>
 #include <unordered_map>
 
@@ -34,7 +35,8 @@ class Connection : public DevTools {
     bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) override;
     bool IsOpen() const override { return open_; }
 
-    std::string TakeFirstPage() override { return std::exchange(firstPage_, {}); }
+    std::string OpenPage() override;
+    void ClosePage(const std::string& id) override;
 
     // Waits until the engine answers, and finds its first page.
     void Greet();
@@ -51,15 +53,20 @@ class Connection : public DevTools {
 
     // Main thread
     void Send(std::string_view message);
+    void OnBrowserEvent(std::string_view method, const Json& params);
+    void CloseUnknown();
     void Deliver();
     void DeliverOne(const Json& message);
     void DeliverEnd();
-    void WaitForMore(DWORD timeout, bool patient);
+    bool WaitForMore(DWORD timeout, bool patient);
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     std::unique_ptr<Transport> transport_;
     bool open_ = true;
-    std::string firstPage_;
+    std::string firstPage_;          // that the engine started with, while nobody uses it
+    std::set<std::string> pages_;    // opened here
+    std::set<std::string> unknown_;  // made while a page was being opened, which it may be
+    int opening_ = 0;
     std::optional<std::string> together_;  // messages that wait for those posted with them
     std::atomic<int> lastId_{0};
     std::unordered_map<int, ReplyHandler> replies_;

@@ -2,6 +2,8 @@
 
 #include "control/engine/devtools.h"
 
+#include <future>
+
 #include "base/status.h"
 #include "control/engine/connection.h"
 #include "control/engine/engine_path.h"
@@ -13,11 +15,15 @@ namespace {
 constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","params":{"data":")";
 constexpr std::string_view kPausedPrefix = R"({"method":"Debugger.paused")";
 constexpr std::string_view kParsedPrefix = R"({"method":"Debugger.scriptParsed")";
-constexpr DWORD kStartPatience = 20000;
 constexpr DWORD kReadSize = 256 * 1024;
 
 std::weak_ptr<Connection> current;
 std::wstring lastStartError;
+std::future<std::unique_ptr<Transport>> prepared;
+
+std::unique_ptr<Transport> Launch(const std::wstring& engine) {
+    return IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine);
+}
 
 std::shared_ptr<Connection> Start() {
     const std::wstring engine = FindEngine();
@@ -26,8 +32,7 @@ std::shared_ptr<Connection> Start() {
         throw StatusError(REGDB_E_CLASSNOTREG);
     }
     lastStartError = L"The web engine could not be started:\n" + engine;
-    auto connection =
-        std::make_shared<Connection>(IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine));
+    auto connection = std::make_shared<Connection>(prepared.valid() ? prepared.get() : Launch(engine));
     connection->Greet();
     lastStartError.clear();
     return connection;
@@ -49,15 +54,17 @@ std::shared_ptr<DevTools> DevTools::Acquire() {
     return connection;
 }
 
-std::wstring DevTools::LastStartError() {
-    return lastStartError;
+void DevTools::Prepare() {
+    const std::wstring engine = FindEngine();
+    if (!engine.empty()) prepared = std::async(std::launch::async, Launch, engine);
 }
 
-void Connection::Greet() {
-    const Json targets = Call("", "Target.getTargets", Json::object(), kStartPatience);
-    for (const Json& target : targets.at("targetInfos")) {
-        if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
-    }
+void DevTools::Forget() {
+    prepared = {};
+}
+
+std::wstring DevTools::LastStartError() {
+    return lastStartError;
 }
 
 void Connection::ReadMessages() {

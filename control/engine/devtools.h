@@ -23,6 +23,11 @@ class DevTools {
     static std::shared_ptr<DevTools> Acquire();
     static std::wstring LastStartError();
 
+    // Starts the engine's program in the background, for the first user soon after. Forget ends it if nobody
+    // came.
+    static void Prepare();
+    static void Forget();
+
     virtual ~DevTools() = default;
 
     // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the
@@ -51,13 +56,16 @@ class DevTools {
     virtual void ListenToFrames(std::string_view session, FrameHandler handler) = 0;
 
     // Serves DevTools messages and calls from other apartments until the condition holds. False when the
-    // engine ended or the time (milliseconds, INFINITE) is over first. May be nested.
+    // engine ended, the program was told to quit, or the time (milliseconds, INFINITE) is over first. May be
+    // nested.
     virtual bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) = 0;
 
     virtual bool IsOpen() const = 0;
 
-    // The blank page that the engine started with, once; then nothing.
-    virtual std::string TakeFirstPage() = 0;
+    // Opens a blank page in a window of its own; its target's id. Pages that nobody opened here, as a click
+    // with a modifier key asks for, are closed at once.
+    virtual std::string OpenPage() = 0;
+    virtual void ClosePage(const std::string& id) = 0;
 };
 
 // One page of the engine, in a window of its own, with a flat session attached. Destruction closes it,

@@ -25,7 +25,10 @@ constexpr const wchar_t* kArguments[] = {
     L"--metrics-recording-only",
     L"--no-service-autorun",
     L"--password-store=basic",
-    L"--disable-features=Translate,OptimizationHints,MediaRouter,DialMediaRouteProvider",
+    // A page that was left is gone.
+    L"--disable-features=Translate,OptimizationHints,MediaRouter,DialMediaRouteProvider,BackForwardCache",
+    // Each window's page has a process of its own, so that one that waits or computes stops no other.
+    L"--renderer-process-limit=1000",
     // Windows without focus are as alive as others, and a page that computes for long is left alone.
     L"--disable-background-timer-throttling",
     L"--disable-backgrounding-occluded-windows",

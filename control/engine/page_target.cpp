@@ -2,14 +2,8 @@
 
 namespace tarvik {
 
-// The first control takes the page that the engine started with. Later ones need windows of their own: pages
-// that share one get no frames while they are behind.
 PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move(devtools)) {
-    id_ = devtools_->TakeFirstPage();
-    if (id_.empty()) {
-        id_ = devtools_->Call("", "Target.createTarget", {{"url", "about:blank"}, {"newWindow", true}})
-                  .at("targetId");
-    }
+    id_ = devtools_->OpenPage();
     session_ =
         devtools_->Call("", "Target.attachToTarget", {{"targetId", id_}, {"flatten", true}}).at("sessionId");
 }
@@ -17,7 +11,7 @@ PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move
 PageTarget::~PageTarget() {
     devtools_->Listen(session_, nullptr);
     devtools_->ListenToFrames(session_, nullptr);
-    devtools_->Post("", "Target.closeTarget", {{"targetId", id_}});
+    devtools_->ClosePage(id_);
 }
 
 }  // namespace tarvik

@@ -1,13 +1,42 @@
 // The control as a browser.
 
-#include <exdispid.h>
-
 #include "base/bstr.h"
 #include "base/status.h"
 #include "base/variant.h"
 #include "control/page/page_control.h"
 
 namespace tarvik {
+
+STDMETHODIMP PageControl::GetTypeInfoCount(UINT* count) {
+    if (!count) return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+STDMETHODIMP PageControl::GetTypeInfo(UINT index, LCID, ITypeInfo** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    if (index != 0) return DISP_E_BADINDEX;
+    ComPtr<ITypeLib> library;
+    const HRESULT status = LoadRegTypeLib(LIBID_SHDocVw, 1, 1, LOCALE_NEUTRAL, library.GetAddressOf());
+    return FAILED(status) ? status : library->GetTypeInfoOfGuid(__uuidof(IWebBrowser2), out);
+}
+
+STDMETHODIMP PageControl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+    ComPtr<ITypeInfo> type;
+    const HRESULT status = GetTypeInfo(0, 0, type.GetAddressOf());
+    return FAILED(status) ? status : DispGetIDsOfNames(type.Get(), names, count, ids);
+}
+
+STDMETHODIMP PageControl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                                 EXCEPINFO* exception, UINT* argument) {
+    const ComPtr<IUnknown> alive(AsUnknown());
+    ComPtr<ITypeInfo> type;
+    const HRESULT status = GetTypeInfo(0, 0, type.GetAddressOf());
+    return FAILED(status) ? status
+                          : DispInvoke(static_cast<IWebBrowser2*>(this), type.Get(), id, flags, parameters,
+                                       result, exception, argument);
+}
 
 STDMETHODIMP PageControl::Navigate(BSTR url, VARIANT* flags, VARIANT* frame, VARIANT* post,
                                    VARIANT* headers) {

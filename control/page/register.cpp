@@ -3,10 +3,13 @@
 #include <mshtml.h>
 #include <ole2.h>
 
+#include <optional>
 #include <string>
 
 #include "base/status.h"
 #include "base/text.h"
+#include "control/engine/devtools.h"
+#include "control/engine/engine_path.h"
 #include "control/page/page_control.h"
 
 namespace tarvik {
@@ -35,19 +38,29 @@ bool SystemShowsPages() {
                                       reinterpret_cast<void**>(document.GetAddressOf())));
 }
 
-bool WantsPageControl() {
+// What the environment says; nothing if it leaves it to the system.
+std::optional<bool> IsPageControlAsked() {
     const std::wstring engine =
         ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_ENGINE", buffer, kPathLength); });
     if (_wcsicmp(engine.c_str(), L"chromium") == 0) return true;
     if (_wcsicmp(engine.c_str(), L"mshtml") == 0) return false;
-    return !SystemShowsPages();
+    return std::nullopt;
 }
 
 }  // namespace
 
+void PageControlClass::Prepare() {
+    // Whether the system shows pages takes as long to find out as the engine takes to start.
+    if (IsPageControlAsked().value_or(IsWine())) DevTools::Prepare();
+}
+
 PageControlClass::PageControlClass() {
     OleInitialize(nullptr);
-    if (!WantsPageControl()) return;
+    const auto asked = IsPageControlAsked();
+    if (asked ? !*asked : SystemShowsPages()) {
+        DevTools::Forget();
+        return;
+    }
     const auto factory = MakeCom<Factory>();
     CoRegisterClassObject(CLSID_WebBrowser, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                           &cookie_);
@@ -55,6 +68,7 @@ PageControlClass::PageControlClass() {
 
 PageControlClass::~PageControlClass() {
     if (cookie_) CoRevokeClassObject(cookie_);
+    DevTools::Forget();
     OleUninitialize();
 }
 

@@ -9,6 +9,10 @@ namespace tarvik {
 // thread enters the single-threaded apartment of its windows and stays there.
 class PageControlClass {
   public:
+    // Where this control will be the one, most likely: starts its engine, which takes a moment, in the
+    // background. May come long before the object.
+    static void Prepare();
+
     PageControlClass();
     ~PageControlClass();
     PageControlClass(const PageControlClass&) = delete;

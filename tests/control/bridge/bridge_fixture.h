@@ -27,6 +27,7 @@ class Desk : public TableDispatch<Desk> {
     void Keep(AnyValue value) { kept = Variant::Copy(*value.value); }
     Variant GetKept() { return Variant::Copy(kept); }
     ComPtr<IDispatch> GetSelf() { return ComPtr<IDispatch>(this); }
+    ComPtr<IDispatch> GetFresh() { return MakeCom<Desk>(); }
     Integer GetSize() { return {size_}; }
     HRESULT SetSize(ExactInt value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);

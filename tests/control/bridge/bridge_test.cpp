@@ -176,6 +176,23 @@ TEST_F(Bridge, NewWindowsAndClosingAreTheHostsToDecide) {
     EXPECT_TRUE(page_.target.Engine().WaitUntil([&] { return page_.closed == 1; }, 5000));
 }
 
+// A name is looked up once for each object, and what is a method is found out once for all plug-ins of a
+// name.
+TEST_F(Bridge, NeedsFewRoundTrips) {
+    page_.Open("<script>var kept = external.self;</script>");
+    const auto exchanges = [this](const char* expression) {
+        const unsigned long before = page_.bridge->World()->Exchanges();
+        EXPECT_THAT(page_.Evaluate(expression), testing::Not(HasSubstr("threw")));
+        return page_.bridge->World()->Exchanges() - before;
+    };
+    EXPECT_EQ(exchanges("external.fresh.note(1)"), 3u);
+    EXPECT_EQ(exchanges("external.fresh.note(1)"), 2u) << "another object of the same maker";
+    EXPECT_EQ(exchanges("kept.echo(1)"), 2u);
+    EXPECT_EQ(exchanges("kept.echo(1)"), 1u);
+    EXPECT_EQ(exchanges("kept.size"), 1u);
+    EXPECT_EQ(exchanges("kept.size = 5"), 1u);
+}
+
 // References that script or native code no longer needs are given back, whoever held them.
 TEST_F(Bridge, LeavesNothingBehindAfterManyCalls) {
     page_.Open(

@@ -1,0 +1,259 @@
+// The control as a container sees it: through its published interfaces, in a window that hosts OLE controls.
+
+#include <exdisp.h>
+#include <exdispid.h>
+#include <gmock/gmock.h>
+#include <mshtml.h>
+
+#include "atl/ax_host.h"
+#include "atl/ax_window.h"
+#include "atl/event_sink.h"
+#include "base/bstr.h"
+#include "base/text.h"
+#include "base/variant.h"
+#include "control/page/register.h"
+#include "script/properties.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/recorder.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr IID kElementEvents = {0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
+constexpr DISPID kMouseDown = -605;
+
+// Notes the control's events, and stops navigations to pages that are called "no".
+class Events {
+  public:
+    void OnEvent(DISPID id, const DISPPARAMS& parameters) {
+        ids.push_back(id);
+        if (id == DISPID_DOCUMENTCOMPLETE) ++complete;
+        if (id != DISPID_BEFORENAVIGATE2) return;
+        ASSERT_EQ(parameters.cArgs, 7u);
+        const VARIANT& url = *parameters.rgvarg[5].pvarVal;
+        const bool stop = std::wstring(Bstr::View(url.bstrVal)).find(L"no.html") != std::wstring::npos;
+        if (stop) *parameters.rgvarg[0].pboolVal = VARIANT_TRUE;
+    }
+    std::vector<DISPID> ids;
+    int complete = 0;
+};
+
+class ElementSink : public ComObject<IDispatch> {
+  public:
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        presses += id == kMouseDown;
+        return S_OK;
+    }
+    int presses = 0;
+};
+
+class Control : public testing::Test {
+  protected:
+    Control() { SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium"); }
+    ~Control() override { SetEnvironmentVariableW(L"TARVIK_ENGINE", nullptr); }
+
+    void Host(const std::string& html) {
+        class_.emplace();
+        ASSERT_TRUE(class_->IsOffered());
+        AtlAxWinInit();
+        window_ = CreateWindowExW(0, kAxWindowClass, L"container", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
+                                  500, 400, nullptr, nullptr, nullptr, nullptr);
+        ASSERT_TRUE(window_);
+        sink_ = MakeCom<EventSink<Events>>(&events_, DIID_DWebBrowserEvents2);
+        ComPtr<IUnknown> control;
+        const auto site = MakeCom<CAxHostWindow>();
+        ASSERT_THAT(
+            site->CreateControlLicEx(folder_.Write(L"page.html", html).c_str(), window_, nullptr,
+                                     control.GetAddressOf(), DIID_DWebBrowserEvents2, sink_.Get(), nullptr),
+            HasStatus(S_OK));
+        browser_ = Query<IWebBrowser2>(control.Get());
+        ASSERT_TRUE(browser_);
+        ASSERT_TRUE(PumpUntil([this] { return events_.complete == 1; }, std::chrono::seconds(20)));
+    }
+
+    void TearDown() override {
+        browser_.Reset();
+        if (window_) DestroyWindow(window_);
+        PumpOnce();
+        if (sink_) sink_->Detach();
+        sink_.Reset();
+        class_.reset();
+    }
+
+    void Open(const wchar_t* name) {
+        Variant url = Variant::Text(folder_ / name), none;
+        ASSERT_THAT(browser_->Navigate2(&url, &none, &none, &none, &none), HasStatus(S_OK));
+    }
+
+    ComPtr<IHTMLDocument2> Document() const {
+        ComPtr<IDispatch> document;
+        browser_->get_Document(document.GetAddressOf());
+        return Query<IHTMLDocument2>(document.Get());
+    }
+
+    Variant Evaluate(const wchar_t* text) const {
+        ComPtr<IHTMLWindow2> window;
+        Document()->get_parentWindow(window.GetAddressOf());
+        const Bstr code(text);
+        Variant value;
+        EXPECT_THAT(window->execScript(code.Get(), nullptr, &value), HasStatus(S_OK));
+        return value;
+    }
+
+    // The innermost window, found as other programs do.
+    HWND Server() const {
+        HWND window = window_;
+        for (int level = 0; level < 3; ++level)
+            window = GetWindow(window, GW_CHILD);
+        return window;
+    }
+
+    const TempFolder folder_;
+    Events events_;
+    HWND window_ = nullptr;
+    std::optional<PageControlClass> class_;
+    ComPtr<EventSink<Events>> sink_;
+    ComPtr<IWebBrowser2> browser_;
+};
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[100] = {};
+    GetClassNameW(window, name, 100);
+    return name;
+}
+
+TEST_F(Control, IsAWindowInsideAWindowLikeTheSystems) {
+    Host("<title>A title</title>");
+    const HWND outer = GetWindow(window_, GW_CHILD);
+    EXPECT_EQ(ClassOf(outer), L"Shell Embedding");
+    EXPECT_EQ(ClassOf(GetWindow(outer, GW_CHILD)), L"Shell DocObject View");
+    EXPECT_EQ(ClassOf(Server()), L"Internet Explorer_Server");
+    SetWindowPos(window_, nullptr, 0, 0, 431, 287, SWP_NOMOVE | SWP_NOZORDER);
+    RECT client = {}, server = {};
+    GetClientRect(window_, &client);
+    GetClientRect(Server(), &server);
+    EXPECT_EQ(server.right, client.right);
+    EXPECT_EQ(server.bottom, client.bottom);
+    EXPECT_TRUE(PumpUntil([&] { return Evaluate(L"innerWidth").lVal == client.right; }));
+    // By name, as late-bound callers ask.
+    EXPECT_EQ(ValueText(ReadScriptProperty(browser_.Get(), L"LocationName")), "BSTR A title");
+    const Variant document = ReadScriptProperty(browser_.Get(), L"Document");
+    ASSERT_TRUE(document.Is(VT_DISPATCH));
+    EXPECT_EQ(ValueText(ReadScriptProperty(document.pdispVal, L"title")), "BSTR A title");
+}
+
+TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
+    Host("one");
+    EXPECT_THAT(events_.ids,
+                ElementsAre(DISPID_BEFORENAVIGATE2, DISPID_NAVIGATECOMPLETE2, DISPID_DOCUMENTCOMPLETE));
+    Bstr first;
+    browser_->get_LocationURL(first.Receive());
+    EXPECT_TRUE(first.View().starts_with(L"file:///C:/") && first.View().ends_with(L"/page.html"))
+        << Narrow(first.View());
+
+    folder_.Write(L"no.html", "never");
+    Open(L"no.html");
+    EXPECT_TRUE(PumpUntil([&] { return events_.ids.size() == 4; }));
+    Bstr still;
+    browser_->get_LocationURL(still.Receive());
+    EXPECT_EQ(still.View(), first.View());
+
+    folder_.Write(L"a b#\u00e9.html", "two");
+    Variant url = Variant::Text(L"file:///" + (folder_ / L"a b%23%C3%A9.html")), none;
+    browser_->Navigate2(&url, &none, &none, &none, &none);
+    EXPECT_TRUE(PumpUntil([&] { return events_.complete == 2; }));
+    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"document.body.textContent").bstrVal)), L"two");
+    EXPECT_THAT(browser_->GoBack(), HasStatus(S_OK));
+    EXPECT_TRUE(PumpUntil([&] { return events_.complete == 3; }));
+    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"document.body.textContent").bstrVal)), L"one");
+    EXPECT_THAT(browser_->Refresh(), HasStatus(S_OK));
+    EXPECT_TRUE(PumpUntil([&] { return events_.complete == 4; }));
+}
+
+TEST_F(Control, ShowsItsDocumentsElements) {
+    Host(
+        "<body style='margin:0'><div id='box' dragWindow='true' "
+        "style='width:100px;height:100px'><b>x</b></div>");
+    ComPtr<IHTMLElement> element, parent, body;
+    ASSERT_THAT(Document()->elementFromPoint(50, 50, element.GetAddressOf()), HasStatus(S_OK));
+    ASSERT_TRUE(element);
+    Bstr tag;
+    element->get_tagName(tag.Receive());
+    EXPECT_EQ(tag.View(), L"DIV");
+    const Bstr id(L"id"), drag(L"dragWindow"), none(L"none");
+    Variant value;
+    EXPECT_THAT(element->getAttribute(id.Get(), 0, value.Receive()), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(value), "BSTR box");
+    EXPECT_THAT(element->getAttribute(drag.Get(), 0, value.Receive()), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(value), "BSTR true");
+    EXPECT_THAT(element->getAttribute(none.Get(), 0, value.Receive()), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(value), "NULL");
+    EXPECT_THAT(element->get_parentElement(parent.GetAddressOf()), HasStatus(S_OK));
+    ASSERT_TRUE(parent);
+    parent->get_tagName(tag.Receive());
+    EXPECT_EQ(tag.View(), L"BODY");
+    element.Reset();
+    EXPECT_THAT(Document()->elementFromPoint(-5, -5, element.GetAddressOf()), HasStatus(S_OK));
+    EXPECT_FALSE(element);
+}
+
+TEST_F(Control, TellsTheBodysSinksOfMouseButtons) {
+    Host("<body>press me");
+    ComPtr<IHTMLElement> body;
+    ASSERT_THAT(Document()->get_body(body.GetAddressOf()), HasStatus(S_OK));
+    GUID events = {};
+    ASSERT_THAT(Query<IProvideClassInfo2>(body.Get())->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events),
+                HasStatus(S_OK));
+    EXPECT_EQ(events, kElementEvents);
+    ComPtr<IConnectionPoint> point;
+    ASSERT_THAT(
+        Query<IConnectionPointContainer>(body.Get())->FindConnectionPoint(events, point.GetAddressOf()),
+        HasStatus(S_OK));
+    const auto sink = MakeCom<ElementSink>();
+    DWORD cookie = 0;
+    ASSERT_THAT(point->Advise(sink.Get(), &cookie), HasStatus(S_OK));
+    PostMessageW(Server(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
+    PostMessageW(Server(), WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
+    EXPECT_TRUE(PumpUntil([&] { return sink->presses == 1; }));
+}
+
+TEST_F(Control, KeepsWhatIsPutIntoItsScriptForTheFirstDocument) {
+    class_.emplace();
+    AtlAxWinInit();
+    window_ = CreateWindowExW(0, kAxWindowClass, L"container", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
+                              nullptr, nullptr, nullptr);
+    const std::wstring page = folder_.Write(L"page.html", "<script>var seen = typeof gift + gift;</script>");
+    sink_ = MakeCom<EventSink<Events>>(&events_, DIID_DWebBrowserEvents2);
+    ComPtr<IUnknown> control;
+    ASSERT_THAT(
+        MakeCom<CAxHostWindow>()->CreateControlLicEx(page.c_str(), window_, nullptr, control.GetAddressOf(),
+                                                     DIID_DWebBrowserEvents2, sink_.Get(), nullptr),
+        HasStatus(S_OK));
+    browser_ = Query<IWebBrowser2>(control.Get());
+    ComPtr<IDispatch> script;
+    ASSERT_THAT(Document()->get_Script(script.GetAddressOf()), HasStatus(S_OK));
+    ASSERT_THAT(SetScriptProperty(script.Get(), L"gift", Variant::I4(7)), HasStatus(S_OK));
+    ASSERT_TRUE(PumpUntil([this] { return events_.complete == 1; }, std::chrono::seconds(20)));
+    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"seen").bstrVal)), L"number7");
+}
+
+TEST_F(Control, LeavesNothingBehind) {
+    Host("<body>first");
+    TearDown();
+    const Holdings before = Holdings::Now();
+    events_ = {};
+    Host("<body>second");
+    TearDown();
+    EXPECT_EQ(Holdings::Now().GrownSince(before), "");
+}
+
+}  // namespace
+}  // namespace tarvik
