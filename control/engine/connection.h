@@ -58,6 +58,7 @@ class Connection : public DevTools {
     void Deliver();
     void DeliverOne(const Json& message);
     void DeliverEnd();
+    bool Wait(const bool& alive, const std::function<bool()>& condition, DWORD timeout);
     bool WaitForMore(DWORD timeout, bool patient);
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -71,6 +72,9 @@ class Connection : public DevTools {
     std::atomic<int> lastId_{0};
     std::unordered_map<int, ReplyHandler> replies_;
     std::map<std::string, EventHandler, std::less<>> listeners_;
+
+    int depth_ = 0;  // of waits inside one another
+    ULONGLONG patientUntil_ = 0;
 
     std::mutex queueLock_;
     std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end
