@@ -80,8 +80,9 @@ class Connection : public DevTools {
     std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end
     UniqueHandle arrived_;
     bool posted_ = false;  // a message about it is on its way to the window
-    int waits_ = 0;        // that are under way, one inside the other
-    UniqueHandle ended_;   // the reader thread is through
+    ULONGLONG postedAt_ = 0;
+    int waits_ = 0;       // that are under way, one inside the other
+    UniqueHandle ended_;  // the reader thread is through
 
     std::mutex framesLock_;  // held while a frame is passed on
     std::map<std::string, FrameHandler, std::less<>> frameHandlers_;
