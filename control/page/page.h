@@ -70,7 +70,7 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
 
     // WorldOwner
     void OnDocumentStart() override;
-    void OnOpenWindow(const std::wstring& url) override { Tell(&PageEvents::OnNewWindow, url); }
+    void OnOpenWindow(const std::wstring& url) override;
     void OnCloseWindow() override { Tell(&PageEvents::OnWindowClosing); }
     void OnContextMenu(POINT screen, IDispatch* element) override {
         Tell(&PageEvents::OnContextMenu, screen, element);

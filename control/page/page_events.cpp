@@ -129,6 +129,10 @@ void Page::OnException(const Json& params) {
     Tell(&PageEvents::OnScriptError, error);
 }
 
+void Page::OnOpenWindow(const std::wstring& url) {
+    Tell(&PageEvents::OnNewWindow, HostAddress(Narrow(url)));
+}
+
 void Page::OnWindowOpen(const Json& params) {
     Tell(&PageEvents::OnNewWindow, HostAddress(params.value("url", std::string())));
 }

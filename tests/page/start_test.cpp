@@ -1,0 +1,179 @@
+// How an application is started, and pages that do what they should not.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "base/text.h"
+#include "tests/page/desk.h"
+#include "tests/page/program.h"
+#include "tests/plugins/zip/archive_writer.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::EndsWith;
+
+constexpr COLORREF kBlue = RGB(10, 20, 200);
+
+// A page that tells where it is and ends.
+constexpr const char* kTeller =
+    "<!doctype html><script>console.log(location.href); external.window.quit(4);</script>";
+
+std::string Script(const std::string& text) {
+    return "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + text + "</script>";
+}
+
+class Start : public testing::Test {
+  protected:
+    // A copy of the program in the folder of this test.
+    void Install(const std::string& attached = "") {
+        const std::wstring copy = program_.Folder() / L"program.exe";
+        fs::copy_file(fs::path(ExecutablePath()).parent_path() / "tarvik.exe", copy);
+        std::ofstream(fs::path(copy), std::ios::binary | std::ios::app) << attached;
+        program_.UseExecutable(copy);
+    }
+
+    std::string Told() {
+        EXPECT_EQ(program_.Wait(), 4u);
+        const auto lines = program_.Lines();
+        return lines.empty() ? "nothing" : lines.front();
+    }
+
+    Program program_;
+};
+
+TEST_F(Start, OpensThePageOfTheCurrentFolder) {
+    program_.Folder().Write(L"work\\resource\\index.html", kTeller);
+    program_.Start();
+    EXPECT_THAT(Told(), EndsWith("/work/resource/index.html"));
+}
+
+TEST_F(Start, OpensThePageOfAFolder) {
+    program_.Folder().Write(L"an app \u00e4\u6f22%20\\resource\\index.html", kTeller);
+    program_.Start(L"-d \"..\\an app \u00e4\u6f22%20\"");
+    EXPECT_THAT(Told(), EndsWith("/an%20app%20%C3%A4%E6%BC%A2%2520/resource/index.html"));
+}
+
+TEST_F(Start, OpensThePageBesideTheProgram) {
+    Install();
+    program_.Folder().Write(L"resource\\index.html", kTeller);
+    program_.Start();
+    EXPECT_THAT(Told(), EndsWith("/resource/index.html"));
+}
+
+TEST_F(Start, OpensAPathWithAFragment) {
+    program_.Folder().Write(L"work\\sub\\page.html", kTeller);
+    program_.Start(L"-f sub\\page.html#part/2");
+    EXPECT_THAT(Told(), EndsWith("/work/sub/page.html#part/2"));
+}
+
+TEST_F(Start, OpensAnAddress) {
+    program_.Start(
+        L"-f \"data:text/html,<script>console.log(location.protocol);external.window.quit(4)</script>\"");
+    EXPECT_EQ(Told(), "data:");
+}
+
+TEST_F(Start, OpensTheAddressOfAFile) {
+    std::wstring path = program_.Folder().Write(L"work\\page.html", kTeller);
+    std::ranges::replace(path, L'\\', L'/');
+    program_.Start(L"-f file:///" + path + L"#part");
+    EXPECT_THAT(Told(), EndsWith("/work/page.html#part"));
+}
+
+TEST_F(Start, ShowsWhatIsAttachedToIt) {
+    Install(WriteArchive(
+        {{"resource/index.html", Script("external.window.title = 'Attached'; external.window.show(true)")},
+         {"resource/next.html", Script("external.window.quit(3)")}}));
+    program_.Start();
+    const HWND window = program_.WindowTitled(L"Attached");
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
+    EXPECT_EQ(program_.Quit(3), 3u);
+    EXPECT_TRUE(fs::is_empty(program_.Temp()));
+}
+
+TEST_F(Start, APageEndsTheProgramThatUnpackedIt) {
+    Install(WriteArchive({{"resource/index.html", Script("location.href = 'sub/next.html'")},
+                          {"resource/sub/next.html", Script("external.window.quit(3)")}}));
+    program_.Start();
+    EXPECT_EQ(program_.Wait(), 3u);
+    EXPECT_TRUE(fs::is_empty(program_.Temp()));
+}
+
+class BadPage : public Start {
+  protected:
+    HWND Open(const std::string& script) {
+        program_.Folder().Write(
+            L"work\\resource\\index.html",
+            Script("external.window.title = 'Bad'; external.window.show(true);" + script));
+        program_.Start();
+        return program_.WindowTitled(L"Bad");
+    }
+};
+
+TEST_F(BadPage, ALoopWithoutEndHoldsNeitherItsWindowNorOthers) {
+    program_.Folder().Write(L"work\\resource\\clock.html",
+                            Script("var n = 0; windowCallback(); setInterval(function () {"
+                                   "if (++n % 10 === 0) console.log('clock ' + n); }, 10);"));
+    const HWND window = Open(
+        "createWindow({url: 'clock.html', callback: function () {"
+        "setTimeout(function () { console.log('loop'); for (;;); }); } });");
+    ASSERT_TRUE(program_.WaitForLine("loop"));
+    const auto clock = program_.Lines().size();
+    EXPECT_TRUE(WaitFor([&] { return program_.Lines().size() > clock + 2; }));
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(window); }, 5000));
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(BadPage, ALoopOfCallsDoesNotHoldItsWindow) {
+    const HWND window = Open("console.log('loop'); for (;;) external.window.title;");
+    ASSERT_TRUE(program_.WaitForLine("loop"));
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(window); }, 5000));
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+// The page that called into it gets a failure and goes on.
+TEST_F(BadPage, ALoopInACallEndsWithItsWindow) {
+    program_.Folder().Write(L"work\\resource\\loop.html",
+                            Script("external.window.title = 'Loop'; windowContext.loop = function () {"
+                                   "console.log('loop'); for (;;); }; windowCallback()"));
+    ASSERT_TRUE(
+        Open("var context = {}; createWindow({url: 'loop.html', context: context, callback: function () {"
+             "setTimeout(function () { try { context.loop(); } catch (e) { console.log('failed ' + (e.number "
+             "< 0)); }"
+             "external.window.quit(4); }); } });"));
+    ASSERT_TRUE(program_.WaitForLine("loop"));
+    PostMessageW(program_.WindowTitled(L"Loop"), WM_CLOSE, 0, 0);
+    EXPECT_EQ(program_.Wait(), 4u);
+    EXPECT_THAT(program_.Lines(), ElementsAre("loop", "failed true"));
+}
+
+TEST_F(BadPage, ADeepStackIsNoObstacle) {
+    ASSERT_TRUE(
+        Open("function down(n) { return n ? down(n - 1) : external.window.title; }"
+             "function fall() { fall(); }"
+             "try { fall(); } catch (e) { console.log(e instanceof RangeError ? 'deep' : e.message); }"
+             "console.log(down(1000)); external.window.quit(4);"));
+    EXPECT_EQ(Told(), "deep");
+    EXPECT_THAT(program_.Lines(), ElementsAre("deep", "Bad"));
+}
+
+TEST_F(BadPage, LanguageObjectsMayBeReplaced) {
+    ASSERT_TRUE(
+        Open("JSON.stringify = Reflect.apply = Function.prototype.call = Function.prototype.apply ="
+             "Array.prototype.push = Array.prototype.join = Map.prototype.get = Object.defineProperty = null;"
+             "Object.prototype.kind = 'x'; Object.prototype[0] = 5; Symbol.iterator = null;"
+             "console.log(external.window.title); createWindow({url: 'missing.html', context: {a: [1]}});"
+             "external.window.quit(4);"));
+    EXPECT_EQ(Told(), "Bad");
+}
+
+}  // namespace
+}  // namespace tarvik
