@@ -27,7 +27,7 @@ template <class Self>
 struct Member {
     using Entry = HRESULT (*)(Self&, const Call&);
     DISPID id;
-    const wchar_t* name;
+    std::wstring_view name;  // its length is known when it is looked up
     Entry method;
     Entry get;
     Entry put;
@@ -120,7 +120,7 @@ constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
     for (size_t i = 0; i < N; ++i) {
         if (i > 0 && rows[i - 1].id >= rows[i].id) return false;
         for (size_t k = 0; k < i; ++k) {
-            if (std::wstring_view(rows[i].name) == rows[k].name) return false;
+            if (rows[i].name == rows[k].name) return false;
         }
     }
     return true;

@@ -13,6 +13,7 @@ constexpr DWORD kEndPatience = 2000;
 // A wait longer than this serves all messages, so that a page that computes for ever does not freeze its
 // window.
 constexpr DWORD kPatientFor = 2000;
+constexpr DWORD kLookAgain = 50;
 
 HWND MakeMessageWindow(WNDPROC procedure, void* object) {
     WNDCLASSEXW description = {sizeof description};
@@ -128,17 +129,26 @@ void Connection::ListenToFrames(std::string_view session, FrameHandler handler) 
 
 bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout) {
     const std::shared_ptr<bool> alive = alive_;
+    // Waits inside a wait share its patience: with calls that come in all the time, none of them may last for
+    // long.
+    if (depth_++ == 0) patientUntil_ = GetTickCount64() + kPatientFor;
+    const bool met = Wait(*alive, condition, timeout);
+    if (*alive) --depth_;
+    return met;
+}
+
+bool Connection::Wait(const bool& alive, const std::function<bool()>& condition, DWORD timeout) {
     const ULONGLONG start = GetTickCount64();
     for (;;) {
         Deliver();
-        if (!*alive) return false;
+        if (!alive) return false;
         if (condition()) return true;
-        const ULONGLONG waited = GetTickCount64() - start;
-        if (!open_ || (timeout != INFINITE && waited >= timeout)) return false;
-        const bool patient = waited < kPatientFor;
-        const ULONGLONG left = timeout == INFINITE ? kPatientFor : timeout - waited;
-        const ULONGLONG most = patient ? kPatientFor - waited : 100;
-        if (!WaitForMore(static_cast<DWORD>(std::min(left, most)), patient) || !*alive) return false;
+        const ULONGLONG now = GetTickCount64();
+        if (!open_ || (timeout != INFINITE && now - start >= timeout)) return false;
+        const ULONGLONG left = timeout == INFINITE ? kLookAgain : start + timeout - now;
+        if (!WaitForMore(static_cast<DWORD>(std::min<ULONGLONG>(left, kLookAgain)), now < patientUntil_) ||
+            !alive)
+            return false;
     }
 }
 
@@ -152,7 +162,9 @@ bool Connection::WaitForMore(DWORD timeout, bool patient) {
         ++waits_;
     }
     if (patient) {
-        CoWaitForMultipleHandles(0, timeout, 1, &event, &index);
+        // Wine overlooks a call that comes in while it looks for others, until it gets another message.
+        if (CoWaitForMultipleHandles(0, timeout, 1, &event, &index) != S_OK)
+            PostMessageW(window_.Get(), WM_NULL, 0, 0);
     } else {
         MsgWaitForMultipleObjectsEx(1, &event, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }

@@ -58,6 +58,7 @@ class Connection : public DevTools {
     void Deliver();
     void DeliverOne(const Json& message);
     void DeliverEnd();
+    bool Wait(const bool& alive, const std::function<bool()>& condition, DWORD timeout);
     bool WaitForMore(DWORD timeout, bool patient);
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -72,12 +73,16 @@ class Connection : public DevTools {
     std::unordered_map<int, ReplyHandler> replies_;
     std::map<std::string, EventHandler, std::less<>> listeners_;
 
+    int depth_ = 0;  // of waits inside one another
+    ULONGLONG patientUntil_ = 0;
+
     std::mutex queueLock_;
     std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end
     UniqueHandle arrived_;
     bool posted_ = false;  // a message about it is on its way to the window
-    int waits_ = 0;        // that are under way, one inside the other
-    UniqueHandle ended_;   // the reader thread is through
+    ULONGLONG postedAt_ = 0;
+    int waits_ = 0;       // that are under way, one inside the other
+    UniqueHandle ended_;  // the reader thread is through
 
     std::mutex framesLock_;  // held while a frame is passed on
     std::map<std::string, FrameHandler, std::less<>> frameHandlers_;

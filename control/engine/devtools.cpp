@@ -127,8 +127,14 @@ void Connection::Queue(std::optional<Json> message) {
     PostArrival();
 }
 
+// A loop of somebody else's may swallow the message, so one is not relied on for long.
 void Connection::PostArrival() {
-    if (!std::exchange(posted_, true)) PostMessageW(window_.Get(), kArrived, 0, 0);
+    constexpr ULONGLONG kReliance = 200;
+    const ULONGLONG now = GetTickCount64();
+    if (posted_ && now - postedAt_ < kReliance) return;
+    posted_ = true;
+    postedAt_ = now;
+    PostMessageW(window_.Get(), kArrived, 0, 0);
 }
 
 }  // namespace tarvik

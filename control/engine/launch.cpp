@@ -74,8 +74,16 @@ bool Transport::Write(std::string_view message) {
 }
 
 DWORD Transport::Read(char* buffer, DWORD size) {
-    DWORD read = 0;
-    return ReadFile(fromEngine_.Get(), buffer, size, &read, nullptr) ? read : 0;
+    constexpr DWORD kPause = 5;
+    for (;;) {
+        DWORD read = 0;
+        if (ReadFile(fromEngine_.Get(), buffer, size, &read, nullptr) && read > 0) {
+            patientUntil_ = 0;
+            return read;
+        }
+        if (GetTickCount64() >= patientUntil_) return 0;
+        Sleep(kPause);
+    }
 }
 
 void Transport::CloseWriting() {

@@ -14,8 +14,11 @@ namespace tarvik {
 // The two pipes to a running engine. Messages end with a NUL. Closing the pipe is what ends the engine.
 class Transport {
   public:
-    Transport(UniqueHandle fromEngine, UniqueHandle toEngine)
-        : fromEngine_(std::move(fromEngine)), toEngine_(std::move(toEngine)) {}
+    // `patience`: for how many milliseconds an end before the first byte only means that nobody writes yet.
+    Transport(UniqueHandle fromEngine, UniqueHandle toEngine, DWORD patience = 0)
+        : fromEngine_(std::move(fromEngine)),
+          toEngine_(std::move(toEngine)),
+          patientUntil_(GetTickCount64() + patience) {}
     virtual ~Transport() = default;
 
     // Any thread. False when the engine is gone.
@@ -30,6 +33,7 @@ class Transport {
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;
+    ULONGLONG patientUntil_;
     std::mutex writing_;
 };
 

@@ -25,7 +25,8 @@ std::wstring Quoted(std::wstring_view text) {
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
            L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
-           L"(trap 'kill $s' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) </dev/null "
+           L"(trap 'kill $s 2>/dev/null; exit' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) "
+           L"</dev/null "
            L">/dev/null 2>&1 & "
            L"g=$!; exec 4>$d/a 3<$d/b; kill $g; [ $(id -u) = 0 ] && r=--no-sandbox; " +
            Quoted(engine) + EngineArguments() +
@@ -74,9 +75,9 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     StartShell(ShellScript(engine, L"/tmp/" + name));
     const std::wstring folder = L"Z:\\tmp\\" + name;
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
-    // This one opens only when the shell has opened both.
     UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
-    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine));
+    // Neither of them waits for the shell to open its ends.
+    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), kPatience);
 }
 
 }  // namespace tarvik

@@ -50,6 +50,8 @@ void Page::BreakDown(const std::wstring& notice) {
     bridge_.reset();
     view_.SetTarget(nullptr);
     view_.SetNotice(notice + kRetry);
+    // Only the page would show its window.
+    ShowWindow(GetAncestor(window_, GA_ROOT), SW_SHOWNORMAL);
     target_.reset();
 }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "base/owners.h"
+
+namespace tarvik {
+
+// Hears what processes write to the debugger's channel, as a viewer of such output does, while the object
+// lives. There is one such listener at a time in a session. Being a debugger would hear it too, but Wine's
+// exceptions of C++ do not survive one.
+class DebugListener {
+  public:
+    DebugListener();
+    ~DebugListener();
+    DebugListener(const DebugListener&) = delete;
+    DebugListener& operator=(const DebugListener&) = delete;
+
+    // The texts of a process so far, without the line ends.
+    std::vector<std::string> Lines(DWORD process) const;
+    // Hears what is on its way from processes that have ended, and no more.
+    void Finish();
+
+  private:
+    struct Line {
+        DWORD process;
+        std::string text;
+    };
+    void Listen();
+    void Hear();
+
+    UniqueHandle mapping_;
+    UniqueView view_;
+    UniqueHandle bufferFree_;
+    UniqueHandle dataReady_;
+    UniqueHandle stop_;
+    mutable std::mutex lock_;
+    std::vector<Line> lines_;
+    std::thread thread_;
+};
+
+}  // namespace tarvik

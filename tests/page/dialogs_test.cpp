@@ -1,0 +1,151 @@
+// The dialogs that pages and their errors raise, answered as a person would.
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "tests/page/program.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+std::wstring TextOf(HWND dialog, int item) {
+    wchar_t text[1000] = {};
+    GetDlgItemTextW(dialog, item, text, 1000);
+    return text;
+}
+
+constexpr int kBoxText = 0xFFFF;
+
+class Dialogs : public testing::Test {
+  protected:
+    void Open(const std::string& script) {
+        program_.Folder().Write(L"work\\resource\\index.html",
+                                "<!doctype html><script>" + script + "</script>");
+        program_.Start();
+    }
+
+    // Presses a button of the dialog that is there or will come.
+    void Press(int button) {
+        const HWND dialog = program_.Dialog();
+        ASSERT_TRUE(dialog);
+        // Posted, as a click is: under Wine a dialog that a sent message ends may swallow a posted one.
+        PostMessageW(dialog, WM_COMMAND, button, 0);
+        EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
+    }
+
+    // The page has gone on, and the program ends well.
+    void ExpectEnd(const std::vector<std::string>& lines) {
+        EXPECT_EQ(program_.Wait(), 5u);
+        EXPECT_EQ(program_.Lines(), lines);
+    }
+
+    Program program_;
+};
+
+TEST_F(Dialogs, AlertWaitsForItsAnswer) {
+    Open(
+        "console.log('before'); external.window.title = 'Owner'; _alert('Hello \\u00e4\\n& goodbye');"
+        "console.log('after'); external.window.quit(5);");
+    const HWND dialog = program_.Dialog();
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(TextOf(dialog, kBoxText), L"Hello \u00e4\n& goodbye");
+    EXPECT_EQ(GetWindow(dialog, GW_OWNER), program_.WindowTitled(L"Owner"));
+    EXPECT_THAT(program_.Lines(), ElementsAre("before"));
+    Press(IDOK);
+    ExpectEnd({"before", "after"});
+}
+
+TEST_F(Dialogs, ConfirmTellsTheAnswer) {
+    Open(
+        "console.log('' + confirm('Really?')); console.log('' + confirm('Really not?')); "
+        "external.window.quit(5);");
+    Press(IDOK);
+    Press(IDCANCEL);
+    ExpectEnd({"true", "false"});
+}
+
+TEST_F(Dialogs, PromptTellsTheText) {
+    Open(
+        "console.log(prompt('Your name?', 'nobody')); console.log('' + prompt('Again?')); "
+        "external.window.quit(5);");
+    const HWND dialog = program_.Dialog();
+    ASSERT_TRUE(dialog);
+    const HWND edit = FindWindowExW(dialog, nullptr, L"Edit", nullptr);
+    ASSERT_TRUE(edit);
+    EXPECT_EQ(TextOf(dialog, GetDlgCtrlID(edit)), L"nobody");
+    SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Some \"body\""));
+    Press(IDOK);
+    Press(IDCANCEL);
+    ExpectEnd({"Some \"body\"", "null"});
+}
+
+TEST_F(Dialogs, AnErrorIsShownAndScriptsGoOn) {
+    Open(
+        "setTimeout(function () { console.log('later'); external.window.quit(5); }, "
+        "500);\n\nnobody.knows();");
+    const HWND dialog = program_.Dialog();
+    ASSERT_TRUE(dialog);
+    const std::wstring text = TextOf(dialog, kBoxText);
+    EXPECT_NE(text.find(L"nobody is not defined"), std::wstring::npos) << testing::PrintToString(text);
+    EXPECT_NE(text.find(L"3"), std::wstring::npos) << "the line";
+    EXPECT_NE(text.find(L"index.html"), std::wstring::npos);
+    Press(IDYES);
+    ExpectEnd({"later"});
+}
+
+TEST_F(Dialogs, AnErrorMayEndTheScriptsOfItsPage) {
+    Open("var n = 0; setInterval(function () { console.log('tick'); }, 20); nobody.knows();");
+    ASSERT_TRUE(program_.WaitForLine("tick"));
+    Press(IDNO);
+    // What was on its way comes to its end.
+    size_t ticks = 0;
+    EXPECT_TRUE(WaitFor([&] {
+        const size_t before = std::exchange(ticks, program_.Lines().size());
+        Sleep(200);
+        return before == ticks;
+    }));
+    EXPECT_EQ(program_.Windows().size(), 1u);
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+// Errors are shown one after the other, however fast they are raised.
+TEST_F(Dialogs, EachErrorIsShown) {
+    Open(
+        "setTimeout(function () { missing1(); }); setTimeout(function () { missing2(); });"
+        "setTimeout(function () { console.log('later'); }, 50); missing0();");
+    ASSERT_TRUE(program_.WaitForLine("later"));
+    for (const wchar_t* name : {L"missing0", L"missing1", L"missing2"}) {
+        EXPECT_NE(TextOf(program_.Dialog(), kBoxText).find(name), std::wstring::npos);
+        Press(IDYES);
+    }
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+// A window with a dialog waits; others do not.
+TEST_F(Dialogs, OthersGoOnBehindADialog) {
+    program_.Folder().Write(
+        L"work\\resource\\child.html",
+        "<!doctype html><script>var n = 0; setInterval(function () {"
+        "external.window.title = 'child ' + ++n; if (n === 20) console.log('twenty'); }, 20)</script>");
+    Open("createWindow({url: 'child.html'}); _alert('stop'); console.log('after'); external.window.quit(5);");
+    ASSERT_TRUE(program_.Dialog());
+    EXPECT_TRUE(program_.WaitForLine("twenty"));
+    EXPECT_TRUE(program_.Dialog());
+    Press(IDOK);
+    ExpectEnd({"twenty", "after"});
+}
+
+TEST_F(Dialogs, AWindowThatClosesTakesItsDialogAlong) {
+    Open("external.window.title = 'Owner'; _alert('stop'); console.log('after');");
+    ASSERT_TRUE(program_.Dialog());
+    PostMessageW(program_.WindowTitled(L"Owner"), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); }));
+    EXPECT_EQ(program_.Quit(3), 3u);
+    EXPECT_THAT(program_.Lines(), testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace tarvik

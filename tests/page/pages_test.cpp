@@ -1,0 +1,99 @@
+// Pages that check themselves, in pages/: each logs what it has checked and ends the program.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/text.h"
+#include "tests/page/program.h"
+#include "tests/plugins/zip/archive_writer.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+void ExpectNoFailure(const Program& program) {
+    for (const std::string& line : program.Lines())
+        EXPECT_FALSE(line.starts_with("FAILED")) << line;
+}
+
+// Lets a page run to its end.
+void RunPage(Program& program, const std::string& name) {
+    program.Start(L"-f \"" + PathOfPage(Widen(name)) + L"\"");
+    EXPECT_EQ(program.Wait(), 0u) << testing::PrintToString(program.Lines());
+    ExpectNoFailure(program);
+    EXPECT_GT(std::ranges::count_if(program.Lines(), [](const auto& line) { return line.starts_with("ok"); }),
+              0);
+}
+
+class Page : public testing::TestWithParam<const char*> {};
+
+TEST_P(Page, Passes) {
+    Program program;
+    RunPage(program, GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Page,
+                         testing::Values("busy", "closing", "errors", "gone", "navigation", "plugins",
+                                         "start", "windows"),
+                         [](const auto& info) { return info.param; });
+
+// A page beside archive.zip, which holds ten files.
+class UnzipPage : public testing::Test {
+  protected:
+    static constexpr int kFiles = 10;
+
+    UnzipPage() {
+        std::vector<ArchiveMember> members;
+        for (int i = 0; i < kFiles; ++i)
+            members.push_back(
+                {"folder/" + std::to_string(i) + ".txt", std::string(50'000, static_cast<char>('a' + i))});
+        program_.Folder().Write(L"work\\archive.zip", WriteArchive(members));
+    }
+
+    std::ptrdiff_t FilesIn(const std::wstring& folder) const {
+        const fs::path path = fs::path(program_.Work()) / folder / "folder";
+        return fs::exists(path) ? std::distance(fs::directory_iterator(path), {}) : 0;
+    }
+
+    // Runs that are under way when their page goes come to their end all the same.
+    void LeaveDuringRuns(const std::wstring& fragment) {
+        program_.Start(L"-f \"" + PathOfPage(L"unzip_away") + fragment + L"\"");
+        EXPECT_TRUE(program_.WaitForLine("ok: the next page has runs of its own"));
+        int begun = 0;
+        for (int run = 0; run < 20; ++run) {
+            const std::wstring folder = L"away" + std::to_wstring(run);
+            if (!fs::exists(fs::path(program_.Work()) / folder)) continue;
+            ++begun;
+            EXPECT_TRUE(WaitFor([&] { return FilesIn(folder) == kFiles; }, 5000))
+                << run << ": " << FilesIn(folder);
+        }
+        EXPECT_GE(begun, 8);
+        EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+        EXPECT_EQ(program_.Quit(0), 0u);
+        ExpectNoFailure(program_);
+    }
+
+    Program program_;
+};
+
+TEST_F(UnzipPage, TellsItsProgressAndItsEnd) {
+    RunPage(program_, "unzip");
+    EXPECT_EQ(FilesIn(L"one"), kFiles - 1);
+    EXPECT_FALSE(fs::exists(fs::path(program_.Work()) / "none")) << "a folder that a failed run made";
+    for (int run = 0; run < 20; ++run)
+        EXPECT_EQ(FilesIn(L"many" + std::to_wstring(run)), kFiles) << run;
+}
+
+TEST_F(UnzipPage, MayNavigateDuringRuns) {
+    LeaveDuringRuns(L"");
+}
+
+TEST_F(UnzipPage, MayCloseDuringRuns) {
+    LeaveDuringRuns(L"#close");
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,188 @@
+#include "tests/page/program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr DWORD kPause = 10;
+
+std::string FreshMark() {
+    static int count = 0;
+    return std::to_string(GetCurrentProcessId()) + "." + std::to_string(GetTickCount64()) + "." +
+           std::to_string(++count);
+}
+
+UniqueHandle MakeJob() {
+    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
+// The top-level windows of a process of one class; an empty one means any.
+std::vector<HWND> TopWindows(DWORD process, const wchar_t* className) {
+    std::vector<HWND> windows;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, className, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == process) windows.push_back(window);
+    }
+    return windows;
+}
+
+std::wstring TitleOf(HWND window) {
+    wchar_t title[300] = {};
+    // Not GetWindowText: a program that is busy must not stop its test.
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, WM_GETTEXT, std::size(title), reinterpret_cast<LPARAM>(title),
+                        SMTO_ABORTIFHUNG, 1000, &ignored);
+    return title;
+}
+
+}  // namespace
+
+bool WaitFor(const std::function<bool()>& condition, DWORD limit) {
+    const ULONGLONG end = GetTickCount64() + limit;
+    while (!condition()) {
+        if (GetTickCount64() > end) return false;
+        Sleep(kPause);
+    }
+    return true;
+}
+
+std::wstring PathOfPage(const std::wstring& name) {
+    return fs::path(ExecutablePath()).parent_path() / L"pages" / (name + L".html");
+}
+
+Program::Program()
+    : mark_(FreshMark()), executable_(fs::path(ExecutablePath()).parent_path() / L"tarvik.exe") {
+    fs::create_directories(Work());
+    fs::create_directories(Temp());
+    SetVariable(L"TEMP", Temp());
+    SetVariable(L"TARVIK_TEST_RUN", Widen(mark_));
+    SetVariable(L"TARVIK_ENGINE", L"chromium");
+}
+
+Program::~Program() {
+    Kill();
+}
+
+void Program::Start(const std::wstring& arguments) {
+    std::wstring line = L"\"" + executable_ + L"\" " + arguments;
+    std::wstring environment = Environment();
+    STARTUPINFOW startup = {sizeof startup};
+    PROCESS_INFORMATION information = {};
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE,
+                               CREATE_UNICODE_ENVIRONMENT | CREATE_SUSPENDED, environment.data(),
+                               Work().c_str(), &startup, &information));
+    process_ = UniqueHandle(information.hProcess);
+    const UniqueHandle thread(information.hThread);
+    processId_ = information.dwProcessId;
+    threadId_ = information.dwThreadId;
+    job_ = MakeJob();
+    AssignProcessToJobObject(job_.Get(), process_.Get());
+    ResumeThread(thread.Get());
+}
+
+// This process's own variables, changed. Names are compared without regard to case.
+std::wstring Program::Environment() const {
+    std::wstring block;
+    wchar_t* const own = GetEnvironmentStringsW();
+    for (const wchar_t* entry = own; *entry; entry += wcslen(entry) + 1) {
+        const std::wstring text(entry);
+        const std::wstring name = text.substr(0, text.find(L'=', 1));
+        const bool changed = std::ranges::any_of(environment_, [&](const auto& variable) {
+            return _wcsicmp(variable.first.c_str(), name.c_str()) == 0;
+        });
+        if (!changed) block += text + L'\0';
+    }
+    FreeEnvironmentStringsW(own);
+    for (const auto& [name, value] : environment_)
+        block += name + L"=" + value + L'\0';
+    return block + L'\0';
+}
+
+DWORD Program::Wait(DWORD limit) {
+    if (WaitForSingleObject(process_.Get(), limit) != WAIT_OBJECT_0) {
+        ADD_FAILURE() << "the program does not end";
+        return STILL_ACTIVE;
+    }
+    // Everything it said has been heard only then.
+    console_.Finish();
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(process_.Get(), &code);
+    return code;
+}
+
+bool Program::IsRunning() const {
+    return process_ && WaitForSingleObject(process_.Get(), 0) == WAIT_TIMEOUT;
+}
+
+void Program::Kill() {
+    if (!process_) return;
+    TerminateProcess(process_.Get(), 99);
+    WaitForSingleObject(process_.Get(), 5000);
+}
+
+DWORD Program::Quit(int code) {
+    EXPECT_TRUE(WaitFor([&] { return PostThreadMessageW(threadId_, WM_QUIT, code, 0) != FALSE; }));
+    return Wait(10'000);
+}
+
+bool Program::WaitForLine(std::string_view line) const {
+    return WaitFor([&] { return std::ranges::count(Lines(), line) > 0; });
+}
+
+std::vector<HWND> Program::Windows() const {
+    return TopWindows(processId_, L"TarvikBrowserWindow");
+}
+
+HWND Program::WindowTitled(const std::wstring& title) const {
+    HWND found = nullptr;
+    WaitFor([&] {
+        for (const HWND window : Windows()) {
+            if (TitleOf(window) == title) found = window;
+        }
+        return found != nullptr;
+    });
+    return found;
+}
+
+HWND Program::PageArea(HWND window) {
+    HWND area = nullptr;
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM found) -> BOOL {
+            wchar_t name[64] = {};
+            GetClassNameW(child, name, 64);
+            if (wcscmp(name, L"Internet Explorer_Server") != 0) return TRUE;
+            *reinterpret_cast<HWND*>(found) = child;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&area));
+    return area;
+}
+
+HWND Program::Dialog() const {
+    HWND dialog = nullptr;
+    WaitFor([&] {
+        for (const HWND window : TopWindows(processId_, L"#32770")) {
+            if (IsWindowVisible(window)) dialog = window;
+        }
+        return dialog != nullptr;
+    });
+    return dialog;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/owners.h"
+#include "tests/page/debug_listener.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+
+// Looks again and again, for processes other than this one. False when the time (milliseconds) is over first.
+bool WaitFor(const std::function<bool()>& condition, DWORD limit = 20'000);
+
+// A page of this folder.
+std::wstring PathOfPage(const std::wstring& name);
+
+// The built program as a process that cannot outlive the test. It has a folder for its work, which is its
+// current one, and another for temporary files. What its pages write to the console is heard.
+class Program {
+  public:
+    Program();
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Before the start: the folder beside which everything is, variables of its environment, and the
+    // executable, which is the built one unless a copy is named.
+    const TempFolder& Folder() const { return folder_; }
+    std::wstring Work() const { return folder_ / L"work"; }
+    std::wstring Temp() const { return folder_ / L"temp"; }
+    void SetVariable(const std::wstring& name, const std::wstring& value) { environment_[name] = value; }
+    void UseExecutable(const std::wstring& path) { executable_ = path; }
+
+    void Start(const std::wstring& arguments = L"");
+
+    // The exit code; fails the test if the program does not end by itself.
+    DWORD Wait(DWORD limit = 30'000);
+    bool IsRunning() const;
+    void Kill();
+    // From outside, as WM_QUIT.
+    DWORD Quit(int code);
+
+    DWORD Id() const { return processId_; }
+    // What was written to the debugger's channel, a line each.
+    std::vector<std::string> Lines() const { return console_.Lines(processId_); }
+    bool WaitForLine(std::string_view line) const;
+    // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
+    const std::string& Mark() const { return mark_; }
+
+    // Browser windows, also hidden ones.
+    std::vector<HWND> Windows() const;
+    HWND WindowTitled(const std::wstring& title) const;  // waits for it
+    // The window that the page is drawn in.
+    static HWND PageArea(HWND window);
+    // A dialog of the program, once it is there.
+    HWND Dialog() const;
+
+  private:
+    std::wstring Environment() const;
+
+    const TempFolder folder_;
+    const std::string mark_;
+    std::wstring executable_;
+    std::map<std::wstring, std::wstring> environment_;
+
+    DebugListener console_;
+    UniqueHandle job_;  // ends with this process
+    UniqueHandle process_;
+    DWORD processId_ = 0;
+    DWORD threadId_ = 0;
+};
+
+}  // namespace tarvik
