@@ -1,0 +1,108 @@
+#include "control/view/frame_decoder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace tarvik {
+namespace {
+
+// 3 x 2 pixels: red, (0, 128, 255), (1, 2, 3); white, black, (9, 99, 199).
+constexpr std::string_view kPng =
+    "iVBORw0KGgoAAAANSUhEUgAAAAMAAAACBAMAAABvWnspAAAAElBMVEX/AAAAgP8BAgP///8AAAAJY8deB/aPAAAADk"
+    "lEQVQI12NgVGAwCQAAAUMApm7mwhAAAAAASUVORK5CYII=";
+
+// 32 x 16 pixels of (200, 100, 50).
+constexpr std::string_view kJpeg =
+    "/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDAAMCAgMCAgMDAwMEAwMEBQgFBQQEBQoHBwYIDAoMDAsKCwsNDhIQDQ4RDg"
+    "sLEBYQERMUFRUVDA8XGBYUGBIUFRT/2wBDAQMEBAUEBQkFBQkUDQsNFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQU"
+    "FBQUFBQUFBQUFBQUFBQUFBQUFBQUFBT/wAARCAAQACADAREAAhEBAxEB/8QAFQABAQAAAAAAAAAAAAAAAAAAAAT/xA"
+    "AUEAEAAAAAAAAAAAAAAAAAAAAA/8QAFgEBAQEAAAAAAAAAAAAAAAAAAAcI/8QAFBEBAAAAAAAAAAAAAAAAAAAAAP/a"
+    "AAwDAQACEQMRAD8AkQ9pAAAAAAAB/9k=";
+
+// Waits for what a decoder makes.
+class Frames {
+  public:
+    std::optional<Picture::Pixels> Next(std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+        std::unique_lock lock(lock_);
+        if (!came_.wait_for(lock, limit, [&] { return !frames_.empty(); })) return std::nullopt;
+        Picture::Pixels frame = std::move(frames_.front());
+        frames_.erase(frames_.begin());
+        return frame;
+    }
+    void Put(FrameDecoder::Frame& frame) {
+        const std::lock_guard lock(lock_);
+        bytes += frame.bytes;
+        frames_.push_back(frame.pixels);
+        came_.notify_one();
+    }
+    size_t bytes = 0;
+
+  private:
+    std::mutex lock_;
+    std::condition_variable came_;
+    std::vector<Picture::Pixels> frames_;
+};
+
+class Decoding : public testing::Test {
+  protected:
+    Frames frames;
+    FrameDecoder decoder{[this](FrameDecoder::Frame& frame) { frames.Put(frame); }};
+};
+
+TEST_F(Decoding, ReadsPngExactly) {
+    decoder.Submit(kPng);
+    const auto frame = frames.Next();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->width, 3);
+    EXPECT_EQ(frame->height, 2);
+    ASSERT_EQ(frame->colours.size(), 6u);
+    const std::uint32_t kColours[] = {0xFF0000, 0x0080FF, 0x010203, 0xFFFFFF, 0x000000, 0x0963C7};
+    for (size_t i = 0; i < 6; ++i)
+        EXPECT_EQ(frame->colours[i] & 0xFFFFFF, kColours[i]) << i;
+}
+
+TEST_F(Decoding, ReadsJpegNearly) {
+    decoder.Submit(kJpeg);
+    const auto frame = frames.Next();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->width, 32);
+    EXPECT_EQ(frame->height, 16);
+    for (const std::uint32_t colour : frame->colours) {
+        ASSERT_NEAR(colour >> 16 & 0xFF, 200, 4);
+        ASSERT_NEAR(colour >> 8 & 0xFF, 100, 4);
+        ASSERT_NEAR(colour & 0xFF, 50, 4);
+    }
+}
+
+TEST_F(Decoding, PassesOverWhatIsNoPicture) {
+    const std::string cut(kPng.substr(0, kPng.size() / 2 & ~size_t{3}));
+    for (const std::string_view rubbish : {std::string_view(), std::string_view("!!!!"),
+                                           std::string_view("QUJDRA=="), std::string_view(cut)}) {
+        decoder.Submit(rubbish);
+        EXPECT_FALSE(frames.Next(std::chrono::milliseconds(100))) << rubbish;
+    }
+    decoder.Submit(kPng);
+    EXPECT_TRUE(frames.Next());
+}
+
+// Frames that come faster than they are decoded are left out; the last one is never.
+TEST_F(Decoding, EndsWithTheLatest) {
+    for (int i = 0; i < 200; ++i)
+        decoder.Submit(kPng);
+    decoder.Submit(kJpeg);
+    int width = 0;
+    while (width != 32) {
+        const auto frame = frames.Next();
+        ASSERT_TRUE(frame);
+        width = frame->width;
+    }
+    EXPECT_FALSE(frames.Next(std::chrono::milliseconds(50)));
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,199 @@
+#include "tests/control/view/hosted_page.h"
+
+#include <exdisp.h>
+#include <mshtml.h>
+
+#include <cstring>
+#include <vector>
+
+#include "atl/ax_window.h"
+#include "base/bstr.h"
+#include "tests/support/members.h"
+
+namespace tarvik {
+
+namespace {
+
+// Functions by which the test asks.
+constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Page</title>
+<style>html, body { margin: 0; font: 16px sans-serif; background: white; }</style>
+<script>
+  function ask(text) { return String(eval(text)); }
+  function middleOf(id) {
+    var box = document.getElementById(id).getBoundingClientRect();
+    return Math.round((box.left + box.right) / 2) * 10000 + Math.round((box.top + box.bottom) / 2);
+  }
+  var log = [];
+  function logEvents() {
+    for (var i = 0; i < arguments.length; i++)
+      addEventListener(arguments[i], function (event) { log.push(event.type); }, true);
+  }
+</script>
+<div id="ready" style="position: fixed; right: 0; bottom: 0; width: 8px; height: 8px; background: #0180fe"></div>
+)";
+constexpr COLORREF kReady = RGB(1, 128, 254);
+constexpr RECT kArea = {60, 50, 560, 450};
+
+INPUT MouseInputOf(DWORD action, DWORD data) {
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = action;
+    input.mi.mouseData = data;
+    return input;
+}
+
+INPUT KeyInputOf(WORD key, DWORD flags) {
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+void Send(std::vector<INPUT> inputs) {
+    ASSERT_EQ(SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
+    PumpOnce();
+}
+
+}  // namespace
+
+HostedPage::HostedPage() {
+    appModule.AddMessageLoop(&loop_);
+}
+
+HostedPage::~HostedPage() {
+    if (frame_) DestroyWindow(frame_);
+    PumpOnce();
+    browser_.Reset();
+    appModule.RemoveMessageLoop();
+}
+
+void HostedPage::Open(const std::string& html) {
+    const std::wstring path = folder_.Write(L"page.html", kHead + html);
+    browser_ = MakeCom<CWebBrowser>();
+    frame_ = browser_->CreateHidden(nullptr, path.c_str());
+    ASSERT_TRUE(frame_);
+    RECT outer = kArea;
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(frame_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(frame_, GWL_EXSTYLE)));
+    SetWindowPos(frame_, HWND_TOP, outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
+                 SWP_SHOWWINDOW);
+    SetForegroundWindow(frame_);
+    for (HWND child = frame_; child; child = GetWindow(child, GW_CHILD))
+        page_ = child;
+    ASSERT_TRUE(PixelBecomes({kArea.right - 4, kArea.bottom - 4}, kReady));
+    ASSERT_TRUE(Becomes(L"document.readyState", L"complete"));
+}
+
+ComPtr<IDispatch> HostedPage::Script() const {
+    ComPtr<IDispatch> document, script;
+    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(frame_).Get());
+    browser->get_Document(document.GetAddressOf());
+    Query<IHTMLDocument2>(document.Get())->get_Script(script.GetAddressOf());
+    return script;
+}
+
+std::wstring HostedPage::Ask(const std::wstring& expression) const {
+    const Outgoing answer = CallMember(Script().Get(), L"ask", expression.c_str());
+    return answer.value.Is(VT_BSTR) ? std::wstring(Bstr::View(answer.value.bstrVal)) : L"(no answer)";
+}
+
+testing::AssertionResult HostedPage::Becomes(const std::wstring& expression,
+                                             const std::wstring& expected) const {
+    std::wstring last;
+    if (PumpUntil([&] { return (last = Ask(expression)) == expected; })) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "it is " << testing::PrintToString(last);
+}
+
+POINT HostedPage::MiddleOf(const wchar_t* id) const {
+    const LONG both = CallMember(Script().Get(), L"middleOf", id).value.lVal;
+    return OnScreen({both / 10000, both % 10000});
+}
+
+POINT HostedPage::OnScreen(POINT inPage) const {
+    ClientToScreen(page_, &inPage);
+    return inPage;
+}
+
+COLORREF HostedPage::PixelAt(POINT screen) const {
+    ScreenToClient(page_, &screen);
+    const HDC picture = GetDC(page_);
+    const COLORREF colour = GetPixel(picture, screen.x, screen.y);
+    ReleaseDC(page_, picture);
+    return colour;
+}
+
+testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour) const {
+    if (PumpUntil([&] { return PixelAt(screen) == colour; })) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
+}
+
+void HostedPage::MoveTo(POINT screen) const {
+    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
+    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
+    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
+    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
+    Send({move});
+}
+
+void HostedPage::Click(POINT screen, DWORD press, int times) const {
+    MoveTo(screen);
+    for (int i = 0; i < times; ++i)
+        Mouse({press, press << 1});
+}
+
+void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
+    std::vector<INPUT> inputs;
+    for (const DWORD action : actions)
+        inputs.push_back(MouseInputOf(action, data));
+    Send(std::move(inputs));
+}
+
+void HostedPage::Press(std::initializer_list<WORD> keys) const {
+    std::vector<INPUT> inputs;
+    for (const WORD key : keys)
+        inputs.push_back(KeyInputOf(key, 0));
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
+        inputs.push_back(KeyInputOf(*key, KEYEVENTF_KEYUP));
+    Send(std::move(inputs));
+}
+
+void HostedPage::Type(std::wstring_view text) const {
+    for (const wchar_t unit : text) {
+        const SHORT key = VkKeyScanW(unit);
+        if (key != -1 && unit < 0x80) {
+            const WORD virtualKey = LOBYTE(key);
+            (HIBYTE(key) & 1) ? Press({VK_SHIFT, virtualKey}) : Press({virtualKey});
+            continue;
+        }
+        INPUT down = KeyInputOf(0, KEYEVENTF_UNICODE),
+              up = KeyInputOf(0, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+        down.ki.wScan = up.ki.wScan = unit;
+        Send({down, up});
+    }
+}
+
+std::wstring ClipboardText() {
+    std::wstring text;
+    if (!OpenClipboard(nullptr)) return text;
+    if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
+        text = static_cast<const wchar_t*>(GlobalLock(memory));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+}
+
+void SetClipboardText(const std::wstring& text) {
+    const size_t size = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text.c_str(), size);
+    GlobalUnlock(memory);
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
+}  // namespace tarvik

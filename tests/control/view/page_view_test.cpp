@@ -1,0 +1,315 @@
+// The view of a page with the real engine: what a person does on the desktop, and what he sees.
+
+#include "control/view/page_view.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "tests/control/view/hosted_page.h"
+
+namespace tarvik {
+namespace {
+
+constexpr COLORREF kGreen = RGB(0, 160, 0);
+constexpr COLORREF kRed = RGB(200, 0, 0);
+
+TEST_F(HostedPage, TakesWhatIsTyped) {
+    Open(R"(<input id="first"><input id="second"><script>
+        first.addEventListener('keydown', function (event) {
+            log.push([event.key, event.code, event.shiftKey, event.location, event.keyCode].join('/'));
+        });</script>)");
+    Click(MiddleOf(L"first"));
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"first"));
+    Type(L"aB1!");
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!"));
+    EXPECT_EQ(Ask(L"log.join(' ')"),
+              L"a/KeyA/false/0/65 Shift/ShiftLeft/true/1/16 B/KeyB/true/0/66 "
+              L"1/Digit1/false/0/49 Shift/ShiftLeft/true/1/16 !/Digit1/true/0/49");
+    Type(L"\u00FC\u6F22x\U0001F600");
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x\U0001F600"));
+    Press({VK_BACK});
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x"));
+    Press({VK_CONTROL, VK_BACK});
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!"));
+    Press({VK_TAB});
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"second"));
+    // What an input method makes is text, too.
+    SendMessageW(PageWindow(), WM_IME_CHAR, 0x8A9E, 1);
+    EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E"));
+    Press({VK_SHIFT, VK_TAB});
+    EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
+}
+
+TEST_F(HostedPage, ShowsWhatAClickChanges) {
+    Open(
+        R"(<button id="button" style="width: 120px; height: 60px; border: 0; background: #c80000"></button><script>
+        logEvents('mousedown', 'mouseup', 'click', 'dblclick');
+        button.onclick = function () { button.style.background = '#00a000'; };
+        button.onmouseleave = function () { button.style.background = '#c80000'; };</script>)");
+    const POINT middle = MiddleOf(L"button");
+    ASSERT_TRUE(PixelBecomes(middle, kRed));
+    Click(middle);
+    EXPECT_TRUE(PixelBecomes(middle, kGreen));
+    EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup,click");
+    MoveTo({0, 0});
+    EXPECT_TRUE(PixelBecomes(middle, kRed)) << "the pointer has left the window";
+}
+
+TEST_F(HostedPage, SelectsByClicksAndByDragging) {
+    Open(R"(<p id="text" style="margin: 20px">wonderful</p><p style="margin: 20px">another line</p>)");
+    const std::wstring selected = L"getSelection().toString().trim()";
+    const POINT word = OnScreen({40, 28});
+    Click(word, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(selected, L"wonderful"));
+    // Elsewhere, so that it is no triple click; then from the first line over the window's edge.
+    Click(OnScreen({300, 300}));
+    EXPECT_TRUE(Becomes(selected, L""));
+    MoveTo(OnScreen({20, 28}));
+    Mouse({MOUSEEVENTF_LEFTDOWN});
+    for (const LONG x : {40, 200, 480, 560})
+        MoveTo(OnScreen({x, 30}));
+    Mouse({MOUSEEVENTF_LEFTUP});
+    EXPECT_TRUE(Becomes(selected, L"wonderful"));
+    EXPECT_FALSE(GetCapture());
+}
+
+TEST_F(HostedPage, ScrollsByTheWheel) {
+    Open(R"(<div style="width: 3000px; height: 3000px"></div>)");
+    MoveTo(OnScreen({100, 100}));
+    Mouse({MOUSEEVENTF_WHEEL}, static_cast<DWORD>(-2 * WHEEL_DELTA));
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"0 200"));
+    constexpr DWORD kTilt = 0x1000;  // MOUSEEVENTF_HWHEEL
+    Mouse({kTilt}, WHEEL_DELTA);
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 200"));
+}
+
+// The engine throws away what comes while a page's script waits for an answer.
+TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
+    Open(R"(<button id="button">Count</button><input id="field"><script>
+        var own = external.window, clicks = 0;
+        button.onclick = function () { clicks++; own.isVisible(); own.isVisible(); };
+        field.onkeydown = function () { own.isVisible(); own.isVisible(); };
+        setInterval(function () { own.isVisible(); own.isVisible(); }, 15);</script>)");
+    const POINT middle = MiddleOf(L"button");
+    constexpr int kClicks = 60;
+    for (int i = 0; i < kClicks; ++i) {
+        Click(middle);
+        PumpUntil([] { return false; }, std::chrono::milliseconds(i % 7));
+    }
+    EXPECT_TRUE(Becomes(L"clicks", std::to_wstring(kClicks)));
+    Click(MiddleOf(L"field"));
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"field"));
+    const std::wstring text = L"The quick brown fox jumps over the lazy dog";
+    Type(text);
+    EXPECT_TRUE(Becomes(L"field.value", text));
+    EXPECT_EQ(Ask(L"clicks"), std::to_wstring(kClicks)) << "nor sends anything twice";
+}
+
+// A menu or the dragging of a window ends what the page does with a held button.
+TEST_F(HostedPage, EndsADragWhenThePointerIsTakenAway) {
+    Open(R"(<script>logEvents('mousedown', 'mouseup', 'click'); var held;
+        onmousemove = function (event) { held = event.buttons; };</script>)");
+    MoveTo(OnScreen({100, 100}));
+    Mouse({MOUSEEVENTF_LEFTDOWN});
+    MoveTo(OnScreen({120, 100}));
+    EXPECT_TRUE(Becomes(L"held", L"1"));
+    SetCapture(Frame());
+    EXPECT_TRUE(Becomes(L"log[1]", L"mouseup"));
+    Mouse({MOUSEEVENTF_LEFTUP});
+    ReleaseCapture();
+    MoveTo(OnScreen({140, 100}));
+    EXPECT_TRUE(Becomes(L"held", L"0"));
+}
+
+// ---- Clipboard
+
+// Chooses from the menu that comes up, by its letter, and tells where it was.
+class MenuChooser {
+  public:
+    explicit MenuChooser(WORD letter) : thread_([this, letter] { Choose(letter); }) {}
+    ~MenuChooser() { thread_.join(); }
+    bool HasChosen() const { return done_; }
+    const RECT& Place() const { return place_; }
+
+  private:
+    void Choose(WORD letter) {
+        HWND menu = nullptr;
+        for (int tries = 0; tries < 500 && !menu; ++tries) {
+            Sleep(10);
+            menu = FindWindowW(L"#32768", nullptr);
+            if (menu && !IsWindowVisible(menu)) menu = nullptr;
+        }
+        if (!menu) return;
+        GetWindowRect(menu, &place_);
+        INPUT keys[2] = {};
+        keys[0].type = keys[1].type = INPUT_KEYBOARD;
+        keys[0].ki.wVk = keys[1].ki.wVk = letter;
+        keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
+        SendInput(2, keys, sizeof(INPUT));
+        done_ = true;
+    }
+
+    RECT place_ = {};
+    std::atomic<bool> done_ = false;
+    std::thread thread_;
+};
+
+TEST_F(HostedPage, OffersAMenuOnTextFields) {
+    Open(R"(<p id="text" style="height: 60px">Text</p><input id="field" style="margin-left: 150px"><script>
+        logEvents('paste');</script>)");
+    const POINT field = MiddleOf(L"field");
+    SetClipboardText(L"from \u00FCberall");
+    {
+        const MenuChooser paste('P');
+        Click(field, MOUSEEVENTF_RIGHTDOWN);
+        EXPECT_TRUE(PumpUntil([&] { return paste.HasChosen(); }));
+        EXPECT_NEAR(paste.Place().left, field.x, 3);
+        EXPECT_NEAR(paste.Place().top, field.y, 3);
+    }
+    EXPECT_TRUE(Becomes(L"field.value", L"from \u00FCberall"));
+    EXPECT_EQ(Ask(L"log.join()"), L"paste");
+    {
+        const MenuChooser selectAll('A');
+        Click(field, MOUSEEVENTF_RIGHTDOWN);
+        EXPECT_TRUE(PumpUntil([&] { return selectAll.HasChosen(); }));
+    }
+    EXPECT_TRUE(Becomes(L"field.selectionEnd - field.selectionStart", L"12"));
+    SetClipboardText(L"");
+    {
+        const MenuChooser cut('T');
+        Click(field, MOUSEEVENTF_RIGHTDOWN);
+        EXPECT_TRUE(PumpUntil([&] { return cut.HasChosen(); }));
+    }
+    EXPECT_TRUE(Becomes(L"field.value", L""));
+    EXPECT_TRUE(PumpUntil([] { return ClipboardText() == L"from \u00FCberall"; }));
+}
+
+TEST_F(HostedPage, SharesTheSystemsClipboard) {
+    Open(
+        R"(<input id="first" value="some text"><textarea id="second"></textarea><input id="secret" type="password"
+        value="hidden"><button id="copy">Copy</button><script>
+        logEvents('copy', 'cut', 'paste');
+        copy.onclick = function () {
+            addEventListener('copy', function (event) {
+                event.clipboardData.setData('text/plain', 'by the page');
+                event.preventDefault();
+            }, { once: true });
+            document.execCommand('copy');
+        };</script>)");
+    const auto holds = [](const wchar_t* text) { return PumpUntil([=] { return ClipboardText() == text; }); };
+    Click(MiddleOf(L"first"));
+    Press({VK_CONTROL, 'A'});
+    Press({VK_CONTROL, 'C'});
+    EXPECT_TRUE(holds(L"some text"));
+    Press({VK_CONTROL, 'X'});
+    EXPECT_TRUE(Becomes(L"first.value", L""));
+    SetClipboardText(L"two\nlines \u6F22");
+    Click(MiddleOf(L"second"));
+    // Keys that follow at once come after the text.
+    Press({VK_CONTROL, 'V'});
+    Type(L"!");
+    Press({VK_SHIFT, VK_INSERT});
+    EXPECT_TRUE(Becomes(L"second.value", L"two\nlines \u6F22!two\nlines \u6F22"));
+    EXPECT_EQ(Ask(L"log.join()"), L"copy,cut,paste,paste");
+    Click(MiddleOf(L"copy"));
+    EXPECT_TRUE(holds(L"by the page"));
+    Click(MiddleOf(L"secret"));
+    Press({VK_CONTROL, 'A'});
+    Press({VK_CONTROL, 'C'});
+    EXPECT_TRUE(Becomes(L"document.activeElement.selectionEnd", L"6"));
+    EXPECT_TRUE(holds(L"by the page"));
+}
+
+// ---- The pointer
+
+TEST_F(HostedPage, ShapesThePointer) {
+    Open(R"(<a id="link" href="#">A link</a><br><input id="field"><br><span id="words">Words</span>
+        <div id="wait" style="cursor: url(none.png), wait">Busy</div>
+        <div id="none" style="height: 40px"></div>
+        <iframe id="frame" srcdoc="<body style='margin: 0; height: 90px; cursor: crosshair'>" height="100"></iframe>
+        )");
+    const std::pair<const wchar_t*, LPWSTR> kShapes[] = {
+        {L"link", IDC_HAND}, {L"field", IDC_IBEAM}, {L"words", IDC_IBEAM},
+        {L"wait", IDC_WAIT}, {L"none", IDC_ARROW},  {L"frame", IDC_CROSS},
+    };
+    for (const auto& [id, shape] : kShapes) {
+        const HCURSOR expected = LoadCursorW(nullptr, shape);
+        const POINT place = MiddleOf(id);
+        // Faster than the page is asked.
+        for (int step = 5; step >= 0; --step)
+            MoveTo({place.x, place.y - step});
+        EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
+            << Ask(std::wstring(L"'") + id + L"'").c_str();
+    }
+}
+
+TEST_F(HostedPage, KnowsItsPlaceOnTheScreen) {
+    Open(
+        R"(<script>var place; onmousemove = function (event) { place = event.screenX + ' ' + event.screenY; };
+        </script>)");
+    const auto text = [](LONG x, LONG y) { return std::to_wstring(x) + L" " + std::to_wstring(y); };
+    EXPECT_EQ(Ask(L"screen.width + ' ' + screen.height"),
+              text(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
+    for (const POINT corner : {POINT{60, 50}, POINT{237, 91}, POINT{-40, 20}}) {
+        SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        const POINT origin = OnScreen({0, 0});
+        const POINT pointer = OnScreen({200, 100});
+        MoveTo({pointer.x - 1, pointer.y});
+        MoveTo(pointer);
+        EXPECT_TRUE(Becomes(L"place", text(pointer.x, pointer.y)));
+        EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
+    }
+}
+
+// ---- The picture
+
+// Lists of the platform's own kind would not be in it.
+TEST_F(HostedPage, DrawsListsItself) {
+    Open(R"(<style>option { background: rgb(0, 160, 0); height: 30px; }
+        select { appearance: none; width: 150px; height: 30px; }</style>
+        <select id="list"><option>One<option>Two<option>Three</select><script>logEvents('change');</script>)");
+    const POINT list = MiddleOf(L"list");
+    Click(list);
+    const POINT second = {list.x + 50, list.y + 30 + 45 - 15};
+    ASSERT_TRUE(PixelBecomes(second, kGreen));
+    Click(second);
+    EXPECT_TRUE(Becomes(L"list.value + ' ' + log.join()", L"Two change"));
+    Press({VK_DOWN});
+    Press({VK_DOWN});
+    Press({VK_RETURN});
+    EXPECT_TRUE(Becomes(L"list.value", L"Three"));
+}
+
+TEST_F(HostedPage, FollowsTheWindowsSize) {
+    Open(
+        R"(<div style="position: fixed; right: 0; bottom: 0; width: 20px; height: 20px; background: #00a000"></div>)");
+    for (const SIZE size : {SIZE{700, 500}, SIZE{350, 280}, SIZE{640, 300}}) {
+        SetWindowPos(Frame(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+        RECT area = {};
+        GetClientRect(PageWindow(), &area);
+        EXPECT_TRUE(PixelBecomes(OnScreen({area.right - 3, area.bottom - 3}), kGreen));
+        EXPECT_EQ(Ask(L"innerWidth + ' ' + innerHeight"),
+                  std::to_wstring(area.right) + L" " + std::to_wstring(area.bottom));
+    }
+}
+
+TEST_F(HostedPage, IsUpToDateWhenItIsShownAgain) {
+    Open(R"(<div id="box" style="width: 90px; height: 90px; background: #c80000"></div>)");
+    const POINT box = MiddleOf(L"box");
+    for (const bool minimise : {true, false}) {
+        ShowWindow(Frame(), minimise ? SW_MINIMIZE : SW_HIDE);
+        // More frames than anybody makes for a window that is not seen.
+        Ask(L"var turns = 0, timer = setInterval(function () {"
+            L"box.style.background = ++turns % 2 ? 'blue' : 'yellow' }, 5)");
+        EXPECT_TRUE(Becomes(L"turns > 200", L"true"));
+        Ask(L"clearInterval(timer), box.style.background = '#00a000'");
+        ShowWindow(Frame(), minimise ? SW_RESTORE : SW_SHOW);
+        EXPECT_TRUE(PixelBecomes(box, kGreen));
+        Ask(L"box.style.background = '#c80000'");
+        EXPECT_TRUE(PixelBecomes(box, kRed));
+    }
+}
+
+}  // namespace
+}  // namespace tarvik
