@@ -13,6 +13,7 @@
 ((bindingName, coreName) => {
   'use strict';
   const kMethod = {};  // the answer to a read of what must be called; of a look-up, that there is no such name
+  const kFound = {};   // of a look-up, that there is an object of that name
 
   // ---- Calls to the host ----------------------------------------------------------------------------------------------
 
@@ -80,7 +81,7 @@
     const callMember = (id, name, ...values) => exchange('call', id + ',' + name + ',' + encodeAll(values));
 
     const method = (record, name) => {
-      const call = callMember.bind(null, record.id, encodeText(name));
+      const call = callMember.bind(record.proxy, record.id, encodeText(name));
       record.methods.set(name, call);
       record.shape?.set(name, true);
       return call;
@@ -164,8 +165,12 @@
       return typeof member === 'function' || values.length ? apply(member, object, values) : member;
     },
     get: (object, name) => object[name],
-    // A look-up of a name brings its value, which will be asked for next.
-    find: (object, name) => name in object ? object[name] : kMethod,
+    // A look-up of a name brings its value, which will be asked for next, if it is no object.
+    find: (object, name) => {
+      if (!(name in object)) return kMethod;
+      const value = object[name];
+      return typeof value === 'function' || (typeof value === 'object' && value) ? kFound : value;
+    },
     set: (object, name, values) => { object[name] = values[0]; },
     delete: (object, name) => delete object[name],
     keys: (object) => {
@@ -299,7 +304,8 @@
     const run = (task) => {
       try {
         const value = tasks[task.name](task.object, task.member, task.values);
-        return value === kMethod ? '["none"]' : '["value",' + encode(value) + ']';
+        if (value === kMethod) return '["none"]';
+        return value === kFound ? '["found"]' : '["value",' + encode(value) + ']';
       } catch (error) {
         return failure(error, task.quiet);
       }
@@ -320,8 +326,9 @@
       const there = entry?.proxy.deref();
       if (entry) ++entry.count;
       if (there) return there;
-      const record = { __proto__: null, id, methods: newMap(), owner: null, name: '', shape: null };
+      const record = { __proto__: null, id, methods: newMap(), owner: null, name: '', shape: null, proxy: null };
       const proxy = new Proxy(() => {}, handlerFor(record));
+      record.proxy = proxy;  // a method that was taken from it keeps it
       records.set(proxy, record);
       natives.set(id, { proxy: new WeakRef(proxy), count: entry ? entry.count : 1 });
       finalized.register(proxy, id);
@@ -338,7 +345,7 @@
       const target = name === undefined ? '' : '' + name;
       const isFrame = target === '_self' || target === '_top' || target === '_parent' || (target && view.frames[target]);
       if (isFrame) return apply(own, view, [address, name]);
-      exchange('open', encodeText(new URL(address === undefined ? '' : address, view.document.baseURI).href));
+      exchange('open', encodeText(new URL(address === undefined || address === '' ? 'about:blank' : address, view.document.baseURI).href));
       return null;
     };
 
@@ -361,7 +368,14 @@
       });
       define('external', external);
       define('open', makeOpen(view.open, view));
-      define('close', () => binding('["close"]'));
+      if (view === window) define('close', () => binding('["close"]'));
+      // While one of the host's dialogs is open the page can be called; while one of the engine's is, it could not.
+      const ask = (type) => (message, proposal) =>
+        exchange('dialog', type + ',' + encodeText(message === undefined ? '' : '' + message) + ',' +
+            encodeText(proposal === undefined ? '' : '' + proposal));
+      define('alert', ask('"alert"'));
+      define('confirm', ask('"confirm"'));
+      define('prompt', ask('"prompt"'));
       view.addEventListener('contextmenu', onContextMenu, true);
       view.addEventListener('mousedown', onMouseDown, true);
     };

@@ -12,6 +12,9 @@ namespace tarvik {
 
 namespace {
 
+constexpr int kDeepest = 100;
+constexpr HRESULT kOutOfStack = static_cast<HRESULT>(0x800A001C);  // as script engines report it
+
 std::wstring NameIn(const Json& message, size_t place) {
     return Widen(message.at(place).get_ref<const std::string&>());
 }
@@ -31,12 +34,16 @@ void ScriptWorld::Serve(const std::string& operation, const Json& message) {
     waits_ = true;
     if (openCalls_++ == 0) owner_.OnParked(true);
     std::string answer;
-    const HRESULT status = Guard([&] { answer = Answer(operation, message); });
+    const HRESULT status = Guard([&] {
+        // Each level costs more than the one before, on both sides.
+        if (openCalls_ > kDeepest) throw StatusError(kOutOfStack);
+        answer = Answer(operation, message);
+    });
     if (FAILED(status)) answer = FailureFor(message, status, ExceptionInfo().Text(status));
     ++exchanges_;
     --openCalls_;
-    if (!alive_) return;
     if (openCalls_ == 0) owner_.OnParked(false);
+    if (!alive_) return;
     Send(answer, nullptr);
 }
 
@@ -47,7 +54,7 @@ std::string ScriptWorld::Answer(const std::string& operation, const Json& messag
         {"call", &ScriptWorld::OnCall}, {"default", &ScriptWorld::OnDefault},
         {"has", &ScriptWorld::OnHas},   {"delete", &ScriptWorld::OnDelete},
         {"keys", &ScriptWorld::OnKeys}, {"start", &ScriptWorld::OnStart},
-        {"open", &ScriptWorld::OnOpen},
+        {"open", &ScriptWorld::OnOpen}, {"dialog", &ScriptWorld::OnDialog},
     };
     const auto found = kHandlers.find(operation);
     return found == kHandlers.end() ? throw StatusError(E_NOTIMPL) : (this->*found->second)(message);
@@ -122,6 +129,10 @@ std::string ScriptWorld::OnStart(const Json& message) {
     FindNowhere();
     owner_.OnDocumentStart();
     return ValueFor(message);
+}
+
+std::string ScriptWorld::OnDialog(const Json& message) {
+    return ValueFor(message, Write(owner_.OnDialog(message.at(2), NameIn(message, 3), NameIn(message, 4))));
 }
 
 std::string ScriptWorld::OnOpen(const Json& message) {

@@ -12,6 +12,7 @@ namespace tarvik {
 
 namespace {
 
+constexpr ULONGLONG kFresh = 16;  // milliseconds for which a value that a look-up brought is taken
 constexpr HRESULT kErrorReported = static_cast<HRESULT>(0x80020101);  // SCRIPT_E_REPORTED
 
 // Ids stand for names, the same for all objects of the process.
@@ -67,13 +68,14 @@ STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* given, UINT count, LC
 
 HRESULT ScriptObject::FindName(const wchar_t* name, DISPID* id) {
     return Guard([&] {
-        auto outcome = world_->Run({.name = "find", .object = number_, .member = ScriptText(name)});
+        auto outcome = world_->Run(
+            {.name = "find", .object = number_, .member = ScriptText(name), .reportErrors = false});
         if (outcome.kind == ScriptWorld::Outcome::Kind::kNone) return DISP_E_UNKNOWNNAME;
         *id = names.IdOf(name);
         // A getter that throws has a name all the same.
         found_ = {};
         if (outcome.kind == ScriptWorld::Outcome::Kind::kValue)
-            found_ = {*id, world_->Exchanges(), std::move(outcome.value)};
+            found_ = {*id, world_->Exchanges(), GetTickCount64(), std::move(outcome.value)};
         return S_OK;
     });
 }
@@ -97,7 +99,8 @@ STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* par
     return Guard([&]() -> HRESULT {
         Found found = std::exchange(found_, {});
         const bool isRead = !(flags & DISPATCH_METHOD) && (flags & DISPATCH_PROPERTYGET) != 0;
-        if (isRead && id == found.id && found.exchanges == world_->Exchanges() && world_->IsAlive()) {
+        if (isRead && id == found.id && found.exchanges == world_->Exchanges() && world_->IsAlive() &&
+            GetTickCount64() - found.at < kFresh) {
             if (result) found.value.MoveInto(result);
             return S_OK;
         }
@@ -151,7 +154,8 @@ STDMETHODIMP ScriptObject::DeleteMemberByDispID(DISPID id) {
 
 HRESULT ScriptObject::Delete(const std::wstring& name) {
     return Guard([&] {
-        const auto outcome = world_->Run({.name = "delete", .object = number_, .member = ScriptText(name)});
+        const auto outcome = world_->Run(
+            {.name = "delete", .object = number_, .member = ScriptText(name), .reportErrors = false});
         return outcome.value.Is(VT_BOOL) && outcome.value.boolVal ? S_OK : S_FALSE;
     });
 }
@@ -168,7 +172,7 @@ STDMETHODIMP ScriptObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
     if (!out) return E_INVALIDARG;
     return Guard([&] {
         if (id == DISPID_STARTENUM) {
-            const auto outcome = world_->Run({.name = "keys", .object = number_});
+            const auto outcome = world_->Run({.name = "keys", .object = number_, .reportErrors = false});
             walk_.clear();
             std::wstring_view rest = outcome.value.Is(VT_BSTR) ? Bstr::View(outcome.value.bstrVal) : L"";
             while (!rest.empty()) {

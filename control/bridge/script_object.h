@@ -59,6 +59,7 @@ class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
     struct Found {
         DISPID id = DISPID_UNKNOWN;
         unsigned long exchanges = 0;
+        ULONGLONG at = 0;
         Variant value;
     };
 

@@ -125,7 +125,7 @@ void ScriptWorld::Forget(int number) {
     if (!alive_ || number == kWindow) return;
     drops_.emplace_back(number, references);
     // Else they go with the next message, which is not far.
-    if (openCalls_ == 0 && pending_.empty()) SendDrops();
+    if (openCalls_ == 0 && pending_.empty()) Mention(R"("nothing")");
 }
 
 // ---- From host to page
@@ -160,6 +160,8 @@ ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
     Outcome read;
     if (kind == "none") {
         read.kind = Outcome::Kind::kNone;
+    } else if (kind == "found") {
+        read.kind = Outcome::Kind::kFound;
     } else if (kind == "value") {
         read.kind = Outcome::Kind::kValue;
         read.value = ReadValue(outcome.at(1));
@@ -196,8 +198,14 @@ ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
     return std::move(pending->outcome);
 }
 
+// Nothing that a page which waits should wake for.
+void ScriptWorld::Mention(const std::string& arguments) {
+    target_.Post("Runtime.evaluate",
+                 {{"expression", Put(arguments)}, {"contextId", context_}, {"silent", true}});
+}
+
 void ScriptWorld::ListenToMouse() {
-    Send(R"("listen")", nullptr);
+    Mention(R"("listen")");
 }
 
 // Brings the page something. If it waits it is resumed in the same breath; a resume that comes too early is
@@ -215,17 +223,10 @@ void ScriptWorld::Send(const std::string& call, TextHandler onReply) {
         self->Settle();
     };
     target_.Engine().Together([&] {
-        target_.Post(
-            "Runtime.evaluate",
-            {{"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}, {"silent", true}},
-            take);
+        target_.Post("Runtime.evaluate",
+                     {{"expression", Put(call)}, {"contextId", context_}, {"returnByValue", true}}, take);
         if (wakes) GoOn();
     });
-}
-
-void ScriptWorld::SendDrops() {
-    target_.Post("Runtime.evaluate",
-                 {{"expression", Put(R"("nothing")")}, {"contextId", context_}, {"silent", true}});
 }
 
 // An expression that brings the page something, with what native code has dropped since.
@@ -276,7 +277,8 @@ void ScriptWorld::OnResumed() {
 // A page that stands still without waiting for an answer goes on: its own `debugger` statement stopped it, or
 // a resume came too early. One that waits is woken when something was queued for it.
 void ScriptWorld::Settle() {
-    if (!alive_ || !paused_ || resuming_ || answering_ > 0 || (waits_ && !owed_)) return;
+    if (!alive_ || !target_.Engine().IsOpen() || !paused_) return;
+    if (resuming_ || answering_ > 0 || (waits_ && !owed_)) return;
     owed_ = false;
     waits_ = false;
     Resume("Debugger.resume", Json::object());

@@ -27,6 +27,9 @@ class WorldOwner {
     virtual void OnDocumentStart() = 0;  // before the page's first script, which waits
     virtual void OnOpenWindow(const std::wstring& url) = 0;
     virtual void OnCloseWindow() = 0;
+    // "alert", "confirm" or "prompt"; what script gets from it. The page waits.
+    virtual Variant OnDialog(const std::string& type, const std::wstring& message,
+                             const std::wstring& proposal) = 0;
     virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;
     virtual void OnMouseDown() = 0;
     virtual void OnParked(bool parked) = 0;  // the page waits in a native call, or goes on
@@ -72,7 +75,7 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
         bool reportErrors = true;  // an exception is also one of the page, for its error handlers
     };
     struct Outcome {
-        enum class Kind { kValue, kNone, kError } kind = Kind::kError;
+        enum class Kind { kValue, kNone, kFound, kError } kind = Kind::kError;
         Variant value;
         HRESULT number = E_FAIL;  // what script threw
         std::wstring message;
@@ -110,13 +113,14 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     std::string OnKeys(const Json& message);
     std::string OnStart(const Json& message);
     std::string OnOpen(const Json& message);
+    std::string OnDialog(const Json& message);
     std::string GiveBack(const Json& message, HRESULT status, const VARIANT& value, ExceptionInfo& exception);
 
     // Host to page
     Outcome ReadOutcome(const Json& outcome);
     void TakeResult(const Json& message);
     void Send(const std::string& arguments, TextHandler onReply);
-    void SendDrops();
+    void Mention(const std::string& arguments);
     std::string Put(const std::string& arguments);
     void FindNowhere();
     void GoOn();

@@ -84,9 +84,10 @@ void Connection::Send(std::string_view message) {
 void Connection::Together(const std::function<void()>& posts) {
     if (together_) return posts();
     together_.emplace();
-    posts();
+    const HRESULT status = Guard(posts);
     const std::string messages = std::move(*together_);
     together_.reset();
+    ThrowIfFailed(status);
     // The last end is written by the transport.
     if (!messages.empty()) transport_->Write(std::string_view(messages).substr(0, messages.size() - 1));
 }

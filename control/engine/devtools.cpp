@@ -33,6 +33,7 @@ std::shared_ptr<Connection> Start() {
     }
     lastStartError = L"The web engine could not be started:\n" + engine;
     auto connection = std::make_shared<Connection>(prepared.valid() ? prepared.get() : Launch(engine));
+    current = connection;  // who comes while it greets joins in
     connection->Greet();
     lastStartError.clear();
     return connection;

@@ -88,7 +88,9 @@ class PageTarget {
         devtools_->Post(session_, method, std::move(params), std::move(onReply));
     }
     Json Call(std::string_view method, Json params = Json::object(), DWORD timeout = 10000) {
-        return devtools_->Call(session_, method, std::move(params), timeout);
+        // The target, and with it the engine, may go meanwhile.
+        const auto engine = devtools_;
+        return engine->Call(session_, method, std::move(params), timeout);
     }
 
   private:

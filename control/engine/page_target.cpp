@@ -4,8 +4,13 @@ namespace tarvik {
 
 PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move(devtools)) {
     id_ = devtools_->OpenPage();
-    session_ =
-        devtools_->Call("", "Target.attachToTarget", {{"targetId", id_}, {"flatten", true}}).at("sessionId");
+    try {
+        session_ = devtools_->Call("", "Target.attachToTarget", {{"targetId", id_}, {"flatten", true}})
+                       .at("sessionId");
+    } catch (...) {
+        devtools_->ClosePage(id_);
+        throw;
+    }
 }
 
 PageTarget::~PageTarget() {

@@ -20,6 +20,7 @@ std::wstring Quoted(std::wstring_view text) {
     return quoted + L"'";
 }
 
+// One zero byte, an empty message, tells that the FIFOs are open; from then on their end is the engine's.
 // The engine must run as root without its sandbox only there. The guard ends the shell if nobody opens the
 // FIFOs; opening waits for the other side.
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
@@ -28,10 +29,11 @@ std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder)
            L"(trap 'kill $s 2>/dev/null; exit' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) "
            L"</dev/null "
            L">/dev/null 2>&1 & "
-           L"g=$!; exec 4>$d/a 3<$d/b; kill $g; [ $(id -u) = 0 ] && r=--no-sandbox; " +
+           L"g=$!; exec 4>$d/a 3<$d/b; head -c1 /dev/zero >&4; kill $g; [ $(id -u) = 0 ] && "
+           L"r=--no-sandbox; " +
            Quoted(engine) + EngineArguments() +
-           L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; rm -rf "
-           L"$d";
+           L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; "
+           L"{ rm -rf $d || { sleep 1; rm -rf $d; }; } 2>/dev/null";
 }
 
 // One argument of a command line, as programs of Windows quote it.
@@ -76,7 +78,7 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     const std::wstring folder = L"Z:\\tmp\\" + name;
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
     UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
-    // Neither of them waits for the shell to open its ends.
+    // Neither of them waits for the shell to open its ends, and reading finds an end until it has.
     return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), kPatience);
 }
 

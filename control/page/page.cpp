@@ -19,29 +19,47 @@ void Page::Navigate(const std::wstring& address) {
     wanted_ = address;
     if (!target_ && !Connect()) return;
     loading_ = true;
-    target_->Post("Page.navigate", {{"url", EngineAddress(address)}});
+    target_->Post("Page.navigate", {{"url", EngineAddress(wanted_)}});
 }
 
-// Starts the engine, if no other page has, and opens a target in it.
+// Starts the engine, if no other page has, and opens a target in it. Each step waits, and the page may be
+// closed or be sent somewhere else meanwhile.
 bool Page::Connect() {
+    if (std::exchange(connecting_, true)) return false;
     const auto self = shared_from_this();
+    std::unique_ptr<PageTarget> target;
+    std::unique_ptr<ScriptBridge> bridge;
+    const auto requireOpen = [this] {
+        if (!events_) throw StatusError(E_ABORT);
+    };
     try {
-        target_ = std::make_unique<PageTarget>(DevTools::Acquire());
-        target_->Engine().Listen(target_->Session(),
-                                 [weak = weak_from_this()](std::string_view method, const Json& params) {
-                                     if (const auto page = weak.lock()) page->OnEvent(method, params);
-                                 });
-        target_->Post("Page.enable");
-        target_->Post("Inspector.enable");
-        target_->Post("Fetch.enable", {{"patterns", {{{"urlPattern", "*"}, {"resourceType", "Document"}}}}});
-        view_.SetTarget(target_.get());
-        bridge_ = std::make_unique<ScriptBridge>(*target_, *this);
+        target = std::make_unique<PageTarget>(DevTools::Acquire());
+        requireOpen();
+        target->Engine().Listen(target->Session(),
+                                [weak = weak_from_this()](std::string_view method, const Json& params) {
+                                    if (const auto page = weak.lock()) page->OnEvent(method, params);
+                                });
+        target->Post("Page.enable");
+        target->Post("Inspector.enable");
+        target->Post("Fetch.enable",
+                     {{"patterns", Json::array({{{"urlPattern", "*"}, {"resourceType", "Document"}}})}});
+        view_.SetTarget(target.get());
+        requireOpen();
+        bridge = std::make_unique<ScriptBridge>(*target, *this);
+        requireOpen();
+        target_ = std::move(target);
+        bridge_ = std::move(bridge);
         broken_ = false;
+        scriptAllowed_ = true;
     } catch (const std::exception&) {
+        bridge.reset();
+        view_.SetTarget(nullptr);
+        target.reset();
         const std::wstring reason = DevTools::LastStartError();
-        BreakDown(reason.empty() ? L"The page could not be opened." : reason);
+        if (events_) BreakDown(reason.empty() ? L"The page could not be opened." : reason);
     }
-    return !broken_ && events_;
+    connecting_ = false;
+    return target_ != nullptr;
 }
 
 void Page::BreakDown(const std::wstring& notice) {
@@ -51,7 +69,8 @@ void Page::BreakDown(const std::wstring& notice) {
     view_.SetTarget(nullptr);
     view_.SetNotice(notice + kRetry);
     // Only the page would show its window.
-    ShowWindow(GetAncestor(window_, GA_ROOT), SW_SHOWNORMAL);
+    const HWND root = GetAncestor(window_, GA_ROOT);
+    if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
     target_.reset();
 }
 
@@ -98,8 +117,9 @@ void Page::ShowEditMenu(POINT screen) {
     view_.ShowEditMenu(screen);
 }
 
-void Page::DisableScript() {
-    if (target_) target_->Post("Emulation.setScriptExecutionDisabled", {{"value", true}});
+void Page::AllowScript(bool allowed) {
+    if (!target_ || std::exchange(scriptAllowed_, allowed) == allowed) return;
+    target_->Post("Emulation.setScriptExecutionDisabled", {{"value", !allowed}});
 }
 
 bool Page::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {

@@ -60,7 +60,7 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     ComPtr<IDispatch> Globals();
     void ListenToMouse();
     void ShowEditMenu(POINT screen);
-    void DisableScript();
+    void AllowScript(bool allowed);
 
     // The window's messages; true if `result` is the answer.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
@@ -75,6 +75,8 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     void OnContextMenu(POINT screen, IDispatch* element) override {
         Tell(&PageEvents::OnContextMenu, screen, element);
     }
+    Variant OnDialog(const std::string& type, const std::wstring& message,
+                     const std::wstring& proposal) override;
     void OnMouseDown() override { Tell(&PageEvents::OnMouseDown); }
     void OnParked(bool parked) override { view_.SetParked(parked); }
 
@@ -94,7 +96,7 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     void OnNavigatedWithin(const Json& params);
     void OnLoad(const Json& params);
     void OnFrameStopped(const Json& params);
-    void OnDialog(const Json& params);
+    void OnEngineDialog(const Json& params);
     void OnException(const Json& params);
     void OnWindowOpen(const Json& params);
     void OnCrash(const Json& params);
@@ -102,8 +104,8 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
 
     HWND window_;
     PageEvents* events_;  // null once the page is closed
-    PageView view_;
     std::unique_ptr<PageTarget> target_;
+    PageView view_;
     std::unique_ptr<ScriptBridge> bridge_;
     ComPtr<StagedGlobals> staged_ = MakeCom<StagedGlobals>();
     std::wstring location_;
@@ -111,6 +113,8 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     bool started_ = false;  // the document that is there has told its start
     bool loading_ = false;
     bool broken_ = false;
+    bool connecting_ = false;
+    bool scriptAllowed_ = true;
 };
 
 }  // namespace tarvik

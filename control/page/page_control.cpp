@@ -13,6 +13,7 @@ namespace tarvik {
 namespace {
 
 constexpr UINT kReportErrors = WM_APP + 2;
+constexpr size_t kMostErrors = 8;
 
 // CGID_DocHostCommandHandler, which not every SDK's libraries hold.
 constexpr GUID kDocHostCommands = {
@@ -48,6 +49,8 @@ PageControl::PageControl()
       mouse_(MakeCom<ConnectionPoint>(kElementEvents, nullptr)) {}
 
 PageControl::~PageControl() {
+    if (windows_) SetWindowLongPtrW(windows_->Server(), GWLP_USERDATA, 0);
+    if (page_) page_->Close();
     events_->Clear();
 }
 
@@ -66,7 +69,7 @@ bool PageControl::OnBeforeNavigate(const std::wstring& url, bool isTop) {
                            ByReference(&cancel)};
     events_->Fire(DISPID_BEFORENAVIGATE2, arguments);
     if (cancel != VARIANT_FALSE) return false;
-    if (isTop && page_ && !AllowsScript(url)) page_->DisableScript();
+    if (isTop && page_) page_->AllowScript(AllowsScript(url));
     return true;
 }
 
@@ -87,6 +90,7 @@ bool PageControl::AllowsScript(const std::wstring& url) {
 
 // NavigateComplete2(browser, url)
 void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
+    if (isTop) mouse_->Clear();  // connections end with their document
     Variant address = Variant::Text(url);
     Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
     VARIANT arguments[] = {browser, ByReference(&address)};
@@ -95,7 +99,6 @@ void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
 
 // DocumentComplete(browser, url)
 void PageControl::OnDocumentComplete(const std::wstring& url, bool isTop) {
-    complete_ = complete_ || isTop;
     Variant address = Variant::Text(url);
     Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
     VARIANT arguments[] = {browser, ByReference(&address)};
@@ -117,6 +120,7 @@ void PageControl::OnNewWindow(const std::wstring& url) {
 
 // WindowClosing(is child, cancel)
 void PageControl::OnWindowClosing() {
+    const ComPtr<IUnknown> alive(AsUnknown());
     VARIANT_BOOL cancel = VARIANT_FALSE;
     Variant isChild = Variant::Bool(false);
     VARIANT arguments[] = {isChild, ByReference(&cancel)};
@@ -127,7 +131,8 @@ void PageControl::OnWindowClosing() {
 
 // Reported when the message loop comes round: the site may open a dialog, and a page may be waiting now.
 void PageControl::OnScriptError(const ScriptError& error) {
-    if (!windows_) return;
+    // A page that fails all the time would never let a person go.
+    if (!windows_ || errors_.size() >= kMostErrors) return;
     errors_.push_back(error);
     PostMessageW(windows_->Server(), kReportErrors, 0, 0);
 }
@@ -146,12 +151,15 @@ void PageControl::ReportErrors() {
         if (!windows_) break;
         if (FAILED(status))
             goOn = Variant::Bool(AskAboutError(GetAncestor(windows_->Outer(), GA_ROOT), error));
-        if (page_ && goOn.Is(VT_BOOL) && !goOn.boolVal) page_->DisableScript();
+        if (goOn.Is(VT_BOOL) && goOn.boolVal) continue;
+        errors_.clear();
+        if (page_) page_->AllowScript(false);
     }
     reporting_ = false;
 }
 
 void PageControl::OnContextMenu(POINT screen, IDispatch* script) {
+    const ComPtr<IUnknown> alive(AsUnknown());
     const auto handler = Query<IDocHostUIHandler>(site_.Get());
     const auto element = ElementFor(script);
     POINT point = screen;

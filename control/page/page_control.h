@@ -145,7 +145,6 @@ class PageControl
     std::wstring pending_;  // asked for before there was a window
     std::deque<ScriptError> errors_;
     bool reporting_ = false;
-    bool complete_ = false;
     bool registerAsBrowser_ = false;
     SIZEL extent_ = {};
 };

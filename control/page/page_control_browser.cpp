@@ -50,7 +50,6 @@ STDMETHODIMP PageControl::Navigate2(VARIANT* url, VARIANT*, VARIANT*, VARIANT*, 
     return Guard([&]() -> HRESULT {
         Variant address = Variant::Copy(*url);
         if (!address.ChangeType(VT_BSTR)) return E_INVALIDARG;
-        complete_ = false;
         const std::wstring text(Bstr::View(address.bstrVal));
         if (page_)
             page_->Navigate(text);
@@ -104,7 +103,8 @@ STDMETHODIMP PageControl::get_Busy(VARIANT_BOOL* out) {
 
 STDMETHODIMP PageControl::get_ReadyState(READYSTATE* out) {
     if (!out) return E_POINTER;
-    *out = complete_ ? READYSTATE_COMPLETE : page_ ? READYSTATE_LOADING : READYSTATE_UNINITIALIZED;
+    const bool empty = !page_ || (page_->Location().empty() && !page_->IsLoading());
+    *out = empty ? READYSTATE_UNINITIALIZED : page_->IsLoading() ? READYSTATE_LOADING : READYSTATE_COMPLETE;
     return S_OK;
 }
 

@@ -109,6 +109,7 @@ STDMETHODIMP PageControl::InPlaceDeactivate() {
     const ComPtr<IUnknown> alive(AsUnknown());
     if (!windows_) return S_OK;
     UIDeactivate();
+    if (!windows_) return S_OK;
     RevokeDragDrop(windows_->Server());
     mouse_->Clear();
     if (const auto page = page_) page->Close();

@@ -51,14 +51,15 @@ void Page::OnEvent(std::string_view method, const Json& params) {
         {"Page.navigatedWithinDocument", &Page::OnNavigatedWithin},
         {"Page.loadEventFired", &Page::OnLoad},
         {"Page.frameStoppedLoading", &Page::OnFrameStopped},
-        {"Page.javascriptDialogOpening", &Page::OnDialog},
+        {"Page.javascriptDialogOpening", &Page::OnEngineDialog},
         {"Page.windowOpen", &Page::OnWindowOpen},
         {"Runtime.exceptionThrown", &Page::OnException},
         {"Inspector.targetCrashed", &Page::OnCrash},
         {"Inspector.disconnected", &Page::OnEngineEnd},
     };
     view_.OnEvent(method, params);
-    if (!events_ || (bridge_ && bridge_->HandleEvent(method, params))) return;
+    // Before the page is connected there is nothing to hear.
+    if (!events_ || !target_ || (bridge_ && bridge_->HandleEvent(method, params))) return;
     const auto found = kHandlers.find(method);
     if (found != kHandlers.end()) (this->*found->second)(params);
 }
@@ -69,6 +70,7 @@ void Page::OnRequestPaused(const Json& params) {
     // The later stations of a redirected request belong to the navigation that was asked about.
     const bool wanted = params.contains("redirectedRequestId") || events_->OnBeforeNavigate(url, isTop);
     if (!target_) return;
+    loading_ = loading_ && (wanted || !isTop);
     const Json& id = params.at("requestId");
     if (wanted)
         target_->Post("Fetch.continueRequest", {{"requestId", id}});
@@ -78,7 +80,9 @@ void Page::OnRequestPaused(const Json& params) {
 
 void Page::OnFrameNavigated(const Json& params) {
     const Json& frame = params.at("frame");
-    const std::string url = frame.value("url", std::string()) + frame.value("urlFragment", std::string());
+    // A page that could not be opened stands for the address that was asked for.
+    const std::string opened = frame.value("url", std::string()) + frame.value("urlFragment", std::string());
+    const std::string url = frame.value("unreachableUrl", opened);
     const bool isTop = !frame.contains("parentId");
     if (isTop) {
         location_ = HostAddress(url);
@@ -90,8 +94,9 @@ void Page::OnFrameNavigated(const Json& params) {
 }
 
 void Page::OnNavigatedWithin(const Json& params) {
-    if (params.value("frameId", std::string()) == target_->Id())
-        location_ = HostAddress(params.value("url", std::string()));
+    if (params.value("frameId", std::string()) != target_->Id()) return;
+    loading_ = false;
+    location_ = HostAddress(params.value("url", std::string()));
 }
 
 void Page::OnLoad(const Json&) {
@@ -104,11 +109,23 @@ void Page::OnLoad(const Json&) {
 
 void Page::OnFrameStopped(const Json& params) {
     const std::string frame = params.value("frameId", std::string());
-    if (frame != target_->Id()) Tell(&PageEvents::OnDocumentComplete, std::wstring(), false);
+    if (frame == target_->Id())
+        loading_ = false;
+    else
+        Tell(&PageEvents::OnDocumentComplete, std::wstring(), false);
 }
 
-// The page stands still until it is answered, and so must not be called meanwhile.
-void Page::OnDialog(const Json& params) {
+Variant Page::OnDialog(const std::string& type, const std::wstring& message, const std::wstring& proposal) {
+    const ScriptDialogAnswer answer =
+        ShowScriptDialog(GetAncestor(window_, GA_ROOT), {type, message, proposal});
+    if (type == "alert") return Variant();
+    if (type == "confirm") return Variant::Bool(answer.accepted);
+    return answer.accepted ? Variant::Text(answer.text) : Variant::Null();
+}
+
+// A dialog of the engine's own: the page stands still until it is answered, and so must not be called
+// meanwhile.
+void Page::OnEngineDialog(const Json& params) {
     const auto self = shared_from_this();
     const auto world = World();
     if (world) world->SetBlocked(true);

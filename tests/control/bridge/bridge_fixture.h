@@ -54,6 +54,10 @@ class BridgedPage : public WorldOwner {
     void OnDocumentStart() override;
     void OnOpenWindow(const std::wstring& url) override { opened.push_back(url); }
     void OnCloseWindow() override { ++closed; }
+    Variant OnDialog(const std::string& type, const std::wstring&, const std::wstring&) override {
+        dialogs.push_back(type);
+        return Variant::Bool(true);
+    }
     void OnContextMenu(POINT, IDispatch*) override {}
     void OnMouseDown() override {}
     void OnParked(bool parked) override { parkedNow = parked; }
@@ -61,6 +65,7 @@ class BridgedPage : public WorldOwner {
     ComPtr<Desk> desk = MakeCom<Desk>();
     std::function<void()> atStart;
     std::vector<std::wstring> opened;
+    std::vector<std::string> dialogs;
     int closed = 0;
     bool parkedNow = false;
     PageTarget target;
