@@ -77,7 +77,11 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
     UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
     // Neither of them waits for the shell to open its ends.
-    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), kPatience);
+    // The folder goes when the engine has ended.
+    const auto isStarting = [folder, end = GetTickCount64() + kPatience] {
+        return GetTickCount64() < end && GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
+    };
+    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), isStarting);
 }
 
 }  // namespace tarvik
