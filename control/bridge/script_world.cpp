@@ -246,9 +246,9 @@ void ScriptWorld::GoOn() {
 
 void ScriptWorld::Resume(std::string_view method, Json params) {
     resuming_ = true;
-    target_.Post(method, std::move(params), [self = shared_from_this()](const Json* result) {
+    target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
         self->resuming_ = false;
-        if (result) self->paused_ = false;
+        self->paused_ = false;  // it was not if this failed
         self->Settle();
     });
 }

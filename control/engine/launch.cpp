@@ -78,10 +78,10 @@ DWORD Transport::Read(char* buffer, DWORD size) {
     for (;;) {
         DWORD read = 0;
         if (ReadFile(fromEngine_.Get(), buffer, size, &read, nullptr) && read > 0) {
-            patientUntil_ = 0;
+            isStarting_ = nullptr;
             return read;
         }
-        if (GetTickCount64() >= patientUntil_) return 0;
+        if (!isStarting_ || !isStarting_()) return 0;
         Sleep(kPause);
     }
 }

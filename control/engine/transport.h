@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -14,11 +15,11 @@ namespace tarvik {
 // The two pipes to a running engine. Messages end with a NUL. Closing the pipe is what ends the engine.
 class Transport {
   public:
-    // `patience`: for how many milliseconds an end before the first byte only means that nobody writes yet.
-    Transport(UniqueHandle fromEngine, UniqueHandle toEngine, DWORD patience = 0)
+    // `isStarting`: whether an end before the first byte only means that nobody writes yet.
+    Transport(UniqueHandle fromEngine, UniqueHandle toEngine, std::function<bool()> isStarting = nullptr)
         : fromEngine_(std::move(fromEngine)),
           toEngine_(std::move(toEngine)),
-          patientUntil_(GetTickCount64() + patience) {}
+          isStarting_(std::move(isStarting)) {}
     virtual ~Transport() = default;
 
     // Any thread. False when the engine is gone.
@@ -33,7 +34,7 @@ class Transport {
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;
-    ULONGLONG patientUntil_;
+    std::function<bool()> isStarting_;  // empty from the first byte on
     std::mutex writing_;
 };
 

@@ -78,8 +78,12 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     const std::wstring folder = L"Z:\\tmp\\" + name;
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
     UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
-    // Neither of them waits for the shell to open its ends, and reading finds an end until it has.
-    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), kPatience);
+    // Neither of them waits for the shell to open its ends, and reading finds an end until it has. The folder goes
+    // when the engine has ended.
+    const auto isStarting = [folder, end = GetTickCount64() + kPatience] {
+        return GetTickCount64() < end && GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
+    };
+    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), isStarting);
 }
 
 }  // namespace tarvik

@@ -42,15 +42,17 @@ void PageView::SetTarget(PageTarget* target) {
     shown_.reset();
     picture_.Clear();
     if (target) {
-        notice_.clear();
+        SetNotice({});
         shown_ = std::make_shared<Shown>(window_, *target, picture_);
         TellFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
 }
 
+// Readers of the screen find it as the window's text.
 void PageView::SetNotice(const std::wstring& text) {
     notice_ = text;
+    SetWindowTextW(window_, text.c_str());
     InvalidateRect(window_, nullptr, FALSE);
 }
 

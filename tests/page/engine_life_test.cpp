@@ -1,0 +1,184 @@
+// The engine's processes as seen from outside: what the program does without them, and that they end with it.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "tests/page/desk.h"
+#include "tests/page/engine_processes.h"
+#include "tests/page/program.h"
+
+namespace tarvik {
+namespace {
+
+constexpr COLORREF kBlue = RGB(10, 20, 200);
+constexpr DWORD kSoon = 3000;
+
+std::string NoticeIn(HWND window) {
+    wchar_t text[500] = {};
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(Program::PageArea(window), WM_GETTEXT, std::size(text),
+                        reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 1000, &length);
+    return Narrow(text);
+}
+
+class EngineLife : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (!EngineProcesses::CanBeSeen()) GTEST_SKIP() << "the engine's processes are seen under Wine only";
+    }
+
+    void Open(const std::string& script) {
+        program_.Folder().Write(
+            L"work\\resource\\index.html",
+            "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + script + "</script>");
+        program_.Start();
+    }
+
+    // A window that shows its page.
+    HWND OpenShown(const std::string& script = "") {
+        Open("external.window.title = 'Engine'; external.window.show(true);" + script);
+        const HWND window = program_.WindowTitled(L"Engine");
+        EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
+        EXPECT_GT(engine_.Look().size(), 3u);
+        return window;
+    }
+
+    void ExpectNotice(HWND window, const char* text) {
+        EXPECT_TRUE(WaitFor([&] { return NoticeIn(window).find(text) != std::string::npos; }))
+            << NoticeIn(window);
+    }
+
+    // A click starts anew.
+    void ExpectNewStart(HWND window) {
+        EXPECT_TRUE(WaitFor([&] { return ColourAt(Program::PageArea(window), {5, 5}) != kBlue; }));
+        Click(Program::PageArea(window));
+        EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
+        EXPECT_EQ(NoticeIn(window), "");
+    }
+
+    void ExpectNothingLeft() {
+        EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, kSoon)) << engine_.Left();
+    }
+
+    Program program_;
+    EngineProcesses engine_{program_.Mark()};
+};
+
+TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
+    program_.SetVariable(L"TARVIK_BROWSER", L"/nonexistent");
+    Open("external.window.quit(9)");
+    ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    const HWND window = program_.Windows()[0];
+    ExpectNotice(window, "TARVIK_BROWSER");
+    EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
+    // Clicked, it tries again, with the same result.
+    Click(Program::PageArea(window));
+    ExpectNotice(window, "TARVIK_BROWSER");
+    EXPECT_TRUE(program_.IsRunning());
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); }));
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(EngineLife, AProgramThatIsNoEngineIsToldToo) {
+    program_.SetVariable(L"TARVIK_BROWSER", L"/bin/false");
+    Open("external.window.quit(9)");
+    ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    ExpectNotice(program_.Windows()[0], "/bin/false");
+    EXPECT_EQ(program_.Quit(3), 3u);
+    ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, EndsWithTheProgram) {
+    OpenShown();
+    EXPECT_EQ(program_.Quit(3), 3u);
+    ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
+    OpenShown("createWindow({url: 'index.html', context: {}});");
+    program_.Kill();
+    ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, EndsWithAProgramThatIsKilledInACall) {
+    OpenShown("console.log('calls'); for (;;) external.window.title;");
+    ASSERT_TRUE(program_.WaitForLine("calls"));
+    program_.Kill();
+    ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, AKilledEngineIsToldAndStartsAgain) {
+    const HWND window = OpenShown();
+    engine_.Kill("--user-data-dir=/tmp/");
+    ExpectNotice(window, "web engine has stopped");
+    ExpectNewStart(window);
+    EXPECT_EQ(program_.Quit(3), 3u);
+    ExpectNothingLeft();
+}
+
+// Whatever it is doing.
+TEST_F(EngineLife, AKilledEngineEndsCalls) {
+    const HWND window = OpenShown(
+        "if (typeof windowContext === 'undefined') {"
+        "var me = { wait: function () { for (;;) external.window.title; } };"
+        "createWindow({url: 'index.html', context: me});"
+        "me.wait(); } else { console.log('second'); windowContext.wait(); }");
+    ASSERT_TRUE(program_.WaitForLine("second"));
+    engine_.Kill("--user-data-dir=/tmp/");
+    for (const HWND each : program_.Windows())
+        ExpectNotice(each, "web engine has stopped");
+    EXPECT_EQ(program_.Windows().size(), 2u);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    EXPECT_EQ(program_.Quit(3), 3u);
+    ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, AKilledEngineTakesItsDialogAlong) {
+    Open("external.window.title = 'Engine'; external.window.show(true); _alert('stop');");
+    ASSERT_TRUE(program_.Dialog());
+    engine_.Kill("--user-data-dir=/tmp/");
+    const HWND window = program_.WindowTitled(L"Engine");
+    ExpectNotice(window, "web engine has stopped");
+    EXPECT_TRUE(program_.IsRunning());
+    PostMessageW(program_.Dialog(), WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(EngineLife, AKilledPageIsToldAndStartsAgain) {
+    const HWND window = OpenShown();
+    engine_.Kill("--type=renderer");
+    ExpectNotice(window, "page has stopped");
+    ExpectNewStart(window);
+    EXPECT_EQ(program_.Quit(3), 3u);
+    ExpectNothingLeft();
+}
+
+// A page that computes for ever does not go on behind a window that was closed.
+TEST_F(EngineLife, AClosedPageEnds) {
+    program_.Folder().Write(L"work\\resource\\loop.html",
+                            "<!doctype html><script>console.log('loop'); for (;;);</script>");
+    const HWND window = OpenShown(
+        "var child = null; setInterval(function () { var title = external.window.title;"
+        "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
+        "if (title === 'close') child.close(); }, 50);");
+    const auto renderers = [&] {
+        return std::ranges::count_if(engine_.Look(), [](const auto& process) {
+            return process.command.find("--type=renderer") != std::string::npos;
+        });
+    };
+    // One of them waits for the next page, which then gets a successor.
+    const auto before = renderers();
+    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"open"));
+    ASSERT_TRUE(program_.WaitForLine("loop"));
+    EXPECT_TRUE(WaitFor([&] { return renderers() > before; }));
+    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"close"));
+    EXPECT_TRUE(WaitFor([&] { return renderers() <= before; })) << before << " -> " << renderers();
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+}  // namespace
+}  // namespace tarvik

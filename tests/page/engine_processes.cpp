@@ -1,0 +1,129 @@
+#include "tests/page/engine_processes.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "base/owners.h"
+#include "base/text.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Process = EngineProcesses::Process;
+
+constexpr const wchar_t* kProcesses = L"Z:\\proc\\";
+
+// Empty for a process that has gone meanwhile.
+std::string Read(int id, const wchar_t* file) {
+    std::ifstream stream(fs::path(kProcesses) / std::to_wstring(id) / file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+// "id (name) state parent ..."; the name may hold anything. A process that has ended and was not waited for
+// yet is gone.
+bool ReadState(Process& process) {
+    const std::string state = Read(process.id, L"stat");
+    const size_t end = state.rfind(')');
+    if (end == std::string::npos) return false;
+    constexpr size_t kParent = 1, kStart = 19;
+    std::istringstream rest(state.substr(end + 1));
+    const std::vector<std::string> fields(std::istream_iterator<std::string>(rest), {});
+    if (fields.size() <= kStart || fields[0] == "Z" || fields[0] == "X") return false;
+    process.parent = std::stoi(fields[kParent]);
+    process.start = fields[kStart];
+    process.command = Read(process.id, L"cmdline");
+    std::ranges::replace(process.command, '\0', ' ');
+    return true;
+}
+
+std::vector<Process> AllProcesses() {
+    std::vector<Process> all;
+    WIN32_FIND_DATAW entry = {};
+    const UniqueFind search(FindFirstFileW((std::wstring(kProcesses) + L"*").c_str(), &entry));
+    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &entry)) {
+        Process process = {_wtoi(entry.cFileName), 0, {}, {}};
+        if (process.id > 0 && ReadState(process)) all.push_back(std::move(process));
+    }
+    return all;
+}
+
+// Of "... --user-data-dir=/tmp/folder/p ...".
+std::wstring FolderIn(const std::string& command) {
+    constexpr std::string_view kOption = "--user-data-dir=";
+    const size_t start = command.find(kOption);
+    if (start == std::string::npos) return {};
+    const std::string profile = command.substr(start + kOption.size());
+    std::wstring folder = L"Z:" + Widen(profile.substr(0, profile.find("/p ")));
+    std::ranges::replace(folder, L'/', L'\\');
+    return folder;
+}
+
+}  // namespace
+
+bool EngineProcesses::CanBeSeen() {
+    return FileExists(L"Z:\\proc\\self\\stat");
+}
+
+bool EngineProcesses::BelongsToRun(const Process& process) const {
+    // The program itself carries the mark as well; so do Wine's own processes that it may have started.
+    const bool isProgram = process.command.find(".exe") != std::string::npos;
+    return !isProgram &&
+           Read(process.id, L"environ").find("TARVIK_TEST_RUN=" + mark_ + '\0') != std::string::npos;
+}
+
+std::vector<Process> EngineProcesses::Look() {
+    std::vector<Process> own;
+    std::set<int> ids;
+    std::vector<Process> others = AllProcesses();
+    // What the engine makes by splitting itself may have lost its environment, but has its parent.
+    for (bool found = true; found;) {
+        found = false;
+        std::erase_if(others, [&](const Process& process) {
+            if (!ids.contains(process.parent) && !BelongsToRun(process)) return false;
+            ids.insert(process.id);
+            own.push_back(process);
+            return found = true;
+        });
+    }
+    for (const Process& process : own) {
+        seen_.emplace(process.id, process.start);
+        if (const std::wstring folder = FolderIn(process.command); !folder.empty()) folders_.insert(folder);
+    }
+    return own;
+}
+
+std::string EngineProcesses::Left() {
+    Look();
+    std::string left;
+    for (const Process& process : AllProcesses()) {
+        if (seen_.contains({process.id, process.start})) left += process.command.substr(0, 200) + "\n";
+    }
+    for (const std::wstring& folder : folders_) {
+        if (FileExists(folder)) left += Narrow(folder) + "\n";
+    }
+    return left;
+}
+
+void EngineProcesses::Kill(const std::string& text) {
+    std::wstring line = L"Z:\\bin\\sh -c \"kill -KILL";
+    for (const Process& process : Look()) {
+        if (process.command.find(text) != std::string::npos) line += L" " + std::to_wstring(process.id);
+    }
+    line += L"\"";
+    STARTUPINFOW startup = {sizeof startup};
+    PROCESS_INFORMATION information = {};
+    CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                   &information);
+    CloseHandle(information.hProcess);
+    CloseHandle(information.hThread);
+}
+
+}  // namespace tarvik
