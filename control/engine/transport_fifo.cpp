@@ -20,7 +20,8 @@ std::wstring Quoted(std::wstring_view text) {
     return quoted + L"'";
 }
 
-// The engine must run as root without its sandbox only there. The guard ends the shell if nobody opens the
+// The engine must run as root without its sandbox only there, and must not warn of it in its window, which
+// would move the page. The guard ends the shell if nobody opens the
 // FIFOs; opening waits for the other side.
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
@@ -28,7 +29,7 @@ std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder)
            L"(trap 'kill $s 2>/dev/null; exit' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) "
            L"</dev/null "
            L">/dev/null 2>&1 & "
-           L"g=$!; exec 4>$d/a 3<$d/b; kill $g; [ $(id -u) = 0 ] && r=--no-sandbox; " +
+           L"g=$!; exec 4>$d/a 3<$d/b; kill $g; [ $(id -u) = 0 ] && r='--no-sandbox --test-type'; " +
            Quoted(engine) + EngineArguments() +
            L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; rm -rf "
            L"$d";
