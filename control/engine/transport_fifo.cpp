@@ -20,9 +20,9 @@ std::wstring Quoted(std::wstring_view text) {
     return quoted + L"'";
 }
 
-// One zero byte, an empty message, tells that the FIFOs are open; from then on their end is the engine's.
-// The engine must run as root without its sandbox only there. The guard ends the shell if nobody opens the
-// FIFOs; opening waits for the other side.
+// One zero byte, an empty message, tells that the FIFOs are open; from then on their end is the engine's. The
+// engine must run as root without its sandbox only there, and must not warn of it in its window, which would
+// move the page. The guard ends the shell if nobody opens the FIFOs; opening waits for the other side.
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
            L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
@@ -30,7 +30,7 @@ std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder)
            L"</dev/null "
            L">/dev/null 2>&1 & "
            L"g=$!; exec 4>$d/a 3<$d/b; head -c1 /dev/zero >&4; kill $g; [ $(id -u) = 0 ] && "
-           L"r=--no-sandbox; " +
+           L"r='--no-sandbox --test-type'; " +
            Quoted(engine) + EngineArguments() +
            L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; "
            L"{ rm -rf $d || { sleep 1; rm -rf $d; }; } 2>/dev/null";
@@ -78,8 +78,8 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     const std::wstring folder = L"Z:\\tmp\\" + name;
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);
     UniqueHandle toEngine = OpenWhenThere(folder + L"\\b", GENERIC_WRITE);
-    // Neither of them waits for the shell to open its ends, and reading finds an end until it has. The folder goes
-    // when the engine has ended.
+    // Neither of them waits for the shell to open its ends, and reading finds an end until it has. The folder
+    // goes when the engine has ended.
     const auto isStarting = [folder, end = GetTickCount64() + kPatience] {
         return GetTickCount64() < end && GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
     };

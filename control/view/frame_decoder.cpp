@@ -5,7 +5,6 @@
 #include <wincodec.h>
 #include <wincrypt.h>
 
-#include <chrono>
 #include <utility>
 
 #include "base/com_ptr.h"
@@ -100,15 +99,12 @@ void FrameDecoder::Work() {
                 std::swap(text, waiting_);
                 has_ = false;
             }
-            const auto start = std::chrono::steady_clock::now();
             // A frame that cannot be read is passed over: the next one is on its way.
             const HRESULT status = Guard([&] {
                 if (!DecodeBase64(text, bytes)) throw StatusError(E_FAIL);
                 reader.Read(bytes, frame.pixels);
             });
-            const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
             frame.bytes = bytes.size();
-            frame.milliseconds = taken.count();
             if (SUCCEEDED(status)) handler_(frame);
         }
     });

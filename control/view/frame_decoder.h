@@ -19,8 +19,7 @@ class FrameDecoder {
   public:
     struct Frame {
         Picture::Pixels pixels;
-        size_t bytes = 0;         // of the encoded picture
-        double milliseconds = 0;  // that decoding took
+        size_t bytes = 0;  // of the encoded picture
     };
     // Called on the decoder's thread, with a frame that the callee may take from.
     using Handler = std::function<void(Frame& frame)>;

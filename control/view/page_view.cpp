@@ -139,6 +139,8 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
             if (wParam == Screencast::kTimer) shown.screencast.OnTimer();
             return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
         case WM_SIZE:
+            shown.screencast.ExpectChange();
+            [[fallthrough]];
         case WM_MOVE:
             shown.placement.Update();
             return false;

@@ -41,9 +41,9 @@ void Picture::Clear() {
     Replace(none);
 }
 
-bool Picture::IsEmpty() const {
+SIZE Picture::Size() const {
     const std::lock_guard lock(lock_);
-    return pixels_.colours.empty();
+    return {pixels_.width, pixels_.height};
 }
 
 void Picture::Paint(HDC target, const RECT& area) const {

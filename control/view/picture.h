@@ -21,7 +21,7 @@ class Picture {
     // Swaps the new frame in; the old one's memory comes back in its place.
     void Replace(Pixels& pixels);
     void Clear();
-    bool IsEmpty() const;
+    SIZE Size() const;  // nothing before the first frame
 
     // Paints the frame without scaling. Where it does not reach, as while a window grows, its last colour
     // goes on.

@@ -1,16 +1,21 @@
 #include "control/view/screencast.h"
 
+#include <algorithm>
+
 namespace tarvik {
 
 namespace {
 
-// PNG loses nothing and is cheap for plain pages; pictures that fill a window are dear in it. Measured.
-constexpr double kSlowMilliseconds = 30;
-constexpr double kLargeBytes = 400 * 1024;
+// PNG loses nothing and is cheap for plain pages. Pictures that fill a window are dear in it. Measured.
+constexpr double kDearBytes = 0.5;   // a pixel
 constexpr double kLivelyFrames = 5;  // a second
-constexpr ULONGLONG kMoment = 1000;  // milliseconds
-constexpr UINT kCalm = 300;
 constexpr int kJpegQuality = 80;
+
+// Milliseconds
+constexpr ULONGLONG kMoment = 1000;
+constexpr ULONGLONG kHurry = 100;
+constexpr UINT kCalm = 150;
+constexpr UINT kLongestDelay = 5000;
 
 // So many frames a page gets that is not shown yet, so that its picture is there when it is.
 constexpr int kUnseenFrames = 60;
@@ -27,21 +32,26 @@ Screencast::Screencast(HWND window, PageTarget& target, Picture& picture)
       picture_(picture),
       decoder_([this](FrameDecoder::Frame& frame) { OnDecoded(frame); }) {
     target_.Engine().ListenToFrames(target_.Session(),
-                                    [this](std::string_view text) { decoder_.Submit(text); });
+                                    [this](std::string_view base64) { OnArrived(base64); });
     Start();
 }
 
 Screencast::~Screencast() {
     target_.Engine().ListenToFrames(target_.Session(), nullptr);
-    KillTimer(window_, kTimer);
     Stop();
+}
+
+void Screencast::OnArrived(std::string_view base64) {
+    const ULONGLONG now = GetTickCount64();
+    if (now - arrived_ < kHurry) hurried_ = true;
+    arrived_ = now;
+    decoder_.Submit(base64);
 }
 
 void Screencast::OnDecoded(FrameDecoder::Frame& frame) {
     picture_.Replace(frame.pixels);
     ++frames_;
     bytes_ += static_cast<long long>(frame.bytes);
-    microseconds_ += static_cast<long long>(frame.milliseconds * 1000);
     if (!posted_.exchange(true) && !PostMessageW(window_, kFrameMessage, 0, 0)) posted_ = false;
 }
 
@@ -50,11 +60,30 @@ void Screencast::Start() {
     if (format_ == Format::kJpeg) parameters["quality"] = kJpegQuality;
     target_.Post("Page.startScreencast", std::move(parameters));
     running_ = true;
+    SetDelay(std::max(delay_, kCalm));
 }
 
 void Screencast::Stop() {
     if (running_) target_.Post("Page.stopScreencast");
     running_ = false;
+    SetDelay(0);
+}
+
+void Screencast::Restart(Format format) {
+    const UINT delay = delay_;
+    format_ = format;
+    Stop();
+    delay_ = delay;
+    Start();
+}
+
+void Screencast::SetDelay(UINT milliseconds) {
+    delay_ = milliseconds;
+    if (delay_) {
+        SetTimer(window_, kTimer, delay_, nullptr);
+    } else {
+        KillTimer(window_, kTimer);
+    }
 }
 
 void Screencast::Want() {
@@ -62,8 +91,14 @@ void Screencast::Want() {
     if (!running_) Start();
 }
 
+void Screencast::ExpectChange() {
+    if (running_) SetDelay(kCalm);
+}
+
 void Screencast::OnFrame() {
     posted_ = false;
+    if (!running_) return;
+    SetDelay(IsSettled() ? 0 : kCalm);
     if (!IsSeen(window_)) {
         if (++unseen_ > kUnseenFrames) Stop();
         return;
@@ -71,35 +106,36 @@ void Screencast::OnFrame() {
     InvalidateRect(window_, nullptr, FALSE);
     // Frames come faster than a busy thread has idle moments, in which paints are made.
     UpdateWindow(window_);
-    if (format_ == Format::kJpeg) SetTimer(window_, kTimer, kCalm, nullptr);
     ChooseFormat();
 }
 
-// No frame for a while: what stands still is seen without loss.
+// Whether the picture is what the page looks like, unless it changes again.
+bool Screencast::IsSettled() {
+    RECT area = {};
+    GetClientRect(window_, &area);
+    const SIZE size = picture_.Size();
+    const bool fits = IsRectEmpty(&area) || (size.cx == area.right && size.cy == area.bottom);
+    return !hurried_.exchange(false) && fits && format_ == Format::kPng;
+}
+
+// A page that gives no frame now has its reasons; it is asked less and less.
 void Screencast::OnTimer() {
-    KillTimer(window_, kTimer);
-    Use(Format::kPng);
+    delay_ = std::min(delay_ * 2, kLongestDelay);
+    Restart(Format::kPng);
 }
 
 void Screencast::ChooseFormat() {
     const ULONGLONG now = GetTickCount64();
     if (now - since_ < kMoment) return;
-    const int frames = frames_.exchange(0);
-    const double bytes = static_cast<double>(bytes_.exchange(0));
-    const double milliseconds = static_cast<double>(microseconds_.exchange(0)) / 1000;
     const double seconds = static_cast<double>(now - since_) / 1000;
     const bool first = since_ == 0;
+    const int frames = frames_.exchange(0);
+    const double bytes = static_cast<double>(bytes_.exchange(0));
     since_ = now;
-    if (first || frames / seconds < kLivelyFrames) return;
-    if (milliseconds / frames > kSlowMilliseconds || bytes / frames > kLargeBytes) Use(Format::kJpeg);
-}
-
-void Screencast::Use(Format format) {
-    if (format == format_) return;
-    format_ = format;
-    if (!running_) return;
-    Stop();
-    Start();
+    const SIZE size = picture_.Size();
+    const double dear = kDearBytes * size.cx * size.cy;
+    const bool lively = !first && frames / seconds >= kLivelyFrames;
+    if (format_ == Format::kPng && lively && bytes / frames > dear) Restart(Format::kJpeg);
 }
 
 }  // namespace tarvik

@@ -13,6 +13,9 @@ namespace tarvik {
 // Keeps a picture of a target up to date, and paints a window when it has changed. Frames cost time even when
 // nobody sees them: it stops when the window cannot be seen and they keep coming, and goes on when the window
 // is painted.
+//
+// The engine leaves frames out when they come quickly or while a page changes its size, also the last one. So
+// once a page is calm after such a time, it is asked for its picture again.
 class Screencast {
   public:
     Screencast(HWND window, PageTarget& target, Picture& picture);
@@ -22,6 +25,8 @@ class Screencast {
 
     // The window is being painted: frames are wanted.
     void Want();
+    // The page is getting another size.
+    void ExpectChange();
 
     // A frame has arrived, on the window's thread. The view posts this message to its window on the way.
     void OnFrame();
@@ -33,10 +38,13 @@ class Screencast {
   private:
     enum class Format { kPng, kJpeg };
 
+    void OnArrived(std::string_view base64);     // on the reader's thread
     void OnDecoded(FrameDecoder::Frame& frame);  // on the decoder's thread
     void Start();
     void Stop();
-    void Use(Format format);
+    void Restart(Format format);
+    void SetDelay(UINT milliseconds);
+    bool IsSettled();
     void ChooseFormat();
 
     HWND window_;
@@ -45,12 +53,14 @@ class Screencast {
     bool running_ = false;
     int unseen_ = 0;  // frames since the window was seen
     Format format_ = Format::kPng;
+    UINT delay_ = 0;                    // until the picture is asked for again; 0: it is the page's
+    ULONGLONG arrived_ = 0;             // when the last frame did, on the reader's thread
+    std::atomic<bool> hurried_{false};  // two came shortly one after the other
+    std::atomic<bool> posted_{false};
 
-    // What the frames of the last moment cost, from the decoder's thread.
+    // The frames of the last moment, and what they took.
     std::atomic<int> frames_{0};
     std::atomic<long long> bytes_{0};
-    std::atomic<long long> microseconds_{0};
-    std::atomic<bool> posted_{false};
     ULONGLONG since_ = 0;
     FrameDecoder decoder_;
 };

@@ -31,7 +31,7 @@
   }
   if (!core) return;
 
-  const { addEventListener } = EventTarget.prototype;
+  const { addEventListener, removeEventListener } = EventTarget.prototype;
   const { apply } = Reflect;
   const { random } = Math;
   const text = String;
@@ -53,29 +53,29 @@
     return text(getSelection());
   };
 
-  // The host fills the engine's clipboard by a copy that is not the page's.
-  const onCopyFirst = (event) => {
-    if (core.brought === undefined) return;
+  // The page's own listeners may have put something else there.
+  const afterCopy = (event) => {
+    const copied = event.defaultPrevented ? event.clipboardData.getData('text/plain') : selectedText();
+    if (copied) post(copied);
+  };
+
+  const onCopy = (event) => {
+    if (core.brought === undefined) {
+      apply(removeEventListener, window, [event.type, afterCopy]);
+      apply(addEventListener, window, [event.type, afterCopy]);  // behind all others
+      return;
+    }
+    // The host fills the engine's clipboard by a copy that is not the page's.
     event.clipboardData.setData('text/plain', core.brought);
     event.preventDefault();
     event.stopImmediatePropagation();
   };
 
-  // After the page's own listeners, which may have put something else there.
-  const onCopyLast = (event) => {
-    const copied = event.defaultPrevented ? event.clipboardData.getData('text/plain') : selectedText();
-    if (copied) post(copied);
-  };
-
   // Listeners that are there already stay single; document.open() drops them all.
   const listen = () => {
-    const add = (type, listener, early) => apply(addEventListener, window, [type, listener, early]);
     for (const type of ['pointerdown', 'mousedown', 'pointerup', 'mouseup', 'keydown', 'keyup', 'keypress'])
-      add(type, onInput, true);
-    for (const type of ['copy', 'cut']) {
-      add(type, onCopyFirst, true);
-      add(type, onCopyLast, false);
-    }
+      apply(addEventListener, window, [type, onInput, true]);
+    for (const type of ['copy', 'cut']) apply(addEventListener, window, [type, onCopy, true]);
   };
   listen();
   if (!isTop) return;

@@ -29,7 +29,7 @@ constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Pag
       addEventListener(arguments[i], function (event) { log.push(event.type); }, true);
   }
 </script>
-<div id="ready" style="position: fixed; right: 0; bottom: 0; width: 8px; height: 8px; background: #0180fe"></div>
+<div style="position: fixed; left: 0; top: 0; width: 4px; height: 4px; background: #0180fe"></div>
 )";
 constexpr COLORREF kReady = RGB(1, 128, 254);
 constexpr RECT kArea = {60, 50, 560, 450};
@@ -82,7 +82,7 @@ void HostedPage::Open(const std::string& html) {
     SetForegroundWindow(frame_);
     for (HWND child = frame_; child; child = GetWindow(child, GW_CHILD))
         page_ = child;
-    ASSERT_TRUE(PixelBecomes({kArea.right - 4, kArea.bottom - 4}, kReady));
+    ASSERT_TRUE(PixelBecomes(OnScreen({2, 2}), kReady));
     ASSERT_TRUE(Becomes(L"document.readyState", L"complete"));
 }
 

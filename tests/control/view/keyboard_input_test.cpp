@@ -109,8 +109,8 @@ class KeyMessages : public QueuedInput {
     // What a message sends to a page that sees everything; null if that is nothing.
     Json Send(UINT message, WPARAM wParam, LPARAM lParam = 1) {
         keyboard.HandleMessage(message, wParam, lParam);
-        if (!std::exchange(begun_, !engine->commands.empty()) && begun_) Begin();
         if (engine->commands.empty()) return nullptr;
+        if (!std::exchange(begun_, true)) Begin();
         Json parameters = engine->commands.front().parameters;
         engine->Answer();
         Seen(++count_);

@@ -59,10 +59,11 @@ Picture::Pixels Frame(int width, int height) {
 TEST(Picture, CoversWindowsOfAnySizeWithoutScaling) {
     constexpr int kWidth = 12, kHeight = 9;
     Picture picture;
-    EXPECT_TRUE(picture.IsEmpty());
+    EXPECT_EQ(picture.Size().cx, 0);
     Picture::Pixels frame = Frame(kWidth, kHeight);
     picture.Replace(frame);
-    EXPECT_FALSE(picture.IsEmpty());
+    EXPECT_EQ(picture.Size().cx, kWidth);
+    EXPECT_EQ(picture.Size().cy, kHeight);
     for (const SIZE size : {SIZE{12, 9}, SIZE{20, 15}, SIZE{20, 5}, SIZE{5, 15}, SIZE{5, 4}, SIZE{1, 1}}) {
         SCOPED_TRACE(testing::Message() << size.cx << " x " << size.cy);
         const Canvas canvas(size.cx, size.cy);
