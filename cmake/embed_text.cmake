@@ -1,7 +1,11 @@
-# cmake -DINPUT=a.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: a text file as the constant tarvik::kText, without
-# its comment lines and indentation.
-file(READ ${INPUT} TEXT)
-string(REGEX REPLACE "\n *//[^\n]*" "" TEXT "\n${TEXT}")
+# cmake -DINPUTS=a.js,b.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: text files, one after the other, as the
+# constant tarvik::kText, without their comment lines and indentation.
+string(REPLACE "," ";" INPUTS "${INPUTS}")
+foreach(INPUT ${INPUTS})
+  file(READ ${INPUT} PART)
+  string(APPEND TEXT "\n${PART}")
+endforeach()
+string(REGEX REPLACE "\n *//[^\n]*" "" TEXT "${TEXT}")
 string(REGEX REPLACE "\n[ \n]*" "\n" TEXT "${TEXT}")
 string(HEX "${TEXT}" HEX)
 string(REGEX REPLACE "(..)" "0x\\1," BYTES "${HEX}")

@@ -19,6 +19,17 @@ function(tarvik_library NAME)
   set_property(GLOBAL APPEND PROPERTY TARVIK_LIBRARIES ${NAME})
 endfunction()
 
+# tarvik_embed_text(OUTPUT CONSTANT FILE...): makes a source file of the files' text.
+function(tarvik_embed_text OUTPUT CONSTANT)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE FILES)
+  list(JOIN FILES "," INPUTS)
+  set(SCRIPT ${CMAKE_SOURCE_DIR}/cmake/embed_text.cmake)
+  add_custom_command(
+    OUTPUT ${OUTPUT}
+    COMMAND ${CMAKE_COMMAND} -DINPUTS=${INPUTS} -DOUTPUT=${OUTPUT} -DNAME=${CONSTANT} -P ${SCRIPT}
+    DEPENDS ${FILES} ${SCRIPT})
+endfunction()
+
 # tarvik_plugin(NAME SOURCES ... USES ...): a built-in plug-in. It is an object library, because nothing refers
 # to a plug-in by name: its static initialiser registers it, and a linker takes no such file from an archive.
 function(tarvik_plugin NAME)

@@ -52,4 +52,10 @@ bool IsUnreachable(HRESULT status) {
            status == RPC_E_CALL_REJECTED || status == CO_E_OBJNOTCONNECTED;
 }
 
+bool IsRefusal(HRESULT status) {
+    return status == DISP_E_MEMBERNOTFOUND || status == DISP_E_BADPARAMCOUNT ||
+           status == DISP_E_PARAMNOTOPTIONAL || status == DISP_E_PARAMNOTFOUND ||
+           status == DISP_E_TYPEMISMATCH || status == E_NOTIMPL;
+}
+
 }  // namespace tarvik

@@ -23,4 +23,7 @@ class ExceptionInfo : public EXCEPINFO {
 // Whether the other side of a call has gone or cannot take it now, as opposed to having refused it.
 bool IsUnreachable(HRESULT status);
 
+// Whether a status is how objects answer the read of a member that can only be called.
+bool IsRefusal(HRESULT status);
+
 }  // namespace tarvik

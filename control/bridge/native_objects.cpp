@@ -69,6 +69,14 @@ IUnknown* NativeObjects::Object(int number) const {
     return found->second.dispatch ? found->second.dispatch.Get() : found->second.identity.Get();
 }
 
+bool NativeObjects::IsCallable(int number) const {
+    const auto extensible = Query<IDispatchEx>(Dispatch(number).Get());
+    DWORD properties = 0;
+    return !extensible ||
+           (extensible->GetMemberProperties(DISPID_VALUE, fdexPropCanCall, &properties) == S_OK &&
+            (properties & fdexPropCanCall) != 0);
+}
+
 ComPtr<IDispatch> NativeObjects::Dispatch(int number) const {
     const auto found = entries_.find(number);
     return found == entries_.end() ? nullptr : found->second.dispatch;

@@ -31,6 +31,8 @@ class NativeObjects {
     void Clear();
 
     IUnknown* Object(int number) const;
+    // Data is an object to script; whatever else may be a function too, and script can try.
+    bool IsCallable(int number) const;
 
     // What script does with an object. Statuses are those of the object; DISP_E_UNKNOWNNAME from it for a
     // name that it does not have. `exception` receives what a failed object tells about it.

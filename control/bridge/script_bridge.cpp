@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-extern const std::string_view kBridgeScript;  // bridge.js
+extern const std::string_view kBridgeScript;  // the files of page_end
 
 namespace {
 
@@ -27,7 +27,8 @@ ScriptBridge::ScriptBridge(PageTarget& target, WorldOwner& owner)
     target_.Post("Runtime.addBinding", {{"name", binding_}});
     // A navigation that overtakes one of these loses it.
     target_.Call("Page.addScriptToEvaluateOnNewDocument",
-                 {{"source", std::string(kBridgeScript) + "('" + binding_ + "', '" + core_ + "')"}});
+                 {{"source", "((bindingName, coreName) => { 'use strict';" + std::string(kBridgeScript) +
+                                 "})('" + binding_ + "', '" + core_ + "')"}});
 }
 
 ScriptBridge::~ScriptBridge() {

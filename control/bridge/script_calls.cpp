@@ -15,10 +15,6 @@ namespace {
 constexpr int kDeepest = 100;
 constexpr HRESULT kOutOfStack = static_cast<HRESULT>(0x800A001C);  // as script engines report it
 
-std::wstring NameIn(const Json& message, size_t place) {
-    return Widen(message.at(place).get_ref<const std::string&>());
-}
-
 std::string ValueFor(const Json& message, const std::string& value = "void 0") {
     return R"("value",)" + message.at(1).dump() + "," + value;
 }
@@ -32,6 +28,7 @@ std::string FailureFor(const Json& message, HRESULT status, const std::wstring& 
 // Messages are [operation, call, ...].
 void ScriptWorld::Serve(const std::string& operation, const Json& message) {
     waits_ = true;
+    told_.Clear();
     if (openCalls_++ == 0) owner_.OnParked(true);
     std::string answer;
     const HRESULT status = Guard([&] {
@@ -39,6 +36,7 @@ void ScriptWorld::Serve(const std::string& operation, const Json& message) {
         if (openCalls_ > kDeepest) throw StatusError(kOutOfStack);
         answer = Answer(operation, message);
     });
+    told_.Clear();
     if (FAILED(status)) answer = FailureFor(message, status, ExceptionInfo().Text(status));
     ++exchanges_;
     --openCalls_;
@@ -68,23 +66,24 @@ std::string ScriptWorld::GiveBack(const Json& message, HRESULT status, const VAR
 }
 
 // Whether a member is a property or a method is not known before. What refuses to be read, or reads as empty,
-// is there to be called; only data that script can extend has members that are empty.
+// is there to be called; only data that script can extend has members that are empty. What just fails may be
+// a property that will be there another time.
 std::string ScriptWorld::OnGet(const Json& message) {
     const int object = message.at(2);
     Variant value;
     ExceptionInfo exception;
-    const HRESULT status = natives_.Read({object, NameIn(message, 3)}, &value, &exception);
+    const HRESULT status = natives_.Read({object, ReadText(message.at(3))}, &value, &exception);
     if (status == DISP_E_UNKNOWNNAME) return ValueFor(message);
-    const bool refused = FAILED(status) && !IsUnreachable(status);
     const bool empty = SUCCEEDED(status) && value.Is(VT_EMPTY) && !natives_.IsExtensible(object);
-    if (refused || empty) return R"("method",)" + message.at(1).dump();
+    if (empty || (FAILED(status) && !IsUnreachable(status)))
+        return R"("method",)" + message.at(1).dump() + (empty || IsRefusal(status) ? ",true" : ",false");
     return GiveBack(message, status, value, exception);
 }
 
 std::string ScriptWorld::OnPut(const Json& message) {
     ExceptionInfo exception;
     const Variant value = ReadValue(message.at(4));
-    const HRESULT status = natives_.Write({message.at(2), NameIn(message, 3)}, value, &exception);
+    const HRESULT status = natives_.Write({message.at(2), ReadText(message.at(3))}, value, &exception);
     return GiveBack(message, status, Variant(), exception);
 }
 
@@ -93,9 +92,10 @@ std::string ScriptWorld::OnCall(const Json& message) {
     ExceptionInfo exception;
     std::vector<Variant> arguments = ReadValues(message.at(4));
     const int object = message.at(2);
-    const HRESULT status = message.at(3).is_null()
-                               ? natives_.CallDefault(object, DISPATCH_METHOD, arguments, &value, &exception)
-                               : natives_.Call({object, NameIn(message, 3)}, arguments, &value, &exception);
+    const HRESULT status =
+        message.at(3).is_null()
+            ? natives_.CallDefault(object, DISPATCH_METHOD, arguments, &value, &exception)
+            : natives_.Call({object, ReadText(message.at(3))}, arguments, &value, &exception);
     return GiveBack(message, status, value, exception);
 }
 
@@ -109,34 +109,39 @@ std::string ScriptWorld::OnDefault(const Json& message) {
 }
 
 std::string ScriptWorld::OnHas(const Json& message) {
-    return ValueFor(message, natives_.Has({message.at(2), NameIn(message, 3)}) ? "true" : "false");
+    return ValueFor(message, natives_.Has({message.at(2), ReadText(message.at(3))}) ? "true" : "false");
 }
 
 std::string ScriptWorld::OnDelete(const Json& message) {
     ExceptionInfo exception;
-    const HRESULT status = natives_.Delete({message.at(2), NameIn(message, 3)});
+    const HRESULT status = natives_.Delete({message.at(2), ReadText(message.at(3))});
     return GiveBack(message, status, Variant::Bool(status == S_OK), exception);
 }
 
 std::string ScriptWorld::OnKeys(const Json& message) {
-    std::wstring names;
+    std::string names;
     for (const std::wstring& name : natives_.Names(message.at(2)))
-        names += (names.empty() ? std::wstring() : std::wstring(1, L'\0')) + name;
-    return ValueFor(message, ScriptText(names));
+        names += (names.empty() ? "" : ",") + ScriptText(name);
+    return ValueFor(message, R"(["a",[)" + names + "]]");
 }
 
 std::string ScriptWorld::OnStart(const Json& message) {
     FindNowhere();
+    std::set<std::wstring> names;
+    for (const Json& name : message.at(2))
+        names.insert(ReadText(name));
+    told_.SetCommonNames(std::move(names));
     owner_.OnDocumentStart();
     return ValueFor(message);
 }
 
 std::string ScriptWorld::OnDialog(const Json& message) {
-    return ValueFor(message, Write(owner_.OnDialog(message.at(2), NameIn(message, 3), NameIn(message, 4))));
+    return ValueFor(message,
+                    Write(owner_.OnDialog(message.at(2), ReadText(message.at(3)), ReadText(message.at(4)))));
 }
 
 std::string ScriptWorld::OnOpen(const Json& message) {
-    owner_.OnOpenWindow(NameIn(message, 2));
+    owner_.OnOpenWindow(ReadText(message.at(2)));
     return ValueFor(message);
 }
 

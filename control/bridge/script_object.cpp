@@ -1,8 +1,6 @@
 #include "control/bridge/script_object.h"
 
 #include <algorithm>
-#include <deque>
-#include <map>
 
 #include "base/bstr.h"
 #include "base/status.h"
@@ -12,28 +10,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr ULONGLONG kFresh = 16;  // milliseconds for which a value that a look-up brought is taken
 constexpr HRESULT kErrorReported = static_cast<HRESULT>(0x80020101);  // SCRIPT_E_REPORTED
-
-// Ids stand for names, the same for all objects of the process.
-class NameTable {
-  public:
-    DISPID IdOf(std::wstring_view name) {
-        const auto found = ids_.find(name);
-        if (found != ids_.end()) return found->second;
-        names_.emplace_back(name);
-        return ids_.emplace(name, static_cast<DISPID>(names_.size())).first->second;
-    }
-    const std::wstring* NameOf(DISPID id) const {
-        return id > 0 && static_cast<size_t>(id) <= names_.size() ? &names_[id - 1] : nullptr;
-    }
-
-  private:
-    std::map<std::wstring, DISPID, std::less<>> ids_;
-    std::deque<std::wstring> names_;
-};
-
-NameTable names;
 
 const VARIANT* NamedArgument(const DISPPARAMS& parameters, DISPID id) {
     for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
@@ -68,14 +45,8 @@ STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* given, UINT count, LC
 
 HRESULT ScriptObject::FindName(const wchar_t* name, DISPID* id) {
     return Guard([&] {
-        auto outcome = world_->Run(
-            {.name = "find", .object = number_, .member = ScriptText(name), .reportErrors = false});
-        if (outcome.kind == ScriptWorld::Outcome::Kind::kNone) return DISP_E_UNKNOWNNAME;
-        *id = names.IdOf(name);
-        // A getter that throws has a name all the same.
-        found_ = {};
-        if (outcome.kind == ScriptWorld::Outcome::Kind::kValue)
-            found_ = {*id, world_->Exchanges(), GetTickCount64(), std::move(outcome.value)};
+        if (!world_->Has(number_, name)) return DISP_E_UNKNOWNNAME;
+        *id = world_->Names().IdOf(name);
         return S_OK;
     });
 }
@@ -84,7 +55,7 @@ STDMETHODIMP ScriptObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
     if (!out || !name) return E_INVALIDARG;
     if (!(flags & fdexNameEnsure)) return FindName(name, out);
     // The property comes to be with its first value.
-    return Guard([&] { *out = names.IdOf(Bstr::View(name)); });
+    return Guard([&] { *out = world_->Names().IdOf(Bstr::View(name)); });
 }
 
 STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters,
@@ -97,14 +68,13 @@ STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* par
     const ComPtr<IUnknown> alive(AsUnknown());
     static const DISPPARAMS kNone = {};
     return Guard([&]() -> HRESULT {
-        Found found = std::exchange(found_, {});
-        const bool isRead = !(flags & DISPATCH_METHOD) && (flags & DISPATCH_PROPERTYGET) != 0;
-        if (isRead && id == found.id && found.exchanges == world_->Exchanges() && world_->IsAlive() &&
-            GetTickCount64() - found.at < kFresh) {
-            if (result) found.value.MoveInto(result);
+        const std::wstring* const name = world_->Names().NameOf(id);
+        if (id != DISPID_VALUE && !name) return DISP_E_MEMBERNOTFOUND;
+        const bool isRead = name && !(flags & DISPATCH_METHOD) && (flags & DISPATCH_PROPERTYGET) != 0;
+        if (const Variant* const known = isRead ? world_->KnownValue(number_, *name) : nullptr) {
+            if (result) Variant::Copy(*known).MoveInto(result);
             return S_OK;
         }
-        if (id != DISPID_VALUE && !names.NameOf(id)) return DISP_E_MEMBERNOTFOUND;
         ScriptWorld::Task task = TaskFor(id, flags, parameters ? *parameters : kNone);
         task.reportErrors = !exception;
         auto outcome = world_->Run(task);
@@ -116,7 +86,7 @@ STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* par
 
 ScriptWorld::Task ScriptObject::TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters) {
     ScriptWorld::Task task = {.name = "get", .object = number_};
-    if (id != DISPID_VALUE) task.member = ScriptText(*names.NameOf(id));
+    if (id != DISPID_VALUE) task.member = ScriptText(*world_->Names().NameOf(id));
     if (flags & DISPATCH_CONSTRUCT) {
         task.name = "new";
         task.arguments = Arguments(parameters);
@@ -148,7 +118,7 @@ STDMETHODIMP ScriptObject::DeleteMemberByName(BSTR name, DWORD) {
 }
 
 STDMETHODIMP ScriptObject::DeleteMemberByDispID(DISPID id) {
-    const std::wstring* const name = names.NameOf(id);
+    const std::wstring* const name = world_->Names().NameOf(id);
     return name ? Delete(*name) : DISP_E_MEMBERNOTFOUND;
 }
 
@@ -160,10 +130,18 @@ HRESULT ScriptObject::Delete(const std::wstring& name) {
     });
 }
 
+STDMETHODIMP ScriptObject::GetMemberProperties(DISPID id, DWORD wanted, DWORD* properties) {
+    if (!properties) return E_INVALIDARG;
+    *properties = 0;
+    if (id != DISPID_VALUE) return E_NOTIMPL;
+    *properties = wanted & (callable_ ? fdexPropCanCall | fdexPropCanConstruct : fdexPropCannotCall);
+    return S_OK;
+}
+
 STDMETHODIMP ScriptObject::GetMemberName(DISPID id, BSTR* out) {
     if (!out) return E_INVALIDARG;
     *out = nullptr;
-    const std::wstring* const name = names.NameOf(id);
+    const std::wstring* const name = world_->Names().NameOf(id);
     if (!name) return DISP_E_UNKNOWNNAME;
     return Guard([&] { *out = Bstr(*name).Detach(); });
 }
@@ -174,12 +152,8 @@ STDMETHODIMP ScriptObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
         if (id == DISPID_STARTENUM) {
             const auto outcome = world_->Run({.name = "keys", .object = number_, .reportErrors = false});
             walk_.clear();
-            std::wstring_view rest = outcome.value.Is(VT_BSTR) ? Bstr::View(outcome.value.bstrVal) : L"";
-            while (!rest.empty()) {
-                const std::wstring_view name = rest.substr(0, rest.find(L'\0'));
-                walk_.push_back(names.IdOf(name));
-                rest.remove_prefix(std::min(rest.size(), name.size() + 1));
-            }
+            for (const std::wstring& name : outcome.names)
+                walk_.push_back(world_->Names().IdOf(name));
         }
         const auto here = id == DISPID_STARTENUM ? walk_.begin() : std::ranges::find(walk_, id);
         const auto next = here == walk_.end() || id == DISPID_STARTENUM ? here : here + 1;

@@ -32,8 +32,8 @@ namespace tarvik {
 // error handling has seen it. Of a page that has gone everything is RPC_E_DISCONNECTED.
 class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IScriptObject> {
   public:
-    ScriptObject(std::shared_ptr<ScriptWorld> world, int number)
-        : world_(std::move(world)), number_(number) {}
+    ScriptObject(std::shared_ptr<ScriptWorld> world, int number, bool callable)
+        : world_(std::move(world)), number_(number), callable_(callable) {}
     ~ScriptObject() override { world_->Forget(number_); }
 
     ScriptWorld* World() const override { return world_.get(); }
@@ -49,20 +49,13 @@ class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
                           EXCEPINFO* exception, IServiceProvider*) override;
     STDMETHODIMP DeleteMemberByName(BSTR name, DWORD) override;
     STDMETHODIMP DeleteMemberByDispID(DISPID id) override;
-    STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
+    // Of the object itself: whether it can be called.
+    STDMETHODIMP GetMemberProperties(DISPID id, DWORD wanted, DWORD* properties) override;
     STDMETHODIMP GetMemberName(DISPID id, BSTR* out) override;
     STDMETHODIMP GetNextDispID(DWORD flags, DISPID id, DISPID* out) override;
     STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
 
   private:
-    // A look-up of a name brings the value with it, for the read that follows as a rule.
-    struct Found {
-        DISPID id = DISPID_UNKNOWN;
-        unsigned long exchanges = 0;
-        ULONGLONG at = 0;
-        Variant value;
-    };
-
     HRESULT FindName(const wchar_t* name, DISPID* id);
     HRESULT Delete(const std::wstring& name);
     ScriptWorld::Task TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters);
@@ -70,7 +63,7 @@ class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
 
     std::shared_ptr<ScriptWorld> world_;
     const int number_;
-    Found found_;
+    const bool callable_;
     std::vector<DISPID> walk_;  // of the enumeration that was started last
 };
 

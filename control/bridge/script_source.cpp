@@ -15,7 +15,10 @@ namespace {
 
 constexpr const char* kUndefined = "void 0";
 constexpr double kMillisecondsPerDay = 86400000.0;
-constexpr double kScriptEpoch = 25569.0;  // 1970-01-01 as an automation date
+constexpr double kDateLimit = 3000000;                // days; automation ends before
+constexpr LONGLONG kTicksPerMillisecond = 10000;      // of a FILETIME
+constexpr LONGLONG kAutomationEpoch = 9435312000000;  // 1899-12-30 in milliseconds of a FILETIME
+constexpr LONGLONG kScriptEpoch = 11644473600000;     // 1970-01-01
 
 void AppendEscaped(std::string& out, wchar_t unit) {
     char text[8];
@@ -33,30 +36,51 @@ size_t PlainUnits(std::wstring_view text, size_t at) {
     return escaped ? 0 : 1;
 }
 
-// Automation dates are local time in days; script counts milliseconds of universal time.
-std::string ScriptDate(double days) {
+// A moment of local time as one of universal time, both in milliseconds of a FILETIME. As it is where the
+// system has no rule for it.
+LONGLONG Universal(LONGLONG moment) {
+    const ULARGE_INTEGER ticks = {.QuadPart = static_cast<ULONGLONG>(moment * kTicksPerMillisecond)};
+    FILETIME time = {ticks.LowPart, ticks.HighPart};
     SYSTEMTIME local = {}, universal = {};
-    double date = 0;
-    if (!VariantTimeToSystemTime(days, &local) ||
+    if (moment < 0 || !FileTimeToSystemTime(&time, &local) ||
         !TzSpecificLocalTimeToSystemTime(nullptr, &local, &universal) ||
-        !SystemTimeToVariantTime(&universal, &date)) {
-        date = days;
+        !SystemTimeToFileTime(&universal, &time)) {
+        return moment;
     }
-    return R"(["d",)" + ScriptNumber(std::round((date - kScriptEpoch) * kMillisecondsPerDay)) + "]";
+    const ULARGE_INTEGER result = {{time.dwLowDateTime, time.dwHighDateTime}};
+    return static_cast<LONGLONG>(result.QuadPart) / kTicksPerMillisecond;
+}
+
+// Automation dates are local time in days, where the part of a day counts forwards also before their epoch;
+// script counts milliseconds of universal time.
+std::string ScriptDate(double date) {
+    if (!(std::abs(date) < kDateLimit)) return R"(["d",0/0])";
+    const double day = std::trunc(date);
+    const double milliseconds =
+        day * kMillisecondsPerDay + std::round(std::abs(date - day) * kMillisecondsPerDay);
+    const LONGLONG moment = Universal(kAutomationEpoch + static_cast<LONGLONG>(milliseconds));
+    return R"(["d",)" + std::to_string(moment - kScriptEpoch) + "]";
+}
+
+// Whether the elements of an array are values that a VARIANT holds.
+bool FitsVariant(SAFEARRAY* array, VARTYPE kind) {
+    return kind == VT_VARIANT || kind == VT_DECIMAL || SafeArrayGetElemsize(array) <= sizeof(LONGLONG);
 }
 
 std::string ScriptArray(SAFEARRAY* array, VARTYPE kind, ObjectWriter writeObject, void* context) {
     LONG low = 0, high = -1;
     if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetLBound(array, 1, &low)) ||
-        FAILED(SafeArrayGetUBound(array, 1, &high))) {
+        FAILED(SafeArrayGetUBound(array, 1, &high)) || !FitsVariant(array, kind)) {
         return kUndefined;
     }
     std::string text = R"(["a",[)";
     for (LONG i = low; i <= high; ++i) {
         Variant element;
-        element.vt = kind;
-        void* const slot = kind == VT_VARIANT ? static_cast<void*>(&element) : &element.byref;
-        if (FAILED(SafeArrayGetElement(array, &i, slot))) element.vt = VT_EMPTY;
+        const bool isWhole = kind == VT_VARIANT || kind == VT_DECIMAL;  // takes all of the VARIANT's room
+        void* const slot = isWhole ? static_cast<void*>(&element) : &element.byref;
+        const HRESULT status = SafeArrayGetElement(array, &i, slot);
+        if (kind != VT_VARIANT) element.vt = kind;
+        if (FAILED(status)) element.vt = VT_EMPTY;
         if (i > low) text += ',';
         text += ScriptValue(element, writeObject, context);
     }

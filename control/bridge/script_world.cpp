@@ -16,10 +16,6 @@ namespace {
 constexpr int kWindow = 0;
 constexpr std::string_view kQueued = "queued";
 
-std::wstring WideText(const Json& text) {
-    return Widen(text.get_ref<const std::string&>());
-}
-
 double SpecialNumber(const std::string& name) {
     if (name == "-0") return -0.0;
     if (name == "NaN") return std::numeric_limits<double>::quiet_NaN();
@@ -35,15 +31,15 @@ Variant ReadNumber(const Json& number) {
     return fits ? Variant::I4(number.get<LONG>()) : Variant::R8(value);
 }
 
-// A string that is no text of UTF-16, as its code units.
-Variant ReadUnits(const Json& units) {
-    std::wstring text;
-    for (const Json& unit : units)
-        text += static_cast<wchar_t>(unit.get<unsigned>());
-    return Variant::Text(text);
-}
-
 }  // namespace
+
+std::wstring ScriptWorld::ReadText(const Json& text) {
+    if (text.is_string()) return Widen(text.get_ref<const std::string&>());
+    std::wstring units;
+    for (const Json& unit : text.at(1))
+        units += static_cast<wchar_t>(unit.get<unsigned>());
+    return units;
+}
 
 // A task that the page has been given.
 struct ScriptWorld::Pending {
@@ -63,11 +59,12 @@ void ScriptWorld::End() {
     const auto self = shared_from_this();
     alive_ = false;
     drops_.clear();
+    told_.Clear();
     natives_.Clear();
 }
 
 ComPtr<IDispatch> ScriptWorld::Window() {
-    return Script(kWindow);
+    return Script(kWindow, false);
 }
 
 // ---- Values
@@ -75,12 +72,12 @@ ComPtr<IDispatch> ScriptWorld::Window() {
 Variant ScriptWorld::ReadValue(const Json& value) {
     if (value.is_null()) return Variant::Null();
     if (value.is_boolean()) return Variant::Bool(value.get<bool>());
-    if (value.is_string()) return Variant::Text(WideText(value));
+    if (value.is_string()) return Variant::Text(ReadText(value));
     if (value.is_number()) return ReadNumber(value);
     const std::string& tag = value.at(0).get_ref<const std::string&>();
     if (tag == "n") return Variant::R8(SpecialNumber(value.at(1)));
-    if (tag == "s") return ReadUnits(value.at(1));
-    if (tag == "f") return Variant::Object(Script(value.at(1)).Get());
+    if (tag == "s") return Variant::Text(ReadText(value));
+    if (tag == "f") return Variant::Object(Script(value.at(1), value.at(2)).Get());
     if (tag != "o") return Variant();
     IUnknown* const object = natives_.Object(value.at(1));
     const auto dispatch = Query<IDispatch>(object);
@@ -105,14 +102,15 @@ std::string ScriptWorld::Write(const VARIANT& value) {
 std::string ScriptWorld::WriteObject(IUnknown* object) {
     const auto script = Query<IScriptObject>(object);
     if (script && script->World() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
-    return R"(["o",)" + std::to_string(natives_.Give(object)) + "]";
+    const int number = natives_.Give(object);
+    return R"(["o",)" + std::to_string(number) + (natives_.IsCallable(number) ? ",true]" : ",false]");
 }
 
-ComPtr<IDispatch> ScriptWorld::Script(int number) {
+ComPtr<IDispatch> ScriptWorld::Script(int number, bool callable) {
     const auto [place, isNew] = scripts_.try_emplace(number, Held{nullptr, 0});
     ++place->second.references;
     if (!isNew) return place->second.object;
-    auto made = MakeCom<ScriptObject>(shared_from_this(), number);
+    auto made = MakeCom<ScriptObject>(shared_from_this(), number, callable);
     place->second.object = made.Get();
     return made;
 }
@@ -124,8 +122,15 @@ void ScriptWorld::Forget(int number) {
     scripts_.erase(found);
     if (!alive_ || number == kWindow) return;
     drops_.emplace_back(number, references);
-    // Else they go with the next message, which is not far.
-    if (openCalls_ == 0 && pending_.empty()) Mention(R"("nothing")");
+    SendDrops();
+}
+
+// With the next message, which is not far if the page is at work; else those that have come while the ones
+// before were on their way go together.
+void ScriptWorld::SendDrops() {
+    if (!alive_ || drops_.empty() || dropping_ || openCalls_ > 0 || !pending_.empty()) return;
+    dropping_ = true;
+    Mention(R"("nothing")");
 }
 
 // ---- From host to page
@@ -165,12 +170,55 @@ ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
     } else if (kind == "value") {
         read.kind = Outcome::Kind::kValue;
         read.value = ReadValue(outcome.at(1));
+    } else if (kind == "all") {
+        read.kind = Outcome::Kind::kAll;
+        ReadMembers(outcome, &read);
+    } else if (kind == "names") {
+        read.kind = Outcome::Kind::kNames;
+        for (size_t i = 1; i < outcome.size(); ++i)
+            read.names.push_back(ReadText(outcome.at(i)));
     } else {
         const HRESULT number = outcome.at(1).get<int>();
         if (FAILED(number)) read.number = number;
-        read.message = WideText(outcome.at(2));
+        read.message = ReadText(outcome.at(2));
     }
     return read;
+}
+
+// After the word whether these are all: names and values in turn, with ["?"] for a value that must be read.
+void ScriptWorld::ReadMembers(const Json& outcome, Outcome* read) {
+    read->all = outcome.at(1).get<bool>();
+    for (size_t i = 2; i + 1 < outcome.size(); i += 2) {
+        const Json& value = outcome.at(i + 1);
+        const bool open = value.is_array() && value.at(0) == "?";
+        read->members[ReadText(outcome.at(i))] = open ? std::nullopt : std::optional(ReadValue(value));
+    }
+}
+
+bool ScriptWorld::Has(int object, const std::wstring& name) {
+    if (openCalls_ == 0) told_.ClearStale();
+    const auto known = told_.Ask(object, name);
+    if (known != ToldMembers::Answer::kUnknown) return known == ToldMembers::Answer::kThere;
+    Outcome outcome = Run({.name = told_.IsCommon(name) ? "look" : "find",
+                           .object = object,
+                           .member = ScriptText(name),
+                           .reportErrors = false});
+    if (outcome.kind == Outcome::Kind::kAll) {
+        told_.Tell(object, std::move(outcome.members), outcome.all);
+        return told_.Ask(object, name) == ToldMembers::Answer::kThere;
+    }
+    // To see the value it may have been necessary to run a getter. One that throws has a name all the same.
+    told_.Clear();
+    if (outcome.kind == Outcome::Kind::kValue) {
+        outcome.members.emplace(name, std::move(outcome.value));
+        told_.Tell(object, std::move(outcome.members), false);
+    }
+    return outcome.kind != Outcome::Kind::kNone;
+}
+
+const Variant* ScriptWorld::KnownValue(int object, const std::wstring& name) {
+    if (openCalls_ == 0) told_.ClearStale();
+    return alive_ ? told_.Value(object, name) : nullptr;
 }
 
 ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
@@ -178,6 +226,7 @@ ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
     if (blocked_) throw StatusError(RPC_E_CALL_REJECTED);
     const auto self = shared_from_this();
     const auto engine = target_.Share();
+    if (std::string_view(task.name) != "find") told_.Clear();
     const auto pending = std::make_shared<Pending>();
     const int id = ++lastTask_;
     pending_[id] = pending;
@@ -201,7 +250,11 @@ ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
 // Nothing that a page which waits should wake for.
 void ScriptWorld::Mention(const std::string& arguments) {
     target_.Post("Runtime.evaluate",
-                 {{"expression", Put(arguments)}, {"contextId", context_}, {"silent", true}});
+                 {{"expression", Put(arguments)}, {"contextId", context_}, {"silent", true}},
+                 [self = shared_from_this()](const Json*) {
+                     self->dropping_ = false;
+                     self->SendDrops();
+                 });
 }
 
 void ScriptWorld::ListenToMouse() {

@@ -13,7 +13,9 @@
 #include "base/com_ptr.h"
 #include "base/variant.h"
 #include "control/bridge/failure.h"
+#include "control/bridge/name_table.h"
 #include "control/bridge/native_objects.h"
+#include "control/bridge/told_members.h"
 #include "control/engine/devtools.h"
 
 namespace tarvik {
@@ -75,17 +77,29 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
         bool reportErrors = true;  // an exception is also one of the page, for its error handlers
     };
     struct Outcome {
-        enum class Kind { kValue, kNone, kFound, kError } kind = Kind::kError;
+        enum class Kind { kValue, kNone, kFound, kAll, kNames, kError } kind = Kind::kError;
         Variant value;
-        HRESULT number = E_FAIL;  // what script threw
+        std::vector<std::wstring> names;
+        ToldMembers::Members members;  // of kAll
+        bool all = false;              // of kAll: there are no others
+        HRESULT number = E_FAIL;       // what script threw
         std::wstring message;
     };
     // Runs it and waits for its end. Throws StatusError when the page cannot be reached.
     Outcome Run(const Task& task);
 
+    // Whether a script object has a member of that name, and its value if that is known without an exchange.
+    // Throw as Run() does.
+    bool Has(int object, const std::wstring& name);
+    const Variant* KnownValue(int object, const std::wstring& name);
+    NameTable& Names() { return names_; }
+
     std::string Write(const VARIANT& value);
 
-    // The number of completed exchanges: where it has not changed, no script has run.
+    // A text as the page writes it.
+    static std::wstring ReadText(const Json& text);
+
+    // The number of completed exchanges.
     unsigned long Exchanges() const { return exchanges_; }
 
     // A script object has gone, and with it the references that the page gave.
@@ -99,7 +113,7 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     Variant ReadValue(const Json& value);
     std::vector<Variant> ReadValues(const Json& values);
     std::string WriteObject(IUnknown* object);
-    ComPtr<IDispatch> Script(int number);
+    ComPtr<IDispatch> Script(int number, bool callable);
 
     // Page to host, in script_calls.cpp: each answers a call with the arguments of the page's put().
     void Serve(const std::string& operation, const Json& message);
@@ -118,9 +132,11 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
 
     // Host to page
     Outcome ReadOutcome(const Json& outcome);
+    void ReadMembers(const Json& outcome, Outcome* read);
     void TakeResult(const Json& message);
     void Send(const std::string& arguments, TextHandler onReply);
     void Mention(const std::string& arguments);
+    void SendDrops();
     std::string Put(const std::string& arguments);
     void FindNowhere();
     void GoOn();
@@ -142,8 +158,11 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
         int references;
     };
     std::map<int, Held> scripts_;
-    std::vector<std::pair<int, int>>
-        drops_;  // numbers that native code no longer needs, and their references
+    // Numbers that native code no longer needs, and their references.
+    std::vector<std::pair<int, int>> drops_;
+    bool dropping_ = false;  // some are on their way with nothing else
+    NameTable names_;
+    ToldMembers told_;
 
     std::map<int, std::shared_ptr<Pending>> pending_;
     int lastTask_ = 0;

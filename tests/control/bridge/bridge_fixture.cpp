@@ -1,5 +1,8 @@
 #include "tests/control/bridge/bridge_fixture.h"
 
+#include <sstream>
+
+#include "base/text.h"
 #include "script/properties.h"
 
 namespace tarvik {
@@ -11,7 +14,7 @@ constexpr Member<Desk> kMembers[] = {
     Method<&Desk::Fail>(-9998, L"fail"),        RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
     Method<&Desk::Keep>(-9996, L"keep"),        ReadOnly<&Desk::GetKept>(-9995, L"kept"),
     ReadOnly<&Desk::GetSelf>(-9994, L"self"),   Property<&Desk::GetSize, &Desk::SetSize>(-9993, L"size"),
-    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"),
+    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"), Method<&Desk::Options>(-9991, L"options"),
 };
 
 std::string Escaped(const std::string& text) {
@@ -37,6 +40,21 @@ HRESULT Desk::Run(const Call& call) {
     for (size_t i = 1; i < call.Count(); ++i)
         arguments.push_back(&call.At(i));
     return CallScriptFunction(function, arguments, call.Result());
+}
+
+Variant Desk::Options(IDispatch* object, BSTR names) {
+    std::wistringstream list{std::wstring(Bstr::View(names))};
+    std::wstring texts;
+    for (std::wstring name; list >> name;) {
+        Variant value;
+        const HRESULT status = GetScriptProperty(object, name.c_str(), &value);
+        const bool isObject = value.Is(VT_DISPATCH) && value.pdispVal;
+        texts += (texts.empty() ? L"" : L", ");
+        texts += status == DISP_E_UNKNOWNNAME ? L"none"
+                 : isObject                   ? std::wstring(L"object")
+                                              : Widen(ValueText(value));
+    }
+    return Variant::Text(texts);
 }
 
 BridgedPage::BridgedPage() : target(DevTools::Acquire()) {

@@ -23,12 +23,18 @@ class Desk : public TableDispatch<Desk> {
     HRESULT Fail(ExactInt status) { return status.value; }
     // Calls the function with the other arguments, and returns what it returns.
     HRESULT Run(const Call& call);
+    // The text forms of members of an object, read one by one.
+    Variant Options(IDispatch* object, BSTR names);
     Variant kept;
     void Keep(AnyValue value) { kept = Variant::Copy(*value.value); }
     Variant GetKept() { return Variant::Copy(kept); }
     ComPtr<IDispatch> GetSelf() { return ComPtr<IDispatch>(this); }
     ComPtr<IDispatch> GetFresh() { return MakeCom<Desk>(); }
-    Integer GetSize() { return {size_}; }
+    // Cannot be read while it is 4.
+    Integer GetSize() {
+        if (size_ == 4) throw StatusError(E_PENDING);
+        return {size_};
+    }
     HRESULT SetSize(ExactInt value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
         return size_ = value.value, S_OK;

@@ -80,6 +80,58 @@ TEST_F(Bridge, PropertiesAndFailures) {
     EXPECT_EQ(page_.Evaluate(number + "(() => { external.size = 0; })"), "[true,-2147024809,true]");
     EXPECT_EQ(page_.Evaluate(number + "(() => { external.nothing = 0; })"), "[true,-2147352570,true]");
     EXPECT_EQ(page_.Evaluate(number + "(() => external.echo())"), "[true,-2147467263,true]");
+    EXPECT_EQ(page_.Evaluate("(external.size = 4, typeof external.size)"), "\"function\"");
+    EXPECT_EQ(page_.Evaluate("(external.size = 5, external.size)"), "5") << "a failed read is no method";
+    EXPECT_EQ(page_.Evaluate("(external['\\ud800'], '\\ud800' in external)"), "false");
+}
+
+// Whatever a page has done to the language, native objects work.
+TEST_F(Bridge, NeedsNothingOfTheLanguageThatPagesCanReplace) {
+    page_.Open(R"(<base href='http://example.test/'><form name='baseURI'></form><script>
+        const { ownKeys } = Reflect, { defineProperty } = Object;
+        function each(list, use) { for (let i = 0; i < list.length; ++i) use(list[i]); }
+        function test(names) {
+            const boom = () => { throw new TypeError('replaced'); };
+            const note = external.note;
+            const spoil = (object) => each(ownKeys(object), (key) => {
+                try { defineProperty(object, key, { value: boom }); } catch {}
+            });
+            each([Function, String, Map, WeakMap, WeakRef, Array, Object, Event, URL], (type) => {
+                const prototype = type.prototype;
+                spoil(type);
+                spoil(prototype);
+            });
+            each([JSON, Reflect], spoil);
+            each(['get', 'value', 'enumerable'], (name) =>
+                defineProperty(Object.prototype, name, { __proto__: null, value: boom }));
+            each(names, (name) => { window[name] = undefined; });
+            note(1);
+            external.size = 6;
+            let seen = '' + external.size + external.echo('text') + external.run(function (a) { return a + 1; }, 4);
+            const object = { a: 1, b: 't' };
+            seen += external.echo(object) === object;
+            for (const name in external.kept) seen += name;
+            seen += '|' + external.options(object, 'a b c toString');
+            try { external.fail(-2147467259); } catch (e) { seen += '|' + e.number; }
+            open('there');
+            return seen + '|' + external.echo(external);
+        }
+    </script>)");
+    const auto array = MakeCom<CArray>();
+    array->Push(nullptr);
+    array->Push(nullptr);
+    page_.desk->kept = Variant::Object(array.Get());
+    const Json reply = page_.target.Call(
+        "Runtime.evaluate",
+        {{"expression",
+          "test(['Symbol', 'Proxy', 'Number', 'Error', 'Date', 'URL', 'FinalizationRegistry', 'eval', "
+          "'reportError', 'setTimeout'])"}},
+        30'000);
+    EXPECT_EQ(reply["result"].value("value", std::string()),
+              "6text5true10|I4 1, BSTR t, none, object|-2147467259|[object]")
+        << reply;
+    EXPECT_THAT(page_.desk->notes, ElementsAre("I4 1"));
+    EXPECT_THAT(page_.opened, ElementsAre(L"http://example.test/there"));
 }
 
 TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
@@ -90,6 +142,7 @@ TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
     }
     page_.desk->kept = Variant::Object(array.Get());
     page_.Open("");
+    EXPECT_EQ(page_.Evaluate("typeof external.kept"), "\"object\"");
     EXPECT_EQ(page_.Evaluate("external.kept.length"), "3");
     EXPECT_EQ(page_.Evaluate("external.kept[1]"), "\"b\"");
     EXPECT_EQ(
@@ -191,6 +244,33 @@ TEST_F(Bridge, NeedsFewRoundTrips) {
     EXPECT_EQ(exchanges("kept.echo(1)"), 1u);
     EXPECT_EQ(exchanges("kept.size"), 1u);
     EXPECT_EQ(exchanges("kept.size = 5"), 1u);
+    EXPECT_EQ(exchanges("kept.options({ a: 1, b: 2, c: 3 }, 'a b c d e')"), 3u)
+        << "the method, the options, the call";
+    EXPECT_EQ(exchanges("kept.options([7, 8, 9], 'length 0 1 2')"), 2u);
+    const auto array = MakeCom<CArray>();
+    for (int i = 0; i < 5; ++i)
+        array->Push(nullptr);
+    page_.desk->kept = Variant::Object(array.Get());
+    page_.Evaluate("window.list = external.kept, 0");
+    EXPECT_EQ(exchanges("(() => { for (const name in list); })()"), 1u);
+}
+
+// What an object has told of its members is not taken for true when script has run since.
+TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
+    page_.Open(
+        "<script>var o = { a: 1, get b() { return 'read'; }, long: 'x'.repeat(5000) };"
+        "Object.prototype.late = 5; var polluted = {}; </script>");
+    EXPECT_EQ(page_.Evaluate("[external.options(o, 'a b z'), (o.a = 2, delete o.b, o.z = 3, "
+                             "external.options(o, 'a b z'))]"),
+              R"(["I4 1, BSTR read, none","I4 2, none, I4 3"])");
+    EXPECT_EQ(page_.Evaluate("external.options(o, 'long').length"), "5005");
+    EXPECT_EQ(page_.Evaluate("external.options(polluted, 'late')"), "\"I4 5\"");
+    page_.desk->kept = page_.Get(L"o");
+    const auto read = [this] { return ValueText(ReadScriptProperty(page_.desk->kept.pdispVal, L"a")); };
+    EXPECT_EQ(read(), "I4 2");
+    page_.Evaluate("(() => { o.a = 9; external.note(external.options(o, 'a')); })()");
+    EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR I4 9"));
+    EXPECT_EQ(read(), "I4 9");
 }
 
 // References that script or native code no longer needs are given back, whoever held them.

@@ -1,0 +1,53 @@
+// What the language brings, as it was before the page's own script. Pages may replace what they like of it, and hang what
+// they like on Object.prototype. So what is needed later is taken aside here, what others read has no prototype, and
+// nothing is spread, which would ask the page's iterators.
+const takeAside = () => {
+  const { apply, construct, ownKeys } = Reflect;
+  const { is, defineProperty, getOwnPropertyDescriptor, getPrototypeOf, hasOwn } = Object;
+  const methodOf = (prototype, name) => {
+    const method = prototype[name];
+    return (object, ...values) => apply(method, object, values);
+  };
+  const getterOf = (prototype, name) => {
+    const { get } = getOwnPropertyDescriptor(prototype, name);
+    return (object) => apply(get, object, []);
+  };
+  const mapOf = (Base) => {
+    const { get, set, has, delete: remove } = Base.prototype;
+    return (map = new Base()) => ({
+      get: (key) => apply(get, map, [key]),
+      set: (key, value) => apply(set, map, [key, value]),
+      has: (key) => apply(has, map, [key]),
+      remove: (key) => apply(remove, map, [key]),
+    });
+  };
+  const { register } = FinalizationRegistry.prototype;
+  const { FinalizationRegistry: Registry } = window;
+  return {
+    __proto__: null,
+    apply, construct, ownKeys, is, getOwnPropertyDescriptor, getPrototypeOf, hasOwn,
+    Date, Error, Number, Proxy, URL, WeakRef,
+    eval, reportError, setTimeout,
+    isInteger: Number.isInteger,
+    stringify: JSON.stringify,
+    toPrimitive: Symbol.toPrimitive,
+    objectPrototype: Object.prototype,
+    commonNames: ownKeys(Object.prototype),
+    newMap: mapOf(Map),
+    newWeakMap: mapOf(WeakMap),
+    define: (object, name, value) =>
+      defineProperty(object, name, { __proto__: null, value, writable: true, enumerable: true, configurable: true }),
+    // Gives a function that has keys of objects told when the objects have gone.
+    finalization: (tell) => {
+      const registry = new Registry(tell);
+      return (object, key) => apply(register, registry, [object, key]);
+    },
+    isWellFormed: methodOf(String.prototype, 'isWellFormed'),
+    charCodeAt: methodOf(String.prototype, 'charCodeAt'),
+    bind: methodOf(Function.prototype, 'bind'),
+    deref: methodOf(WeakRef.prototype, 'deref'),
+    composedPath: methodOf(Event.prototype, 'composedPath'),
+    baseAddress: getterOf(Node.prototype, 'baseURI'),  // a form named so would stand before it
+    address: getterOf(URL.prototype, 'href'),
+  };
+};

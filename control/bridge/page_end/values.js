@@ -1,0 +1,76 @@
+// Values to the host: primitives as JSON, everything else as a tagged array: ["u"] undefined, ["n", text] a number that
+// JSON cannot write, ["s", units] a string that is not well-formed, ["o", id] a native object, ["f", number, callable] a
+// script object.
+const makeEncoders = (records, numberOf, held, own) => {
+  const { is, Number, isWellFormed, charCodeAt, stringify } = own;
+  let lastNumber = kWindow;
+
+  const encodeText = (text) => {
+    if (isWellFormed(text)) return stringify(text);
+    let units = '';
+    for (let i = 0; i < text.length; ++i) units += (i ? ',' : '') + charCodeAt(text, i);
+    return '["s",[' + units + ']]';
+  };
+
+  const encodeObject = (object) => {
+    const record = records.get(object);
+    if (record) return '["o",' + record.id + ']';
+    if (object === window) return '["f",' + kWindow + ',false]';
+    let number = numberOf.get(object);
+    const entry = number && held.get(number);
+    if (entry) {
+      ++entry.count;
+    } else {
+      number = ++lastNumber;
+      numberOf.set(object, number);
+      held.set(number, { object, count: 1 });
+    }
+    return '["f",' + number + ',' + (typeof object === 'function') + ']';
+  };
+
+  const encodeNumber = (value) => {
+    if (is(value, -0)) return '["n","-0"]';
+    return value - value === 0 ? '' + value : '["n","' + value + '"]';
+  };
+
+  const encode = (value) => {
+    switch (typeof value) {
+      case 'string': return encodeText(value);
+      case 'boolean': return value ? 'true' : 'false';
+      case 'number': return encodeNumber(value);
+      case 'bigint': return encodeNumber(Number(value));
+      case 'object': return value === null ? 'null' : encodeObject(value);
+      case 'function': return encodeObject(value);
+      default: return '["u"]';
+    }
+  };
+
+  const encodeAll = (values) => {
+    let text = '';
+    for (let i = 0; i < values.length; ++i) text += (i ? ',' : '') + encode(values[i]);
+    return '[' + text + ']';
+  };
+
+  return { encodeText, encode, encodeAll };
+};
+
+// Values from the host are JavaScript, with ["o", id, callable], ["f", number], ["d", milliseconds] and ["a", values].
+const makeDecoders = (nativeObject, held, { Date, define }) => {
+  const decode = (value) => {
+    if (typeof value !== 'object' || value === null) return value;
+    switch (value[0]) {
+      case 'o': return nativeObject(value[1], value[2]);
+      case 'f': return value[1] === kWindow ? window : held.get(value[1])?.object;
+      case 'd': return new Date(value[1]);
+      default: return decodeAll(value[1]);
+    }
+  };
+
+  const decodeAll = (values) => {
+    const decoded = [];
+    for (let i = 0; i < values.length; ++i) define(decoded, i, decode(values[i]));
+    return decoded;
+  };
+
+  return { decode, decodeAll };
+};

@@ -1,0 +1,48 @@
+// What the page's windows, its frames' included, have of the host: adopts each in turn.
+const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => {
+  const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath } = own;
+  let listening = false;  // somebody native wants to hear of mouse buttons
+
+  const textOf = (value) => value === undefined ? '' : '' + value;
+
+  const resolve = (given, view) => address(new URL(textOf(given) || 'about:blank', baseAddress(view.document)));
+
+  // Frames of a page keep the engine's own open(); everything else is for the host to decide.
+  const makeOpen = (engineOpen, view) => function open(given, name) {
+    const target = textOf(name);
+    const isFrame = target === '_self' || target === '_top' || target === '_parent' || (target && view.frames[target]);
+    if (isFrame) return apply(engineOpen, view, [given, name]);
+    exchange('open', encodeText(resolve(given, view)));
+    return null;
+  };
+
+  // While one of the host's dialogs is open the page can be called; while one of the engine's is, it could not.
+  const ask = (type) => (message, proposal) =>
+    exchange('dialog', type + ',' + encodeText(textOf(message)) + ',' + encodeText(textOf(proposal)));
+
+  const onContextMenu = (event) => {
+    // After the page's own listeners, which may have a menu of their own.
+    const element = composedPath(event)[0];
+    later(() => {
+      if (event.defaultPrevented) return;
+      binding('["menu",' + event.screenX + ',' + event.screenY + ',' + encode(element) + ']');
+    });
+  };
+
+  const onMouseDown = () => {
+    if (listening) binding('["mousedown"]');
+  };
+
+  const adopt = (view) => {
+    define(view, 'external', external);
+    define(view, 'open', makeOpen(view.open, view));
+    if (view === window) define(view, 'close', () => binding('["close"]'));
+    define(view, 'alert', ask('"alert"'));
+    define(view, 'confirm', ask('"confirm"'));
+    define(view, 'prompt', ask('"prompt"'));
+    view.addEventListener('contextmenu', onContextMenu, true);
+    view.addEventListener('mousedown', onMouseDown, true);
+  };
+
+  return { adopt, listen: () => { listening = true; } };
+};
