@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-// "E_INVALIDARG (0x80070057)", so that a failed comparison of statuses reads well.
+// "0x80070057", so that a failed comparison of statuses reads well.
 std::string StatusText(HRESULT status);
 
 // EXPECT_THAT(call, HasStatus(E_NOTIMPL))
