@@ -9,6 +9,7 @@
 #include "script/object.h"
 #include "script/properties.h"
 #include "script/ticket.h"
+#include "tests/support/leak_check.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/status_text.h"
@@ -35,36 +36,30 @@ void OnWorker(Work work) {
 }
 
 TEST(ScriptTicket, TakesACallbackToAnotherThreadOnce) {
-    const long before = liveComObjects;
-    {
-        const auto function = MakeCom<Recorder>([](const Recorder::Record&) { return Variant::I4(42); });
-        Ticket first(function.Get());
-        Ticket ticket;
-        ticket = std::move(first);
-        EXPECT_FALSE(first.Redeem()) << "a moved ticket has no claim";
-        OnWorker([&] {
-            const auto proxy = ticket.Redeem();
-            EXPECT_FALSE(ticket.Redeem());
-            Variant answer;
-            const Variant five = Variant::I4(5);
-            EXPECT_THAT(CallScriptFunction(proxy.Get(), {&five}, &answer), HasStatus(S_OK));
-            EXPECT_EQ(ValueText(answer), "I4 42");
-        });
-        EXPECT_THAT(function->Texts(), ElementsAre("I4 5"));
-        EXPECT_EQ(function->calls[0].thread, GetCurrentThreadId());
-    }
-    EXPECT_EQ(liveComObjects, before);
+    const ObjectCheck nothingLeft;
+    const auto function = MakeCom<Recorder>([](const Recorder::Record&) { return Variant::I4(42); });
+    Ticket first(function.Get());
+    Ticket ticket;
+    ticket = std::move(first);
+    EXPECT_FALSE(first.Redeem()) << "a moved ticket has no claim";
+    OnWorker([&] {
+        const auto proxy = ticket.Redeem();
+        EXPECT_FALSE(ticket.Redeem());
+        Variant answer;
+        const Variant five = Variant::I4(5);
+        EXPECT_THAT(CallScriptFunction(proxy.Get(), {&five}, &answer), HasStatus(S_OK));
+        EXPECT_EQ(ValueText(answer), "I4 42");
+    });
+    EXPECT_THAT(function->Texts(), ElementsAre("I4 5"));
+    EXPECT_EQ(function->calls[0].thread, GetCurrentThreadId());
 }
 
 TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
-    const long before = liveComObjects;
-    {
-        const auto function = MakeCom<Recorder>();
-        const Ticket dropped(function.Get());
-        Ticket replaced(function.Get());
-        replaced = Ticket();
-    }
-    EXPECT_EQ(liveComObjects, before);
+    const ObjectCheck nothingLeft;
+    const auto function = MakeCom<Recorder>();
+    const Ticket dropped(function.Get());
+    Ticket replaced(function.Get());
+    replaced = Ticket();
     EXPECT_THROW(Ticket(static_cast<IDispatch*>(nullptr)), StatusError);
 }
 

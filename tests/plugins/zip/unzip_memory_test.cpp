@@ -40,16 +40,6 @@ TEST_F(Unzip, ReadsAnArchiveInMemoryAndFailsInAnotherOrder) {
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\a"), "content");
 }
 
-TEST_F(Unzip, WritesNoByteFromBeyondTheBlock) {
-    // A packed size that wraps around when it is added to.
-    const std::string archive = WriteArchive(
-        {{.name = "a", .content = "content", .method = 0, .packedSize64 = ~std::uint64_t{0} - 8}});
-    CreateDirectoryW(Dest().c_str(), nullptr);
-    OptionObject options = MemoryOptions(archive, Dest());
-    EXPECT_EQ(Run(options).text, "fail: DISPATCH null, EMPTY, I4 " + std::to_string(E_FAIL));
-    EXPECT_TRUE(ReadTree(Dest()).empty());
-}
-
 // As the start of the host does.
 bool UnpackAndWait(const std::wstring& source, const std::wstring& dest) {
     const UniqueHandle ended(CreateEventW(nullptr, TRUE, FALSE, nullptr));
