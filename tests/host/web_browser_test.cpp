@@ -27,15 +27,6 @@ class BrowserWindow : public testing::Test {
         return Query<IWebBrowser2>(AtlAxGetControl(window).Get());
     }
 
-    void OpenAndClose() const {
-        const auto browser = MakeCom<CWebBrowser>();
-        const HWND window = browser->CreateHidden(nullptr, page_.c_str());
-        ASSERT_TRUE(window);
-        PumpOnce();
-        DestroyWindow(window);
-        PumpOnce();
-    }
-
     CMessageLoop loop_;
     const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
@@ -105,15 +96,6 @@ TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
     EXPECT_EQ(cancel, VARIANT_TRUE);
     parameters.cArgs = 0;
     browser->OnEvent(DISPID_NEWWINDOW3, parameters);
-}
-
-TEST_F(BrowserWindow, LeavesNothingBehind) {
-    OpenAndClose();
-    OpenAndClose();
-    const Holdings before = Holdings::Now();
-    for (int i = 0; i < 10; ++i)
-        OpenAndClose();
-    EXPECT_EQ(Holdings::Now().GrownSince(before), "");
 }
 
 }  // namespace

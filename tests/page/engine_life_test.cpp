@@ -17,6 +17,8 @@ std::string NoticeIn(HWND window) {
     return Narrow(Program::TextOf(Program::PageArea(window)));
 }
 
+using Process = EngineProcesses::Process;
+
 class EngineLife : public testing::Test {
   protected:
     void SetUp() override {
@@ -89,7 +91,7 @@ TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
 }
 
 struct Death {
-    std::string process;  // a part of its command line
+    bool (Process::*process)() const;
     const char* notice;
 };
 
@@ -112,8 +114,8 @@ TEST_P(EngineDeath, IsToldAndAClickStartsAgain) {
     ExpectNothingLeft();
 }
 
-const Death kDeaths[] = {{"--user-data-dir=/tmp/", "web engine has stopped"},
-                         {"--type=renderer", "page has stopped"}};
+const Death kDeaths[] = {{&Process::IsEngine, "web engine has stopped"},
+                         {&Process::IsPage, "page has stopped"}};
 
 INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
 
@@ -125,7 +127,7 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
         "createWindow({url: 'index.html', context: me});"
         "me.wait(); } else { console.log('second'); windowContext.wait(); }");
     ASSERT_TRUE(program_.WaitForLine("second"));
-    engine_.Kill("--user-data-dir=/tmp/");
+    engine_.Kill(&Process::IsEngine);
     for (const HWND each : program_.Windows())
         ExpectNotice(each, "web engine has stopped");
     EXPECT_EQ(program_.Windows().size(), 2u);
@@ -135,14 +137,16 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, AKilledEngineTakesItsDialogAlong) {
+TEST_F(EngineLife, AKilledEngineIsToldBehindADialog) {
     Open("external.window.title = 'Engine'; external.window.show(true); _alert('stop');");
-    ASSERT_TRUE(program_.Dialog());
-    engine_.Kill("--user-data-dir=/tmp/");
+    const HWND dialog = program_.Dialog();
+    ASSERT_TRUE(dialog);
+    engine_.Kill(&Process::IsEngine);
     const HWND window = program_.WindowTitled(L"Engine");
     ExpectNotice(window, "web engine has stopped");
     EXPECT_TRUE(program_.IsRunning());
-    PostMessageW(program_.Dialog(), WM_COMMAND, IDOK, 0);
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
     EXPECT_EQ(program_.Quit(3), 3u);
 }
 
@@ -154,11 +158,7 @@ TEST_F(EngineLife, AClosedPageEnds) {
         "var child = null; setInterval(function () { var title = external.window.title;"
         "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
         "if (title === 'close') child.close(); }, 50);");
-    const auto renderers = [&] {
-        return std::ranges::count_if(engine_.Look(), [](const auto& process) {
-            return process.command.find("--type=renderer") != std::string::npos;
-        });
-    };
+    const auto renderers = [&] { return std::ranges::count_if(engine_.Look(), &Process::IsPage); };
     // One of them waits for the next page, which then gets a successor.
     const auto before = renderers();
     SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"open"));

@@ -106,10 +106,19 @@ std::string EngineProcesses::Left() {
     return left;
 }
 
-void EngineProcesses::Kill(const std::string& text) {
+bool Process::IsEngine() const {
+    return command.find("--user-data-dir=/tmp/") != std::string::npos &&
+           command.find("--type=") == std::string::npos;
+}
+
+bool Process::IsPage() const {
+    return command.find("--type=renderer") != std::string::npos;
+}
+
+void EngineProcesses::Kill(bool (Process::*which)() const) {
     std::wstring line = L"Z:\\bin\\sh -c \"kill -KILL";
     for (const Process& process : Look()) {
-        if (process.command.find(text) != std::string::npos) line += L" " + std::to_wstring(process.id);
+        if ((process.*which)()) line += L" " + std::to_wstring(process.id);
     }
     line += L"\"";
     STARTUPINFOW startup = {sizeof startup};

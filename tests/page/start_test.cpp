@@ -56,13 +56,6 @@ class Start : public testing::Test {
     Program program_;
 };
 
-TEST_F(Start, OpensThePageBesideTheProgram) {
-    Install();
-    program_.Folder().Write(L"resource\\index.html", kTeller);
-    program_.Start();
-    EXPECT_THAT(Told(), EndsWith("/resource/index.html"));
-}
-
 struct Place {
     std::wstring file;  // below the folder beside the current one
     std::wstring arguments;
@@ -117,7 +110,7 @@ TEST_F(Start, ShowsWhatIsAttachedToItUntilItEnds) {
     EXPECT_TRUE(fs::is_empty(program_.Temp()));
 }
 
-// The program looks for its page as if nothing were attached.
+// The program looks for its page as if nothing were attached, at last beside itself.
 class NotUnpacked : public Start {
   protected:
     const std::string archive_ = WriteArchive({{"resource/index.html", Script("external.window.quit(9)")}});
