@@ -13,16 +13,6 @@ POINT Middle(HWND window) {
     return {area.right / 2, area.bottom / 2};
 }
 
-// The mouse is placed in units of 1/65535 of the screen.
-INPUT MouseInput(POINT screen, DWORD flags) {
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = MulDiv(screen.x, 65535, GetSystemMetrics(SM_CXSCREEN) - 1);
-    input.mi.dy = MulDiv(screen.y, 65535, GetSystemMetrics(SM_CYSCREEN) - 1);
-    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | flags;
-    return input;
-}
-
 }  // namespace
 
 COLORREF ColourAt(HWND window, POINT point) {
@@ -41,9 +31,9 @@ void Click(HWND window) {
     SetForegroundWindow(GetAncestor(window, GA_ROOT));
     POINT point = Middle(window);
     ClientToScreen(window, &point);
-    INPUT inputs[] = {MouseInput(point, MOUSEEVENTF_MOVE), MouseInput(point, MOUSEEVENTF_LEFTDOWN),
-                      MouseInput(point, MOUSEEVENTF_LEFTUP)};
-    SendInput(static_cast<UINT>(std::size(inputs)), inputs, sizeof inputs[0]);
+    SetCursorPos(point.x, point.y);
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
 }
 
 }  // namespace tarvik

@@ -13,15 +13,11 @@ namespace tarvik {
 namespace {
 
 constexpr COLORREF kBlue = RGB(10, 20, 200);
-constexpr DWORD kSoon = 3000;
-
 std::string NoticeIn(HWND window) {
-    wchar_t text[500] = {};
-    DWORD_PTR length = 0;
-    SendMessageTimeoutW(Program::PageArea(window), WM_GETTEXT, std::size(text),
-                        reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 1000, &length);
-    return Narrow(text);
+    return Narrow(Program::TextOf(Program::PageArea(window)));
 }
+
+using Process = EngineProcesses::Process;
 
 class EngineLife : public testing::Test {
   protected:
@@ -50,16 +46,8 @@ class EngineLife : public testing::Test {
             << NoticeIn(window);
     }
 
-    // A click starts anew.
-    void ExpectNewStart(HWND window) {
-        EXPECT_TRUE(WaitFor([&] { return ColourAt(Program::PageArea(window), {5, 5}) != kBlue; }));
-        Click(Program::PageArea(window));
-        EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
-        EXPECT_EQ(NoticeIn(window), "");
-    }
-
     void ExpectNothingLeft() {
-        EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, kSoon)) << engine_.Left();
+        EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); })) << engine_.Left();
     }
 
     Program program_;
@@ -91,33 +79,45 @@ TEST_F(EngineLife, AProgramThatIsNoEngineIsToldToo) {
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, EndsWithTheProgram) {
-    OpenShown();
-    EXPECT_EQ(program_.Quit(3), 3u);
-    ExpectNothingLeft();
-}
-
+// In a call of one page, while another one is idle.
 TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
-    OpenShown("createWindow({url: 'index.html', context: {}});");
-    program_.Kill();
-    ExpectNothingLeft();
-}
-
-TEST_F(EngineLife, EndsWithAProgramThatIsKilledInACall) {
-    OpenShown("console.log('calls'); for (;;) external.window.title;");
+    OpenShown(
+        "if (typeof windowContext === 'undefined') { createWindow({url: 'index.html', context: {}});"
+        "console.log('calls'); for (;;) external.window.title; }");
     ASSERT_TRUE(program_.WaitForLine("calls"));
+    EXPECT_GT(engine_.Look().size(), 3u);
     program_.Kill();
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, AKilledEngineIsToldAndStartsAgain) {
+struct Death {
+    bool (Process::*process)() const;
+    const char* notice;
+};
+
+void PrintTo(const Death& death, std::ostream* out) {
+    *out << death.notice;
+}
+
+class EngineDeath : public EngineLife, public testing::WithParamInterface<Death> {};
+
+TEST_P(EngineDeath, IsToldAndAClickStartsAgain) {
     const HWND window = OpenShown();
-    engine_.Kill("--user-data-dir=/tmp/");
-    ExpectNotice(window, "web engine has stopped");
-    ExpectNewStart(window);
+    const HWND page = Program::PageArea(window);
+    engine_.Kill(GetParam().process);
+    ExpectNotice(window, GetParam().notice);
+    EXPECT_TRUE(WaitFor([&] { return ColourAt(page, {5, 5}) != kBlue; }));
+    Click(page);
+    EXPECT_TRUE(WaitForColour(page, kBlue));
+    EXPECT_EQ(NoticeIn(window), "");
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
 }
+
+const Death kDeaths[] = {{&Process::IsEngine, "web engine has stopped"},
+                         {&Process::IsPage, "page has stopped"}};
+
+INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
 
 // Whatever it is doing.
 TEST_F(EngineLife, AKilledEngineEndsCalls) {
@@ -127,7 +127,7 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
         "createWindow({url: 'index.html', context: me});"
         "me.wait(); } else { console.log('second'); windowContext.wait(); }");
     ASSERT_TRUE(program_.WaitForLine("second"));
-    engine_.Kill("--user-data-dir=/tmp/");
+    engine_.Kill(&Process::IsEngine);
     for (const HWND each : program_.Windows())
         ExpectNotice(each, "web engine has stopped");
     EXPECT_EQ(program_.Windows().size(), 2u);
@@ -137,24 +137,17 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, AKilledEngineTakesItsDialogAlong) {
+TEST_F(EngineLife, AKilledEngineIsToldBehindADialog) {
     Open("external.window.title = 'Engine'; external.window.show(true); _alert('stop');");
-    ASSERT_TRUE(program_.Dialog());
-    engine_.Kill("--user-data-dir=/tmp/");
+    const HWND dialog = program_.Dialog();
+    ASSERT_TRUE(dialog);
+    engine_.Kill(&Process::IsEngine);
     const HWND window = program_.WindowTitled(L"Engine");
     ExpectNotice(window, "web engine has stopped");
     EXPECT_TRUE(program_.IsRunning());
-    PostMessageW(program_.Dialog(), WM_COMMAND, IDOK, 0);
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
     EXPECT_EQ(program_.Quit(3), 3u);
-}
-
-TEST_F(EngineLife, AKilledPageIsToldAndStartsAgain) {
-    const HWND window = OpenShown();
-    engine_.Kill("--type=renderer");
-    ExpectNotice(window, "page has stopped");
-    ExpectNewStart(window);
-    EXPECT_EQ(program_.Quit(3), 3u);
-    ExpectNothingLeft();
 }
 
 // A page that computes for ever does not go on behind a window that was closed.
@@ -165,11 +158,7 @@ TEST_F(EngineLife, AClosedPageEnds) {
         "var child = null; setInterval(function () { var title = external.window.title;"
         "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
         "if (title === 'close') child.close(); }, 50);");
-    const auto renderers = [&] {
-        return std::ranges::count_if(engine_.Look(), [](const auto& process) {
-            return process.command.find("--type=renderer") != std::string::npos;
-        });
-    };
+    const auto renderers = [&] { return std::ranges::count_if(engine_.Look(), &Process::IsPage); };
     // One of them waits for the next page, which then gets a successor.
     const auto before = renderers();
     SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"open"));

@@ -73,6 +73,7 @@ bool EngineProcesses::CanBeSeen() {
 }
 
 bool EngineProcesses::BelongsToRun(const Process& process) const {
+    if (seen_.contains({process.id, process.start})) return true;
     // The program itself carries the mark as well; so do Wine's own processes that it may have started.
     const bool isProgram = process.command.find(".exe") != std::string::npos;
     return !isProgram &&
@@ -80,42 +81,44 @@ bool EngineProcesses::BelongsToRun(const Process& process) const {
 }
 
 std::vector<Process> EngineProcesses::Look() {
-    std::vector<Process> own;
-    std::set<int> ids;
-    std::vector<Process> others = AllProcesses();
+    std::vector<Process> all = AllProcesses();
+    auto others = std::ranges::partition(all, [this](const auto& process) { return BelongsToRun(process); });
     // What the engine makes by splitting itself may have lost its environment, but has its parent.
-    for (bool found = true; found;) {
-        found = false;
-        std::erase_if(others, [&](const Process& process) {
-            if (!ids.contains(process.parent) && !BelongsToRun(process)) return false;
-            ids.insert(process.id);
-            own.push_back(process);
-            return found = true;
-        });
+    for (auto parent = all.begin(); parent != others.begin(); ++parent) {
+        others =
+            std::ranges::partition(others, [&](const auto& other) { return other.parent == parent->id; });
     }
-    for (const Process& process : own) {
+    all.erase(others.begin(), all.end());
+    for (const Process& process : all) {
         seen_.emplace(process.id, process.start);
         if (const std::wstring folder = FolderIn(process.command); !folder.empty()) folders_.insert(folder);
     }
-    return own;
+    return all;
 }
 
 std::string EngineProcesses::Left() {
-    Look();
     std::string left;
-    for (const Process& process : AllProcesses()) {
-        if (seen_.contains({process.id, process.start})) left += process.command.substr(0, 200) + "\n";
-    }
+    for (const Process& process : Look())
+        left += process.command.substr(0, 200) + "\n";
     for (const std::wstring& folder : folders_) {
         if (FileExists(folder)) left += Narrow(folder) + "\n";
     }
     return left;
 }
 
-void EngineProcesses::Kill(const std::string& text) {
+bool Process::IsEngine() const {
+    return command.find("--user-data-dir=/tmp/") != std::string::npos &&
+           command.find("--type=") == std::string::npos;
+}
+
+bool Process::IsPage() const {
+    return command.find("--type=renderer") != std::string::npos;
+}
+
+void EngineProcesses::Kill(bool (Process::*which)() const) {
     std::wstring line = L"Z:\\bin\\sh -c \"kill -KILL";
     for (const Process& process : Look()) {
-        if (process.command.find(text) != std::string::npos) line += L" " + std::to_wstring(process.id);
+        if ((process.*which)()) line += L" " + std::to_wstring(process.id);
     }
     line += L"\"";
     STARTUPINFOW startup = {sizeof startup};

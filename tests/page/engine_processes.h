@@ -22,13 +22,15 @@ class EngineProcesses {
         int parent = 0;
         std::string start;    // with the id, what tells it from every other
         std::string command;  // with its arguments, a blank between
+
+        bool IsEngine() const;  // the one that all others end with
+        bool IsPage() const;
     };
     std::vector<Process> Look();
     // What is left of all those that were ever seen, and of their folders; empty if nothing is.
     std::string Left();
 
-    // Those whose command line holds a text.
-    void Kill(const std::string& text);
+    void Kill(bool (Process::*which)() const);
 
   private:
     bool BelongsToRun(const Process& process) const;

@@ -36,8 +36,8 @@ TEST_P(Page, Passes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Page,
-                         testing::Values("busy", "closing", "errors", "gone", "navigation", "plugins",
-                                         "start", "windows"),
+                         testing::Values("closing", "errors", "gone", "navigation", "plugins", "start",
+                                         "windows"),
                          [](const auto& info) { return info.param; });
 
 // A page beside archive.zip, which holds ten files.
@@ -82,7 +82,6 @@ class UnzipPage : public testing::Test {
 TEST_F(UnzipPage, TellsItsProgressAndItsEnd) {
     RunPage(program_, "unzip");
     EXPECT_EQ(FilesIn(L"one"), kFiles - 1);
-    EXPECT_FALSE(fs::exists(fs::path(program_.Work()) / "none")) << "a folder that a failed run made";
     for (int run = 0; run < 20; ++run)
         EXPECT_EQ(FilesIn(L"many" + std::to_wstring(run)), kFiles) << run;
 }

@@ -41,15 +41,6 @@ std::vector<HWND> TopWindows(DWORD process, const wchar_t* className) {
     return windows;
 }
 
-std::wstring TitleOf(HWND window) {
-    wchar_t title[300] = {};
-    // Not GetWindowText: a program that is busy must not stop its test.
-    DWORD_PTR ignored = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, std::size(title), reinterpret_cast<LPARAM>(title),
-                        SMTO_ABORTIFHUNG, 1000, &ignored);
-    return title;
-}
-
 }  // namespace
 
 bool WaitFor(const std::function<bool()>& condition, DWORD limit) {
@@ -152,7 +143,7 @@ HWND Program::WindowTitled(const std::wstring& title) const {
     HWND found = nullptr;
     WaitFor([&] {
         for (const HWND window : Windows()) {
-            if (TitleOf(window) == title) found = window;
+            if (TextOf(window) == title) found = window;
         }
         return found != nullptr;
     });
@@ -172,6 +163,14 @@ HWND Program::PageArea(HWND window) {
         },
         reinterpret_cast<LPARAM>(&area));
     return area;
+}
+
+std::wstring Program::TextOf(HWND window) {
+    wchar_t text[500] = {};
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                        1000, &ignored);
+    return text;
 }
 
 HWND Program::Dialog() const {

@@ -58,6 +58,8 @@ class Program {
     HWND WindowTitled(const std::wstring& title) const;  // waits for it
     // The window that the page is drawn in.
     static HWND PageArea(HWND window);
+    // A window's text; empty if its program is too busy to tell, which must not stop a test.
+    static std::wstring TextOf(HWND window);
     // A dialog of the program, once it is there.
     HWND Dialog() const;
 

@@ -44,65 +44,120 @@ class Start : public testing::Test {
         return lines.empty() ? "nothing" : lines.front();
     }
 
+    // The folders of archives unpacked there.
+    static std::vector<fs::path> Unpacked(const fs::path& temp) {
+        std::vector<fs::path> folders;
+        for (const auto& entry : fs::directory_iterator(temp)) {
+            if (entry.path().filename().wstring().starts_with(L"TV")) folders.push_back(entry.path());
+        }
+        return folders;
+    }
+
     Program program_;
 };
 
-TEST_F(Start, OpensThePageOfTheCurrentFolder) {
-    program_.Folder().Write(L"work\\resource\\index.html", kTeller);
-    program_.Start();
-    EXPECT_THAT(Told(), EndsWith("/work/resource/index.html"));
+struct Place {
+    std::wstring file;  // below the folder beside the current one
+    std::wstring arguments;
+    std::string location;  // how the page's ends
+};
+
+void PrintTo(const Place& place, std::ostream* out) {
+    *out << place.location;
 }
 
-TEST_F(Start, OpensThePageOfAFolder) {
-    program_.Folder().Write(L"an app \u00e4\u6f22%20\\resource\\index.html", kTeller);
-    program_.Start(L"-d \"..\\an app \u00e4\u6f22%20\"");
-    EXPECT_THAT(Told(), EndsWith("/an%20app%20%C3%A4%E6%BC%A2%2520/resource/index.html"));
-}
+class StartAt : public Start, public testing::WithParamInterface<Place> {};
 
-TEST_F(Start, OpensThePageBesideTheProgram) {
-    Install();
-    program_.Folder().Write(L"resource\\index.html", kTeller);
-    program_.Start();
-    EXPECT_THAT(Told(), EndsWith("/resource/index.html"));
-}
-
-TEST_F(Start, OpensAPathWithAFragment) {
-    program_.Folder().Write(L"work\\sub\\page.html", kTeller);
-    program_.Start(L"-f sub\\page.html#part/2");
-    EXPECT_THAT(Told(), EndsWith("/work/sub/page.html#part/2"));
-}
-
-TEST_F(Start, OpensAnAddress) {
-    program_.Start(
-        L"-f \"data:text/html,<script>console.log(location.protocol);external.window.quit(4)</script>\"");
-    EXPECT_EQ(Told(), "data:");
-}
-
-TEST_F(Start, OpensTheAddressOfAFile) {
-    std::wstring path = program_.Folder().Write(L"work\\page.html", kTeller);
+TEST_P(StartAt, OpensThePage) {
+    std::wstring path = program_.Folder().Write(GetParam().file, kTeller);
     std::ranges::replace(path, L'\\', L'/');
-    program_.Start(L"-f file:///" + path + L"#part");
-    EXPECT_THAT(Told(), EndsWith("/work/page.html#part"));
+    std::wstring arguments = GetParam().arguments;
+    if (const size_t at = arguments.find(L"PATH"); at != std::wstring::npos) arguments.replace(at, 4, path);
+    program_.Start(arguments);
+    EXPECT_THAT(Told(), EndsWith(GetParam().location));
 }
 
-TEST_F(Start, ShowsWhatIsAttachedToIt) {
+const Place kPlaces[] = {
+    {L"work\\resource\\index.html", L"", "/work/resource/index.html"},
+    {L"an app \u00e4\u6f22%20\\resource\\index.html", L"-d \"..\\an app \u00e4\u6f22%20\"",
+     "/an%20app%20%C3%A4%E6%BC%A2%2520/resource/index.html"},
+    {L"work\\sub\\page.html", L"-f sub\\page.html#part/2", "/work/sub/page.html#part/2"},
+    {L"work\\page.html", L"-f file:///PATH#part", "/work/page.html#part"},
+    {L"unused.html",
+     L"-f \"data:text/html,<script>console.log(location.protocol);external.window.quit(4)</script>\"",
+     "data:"},
+};
+
+INSTANTIATE_TEST_SUITE_P(, StartAt, testing::ValuesIn(kPlaces));
+
+TEST_F(Start, ShowsWhatIsAttachedToItUntilItEnds) {
     Install(WriteArchive(
-        {{"resource/index.html", Script("external.window.title = 'Attached'; external.window.show(true)")},
-         {"resource/next.html", Script("external.window.quit(3)")}}));
+        {{"resource/index.html", Script("external.window.title = 'Attached'; external.window.show(true);"
+                                        "onclick = function () { location.href = 'sub/next.html'; };")},
+         {"resource/sub/next.html", Script("external.window.quit(3)")}}));
     program_.Start();
     const HWND window = program_.WindowTitled(L"Attached");
     ASSERT_TRUE(window);
     EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
-    EXPECT_EQ(program_.Quit(3), 3u);
+    const auto unpacked = Unpacked(program_.Temp());
+    ASSERT_EQ(unpacked.size(), 1u);
+    EXPECT_EQ(unpacked[0].filename().wstring().size(), 10u) << "TV and eight digits";
+    EXPECT_TRUE(fs::exists(unpacked[0] / "resource" / "sub" / "next.html"));
+    Click(Program::PageArea(window));
+    EXPECT_EQ(program_.Wait(), 3u);
     EXPECT_TRUE(fs::is_empty(program_.Temp()));
 }
 
-TEST_F(Start, APageEndsTheProgramThatUnpackedIt) {
-    Install(WriteArchive({{"resource/index.html", Script("location.href = 'sub/next.html'")},
-                          {"resource/sub/next.html", Script("external.window.quit(3)")}}));
+// The program looks for its page as if nothing were attached, at last beside itself.
+class NotUnpacked : public Start {
+  protected:
+    const std::string archive_ = WriteArchive({{"resource/index.html", Script("external.window.quit(9)")}});
+};
+
+TEST_F(NotUnpacked, WhenItIsBroken) {
+    std::string broken = archive_;
+    broken.replace(0, 60, 60, 'x');
+    Install(broken);
+    program_.Folder().Write(L"resource\\index.html", Script("console.log('beside the program')"));
     program_.Start();
-    EXPECT_EQ(program_.Wait(), 3u);
-    EXPECT_TRUE(fs::is_empty(program_.Temp()));
+    EXPECT_TRUE(program_.WaitForLine("beside the program"));
+    EXPECT_TRUE(fs::is_empty(program_.Temp())) << "also before the end";
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(NotUnpacked, WhenAFolderIsNamed) {
+    Install(archive_);
+    program_.Folder().Write(L"app\\resource\\index.html", kTeller);
+    program_.Start(L"-d ..\\app");
+    EXPECT_THAT(Told(), EndsWith("/app/resource/index.html"));
+    EXPECT_TRUE(FileExists(program_.Folder() / L"app\\resource\\index.html"));
+}
+
+TEST_F(NotUnpacked, WhereTheNameWouldBeTooLong) {
+    Install(archive_);
+    program_.Folder().Write(L"resource\\index.html", kTeller);
+    program_.SetVariable(L"TEMP", program_.Temp() + std::wstring(300, L'x'));
+    const fs::path root = fs::path(program_.Temp()).root_path();
+    const auto before = Unpacked(root);
+    program_.Start();
+    EXPECT_THAT(Told(), EndsWith("/resource/index.html"));
+    EXPECT_EQ(Unpacked(root), before);
+}
+
+// With the system's own control, which shows nothing everywhere that these tests run.
+TEST_F(Start, OpensAWindowOfTheSystemsControl) {
+    program_.SetVariable(L"TARVIK_ENGINE", L"mshtml");
+    program_.Folder().Write(L"work\\resource\\index.html", kTeller);
+    program_.Start();
+    EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(Start, LingersWithoutAWindowWhenThereIsNoPage) {
+    program_.Start(L"-d ..\\missing");
+    EXPECT_FALSE(WaitFor([&] { return !program_.IsRunning(); }, 2000));
+    EXPECT_TRUE(program_.Windows().empty());
+    EXPECT_EQ(program_.Quit(4), 4u);
 }
 
 class BadPage : public Start {

@@ -3,7 +3,6 @@
 #include <windows.h>
 #include <tlhelp32.h>
 
-#include "base/com_object.h"
 #include "base/owners.h"
 
 namespace tarvik {
@@ -21,27 +20,25 @@ long CountThreads() {
     return count;
 }
 
-std::string Grown(const char* what, long before, long now) {
-    if (now <= before) return {};
-    return std::string(what) + ": " + std::to_string(before) + " -> " + std::to_string(now) + "; ";
-}
-
 }  // namespace
 
 Holdings Holdings::Now() {
+    const HANDLE process = GetCurrentProcess();
     Holdings now;
-    now.comObjects_ = liveComObjects;
-    now.threads_ = CountThreads();
-    now.gdiHandles_ = static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
-    now.userHandles_ = static_cast<long>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
+    now.counts_ = {{"COM objects", liveComObjects},
+                   {"threads", CountThreads()},
+                   {"GDI handles", static_cast<long>(GetGuiResources(process, GR_GDIOBJECTS))},
+                   {"USER handles", static_cast<long>(GetGuiResources(process, GR_USEROBJECTS))}};
     return now;
 }
 
 std::string Holdings::GrownSince(const Holdings& before) const {
-    return Grown("COM objects", before.comObjects_, comObjects_) +
-           Grown("threads", before.threads_, threads_) +
-           Grown("GDI handles", before.gdiHandles_, gdiHandles_) +
-           Grown("USER handles", before.userHandles_, userHandles_);
+    std::string grown;
+    for (const auto& [what, count] : counts_) {
+        const long then = before.counts_.at(what);
+        if (count > then) grown += what + ": " + std::to_string(then) + " -> " + std::to_string(count) + "; ";
+    }
+    return grown;
 }
 
 }  // namespace tarvik

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <map>
 #include <string>
+
+#include "base/com_object.h"
 
 namespace tarvik {
 
@@ -12,10 +17,16 @@ class Holdings {
     std::string GrownSince(const Holdings& before) const;
 
   private:
-    long comObjects_ = 0;
-    long threads_ = 0;
-    long gdiHandles_ = 0;
-    long userHandles_ = 0;
+    std::map<std::string, long> counts_;
+};
+
+// Made first in a test, it fails the test if more COM objects live at its end than before it.
+class ObjectCheck {
+  public:
+    ~ObjectCheck() { EXPECT_EQ(liveComObjects, before_); }
+
+  private:
+    const long before_ = liveComObjects;
 };
 
 }  // namespace tarvik

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/com_ptr.h"
 #include "base/variant.h"
 
 // Using objects by name through IDispatch, as script does.
@@ -25,6 +26,10 @@ inline Variant ToVariant(const wchar_t* value) {
 }
 inline Variant ToVariant(IDispatch* value) {
     return Variant::Object(value);
+}
+template <class Object>
+Variant ToVariant(const ComPtr<Object>& value) {
+    return Variant::Object(value.Get());
 }
 inline Variant ToVariant(std::nullptr_t) {
     return Variant::Null();

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "base/com_object.h"
 #include "base/variant.h"
+#include "script/dispatch.h"
 
 namespace tarvik {
 
 // A script function of the tests: keeps the arguments of each call, in script order, and answers what it is
 // told. Calls are expected to be counted by the test: `calls`.
-class Recorder : public ComObject<IDispatch> {
+class Recorder : public CDispatchBase {
   public:
     struct Record {
         std::vector<Variant> arguments;

@@ -6,6 +6,7 @@
 #include "base/com_object.h"
 #include "base/text.h"
 #include "script/readers.h"
+#include "tests/support/recorder.h"
 
 namespace tarvik {
 
@@ -16,28 +17,18 @@ constexpr DWORD kInvokeVersioning = 0x4000;  // SCRIPTPROP_INVOKEVERSIONING
 constexpr LONG kWithJson = 2;
 
 // ok(condition, text) of the scripts.
-class Assertion : public ComObject<IDispatch> {
-  public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return DISP_E_UNKNOWNNAME; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
-                        UINT*) override {
-        const Call call(parameters, nullptr);
-        bool condition = false;
-        const bool isBoolean = call.Count() > 0 && Read(call.At(0), condition);
-        Variant text = call.Count() > 1 ? Variant::Copy(call.At(1)) : Variant::Text(L"(no text)");
-        text.ChangeType(VT_BSTR);
-        EXPECT_TRUE(isBoolean && condition) << "in script: " << Narrow(Bstr::View(text.bstrVal));
-        return S_OK;
-    }
-};
+Variant Assert(const Recorder::Record& call) {
+    bool condition = false;
+    const bool isBoolean = !call.arguments.empty() && Read(call.arguments[0], condition);
+    EXPECT_TRUE(isBoolean && condition) << "in script: " << Recorder::Text(call);
+    return {};
+}
 
 }  // namespace
 
 class ScriptBench::Site : public ComObject<IActiveScriptSite> {
   public:
-    explicit Site(IDispatch* external) : external_(external), assertion_(MakeCom<Assertion>()) {}
+    explicit Site(IDispatch* external) : external_(external), assertion_(MakeCom<Recorder>(Assert)) {}
 
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
     STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item, ITypeInfo**) override {
@@ -105,7 +96,7 @@ HRESULT ScriptBench::Parse(const wchar_t* text, DWORD flags, VARIANT* result) {
 
 bool ScriptBench::Run(const wchar_t* text) {
     const HRESULT status = Parse(text, SCRIPTTEXT_ISVISIBLE, nullptr);
-    EXPECT_GE(status, 0) << "script error, " << LastError();
+    EXPECT_GE(status, 0) << "script error, " << site_->lastError;
     return SUCCEEDED(status);
 }
 
@@ -113,16 +104,6 @@ Variant ScriptBench::Evaluate(const wchar_t* expression) {
     Variant value;
     if (FAILED(Parse(expression, SCRIPTTEXT_ISEXPRESSION, &value))) value.Clear();
     return value;
-}
-
-ComPtr<IDispatch> ScriptBench::Global() {
-    ComPtr<IDispatch> global;
-    if (engine_) engine_->GetScriptDispatch(nullptr, global.GetAddressOf());
-    return global;
-}
-
-const std::string& ScriptBench::LastError() const {
-    return site_->lastError;
 }
 
 int ScriptBench::Errors() const {

@@ -24,10 +24,7 @@ class ScriptBench {
     // The value of an expression; empty after an error.
     Variant Evaluate(const wchar_t* expression);
 
-    // The engine's global object.
-    ComPtr<IDispatch> Global();
-    // Text of the last script error that came up, and how many there were.
-    const std::string& LastError() const;
+    // How many script errors came up.
     int Errors() const;
 
   private:

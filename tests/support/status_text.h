@@ -4,12 +4,17 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
 #include <string>
 
 namespace tarvik {
 
-// "E_INVALIDARG (0x80070057)", so that a failed comparison of statuses reads well.
-std::string StatusText(HRESULT status);
+// "0x80070057", so that a failed comparison of statuses reads well.
+inline std::string StatusText(HRESULT status) {
+    char text[24];
+    std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(status));
+    return text;
+}
 
 // EXPECT_THAT(call, HasStatus(E_NOTIMPL))
 MATCHER_P(HasStatus, wanted, (negation ? "is not " : "is ") + StatusText(wanted)) {

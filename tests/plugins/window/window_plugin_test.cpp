@@ -66,12 +66,5 @@ TEST_F(WindowPlugin, CutsALongTitle) {
     EXPECT_EQ(SysStringLen(GetMember(plugin_.Get(), L"title").value.bstrVal), 999u);
 }
 
-TEST_F(WindowPlugin, QuitsWithAnExactCode) {
-    EXPECT_THAT(CallMember(plugin_.Get(), L"quit", L"3").status, HasStatus(E_INVALIDARG));
-    EXPECT_THAT(CallMember(plugin_.Get(), L"quit", 3).status, HasStatus(S_OK));
-    CMessageLoop loop;
-    EXPECT_EQ(loop.Run(), 3);
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -26,9 +26,7 @@ Ending Unzip::Run(OptionObject& options, Recorder::Answer answer) {
     const auto progress = MakeCom<Recorder>(std::move(answer));
     const auto success = MakeCom<Recorder>();
     const auto fail = MakeCom<Recorder>();
-    options.Set(L"progress", static_cast<IDispatch*>(progress.Get()));
-    options.Set(L"success", static_cast<IDispatch*>(success.Get()));
-    options.Set(L"fail", static_cast<IDispatch*>(fail.Get()));
+    options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
     EXPECT_EQ(CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options)).status, S_OK);
     EXPECT_TRUE(PumpUntil([&] { return NoRunHolds(plugin_.Get()); }));
     EXPECT_EQ(success->calls.size() + fail->calls.size(), 1u);

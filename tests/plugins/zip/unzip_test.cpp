@@ -1,9 +1,6 @@
-#include <algorithm>
-
 #include "script/object.h"
 #include "tests/plugins/zip/unzip_fixture.h"
 #include "tests/support/leak_check.h"
-#include "tests/support/script_bench.h"
 #include "tests/support/status_text.h"
 #include "tests/support/waiting.h"
 
@@ -36,7 +33,7 @@ TEST_F(Unzip, HandsTheContextToEveryLastCallback) {
 
     const auto object = MakeCom<CObject>();
     OptionObject withObject = OptionsFor(kArchive);
-    withObject.Set(L"context", static_cast<IDispatch*>(object.Get()));
+    withObject.Set(L"context", object);
     EXPECT_EQ(Run(withObject).text,
               "fail: DISPATCH, I4 " + std::to_string(HRESULT_FROM_WIN32(ERROR_FILE_EXISTS)));
 }
@@ -113,52 +110,6 @@ TEST_F(Unzip, EndsWithoutCallbacksWhereNoneWereGiven) {
     EXPECT_TRUE(PumpUntil([&] { return FileExists(Dest() + L"\\b.txt"); }));
     EXPECT_TRUE(
         PumpUntil([&] { return Holdings::Now().GrownSince(before).find("COM") == std::string::npos; }));
-}
-
-TEST_F(Unzip, RunsSideBySide) {
-    constexpr int kRuns = 5;
-    const auto success = MakeCom<Recorder>();
-    const auto fail = MakeCom<Recorder>();
-    const std::wstring source = folder_.Write(L"archive.zip", kArchive);
-    for (int run = 0; run < kRuns; ++run) {
-        OptionObject options;
-        options.Set(L"src", source.c_str())
-            .Set(L"dest", (Dest() + std::to_wstring(run)).c_str())
-            .Set(L"success", static_cast<IDispatch*>(success.Get()))
-            .Set(L"fail", static_cast<IDispatch*>(fail.Get()));
-        CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options));
-    }
-    EXPECT_TRUE(PumpUntil([&] { return success->calls.size() + fail->calls.size() == kRuns; }));
-    EXPECT_EQ(success->calls.size(), size_t{kRuns});
-    EXPECT_EQ(ReadTree(Dest() + L"0"), ReadTree(Dest() + L"4"));
-}
-
-TEST_F(Unzip, IsDrivenByScript) {
-    const auto page = MakeCom<CObject>();
-    OptionObject external;
-    external.Set(L"minizip", static_cast<IDispatch*>(plugin_.Get()))
-        .Set(L"src", folder_.Write(L"archive.zip", kArchive).c_str())
-        .Set(L"dest", Dest().c_str())
-        .Set(L"ended", L"");
-    ScriptBench bench(external);
-    bench.Run(
-        L"var seen = [], ended = '';"
-        L"var options = {src: external.src, dest: external.dest, context: {name: 'mine'},"
-        L"  progress: function (name) {"
-        L"    seen.push(name + '/' + arguments.length);"
-        L"    if (arguments.length > 1) throw new Error('ignored');"
-        L"    if (name === 'folder/a.txt') return 0;"
-        L"  },"
-        L"  success: function (context) { ended = 'success ' + context.name; },"
-        L"  fail: function (context, code) { ended = 'fail ' + code; }};"
-        L"external.minizip.unzip(options);"
-        L"ok(ended === '', 'the call is answered before the run ends');");
-    const auto ended = [&] { return Bstr::View(bench.Evaluate(L"ended").bstrVal) != L""; };
-    EXPECT_TRUE(PumpUntil(ended));
-    bench.Run(
-        L"ok(ended === 'success mine', ended);"
-        L"ok(seen.join() === 'folder//1,folder/a.txt/1,b.txt/1,b.txt/4', seen.join());");
-    EXPECT_FALSE(FileExists(Dest() + L"\\folder\\a.txt"));
 }
 
 }  // namespace
