@@ -5,6 +5,7 @@
 #include "base/status.h"
 #include "base/text.h"
 #include "control/engine/engine_path.h"
+#include "control/engine/launch.h"
 #include "tests/support/leak_check.h"
 
 namespace tarvik {
@@ -21,7 +22,8 @@ constexpr double kHeapRise = 256;
 constexpr double kDocumentsRise = 2;
 
 std::string OwnMark() {
-    const std::string mark = "soak-" + std::to_string(GetCurrentProcessId());
+    const std::string mark =
+        Narrow(FreshName());  // process ids are those of one Wine, and others run beside it
     SetEnvironmentVariableW(L"TARVIK_TEST_RUN", Widen(mark).c_str());
     return mark;
 }
