@@ -23,7 +23,8 @@ std::string FreshIdentifier() {
 ScriptBridge::ScriptBridge(PageTarget& target, WorldOwner& owner)
     : target_(target), owner_(owner), binding_(FreshIdentifier()), core_(FreshIdentifier()) {
     target_.Post("Runtime.enable");
-    target_.Post("Debugger.enable");
+    // Each evaluation is a script, and without a limit the source of every one of them is kept.
+    target_.Post("Debugger.enable", {{"maxScriptsCacheSize", 0}});
     target_.Post("Runtime.addBinding", {{"name", binding_}});
     // A navigation that overtakes one of these loses it.
     target_.Call("Page.addScriptToEvaluateOnNewDocument",

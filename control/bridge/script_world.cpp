@@ -291,10 +291,13 @@ std::string ScriptWorld::Put(const std::string& arguments) {
 }
 
 // A plain resume has a way of its own into the engine, and would overtake the evaluation that was sent before
-// it every third time. Running on to a place that is never reached comes to the same and keeps the order.
+// it every third time. Running on to a place that is never reached comes to the same and keeps the order. But
+// only a plain resume lets go of the objects that the engine has listed for the pause, everything on the
+// stack of it; they would stay as long as the document.
 void ScriptWorld::GoOn() {
     if (nowhere_.empty()) return Resume("Debugger.resume", Json::object());
     Resume("Debugger.continueToLocation", {{"location", {{"scriptId", nowhere_}, {"lineNumber", 0}}}});
+    target_.Post("Runtime.releaseObjectGroup", {{"objectGroup", "backtrace"}});
 }
 
 void ScriptWorld::Resume(std::string_view method, Json params) {

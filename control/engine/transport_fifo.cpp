@@ -22,7 +22,9 @@ std::wstring Quoted(std::wstring_view text) {
 
 // One zero byte, an empty message, tells that the FIFOs are open; from then on their end is the engine's. The
 // engine must run as root without its sandbox only there, and must not warn of it in its window, which would
-// move the page. The guard ends the shell if nobody opens the FIFOs; opening waits for the other side.
+// move the page. What the engine leaves behind when it is killed or fails, sockets and reports of its
+// failure, is in the folder and goes with it. The guard ends the shell if nobody opens the FIFOs; opening
+// waits for the other side.
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
            L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
@@ -30,7 +32,7 @@ std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder)
            L"</dev/null "
            L">/dev/null 2>&1 & "
            L"g=$!; exec 4>$d/a 3<$d/b; head -c1 /dev/zero >&4; kill $g; [ $(id -u) = 0 ] && "
-           L"r='--no-sandbox --test-type'; " +
+           L"r='--no-sandbox --test-type'; TMPDIR=$d BREAKPAD_DUMP_LOCATION=$d " +
            Quoted(engine) + EngineArguments() +
            L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; "
            L"{ rm -rf $d || { sleep 1; rm -rf $d; }; } 2>/dev/null";

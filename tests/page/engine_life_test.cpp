@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 #include "tests/page/desk.h"
-#include "tests/page/engine_processes.h"
+#include "tests/support/engine_processes.h"
 #include "tests/page/program.h"
 
 namespace tarvik {

@@ -1,5 +1,5 @@
 // Opens and closes browser windows with the system's own control: `soak_windows [windows]`. Fails when more
-// windows, threads, handles or objects are left than after the first few.
+// windows, threads, handles, objects or memory are left than after the first few.
 
 #include <windows.h>
 #include <ole2.h>
@@ -10,7 +10,7 @@
 #include "atl/module.h"
 #include "base/com_ptr.h"
 #include "host/web_browser.h"
-#include "tests/support/leak_check.h"
+#include "tests/soak/course.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
 
@@ -18,18 +18,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kWarmUp = 5;  // what the system makes once and keeps
-
-int CountWindows() {
-    int count = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND, LPARAM counter) -> BOOL {
-            ++*reinterpret_cast<int*>(counter);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
-    return count;
-}
+constexpr double kMemoryRise = 1024;
 
 bool OpenAndClose(const std::wstring& page) {
     const auto browser = MakeCom<CWebBrowser>();
@@ -46,25 +35,17 @@ bool OpenAndClose(const std::wstring& page) {
     return true;
 }
 
-int Soak(int windows) {
+bool Soak(int windows) {
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
     const TempFolder folder;
     const std::wstring page = folder.Write(L"page.html", "<html></html>");
-    Holdings before;
-    int windowsBefore = 0;
-    for (int i = 0; i < kWarmUp + windows; ++i) {
-        if (i == kWarmUp) {
-            before = Holdings::Now();
-            windowsBefore = CountWindows();
-        }
-        if (!OpenAndClose(page)) return std::printf("window %d could not be made\n", i), 1;
-    }
+    Course course("windows", [] {
+        return Reading{Holdings::Now(), {{"memory KB", PrivateMemory(), kMemoryRise}}};
+    });
+    const bool good = course.Run(kWarmUp, windows, [&](int) { return OpenAndClose(page); });
     appModule.RemoveMessageLoop();
-    const std::string grown = Holdings::Now().GrownSince(before);
-    const int left = CountWindows() - windowsBefore;
-    std::printf("%d windows: %d left, %s\n", windows, left, grown.empty() ? "nothing grew" : grown.c_str());
-    return grown.empty() && left <= 0 ? 0 : 1;
+    return good;
 }
 
 }  // namespace
@@ -72,7 +53,7 @@ int Soak(int windows) {
 
 int wmain(int argc, wchar_t** argv) {
     OleInitialize(nullptr);
-    const int result = tarvik::Soak(argc > 1 ? _wtoi(argv[1]) : 100);
+    const bool good = tarvik::Soak(argc > 1 ? _wtoi(argv[1]) : 100);
     OleUninitialize();
-    return result;
+    return good ? 0 : 1;
 }

@@ -11,6 +11,7 @@
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/soak/archive_mutator.h"
 #include "tests/soak/guarded_bytes.h"
+#include "tests/support/leak_check.h"
 
 // soak_zip [RUNS [SEED]]: damaged archives, one after the other. A fault, a run that does not end, a file
 // outside the destination and a handle that is not given back end the soak with a status of their own.
@@ -107,16 +108,6 @@ class Ground {
     std::set<std::wstring> elsewhere_;
 };
 
-// Handles in use among the first some thousand. Wine does not count them when it is asked to.
-int CountHandles() {
-    int count = 0;
-    for (ULONG_PTR value = 4; value < 0x4000; value += 4) {
-        DWORD flags = 0;
-        if (GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags)) ++count;
-    }
-    return count;
-}
-
 // The road of both sources, on bytes that lie tight between guards.
 bool Unpack(Bytes file, GuardedBytes::Tight tight, ULONG index, const std::wstring& dest) {
     const auto plugin = MakeCom<CZipPlugin>();
@@ -164,7 +155,7 @@ class Soak {
     }
     void Report(int run) const {
         const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
-        std::printf("%d of %d: %d unpacked, %d refused, %d handles, %.1f s\n", run, runs_, unpacked_,
+        std::printf("%d of %d: %d unpacked, %d refused, %ld handles, %.1f s\n", run, runs_, unpacked_,
                     run - unpacked_, CountHandles(), seconds);
         std::fflush(stdout);
     }
@@ -178,7 +169,7 @@ class Soak {
     const std::vector<std::string> good_ = GoodArchives();
     const Ground ground_;
     const Clock::time_point start_ = Clock::now();
-    int handles_ = 0;
+    long handles_ = 0;
     int unpacked_ = 0;
 };
 

@@ -27,6 +27,10 @@ class EngineProcesses {
         bool IsPage() const;
     };
     std::vector<Process> Look();
+    // Its memory that is its own alone, in KB.
+    static long MemoryOf(const Process& process);
+    // Folders of theirs that are there.
+    long Folders() const;
     // What is left of all those that were ever seen, and of their folders; empty if nothing is.
     std::string Left();
 

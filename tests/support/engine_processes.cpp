@@ -1,4 +1,4 @@
-#include "tests/page/engine_processes.h"
+#include "tests/support/engine_processes.h"
 
 #include <windows.h>
 
@@ -21,10 +21,15 @@ using Process = EngineProcesses::Process;
 
 constexpr const wchar_t* kProcesses = L"Z:\\proc\\";
 
-// Empty for a process that has gone meanwhile.
+// Empty, or cut off, for a process that goes meanwhile: then reading its files fails, which an iterator would
+// throw.
 std::string Read(int id, const wchar_t* file) {
     std::ifstream stream(fs::path(kProcesses) / std::to_wstring(id) / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::string text;
+    char part[4096];
+    while (stream.read(part, sizeof part), stream.gcount() > 0)
+        text.append(part, static_cast<size_t>(stream.gcount()));
+    return text;
 }
 
 // "id (name) state parent ..."; the name may hold anything. A process that has ended and was not waited for
@@ -94,6 +99,17 @@ std::vector<Process> EngineProcesses::Look() {
         if (const std::wstring folder = FolderIn(process.command); !folder.empty()) folders_.insert(folder);
     }
     return all;
+}
+
+long EngineProcesses::MemoryOf(const Process& process) {
+    constexpr std::string_view kOwn = "RssAnon:";
+    const std::string status = Read(process.id, L"status");
+    const size_t found = status.find(kOwn);
+    return found == std::string::npos ? 0 : std::stol(status.substr(found + kOwn.size()));
+}
+
+long EngineProcesses::Folders() const {
+    return static_cast<long>(std::ranges::count_if(folders_, FileExists));
 }
 
 std::string EngineProcesses::Left() {

@@ -1,0 +1,110 @@
+#include "tests/soak/course.h"
+
+#include <windows.h>
+#include <psapi.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+constexpr const char* kSeconds = "seconds";
+constexpr int kReadings = 20;
+// What was let go of may take its time.
+constexpr auto kPatience = std::chrono::seconds(20);
+
+int WidthOf(const char* what) {
+    return std::max(9, static_cast<int>(std::strlen(what)) + 2);
+}
+
+}  // namespace
+
+bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& step) {
+    const int every = std::max(1, steps / kReadings);
+    const auto run = [&](int from, int to) {
+        for (int i = from; i < to; ++i) {
+            if (!step(i))
+                return std::printf("%s: step %d of %d failed\n", name_, i + 1, warmUp + steps), false;
+            const int watched = i + 1 - warmUp;
+            if (watched > 0 && watched % every == 0 && watched < steps) Note(watched, read_());
+        }
+        return true;
+    };
+    if (!run(0, warmUp)) return false;
+    Note(0, read_());
+    if (!run(warmUp, warmUp + steps)) return false;
+    Reading last;
+    PumpUntil(
+        [&] {
+            last = read_();
+            return last.holdings.GrownSince(readings_[0].holdings).empty();
+        },
+        kPatience);
+    Note(steps, std::move(last));
+    const std::string grown = readings_.back().holdings.GrownSince(readings_[0].holdings) + Risen();
+    std::printf("%s: %d, %s\n\n", name_, steps, grown.empty() ? "nothing grew" : grown.c_str());
+    return grown.empty();
+}
+
+void Course::Note(int step, Reading reading) {
+    readings_.push_back(std::move(reading));
+    Report(step);
+}
+
+void Course::Report(int step) const {
+    const auto& [holdings, levels] = readings_.back();
+    if (step == 0) {
+        std::printf("%-12s", name_);
+        for (const auto& [what, count] : holdings.Counts())
+            std::printf("%*s", WidthOf(what), what);
+        for (const Level& level : levels)
+            std::printf("%*s", WidthOf(level.what), level.what);
+        std::printf("%*s\n", WidthOf(kSeconds), kSeconds);
+    }
+    std::printf("%-12d", step);
+    for (const auto& [what, count] : holdings.Counts())
+        std::printf("%*ld", WidthOf(what), count);
+    for (const Level& level : levels)
+        std::printf("%*.0f", WidthOf(level.what), level.amount);
+    std::printf("%*.0f\n", WidthOf(kSeconds), Seconds(Clock::now() - start_).count());
+    std::fflush(stdout);
+}
+
+std::string Course::Risen() const {
+    const size_t quarter = readings_.size() / 4;
+    if (quarter == 0) return {};
+    std::string risen;
+    for (size_t i = 0; i < readings_[0].levels.size(); ++i) {
+        const double before = Average(i, quarter, 2 * quarter);
+        const double after = Average(i, readings_.size() - quarter, readings_.size());
+        const Level& level = readings_[0].levels[i];
+        char text[100];
+        std::snprintf(text, sizeof text, "%s: %.0f -> %.0f; ", level.what, before, after);
+        if (after - before > level.rise) risen += text;
+    }
+    return risen;
+}
+
+double Course::Average(size_t level, size_t first, size_t end) const {
+    double sum = 0;
+    for (size_t i = first; i < end; ++i)
+        sum += readings_[i].levels[level].amount;
+    return sum / static_cast<double>(end - first);
+}
+
+double PrivateMemory() {
+    PROCESS_MEMORY_COUNTERS counters = {};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return static_cast<double>(counters.PagefileUsage) / 1024;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,83 @@
+#include "tests/soak/engine_census.h"
+
+#include <windows.h>
+
+#include "base/status.h"
+#include "base/text.h"
+#include "control/engine/engine_path.h"
+#include "control/engine/launch.h"
+#include "tests/support/leak_check.h"
+
+namespace tarvik {
+
+namespace {
+
+// One more is made now and then, and kept.
+constexpr double kHandlesRise = 2;
+constexpr double kProcessesRise = 2;
+// KB. Garbage of the allocators and of script goes up and down by about as much.
+constexpr double kMemoryRise = 2048;
+constexpr double kEngineRise = 40 * 1024;
+constexpr double kHeapRise = 256;
+constexpr double kDocumentsRise = 2;
+
+std::string OwnMark() {
+    const std::string mark =
+        Narrow(FreshName());  // process ids are those of one Wine, and others run beside it
+    SetEnvironmentVariableW(L"TARVIK_TEST_RUN", Widen(mark).c_str());
+    return mark;
+}
+
+Json Targets(DevTools& engine) {
+    return engine.Call("", "Target.getTargets").at("targetInfos");
+}
+
+}  // namespace
+
+EngineCensus::EngineCensus() : processes_(OwnMark()) {}
+
+void EngineCensus::NoteStart() {
+    if (IsWine()) ++starts_;
+}
+
+void EngineCensus::WatchPage() {
+    engine_ = DevTools::Acquire();
+    for (const Json& target : Targets(*engine_)) {
+        if (target.at("type") != "page") continue;
+        session_ =
+            engine_
+                ->Call("", "Target.attachToTarget", {{"targetId", target.at("targetId")}, {"flatten", true}})
+                .at("sessionId");
+    }
+}
+
+void EngineCensus::ForgetPage() {
+    engine_.reset();
+}
+
+Reading EngineCensus::Now() {
+    Reading reading = {Holdings::Now(),
+                       {{"handles", static_cast<double>(CountHandles() - starts_), kHandlesRise},
+                        {"memory KB", PrivateMemory(), kMemoryRise}}};
+    const auto processes = processes_.Look();
+    reading.levels.push_back({"processes", static_cast<double>(processes.size()), kProcessesRise});
+    reading.holdings.Add("folders", processes_.Folders());
+    if (!engine_) return reading;
+    double memory = 0;
+    for (const auto& process : processes)
+        memory += static_cast<double>(EngineProcesses::MemoryOf(process));
+    reading.levels.push_back({"engine KB", memory, kEngineRise});
+    ReadPage(reading);
+    return reading;
+}
+
+void EngineCensus::ReadPage(Reading& reading) {
+    reading.holdings.Add("targets", static_cast<long>(Targets(*engine_).size()));
+    engine_->Call(session_, "HeapProfiler.collectGarbage");
+    const double heap = engine_->Call(session_, "Runtime.getHeapUsage").at("usedSize");
+    const double documents = engine_->Call(session_, "Memory.getDOMCounters").at("documents");
+    reading.levels.push_back({"heap KB", heap / 1024, kHeapRise});
+    reading.levels.push_back({"documents", documents, kDocumentsRise});
+}
+
+}  // namespace tarvik

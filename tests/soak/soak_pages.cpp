@@ -1,0 +1,234 @@
+// Windows and documents of the page control, one after the other, and calls in one document without end:
+// `soak_pages [windows] [navigations, and rounds of calls]`. Fails when more of anything is left than after
+// the first few.
+
+#include <windows.h>
+#include <exdisp.h>
+
+#include <cstdio>
+#include <source_location>
+#include <string>
+#include <vector>
+
+#include "atl/ax_window.h"
+#include "atl/module.h"
+#include "base/com_ptr.h"
+#include "base/status.h"
+#include "base/variant.h"
+#include "control/page/register.h"
+#include "host/web_browser.h"
+#include "tests/soak/course.h"
+#include "tests/soak/engine_census.h"
+#include "tests/soak/soak_plugin.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(30);
+constexpr COLORREF kPaper = RGB(10, 120, 60);
+constexpr POINT kPlace = {200, 200};
+
+// Script and native code hold objects of each other and call each other.
+constexpr const char* kHead = R"page(<!doctype html><meta charset="utf-8"><title>Soak</title>
+<body style="background: rgb(10, 120, 60)"><p id="text"></p>
+<script>
+  console.showJsError = false;
+  var soak = external.soak, kept = soak.make(), text = document.getElementById('text');
+  kept.name = 'kept';
+  kept.back = function () { return kept.name; };
+  soak.hold(function (object) { object.page = window; text.textContent = kept.back(); });
+  for (var i = 0; i < 5; i++) soak.call(function (object) { object.number = i; kept.last = object; });
+  function ready() { if (soak.ready()) external.window.close(); }
+</script>
+)page";
+
+constexpr const char* kPlain = R"page(<script>
+  external.window.title = 'Soak ' + external.window.width;
+  external.window.show(true);
+  onload = ready;
+</script>)page";
+
+constexpr const char* kWithFrame = R"page(<iframe src="inner.html"></iframe>)page";
+constexpr const char* kInner = R"page(<!doctype html><script>
+  var kept = external.soak.make();
+  kept.text = document.title + external.window.title;
+  parent.ready();
+</script>)page";
+
+// The next page is opened while this one waits for native code.
+constexpr const char* kWaiting = R"page(<script>onload = function () { soak.leave(); }; </script>)page";
+
+constexpr const char* kWithTimers = R"page(<script>
+  for (var i = 0; i < 5; i++) setInterval(function () { kept.title = external.window.title; }, i);
+  setTimeout(ready, 30);
+</script>)page";
+
+// Calls without end, in one document.
+constexpr const char* kCalling = R"page(<script>
+  setInterval(function () {
+    for (var i = 0; i < 10; i++) {
+      soak.make().text = external.window.title;
+      soak.call(function (object) { object.number = i; });
+    }
+    ready();
+  }, 1);
+</script>)page";
+
+constexpr const char* kFailing = R"page(<script>
+  setTimeout(function () { throw new Error('meant to fail'); });
+  setTimeout(function () { external.soak.call({}); });
+  setTimeout(ready, 10);
+</script>)page";
+
+class Window {
+  public:
+    explicit Window(const std::wstring& page)
+        : browser_(MakeCom<CWebBrowser>()), window_(browser_->CreateHidden(nullptr, page.c_str())) {}
+    ~Window() { Close(); }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    bool IsOpen() const { return browser_->GetWindowHandle() != nullptr; }
+    void Close() {
+        if (IsOpen()) DestroyWindow(window_);
+        PumpOnce();
+    }
+
+    void Navigate(const std::wstring& page) const {
+        const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window_).Get());
+        Variant url = Variant::Text(page), none;
+        ThrowIfFailed(browser->Navigate2(&url, &none, &none, &none, &none));
+    }
+
+    // By the window's own picture: other windows may lie above.
+    bool IsPainted() const {
+        HWND page = window_;
+        while (const HWND child = GetWindow(page, GW_CHILD))
+            page = child;
+        const HDC picture = GetDC(page);
+        const COLORREF colour = GetPixel(picture, kPlace.x, kPlace.y);
+        ReleaseDC(page, picture);
+        return colour == kPaper;
+    }
+
+  private:
+    ComPtr<CWebBrowser> browser_;
+    HWND window_;
+};
+
+class Soak {
+  public:
+    Soak() { appModule.AddMessageLoop(&loop_); }
+    ~Soak() { appModule.RemoveMessageLoop(); }
+
+    bool Run(int windows, int navigations) {
+        soakAnswers = {[this] { return ++ready_, onReady_ && onReady_(); }, [this] { OpenNext(); }};
+        return RunBesideOne(windows, navigations) & RunAlone(std::max(4, windows / 10)) & IsEngineGone();
+    }
+
+  private:
+    bool RunBesideOne(int windows, int navigations) {
+        const Window first(pages_[0]);
+        first_ = &first;
+        if (!Becomes([this] { return ready_ == 1; })) return false;
+        census_.WatchPage();
+        Course opening("windows", [this] { return census_.Now(); });
+        Course leaving("navigations", [this] { return census_.Now(); });
+        Course calling("rounds", [this] { return census_.Now(); });
+        bool good = opening.Run(8, windows, [this](int step) { return OpenAndClose(step); });
+        good &= leaving.Run(10, navigations, [this](int) { return OpenNext(); });
+        first.Navigate(calling_);
+        good &= calling.Run(20, navigations, [this](int) { return WaitForReady(); });
+        census_.ForgetPage();
+        first_ = nullptr;
+        return good;
+    }
+
+    // Each with an engine that starts and ends with it.
+    bool RunAlone(int windows) {
+        Course course("engines", [this] { return census_.Now(); });
+        return course.Run(2, windows, [this](int) {
+            census_.NoteStart();
+            return OpenAndClose(0);
+        });
+    }
+
+    bool IsEngineGone() {
+        if (PumpUntil([this] { return census_.Left().empty(); }, kPatience)) return true;
+        return std::printf("left of the engine: %s\n", census_.Left().c_str()), false;
+    }
+
+    // In one of the ways in which windows go.
+    bool OpenAndClose(int step) {
+        ready_ = 0;
+        Window window(pages_[0]);
+        bool gone = false;
+        switch (step % 4) {
+            case 0:  // in peace
+                return Becomes([this] { return ready_ == 1; }) && Becomes([&] { return window.IsPainted(); });
+            case 1:  // by its own will
+                onReady_ = [] { return true; };
+                gone = Becomes([&] { return !window.IsOpen(); });
+                break;
+            case 2:  // while its page waits in a call
+                onReady_ = [&] { return window.Close(), true; };
+                gone = Becomes([&] { return !window.IsOpen(); });
+                break;
+            default:  // while its page comes
+                return window.IsOpen();
+        }
+        onReady_ = nullptr;
+        return gone;
+    }
+
+    bool OpenNext() {
+        next_ = (next_ + 1) % pages_.size();
+        first_->Navigate(pages_[next_]);
+        return WaitForReady();
+    }
+
+    bool WaitForReady() {
+        return Becomes([this, before = ready_] { return ready_ > before; });
+    }
+
+    static bool Becomes(const std::function<bool()>& condition,
+                        std::source_location place = std::source_location::current()) {
+        if (PumpUntil(condition, kPatience)) return true;
+        return std::printf("what line %u waits for does not come\n", place.line()), false;
+    }
+
+    std::wstring Write(const wchar_t* name, const char* body) const {
+        return folder_.Write(name, std::string(kHead) + body);
+    }
+
+    CMessageLoop loop_;
+    const TempFolder folder_;
+    const std::wstring inner_ = folder_.Write(L"inner.html", kInner);
+    const std::vector<std::wstring> pages_ = {
+        Write(L"plain.html", kPlain),     Write(L"frame.html", kWithFrame),
+        Write(L"waiting.html", kWaiting), Write(L"timers.html", kWithTimers),
+        Write(L"failing.html", kFailing),
+    };
+    const std::wstring calling_ = Write(L"calling.html", kCalling);
+    EngineCensus census_;
+    const PageControlClass control_;
+    const Window* first_ = nullptr;
+    size_t next_ = 0;
+    int ready_ = 0;
+    std::function<bool()> onReady_;
+};
+
+}  // namespace
+}  // namespace tarvik
+
+int wmain(int argc, wchar_t** argv) {
+    SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium");
+    const int windows = argc > 1 ? _wtoi(argv[1]) : 100;
+    const int navigations = argc > 2 ? _wtoi(argv[2]) : 1000;
+    bool good = false;
+    const HRESULT status = tarvik::Guard([&] { good = tarvik::Soak().Run(windows, navigations); });
+    if (FAILED(status)) std::printf("ended with 0x%08lX\n", static_cast<unsigned long>(status));
+    return good ? 0 : 1;
+}
