@@ -42,6 +42,14 @@ INPUT MouseInputOf(DWORD action, DWORD data) {
     return input;
 }
 
+INPUT MoveOf(POINT screen) {
+    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
+    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
+    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
+    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
+    return move;
+}
+
 INPUT KeyInputOf(WORD key, DWORD flags) {
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
@@ -80,6 +88,8 @@ void HostedPage::Open(const std::string& html) {
     SetWindowPos(frame_, HWND_TOP, outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_SHOWWINDOW);
     SetForegroundWindow(frame_);
+    // The first move on a new desktop is taken back a moment later, by the pointer of the system underneath.
+    MoveTo({0, 0});
     for (HWND child = frame_; child; child = GetWindow(child, GW_CHILD))
         page_ = child;
     ASSERT_TRUE(PixelBecomes(OnScreen({2, 2}), kReady));
@@ -103,7 +113,8 @@ testing::AssertionResult HostedPage::Becomes(const std::wstring& expression,
                                              const std::wstring& expected) const {
     std::wstring last;
     if (PumpUntil([&] { return (last = Ask(expression)) == expected; })) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "it is " << testing::PrintToString(last);
+    return testing::AssertionFailure()
+           << "it is " << testing::PrintToString(last) << ", not " << testing::PrintToString(expected);
 }
 
 POINT HostedPage::MiddleOf(const wchar_t* id) const {
@@ -130,17 +141,17 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
 }
 
 void HostedPage::MoveTo(POINT screen) const {
-    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
-    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
-    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
-    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
-    Send({move});
+    Send({MoveOf(screen)});
 }
 
+// In one piece: the pointer belongs to the whole desktop.
 void HostedPage::Click(POINT screen, DWORD press, int times) const {
-    MoveTo(screen);
-    for (int i = 0; i < times; ++i)
-        Mouse({press, press << 1});
+    std::vector<INPUT> inputs = {MoveOf(screen)};
+    for (int i = 0; i < times; ++i) {
+        inputs.push_back(MouseInputOf(press, 0));
+        inputs.push_back(MouseInputOf(press << 1, 0));
+    }
+    Send(std::move(inputs));
 }
 
 void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
