@@ -71,7 +71,7 @@ TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
     Open("external.window.quit(9)");
     ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
     const HWND window = program_.Windows()[0];
-    ExpectNotice(window, "TARVIK_BROWSER");
+    ExpectNotice(window, "/nonexistent");
     EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
     // Clicked, it tries again, with the same result.
     Click(Program::PageArea(window));
@@ -117,6 +117,14 @@ TEST_F(EngineLife, AKilledEngineIsToldAndStartsAgain) {
     ExpectNewStart(window);
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
+}
+
+TEST_F(EngineLife, AnEngineThatHangsIsEndedWithItsLastWindow) {
+    const HWND window = OpenShown();
+    engine_.Stop("--user-data-dir=/tmp/");
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, 10'000)) << engine_.Left();
+    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // Whatever it is doing.

@@ -24,7 +24,10 @@ constexpr const wchar_t* kProcesses = L"Z:\\proc\\";
 // Empty for a process that has gone meanwhile.
 std::string Read(int id, const wchar_t* file) {
     std::ifstream stream(fs::path(kProcesses) / std::to_wstring(id) / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    // Of one that goes just now, reading fails, at which an iterator would throw.
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
 }
 
 // "id (name) state parent ..."; the name may hold anything. A process that has ended and was not waited for
@@ -112,8 +115,8 @@ std::string EngineProcesses::Left() {
     return left;
 }
 
-void EngineProcesses::Kill(const std::string& text) {
-    std::wstring line = L"Z:\\bin\\sh -c \"kill -KILL";
+void EngineProcesses::Signal(const std::wstring& name, const std::string& text) {
+    std::wstring line = L"Z:\\bin\\sh -c \"kill -" + name;
     for (const Process& process : Look()) {
         if (process.command.find(text) != std::string::npos) line += L" " + std::to_wstring(process.id);
     }

@@ -28,9 +28,11 @@ class EngineProcesses {
     std::string Left();
 
     // Those whose command line holds a text.
-    void Kill(const std::string& text);
+    void Kill(const std::string& text) { Signal(L"KILL", text); }
+    void Stop(const std::string& text) { Signal(L"STOP", text); }
 
   private:
+    void Signal(const std::wstring& name, const std::string& text);
     bool BelongsToRun(const Process& process) const;
 
     const std::string mark_;
