@@ -28,7 +28,7 @@ std::wstring Quoted(std::wstring_view text) {
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
            L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
-           L"(trap 'kill $s 2>/dev/null; exit' TERM; sleep 20 & s=$!; wait $s && { kill $p; rm -rf $d; }) "
+           L"(trap 'kill $! 2>/dev/null; exit' TERM; sleep 20 & wait $! && { kill $p; rm -rf $d; }) "
            L"</dev/null "
            L">/dev/null 2>&1 & "
            L"g=$!; exec 4>$d/a 3<$d/b; head -c1 /dev/zero >&4; kill $g; [ $(id -u) = 0 ] && "

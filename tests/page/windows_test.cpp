@@ -50,7 +50,7 @@ TEST_F(Windows, AnyOtherStandsAlone) {
     EXPECT_EQ(GetWindow(child, GW_OWNER), nullptr);
     PostMessageW(program_.WindowTitled(L"First"), WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-    EXPECT_TRUE(IsWindowVisible(child));
+    EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(child) != FALSE; }));
     EXPECT_EQ(program_.Quit(3), 3u);
 }
 

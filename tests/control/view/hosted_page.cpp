@@ -140,22 +140,20 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
     return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
 }
 
-void HostedPage::MoveTo(POINT screen) const {
-    Send({MoveOf(screen)});
+void HostedPage::MoveTo(POINT screen) {
+    pointer_ = screen;
+    Mouse({});
 }
 
-// In one piece: the pointer belongs to the whole desktop.
-void HostedPage::Click(POINT screen, DWORD press, int times) const {
-    std::vector<INPUT> inputs = {MoveOf(screen)};
-    for (int i = 0; i < times; ++i) {
-        inputs.push_back(MouseInputOf(press, 0));
-        inputs.push_back(MouseInputOf(press << 1, 0));
-    }
-    Send(std::move(inputs));
+void HostedPage::Click(POINT screen, DWORD press, int times) {
+    pointer_ = screen;
+    for (int i = 0; i < times; ++i)
+        Mouse({press, press << 1});
 }
 
+// In one piece with a move: the pointer belongs to the whole desktop, which may have moved it meanwhile.
 void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
-    std::vector<INPUT> inputs;
+    std::vector<INPUT> inputs = {MoveOf(pointer_)};
     for (const DWORD action : actions)
         inputs.push_back(MouseInputOf(action, data));
     Send(std::move(inputs));
