@@ -88,8 +88,6 @@ void HostedPage::Open(const std::string& html) {
     SetWindowPos(frame_, HWND_TOP, outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_SHOWWINDOW);
     SetForegroundWindow(frame_);
-    // The first move on a new desktop is taken back a moment later, by the pointer of the system underneath.
-    MoveTo({0, 0});
     for (HWND child = frame_; child; child = GetWindow(child, GW_CHILD))
         page_ = child;
     ASSERT_TRUE(PixelBecomes(OnScreen({2, 2}), kReady));
@@ -140,20 +138,32 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
     return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
 }
 
-void HostedPage::MoveTo(POINT screen) {
-    pointer_ = screen;
-    Mouse({});
+void HostedPage::MoveQuickly(POINT screen) const {
+    Send({MoveOf(screen)});
 }
 
-void HostedPage::Click(POINT screen, DWORD press, int times) {
-    pointer_ = screen;
+// The system underneath has a pointer of its own, and on a busy machine takes a move back a moment later.
+void HostedPage::MoveTo(POINT screen) const {
+    constexpr int kLooks = 4;
+    MoveQuickly(screen);
+    for (int calm = 0; calm < kLooks; ++calm) {
+        PumpUntil([] { return false; }, std::chrono::milliseconds(10));
+        POINT now = {};
+        GetCursorPos(&now);
+        if (now.x == screen.x && now.y == screen.y) continue;
+        MoveQuickly(screen);
+        calm = -1;
+    }
+}
+
+void HostedPage::Click(POINT screen, DWORD press, int times) const {
+    MoveTo(screen);
     for (int i = 0; i < times; ++i)
         Mouse({press, press << 1});
 }
 
-// In one piece with a move: the pointer belongs to the whole desktop, which may have moved it meanwhile.
 void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
-    std::vector<INPUT> inputs = {MoveOf(pointer_)};
+    std::vector<INPUT> inputs;
     for (const DWORD action : actions)
         inputs.push_back(MouseInputOf(action, data));
     Send(std::move(inputs));

@@ -38,10 +38,11 @@ class HostedPage : public testing::Test {
     COLORREF PixelAt(POINT screen) const;
     testing::AssertionResult PixelBecomes(POINT screen, COLORREF colour) const;
 
-    void MoveTo(POINT screen);
+    // Returns when the pointer stays there.
+    void MoveTo(POINT screen) const;
+    void MoveQuickly(POINT screen) const;
     // With MOUSEEVENTF_...DOWN; the release follows at once.
-    void Click(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1);
-    // Where the pointer was moved last.
+    void Click(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1) const;
     void Mouse(std::initializer_list<DWORD> actions, DWORD data = 0) const;
     // Keys go down in this order and up in the other.
     void Press(std::initializer_list<WORD> keys) const;
@@ -60,7 +61,6 @@ class HostedPage : public testing::Test {
     ComPtr<CWebBrowser> browser_;
     HWND frame_ = nullptr;
     HWND page_ = nullptr;
-    POINT pointer_ = {};
 };
 
 // The text on the system's clipboard.

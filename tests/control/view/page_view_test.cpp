@@ -255,8 +255,9 @@ TEST_F(HostedPage, ShapesThePointer) {
         const HCURSOR expected = LoadCursorW(nullptr, shape);
         const POINT place = MiddleOf(id);
         // Faster than the page is asked.
-        for (int step = 5; step >= 0; --step)
-            MoveTo({place.x, place.y - step});
+        for (int step = 5; step > 0; --step)
+            MoveQuickly({place.x, place.y - step});
+        MoveTo(place);
         EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
             << Ask(std::wstring(L"'") + id + L"'").c_str();
     }
