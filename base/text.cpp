@@ -33,4 +33,16 @@ std::wstring FullPath(const std::wstring& path) {
     return full;
 }
 
+// A backslash stands for itself, except in front of a quote.
+std::wstring QuoteArgument(std::wstring_view text) {
+    std::wstring quoted = L"\"";
+    size_t backslashes = 0;
+    for (const wchar_t character : text) {
+        if (character == L'"') quoted.append(backslashes + 1, L'\\');
+        backslashes = character == L'\\' ? backslashes + 1 : 0;
+        quoted += character;
+    }
+    return quoted.append(backslashes, L'\\') + L'"';
+}
+
 }  // namespace tarvik

@@ -29,4 +29,7 @@ std::wstring ReadPath(Fill&& fill) {
     return buffer;
 }
 
+// The text as one argument of a command line, quoted as programs of Windows read it.
+std::wstring QuoteArgument(std::wstring_view text);
+
 }  // namespace tarvik

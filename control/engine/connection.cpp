@@ -27,7 +27,8 @@ HWND MakeMessageWindow(WNDPROC procedure, void* object) {
     return window;
 }
 
-// False when the program is to quit; who runs the message loop hears of it too.
+// As any loop inside another, it does not ask the filters of the program's own loop. False when the program
+// is to quit; who runs that loop hears of it too.
 bool PumpAll() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -54,8 +55,10 @@ Connection::~Connection() {
     *alive_ = false;
     // Asked to close, the engine ends in its own time; without its input it must.
     if (open_) transport_->Write(R"({"id":0,"method":"Browser.close"})");
-    WaitForSingleObject(ended_.Get(), kEndPatience);
+    const auto hasEnded = [this] { return WaitForSingleObject(ended_.Get(), kEndPatience) == WAIT_OBJECT_0; };
+    const bool hasClosed = hasEnded();
     transport_->CloseWriting();
+    if (!hasClosed && !hasEnded()) transport_->Kill();
     reader_.join();
 }
 
@@ -163,9 +166,11 @@ bool Connection::WaitForMore(DWORD timeout, bool patient) {
         ++waits_;
     }
     if (patient) {
+        const HRESULT status = CoWaitForMultipleHandles(0, timeout, 1, &event, &index);
+        // A thread without COM has no calls to serve.
+        if (status == CO_E_NOTINITIALIZED) WaitForSingleObject(event, timeout);
         // Wine overlooks a call that comes in while it looks for others, until it gets another message.
-        if (CoWaitForMultipleHandles(0, timeout, 1, &event, &index) != S_OK)
-            PostMessageW(window_.Get(), WM_NULL, 0, 0);
+        if (status != S_OK) PostMessageW(window_.Get(), WM_NULL, 0, 0);
     } else {
         MsgWaitForMultipleObjectsEx(1, &event, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }

@@ -38,6 +38,9 @@ class Connection : public DevTools {
     std::string OpenPage() override;
     void ClosePage(const std::string& id) override;
 
+    // Ends the engine at once.
+    void Kill() { transport_->Kill(); }
+
     // Waits until the engine answers, and finds its first page.
     void Greet();
 

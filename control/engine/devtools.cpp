@@ -60,8 +60,12 @@ void DevTools::Prepare() {
     if (!engine.empty()) prepared = std::async(std::launch::async, Launch, engine);
 }
 
+// Windows that are still there go with the process, and nobody lets go of the engine for them. Under Wine it
+// cleans up behind itself.
 void DevTools::Forget() {
     prepared = {};
+    const auto connection = current.lock();
+    if (connection && !IsWine()) connection->Kill();
 }
 
 std::wstring DevTools::LastStartError() {

@@ -33,6 +33,10 @@ std::wstring AsWinePath(std::wstring path) {
     return L"Z:" + path;
 }
 
+std::wstring GivenEngine() {
+    return ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_BROWSER", buffer, kPathLength); });
+}
+
 }  // namespace
 
 bool IsWine() {
@@ -41,8 +45,7 @@ bool IsWine() {
 }
 
 std::wstring FindEngine() {
-    const std::wstring given =
-        ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_BROWSER", buffer, kPathLength); });
+    const std::wstring given = GivenEngine();
     if (!given.empty()) return Exists(IsWine() ? AsWinePath(given) : given) ? given : std::wstring();
     if (IsWine()) return Exists(AsWinePath(kWineEngine)) ? kWineEngine : std::wstring();
     for (const wchar_t* program : kPrograms) {
@@ -54,11 +57,11 @@ std::wstring FindEngine() {
 }
 
 std::wstring MissingEngineText() {
-    return IsWine() ? L"This application needs a web engine, and none was found.\n"
-                      L"Install the package \"chromium\", or name a browser in the variable TARVIK_BROWSER."
-                    : L"This application needs a web engine, and none was found.\n"
-                      L"Install Microsoft Edge or Google Chrome, or name a browser in the variable "
-                      L"TARVIK_BROWSER.";
+    std::wstring text = L"This application needs a web engine, and none was found.\n";
+    if (const std::wstring given = GivenEngine(); !given.empty())
+        return text + L"The variable TARVIK_BROWSER names a file that is not there:\n" + given;
+    text += IsWine() ? L"Install the package \"chromium\"" : L"Install Microsoft Edge or Google Chrome";
+    return text + L", or name a browser in the variable TARVIK_BROWSER.";
 }
 
 }  // namespace tarvik

@@ -31,6 +31,9 @@ class Transport {
     // The engine sees the end of its input, and ends.
     void CloseWriting();
 
+    // Ends an engine that does not see it.
+    virtual void Kill() = 0;
+
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;

@@ -3,6 +3,7 @@
 // after it; it goes on when this process is killed.
 
 #include "base/status.h"
+#include "base/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
 
@@ -23,8 +24,8 @@ std::wstring Quoted(std::wstring_view text) {
 // One zero byte, an empty message, tells that the FIFOs are open; from then on their end is the engine's. The
 // engine must run as root without its sandbox only there, and must not warn of it in its window, which would
 // move the page. What the engine leaves behind when it is killed or fails, sockets and reports of its
-// failure, is in the folder and goes with it. The guard ends the shell if nobody opens the FIFOs; opening
-// waits for the other side.
+// failure, is in the folder and goes with it. It leads a process group, whose number is kept. The guard ends
+// the shell if nobody opens the FIFOs; opening waits for the other side.
 std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder) {
     return L"umask 077; d=" + Quoted(folder) +
            L"; mkdir $d && mkfifo $d/a $d/b || exit 1; p=$$; "
@@ -32,24 +33,15 @@ std::wstring ShellScript(const std::wstring& engine, const std::wstring& folder)
            L"</dev/null "
            L">/dev/null 2>&1 & "
            L"g=$!; exec 4>$d/a 3<$d/b; head -c1 /dev/zero >&4; kill $g; [ $(id -u) = 0 ] && "
-           L"r='--no-sandbox --test-type'; TMPDIR=$d BREAKPAD_DUMP_LOCATION=$d " +
+           L"r='--no-sandbox --test-type'; TMPDIR=$d BREAKPAD_DUMP_LOCATION=$d setsid " +
            Quoted(engine) + EngineArguments() +
-           L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1; "
+           L" --user-data-dir=$d/p --remote-debugging-pipe $r about:blank </dev/null >/dev/null 2>&1 & "
+           L"echo $! >$d/pid; wait $!; "
            L"{ rm -rf $d || { sleep 1; rm -rf $d; }; } 2>/dev/null";
 }
 
-// One argument of a command line, as programs of Windows quote it.
-std::wstring AsArgument(const std::wstring& text) {
-    std::wstring quoted = L"\"";
-    for (wchar_t character : text) {
-        if (character == L'"' || character == L'\\') quoted += L'\\';
-        quoted += character;
-    }
-    return quoted + L'"';
-}
-
 void StartShell(const std::wstring& script) {
-    std::wstring line = L"Z:\\bin\\sh -c " + AsArgument(script);
+    std::wstring line = L"Z:\\bin\\sh -c " + QuoteArgument(script);
     STARTUPINFOW startup = {sizeof startup};
     PROCESS_INFORMATION process = {};
     if (!CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
@@ -72,6 +64,21 @@ UniqueHandle OpenWhenThere(const std::wstring& path, DWORD access) {
     }
 }
 
+class FifoTransport : public Transport {
+  public:
+    FifoTransport(UniqueHandle fromEngine, UniqueHandle toEngine, std::function<bool()> isStarting,
+                  std::wstring folder)
+        : Transport(std::move(fromEngine), std::move(toEngine), std::move(isStarting)),
+          folder_(std::move(folder)) {}
+
+    void Kill() override {
+        (void)Guard([&] { StartShell(L"kill -s KILL -- -$(cat " + Quoted(folder_ + L"/pid") + L")"); });
+    }
+
+  private:
+    const std::wstring folder_;  // in the system underneath
+};
+
 }  // namespace
 
 std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
@@ -85,7 +92,8 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     const auto isStarting = [folder, end = GetTickCount64() + kPatience] {
         return GetTickCount64() < end && GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
     };
-    return std::make_unique<Transport>(std::move(fromEngine), std::move(toEngine), isStarting);
+    return std::make_unique<FifoTransport>(std::move(fromEngine), std::move(toEngine), isStarting,
+                                           L"/tmp/" + name);
 }
 
 }  // namespace tarvik

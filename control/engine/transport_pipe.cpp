@@ -13,6 +13,9 @@ namespace tarvik {
 
 namespace {
 
+constexpr const wchar_t* kProfile = L".profile";
+constexpr const wchar_t* kMark = L".used";
+
 struct Pipe {
     UniqueHandle read;
     UniqueHandle write;
@@ -61,18 +64,44 @@ UniqueHandle MakeJob() {
     return job;
 }
 
+// A profile in use has this file beside it, which goes with the program that uses it, also when that is
+// killed.
+UniqueHandle HoldProfile(const std::wstring& profile) {
+    return UniqueHandle(CreateFileW((profile + kMark).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+}
+
+void RemoveLeftProfiles(const std::wstring& folder) {
+    std::vector<std::wstring> left;
+    WIN32_FIND_DATAW found = {};
+    const UniqueFind search(FindFirstFileW((folder + L"tarvik-*" + kProfile).c_str(), &found));
+    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
+        const std::wstring path = folder + found.cFileName;
+        if (GetFileAttributesW((path + kMark).c_str()) == INVALID_FILE_ATTRIBUTES) left.push_back(path);
+    }
+    for (const std::wstring& path : left)
+        DeleteFolder(path);
+}
+
 class PipeTransport : public Transport {
   public:
     PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
-                  std::wstring profile)
+                  std::wstring profile, UniqueHandle mark)
         : Transport(std::move(fromEngine), std::move(toEngine)),
           process_(std::move(process)),
           job_(std::move(job)),
-          profile_(std::move(profile)) {}
+          profile_(std::move(profile)),
+          mark_(std::move(mark)) {}
     ~PipeTransport() override {
         CloseWriting();
         WaitForSingleObject(process_.Get(), kPatience);
-        job_.Reset();  // ends what is left
+        PipeTransport::Kill();
+    }
+
+    // Nobody else removes the profile.
+    void Kill() override {
+        TerminateJobObject(job_.Get(), 0);
+        TerminateProcess(process_.Get(), 0);
         WaitForSingleObject(process_.Get(), kPatience);
         DeleteFolder(profile_);
     }
@@ -83,6 +112,7 @@ class PipeTransport : public Transport {
     UniqueHandle process_;
     UniqueHandle job_;
     std::wstring profile_;
+    UniqueHandle mark_;
 };
 
 std::wstring HandleText(const UniqueHandle& handle) {
@@ -96,11 +126,15 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     Pipe fromEngine = MakePipe();
     KeepHere(toEngine.write);
     KeepHere(fromEngine.read);
-    const std::wstring profile =
-        ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); }) + FreshName();
-    std::wstring line = L"\"" + engine + L"\"" + EngineArguments() + L" \"--user-data-dir=" + profile +
-                        L"\" --remote-debugging-pipe --remote-debugging-io-pipes=" +
-                        HandleText(toEngine.read) + L"," + HandleText(fromEngine.write) + L" about:blank";
+    const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
+    RemoveLeftProfiles(folder);
+    const std::wstring profile = folder + FreshName() + kProfile;
+    UniqueHandle mark = HoldProfile(profile);
+    // An engine that runs as an administrator would start itself again as somebody less, and lose the pipes.
+    std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +
+                        QuoteArgument(L"--user-data-dir=" + profile) +
+                        L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
+                        L"," + HandleText(fromEngine.write) + L" about:blank";
     InheritedHandles inherited(toEngine.read.Get(), fromEngine.write.Get());
     STARTUPINFOEXW startup = {};
     startup.StartupInfo.cb = sizeof startup;
@@ -114,10 +148,11 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     UniqueHandle process(information.hProcess);
     const UniqueHandle thread(information.hThread);
     UniqueHandle job = MakeJob();
+    // Where this process is in a job that allows none inside it, the end of the pipe alone ends the engine.
     AssignProcessToJobObject(job.Get(), process.Get());
     ResumeThread(thread.Get());
     return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
-                                           std::move(process), std::move(job), profile);
+                                           std::move(process), std::move(job), profile, std::move(mark));
 }
 
 }  // namespace tarvik

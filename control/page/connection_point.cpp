@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "base/status.h"
+
 namespace tarvik {
 
 void ConnectionPoint::Fire(DISPID id, std::span<VARIANT> arguments) {
@@ -39,9 +41,10 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     sink->QueryInterface(events_, reinterpret_cast<void**>(events.GetAddressOf()));
     if (!events) events = Query<IDispatch>(sink);
     if (!events) return CONNECT_E_CANNOTCONNECT;
-    *cookie = ++last_;
-    sinks_.emplace(*cookie, std::move(events));
-    return S_OK;
+    return Guard([&] {
+        sinks_.emplace(++last_, std::move(events));
+        *cookie = last_;
+    });
 }
 
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {

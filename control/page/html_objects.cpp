@@ -13,9 +13,11 @@ namespace tarvik {
 
 namespace {
 
+// The id of a name whose existence is not asked about: that would be a call into the page of its own.
 HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
-    LPOLESTR text = const_cast<LPOLESTR>(name);
-    return object ? object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, id) : E_UNEXPECTED;
+    const auto script = Query<IDispatchEx>(object);
+    return script ? script->GetDispID(Bstr(name).Get(), fdexNameCaseSensitive | fdexNameEnsure, id)
+                  : E_UNEXPECTED;
 }
 
 HRESULT InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, DISPPARAMS parameters,
@@ -31,27 +33,28 @@ HRESULT Get(IDispatch* object, const wchar_t* name, Variant& value) {
 }
 
 HRESULT GetText(IDispatch* object, const wchar_t* name, BSTR* out) {
-    if (!out) return E_POINTER;
-    *out = nullptr;
     Variant value;
     const HRESULT status = Get(object, name, value);
-    if (SUCCEEDED(status) && value.Is(VT_BSTR)) {
-        *out = std::exchange(value.bstrVal, nullptr);
-    }
+    if (SUCCEEDED(status) && value.Is(VT_BSTR)) *out = std::exchange(value.bstrVal, nullptr);
     return status;
 }
 
 }  // namespace
 
 ComPtr<IDispatch> HtmlDocument::Script() {
-    Variant document;
     const auto world = page_->World();
-    if (world) Get(world->Window().Get(), L"document", document);
-    return document.Is(VT_DISPATCH) ? ComPtr<IDispatch>(document.pdispVal) : nullptr;
+    if (world != world_.lock()) script_.Reset();
+    if (world && !script_) {
+        Variant document;
+        Get(world->Window().Get(), L"document", document);
+        if (document.Is(VT_DISPATCH)) script_ = document.pdispVal;
+        world_ = world;
+    }
+    return script_;
 }
 
 STDMETHODIMP HtmlDocument::get_Script(IDispatch** out) {
-    return HandOut(page_->Globals(), out);
+    return Guard([&] { return HandOut(page_->Globals(), out); });
 }
 
 STDMETHODIMP HtmlDocument::get_parentWindow(IHTMLWindow2** out) {
@@ -67,6 +70,12 @@ HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
         if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
         return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
     });
+}
+
+HRESULT HtmlDocument::TextOf(const wchar_t* name, BSTR* out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] { return GetText(Script().Get(), name, out); });
 }
 
 STDMETHODIMP HtmlDocument::get_body(IHTMLElement** out) {
@@ -91,11 +100,11 @@ STDMETHODIMP HtmlDocument::elementFromPoint(LONG x, LONG y, IHTMLElement** out) 
 }
 
 STDMETHODIMP HtmlDocument::get_readyState(BSTR* out) {
-    return GetText(Script().Get(), L"readyState", out);
+    return TextOf(L"readyState", out);
 }
 
 STDMETHODIMP HtmlDocument::get_title(BSTR* out) {
-    return GetText(Script().Get(), L"title", out);
+    return TextOf(L"title", out);
 }
 
 STDMETHODIMP HtmlDocument::get_URL(BSTR* out) {
@@ -115,7 +124,9 @@ STDMETHODIMP HtmlWindow::execScript(BSTR code, BSTR, VARIANT* result) {
 }
 
 HRESULT HtmlElement::Text(const wchar_t* name, BSTR* out) {
-    return GetText(script_.Get(), name, out);
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    return Guard([&] { return GetText(script_.Get(), name, out); });
 }
 
 STDMETHODIMP HtmlElement::get_parentElement(IHTMLElement** out) {
@@ -147,8 +158,10 @@ STDMETHODIMP HtmlElement::FindConnectionPoint(REFIID events, IConnectionPoint** 
     if (!out) return E_POINTER;
     *out = nullptr;
     if (events != kElementEvents) return CONNECT_E_NOCONNECTION;
-    page_->ListenToMouse();
-    return HandOut(mouse_, out);
+    return Guard([&] {
+        page_->ListenToMouse();
+        return HandOut(mouse_, out);
+    });
 }
 
 STDMETHODIMP HtmlElement::GetGUID(DWORD kind, GUID* id) {

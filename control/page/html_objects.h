@@ -8,6 +8,8 @@
 
 #include "base/com_object.h"
 #include "base/com_ptr.h"
+#include "base/status.h"
+#include "control/bridge/script_object.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_members.h"
 #include "control/page/page.h"
@@ -20,10 +22,18 @@ namespace tarvik {
 inline constexpr IID kElementEvents = {
     0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
 
-// IDispatch of an object that stands for a script object.
+// IDispatch of an object that stands for a script object, and goes back into the page as that object.
 template <class... Entries>
 class ScriptFace : public ComObject<Entries...> {
   public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
+        if (!out || iid != __uuidof(IScriptObject)) return ComObject<Entries...>::QueryInterface(iid, out);
+        *out = nullptr;
+        return Guard([&] {
+            const auto script = Script();
+            return script ? script->QueryInterface(iid, out) : E_NOINTERFACE;
+        });
+    }
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         if (!count) return E_POINTER;
         *count = 0;
@@ -31,14 +41,18 @@ class ScriptFace : public ComObject<Entries...> {
     }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
-        const auto script = Script();
-        return script ? script->GetIDsOfNames(iid, names, count, locale, ids) : DISP_E_UNKNOWNNAME;
+        return Guard([&] {
+            const auto script = Script();
+            return script ? script->GetIDsOfNames(iid, names, count, locale, ids) : DISP_E_UNKNOWNNAME;
+        });
     }
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* exception, UINT* argument) override {
-        const auto script = Script();
-        return script ? script->Invoke(id, iid, locale, flags, parameters, result, exception, argument)
-                      : DISP_E_MEMBERNOTFOUND;
+        return Guard([&] {
+            const auto script = Script();
+            return script ? script->Invoke(id, iid, locale, flags, parameters, result, exception, argument)
+                          : DISP_E_MEMBERNOTFOUND;
+        });
     }
 
   protected:
@@ -65,9 +79,12 @@ class HtmlDocument : public ScriptFace<As<DocumentMembers, IHTMLDocument2, IHTML
 
   private:
     HRESULT ElementOf(const wchar_t* name, IHTMLElement** out);
+    HRESULT TextOf(const wchar_t* name, BSTR* out);
 
     std::shared_ptr<Page> page_;
     ComPtr<ConnectionPoint> mouse_;
+    std::weak_ptr<ScriptWorld> world_;  // whose document this is
+    ComPtr<IDispatch> script_;
 };
 
 class HtmlWindow : public ScriptFace<As<WindowMembers, IHTMLWindow2, IHTMLFramesCollection2, IDispatch>> {

@@ -15,6 +15,11 @@ constexpr const wchar_t* kRetry = L"\n\nClick here to try again.";
 
 }  // namespace
 
+Page::Page(HWND window, PageEvents& events, bool textIsSelectable)
+    : window_(window),
+      events_(&events),
+      view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
+
 void Page::Navigate(const std::wstring& address) {
     wanted_ = address;
     if (!target_ && !Connect()) return;

@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -43,7 +44,8 @@ class PageEvents {
 // starts anew.
 class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
   public:
-    Page(HWND window, PageEvents& events) : window_(window), events_(&events), view_(window) {}
+    // Text that is not selectable by the mouse is so in fields, and where the page says it.
+    Page(HWND window, PageEvents& events, bool textIsSelectable);
 
     void Navigate(const std::wstring& address);
     void Reload();
@@ -96,6 +98,7 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     void OnNavigatedWithin(const Json& params);
     void OnLoad(const Json& params);
     void OnFrameStopped(const Json& params);
+    void OnFrameDetached(const Json& params);
     void OnEngineDialog(const Json& params);
     void OnException(const Json& params);
     void OnWindowOpen(const Json& params);
@@ -112,6 +115,7 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     std::wstring wanted_;   // where the last navigation from outside went
     bool started_ = false;  // the document that is there has told its start
     bool loading_ = false;
+    std::map<std::string, std::wstring> frames_;  // by id, the addresses of those that are being loaded
     bool broken_ = false;
     bool connecting_ = false;
     bool scriptAllowed_ = true;

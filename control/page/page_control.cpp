@@ -7,6 +7,7 @@
 #include "base/bstr.h"
 #include "base/status.h"
 #include "base/variant.h"
+#include "control/page/frame_browser.h"
 
 namespace tarvik {
 
@@ -54,12 +55,17 @@ PageControl::~PageControl() {
     events_->Clear();
 }
 
+Variant PageControl::BrowserOf(bool isTop, const std::wstring& url) {
+    if (isTop) return Variant::Object(static_cast<IWebBrowser2*>(this));
+    return Variant::Object(MakeCom<FrameBrowser>(url).Get());
+}
+
 // BeforeNavigate2(browser, url, flags, frame, post data, headers, cancel)
 bool PageControl::OnBeforeNavigate(const std::wstring& url, bool isTop) {
     Variant address = Variant::Text(url), flags = Variant::I4(0), empty;
     Variant frame = Variant::Text(L"");
     VARIANT_BOOL cancel = VARIANT_FALSE;
-    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    Variant browser = BrowserOf(isTop, std::wstring());
     VARIANT arguments[] = {browser,
                            ByReference(&address),
                            ByReference(&flags),
@@ -92,7 +98,7 @@ bool PageControl::AllowsScript(const std::wstring& url) {
 void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
     if (isTop) mouse_->Clear();  // connections end with their document
     Variant address = Variant::Text(url);
-    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    Variant browser = BrowserOf(isTop, url);
     VARIANT arguments[] = {browser, ByReference(&address)};
     events_->Fire(DISPID_NAVIGATECOMPLETE2, arguments);
 }
@@ -100,7 +106,7 @@ void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
 // DocumentComplete(browser, url)
 void PageControl::OnDocumentComplete(const std::wstring& url, bool isTop) {
     Variant address = Variant::Text(url);
-    Variant browser = Variant::Object(isTop ? static_cast<IWebBrowser2*>(this) : nullptr);
+    Variant browser = BrowserOf(isTop, url);
     VARIANT arguments[] = {browser, ByReference(&address)};
     events_->Fire(DISPID_DOCUMENTCOMPLETE, arguments);
 }
@@ -193,6 +199,8 @@ bool PageControl::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, 
     const auto page = page_;
     bool handled = false;
     const HRESULT status = Guard([&] {
+        // Who gets the keyboard, as by a click, is the one whose keys the container asks about.
+        if (message == WM_SETFOCUS) ActivateUi();
         if (message == kReportErrors) {
             ReportErrors();
             handled = true;

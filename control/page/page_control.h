@@ -14,7 +14,7 @@
 
 #include "base/com_object.h"
 #include "base/com_ptr.h"
-#include "control/page/browser_members.h"
+#include "control/page/browser_dispatch.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_objects.h"
 #include "control/page/page.h"
@@ -26,7 +26,7 @@ namespace tarvik {
 // system's own: it offers the published interfaces, calls the site through them, and fires
 // DWebBrowserEvents2.
 class PageControl
-    : public ComObject<As<BrowserMembers, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>, IOleObject,
+    : public ComObject<As<BrowserDispatch, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>, IOleObject,
                        As<IOleInPlaceObject, IOleWindow, IOleInPlaceObject>, IOleInPlaceActiveObject,
                        IConnectionPointContainer, As<IPersistStreamInit, IPersist, IPersistStreamInit>>,
       public PageEvents,
@@ -34,13 +34,6 @@ class PageControl
   public:
     PageControl();
     ~PageControl() override;
-
-    // IDispatch, by the system's type library of the interface
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
-    STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** out) override;
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO* exception, UINT* argument) override;
 
     // IWebBrowser2
     STDMETHODIMP Navigate(BSTR url, VARIANT* flags, VARIANT* frame, VARIANT* post, VARIANT* headers) override;
@@ -128,7 +121,10 @@ class PageControl
 
   private:
     HRESULT Activate(HWND parent, const RECT* position);
-    HRESULT ActivateUi();
+    void MakePage(HWND parent, const RECT* position);
+    void Show(bool visible);
+    void ActivateUi();
+    Variant BrowserOf(bool isTop, const std::wstring& url);
     void RegisterDropTarget();
     bool AllowsScript(const std::wstring& url);
     void ReportErrors();
@@ -146,6 +142,8 @@ class PageControl
     std::deque<ScriptError> errors_;
     bool reporting_ = false;
     bool registerAsBrowser_ = false;
+    bool textIsSelectable_ = true;
+    bool uiActive_ = false;
     SIZEL extent_ = {};
 };
 

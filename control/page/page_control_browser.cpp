@@ -7,37 +7,6 @@
 
 namespace tarvik {
 
-STDMETHODIMP PageControl::GetTypeInfoCount(UINT* count) {
-    if (!count) return E_POINTER;
-    *count = 1;
-    return S_OK;
-}
-
-STDMETHODIMP PageControl::GetTypeInfo(UINT index, LCID, ITypeInfo** out) {
-    if (!out) return E_POINTER;
-    *out = nullptr;
-    if (index != 0) return DISP_E_BADINDEX;
-    ComPtr<ITypeLib> library;
-    const HRESULT status = LoadRegTypeLib(LIBID_SHDocVw, 1, 1, LOCALE_NEUTRAL, library.GetAddressOf());
-    return FAILED(status) ? status : library->GetTypeInfoOfGuid(__uuidof(IWebBrowser2), out);
-}
-
-STDMETHODIMP PageControl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    ComPtr<ITypeInfo> type;
-    const HRESULT status = GetTypeInfo(0, 0, type.GetAddressOf());
-    return FAILED(status) ? status : DispGetIDsOfNames(type.Get(), names, count, ids);
-}
-
-STDMETHODIMP PageControl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                 EXCEPINFO* exception, UINT* argument) {
-    const ComPtr<IUnknown> alive(AsUnknown());
-    ComPtr<ITypeInfo> type;
-    const HRESULT status = GetTypeInfo(0, 0, type.GetAddressOf());
-    return FAILED(status) ? status
-                          : DispInvoke(static_cast<IWebBrowser2*>(this), type.Get(), id, flags, parameters,
-                                       result, exception, argument);
-}
-
 STDMETHODIMP PageControl::Navigate(BSTR url, VARIANT* flags, VARIANT* frame, VARIANT* post,
                                    VARIANT* headers) {
     Variant address = Variant::Text(Bstr::View(url));
@@ -86,7 +55,8 @@ STDMETHODIMP PageControl::get_Document(IDispatch** out) {
 }
 
 STDMETHODIMP PageControl::get_LocationName(BSTR* out) {
-    return document_ ? document_->get_title(out) : E_UNEXPECTED;
+    const auto document = document_;
+    return document ? document->get_title(out) : E_UNEXPECTED;
 }
 
 STDMETHODIMP PageControl::get_LocationURL(BSTR* out) {

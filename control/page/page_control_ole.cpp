@@ -1,18 +1,26 @@
 // The control as an OLE object that is active in place in its container.
 
-#include <exdispid.h>
-
 #include "base/status.h"
+#include "base/variant.h"
 #include "control/page/page_control.h"
 
 namespace tarvik {
 
+namespace {
+
+constexpr DISPID kWindowStateChanged = 283;
+constexpr LONG kUserVisible = 1;  // OLECMDIDF_WINDOWSTATE_USERVISIBLE
+
+}  // namespace
+
 STDMETHODIMP PageControl::SetClientSite(IOleClientSite* site) {
     site_ = site;
+    textIsSelectable_ = true;
     const auto handler = Query<IDocHostUIHandler>(site);
     if (!handler) return S_OK;
     DOCHOSTUIINFO info = {sizeof info};
-    handler->GetHostInfo(&info);
+    if (SUCCEEDED(handler->GetHostInfo(&info)))
+        textIsSelectable_ = (info.dwFlags & DOCHOSTUIFLAG_DIALOG) == 0;
     CoTaskMemFree(info.pchHostCss);
     CoTaskMemFree(info.pchHostNS);
     return S_OK;
@@ -51,13 +59,18 @@ STDMETHODIMP PageControl::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND pa
             case OLEIVERB_PRIMARY:
             case OLEIVERB_SHOW:
             case OLEIVERB_UIACTIVATE: {
-                const HRESULT status = Activate(parent, position);
-                return FAILED(status) ? status : ActivateUi();
+                if (const HRESULT status = Activate(parent, position); FAILED(status)) return status;
+                Show(true);
+                ActivateUi();
+                if (windows_) SetFocus(windows_->Server());
+                return S_OK;
             }
             case OLEIVERB_INPLACEACTIVATE:
                 return Activate(parent, position);
             case OLEIVERB_HIDE:
-                return UIDeactivate();
+                UIDeactivate();
+                Show(false);
+                return S_OK;
             default:
                 return OLEOBJ_S_INVALIDVERB;
         }
@@ -66,9 +79,16 @@ STDMETHODIMP PageControl::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND pa
 
 HRESULT PageControl::Activate(HWND parent, const RECT* position) {
     if (windows_) return S_OK;
-    inPlaceSite_ = Query<IOleInPlaceSite>(site_.Get());
-    if (!inPlaceSite_ || inPlaceSite_->CanInPlaceActivate() != S_OK) return E_FAIL;
-    inPlaceSite_->OnInPlaceActivate();
+    const auto site = Query<IOleInPlaceSite>(site_.Get());
+    if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
+    if (const HRESULT status = site->OnInPlaceActivate(); FAILED(status)) return status;
+    inPlaceSite_ = site;
+    const HRESULT status = Guard([&] { MakePage(parent, position); });
+    if (FAILED(status)) InPlaceDeactivate();
+    return status;
+}
+
+void PageControl::MakePage(HWND parent, const RECT* position) {
     inPlaceSite_->GetWindow(&parent);
     RECT rectangle = position ? *position : RECT{};
     RECT clip = {};
@@ -77,18 +97,26 @@ HRESULT PageControl::Activate(HWND parent, const RECT* position) {
     inPlaceSite_->GetWindowContext(frame_.ReleaseAndGetAddressOf(), document.GetAddressOf(), &rectangle,
                                    &clip, &info);
     windows_.emplace(parent, rectangle, *this);
-    page_ = std::make_shared<Page>(windows_->Server(), *this);
+    page_ = std::make_shared<Page>(windows_->Server(), *this, textIsSelectable_);
     document_ = MakeCom<HtmlDocument>(page_, mouse_);
     RegisterDropTarget();
-    if (!pending_.empty()) page_->Navigate(std::exchange(pending_, {}));
-    return S_OK;
+    const auto page = page_;  // which may be closed while it opens
+    if (!pending_.empty()) page->Navigate(std::exchange(pending_, {}));
 }
 
-HRESULT PageControl::ActivateUi() {
+// WindowStateChanged(state, what of it is told): the only state of a control of its own is whether it is
+// shown.
+void PageControl::Show(bool visible) {
+    if (!windows_ || !windows_->Show(visible)) return;
+    Variant state = Variant::I4(visible ? kUserVisible : 0), told = Variant::I4(kUserVisible);
+    VARIANT arguments[] = {state, told};
+    events_->Fire(kWindowStateChanged, arguments);
+}
+
+void PageControl::ActivateUi() {
+    if (!inPlaceSite_ || std::exchange(uiActive_, true)) return;
     inPlaceSite_->OnUIActivate();
     if (frame_) frame_->SetActiveObject(this, nullptr);
-    SetFocus(windows_->Server());
-    return S_OK;
 }
 
 // The site may have a drop target of its own.
@@ -100,6 +128,7 @@ void PageControl::RegisterDropTarget() {
 }
 
 STDMETHODIMP PageControl::UIDeactivate() {
+    if (!std::exchange(uiActive_, false)) return S_OK;
     if (frame_) frame_->SetActiveObject(nullptr, nullptr);
     if (inPlaceSite_) inPlaceSite_->OnUIDeactivate(FALSE);
     return S_OK;
@@ -107,19 +136,22 @@ STDMETHODIMP PageControl::UIDeactivate() {
 
 STDMETHODIMP PageControl::InPlaceDeactivate() {
     const ComPtr<IUnknown> alive(AsUnknown());
-    if (!windows_) return S_OK;
     UIDeactivate();
-    if (!windows_) return S_OK;
-    RevokeDragDrop(windows_->Server());
-    mouse_->Clear();
-    if (const auto page = page_) page->Close();
+    // From here on nobody gets in again.
+    const auto site = std::move(inPlaceSite_);
+    if (!site) return S_OK;
+    const HRESULT status = Guard([&] {
+        if (windows_) RevokeDragDrop(windows_->Server());
+        mouse_->Clear();
+        if (const auto page = page_) page->Close();
+    });
     document_.Reset();
     // The window goes before the page, which paints it.
     windows_.reset();
     page_.reset();
     frame_.Reset();
-    if (const auto site = std::move(inPlaceSite_)) site->OnInPlaceDeactivate();
-    return S_OK;
+    site->OnInPlaceDeactivate();
+    return status;
 }
 
 STDMETHODIMP PageControl::GetWindow(HWND* window) {

@@ -51,6 +51,7 @@ void Page::OnEvent(std::string_view method, const Json& params) {
         {"Page.navigatedWithinDocument", &Page::OnNavigatedWithin},
         {"Page.loadEventFired", &Page::OnLoad},
         {"Page.frameStoppedLoading", &Page::OnFrameStopped},
+        {"Page.frameDetached", &Page::OnFrameDetached},
         {"Page.javascriptDialogOpening", &Page::OnEngineDialog},
         {"Page.windowOpen", &Page::OnWindowOpen},
         {"Runtime.exceptionThrown", &Page::OnException},
@@ -88,7 +89,9 @@ void Page::OnFrameNavigated(const Json& params) {
         location_ = HostAddress(url);
         started_ = false;
         loading_ = true;
+        frames_.clear();
     } else {
+        frames_[frame.value("id", std::string())] = HostAddress(url);
         Tell(&PageEvents::OnNavigateComplete, HostAddress(url), false);
     }
 }
@@ -109,10 +112,14 @@ void Page::OnLoad(const Json&) {
 
 void Page::OnFrameStopped(const Json& params) {
     const std::string frame = params.value("frameId", std::string());
-    if (frame == target_->Id())
-        loading_ = false;
-    else
-        Tell(&PageEvents::OnDocumentComplete, std::wstring(), false);
+    if (frame == target_->Id()) loading_ = false;
+    // A frame whose navigation was stopped has no new document.
+    const auto complete = frames_.extract(frame);
+    if (complete) Tell(&PageEvents::OnDocumentComplete, complete.mapped(), false);
+}
+
+void Page::OnFrameDetached(const Json& params) {
+    frames_.erase(params.value("frameId", std::string()));
 }
 
 Variant Page::OnDialog(const std::string& type, const std::wstring& message, const std::wstring& proposal) {

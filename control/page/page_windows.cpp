@@ -59,6 +59,11 @@ PageWindows::PageWindows(HWND parent, const RECT& rectangle, Handler& handler)
     SetWindowLongPtrW(server_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&handler));
 }
 
+bool PageWindows::Show(bool visible) {
+    const bool wasVisible = ShowWindow(outer_.Get(), visible ? SW_SHOWNA : SW_HIDE) != FALSE;
+    return wasVisible != visible;
+}
+
 void PageWindows::Move(const RECT& rectangle) {
     SetWindowPos(outer_.Get(), nullptr, rectangle.left, rectangle.top, rectangle.right - rectangle.left,
                  rectangle.bottom - rectangle.top, SWP_NOZORDER | SWP_NOACTIVATE);

@@ -23,6 +23,7 @@ class PageWindows {
     HWND Outer() const { return outer_.Get(); }
     HWND Server() const { return server_; }
     void Move(const RECT& rectangle);
+    bool Show(bool visible);  // whether that was a change
 
   private:
     UniqueWindow outer_;

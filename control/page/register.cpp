@@ -54,8 +54,7 @@ void PageControlClass::Prepare() {
     if (IsPageControlAsked().value_or(IsWine())) DevTools::Prepare();
 }
 
-PageControlClass::PageControlClass() {
-    OleInitialize(nullptr);
+PageControlClass::PageControlClass() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
     const auto asked = IsPageControlAsked();
     if (asked ? !*asked : SystemShowsPages()) {
         DevTools::Forget();
@@ -69,7 +68,7 @@ PageControlClass::PageControlClass() {
 PageControlClass::~PageControlClass() {
     if (cookie_) CoRevokeClassObject(cookie_);
     DevTools::Forget();
-    OleUninitialize();
+    if (initialized_) OleUninitialize();
 }
 
 }  // namespace tarvik

@@ -6,7 +6,7 @@ namespace tarvik {
 
 // Offers the page control as the system's web browser class to this thread, where the system's own cannot
 // show a page or the environment variable TARVIK_ENGINE says `chromium` (`mshtml` forces the system's). The
-// thread enters the single-threaded apartment of its windows and stays there.
+// thread is in the single-threaded apartment of its windows as long as this lives.
 class PageControlClass {
   public:
     // Where this control will be the one, most likely: starts its engine, which takes a moment, in the
@@ -21,6 +21,7 @@ class PageControlClass {
     bool IsOffered() const { return cookie_ != 0; }
 
   private:
+    const bool initialized_;
     DWORD cookie_ = 0;
 };
 

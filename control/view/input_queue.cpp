@@ -36,10 +36,16 @@ void InputQueue::OnEvent(std::string_view method) {
         stopped_ = false;
         Advance();
     } else if (method == "Runtime.executionContextsCleared") {
-        stopped_ = false;
-        seen_ = nullptr;
-        Advance();
+        OnNewDocument();
     }
+}
+
+// What was on its way to the old one may have gone with it, and is never answered.
+void InputQueue::OnNewDocument() {
+    stopped_ = false;
+    seen_ = nullptr;
+    const bool isUnsent = current_ && current_->care != Care::kDone && !current_->since;
+    isUnsent ? Repeat() : Finish();
 }
 
 void InputQueue::Advance() {

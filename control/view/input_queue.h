@@ -47,6 +47,7 @@ class InputQueue {
     };
     using Step = void (InputQueue::*)(const Json& value);
 
+    void OnNewDocument();
     void Advance();
     void Start(Input input);
     void Post(const Input& input, Step next);

@@ -74,7 +74,8 @@ bool MouseInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_MOUSELEAVE:
             tracking_ = false;
-            OnMove(kOutside);
+            // What is dragged goes on outside; Wine tells of leaving all the same.
+            if (!buttons_) OnMove(kOutside);
             return true;
         case WM_CAPTURECHANGED:
             OnCaptureLost();

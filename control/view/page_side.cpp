@@ -7,12 +7,13 @@ namespace tarvik {
 
 extern const std::string_view kViewScript;  // view.js
 
-PageSide::PageSide(PageTarget& target)
+PageSide::PageSide(PageTarget& target, bool textIsSelectable)
     : target_(target), binding_(Narrow(FreshName())), core_(Narrow(FreshName())) {
     target_.Post("Runtime.enable");
     target_.Post("Runtime.addBinding", {{"name", binding_}});
     target_.Post("Page.addScriptToEvaluateOnNewDocument",
-                 {{"source", std::string(kViewScript) + "('" + binding_ + "', '" + core_ + "')"}});
+                 {{"source", std::string(kViewScript) + "('" + binding_ + "', '" + core_ + "', " +
+                                 (textIsSelectable ? "true" : "false") + ")"}});
 }
 
 Json PageSide::Command(std::string_view function, std::string_view arguments) const {
@@ -32,8 +33,13 @@ void PageSide::Ask(std::string_view function, std::string_view arguments, Handle
                  });
 }
 
-bool PageSide::IsCopied(std::string_view method, const Json& params) const {
-    return method == "Runtime.bindingCalled" && params.value("name", std::string()) == binding_;
+std::optional<PageSide::Word> PageSide::Hear(std::string_view method, const Json& params) const {
+    if (method != "Runtime.bindingCalled" || params.value("name", std::string()) != binding_)
+        return std::nullopt;
+    const std::string_view word = params.at("payload").get_ref<const std::string&>();
+    const size_t colon = word.find(':');
+    const auto kind = word.starts_with("copied:") ? Word::Kind::kCopied : Word::Kind::kNewWindow;
+    return Word{kind, Widen(word.substr(colon + 1))};
 }
 
 }  // namespace tarvik

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,8 +12,9 @@ namespace tarvik {
 // The view's end in the documents of a page: view.js.
 class PageSide {
   public:
-    // Before the target's first navigation.
-    explicit PageSide(PageTarget& target);
+    // Before the target's first navigation. Where text is not selectable, fields are all the same, and what
+    // the page itself says is.
+    explicit PageSide(PageTarget& target, bool textIsSelectable = true);
 
     // Calls a function of view.js, with arguments as JSON between commas. The handler gets its result; null
     // if it has none or cannot be reached.
@@ -22,8 +24,12 @@ class PageSide {
     // The same as a command of the engine, for who sends it himself.
     Json Command(std::string_view function, std::string_view arguments) const;
 
-    // Text that the page has copied comes as an event of the session.
-    bool IsCopied(std::string_view method, const Json& params) const;
+    // What view.js tells of its own accord comes as an event of the session.
+    struct Word {
+        enum class Kind { kCopied, kNewWindow } kind;
+        std::wstring text;  // that was copied; the address that a new window is asked for
+    };
+    std::optional<Word> Hear(std::string_view method, const Json& params) const;
 
   private:
     PageTarget& target_;

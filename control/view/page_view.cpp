@@ -1,6 +1,5 @@
 #include "control/view/page_view.h"
 
-#include "base/text.h"
 #include "control/view/clipboard.h"
 #include "control/view/cursor.h"
 #include "control/view/edit_menu.h"
@@ -14,9 +13,9 @@
 namespace tarvik {
 
 struct PageView::Shown {
-    Shown(HWND window, PageTarget& page, Picture& picture)
+    Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable)
         : target(page),
-          side(page),
+          side(page, textIsSelectable),
           placement(window, page),
           queue(page, side),
           mouse(window, queue),
@@ -34,7 +33,7 @@ struct PageView::Shown {
     Screencast screencast;
 };
 
-PageView::PageView(HWND window) : window_(window) {}
+PageView::PageView(HWND window, Options options) : window_(window), options_(std::move(options)) {}
 
 PageView::~PageView() = default;
 
@@ -43,7 +42,7 @@ void PageView::SetTarget(PageTarget* target) {
     picture_.Clear();
     if (target) {
         SetNotice({});
-        shown_ = std::make_shared<Shown>(window_, *target, picture_);
+        shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable);
         TellFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
@@ -63,8 +62,12 @@ void PageView::SetParked(bool parked) {
 void PageView::OnEvent(std::string_view method, const Json& params) {
     if (!shown_) return;
     shown_->queue.OnEvent(method);
-    if (shown_->side.IsCopied(method, params))
-        PutOnClipboard(window_, Widen(params.at("payload").get_ref<const std::string&>()));
+    const auto word = shown_->side.Hear(method, params);
+    if (!word) return;
+    if (word->kind == PageSide::Word::Kind::kCopied)
+        PutOnClipboard(window_, word->text);
+    else
+        options_.onNewWindow(word->text);
 }
 
 void PageView::ShowEditMenu(POINT screen) {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,7 +16,12 @@ namespace tarvik {
 // thread.
 class PageView {
   public:
-    explicit PageView(HWND window);
+    struct Options {
+        bool textIsSelectable = true;  // by the mouse
+        // The page asks for a window with this address.
+        std::function<void(const std::wstring& url)> onNewWindow;
+    };
+    PageView(HWND window, Options options);
     ~PageView();
     PageView(const PageView&) = delete;
     PageView& operator=(const PageView&) = delete;
@@ -49,6 +55,7 @@ class PageView {
     void TellFocus();
 
     HWND window_;
+    const Options options_;
     std::wstring notice_;
     Picture picture_;
     std::shared_ptr<Shown> shown_;

@@ -2,9 +2,9 @@
 // page, and what the host asks about. The top document's functions answer; frames that it may touch tell it what they see.
 //
 // Pages may replace what they like of the language's own objects, so what is needed later is taken aside first.
-((bindingName, coreName) => {
+((bindingName, coreName, textIsSelectable) => {
   'use strict';
-  const post = window[bindingName];
+  const post = window[bindingName];  // takes "copied:TEXT" and "window:ADDRESS"
   delete window[bindingName];
 
   // Drop-down lists of the platform's kind are missing from the picture. The layer lets pages keep their own looks,
@@ -21,6 +21,11 @@
     }
   }`);
   document.adoptedStyleSheets.push(sheet);
+  if (!textIsSelectable) {
+    const fixed = new CSSStyleSheet();
+    fixed.replaceSync('@layer { :root { user-select: none; } input, textarea { user-select: text; } }');
+    document.adoptedStyleSheets.push(fixed);
+  }
 
   const isTop = window === top;
   let core = isTop ? { __proto__: null } : undefined;
@@ -34,6 +39,8 @@
   const { addEventListener, removeEventListener } = EventTarget.prototype;
   const { apply } = Reflect;
   const { random } = Math;
+  const { composedPath } = Event.prototype;
+  const setTimer = setTimeout;
   const text = String;
 
   // ---- What the page has seen -------------------------------------------------------------------------------------
@@ -56,7 +63,7 @@
   // The page's own listeners may have put something else there.
   const afterCopy = (event) => {
     const copied = event.defaultPrevented ? event.clipboardData.getData('text/plain') : selectedText();
-    if (copied) post(copied);
+    if (copied) post('copied:' + copied);
   };
 
   const onCopy = (event) => {
@@ -71,11 +78,40 @@
     event.stopImmediatePropagation();
   };
 
+  // ---- Links into a new window --------------------------------------------------------------------------------------
+
+  // For the middle button and modifier keys the engine opens a window on its own, and tells nobody.
+  const isForNewWindow = ({ isTrusted, button, ctrlKey, shiftKey }) =>
+    isTrusted && (button === 1 || (button === 0 && (ctrlKey || shiftKey)));
+
+  const addressOfLink = (event) => {
+    for (const { localName, href, baseURI } of apply(composedPath, event, []))
+      if ((localName === 'a' || localName === 'area') && href) return new URL(href.baseVal ?? href, baseURI).href;
+    return '';
+  };
+
+  // The page's own listeners come first. Some of them keep the event to themselves: then only the time is left.
+  const onClick = (event) => {
+    const address = isForNewWindow(event) ? addressOfLink(event) : '';
+    if (!address || address.startsWith('javascript:')) return;
+    const finish = () => {
+      if (event.defaultPrevented) return;
+      event.preventDefault();
+      post('window:' + address);
+    };
+    apply(addEventListener, window, [event.type, finish, { once: true }]);
+    setTimer(() => {
+      apply(removeEventListener, window, [event.type, finish]);
+      finish();
+    });
+  };
+
   // Listeners that are there already stay single; document.open() drops them all.
   const listen = () => {
     for (const type of ['pointerdown', 'mousedown', 'pointerup', 'mouseup', 'keydown', 'keyup', 'keypress'])
       apply(addEventListener, window, [type, onInput, true]);
     for (const type of ['copy', 'cut']) apply(addEventListener, window, [type, onCopy, true]);
+    for (const type of ['click', 'auxclick']) apply(addEventListener, window, [type, onClick, true]);
   };
   listen();
   if (!isTop) return;

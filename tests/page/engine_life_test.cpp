@@ -59,7 +59,7 @@ TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
     Open("external.window.quit(9)");
     ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
     const HWND window = program_.Windows()[0];
-    ExpectNotice(window, "TARVIK_BROWSER");
+    ExpectNotice(window, "/nonexistent");
     EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
     // Clicked, it tries again, with the same result.
     Click(Program::PageArea(window));
@@ -118,6 +118,14 @@ const Death kDeaths[] = {{&Process::IsEngine, "web engine has stopped"},
                          {&Process::IsPage, "page has stopped"}};
 
 INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
+
+TEST_F(EngineLife, AnEngineThatHangsIsEndedWithItsLastWindow) {
+    const HWND window = OpenShown();
+    engine_.Stop(&Process::IsEngine);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, 10'000)) << engine_.Left();
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
 
 // Whatever it is doing.
 TEST_F(EngineLife, AKilledEngineEndsCalls) {

@@ -40,7 +40,7 @@ TEST_F(Windows, BelongToTheirMakerOnlyIfTheyInherit) {
     EXPECT_EQ(GetWindow(alone, GW_OWNER), nullptr);
     PostMessageW(first, WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitFor([&] { return program_.Windows() == std::vector{alone}; }));
-    EXPECT_TRUE(IsWindowVisible(alone));
+    EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(alone) != FALSE; }));
     SendMessageW(alone, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"bye"));
     EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); })) << "a page closes its window";
     EXPECT_TRUE(program_.IsRunning());

@@ -131,8 +131,8 @@ bool Process::IsPage() const {
     return command.find("--type=renderer") != std::string::npos;
 }
 
-void EngineProcesses::Kill(bool (Process::*which)() const) {
-    std::wstring line = L"Z:\\bin\\sh -c \"kill -KILL";
+void EngineProcesses::Signal(const std::wstring& name, bool (Process::*which)() const) {
+    std::wstring line = L"Z:\\bin\\sh -c \"kill -" + name;
     for (const Process& process : Look()) {
         if ((process.*which)()) line += L" " + std::to_wstring(process.id);
     }

@@ -34,9 +34,11 @@ class EngineProcesses {
     // What is left of all those that were ever seen, and of their folders; empty if nothing is.
     std::string Left();
 
-    void Kill(bool (Process::*which)() const);
+    void Kill(bool (Process::*which)() const) { Signal(L"KILL", which); }
+    void Stop(bool (Process::*which)() const) { Signal(L"STOP", which); }
 
   private:
+    void Signal(const std::wstring& name, bool (Process::*which)() const);
     bool BelongsToRun(const Process& process) const;
 
     const std::string mark_;

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "base/status.h"
+#include "base/text.h"
 #include "control/engine/devtools.h"
+#include "control/engine/launch.h"
+#include "control/engine/transport.h"
 #include "tests/support/leak_check.h"
+#include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -47,6 +51,25 @@ TEST(Engine, EndOfTheEngineEndsWhatWaits) {
     EXPECT_THROW(page.Call("Runtime.evaluate", {{"expression", "1"}}), StatusError);
     PageTarget another(DevTools::Acquire());
     EXPECT_EQ(Evaluate(another, "1 + 1"), 2);
+}
+
+// As after a program that was killed. Nothing is started here: there is no such engine.
+TEST(Engine, RemovesProfilesThatWereLeft) {
+    const std::wstring temp = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
+    const std::wstring left = temp + FreshName() + L".profile", used = temp + FreshName() + L".profile",
+                       other = temp + L"tarvik-other";
+    for (const std::wstring& folder : {left, used, other})
+        ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
+    UniqueHandle mark(CreateFileW((used + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    const auto start = [] { EXPECT_THROW(StartThroughPipes(L"C:\\none.exe"), StatusError); };
+    start();
+    EXPECT_FALSE(FileExists(left));
+    EXPECT_TRUE(FileExists(used));
+    mark.Reset();
+    start();
+    EXPECT_FALSE(FileExists(used));
+    EXPECT_TRUE(RemoveDirectoryW(other.c_str()));
 }
 
 TEST(Engine, IsClosedPageByPage) {

@@ -27,12 +27,24 @@ using testing::ElementsAre;
 constexpr IID kElementEvents = {0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
 constexpr DISPID kMouseDown = -605;
 
+constexpr DISPID kWindowStateChanged = 283;
+
+std::wstring NameIn(const VARIANT& url) {
+    const std::wstring text(Bstr::View(url.bstrVal));
+    return text.substr(text.rfind(L'/') + 1);
+}
+
 // Notes the control's events, and stops navigations to pages that are called "no".
 class Events {
   public:
     void OnEvent(DISPID id, const DISPPARAMS& parameters) {
         ids.push_back(id);
-        if (id == DISPID_DOCUMENTCOMPLETE) ++complete;
+        if (id == DISPID_NEWWINDOW3) newWindows.push_back(NameIn(parameters.rgvarg[0]));
+        if (id == DISPID_DOCUMENTCOMPLETE) {
+            ++complete;
+            const Variant own = ReadScriptProperty(parameters.rgvarg[1].pdispVal, L"LocationURL");
+            completed.push_back(NameIn(*parameters.rgvarg[0].pvarVal) + L" of " + NameIn(own));
+        }
         if (id != DISPID_BEFORENAVIGATE2) return;
         ASSERT_EQ(parameters.cArgs, 7u);
         const VARIANT& url = *parameters.rgvarg[5].pvarVal;
@@ -41,6 +53,8 @@ class Events {
     }
     std::vector<DISPID> ids;
     int complete = 0;
+    std::vector<std::wstring> completed;
+    std::vector<std::wstring> newWindows;
 };
 
 class ElementSink : public ComObject<IDispatch> {
@@ -76,7 +90,7 @@ class Control : public testing::Test {
             HasStatus(S_OK));
         browser_ = Query<IWebBrowser2>(control.Get());
         ASSERT_TRUE(browser_);
-        ASSERT_TRUE(PumpUntil([this] { return events_.complete == 1; }, std::chrono::seconds(20)));
+        ASSERT_TRUE(PumpUntil([this] { return events_.complete >= 1; }, std::chrono::seconds(20)));
     }
 
     void TearDown() override {
@@ -178,6 +192,72 @@ TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
     EXPECT_TRUE(PumpUntil([&] { return events_.complete == 4; }));
 }
 
+TEST_F(Control, TellsOfDocumentsInFrames) {
+    folder_.Write(L"inner.html", "inside");
+    Host("<iframe src='inner.html'></iframe><iframe id='late' src='no.html'></iframe>");
+    EXPECT_TRUE(PumpUntil([&] { return events_.complete >= 2; }));
+    EXPECT_THAT(events_.completed, ElementsAre(L"inner.html of inner.html", L"page.html of page.html"));
+    folder_.Write(L"late.html", "later");
+    Evaluate(L"late.src = 'no.html'");
+    Evaluate(L"setTimeout(function () { late.src = 'late.html'; }, 100)");
+    EXPECT_TRUE(PumpUntil([&] { return events_.complete >= 3; }));
+    EXPECT_EQ(events_.completed.back(), L"late.html of late.html");
+}
+
+// The middle button, or a key held with the left one.
+TEST_F(Control, TellsOfNewWindowsThatClicksAskFor) {
+    Host(
+        "<style>a { position: absolute; left: 0; width: 99px; height: 20px; }</style>"
+        "<a href='one.html' style='top: 0'><b>One</b></a>"
+        "<a href='two.html' style='top: 20px' onclick='event.stopPropagation()'>Two</a>"
+        "<a href='prevented.html' style='top: 40px' onclick='return false'>Prevented</a>"
+        "<a href='blank.html' target='_blank' style='top: 60px'>Blank</a>");
+    const auto click = [this](int y, UINT press, int key) {
+        BYTE keys[256] = {};
+        if (key) keys[key] = 0x80;
+        SetKeyboardState(keys);
+        SendMessageW(Server(), press, 0, MAKELPARAM(10, y));
+        SendMessageW(Server(), press + 1, 0, MAKELPARAM(10, y));
+        keys[key] = 0;
+        SetKeyboardState(keys);
+    };
+    const auto told = [this](size_t count) {
+        return PumpUntil([&] { return events_.newWindows.size() == count; });
+    };
+    click(10, WM_LBUTTONDOWN, VK_CONTROL);
+    EXPECT_TRUE(told(1));
+    click(10, WM_LBUTTONDOWN, VK_SHIFT);
+    EXPECT_TRUE(told(2));
+    click(30, WM_LBUTTONDOWN, VK_CONTROL);
+    EXPECT_TRUE(told(3));
+    click(50, WM_LBUTTONDOWN, VK_CONTROL);
+    click(30, WM_MBUTTONDOWN, 0);
+    EXPECT_TRUE(told(4));
+    click(70, WM_LBUTTONDOWN, 0);
+    EXPECT_TRUE(told(5));
+    click(70, WM_LBUTTONDOWN, VK_CONTROL);
+    EXPECT_TRUE(told(6));
+    EXPECT_THAT(events_.newWindows, ElementsAre(L"one.html", L"one.html", L"two.html", L"two.html",
+                                                L"blank.html", L"blank.html"));
+    EXPECT_EQ(events_.complete, 1) << "the page stays";
+}
+
+TEST_F(Control, IsHiddenAndShownAsAnObject) {
+    Host("<body>here");
+    const auto object = Query<IOleObject>(browser_.Get());
+    const HWND outer = GetWindow(window_, GW_CHILD);
+    const auto run = [&](LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, window_, nullptr); };
+    events_.ids.clear();
+    EXPECT_THAT(run(OLEIVERB_SHOW), HasStatus(S_OK));
+    EXPECT_THAT(events_.ids, ElementsAre()) << "it was shown already";
+    EXPECT_THAT(run(OLEIVERB_HIDE), HasStatus(S_OK));
+    EXPECT_FALSE(IsWindowVisible(outer));
+    EXPECT_THAT(run(OLEIVERB_SHOW), HasStatus(S_OK));
+    EXPECT_TRUE(IsWindowVisible(outer));
+    EXPECT_THAT(events_.ids, ElementsAre(kWindowStateChanged, kWindowStateChanged));
+    EXPECT_THAT(run(99), HasStatus(OLEOBJ_S_INVALIDVERB));
+}
+
 TEST_F(Control, ShowsItsDocumentsElements) {
     Host(
         "<body style='margin:0'><div id='box' dragWindow='true' "
@@ -200,6 +280,12 @@ TEST_F(Control, ShowsItsDocumentsElements) {
     ASSERT_TRUE(parent);
     parent->get_tagName(tag.Receive());
     EXPECT_EQ(tag.View(), L"BODY");
+    // They go back into the page as what they are there.
+    const Variant same =
+        Evaluate(L"(function (box, body) { return box.id === 'box' && body === document.body; })");
+    const Variant box = Variant::Object(element.Get()), of = Variant::Object(parent.Get());
+    EXPECT_THAT(CallScriptFunction(same.pdispVal, {&box, &of}, &value), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(value), "BOOL true");
     element.Reset();
     EXPECT_THAT(Document()->elementFromPoint(-5, -5, element.GetAddressOf()), HasStatus(S_OK));
     EXPECT_FALSE(element);

@@ -42,6 +42,14 @@ INPUT MouseInputOf(DWORD action, DWORD data) {
     return input;
 }
 
+INPUT MoveOf(POINT screen) {
+    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
+    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
+    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
+    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
+    return move;
+}
+
 INPUT KeyInputOf(WORD key, DWORD flags) {
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
@@ -103,7 +111,8 @@ testing::AssertionResult HostedPage::Becomes(const std::wstring& expression,
                                              const std::wstring& expected) const {
     std::wstring last;
     if (PumpUntil([&] { return (last = Ask(expression)) == expected; })) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "it is " << testing::PrintToString(last);
+    return testing::AssertionFailure()
+           << "it is " << testing::PrintToString(last) << ", not " << testing::PrintToString(expected);
 }
 
 POINT HostedPage::MiddleOf(const wchar_t* id) const {
@@ -129,12 +138,22 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
     return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
 }
 
+void HostedPage::MoveQuickly(POINT screen) const {
+    Send({MoveOf(screen)});
+}
+
+// The system underneath has a pointer of its own, and on a busy machine takes a move back a moment later.
 void HostedPage::MoveTo(POINT screen) const {
-    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
-    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
-    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
-    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
-    Send({move});
+    constexpr int kLooks = 4;
+    MoveQuickly(screen);
+    for (int calm = 0; calm < kLooks; ++calm) {
+        PumpUntil([] { return false; }, std::chrono::milliseconds(10));
+        POINT now = {};
+        GetCursorPos(&now);
+        if (now.x == screen.x && now.y == screen.y) continue;
+        MoveQuickly(screen);
+        calm = -1;
+    }
 }
 
 void HostedPage::Click(POINT screen, DWORD press, int times) const {

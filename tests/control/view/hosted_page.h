@@ -38,7 +38,9 @@ class HostedPage : public testing::Test {
     COLORREF PixelAt(POINT screen) const;
     testing::AssertionResult PixelBecomes(POINT screen, COLORREF colour) const;
 
+    // Returns when the pointer stays there.
     void MoveTo(POINT screen) const;
+    void MoveQuickly(POINT screen) const;
     // With MOUSEEVENTF_...DOWN; the release follows at once.
     void Click(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1) const;
     void Mouse(std::initializer_list<DWORD> actions, DWORD data = 0) const;

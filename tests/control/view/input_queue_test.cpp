@@ -111,6 +111,30 @@ TEST_F(QueuedInput, SendsNothingAgainWithoutReason) {
     EXPECT_EQ(engine->Next(), "nothing");
 }
 
+// The engine answers nothing that it has thrown away with a document.
+TEST_F(QueuedInput, DoesNotWaitForWhatWentWithAnotherDocument) {
+    Add(Care::kLatest, "move over the old one");
+    engine->Take();
+    Add(Care::kLatest, "move over the new one");
+    EXPECT_EQ(engine->Next(), "nothing");
+    queue.OnEvent("Runtime.executionContextsCleared");
+    ASSERT_EQ(engine->Next(), "move over the new one");
+    engine->Take();
+
+    Add(Care::kSeen, "press");
+    const auto question = engine->Take();
+    ASSERT_EQ(question.method, "Runtime.evaluate");
+    queue.OnEvent("Runtime.executionContextsCleared");
+    question.onReply(nullptr);
+    Begin();
+    EXPECT_EQ(engine->Next(), "press") << "was not sent yet";
+    engine->Take();
+    Add(Care::kSeen, "release");
+    queue.OnEvent("Runtime.executionContextsCleared");
+    Begin();
+    EXPECT_EQ(engine->Next(), "release");
+}
+
 TEST_F(QueuedInput, WaitsForWhatMustBeDoneFirst) {
     Add(Care::kDone, "fill the clipboard");
     Add(Care::kSeen, "paste");

@@ -66,6 +66,13 @@ class MouseMessages : public QueuedInput {
     bool begun_ = false;
 };
 
+TEST_F(MouseMessages, LeaveThePageUnlessAButtonIsHeld) {
+    Send(WM_LBUTTONDOWN, 0, At(5, 5));
+    EXPECT_EQ(Send(WM_MOUSELEAVE, 0, 0), nullptr);
+    Send(WM_LBUTTONUP, 0, At(5, 5));
+    EXPECT_EQ(Send(WM_MOUSELEAVE, 0, 0).value("x", 0), -1);
+}
+
 TEST_F(MouseMessages, NameTheirButtons) {
     struct {
         UINT down;

@@ -58,7 +58,8 @@ TEST_F(HostedPage, ShowsWhatAClickChanges) {
 }
 
 TEST_F(HostedPage, SelectsByClicksAndByDragging) {
-    Open(R"(<p id="text" style="margin: 20px">wonderful</p><p style="margin: 20px">another line</p>)");
+    Open(
+        R"(<style>html { user-select: text; } p { margin: 20px; }</style><p>wonderful</p><p>another line</p>)");
     const std::wstring selected = L"getSelection().toString().trim()";
     const POINT word = OnScreen({40, 28});
     Click(word, MOUSEEVENTF_LEFTDOWN, 2);
@@ -73,6 +74,21 @@ TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     Mouse({MOUSEEVENTF_LEFTUP});
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
     EXPECT_FALSE(GetCapture());
+}
+
+// Its host has the page look like a dialog.
+TEST_F(HostedPage, SelectsInFieldsOnlyUnlessThePageSaysMore) {
+    Open(R"(<p style="margin: 20px">wonderful</p><textarea id="field">several words</textarea><script>
+        logEvents('dblclick');</script>)");
+    const std::wstring selected = L"getSelection().toString()";
+    Click(OnScreen({40, 28}), MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(L"log.length", L"1"));
+    EXPECT_EQ(Ask(selected), L"");
+    POINT word = MiddleOf(L"field");
+    word.x -= 60;
+    word.y -= 8;
+    Click(word, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(selected, L"several"));
 }
 
 TEST_F(HostedPage, ScrollsByTheWheel) {
@@ -225,21 +241,23 @@ TEST_F(HostedPage, SharesTheSystemsClipboard) {
 // ---- The pointer
 
 TEST_F(HostedPage, ShapesThePointer) {
-    Open(R"(<a id="link" href="#">A link</a><br><input id="field"><br><span id="words">Words</span>
+    Open(R"(<a id="link" href="#">A link</a><br><input id="field"><br>
+        <span id="words" style="user-select: text">Words</span> <span id="fixed">Words</span>
         <div id="wait" style="cursor: url(none.png), wait">Busy</div>
         <div id="none" style="height: 40px"></div>
         <iframe id="frame" srcdoc="<body style='margin: 0; height: 90px; cursor: crosshair'>" height="100"></iframe>
         )");
     const std::pair<const wchar_t*, LPWSTR> kShapes[] = {
-        {L"link", IDC_HAND}, {L"field", IDC_IBEAM}, {L"words", IDC_IBEAM},
+        {L"link", IDC_HAND}, {L"field", IDC_IBEAM}, {L"words", IDC_IBEAM}, {L"fixed", IDC_ARROW},
         {L"wait", IDC_WAIT}, {L"none", IDC_ARROW},  {L"frame", IDC_CROSS},
     };
     for (const auto& [id, shape] : kShapes) {
         const HCURSOR expected = LoadCursorW(nullptr, shape);
         const POINT place = MiddleOf(id);
         // Faster than the page is asked.
-        for (int step = 5; step >= 0; --step)
-            MoveTo({place.x, place.y - step});
+        for (int step = 5; step > 0; --step)
+            MoveQuickly({place.x, place.y - step});
+        MoveTo(place);
         EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
             << Ask(std::wstring(L"'") + id + L"'").c_str();
     }
@@ -256,10 +274,11 @@ TEST_F(HostedPage, KnowsItsPlaceOnTheScreen) {
         SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         const POINT origin = OnScreen({0, 0});
         const POINT pointer = OnScreen({200, 100});
+        // The page hears of its own place and of the pointer's by different roads.
         MoveTo({pointer.x - 1, pointer.y});
+        EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
         MoveTo(pointer);
         EXPECT_TRUE(Becomes(L"place", text(pointer.x, pointer.y)));
-        EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
     }
 }
 

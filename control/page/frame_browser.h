@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "base/bstr.h"
+#include "base/com_object.h"
+#include "base/status.h"
+#include "control/page/browser_dispatch.h"
+
+namespace tarvik {
+
+// What events of a frame name as their browser: it is not the control's, and tells the address of the frame's
+// document. There is a new one for each event.
+class FrameBrowser
+    : public ComObject<As<BrowserDispatch, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>> {
+  public:
+    explicit FrameBrowser(std::wstring url) : url_(std::move(url)) {}
+
+    STDMETHODIMP get_LocationURL(BSTR* out) override {
+        if (!out) return E_POINTER;
+        *out = nullptr;
+        return Guard([&] { *out = Bstr(url_).Detach(); });
+    }
+
+  private:
+    const std::wstring url_;
+};
+
+}  // namespace tarvik
