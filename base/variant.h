@@ -11,7 +11,8 @@ namespace tarvik {
 // because they allocate and may throw.
 class Variant : public VARIANT {
   public:
-    Variant() noexcept { VariantInit(this); }
+    // All of it, also what a kind does not use: some read the whole of a value, whatever its kind.
+    Variant() noexcept : VARIANT{} {}
     Variant(Variant&& other) noexcept;
     Variant& operator=(Variant&& other) noexcept;
     Variant(const Variant&) = delete;

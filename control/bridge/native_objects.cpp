@@ -98,6 +98,11 @@ HRESULT NativeObjects::IdOf(const Member& member, DISPID* id) {
     return status;
 }
 
+HRESULT NativeObjects::Find(const Member& member) {
+    DISPID id = DISPID_UNKNOWN;
+    return IdOf(member, &id);
+}
+
 HRESULT NativeObjects::Read(const Member& member, VARIANT* value, EXCEPINFO* exception) {
     const ComPtr<IDispatch> object = Dispatch(member.object);
     DISPID id = DISPID_UNKNOWN;
@@ -142,11 +147,6 @@ HRESULT NativeObjects::Delete(const Member& member) {
     const auto extensible = Query<IDispatchEx>(Dispatch(member.object).Get());
     const Bstr name(member.name);
     return extensible ? extensible->DeleteMemberByName(name.Get(), fdexNameCaseSensitive) : E_NOTIMPL;
-}
-
-bool NativeObjects::Has(const Member& member) {
-    DISPID id = DISPID_UNKNOWN;
-    return SUCCEEDED(IdOf(member, &id));
 }
 
 std::vector<std::wstring> NativeObjects::Names(int number) const {

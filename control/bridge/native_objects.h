@@ -40,6 +40,7 @@ class NativeObjects {
         int object;
         const std::wstring& name;
     };
+    HRESULT Find(const Member& member);  // whether it has that name, as it answers a look-up
     HRESULT Read(const Member& member, VARIANT* value, EXCEPINFO* exception);
     HRESULT Write(const Member& member, const VARIANT& value, EXCEPINFO* exception);
     HRESULT Call(const Member& member, std::vector<Variant>& arguments, VARIANT* value, EXCEPINFO* exception);
@@ -47,7 +48,6 @@ class NativeObjects {
     HRESULT CallDefault(int object, WORD flags, std::vector<Variant>& arguments, VARIANT* value,
                         EXCEPINFO* exception);
     HRESULT Delete(const Member& member);
-    bool Has(const Member& member);
     // Of objects that tell; in the object's own order.
     std::vector<std::wstring> Names(int object) const;
     // Whether the object is data that script can extend, whose empty members are values.

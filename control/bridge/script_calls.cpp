@@ -70,10 +70,13 @@ std::string ScriptWorld::GiveBack(const Json& message, HRESULT status, const VAR
 // a property that will be there another time.
 std::string ScriptWorld::OnGet(const Json& message) {
     const int object = message.at(2);
+    const std::wstring name = ReadText(message.at(3));
     Variant value;
     ExceptionInfo exception;
-    const HRESULT status = natives_.Read({object, ReadText(message.at(3))}, &value, &exception);
-    if (status == DISP_E_UNKNOWNNAME) return ValueFor(message);
+    const HRESULT found = natives_.Find({object, name});
+    if (found == DISP_E_UNKNOWNNAME) return ValueFor(message);
+    if (FAILED(found)) return GiveBack(message, found, value, exception);
+    const HRESULT status = natives_.Read({object, name}, &value, &exception);
     const bool empty = SUCCEEDED(status) && value.Is(VT_EMPTY) && !natives_.IsExtensible(object);
     if (empty || (FAILED(status) && !IsUnreachable(status)))
         return R"("method",)" + message.at(1).dump() + (empty || IsRefusal(status) ? ",true" : ",false");
@@ -109,7 +112,8 @@ std::string ScriptWorld::OnDefault(const Json& message) {
 }
 
 std::string ScriptWorld::OnHas(const Json& message) {
-    return ValueFor(message, natives_.Has({message.at(2), ReadText(message.at(3))}) ? "true" : "false");
+    return ValueFor(message,
+                    SUCCEEDED(natives_.Find({message.at(2), ReadText(message.at(3))})) ? "true" : "false");
 }
 
 std::string ScriptWorld::OnDelete(const Json& message) {

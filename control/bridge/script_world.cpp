@@ -1,11 +1,6 @@
 #include "control/bridge/script_world.h"
 
-#include <climits>
-#include <limits>
-
-#include "base/bstr.h"
 #include "base/status.h"
-#include "base/text.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
 
@@ -16,30 +11,7 @@ namespace {
 constexpr int kWindow = 0;
 constexpr std::string_view kQueued = "queued";
 
-double SpecialNumber(const std::string& name) {
-    if (name == "-0") return -0.0;
-    if (name == "NaN") return std::numeric_limits<double>::quiet_NaN();
-    const double infinity = std::numeric_limits<double>::infinity();
-    return name == "Infinity" ? infinity : -infinity;
-}
-
-// Whole numbers in 32 bits are integers, as the system's own script engine passes them; all others are
-// doubles.
-Variant ReadNumber(const Json& number) {
-    const double value = number.get<double>();
-    const bool fits = number.is_number_integer() && value >= LONG_MIN && value <= LONG_MAX;
-    return fits ? Variant::I4(number.get<LONG>()) : Variant::R8(value);
-}
-
 }  // namespace
-
-std::wstring ScriptWorld::ReadText(const Json& text) {
-    if (text.is_string()) return Widen(text.get_ref<const std::string&>());
-    std::wstring units;
-    for (const Json& unit : text.at(1))
-        units += static_cast<wchar_t>(unit.get<unsigned>());
-    return units;
-}
 
 // A task that the page has been given.
 struct ScriptWorld::Pending {
@@ -67,44 +39,7 @@ ComPtr<IDispatch> ScriptWorld::Window() {
     return Script(kWindow, false);
 }
 
-// ---- Values
-
-Variant ScriptWorld::ReadValue(const Json& value) {
-    if (value.is_null()) return Variant::Null();
-    if (value.is_boolean()) return Variant::Bool(value.get<bool>());
-    if (value.is_string()) return Variant::Text(ReadText(value));
-    if (value.is_number()) return ReadNumber(value);
-    const std::string& tag = value.at(0).get_ref<const std::string&>();
-    if (tag == "n") return Variant::R8(SpecialNumber(value.at(1)));
-    if (tag == "s") return Variant::Text(ReadText(value));
-    if (tag == "f") return Variant::Object(Script(value.at(1), value.at(2)).Get());
-    if (tag != "o") return Variant();
-    IUnknown* const object = natives_.Object(value.at(1));
-    const auto dispatch = Query<IDispatch>(object);
-    return dispatch || !object ? Variant::Object(dispatch.Get()) : Variant::Unknown(object);
-}
-
-std::vector<Variant> ScriptWorld::ReadValues(const Json& values) {
-    std::vector<Variant> read;
-    for (const Json& value : values)
-        read.push_back(ReadValue(value));
-    return read;
-}
-
-std::string ScriptWorld::Write(const VARIANT& value) {
-    return ScriptValue(
-        value,
-        [](void* world, IUnknown* object) { return static_cast<ScriptWorld*>(world)->WriteObject(object); },
-        this);
-}
-
-// A script object of this very page goes back as itself.
-std::string ScriptWorld::WriteObject(IUnknown* object) {
-    const auto script = Query<IScriptObject>(object);
-    if (script && script->World() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
-    const int number = natives_.Give(object);
-    return R"(["o",)" + std::to_string(number) + (natives_.IsCallable(number) ? ",true]" : ",false]");
-}
+// ---- Script objects that native code holds
 
 ComPtr<IDispatch> ScriptWorld::Script(int number, bool callable) {
     const auto [place, isNew] = scripts_.try_emplace(number, Held{nullptr, 0});
@@ -158,41 +93,6 @@ void ScriptWorld::TakeResult(const Json& message) {
     const auto pending = found->second;
     pending->outcome = ReadOutcome(message.at(2));
     pending->done = true;
-}
-
-ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
-    const std::string& kind = outcome.at(0).get_ref<const std::string&>();
-    Outcome read;
-    if (kind == "none") {
-        read.kind = Outcome::Kind::kNone;
-    } else if (kind == "found") {
-        read.kind = Outcome::Kind::kFound;
-    } else if (kind == "value") {
-        read.kind = Outcome::Kind::kValue;
-        read.value = ReadValue(outcome.at(1));
-    } else if (kind == "all") {
-        read.kind = Outcome::Kind::kAll;
-        ReadMembers(outcome, &read);
-    } else if (kind == "names") {
-        read.kind = Outcome::Kind::kNames;
-        for (size_t i = 1; i < outcome.size(); ++i)
-            read.names.push_back(ReadText(outcome.at(i)));
-    } else {
-        const HRESULT number = outcome.at(1).get<int>();
-        if (FAILED(number)) read.number = number;
-        read.message = ReadText(outcome.at(2));
-    }
-    return read;
-}
-
-// After the word whether these are all: names and values in turn, with ["?"] for a value that must be read.
-void ScriptWorld::ReadMembers(const Json& outcome, Outcome* read) {
-    read->all = outcome.at(1).get<bool>();
-    for (size_t i = 2; i + 1 < outcome.size(); i += 2) {
-        const Json& value = outcome.at(i + 1);
-        const bool open = value.is_array() && value.at(0) == "?";
-        read->members[ReadText(outcome.at(i))] = open ? std::nullopt : std::optional(ReadValue(value));
-    }
 }
 
 bool ScriptWorld::Has(int object, const std::wstring& name) {

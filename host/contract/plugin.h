@@ -46,9 +46,9 @@ IPlugin : public IUnknown {
   public:
     // Called once, right after creation. `browser` answers IWebBrowser2.
     STDMETHOD(Initialize)(ICore * core, IUnknown * browser) = 0;
-    // The window's top-level navigation completed; the argument is always null.
+    // The window has a new document, or a frame in it has, which also tells so; the argument is always null.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
-    // The document finished loading; the argument is always null.
+    // The document, or that of a frame, finished loading; the argument is always null.
     STDMETHOD(OnDocumentComplete)(void* reserved) = 0;
 };
 

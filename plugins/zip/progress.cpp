@@ -13,7 +13,7 @@ bool IsFalse(const Variant& answer) {
     return answer.Is(VT_BOOL) && answer.boolVal == VARIANT_FALSE;
 }
 
-// Script engines know no 64-bit integers.
+// Script engines know no 64-bit integers. What is more stays at the most that can be told.
 Variant Count(ULONGLONG bytes) {
     constexpr ULONGLONG kMost = std::numeric_limits<ULONG>::max();
     return Variant::UI4(static_cast<ULONG>(std::min(bytes, kMost)));

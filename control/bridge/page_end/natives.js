@@ -54,6 +54,9 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
     if (typeof name !== 'string') return false;
     record.listed = null;
     exchange('put', record.id + ',' + encodeText(name) + ',' + encode(value));
+    // What could be written is no method, though it may have read as empty before.
+    record.methods.remove(name);
+    record.shape?.remove(name);
     return true;
   };
 

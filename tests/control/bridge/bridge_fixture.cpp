@@ -10,11 +10,17 @@ namespace tarvik {
 namespace {
 
 constexpr Member<Desk> kMembers[] = {
-    Method<&Desk::Echo>(-10000, L"echo"),       Method<&Desk::Note>(-9999, L"note"),
-    Method<&Desk::Fail>(-9998, L"fail"),        RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
-    Method<&Desk::Keep>(-9996, L"keep"),        ReadOnly<&Desk::GetKept>(-9995, L"kept"),
-    ReadOnly<&Desk::GetSelf>(-9994, L"self"),   Property<&Desk::GetSize, &Desk::SetSize>(-9993, L"size"),
-    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"), Method<&Desk::Options>(-9991, L"options"),
+    Method<&Desk::Echo>(-10000, L"echo"),
+    Method<&Desk::Note>(-9999, L"note"),
+    Method<&Desk::Fail>(-9998, L"fail"),
+    RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
+    Method<&Desk::Keep>(-9996, L"keep"),
+    ReadOnly<&Desk::GetKept>(-9995, L"kept"),
+    ReadOnly<&Desk::GetSelf>(-9994, L"self"),
+    Property<&Desk::GetSize, &Desk::SetSize>(-9993, L"size"),
+    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"),
+    Method<&Desk::Options>(-9991, L"options"),
+    Property<&Desk::GetText, &Desk::SetText>(-9990, L"text"),
 };
 
 std::string Escaped(const std::string& text) {

@@ -30,6 +30,9 @@ class Desk : public TableDispatch<Desk> {
     Variant GetKept() { return Variant::Copy(kept); }
     ComPtr<IDispatch> GetSelf() { return ComPtr<IDispatch>(this); }
     ComPtr<IDispatch> GetFresh() { return MakeCom<Desk>(); }
+    Variant text;  // empty at first
+    Variant GetText() { return Variant::Copy(text); }
+    void SetText(AnyValue value) { text = Variant::Copy(*value.value); }
     // Cannot be read while it is 4.
     Integer GetSize() {
         if (size_ == 4) throw StatusError(E_PENDING);

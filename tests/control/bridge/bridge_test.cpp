@@ -82,6 +82,8 @@ TEST_F(Bridge, PropertiesAndFailures) {
     EXPECT_EQ(page_.Evaluate(number + "(() => external.echo())"), "[true,-2147467263,true]");
     EXPECT_EQ(page_.Evaluate("(external.size = 4, typeof external.size)"), "\"function\"");
     EXPECT_EQ(page_.Evaluate("(external.size = 5, external.size)"), "5") << "a failed read is no method";
+    EXPECT_EQ(page_.Evaluate("(external.text, external.text = 't', external.text)"), "\"t\"")
+        << "nor is what was empty once";
     EXPECT_EQ(page_.Evaluate("(external['\\ud800'], '\\ud800' in external)"), "false");
 }
 
