@@ -67,8 +67,7 @@ class UnzipPage : public testing::Test {
             const std::wstring folder = L"away" + std::to_wstring(run);
             if (!fs::exists(fs::path(program_.Work()) / folder)) continue;
             ++begun;
-            EXPECT_TRUE(WaitFor([&] { return FilesIn(folder) == kFiles; }, 5000))
-                << run << ": " << FilesIn(folder);
+            EXPECT_TRUE(WaitFor([&] { return FilesIn(folder) == kFiles; })) << run << ": " << FilesIn(folder);
         }
         EXPECT_GE(begun, 8);
         EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
