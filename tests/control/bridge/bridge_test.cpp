@@ -20,6 +20,12 @@ class Bridge : public testing::Test {
     static void SetUpTestSuite() { engine_ = DevTools::Acquire(); }
     static void TearDownTestSuite() { engine_.reset(); }
 
+    // Expressions and their values.
+    void Check(std::initializer_list<std::pair<const char*, const char*>> cases) {
+        for (const auto& [expression, value] : cases)
+            EXPECT_EQ(page_.Evaluate(expression), value) << expression;
+    }
+
     BridgedPage page_;
 
   private:
@@ -39,28 +45,22 @@ TEST_F(Bridge, ServesThePageFromItsFirstScriptOn) {
 TEST_F(Bridge, PassesEveryKindOfValueBothWays) {
     page_.Open("");
     EXPECT_EQ(
-        page_.Evaluate(
-            R"([1, -5, 2.5, 3000000000, -0, true, false, null, 'text', '\u0000\u00e9\u6f22\ud83d\ude00"\\'].map(v =>
-        Object.is(external.echo(v), v)))"),
-        "[true,true,true,true,true,true,true,true,true,true]");
-    EXPECT_EQ(page_.Evaluate(R"(['\ud800', '\udc00x', 'a\ud800\ud800'].every(v => external.echo(v) === v))"),
-              "true");
-    EXPECT_EQ(page_.Evaluate("[NaN, Infinity, -Infinity].every(v => Object.is(external.echo(v), v))"),
-              "true");
-    EXPECT_EQ(page_.Evaluate("external.echo(undefined) === undefined"), "true");
+        page_.Evaluate(R"([1, -5, 2.5, 3000000000, -0, NaN, Infinity, -Infinity, true, false, null, undefined,
+        'text', '\u0000\u00e9\u6f22\ud83d\ude00\u2028\n"\\', '\ud800', '\udc00x', 'a\ud800\ud800']
+        .filter(v => !Object.is(external.echo(v), v)))"),
+        "[]");
     page_.Evaluate("[0, 1.5, 3000000000, '', undefined, null, true, {}].forEach(v => external.note(v))");
     EXPECT_THAT(page_.desk->notes, ElementsAre("I4 0", HasSubstr("R8 1.5"), HasSubstr("R8 3"), "BSTR ",
                                                "EMPTY", "NULL", "BOOL true", HasSubstr("DISPATCH")));
 }
 
 TEST_F(Bridge, ObjectsKeepTheirIdentity) {
-    page_.Open("");
-    EXPECT_EQ(page_.Evaluate("external.self === external"), "true");
-    EXPECT_EQ(page_.Evaluate("external.echo(external) === external"), "true");
-    EXPECT_EQ(page_.Evaluate("external.note === external.note"), "true");
-    EXPECT_EQ(page_.Evaluate("(o => external.echo(o) === o)({})"), "true");
-    EXPECT_EQ(page_.Evaluate("(f => external.echo(f) === f)(() => 1)"), "true");
-    EXPECT_EQ(page_.Evaluate("external.echo(window) === window"), "true");
+    page_.Open("<iframe srcdoc='<script>external.note(external === top.external)</script>'></iframe>");
+    EXPECT_THAT(page_.desk->notes, ElementsAre("BOOL true"));
+    EXPECT_EQ(page_.Evaluate(R"([external.self === external, external.echo(external) === external,
+        external.note === external.note, external.echo(window) === window,
+        ...[{}, () => 1].map(o => external.echo(o) === o)])"),
+              "[true,true,true,true,true,true]");
     page_.Evaluate("window.kept = { name: 'x' }, external.keep(kept), 0");
     const Variant again = page_.Get(L"kept");
     ASSERT_TRUE(page_.desk->kept.Is(VT_DISPATCH));
@@ -68,21 +68,23 @@ TEST_F(Bridge, ObjectsKeepTheirIdentity) {
 }
 
 TEST_F(Bridge, PropertiesAndFailures) {
-    page_.Open("");
-    EXPECT_EQ(page_.Evaluate("external.size"), "3");
-    EXPECT_EQ(page_.Evaluate("(external.size = 8, external.size)"), "8");
-    EXPECT_EQ(page_.Evaluate("typeof external.nothing"), "\"undefined\"");
-    EXPECT_EQ(page_.Evaluate("'size' in external && !('nothing' in external)"), "true");
-    const std::string number =
-        "(f => { try { f(); return 'no error'; } catch (e) { return [e instanceof Error, e.number, "
-        "e.message.length > 0]; } })";
-    EXPECT_EQ(page_.Evaluate(number + "(() => external.fail(0x80004004 | 0))"), "[true,-2147467260,true]");
-    EXPECT_EQ(page_.Evaluate(number + "(() => { external.size = 0; })"), "[true,-2147024809,true]");
-    EXPECT_EQ(page_.Evaluate(number + "(() => { external.nothing = 0; })"), "[true,-2147352570,true]");
-    EXPECT_EQ(page_.Evaluate(number + "(() => external.echo())"), "[true,-2147467263,true]");
-    EXPECT_EQ(page_.Evaluate("(external.size = 4, typeof external.size)"), "\"function\"");
-    EXPECT_EQ(page_.Evaluate("(external.size = 5, external.size)"), "5") << "a failed read is no method";
-    EXPECT_EQ(page_.Evaluate("(external['\\ud800'], '\\ud800' in external)"), "false");
+    page_.Open(R"(<script>function fails(f) {
+        try { f(); return 'no error'; } catch (e) { return [e instanceof Error, e.number, !!e.message]; }
+    }</script>)");
+    Check({
+        {"external.size", "3"},
+        {"(external.size = 8, external.size)", "8"},
+        {"typeof external.nothing", "\"undefined\""},
+        {"'size' in external && !('nothing' in external)", "true"},
+        {"(external['\\ud800'], '\\ud800' in external)", "false"},
+        {"fails(() => external.fail(0x80004004 | 0))", "[true,-2147467260,true]"},
+        {"fails(() => { external.size = 0; })", "[true,-2147024809,true]"},
+        {"fails(() => { external.nothing = 0; })", "[true,-2147352570,true]"},
+        {"fails(() => external.echo())", "[true,-2147467263,true]"},
+        // What could not be read once is no method for ever.
+        {"(external.size = 4, typeof external.size)", "\"function\""},
+        {"(external.size = 5, external.size)", "5"},
+    });
 }
 
 // Whatever a page has done to the language, native objects work.
@@ -142,15 +144,15 @@ TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
     }
     page_.desk->kept = Variant::Object(array.Get());
     page_.Open("");
-    EXPECT_EQ(page_.Evaluate("typeof external.kept"), "\"object\"");
-    EXPECT_EQ(page_.Evaluate("external.kept.length"), "3");
-    EXPECT_EQ(page_.Evaluate("external.kept[1]"), "\"b\"");
-    EXPECT_EQ(
-        page_.Evaluate("(() => { const k = []; for (const n in external.kept) k.push(n); return k; })()"),
-        R"(["2","1","0"])");
-    EXPECT_EQ(page_.Evaluate("(external.kept.push('d'), external.kept[3] + external.kept.length)"), "\"d4\"");
-    EXPECT_EQ(page_.Evaluate("(external.kept.note = undefined, external.kept.note)"), "undefined");
-    EXPECT_EQ(page_.Evaluate("(external.kept.more = { a: 5 }, external.kept.more.a)"), "5");
+    Check({
+        {"typeof external.kept", "\"object\""},
+        {"external.kept.length", "3"},
+        {"external.kept[1]", "\"b\""},
+        {"(() => { let k = ''; for (const n in external.kept) k += n; return k; })()", "\"210\""},
+        {"(external.kept.push('d'), external.kept[3] + external.kept.length)", "\"d4\""},
+        {"(external.kept.note = undefined, typeof external.kept.note)", "\"undefined\""},
+        {"(external.kept.more = { a: 5 }, external.kept.more.a)", "5"},
+    });
 }
 
 TEST_F(Bridge, ScriptCallsNativeCallsScriptToAnyDepth) {
@@ -165,9 +167,8 @@ TEST_F(Bridge, ScriptCallsNativeCallsScriptToAnyDepth) {
     Variant three = Variant::I4(3), result;
     EXPECT_THAT(CallScriptFunction(down.pdispVal, {&three}, &result), HasStatus(S_OK));
     EXPECT_EQ(ValueText(result), "I4 3");
-    EXPECT_THAT(
-        page_.Evaluate("(f => { try { f(); } catch (e) { return e.number; } })(() => external.run(boom))"),
-        std::to_string(static_cast<int>(0x80020101)));
+    EXPECT_EQ(page_.Evaluate("(() => { try { external.run(boom); } catch (e) { return e.number; } })()"),
+              "-2147352319");
 }
 
 TEST_F(Bridge, ScriptObjectsAreLive) {
@@ -214,11 +215,6 @@ TEST_F(Bridge, StopsAtNoStatementOfThePage) {
     page_.Open("<script>debugger; external.note('on');</script>");
     EXPECT_EQ(page_.Evaluate("external.run(() => { debugger; return 1; })"), "1");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR on"));
-}
-
-TEST_F(Bridge, FramesHaveTheSameObjects) {
-    page_.Open("<iframe srcdoc='<script>external.note(external === top.external)</script>'></iframe>");
-    EXPECT_THAT(page_.desk->notes, ElementsAre("BOOL true"));
 }
 
 TEST_F(Bridge, NewWindowsAndClosingAreTheHostsToDecide) {

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <mshtml.h>
 
+#include <algorithm>
+
 #include "atl/ax_host.h"
 #include "atl/ax_window.h"
 #include "atl/event_sink.h"
@@ -26,7 +28,6 @@ using testing::ElementsAre;
 
 constexpr IID kElementEvents = {0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
 constexpr DISPID kMouseDown = -605;
-
 constexpr DISPID kWindowStateChanged = 283;
 
 std::wstring NameIn(const VARIANT& url) {
@@ -57,24 +58,13 @@ class Events {
     std::vector<std::wstring> newWindows;
 };
 
-class ElementSink : public ComObject<IDispatch> {
-  public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        presses += id == kMouseDown;
-        return S_OK;
-    }
-    int presses = 0;
-};
-
 class Control : public testing::Test {
   protected:
     Control() { SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium"); }
     ~Control() override { SetEnvironmentVariableW(L"TARVIK_ENGINE", nullptr); }
 
-    void Host(const std::string& html) {
+    // Its page is on its way.
+    void Create(const std::string& html) {
         class_.emplace();
         ASSERT_TRUE(class_->IsOffered());
         AtlAxWinInit();
@@ -90,6 +80,9 @@ class Control : public testing::Test {
             HasStatus(S_OK));
         browser_ = Query<IWebBrowser2>(control.Get());
         ASSERT_TRUE(browser_);
+    }
+    void Host(const std::string& html) {
+        Create(html);
         ASSERT_TRUE(PumpUntil([this] { return events_.complete >= 1; }, std::chrono::seconds(20)));
     }
 
@@ -184,10 +177,10 @@ TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
     Variant url = Variant::Text(L"file:///" + (folder_ / L"a b%23%C3%A9.html")), none;
     browser_->Navigate2(&url, &none, &none, &none, &none);
     EXPECT_TRUE(PumpUntil([&] { return events_.complete == 2; }));
-    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"document.body.textContent").bstrVal)), L"two");
+    EXPECT_EQ(ValueText(Evaluate(L"document.body.textContent")), "BSTR two");
     EXPECT_THAT(browser_->GoBack(), HasStatus(S_OK));
     EXPECT_TRUE(PumpUntil([&] { return events_.complete == 3; }));
-    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"document.body.textContent").bstrVal)), L"one");
+    EXPECT_EQ(ValueText(Evaluate(L"document.body.textContent")), "BSTR one");
     EXPECT_THAT(browser_->Refresh(), HasStatus(S_OK));
     EXPECT_TRUE(PumpUntil([&] { return events_.complete == 4; }));
 }
@@ -262,24 +255,25 @@ TEST_F(Control, ShowsItsDocumentsElements) {
     Host(
         "<body style='margin:0'><div id='box' dragWindow='true' "
         "style='width:100px;height:100px'><b>x</b></div>");
-    ComPtr<IHTMLElement> element, parent, body;
+    const auto tag = [](const ComPtr<IHTMLElement>& of) {
+        Bstr name;
+        EXPECT_THAT(of->get_tagName(name.Receive()), HasStatus(S_OK));
+        return std::wstring(name.View());
+    };
+    ComPtr<IHTMLElement> element, parent;
     ASSERT_THAT(Document()->elementFromPoint(50, 50, element.GetAddressOf()), HasStatus(S_OK));
     ASSERT_TRUE(element);
-    Bstr tag;
-    element->get_tagName(tag.Receive());
-    EXPECT_EQ(tag.View(), L"DIV");
-    const Bstr id(L"id"), drag(L"dragWindow"), none(L"none");
+    EXPECT_EQ(tag(element), L"DIV");
     Variant value;
-    EXPECT_THAT(element->getAttribute(id.Get(), 0, value.Receive()), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(value), "BSTR box");
-    EXPECT_THAT(element->getAttribute(drag.Get(), 0, value.Receive()), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(value), "BSTR true");
-    EXPECT_THAT(element->getAttribute(none.Get(), 0, value.Receive()), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(value), "NULL");
+    for (const auto& [name, text] :
+         {std::pair{L"id", "BSTR box"}, {L"dragWindow", "BSTR true"}, {L"none", "NULL"}}) {
+        const Bstr attribute(name);
+        EXPECT_THAT(element->getAttribute(attribute.Get(), 0, value.Receive()), HasStatus(S_OK));
+        EXPECT_EQ(ValueText(value), text);
+    }
     EXPECT_THAT(element->get_parentElement(parent.GetAddressOf()), HasStatus(S_OK));
     ASSERT_TRUE(parent);
-    parent->get_tagName(tag.Receive());
-    EXPECT_EQ(tag.View(), L"BODY");
+    EXPECT_EQ(tag(parent), L"BODY");
     // They go back into the page as what they are there.
     const Variant same =
         Evaluate(L"(function (box, body) { return box.id === 'box' && body === document.body; })");
@@ -303,32 +297,23 @@ TEST_F(Control, TellsTheBodysSinksOfMouseButtons) {
     ASSERT_THAT(
         Query<IConnectionPointContainer>(body.Get())->FindConnectionPoint(events, point.GetAddressOf()),
         HasStatus(S_OK));
-    const auto sink = MakeCom<ElementSink>();
+    Events presses;
+    const auto sink = MakeCom<EventSink<Events>>(&presses, kElementEvents);
     DWORD cookie = 0;
     ASSERT_THAT(point->Advise(sink.Get(), &cookie), HasStatus(S_OK));
     PostMessageW(Server(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
     PostMessageW(Server(), WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
-    EXPECT_TRUE(PumpUntil([&] { return sink->presses == 1; }));
+    EXPECT_TRUE(PumpUntil([&] { return std::ranges::count(presses.ids, kMouseDown) == 1; }));
+    sink->Detach();
 }
 
 TEST_F(Control, KeepsWhatIsPutIntoItsScriptForTheFirstDocument) {
-    class_.emplace();
-    AtlAxWinInit();
-    window_ = CreateWindowExW(0, kAxWindowClass, L"container", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
-                              nullptr, nullptr, nullptr);
-    const std::wstring page = folder_.Write(L"page.html", "<script>var seen = typeof gift + gift;</script>");
-    sink_ = MakeCom<EventSink<Events>>(&events_, DIID_DWebBrowserEvents2);
-    ComPtr<IUnknown> control;
-    ASSERT_THAT(
-        MakeCom<CAxHostWindow>()->CreateControlLicEx(page.c_str(), window_, nullptr, control.GetAddressOf(),
-                                                     DIID_DWebBrowserEvents2, sink_.Get(), nullptr),
-        HasStatus(S_OK));
-    browser_ = Query<IWebBrowser2>(control.Get());
+    Create("<script>var seen = typeof gift + gift;</script>");
     ComPtr<IDispatch> script;
     ASSERT_THAT(Document()->get_Script(script.GetAddressOf()), HasStatus(S_OK));
     ASSERT_THAT(SetScriptProperty(script.Get(), L"gift", Variant::I4(7)), HasStatus(S_OK));
     ASSERT_TRUE(PumpUntil([this] { return events_.complete == 1; }, std::chrono::seconds(20)));
-    EXPECT_EQ(std::wstring(Bstr::View(Evaluate(L"seen").bstrVal)), L"number7");
+    EXPECT_EQ(ValueText(Evaluate(L"seen")), "BSTR number7");
 }
 
 TEST_F(Control, LeavesNothingBehind) {
