@@ -72,7 +72,6 @@ BridgedPage::~BridgedPage() {
 
 void BridgedPage::OnDocumentStart() {
     bridge->World()->SetExternal(desk.Get());
-    if (atStart) atStart();
 }
 
 void BridgedPage::Open(const std::string& html) {

@@ -59,16 +59,14 @@ class BridgedPage : public WorldOwner {
 
     void OnDocumentStart() override;
     void OnOpenWindow(const std::wstring& url) override { opened.push_back(url); }
-    void OnCloseWindow() override { ++closed; }
+    void OnCloseWindow() override {}
     Variant OnDialog(const std::string&, const std::wstring&, const std::wstring&) override { return {}; }
     void OnContextMenu(POINT, IDispatch*) override {}
     void OnMouseDown() override {}
     void OnParked(bool) override {}
 
     ComPtr<Desk> desk = MakeCom<Desk>();
-    std::function<void()> atStart;
     std::vector<std::wstring> opened;
-    int closed = 0;
     PageTarget target;
     std::unique_ptr<ScriptBridge> bridge;
 

@@ -32,16 +32,6 @@ class Bridge : public testing::Test {
     static inline std::shared_ptr<DevTools> engine_;
 };
 
-TEST_F(Bridge, ServesThePageFromItsFirstScriptOn) {
-    page_.atStart = [this] {
-        auto world = page_.bridge->World();
-        auto outcome = world->Run({.name = "eval", .member = "\"var fromHost = 'here';\""});
-        EXPECT_EQ(outcome.kind, ScriptWorld::Outcome::Kind::kValue);
-    };
-    page_.Open("<script>external.note(fromHost); external.note(1 + 1);</script>");
-    EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR here", "I4 2"));
-}
-
 TEST_F(Bridge, PassesEveryKindOfValueBothWays) {
     page_.Open("");
     EXPECT_EQ(
@@ -171,58 +161,10 @@ TEST_F(Bridge, ScriptCallsNativeCallsScriptToAnyDepth) {
               "-2147352319");
 }
 
-TEST_F(Bridge, ScriptObjectsAreLive) {
-    page_.Open(
-        "<script>var box = { n: 1, add: function (x) { return this.n += x; }, list: [7, 8] };"
-        "function Maker(v) { this.v = v; }</script>");
-    const Variant box = page_.Get(L"box");
-    ASSERT_TRUE(box.Is(VT_DISPATCH));
-    EXPECT_EQ(ValueText(GetMember(box.pdispVal, L"n").value), "I4 1");
-    EXPECT_EQ(ValueText(CallMember(box.pdispVal, L"add", 4).value), "I4 5");
-    EXPECT_THAT(PutMember(box.pdispVal, L"n", L"t").status, HasStatus(S_OK));
-    EXPECT_EQ(page_.Evaluate("box.n"), "\"t\"");
-    DISPID id = 0;
-    EXPECT_THAT(IdOf(box.pdispVal, L"none", &id), HasStatus(DISP_E_UNKNOWNNAME));
-    const Variant list = GetMember(box.pdispVal, L"list").value;
-    EXPECT_EQ(ValueText(GetMember(list.pdispVal, L"length").value), "I4 2");
-    EXPECT_EQ(ValueText(GetMember(list.pdispVal, L"1").value), "I4 8");
-    EXPECT_THAT(SetScriptProperty(box.pdispVal, L"fresh", Variant::I4(6)), HasStatus(S_OK));
-    EXPECT_EQ(page_.Evaluate("box.fresh"), "6");
-
-    const auto extensible = Query<IDispatchEx>(box.pdispVal);
-    std::vector<std::wstring> names;
-    DISPID next = DISPID_STARTENUM;
-    while (extensible->GetNextDispID(fdexEnumDefault, next, &next) == S_OK) {
-        Bstr name;
-        ASSERT_THAT(extensible->GetMemberName(next, name.Receive()), HasStatus(S_OK));
-        names.emplace_back(name.View());
-    }
-    EXPECT_THAT(names, ElementsAre(L"n", L"add", L"list", L"fresh"));
-    const Bstr fresh(L"fresh");
-    EXPECT_THAT(extensible->DeleteMemberByName(fresh.Get(), 0), HasStatus(S_OK));
-    EXPECT_EQ(page_.Evaluate("'fresh' in box"), "false");
-}
-
-TEST_F(Bridge, EndsWithItsDocument) {
-    page_.Open("<script>function f() {} external.keep(f);</script>");
-    const Variant kept = std::move(page_.desk->kept);
-    page_.Open("<script>external.note('second')</script>");
-    EXPECT_THAT(CallScriptFunction(kept.pdispVal), HasStatus(RPC_E_DISCONNECTED));
-    EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR second"));
-}
-
 TEST_F(Bridge, StopsAtNoStatementOfThePage) {
     page_.Open("<script>debugger; external.note('on');</script>");
     EXPECT_EQ(page_.Evaluate("external.run(() => { debugger; return 1; })"), "1");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR on"));
-}
-
-TEST_F(Bridge, NewWindowsAndClosingAreTheHostsToDecide) {
-    page_.Open("<base href='http://example.test/a/'>");
-    EXPECT_EQ(page_.Evaluate("window.open('b?c')"), "null");
-    EXPECT_THAT(page_.opened, ElementsAre(L"http://example.test/a/b?c"));
-    page_.Evaluate("window.close()");
-    EXPECT_TRUE(page_.target.Engine().WaitUntil([&] { return page_.closed == 1; }, 5000));
 }
 
 // A name is looked up once for each object, and what is a method is found out once for all plug-ins of a
@@ -267,28 +209,6 @@ TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
     page_.Evaluate("(() => { o.a = 9; external.note(external.options(o, 'a')); })()");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR I4 9"));
     EXPECT_EQ(read(), "I4 9");
-}
-
-// References that script or native code no longer needs are given back, whoever held them.
-TEST_F(Bridge, LeavesNothingBehindAfterManyCalls) {
-    page_.Open(
-        "<script>function many(n) { for (let i = 0; i < n; ++i) { external.echo({}); "
-        "external.run(() => 0); external.echo(external.kept); } }</script>");
-    page_.desk->kept = Variant::Object(MakeCom<CObject>().Get());
-    page_.Evaluate("many(2)");
-    page_.target.Call("HeapProfiler.collectGarbage");
-    const long before = liveComObjects;
-    page_.Evaluate("many(300)");
-    EXPECT_LE(liveComObjects, before);
-}
-
-TEST_F(Bridge, TwoPagesCallEachOther) {
-    BridgedPage other;
-    page_.Open("<script>function ping(n) { return n ? (0, external.kept)(n - 1) + 1 : 0; }</script>");
-    other.Open("<script>function pong(n) { return n ? (0, external.kept)(n - 1) + 1 : 0; }</script>");
-    page_.desk->kept = other.Get(L"pong");
-    other.desk->kept = page_.Get(L"ping");
-    EXPECT_EQ(page_.Evaluate("(other => other(7))(external.kept)"), "7");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "control/view/keyboard_input.h"
 
-#include "base/text.h"
 #include "control/view/key_names.h"
 #include "tests/control/view/input_fixture.h"
 
@@ -69,21 +68,6 @@ TEST_F(KeyMessages, TellWhatIsHeldAndRepeated) {
     EXPECT_EQ(Send(WM_KEYDOWN, 'A', Key(0x1E))["key"], "a") << "AltGr makes nothing else of it here";
     EXPECT_EQ(Send(WM_KEYDOWN, VK_LEFT, Key(0x4B))["isKeypad"], true);
     EXPECT_FALSE(keyboard.HandleMessage(WM_SYSKEYDOWN, VK_F4, Key(0x3E))) << "the system wants it too";
-}
-
-TEST_F(KeyMessages, CharactersAreText) {
-    for (const wchar_t character : {L'\r', L'漢'})
-        EXPECT_EQ(Send(WM_CHAR, character)["text"], Narrow({&character, 1}));
-    // Tab, Escape, Backspace and the like act as keys; Ctrl+Backspace makes a character of its own.
-    for (const wchar_t character : {L'\b', L'\t', L'\x1B', L'\x01', L'\x7F'})
-        EXPECT_TRUE(Send(WM_CHAR, character).is_null()) << static_cast<int>(character);
-    // Halves of a character are joined; what comes between them ends that.
-    const wchar_t whole[] = L"\U0001F600";
-    EXPECT_TRUE(Send(WM_CHAR, whole[0]).is_null());
-    EXPECT_EQ(Send(WM_CHAR, whole[1])["text"], Narrow(whole));
-    EXPECT_TRUE(Send(WM_CHAR, whole[0]).is_null());
-    EXPECT_EQ(Send(WM_CHAR, L'x')["text"], "x");
-    EXPECT_NE(Send(WM_CHAR, whole[1])["text"], Narrow(whole));
 }
 
 // With Ctrl and Alt the engine would take it for a command and type nothing.
