@@ -89,7 +89,7 @@ TEST(Picture, NoticesStandInTheMiddle) {
         }
     }
     EXPECT_GT(text.right - text.left, 50);
-    EXPECT_NEAR(text.left + text.right, kWidth, 10);
+    EXPECT_NEAR(text.left + text.right, kWidth, 20);
     EXPECT_NEAR(text.top + text.bottom, kHeight, 20);
 }
 
