@@ -70,6 +70,13 @@ TEST_F(KeyMessages, TellWhatIsHeldAndRepeated) {
     EXPECT_FALSE(keyboard.HandleMessage(WM_SYSKEYDOWN, VK_F4, Key(0x3E))) << "the system wants it too";
 }
 
+// Tab, Escape, Backspace and the like act as keys; Ctrl+Backspace makes a character of its own.
+TEST_F(KeyMessages, CharactersOfKeysAndHalvesAreNoText) {
+    for (const wchar_t character : {L'\b', L'\t', L'\x1B', L'\x7F', L'\xD83D'})
+        EXPECT_TRUE(Send(WM_CHAR, character).is_null()) << static_cast<int>(character);
+    EXPECT_EQ(Send(WM_CHAR, L'\r')["text"], "\r") << "and the half is over";
+}
+
 // With Ctrl and Alt the engine would take it for a command and type nothing.
 TEST_F(KeyMessages, CharactersOfAltGrAreText) {
     Hold({VK_CONTROL, VK_MENU, VK_SHIFT});
