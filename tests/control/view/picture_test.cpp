@@ -72,6 +72,9 @@ TEST(Picture, CoversWindowsOfAnySizeWithoutScaling) {
             }
         }
     }
+    picture.Clear();
+    picture.Paint(paper.Dc(), paper.Area());
+    EXPECT_EQ(paper.At(1, 1), RGB(255, 255, 255)) << "when the page has gone";
 }
 
 TEST(Picture, NoticesStandInTheMiddle) {
