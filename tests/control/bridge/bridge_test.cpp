@@ -7,6 +7,7 @@
 #include "tests/control/bridge/bridge_fixture.h"
 #include "tests/support/members.h"
 #include "tests/support/status_text.h"
+#include "tests/support/waiting.h"
 
 namespace tarvik {
 namespace {
@@ -209,6 +210,27 @@ TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
     page_.Evaluate("(() => { o.a = 9; external.note(external.options(o, 'a')); })()");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR I4 9"));
     EXPECT_EQ(read(), "I4 9");
+}
+
+// References that script or native code no longer needs are given back, whoever held them.
+TEST_F(Bridge, LeavesNothingBehindAfterManyCalls) {
+    page_.Open(R"(<script>var seen = [];
+        function call() {
+            const box = {}, back = () => external.fresh;
+            seen.push(new WeakRef(box), new WeakRef(back), new WeakRef(external.run(back)));
+            external.echo(box);
+        }
+        function left() { return seen.filter(ref => ref.deref()).length; }
+    </script>)");
+    page_.Evaluate("call()");
+    const long before = liveComObjects;
+    for (int i = 0; i < 100; ++i)
+        page_.Evaluate("call()");
+    EXPECT_TRUE(PumpUntil([&] {
+        page_.target.Call("HeapProfiler.collectGarbage");
+        return page_.Evaluate("left()") == "0" && liveComObjects < before + 10;
+    })) << page_.Evaluate("left()")
+        << " left, and " << liveComObjects - before << " native objects";
 }
 
 }  // namespace
