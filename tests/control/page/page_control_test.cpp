@@ -88,6 +88,7 @@ class Control : public testing::Test {
         if (sink_) sink_->Detach();
         sink_.Reset();
         class_.reset();
+        EXPECT_EQ(liveComObjects, before_);
     }
 
     void Open(const wchar_t* name) {
@@ -118,6 +119,7 @@ class Control : public testing::Test {
         return window;
     }
 
+    const long before_ = liveComObjects;
     const TempFolder folder_;
     Events events_;
     HWND window_ = nullptr;
