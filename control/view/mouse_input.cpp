@@ -123,7 +123,8 @@ void MouseInput::OnCaptureLost() {
 }
 
 void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
-    POINT point = PointOf(lParam);
+    // Both messages carry a place on the screen; with Wine's horizontal one it is in the window.
+    POINT point = PointOf(horizontal ? static_cast<LPARAM>(GetMessagePos()) : lParam);
     ScreenToClient(window_, &point);
     const double distance =
         GET_WHEEL_DELTA_WPARAM(wParam) * PixelsPerNotch(window_, horizontal) / WHEEL_DELTA;

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <random>
 #include <string>
-#include <vector>
 
 namespace tarvik {
 
@@ -16,17 +15,14 @@ class ArchiveMutator {
     size_t Below(size_t limit) { return limit ? random_() % limit : 0; }
 
   private:
+    // One of the places where this stands; the archive's size if there is none.
+    size_t Find(const std::string& archive, const std::string& text);
     size_t Place(const std::string& archive);
     void Edit(std::string& archive);
-    void SetField(std::string& archive);
-    void SetWideField(std::string& archive);
+    void SetField(std::string& archive, size_t place, size_t width);
     void SetName(std::string& archive);
-    void MoveBlock(std::string& archive);
 
     std::mt19937_64 random_;
 };
-
-// Where the headers of an archive start.
-std::vector<size_t> FindHeaders(const std::string& archive, const std::string& signature);
 
 }  // namespace tarvik

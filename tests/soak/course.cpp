@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 
 #include "tests/support/waiting.h"
 
@@ -17,14 +16,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr const char* kSeconds = "seconds";
 constexpr int kReadings = 20;
 // What was let go of may take its time.
 constexpr auto kPatience = std::chrono::seconds(20);
-
-int WidthOf(const char* what) {
-    return std::max(9, static_cast<int>(std::strlen(what)) + 2);
-}
 
 }  // namespace
 
@@ -56,27 +50,14 @@ bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& ste
 }
 
 void Course::Note(int step, Reading reading) {
-    readings_.push_back(std::move(reading));
-    Report(step);
-}
-
-void Course::Report(int step) const {
-    const auto& [holdings, levels] = readings_.back();
-    if (step == 0) {
-        std::printf("%-12s", name_);
-        for (const auto& [what, count] : holdings.Counts())
-            std::printf("%*s", WidthOf(what), what);
-        for (const Level& level : levels)
-            std::printf("%*s", WidthOf(level.what), level.what);
-        std::printf("%*s\n", WidthOf(kSeconds), kSeconds);
-    }
-    std::printf("%-12d", step);
-    for (const auto& [what, count] : holdings.Counts())
-        std::printf("%*ld", WidthOf(what), count);
-    for (const Level& level : levels)
-        std::printf("%*.0f", WidthOf(level.what), level.amount);
-    std::printf("%*.0f\n", WidthOf(kSeconds), Seconds(Clock::now() - start_).count());
+    std::printf("%s %d:", name_, step);
+    for (const auto& [what, count] : reading.holdings.Counts())
+        std::printf(" %s %ld,", what, count);
+    for (const Level& level : reading.levels)
+        std::printf(" %s %.0f,", level.what, level.amount);
+    std::printf(" after %.0f s\n", Seconds(Clock::now() - start_).count());
     std::fflush(stdout);
+    readings_.push_back(std::move(reading));
 }
 
 std::string Course::Risen() const {

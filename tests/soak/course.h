@@ -22,8 +22,8 @@ struct Reading {
     std::vector<Level> levels;
 };
 
-// A long run of equal steps, while which it is watched what the process holds. It prints a table of that, and
-// at the end what has grown.
+// A long run of equal steps, while which it is watched what the process holds. It prints that, and at the
+// end what has grown.
 class Course {
   public:
     // `read` gives the same counts and levels each time.
@@ -35,7 +35,6 @@ class Course {
 
   private:
     void Note(int step, Reading reading);
-    void Report(int step) const;
     std::string Risen() const;
     double Average(size_t level, size_t first, size_t end) const;
 

@@ -1,3 +1,6 @@
+// Damaged archives, one after the other: `soak_zip [runs [seed]]`. Fails for a fault, for a run that does not
+// end, for a file outside the destination, and for handles that are not given back.
+
 #include <windows.h>
 
 #include <atomic>
@@ -12,38 +15,33 @@
 #include "tests/soak/archive_mutator.h"
 #include "tests/soak/guarded_bytes.h"
 #include "tests/support/leak_check.h"
+#include "tests/support/temp_folder.h"
 
-// soak_zip [RUNS [SEED]]: damaged archives, one after the other. A fault, a run that does not end, a file
-// outside the destination and a handle that is not given back end the soak with a status of their own.
 namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-enum Status : int { kGood = 0, kWrittenOutside = 2, kHandlesGrew = 3, kFault = 5, kHung = 77 };
-
 std::atomic<int> currentRun{0};
+
+void End(const char* why) {
+    std::printf("run %d: %s\n", currentRun.load(), why);
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), 2);
+}
 
 LONG CALLBACK ReportFault(EXCEPTION_POINTERS* fault) {
     if (fault->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION) return EXCEPTION_CONTINUE_SEARCH;
-    std::printf("run %d: access violation\n", currentRun.load());
-    std::fflush(stdout);
-    TerminateProcess(GetCurrentProcess(), kFault);
+    End("access violation");
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
 void WatchForHangs() {
     std::thread([] {
-        for (int seen = -1;; std::this_thread::sleep_for(std::chrono::seconds(60))) {
-            const int now = currentRun;
-            if (now == seen) {
-                std::printf("run %d does not end\n", now);
-                std::fflush(stdout);
-                TerminateProcess(GetCurrentProcess(), kHung);
-            }
-            seen = now;
-        }
+        for (int seen = -1; seen != currentRun; std::this_thread::sleep_for(std::chrono::seconds(60)))
+            seen = currentRun;
+        End("does not end");
     }).detach();
 }
 
@@ -66,46 +64,29 @@ std::vector<std::string> GoodArchives() {
     };
 }
 
-// root\guard\deep\out: climbing names end up in one of the folders above `out`, which hold nothing else.
+// guard\deep\out: climbing names end up in one of the folders above `out`, which hold nothing else.
 class Ground {
   public:
-    Ground() : root_(fs::temp_directory_path() / ("tarvik-soak-" + std::to_string(GetCurrentProcessId()))) {
-        fs::create_directories(root_ / "guard" / "deep");
-        elsewhere_ = Elsewhere();
+    std::wstring Dest() const { return folder_ / L"guard\\deep\\out"; }
+    void Clear() const {
+        fs::remove_all(Dest());
+        fs::create_directories(fs::path(Dest()).parent_path());
     }
-    ~Ground() {
-        std::error_code ignored;
-        fs::remove_all(root_, ignored);
-    }
-
-    std::wstring Dest() const { return (root_ / "guard" / "deep" / "out").wstring(); }
-    void Clear() const { fs::remove_all(Dest()); }
     bool IsUntouched() const {
-        return Names(root_) == std::set<std::wstring>{L"guard"} &&
-               Names(root_ / "guard") == std::set<std::wstring>{L"deep"} &&
-               HoldsAtMost(root_ / "guard" / "deep", L"out");
+        return std::distance(fs::recursive_directory_iterator(folder_.Path()), {}) == 2;
     }
     bool IsUntouchedElsewhere() const { return Elsewhere() == elsewhere_; }
 
   private:
-    static std::set<std::wstring> Names(const fs::path& folder) {
-        std::set<std::wstring> names;
-        for (const auto& entry : fs::directory_iterator(folder))
-            names.insert(entry.path().filename().wstring());
-        return names;
-    }
-    static bool HoldsAtMost(const fs::path& folder, const std::wstring& name) {
-        const auto names = Names(folder);
-        return names.empty() || names == std::set<std::wstring>{name};
-    }
-    std::set<std::wstring> Elsewhere() const {
-        auto names = Names(fs::current_path());
-        names.merge(Names(L"C:\\"));
-        return names;
+    static std::set<fs::path> Elsewhere() {
+        std::set<fs::path> files;
+        for (const fs::path& folder : {fs::current_path(), fs::path(L"C:\\")})
+            files.insert(fs::directory_iterator(folder), {});
+        return files;
     }
 
-    fs::path root_;
-    std::set<std::wstring> elsewhere_;
+    const TempFolder folder_;
+    const std::set<fs::path> elsewhere_ = Elsewhere();
 };
 
 // The road of both sources, on bytes that lie tight between guards.
@@ -125,33 +106,31 @@ class Soak {
   public:
     Soak(int runs, std::uint64_t seed) : runs_(runs), mutator_(seed) {}
 
-    Status Run() {
+    bool Run() {
         for (int run = 1; run <= runs_; ++run) {
             currentRun = run;
             RunOnce();
-            if (!ground_.IsUntouched()) return Fail(kWrittenOutside, "something was written outside");
+            if (!ground_.IsUntouched()) return Fail("something was written outside");
             if (run == kWarmUp) handles_ = CountHandles();
             if (run % 1000 != 0 && run != runs_) continue;
             Report(run);
-            if (!ground_.IsUntouchedElsewhere())
-                return Fail(kWrittenOutside, "something was written elsewhere");
-            if (run > kWarmUp && CountHandles() > handles_) return Fail(kHandlesGrew, "handles were lost");
+            if (!ground_.IsUntouchedElsewhere()) return Fail("something was written elsewhere");
+            if (run > kWarmUp && CountHandles() > handles_) return Fail("handles were lost");
         }
-        return kGood;
+        return true;
     }
 
   private:
     static constexpr int kWarmUp = 100;
 
     void RunOnce() {
+        ground_.Clear();
         const std::string archive = mutator_.Mutate(good_[mutator_.Below(good_.size())]);
         const auto tight =
             mutator_.Below(2) == 0 ? GuardedBytes::Tight::kAtEnd : GuardedBytes::Tight::kAtStart;
         const GuardedBytes file(BytesOf(archive), tight);
-        if (Unpack(file.Content(), tight, static_cast<ULONG>(mutator_.Below(3)), ground_.Dest())) {
-            ++unpacked_;
-            ground_.Clear();
-        }
+        unpacked_ += Unpack(file.Content(), tight, static_cast<ULONG>(mutator_.Below(3)), ground_.Dest());
+        fs::remove_all(ground_.Dest());
     }
     void Report(int run) const {
         const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
@@ -159,10 +138,7 @@ class Soak {
                     run - unpacked_, CountHandles(), seconds);
         std::fflush(stdout);
     }
-    static Status Fail(Status status, const char* why) {
-        std::printf("run %d: %s\n", currentRun.load(), why);
-        return status;
-    }
+    static bool Fail(const char* why) { return std::printf("run %d: %s\n", currentRun.load(), why), false; }
 
     int runs_;
     ArchiveMutator mutator_;
@@ -181,5 +157,5 @@ int wmain(int argc, wchar_t** argv) {
     const std::uint64_t seed = argc > 2 ? _wcstoui64(argv[2], nullptr, 10) : 1;
     AddVectoredExceptionHandler(1, tarvik::ReportFault);
     tarvik::WatchForHangs();
-    return tarvik::Soak(runs, seed).Run();
+    return tarvik::Soak(runs, seed).Run() ? 0 : 1;
 }

@@ -35,32 +35,19 @@ std::vector<std::string> Recorder::Texts() const {
 }
 
 std::string ValueText(const VARIANT& value) {
-    switch (value.vt) {
-        case VT_EMPTY:
-            return "EMPTY";
-        case VT_NULL:
-            return "NULL";
-        case VT_I4:
-            return "I4 " + std::to_string(value.lVal);
-        case VT_UI4:
-            return "UI4 " + std::to_string(value.ulVal);
-        case VT_I8:
-            return "I8 " + std::to_string(value.llVal);
-        case VT_UI8:
-            return "UI8 " + std::to_string(value.ullVal);
-        case VT_R8:
-            return "R8 " + std::to_string(value.dblVal);
-        case VT_BOOL:
-            return value.boolVal ? "BOOL true" : "BOOL false";
-        case VT_BSTR:
-            return "BSTR " + Narrow(Bstr::View(value.bstrVal));
-        case VT_DISPATCH:
-            return value.pdispVal ? "DISPATCH" : "DISPATCH null";
-        case VT_UNKNOWN:
-            return value.punkVal ? "UNKNOWN" : "UNKNOWN null";
-        default:
-            return "kind " + std::to_string(value.vt);
-    }
+    const auto number = [](const char* kind, auto amount) { return kind + std::to_string(amount); };
+    if (value.vt == VT_EMPTY) return "EMPTY";
+    if (value.vt == VT_NULL) return "NULL";
+    if (value.vt == VT_I4) return number("I4 ", value.lVal);
+    if (value.vt == VT_UI4) return number("UI4 ", value.ulVal);
+    if (value.vt == VT_I8) return number("I8 ", value.llVal);
+    if (value.vt == VT_UI8) return number("UI8 ", value.ullVal);
+    if (value.vt == VT_R8) return number("R8 ", value.dblVal);
+    if (value.vt == VT_BOOL) return value.boolVal ? "BOOL true" : "BOOL false";
+    if (value.vt == VT_BSTR) return "BSTR " + Narrow(Bstr::View(value.bstrVal));
+    if (value.vt == VT_DISPATCH) return value.pdispVal ? "DISPATCH" : "DISPATCH null";
+    if (value.vt == VT_UNKNOWN) return value.punkVal ? "UNKNOWN" : "UNKNOWN null";
+    return number("kind ", value.vt);
 }
 
 }  // namespace tarvik

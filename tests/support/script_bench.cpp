@@ -5,8 +5,6 @@
 #include "base/bstr.h"
 #include "base/com_object.h"
 #include "base/text.h"
-#include "script/readers.h"
-#include "tests/support/recorder.h"
 
 namespace tarvik {
 
@@ -16,24 +14,15 @@ constexpr CLSID kJScript = {0xf414c260, 0x6ac0, 0x11cf, {0xb6, 0xd1, 0x00, 0xaa,
 constexpr DWORD kInvokeVersioning = 0x4000;  // SCRIPTPROP_INVOKEVERSIONING
 constexpr LONG kWithJson = 2;
 
-// ok(condition, text) of the scripts.
-Variant Assert(const Recorder::Record& call) {
-    bool condition = false;
-    const bool isBoolean = !call.arguments.empty() && Read(call.arguments[0], condition);
-    EXPECT_TRUE(isBoolean && condition) << "in script: " << Recorder::Text(call);
-    return {};
-}
-
 }  // namespace
 
 class ScriptBench::Site : public ComObject<IActiveScriptSite> {
   public:
-    explicit Site(IDispatch* external) : external_(external), assertion_(MakeCom<Recorder>(Assert)) {}
+    explicit Site(IDispatch* external) : external_(external) {}
 
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item, ITypeInfo**) override {
-        if (!(mask & SCRIPTINFO_IUNKNOWN)) return S_OK;
-        return HandOut(name == std::wstring_view(L"nativeOk") ? assertion_ : external_, item);
+    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD mask, IUnknown** item, ITypeInfo**) override {
+        return mask & SCRIPTINFO_IUNKNOWN ? HandOut(external_, item) : S_OK;
     }
     STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
@@ -61,7 +50,6 @@ class ScriptBench::Site : public ComObject<IActiveScriptSite> {
 
   private:
     ComPtr<IDispatch> external_;
-    ComPtr<IDispatch> assertion_;
 };
 
 ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
@@ -78,10 +66,7 @@ ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
     parser->InitNew();
     engine_->SetScriptSite(site_.Get());
     engine_->AddNamedItem(L"external", SCRIPTITEM_ISVISIBLE);
-    engine_->AddNamedItem(L"nativeOk", SCRIPTITEM_ISVISIBLE);
     engine_->SetScriptState(SCRIPTSTATE_CONNECTED);
-    // A named item itself cannot be called; a variable that holds it can.
-    Run(L"var ok = nativeOk;");
 }
 
 ScriptBench::~ScriptBench() {

@@ -10,8 +10,8 @@
 
 namespace tarvik {
 
-// The system's script engine in this process, so that objects are driven by real script. Script sees
-// `external`, and ok(condition, text), which fails the test. JSON is there; the rest is the language of 1999.
+// The system's script engine in this process, so that objects are driven by real script, which sees them as
+// `external`. JSON is there; the rest is the language of 1999.
 class ScriptBench {
   public:
     explicit ScriptBench(IDispatch* external);

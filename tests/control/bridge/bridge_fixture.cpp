@@ -78,7 +78,6 @@ BridgedPage::~BridgedPage() {
 
 void BridgedPage::OnDocumentStart() {
     bridge->World()->SetExternal(desk.Get());
-    if (atStart) atStart();
 }
 
 void BridgedPage::Open(const std::string& html) {

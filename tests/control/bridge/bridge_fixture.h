@@ -62,21 +62,14 @@ class BridgedPage : public WorldOwner {
 
     void OnDocumentStart() override;
     void OnOpenWindow(const std::wstring& url) override { opened.push_back(url); }
-    void OnCloseWindow() override { ++closed; }
-    Variant OnDialog(const std::string& type, const std::wstring&, const std::wstring&) override {
-        dialogs.push_back(type);
-        return Variant::Bool(true);
-    }
+    void OnCloseWindow() override {}
+    Variant OnDialog(const std::string&, const std::wstring&, const std::wstring&) override { return {}; }
     void OnContextMenu(POINT, IDispatch*) override {}
     void OnMouseDown() override {}
-    void OnParked(bool parked) override { parkedNow = parked; }
+    void OnParked(bool) override {}
 
     ComPtr<Desk> desk = MakeCom<Desk>();
-    std::function<void()> atStart;
     std::vector<std::wstring> opened;
-    std::vector<std::string> dialogs;
-    int closed = 0;
-    bool parkedNow = false;
     PageTarget target;
     std::unique_ptr<ScriptBridge> bridge;
 

@@ -12,22 +12,10 @@ std::string Source(const Variant& value) {
         value, [](void*, IUnknown*) { return std::string("object"); }, nullptr);
 }
 
-TEST(ScriptSource, TextIsPlainUnlessItMustNotBe) {
-    EXPECT_EQ(ScriptText(L"a\x00e9\x6f22"), "\"a\xc3\xa9\xe6\xbc\xa2\"");
-    EXPECT_EQ(ScriptText(L"\"\\\n\x2028"), "\"\\u0022\\u005c\\u000a\\u2028\"");
-    EXPECT_EQ(ScriptText(std::wstring(L"\0x", 2)), "\"\\u0000x\"");
-    EXPECT_EQ(ScriptText(L"\xd83d\xde00\xd83d!"), "\"\xf0\x9f\x98\x80\\ud83d!\"");
-    EXPECT_EQ(ScriptText(L"\xde00"), "\"\\ude00\"");
-}
-
+// Those that script has itself come back from native code in the tests of the bridge.
 TEST(ScriptSource, ValuesOfAutomation) {
-    EXPECT_EQ(Source(Variant()), "void 0");
     EXPECT_EQ(Source(Variant::Missing()), "void 0");
-    EXPECT_EQ(Source(Variant::Null()), "null");
-    EXPECT_EQ(Source(Variant::Bool(true)), "true");
     EXPECT_EQ(Source(Variant::UI8(1ull << 40)), "1099511627776");
-    EXPECT_EQ(Source(Variant::R8(0.1)), "0.10000000000000001");
-    EXPECT_EQ(Source(Variant::R8(-0.0)), "-0");
     EXPECT_EQ(Source(Variant::Object(nullptr)), "null");
     Variant currency;
     currency.vt = VT_CY;

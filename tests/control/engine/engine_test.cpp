@@ -17,22 +17,6 @@ Json Evaluate(PageTarget& page, const char* expression) {
                      {{"expression", expression}, {"returnByValue", true}})["result"]["value"];
 }
 
-TEST(Engine, ServesSeveralPagesAndStartsAgainAfterItsEnd) {
-    for (int start = 0; start < 2; ++start) {
-        const Holdings before = Holdings::Now();
-        {
-            PageTarget first(DevTools::Acquire());
-            PageTarget second(DevTools::Acquire());
-            EXPECT_NE(first.Id(), second.Id());
-            EXPECT_EQ(Evaluate(first, "window.mark = 6 * 7"), 42);
-            EXPECT_EQ(Evaluate(second, "typeof window.mark"), "undefined");
-        }
-        if (start > 0) {
-            EXPECT_EQ(Holdings::Now().GrownSince(before), "");
-        }
-    }
-}
-
 TEST(Engine, EndOfTheEngineEndsWhatWaits) {
     const auto devtools = DevTools::Acquire();
     PageTarget page(devtools);
@@ -70,13 +54,6 @@ TEST(Engine, RemovesProfilesThatWereLeft) {
     start();
     EXPECT_FALSE(FileExists(used));
     EXPECT_TRUE(RemoveDirectoryW(other.c_str()));
-}
-
-TEST(Engine, IsClosedPageByPage) {
-    const auto devtools = DevTools::Acquire();
-    { PageTarget only(devtools); }
-    PageTarget next(devtools);
-    EXPECT_EQ(Evaluate(next, "1 + 1"), 2);
 }
 
 }  // namespace

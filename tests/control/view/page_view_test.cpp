@@ -57,15 +57,18 @@ TEST_F(HostedPage, ShowsWhatAClickChanges) {
     EXPECT_TRUE(PixelBecomes(middle, kRed)) << "the pointer has left the window";
 }
 
+// In fields, and where the page says so: its host has the page look like a dialog.
 TEST_F(HostedPage, SelectsByClicksAndByDragging) {
-    Open(
-        R"(<style>html { user-select: text; } p { margin: 20px; }</style><p>wonderful</p><p>another line</p>)");
+    Open(R"(<style>p { margin: 20px; } .text { user-select: text; }</style>
+        <p class="text">wonderful</p><p class="text">another line</p><p>not selected</p>
+        <textarea id="field" style="margin: 0 20px; padding: 0; border: 0">several words</textarea><script>
+        logEvents('dblclick');</script>)");
     const std::wstring selected = L"getSelection().toString().trim()";
-    const POINT word = OnScreen({40, 28});
-    Click(word, MOUSEEVENTF_LEFTDOWN, 2);
+    const POINT field = MiddleOf(L"field"), left = OnScreen({40, 28});
+    Click(left, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
     // Elsewhere, so that it is no triple click; then from the first line over the window's edge.
-    Click(OnScreen({300, 300}));
+    Click({left.x, left.y + 38});
     EXPECT_TRUE(Becomes(selected, L""));
     MoveTo(OnScreen({20, 28}));
     Mouse({MOUSEEVENTF_LEFTDOWN});
@@ -74,31 +77,25 @@ TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     Mouse({MOUSEEVENTF_LEFTUP});
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
     EXPECT_FALSE(GetCapture());
-}
-
-// Its host has the page look like a dialog.
-TEST_F(HostedPage, SelectsInFieldsOnlyUnlessThePageSaysMore) {
-    Open(R"(<p style="margin: 20px">wonderful</p><textarea id="field">several words</textarea><script>
-        logEvents('dblclick');</script>)");
-    const std::wstring selected = L"getSelection().toString()";
-    Click(OnScreen({40, 28}), MOUSEEVENTF_LEFTDOWN, 2);
-    EXPECT_TRUE(Becomes(L"log.length", L"1"));
-    EXPECT_EQ(Ask(selected), L"");
-    POINT word = MiddleOf(L"field");
-    word.x -= 60;
-    word.y -= 8;
-    Click(word, MOUSEEVENTF_LEFTDOWN, 2);
+    Click({left.x, left.y + 76}, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(L"log.length", L"2"));
+    EXPECT_EQ(Ask(selected), L"wonderful") << "nothing of this line";
+    Click({left.x, field.y - 8}, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"several"));
 }
 
 TEST_F(HostedPage, ScrollsByTheWheel) {
-    Open(R"(<div style="width: 3000px; height: 3000px"></div>)");
-    MoveTo(OnScreen({100, 100}));
+    Open(R"(<div style="width: 3000px; height: 3000px"></div><script>
+        onwheel = function (event) { log.push(event.clientX + ' ' + event.clientY); };</script>)");
+    MoveTo(OnScreen({100, 110}));
     Mouse({MOUSEEVENTF_WHEEL}, static_cast<DWORD>(-2 * WHEEL_DELTA));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"0 200"));
     constexpr DWORD kTilt = 0x1000;  // MOUSEEVENTF_HWHEEL
     Mouse({kTilt}, WHEEL_DELTA);
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 200"));
+    Mouse({MOUSEEVENTF_WHEEL}, WHEEL_DELTA / 2);
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 150"));
+    EXPECT_EQ(Ask(L"log.join()"), L"100 110,100 110,100 110");
 }
 
 // The engine throws away what comes while a page's script waits for an answer.
@@ -125,7 +122,10 @@ TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
 
 // A menu or the dragging of a window ends what the page does with a held button.
 TEST_F(HostedPage, EndsADragWhenThePointerIsTakenAway) {
-    Open(R"(<script>logEvents('mousedown', 'mouseup', 'click'); var held;
+    Open(R"(<button id="button" style="width: 200px; height: 200px">Drag</button><script>
+        logEvents('mousedown', 'mouseup');
+        button.onclick = function () { log.push('clicked'); };
+        var held;
         onmousemove = function (event) { held = event.buttons; };</script>)");
     MoveTo(OnScreen({100, 100}));
     Mouse({MOUSEEVENTF_LEFTDOWN});
@@ -137,67 +137,43 @@ TEST_F(HostedPage, EndsADragWhenThePointerIsTakenAway) {
     ReleaseCapture();
     MoveTo(OnScreen({140, 100}));
     EXPECT_TRUE(Becomes(L"held", L"0"));
+    EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup");
 }
 
 // ---- Clipboard
-
-// Chooses from the menu that comes up, by its letter, and tells where it was.
-class MenuChooser {
-  public:
-    explicit MenuChooser(WORD letter) : thread_([this, letter] { Choose(letter); }) {}
-    ~MenuChooser() { thread_.join(); }
-    bool HasChosen() const { return done_; }
-    const RECT& Place() const { return place_; }
-
-  private:
-    void Choose(WORD letter) {
-        HWND menu = nullptr;
-        for (int tries = 0; tries < 500 && !menu; ++tries) {
-            Sleep(10);
-            menu = FindWindowW(L"#32768", nullptr);
-            if (menu && !IsWindowVisible(menu)) menu = nullptr;
-        }
-        if (!menu) return;
-        GetWindowRect(menu, &place_);
-        INPUT keys[2] = {};
-        keys[0].type = keys[1].type = INPUT_KEYBOARD;
-        keys[0].ki.wVk = keys[1].ki.wVk = letter;
-        keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(2, keys, sizeof(INPUT));
-        done_ = true;
-    }
-
-    RECT place_ = {};
-    std::atomic<bool> done_ = false;
-    std::thread thread_;
-};
 
 TEST_F(HostedPage, OffersAMenuOnTextFields) {
     Open(R"(<p id="text" style="height: 60px">Text</p><input id="field" style="margin-left: 150px"><script>
         logEvents('paste');</script>)");
     const POINT field = MiddleOf(L"field");
-    SetClipboardText(L"from \u00FCberall");
-    {
-        const MenuChooser paste('P');
+    // Chooses from the menu by a letter, and tells where it was.
+    const auto choose = [&](WORD letter) {
+        RECT place = {};
+        std::atomic<bool> chosen = false;
+        const std::jthread person([&] {
+            HWND menu = nullptr;
+            for (int tries = 0; tries < 500 && !IsWindowVisible(menu); ++tries) {
+                Sleep(10);
+                menu = FindWindowW(L"#32768", nullptr);
+            }
+            GetWindowRect(menu, &place);
+            Press({letter});
+            chosen = true;
+        });
         Click(field, MOUSEEVENTF_RIGHTDOWN);
-        EXPECT_TRUE(PumpUntil([&] { return paste.HasChosen(); }));
-        EXPECT_NEAR(paste.Place().left, field.x, 3);
-        EXPECT_NEAR(paste.Place().top, field.y, 3);
-    }
+        EXPECT_TRUE(PumpUntil([&] { return chosen.load(); }));
+        return place;
+    };
+    SetClipboardText(L"from \u00FCberall");
+    const RECT menu = choose('P');
+    EXPECT_NEAR(menu.left, field.x, 3);
+    EXPECT_NEAR(menu.top, field.y, 3);
     EXPECT_TRUE(Becomes(L"field.value", L"from \u00FCberall"));
     EXPECT_EQ(Ask(L"log.join()"), L"paste");
-    {
-        const MenuChooser selectAll('A');
-        Click(field, MOUSEEVENTF_RIGHTDOWN);
-        EXPECT_TRUE(PumpUntil([&] { return selectAll.HasChosen(); }));
-    }
+    choose('A');
     EXPECT_TRUE(Becomes(L"field.selectionEnd - field.selectionStart", L"12"));
     SetClipboardText(L"");
-    {
-        const MenuChooser cut('T');
-        Click(field, MOUSEEVENTF_RIGHTDOWN);
-        EXPECT_TRUE(PumpUntil([&] { return cut.HasChosen(); }));
-    }
+    choose('T');
     EXPECT_TRUE(Becomes(L"field.value", L""));
     EXPECT_TRUE(PumpUntil([] { return ClipboardText() == L"from \u00FCberall"; }));
 }
