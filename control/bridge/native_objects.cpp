@@ -31,10 +31,10 @@ void NativeObjects::SetExternal(IDispatch* external) {
 
 int NativeObjects::Give(IUnknown* object) {
     auto identity = Query<IUnknown>(object);
+    auto dispatch = Query<IDispatch>(object);
     const auto [place, isNew] = numbers_.try_emplace(identity.Get(), last_ + 1);
     if (isNew) {
         ++last_;
-        auto dispatch = Query<IDispatch>(object);
         entries_[place->second] = {std::move(identity), std::move(dispatch), 0, {}};
     }
     const int number = place->second;
@@ -98,8 +98,11 @@ HRESULT NativeObjects::IdOf(const Member& member, DISPID* id) {
     return status;
 }
 
+// Members of data come and go.
 HRESULT NativeObjects::Find(const Member& member) {
     DISPID id = DISPID_UNKNOWN;
+    const auto entry = entries_.find(member.object);
+    if (entry != entries_.end() && IsExtensible(member.object)) entry->second.ids.erase(member.name);
     return IdOf(member, &id);
 }
 

@@ -40,7 +40,7 @@ class NativeObjects {
         int object;
         const std::wstring& name;
     };
-    HRESULT Find(const Member& member);  // whether it has that name, as it answers a look-up
+    HRESULT Find(const Member& member);  // the status of a look-up
     HRESULT Read(const Member& member, VARIANT* value, EXCEPINFO* exception);
     HRESULT Write(const Member& member, const VARIANT& value, EXCEPINFO* exception);
     HRESULT Call(const Member& member, std::vector<Variant>& arguments, VARIANT* value, EXCEPINFO* exception);

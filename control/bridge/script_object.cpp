@@ -75,6 +75,7 @@ STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* par
             if (result) Variant::Copy(*known).MoveInto(result);
             return S_OK;
         }
+        world_->CheckReachable();
         ScriptWorld::Task task = TaskFor(id, flags, parameters ? *parameters : kNone);
         task.reportErrors = !exception;
         auto outcome = world_->Run(task);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "base/status.h"
 #include "base/text.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
@@ -106,6 +107,7 @@ std::string ScriptWorld::Write(const VARIANT& value) {
 std::string ScriptWorld::WriteObject(IUnknown* object) {
     const auto script = Query<IScriptObject>(object);
     if (script && script->World() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
+    if (!alive_) throw StatusError(RPC_E_DISCONNECTED);  // nobody would ever give it back
     const int number = natives_.Give(object);
     return R"(["o",)" + std::to_string(number) + (natives_.IsCallable(number) ? ",true]" : ",false]");
 }

@@ -99,21 +99,20 @@ bool ScriptWorld::Has(int object, const std::wstring& name) {
     if (openCalls_ == 0) told_.ClearStale();
     const auto known = told_.Ask(object, name);
     if (known != ToldMembers::Answer::kUnknown) return known == ToldMembers::Answer::kThere;
+    const unsigned long before = exchanges_;
     Outcome outcome = Run({.name = told_.IsCommon(name) ? "look" : "find",
                            .object = object,
                            .member = ScriptText(name),
                            .reportErrors = false});
-    if (outcome.kind == Outcome::Kind::kAll) {
-        told_.Tell(object, std::move(outcome.members), outcome.all);
-        return told_.Ask(object, name) == ToldMembers::Answer::kThere;
-    }
-    // To see the value it may have been necessary to run a getter. One that throws has a name all the same.
-    told_.Clear();
-    if (outcome.kind == Outcome::Kind::kValue) {
-        outcome.members.emplace(name, std::move(outcome.value));
-        told_.Tell(object, std::move(outcome.members), false);
-    }
-    return outcome.kind != Outcome::Kind::kNone;
+    const bool isAll = outcome.kind == Outcome::Kind::kAll;
+    const bool isThere = isAll ? outcome.members.contains(name) : outcome.kind != Outcome::Kind::kNone;
+    // To see a single value it may have been necessary to run a getter. One that throws has a name all the
+    // same.
+    if (!isAll) told_.Clear();
+    if (outcome.kind == Outcome::Kind::kValue) outcome.members.emplace(name, std::move(outcome.value));
+    // While the answer was taken in, the page may have gone or made calls of its own.
+    if (alive_ && exchanges_ == before + 1) told_.Tell(object, std::move(outcome.members), outcome.all);
+    return isThere;
 }
 
 const Variant* ScriptWorld::KnownValue(int object, const std::wstring& name) {
@@ -121,12 +120,16 @@ const Variant* ScriptWorld::KnownValue(int object, const std::wstring& name) {
     return alive_ ? told_.Value(object, name) : nullptr;
 }
 
-ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
+void ScriptWorld::CheckReachable() const {
     if (!alive_) throw StatusError(RPC_E_DISCONNECTED);
     if (blocked_) throw StatusError(RPC_E_CALL_REJECTED);
+}
+
+ScriptWorld::Outcome ScriptWorld::Run(const Task& task) {
     const auto self = shared_from_this();
-    const auto engine = target_.Share();
     if (std::string_view(task.name) != "find") told_.Clear();
+    CheckReachable();
+    const auto engine = target_.Share();
     const auto pending = std::make_shared<Pending>();
     const int id = ++lastTask_;
     pending_[id] = pending;

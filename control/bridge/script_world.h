@@ -54,7 +54,9 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     bool IsAlive() const { return alive_; }
     void End();
 
-    void SetExternal(IDispatch* external) { natives_.SetExternal(external); }
+    void SetExternal(IDispatch* external) {
+        if (alive_) natives_.SetExternal(external);
+    }
     // A dialog of the page's own holds it up: calls fail with RPC_E_CALL_REJECTED instead of waiting for it.
     void SetBlocked(bool blocked) { blocked_ = blocked; }
     // From now on presses of a mouse button are reported.
@@ -85,7 +87,9 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
         HRESULT number = E_FAIL;       // what script threw
         std::wstring message;
     };
-    // Runs it and waits for its end. Throws StatusError when the page cannot be reached.
+    // Throws StatusError when the page cannot be reached.
+    void CheckReachable() const;
+    // Runs it and waits for its end. Throws as CheckReachable does, also when the page goes meanwhile.
     Outcome Run(const Task& task);
 
     // Whether a script object has a member of that name, and its value if that is known without an exchange.

@@ -54,11 +54,14 @@ Connection::Connection(std::unique_ptr<Transport> transport)
 Connection::~Connection() {
     *alive_ = false;
     // Asked to close, the engine ends in its own time; without its input it must.
-    if (open_) transport_->Write(R"({"id":0,"method":"Browser.close"})");
-    const auto hasEnded = [this] { return WaitForSingleObject(ended_.Get(), kEndPatience) == WAIT_OBJECT_0; };
-    const bool hasClosed = hasEnded();
-    transport_->CloseWriting();
-    if (!hasClosed && !hasEnded()) transport_->Kill();
+    // One that has stopped reading would hold up who writes to it.
+    std::thread closer([this] {
+        if (open_) transport_->Write(R"({"id":0,"method":"Browser.close"})");
+        WaitForSingleObject(ended_.Get(), kEndPatience);
+        transport_->CloseWriting();
+    });
+    if (WaitForSingleObject(ended_.Get(), 2 * kEndPatience) != WAIT_OBJECT_0) transport_->Kill();
+    closer.join();
     reader_.join();
 }
 

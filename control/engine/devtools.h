@@ -31,7 +31,8 @@ class DevTools {
     virtual ~DevTools() = default;
 
     // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the
-    // engine's end. `session` is empty for the browser itself. Sending never blocks.
+    // engine's end. `session` is empty for the browser itself. Sending waits only for an engine that has
+    // stopped reading, when there is no more room on the way to it.
     using ReplyHandler = std::function<void(const Json* result)>;
     virtual void Post(std::string_view session, std::string_view method, Json params,
                       ReplyHandler onReply = nullptr) = 0;

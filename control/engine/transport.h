@@ -41,8 +41,9 @@ class Transport {
     std::mutex writing_;
 };
 
-// Start the engine with a private profile that goes when it ends, also when this process is killed. They
-// throw StatusError. The pipe is open when they return; the engine may still be starting.
+// Start the engine with a private profile that goes when it ends. When this process is killed it goes too; on
+// Windows, with the next start. They throw StatusError. The pipe is open when they return; the engine may
+// still be starting.
 std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine);  // under Wine
 std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine);  // on Windows
 

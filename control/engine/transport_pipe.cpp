@@ -21,15 +21,17 @@ struct Pipe {
     UniqueHandle write;
 };
 
+// Room for what an engine that is busy does not read at once.
+constexpr DWORD kPipeSize = 1 << 20;
+
 Pipe MakePipe() {
     Pipe pipe;
-    SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
-    if (!CreatePipe(pipe.read.Receive(), pipe.write.Receive(), &inheritable, 0)) ThrowLastError();
+    if (!CreatePipe(pipe.read.Receive(), pipe.write.Receive(), nullptr, kPipeSize)) ThrowLastError();
     return pipe;
 }
 
-void KeepHere(const UniqueHandle& handle) {
-    SetHandleInformation(handle.Get(), HANDLE_FLAG_INHERIT, 0);
+void MakeInheritable(const UniqueHandle& handle) {
+    SetHandleInformation(handle.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
 }
 
 // The list of the handles that the engine inherits, and no others.
@@ -67,8 +69,10 @@ UniqueHandle MakeJob() {
 // A profile in use has this file beside it, which goes with the program that uses it, also when that is
 // killed.
 UniqueHandle HoldProfile(const std::wstring& profile) {
-    return UniqueHandle(CreateFileW((profile + kMark).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    UniqueHandle mark(CreateFileW((profile + kMark).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                  FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    if (!mark) ThrowLastError();
+    return mark;
 }
 
 void RemoveLeftProfiles(const std::wstring& folder) {
@@ -103,11 +107,23 @@ class PipeTransport : public Transport {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);
         WaitForSingleObject(process_.Get(), kPatience);
+        const ULONGLONG end = GetTickCount64() + kPatience;
+        while (HasProcesses() && GetTickCount64() < end)
+            Sleep(kPause);
         DeleteFolder(profile_);
     }
 
   private:
     static constexpr DWORD kPatience = 2000;
+    static constexpr DWORD kPause = 10;
+
+    // Whether others than the engine itself still hold files of the profile.
+    bool HasProcesses() const {
+        JOBOBJECT_BASIC_ACCOUNTING_INFORMATION information = {};
+        QueryInformationJobObject(job_.Get(), JobObjectBasicAccountingInformation, &information,
+                                  sizeof information, nullptr);
+        return information.ActiveProcesses > 0;
+    }
 
     UniqueHandle process_;
     UniqueHandle job_;
@@ -124,8 +140,6 @@ std::wstring HandleText(const UniqueHandle& handle) {
 std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     Pipe toEngine = MakePipe();
     Pipe fromEngine = MakePipe();
-    KeepHere(toEngine.write);
-    KeepHere(fromEngine.read);
     const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
     RemoveLeftProfiles(folder);
     const std::wstring profile = folder + FreshName() + kProfile;
@@ -135,6 +149,8 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
                         QuoteArgument(L"--user-data-dir=" + profile) +
                         L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
                         L"," + HandleText(fromEngine.write) + L" about:blank";
+    MakeInheritable(toEngine.read);
+    MakeInheritable(fromEngine.write);
     InheritedHandles inherited(toEngine.read.Get(), fromEngine.write.Get());
     STARTUPINFOEXW startup = {};
     startup.StartupInfo.cb = sizeof startup;

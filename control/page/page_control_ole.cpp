@@ -89,18 +89,20 @@ HRESULT PageControl::Activate(HWND parent, const RECT* position) {
 }
 
 void PageControl::MakePage(HWND parent, const RECT* position) {
-    inPlaceSite_->GetWindow(&parent);
+    const auto site = inPlaceSite_;  // whoever is asked here may deactivate the control
+    site->GetWindow(&parent);
     RECT rectangle = position ? *position : RECT{};
     RECT clip = {};
     ComPtr<IOleInPlaceUIWindow> document;
     OLEINPLACEFRAMEINFO info = {sizeof info};
-    inPlaceSite_->GetWindowContext(frame_.ReleaseAndGetAddressOf(), document.GetAddressOf(), &rectangle,
-                                   &clip, &info);
+    site->GetWindowContext(frame_.ReleaseAndGetAddressOf(), document.GetAddressOf(), &rectangle, &clip,
+                           &info);
+    if (!inPlaceSite_) throw StatusError(E_ABORT);
     windows_.emplace(parent, rectangle, *this);
-    page_ = std::make_shared<Page>(windows_->Server(), *this, textIsSelectable_);
+    const auto page = std::make_shared<Page>(windows_->Server(), *this, textIsSelectable_);
+    page_ = page;
     document_ = MakeCom<HtmlDocument>(page_, mouse_);
     RegisterDropTarget();
-    const auto page = page_;  // which may be closed while it opens
     if (!pending_.empty()) page->Navigate(std::exchange(pending_, {}));
 }
 

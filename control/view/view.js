@@ -41,6 +41,7 @@
   const { random } = Math;
   const { composedPath } = Event.prototype;
   const setTimer = setTimeout;
+  const Address = URL;
   const text = String;
 
   // ---- What the page has seen -------------------------------------------------------------------------------------
@@ -85,8 +86,16 @@
     isTrusted && (button === 1 || (button === 0 && (ctrlKey || shiftKey)));
 
   const addressOfLink = (event) => {
-    for (const { localName, href, baseURI } of apply(composedPath, event, []))
-      if ((localName === 'a' || localName === 'area') && href) return new URL(href.baseVal ?? href, baseURI).href;
+    const path = apply(composedPath, event, []);
+    for (let i = 0; i < path.length; ++i) {
+      const { localName, href, baseURI } = path[i];
+      if ((localName !== 'a' && localName !== 'area') || !href) continue;
+      try {
+        return new Address(href.baseVal ?? href, baseURI).href;
+      } catch {
+        return '';  // it is none
+      }
+    }
     return '';
   };
 

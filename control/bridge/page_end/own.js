@@ -43,6 +43,7 @@ const takeAside = () => {
       return (object, key) => apply(register, registry, [object, key]);
     },
     isWellFormed: methodOf(String.prototype, 'isWellFormed'),
+    toLowerCase: methodOf(String.prototype, 'toLowerCase'),
     charCodeAt: methodOf(String.prototype, 'charCodeAt'),
     bind: methodOf(Function.prototype, 'bind'),
     deref: methodOf(WeakRef.prototype, 'deref'),

@@ -30,7 +30,7 @@ const makeTasks = (values, own) => {
     const names = ownKeys(object);
     if (names.length > (name === 'length' ? kManyElements : kFewNames)) return '';
     const plain = isPlain(object);
-    if (!plain && !hasOwn(object, name)) return '';
+    if (!hasOwn(object, name) && (!plain || name in object)) return '';
     let told = '';
     for (let i = 0; i < names.length; ++i) {
       if (typeof names[i] !== 'string') continue;

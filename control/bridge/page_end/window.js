@@ -1,17 +1,30 @@
 // What the page's windows, its frames' included, have of the host: adopts each in turn.
 const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => {
-  const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath } = own;
+  const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath, toLowerCase } = own;
   let listening = false;  // somebody native wants to hear of mouse buttons
 
   const textOf = (value) => value === undefined ? '' : '' + value;
 
   const resolve = (given, view) => address(new URL(textOf(given) || 'about:blank', baseAddress(view.document)));
 
+  const hasFrame = (view, name) => {
+    try {
+      if (view.name === name) return true;
+    } catch {
+      // One from somewhere else has no name for us.
+    }
+    for (let i = 0; i < view.length; ++i) if (hasFrame(view[i], name)) return true;
+    return false;
+  };
+
+  const isOfPage = (view, target) => {
+    const keyword = toLowerCase(target);
+    return keyword === '_self' || keyword === '_top' || keyword === '_parent' || (target && hasFrame(view.top, target));
+  };
+
   // Frames of a page keep the engine's own open(); everything else is for the host to decide.
   const makeOpen = (engineOpen, view) => function open(given, name) {
-    const target = textOf(name);
-    const isFrame = target === '_self' || target === '_top' || target === '_parent' || (target && view.frames[target]);
-    if (isFrame) return apply(engineOpen, view, [given, name]);
+    if (isOfPage(view, textOf(name))) return apply(engineOpen, view, [given, name]);
     exchange('open', encodeText(resolve(given, view)));
     return null;
   };
