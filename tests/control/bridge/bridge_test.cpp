@@ -234,5 +234,13 @@ TEST_F(Bridge, LeavesNothingBehindAfterManyCalls) {
         << " left, and " << liveComObjects - before << " native objects";
 }
 
+// Everything else is for the host to decide; an element's id is no name of a frame.
+TEST_F(Bridge, OpensInFramesByTheirNames) {
+    page_.Open("<iframe name='main'></iframe><iframe name='list'></iframe><p id='text'></p>");
+    page_.Evaluate("[frames.list.open('about:blank#1', 'main'), open('about:blank#2', '_SELF'), 0].length");
+    page_.Evaluate("[open('about:blank#3', 'text')].length");
+    EXPECT_THAT(page_.opened, ElementsAre(L"about:blank#3"));
+}
+
 }  // namespace
 }  // namespace tarvik
