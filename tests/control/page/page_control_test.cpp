@@ -251,10 +251,13 @@ TEST_F(Control, IsHiddenAndShownAsAnObject) {
     EXPECT_THAT(run(99), HasStatus(OLEOBJ_S_INVALIDVERB));
 }
 
-TEST_F(Control, ShowsItsDocumentsElements) {
+TEST_F(Control, ShowsItsDocumentsScriptAndElements) {
     Host(
         "<body style='margin:0'><div id='box' dragWindow='true' "
-        "style='width:100px;height:100px'><b>x</b></div>");
+        "style='width:100px;height:100px'><b>x</b></div><script>var answer = 42</script>");
+    ComPtr<IDispatch> script;
+    ASSERT_THAT(Document()->get_Script(script.GetAddressOf()), HasStatus(S_OK));
+    EXPECT_EQ(ValueText(ReadScriptProperty(script.Get(), L"answer")), "I4 42");
     const auto tag = [](const ComPtr<IHTMLElement>& of) {
         Bstr name;
         EXPECT_THAT(of->get_tagName(name.Receive()), HasStatus(S_OK));
