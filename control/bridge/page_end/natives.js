@@ -2,7 +2,6 @@
 // shape, proxy, listed }.
 const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own) => {
   const { bind, toPrimitive, objectPrototype, newMap } = own;
-  const kExternal = 0;
 
   // What is known of objects that were read from `external` under one name: they come from one maker.
   const shapes = newMap();
@@ -35,7 +34,7 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
     const value = exchange('get', record.id + ',' + encodeText(name));
     if (value === kMethod) return method(record, name);
     if (value === kPerhapsMethod) return bound(record, name);
-    const child = (typeof value === 'function' || typeof value === 'object') && value && records.get(value);
+    const child = records.get(value);
     if (child) adoptChild(record, name, child);
     return value;
   };
