@@ -88,7 +88,7 @@ void CallDropBinding(IDispatch* binding, IDispatch* array) {
     const Variant callback = ReadScriptProperty(binding, L"callback");
     ComPtr<IDispatch> function;
     if (callback.Is(VT_DISPATCH)) function = callback.pdispVal;
-    if (callback.Is(VT_UNKNOWN)) function = Ticket(Query<IStream>(callback.punkVal)).Redeem();
+    if (callback.Is(VT_UNKNOWN)) function = Ticket(Query<IStream>(callback.punkVal)).Get();
     const Variant files = Variant::Object(array);
     const Variant context = ReadScriptProperty(binding, L"context");
     if (function) CallWithContext(function.Get(), files, context, nullptr);

@@ -84,6 +84,10 @@ HRESULT CallScriptFunction(IDispatch* function, std::span<const VARIANT* const> 
     return function ? InvokeMethod(function, DISPID_VALUE, arguments, result) : E_POINTER;
 }
 
+bool IsFalse(const VARIANT& answer) {
+    return answer.vt == VT_BOOL && answer.boolVal == VARIANT_FALSE;
+}
+
 HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result) {
     const Variant first = Variant::Copy(value);
     const Variant second = Variant::Copy(context);

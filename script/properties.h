@@ -36,6 +36,9 @@ inline HRESULT CallScriptFunction(IDispatch* function, std::initializer_list<con
                               result);
 }
 
+// Whether script answered a real false, by which it ends a run or refuses a step.
+bool IsFalse(const VARIANT& answer);
+
 // Script sees function(value, context). Both are copied for the call.
 HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result);
 

@@ -2,6 +2,17 @@
 
 namespace tarvik {
 
+namespace {
+
+// Empty where the system cannot convert the value.
+Variant Converted(const VARIANT& value, VARTYPE kind) {
+    Variant converted;
+    VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, kind);
+    return converted;
+}
+
+}  // namespace
+
 bool Read(const VARIANT& value, bool& out) {
     out = value.boolVal == VARIANT_TRUE;
     return value.vt == VT_BOOL;
@@ -18,15 +29,43 @@ bool Read(const VARIANT& value, IDispatch*& out) {
 }
 
 bool Read(const VARIANT& value, LooseInt& out) {
-    Variant converted;
-    VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, VT_I4);
-    out.value = converted.vt == VT_I4 ? converted.lVal : 0;
+    out.value = Converted(value, VT_I4).lVal;
     return true;
 }
 
 bool Read(const VARIANT& value, ExactInt& out) {
     out.value = value.lVal;
     return value.vt == VT_I4 || value.vt == VT_INT || value.vt == VT_UI4 || value.vt == VT_UINT;
+}
+
+bool Read(const VARIANT& value, ConstantInt& out) {
+    out.value = value.lVal;
+    return value.vt == VT_I4;
+}
+
+bool Read(const VARIANT& value, Int64& out) {
+    const Variant converted = Converted(value, VT_I8);
+    out.value = converted.llVal;
+    return converted.Is(VT_I8);
+}
+
+bool Read(const VARIANT& value, UInt64& out) {
+    const Variant converted = Converted(value, VT_UI8);
+    out.value = converted.ullVal;
+    return converted.Is(VT_UI8);
+}
+
+bool Read(const VARIANT& value, Number& out) {
+    const Variant converted = Converted(value, VT_R8);
+    out.value = converted.dblVal;
+    return converted.Is(VT_R8);
+}
+
+bool Read(const VARIANT& value, Bits32& out) {
+    Variant converted = Converted(value, VT_I4);
+    if (!converted.Is(VT_I4)) converted = Converted(value, VT_UI4);
+    out.value = converted.ulVal;
+    return !converted.Is(VT_EMPTY);
 }
 
 bool Read(const VARIANT& value, AnyValue& out) {
@@ -45,6 +84,10 @@ HRESULT Give(VARIANT* slot, bool value) {
 
 HRESULT Give(VARIANT* slot, Integer value) {
     return Give(slot, Variant::I4(value.value));
+}
+
+HRESULT Give(VARIANT* slot, Number value) {
+    return Give(slot, Variant::R8(value.value));
 }
 
 HRESULT Give(VARIANT* slot, Outcome value) {

@@ -45,6 +45,26 @@ struct ExactInt {
     LONG value = 0;
 };
 
+// VT_I4 and nothing else.
+struct ConstantInt {
+    LONG value = 0;
+};
+
+// By the system's conversion, like LooseInt; a value that the kind cannot hold is refused.
+struct Int64 {
+    LONGLONG value = 0;
+};
+struct UInt64 {
+    ULONGLONG value = 0;
+};
+struct Number {
+    double value = 0;
+};
+// 32 bits, from anything that converts to a signed or to an unsigned integer of that width.
+struct Bits32 {
+    ULONG value = 0;
+};
+
 struct AnyValue {
     const VARIANT* value = nullptr;
 };
@@ -55,6 +75,11 @@ bool Read(const VARIANT& value, BSTR& out);        // borrowed; null is kept apa
 bool Read(const VARIANT& value, IDispatch*& out);  // borrowed; may be null
 bool Read(const VARIANT& value, LooseInt& out);
 bool Read(const VARIANT& value, ExactInt& out);
+bool Read(const VARIANT& value, ConstantInt& out);
+bool Read(const VARIANT& value, Int64& out);
+bool Read(const VARIANT& value, UInt64& out);
+bool Read(const VARIANT& value, Number& out);
+bool Read(const VARIANT& value, Bits32& out);
 bool Read(const VARIANT& value, AnyValue& out);
 template <class T>
 bool Read(const VARIANT& value, std::optional<T>& out) {
@@ -74,6 +99,7 @@ struct Outcome {
 HRESULT Give(VARIANT* slot, Variant&& value);
 HRESULT Give(VARIANT* slot, bool value);
 HRESULT Give(VARIANT* slot, Integer value);
+HRESULT Give(VARIANT* slot, Number value);
 HRESULT Give(VARIANT* slot, Outcome value);
 HRESULT Give(VARIANT* slot, Bstr&& value);
 HRESULT Give(VARIANT* slot, ComPtr<IDispatch>&& value);

@@ -3,29 +3,50 @@
 #include <combaseapi.h>
 
 #include "base/status.h"
+#include "script/readers.h"
 
 namespace tarvik {
 
+namespace {
+
+IDispatch* ObjectIn(const VARIANT& value) {
+    IDispatch* object = nullptr;
+    return Read(value, object) ? object : nullptr;
+}
+
+}  // namespace
+
 Ticket::Ticket(IDispatch* object) {
+    if (!object) return;
     ThrowIfFailed(CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object, stream_.GetAddressOf()));
 }
 
 Ticket& Ticket::operator=(Ticket&& other) noexcept {
     if (this != &other) {
-        Redeem();
+        Get();
+        object_.Reset();
+        // Not move assignment: that of mingw-w64's ComPtr copies.
         stream_.Swap(other.stream_);
+        object_.Swap(other.object_);
     }
     return *this;
 }
 
-ComPtr<IDispatch> Ticket::Redeem() noexcept {
-    ComPtr<IDispatch> object;
+IDispatch* Ticket::Get() noexcept {
     // The call releases the stream, whatever its status.
     if (stream_) {
         CoGetInterfaceAndReleaseStream(stream_.Detach(), IID_IDispatch,
-                                       reinterpret_cast<void**>(object.GetAddressOf()));
+                                       reinterpret_cast<void**>(object_.GetAddressOf()));
     }
-    return object;
+    return object_.Get();
+}
+
+ValueTicket::ValueTicket(const VARIANT& value)
+    : object_(ObjectIn(value)), value_(ObjectIn(value) ? Variant() : Variant::Copy(value)) {}
+
+const VARIANT& ValueTicket::Get() noexcept {
+    if (IDispatch* object = object_.Get(); object && value_.Is(VT_EMPTY)) value_ = Variant::Object(object);
+    return value_;
 }
 
 }  // namespace tarvik

@@ -2,6 +2,8 @@
 
 #include <exdisp.h>
 
+#include <string>
+
 #include "host/registry/plugin_registry.h"
 #include "script/dispatch.h"
 
@@ -29,6 +31,40 @@ template <class Plugin>
 bool RegisterBuiltIn(const wchar_t* name, int flags) {
     return RegisterPlugin(name, MakePlugin<Plugin>, flags) == S_OK;
 }
+
+// A path of script, made absolute against the page; a file URL becomes the path that it stands for. Empty if
+// that cannot be done.
+std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path);
+
+void LogNoBrowser(const char* className);
+
+// The first part of a TablePlugin that keeps its window's services and the page's browser. Those are the main
+// thread's: a worker keeps no reference to such a plug-in, because it must not be the one that lets go of it.
+template <class Self>
+class WindowPlugin : public TablePlugin<Self> {
+  public:
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override {
+        if (!core || !browser) return E_INVALIDARG;
+        if (core_) return S_OK;
+        browser_ = Query<IWebBrowser2>(browser);
+        if (!browser_) {
+            LogNoBrowser(Self::kClassName);
+            return E_INVALIDARG;
+        }
+        core_ = core;
+        return S_OK;
+    }
+
+  protected:
+    TVK::ICore* Core() const { return core_.Get(); }
+
+    std::wstring Resolve(BSTR path) const { return ResolvePath(Core(), std::wstring(Bstr::View(path))); }
+    std::wstring Resolve(const std::wstring& path) const { return ResolvePath(Core(), path); }
+
+  private:
+    ComPtr<TVK::ICore> core_;
+    ComPtr<IWebBrowser2> browser_;
+};
 
 // A small plug-in that keeps the page's browser from Initialize.
 template <class Self>

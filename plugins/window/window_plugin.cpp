@@ -1,7 +1,5 @@
 #include "plugins/window/window_plugin.h"
 
-#include "app/log/log.h"
-
 namespace tarvik {
 
 namespace {
@@ -28,16 +26,9 @@ std::span<const Member<CWindowPlugin>> CWindowPlugin::Members() {
 }
 
 STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
-    if (!core || !browser) return E_INVALIDARG;
-    if (core_) return S_OK;
-    core_ = core;
-    window_ = core->GetWindowHandle();
-    browser_ = Query<IWebBrowser2>(browser);
-    if (!browser_) {
-        TARVIK_ERROR("CWindowPlugin::Initialize", L"Query IWebBrowser2 failed.");
-        return E_INVALIDARG;
-    }
-    return S_OK;
+    const HRESULT status = WindowPlugin::Initialize(core, browser);
+    if (status == S_OK) window_ = Core()->GetWindowHandle();
+    return status;
 }
 
 bool CWindowPlugin::Show(bool visible) {

@@ -7,7 +7,7 @@
 namespace tarvik {
 
 // `window`: the top-level window that a page lives in.
-class CWindowPlugin : public TablePlugin<CWindowPlugin> {
+class CWindowPlugin : public WindowPlugin<CWindowPlugin> {
   public:
     static constexpr char kClassName[] = "CWindowPlugin";
     static std::span<const Member<CWindowPlugin>> Members();
@@ -30,8 +30,6 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     RECT Rectangle() const;
     bool Resize(LONG width, LONG height);
 
-    ComPtr<TVK::ICore> core_;
-    ComPtr<IWebBrowser2> browser_;
     HWND window_ = nullptr;
 };
 

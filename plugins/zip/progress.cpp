@@ -9,10 +9,6 @@ namespace tarvik {
 
 namespace {
 
-bool IsFalse(const Variant& answer) {
-    return answer.Is(VT_BOOL) && answer.boolVal == VARIANT_FALSE;
-}
-
 // Script engines know no 64-bit integers. What is more stays at the most that can be told.
 Variant Count(ULONGLONG bytes) {
     constexpr ULONGLONG kMost = std::numeric_limits<ULONG>::max();

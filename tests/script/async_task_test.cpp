@@ -1,4 +1,4 @@
-#include "script/async.h"
+#include "script/async_task.h"
 
 #include <gtest/gtest.h>
 
@@ -41,13 +41,12 @@ TEST(ScriptTicket, TakesACallbackToAnotherThreadOnce) {
     Ticket first(function.Get());
     Ticket ticket;
     ticket = std::move(first);
-    EXPECT_FALSE(first.Redeem()) << "a moved ticket has no claim";
+    EXPECT_FALSE(first.Get()) << "a moved ticket has no claim";
     OnWorker([&] {
-        const auto proxy = ticket.Redeem();
-        EXPECT_FALSE(ticket.Redeem());
+        Ticket used = std::move(ticket);
         Variant answer;
         const Variant five = Variant::I4(5);
-        EXPECT_THAT(CallScriptFunction(proxy.Get(), {&five}, &answer), HasStatus(S_OK));
+        EXPECT_THAT(CallScriptFunction(used.Get(), {&five}, &answer), HasStatus(S_OK));
         EXPECT_EQ(ValueText(answer), "I4 42");
     });
     EXPECT_THAT(function->Texts(), ElementsAre("I4 5"));
@@ -60,7 +59,7 @@ TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
     const Ticket dropped(function.Get());
     Ticket replaced(function.Get());
     replaced = Ticket();
-    EXPECT_THROW(Ticket(static_cast<IDispatch*>(nullptr)), StatusError);
+    EXPECT_FALSE(Ticket(static_cast<IDispatch*>(nullptr)).Get());
 }
 
 TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
@@ -70,28 +69,30 @@ TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
         ticket = Ticket(MakeCom<Recorder>().Get());
         CoUninitialize();
     }).join();
-    OnWorker([&] {
-        const auto dead = ticket.Redeem();
-        EXPECT_LT(CallScriptFunction(dead.Get()), 0);
-    });
+    OnWorker([&] { EXPECT_LT(CallScriptFunction(ticket.Get()), 0); });
 }
 
-// What the runs of these tests do; script chooses by options.
-HRESULT Work(const AsyncTask& task) {
-    if (task.progress) {
+// What the runs of these tests do; script chooses by options. The plug-in is held by the run.
+class TestTask : public AsyncTask {
+  public:
+    TestTask(IDispatch* plugin, const Options& options)
+        : AsyncTask(options),
+          plugin_(plugin),
+          boom_(options.Flag(L"boom")),
+          status_(options.Integer(L"status").value_or(S_OK)) {}
+
+  private:
+    HRESULT Work() override {
         const Variant half = Variant::I4(50);
-        CallWithContext(task.progress.Get(), half, task.context, nullptr);
+        if (Progress()) CallWithContext(Progress(), half, Context(), nullptr);
+        if (boom_) throw std::bad_alloc();
+        return status_;
     }
-    if (task.options.Flag(L"boom")) throw StatusError(E_ABORT);
-    return task.options.Integer(L"status").value_or(S_OK);
-}
 
-void Fail(const AsyncTask& task, HRESULT status) {
-    const Variant code = Variant::I4(status);
-    CallScriptFunction(task.fail.Get(), {&code, &task.context});
-}
-
-constexpr AsyncMember kMember = {Work, SucceedWithContext, Fail};
+    ComPtr<IDispatch> plugin_;
+    bool boom_;
+    HRESULT status_;
+};
 
 class AsyncRun : public testing::Test {
   protected:
@@ -101,10 +102,17 @@ class AsyncRun : public testing::Test {
         return options;
     }
 
+    static bool Start(IDispatch* plugin, IDispatch* options) {
+        return StartTask(options, [plugin](const Options& given) {
+            if (given.Flag(L"refuse")) throw StatusError(E_INVALIDARG);
+            return std::make_unique<TestTask>(plugin, given);
+        });
+    }
+
     // Until the worker has let go of everything: then the plug-in is held here alone.
     void Run(const OptionObject& options) {
         const auto plugin = MakeCom<CObject>();
-        StartAsync(kMember, plugin.Get(), options);
+        EXPECT_TRUE(Start(plugin.Get(), options));
         EXPECT_TRUE(PumpUntil([&] {
             plugin->AddRef();
             return plugin->Release() == 1;
@@ -134,16 +142,22 @@ TEST_F(AsyncRun, EndsInOneSuccess) {
 
 TEST_F(AsyncRun, EndsInOneFailure) {
     Run(AllCallbacks().Set(L"boom", true));
-    Run(AllCallbacks().Set(L"status", static_cast<int>(E_NOINTERFACE)));
-    EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_ABORT) + ", EMPTY",
-                                            "I4 " + std::to_string(E_NOINTERFACE) + ", EMPTY"));
+    Run(AllCallbacks().Set(L"status", static_cast<int>(E_NOINTERFACE)).Set(L"context", 7));
+    EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_OUTOFMEMORY) + ", EMPTY",
+                                            "I4 " + std::to_string(E_NOINTERFACE) + ", I4 7"));
     EXPECT_THAT(success_->Texts(), IsEmpty());
 }
 
 TEST_F(AsyncRun, EndsInSilenceAfterACancel) {
-    Run(AllCallbacks().Set(L"status", static_cast<int>(kEndInSilence)));
+    Run(AllCallbacks().Set(L"status", static_cast<int>(E_ABORT)));
     EXPECT_EQ(progress_->calls.size(), 1u);
     EXPECT_TRUE(success_->calls.empty() && fail_->calls.empty());
+}
+
+TEST_F(AsyncRun, TellsAtOnceWhyItDidNotStart) {
+    EXPECT_FALSE(Start(nullptr, AllCallbacks().Set(L"refuse", true).Set(L"context", 7)));
+    EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_INVALIDARG) + ", I4 7"));
+    EXPECT_THROW(Start(nullptr, nullptr), StatusError) << "no options at all";
 }
 
 TEST_F(AsyncRun, HandsAnObjectBackAsContext) {
@@ -167,9 +181,9 @@ class Rooted : public Recorder {
 
 TEST_F(AsyncRun, LosesNothingWhenAnObjectCannotTravel) {
     const auto plugin = MakeCom<CObject>();
-    OptionObject options = AllCallbacks();
-    options.Set(L"context", MakeCom<Rooted>());
-    EXPECT_THROW(StartAsync(kMember, plugin.Get(), options), StatusError);
+    EXPECT_FALSE(Start(plugin.Get(), AllCallbacks().Set(L"context", MakeCom<Rooted>())));
+    EXPECT_EQ(fail_->calls.size(), 1u);
+    EXPECT_THAT(success_->Texts(), IsEmpty());
 }
 
 }  // namespace

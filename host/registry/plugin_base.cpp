@@ -1,0 +1,35 @@
+#include "host/registry/plugin_base.h"
+
+#include <shlwapi.h>
+
+#include <string>
+
+#include "app/log/log.h"
+
+namespace tarvik {
+
+namespace {
+
+// A path has fewer characters than its URL.
+std::wstring PathOfFileUrl(const std::wstring& url) {
+    DWORD length = static_cast<DWORD>(url.size() + 1);
+    std::wstring path(length, L'\0');
+    if (FAILED(PathCreateFromUrlW(url.c_str(), path.data(), &length, 0))) return url;
+    path.resize(length);
+    return path;
+}
+
+}  // namespace
+
+std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path) {
+    Bstr resolved;
+    if (core) core->ResolveUrl(path.c_str(), resolved.Receive());
+    const std::wstring text(resolved.View());
+    return UrlIsFileUrlW(text.c_str()) ? PathOfFileUrl(text) : text;
+}
+
+void LogNoBrowser(const char* className) {
+    TARVIK_ERROR((std::string(className) + "::Initialize").c_str(), L"Query IWebBrowser2 failed.");
+}
+
+}  // namespace tarvik

@@ -1,0 +1,18 @@
+#include "plugins/zip/archive_task.h"
+
+namespace tarvik {
+
+CZipPlugin& ArchiveTask::Plugin() const {
+    const auto context = Query<IContext>(plugin_.Get());
+    if (!context) throw StatusError(E_FAIL);
+    return *static_cast<CZipPlugin*>(context->GetContext());
+}
+
+const VARIANT& ArchiveTask::Context() {
+    const VARIANT& taken = AsyncTask::Context();
+    if (taken.vt == VT_DISPATCH) return taken;
+    if (!plainContext_) plainContext_ = Given().Value(L"context");
+    return *plainContext_;
+}
+
+}  // namespace tarvik

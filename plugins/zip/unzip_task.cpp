@@ -1,0 +1,98 @@
+#include "plugins/zip/unzip_task.h"
+
+#include "base/text.h"
+#include "plugins/zip/archive_task.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+class UnzipTask : public ArchiveTask {
+  public:
+    using ArchiveTask::ArchiveTask;
+
+  protected:
+    ExtractOptions ReadOptions() {
+        const Options given = Given();
+        const auto dest = given.Text(L"dest");
+        if (!dest || dest->empty()) throw StatusError(E_INVALIDARG);
+        // The system makes no folder that is named from the current one, and that may change during the run.
+        return {FullPath(*dest), given.Flag(L"overWrite"), Progress(), &Context()};
+    }
+};
+
+// The two orders of fail differ on purpose: scripts are written against them.
+class UnzipFileTask : public UnzipTask {
+  public:
+    using UnzipTask::UnzipTask;
+
+  private:
+    HRESULT Work() override {
+        const Options given = Given();
+        const ExtractOptions options = ReadOptions();
+        const auto index = static_cast<ULONG>(given.Integer(L"index").value_or(0));
+        Plugin().ExtractFile(given.Text(L"src").value_or(std::wstring()), index, options);
+        return S_OK;
+    }
+    void Fail(HRESULT status) override {
+        const Variant code = Variant::I4(status);
+        CallScriptFunction(Failure(), {&Context(), &code});
+    }
+};
+
+// Whether every page can be read at this moment. Pages may hand in any number as an address.
+bool IsReadable(Bytes bytes) {
+    constexpr DWORD kReadable = PAGE_READONLY | PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READ |
+                                PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
+    auto at = reinterpret_cast<ULONG_PTR>(bytes.data());
+    const ULONG_PTR end = at + bytes.size();
+    if (end < at) return false;
+    while (at < end) {
+        MEMORY_BASIC_INFORMATION pages = {};
+        if (!VirtualQuery(reinterpret_cast<const void*>(at), &pages, sizeof pages)) return false;
+        if (pages.State != MEM_COMMIT || !(pages.Protect & kReadable) || pages.Protect & PAGE_GUARD)
+            return false;
+        at = reinterpret_cast<ULONG_PTR>(pages.BaseAddress) + pages.RegionSize;
+    }
+    return true;
+}
+
+class UnzipMemoryTask : public UnzipTask {
+  public:
+    using UnzipTask::UnzipTask;
+
+  private:
+    HRESULT Work() override {
+        const Bytes source = ReadSource(Given());
+        Plugin().ExtractMemory(source, ReadOptions());
+        return S_OK;
+    }
+    void Fail(HRESULT status) override {
+        const Variant none = Variant::Object(nullptr);
+        const Variant code = Variant::I4(status);
+        CallScriptFunction(Failure(), {&none, &Context(), &code});
+    }
+
+    static Bytes ReadSource(const Options& given) {
+        // Whatever its kind, the eight bytes of the value are the address.
+        const Variant buffer = given.Value(L"buffer");
+        Variant length = given.Value(L"length");
+        if (buffer.Is(VT_EMPTY) || length.Is(VT_EMPTY) || !length.ChangeType(VT_UI4))
+            throw StatusError(E_INVALIDARG);
+        const Bytes bytes(static_cast<const std::uint8_t*>(buffer.byref), length.ulVal);
+        if (!IsReadable(bytes)) throw StatusError(E_INVALIDARG);
+        return bytes;
+    }
+};
+
+}  // namespace
+
+HRESULT StartUnzip(IDispatch* plugin, const Options& options) {
+    // The presence of `src`, of whatever kind, chooses the source.
+    if (options.Value(L"src").Is(VT_EMPTY))
+        return StartWorker(std::make_unique<UnzipMemoryTask>(plugin, options));
+    return StartWorker(std::make_unique<UnzipFileTask>(plugin, options));
+}
+
+}  // namespace tarvik
