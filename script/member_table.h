@@ -78,6 +78,11 @@ HRESULT Enter(SelfOf<Handler>& self, const Call& call) {
         values);
 }
 
+template <class Self, LONG kValue>
+HRESULT EnterConstant(Self&, const Call& call) {
+    return call.Count() == 0 ? Give(call.Result(), Integer{kValue}) : E_NOTIMPL;
+}
+
 // For rules that no reader can express: the handler sees the whole call, and only the count is checked.
 template <auto Handler, size_t kLeast, size_t kMost>
 HRESULT EnterRaw(SelfOf<Handler>& self, const Call& call) {
@@ -122,6 +127,12 @@ constexpr auto WriteOnly(DISPID id, const wchar_t* name) {
 template <auto Get, auto Put>
 constexpr auto Property(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Get>>{id, name, nullptr, detail::Enter<Get>, detail::Enter<Put>};
+}
+
+// A number that script reads by its name.
+template <class Self, LONG kValue>
+constexpr auto Constant(DISPID id, const wchar_t* name) {
+    return Member<Self>{id, name, nullptr, detail::EnterConstant<Self, kValue>, nullptr};
 }
 
 // Ids rise and names differ. Ids are written out, although the order implies them: they are a published

@@ -36,7 +36,7 @@ OptionObject::OptionObject() {
     object_ = Variant::Object(made.Get());
 }
 
-void OptionObject::Put(const wchar_t* name, const Variant& value) {
+void OptionObject::Put(const wchar_t* name, const Variant& value) const {
     DISPID id = DISPID_UNKNOWN;
     if (SUCCEEDED(IdOf(object_.pdispVal, name, &id))) {
         PutScriptProperty(object_.pdispVal, id, &value);

@@ -69,14 +69,14 @@ class OptionObject {
   public:
     OptionObject();
     template <class T>
-    OptionObject& Set(const wchar_t* name, T&& value) {
+    const OptionObject& Set(const wchar_t* name, T&& value) const {
         Put(name, ToVariant(std::forward<T>(value)));
         return *this;
     }
     operator IDispatch*() const { return object_.pdispVal; }
 
   private:
-    void Put(const wchar_t* name, const Variant& value);
+    void Put(const wchar_t* name, const Variant& value) const;
     Variant object_;
 };
 

@@ -22,7 +22,7 @@ std::string FailText(HRESULT status) {
     return "fail: EMPTY, I4 " + std::to_string(status);
 }
 
-Ending Unzip::Run(OptionObject& options, Recorder::Answer answer) {
+Ending Unzip::Run(const OptionObject& options, Recorder::Answer answer) {
     const auto progress = MakeCom<Recorder>(std::move(answer));
     const auto success = MakeCom<Recorder>();
     const auto fail = MakeCom<Recorder>();

@@ -28,7 +28,7 @@ inline constexpr char kSuccess[] = "success: EMPTY";
 // `fail` must have come.
 class Unzip : public testing::Test {
   protected:
-    Ending Run(OptionObject& options, Recorder::Answer answer = {});
+    Ending Run(const OptionObject& options, Recorder::Answer answer = {});
     // An archive in a file, into Dest().
     Ending RunOn(const std::string& archive, Recorder::Answer answer = {});
     OptionObject OptionsFor(const std::string& archive);

@@ -1,0 +1,38 @@
+#include "plugins/fileio/chunk_teller.h"
+
+#include "host/contract/stream.h"
+#include "host/registry/plugin_registry.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr SmallMember<ChunkTeller> kMembers[] = {
+    {DISPID_VALUE, L"tell", &ChunkTeller::Tell},
+};
+
+ComPtr<TVK::IStream> MakeChunk(const void* bytes, ULONG count) {
+    const PluginEntry* const entry = FindPlugin(L"stream");
+    ComPtr<TVK::IStream> chunk;
+    if (entry) entry->factory(__uuidof(TVK::IStream), reinterpret_cast<void**>(chunk.GetAddressOf()));
+    if (!chunk) throw StatusError(E_FAIL);
+    ThrowIfFailed(chunk->Write(bytes, count, nullptr));
+    ThrowIfFailed(chunk->Seek(0, TVK::kFromBegin, nullptr));
+    return chunk;
+}
+
+}  // namespace
+
+std::span<const SmallMember<ChunkTeller>> ChunkTeller::Members() {
+    return kMembers;
+}
+
+HRESULT ChunkTeller::Tell(WORD, const Call& call) {
+    if (call.Count() != 2 || call.At(0).vt != VT_I8 || call.At(1).vt != VT_UI4) return E_INVALIDARG;
+    const auto* const bytes = reinterpret_cast<const void*>(call.At(0).llVal);
+    const Variant chunk = Variant::Object(MakeChunk(bytes, call.At(1).ulVal).Get());
+    return CallWithContext(progress_.Get(), chunk, context_, call.Result());
+}
+
+}  // namespace tarvik

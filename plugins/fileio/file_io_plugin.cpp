@@ -1,0 +1,121 @@
+#include "plugins/fileio/file_io_plugin.h"
+
+#include "plugins/fileio/open_mode.h"
+#include "plugins/fileio/transfer.h"
+#include "plugins/fileio/transfer_task.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CFileIOPlugin> kMembers[] = {
+    Method<&CFileIOPlugin::Open>(-10000, L"open"),
+    Method<&CFileIOPlugin::Close>(-9999, L"close"),
+    Method<&CFileIOPlugin::ReadAsync>(-9998, L"readAsync"),
+    Method<&CFileIOPlugin::WriteAsync>(-9997, L"writeAsync"),
+    Method<&CFileIOPlugin::Read>(-9996, L"read"),
+    Method<&CFileIOPlugin::Write>(-9995, L"write"),
+    Method<&CFileIOPlugin::Seek>(-9994, L"seek"),
+    Property<&CFileIOPlugin::GetSize, &CFileIOPlugin::SetSize>(-9993, L"size"),
+    Constant<CFileIOPlugin, FILE_BEGIN>(-9992, L"BEGIN"),
+    Constant<CFileIOPlugin, FILE_CURRENT>(-9991, L"CURRENT"),
+    Constant<CFileIOPlugin, FILE_END>(-9990, L"END"),
+    Constant<CFileIOPlugin, S_OK>(-9989, L"S_OK"),
+    Constant<CFileIOPlugin, E_ABORT>(-9988, L"E_ABORT"),
+};
+static_assert(IsInOrder(kMembers));
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CFileIOPlugin>(L"fileIO", TVK::kTransientPlugin);
+
+// What has to be moved, for members that tell what they moved and not why they stopped. A negative length is
+// its 32 bits: -1 asks for all there is.
+struct Order {
+    ComPtr<TVK::IStream> stream;
+    ULONG length;
+};
+
+Order ReadOrder(IDispatch* stream, LooseInt length) {
+    const Order order = {Query<TVK::IStream>(stream), static_cast<ULONG>(length.value)};
+    if (!order.stream || order.length == 0) throw StatusError(E_INVALIDARG);
+    return order;
+}
+
+void AddTo(Variant& moved, ULONG count) {
+    moved = Variant::UI4(moved.ulVal + count);
+}
+
+}  // namespace
+
+std::span<const Member<CFileIOPlugin>> CFileIOPlugin::Members() {
+    return kMembers;
+}
+
+bool CFileIOPlugin::Open(BSTR path, BSTR mode) {
+    Close();
+    const auto [access, disposition] = ParseOpenMode(Bstr::View(mode));
+    file_ = std::make_shared<SharedFile>(
+        UniqueHandle(CreateFileW(Resolve(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                 disposition, 0, nullptr)));
+    return file_->IsOpen();
+}
+
+void CFileIOPlugin::Close() {
+    file_->Close();
+}
+
+bool CFileIOPlugin::ReadAsync(IDispatch* options) {
+    return StartTask(options,
+                     [this](const Options& given) { return std::make_unique<ReadTask>(given, file_); });
+}
+
+bool CFileIOPlugin::WriteAsync(IDispatch* options) {
+    return StartTask(options,
+                     [this](const Options& given) { return std::make_unique<WriteTask>(given, file_); });
+}
+
+Variant CFileIOPlugin::Read(IDispatch* stream, LooseInt length) {
+    const Order order = ReadOrder(stream, length);
+    Variant moved = Variant::I4(0);
+    (void)Guard([&] {
+        ReadPieces(*file_, order.length, [&](const std::uint8_t* piece, DWORD count) {
+            std::uint32_t written = 0;
+            const HRESULT status = order.stream->Write(piece, count, &written);
+            AddTo(moved, written);
+            ThrowIfFailed(status);
+        });
+    });
+    return moved;
+}
+
+Variant CFileIOPlugin::Write(IDispatch* stream, LooseInt length) {
+    const Order order = ReadOrder(stream, length);
+    Variant moved = Variant::I4(0);
+    (void)Guard([&] {
+        TakePieces(*order.stream.Get(), order.length, [&](const std::uint8_t* piece, DWORD count, DWORD) {
+            const DWORD written = file_->Write(piece, count);
+            AddTo(moved, written);
+            if (written < count) throw StatusError(E_FAIL);
+        });
+    });
+    return moved;
+}
+
+Variant CFileIOPlugin::Seek(Int64 offset, ConstantInt origin) {
+    Variant position;  // empty after a failure, and the call succeeds
+    if (origin.value < FILE_BEGIN || origin.value > FILE_END) return position;
+    (void)Guard(
+        [&] { position = Variant::R8(static_cast<double>(file_->Seek(offset.value, origin.value))); });
+    return position;
+}
+
+Number CFileIOPlugin::GetSize() {
+    Number size;
+    (void)Guard([&] { size.value = static_cast<double>(file_->Size()); });
+    return size;
+}
+
+void CFileIOPlugin::SetSize(UInt64 size) {
+    (void)Guard([&] { file_->Resize(static_cast<LONGLONG>(size.value)); });
+}
+
+}  // namespace tarvik

@@ -1,0 +1,156 @@
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include "host/contract/stream.h"
+#include "tests/plugins/support/page_core.h"
+#include "tests/support/async_run.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr ULONG kPiece = 65536;
+
+std::string FailText(HRESULT status) {
+    return "fail: I4 " + std::to_string(status) + ", BSTR mine";
+}
+
+class Transfer : public PluginsOfPage {
+  protected:
+    Variant Call(const wchar_t* member, auto&&... arguments) const {
+        return CallMember(plugin_.Get(), member, arguments...).value;
+    }
+    static OptionObject Options(ULONG length) {
+        OptionObject options;
+        options.Set(L"len", Variant::UI4(length)).Set(L"context", L"mine");
+        return options;
+    }
+    ComPtr<IDispatch> StreamOf(const std::string& bytes) const {
+        ComPtr<IDispatch> stream = Plugin(L"stream");
+        const auto native = Query<TVK::IStream>(stream.Get());
+        native->Write(bytes.data(), static_cast<uint32_t>(bytes.size()), nullptr);
+        native->Seek(0, TVK::kFromBegin, nullptr);
+        return stream;
+    }
+    Ending Run(const wchar_t* member, const OptionObject& options, Recorder::Answer answer = {}) const {
+        return RunToEnd(plugin_.Get(), member, options, std::move(answer));
+    }
+
+    ComPtr<IDispatch> plugin_ = Plugin(L"fileIO");
+};
+
+TEST_F(Transfer, ReadsInPieces) {
+    const std::string content = std::string(kPiece, 'a') + std::string(kPiece, 'b') + "end";
+    Call(L"open", folder_.Write(L"file", content).c_str(), L"r");
+    std::string read;
+    const Ending end = Run(L"readAsync", Options(1'000'000), [&](const Recorder::Record& call) {
+        const auto chunk = Query<TVK::IStream>(call.arguments[0].pdispVal);
+        read.append(reinterpret_cast<const char*>(chunk->GetBuffer()), chunk->GetSize());
+        return Variant();
+    });
+    EXPECT_THAT(end.progress,
+                ElementsAre("DISPATCH, BSTR mine", "DISPATCH, BSTR mine", "DISPATCH, BSTR mine"));
+    EXPECT_TRUE(read == content);
+    EXPECT_EQ(end.text, "success: BSTR mine") << "also when the file is shorter";
+}
+
+TEST_F(Transfer, WritesInPiecesAndPadsTheLast) {
+    const std::string content = std::string(kPiece, 'a') + "end";
+    const std::wstring path = folder_ / L"file";
+    Call(L"open", path.c_str(), L"wc");
+    OptionObject options = Options(static_cast<ULONG>(content.size()));
+    const Ending end = Run(L"writeAsync", options.Set(L"src", StreamOf(content)));
+    EXPECT_TRUE(ReadFileBytes(path) == content);
+    EXPECT_THAT(end.progress, ElementsAre("BSTR mine", "BSTR mine"));
+    Call(L"open", path.c_str(), L"wc");
+    EXPECT_EQ(Run(L"writeAsync", Options(6).Set(L"src", StreamOf("end"))).text, "success: BSTR mine");
+    Call(L"close");
+    EXPECT_EQ(ReadFileBytes(path), std::string("end\0\0\0", 6)) << "of a buffer that held nothing else";
+}
+
+TEST_F(Transfer, EndsAsProgressAnswers) {
+    Call(L"open", folder_.Write(L"file", std::string(3 * kPiece, 'a')).c_str(), L"r");
+    const auto no = [](const Recorder::Record&) { return Variant::Bool(false); };
+    const Ending cancelled = Run(L"readAsync", Options(3 * kPiece), no);
+    EXPECT_EQ(cancelled.progress.size(), 1u);
+    EXPECT_EQ(cancelled.text, "");
+    EXPECT_EQ(ValueText(Call(L"seek", 0, 1)), "R8 65536.000000") << "the position is shared";
+    const auto close = [this](const Recorder::Record&) { return Call(L"close"); };
+    const std::string badHandle = FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE));
+    EXPECT_EQ(Run(L"readAsync", Options(3 * kPiece), close).text, badHandle) << "closed under way";
+    EXPECT_EQ(Run(L"readAsync", Options(1)).text, badHandle) << "closed before";
+}
+
+// The file of a run that is under way is not the one that script opens meanwhile.
+TEST_F(Transfer, KeepsToItsOwnFile) {
+    const std::wstring other = folder_.Write(L"other", "other");
+    Call(L"open", (folder_ / L"first").c_str(), L"wc");
+    const auto open = [&](const Recorder::Record&) { return Call(L"open", other.c_str(), L"rw"); };
+    const OptionObject options = Options(2 * kPiece);
+    const Ending end = Run(L"writeAsync", options.Set(L"src", StreamOf(std::string(2 * kPiece, 'a'))), open);
+    EXPECT_EQ(end.text, FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE)));
+    Call(L"close");
+    EXPECT_EQ(ReadFileBytes(other), "other");
+    EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kPiece);
+}
+
+TEST_F(Transfer, GoesOnWithoutTheObject) {
+    Call(L"open", folder_.Write(L"file", "content").c_str(), L"r");
+    const auto success = MakeCom<Recorder>();
+    Call(L"readAsync", static_cast<IDispatch*>(Options(7).Set(L"success", success)));
+    plugin_.Reset();
+    EXPECT_TRUE(PumpUntil([&] { return success->calls.size() == 1; }));
+}
+
+TEST_F(Transfer, RefusesAtOnceWhatItCannotStart) {
+    const auto fail = MakeCom<Recorder>();
+    const auto stream = StreamOf("text");
+    const auto refused = [&](const wchar_t* member, const OptionObject& options) {
+        fail->calls.clear();
+        options.Set(L"fail", fail);
+        EXPECT_EQ(ValueText(Call(member, static_cast<IDispatch*>(options))), "BOOL false");
+        return fail->Texts() == std::vector{"I4 " + std::to_string(E_INVALIDARG) + ", BSTR mine"};
+    };
+    EXPECT_TRUE(refused(L"readAsync", Options(0)));
+    EXPECT_TRUE(refused(L"readAsync", Options(1).Set(L"len", 1))) << "of another kind";
+    EXPECT_TRUE(refused(L"readAsync", Options(1).Set(L"src", stream)));
+    EXPECT_TRUE(refused(L"writeAsync", Options(1)));
+    EXPECT_TRUE(refused(L"writeAsync", Options(1).Set(L"src", OptionObject())));
+}
+
+// What page authors write: the orders of the arguments, a length from a native source, and an error in a
+// function, which is the run's failure.
+TEST_F(Transfer, IsDrivenByScript) {
+    Call(L"open", folder_.Write(L"file", "content").c_str(), L"rw");
+    OptionObject external;
+    external.Set(L"io", plugin_).Set(L"stream", StreamOf(std::string(7, 'x')));
+    external.Set(L"reading", Options(7)).Set(L"writing", Options(7));
+    ScriptBench bench(external);
+    bench.Run(
+        L"var log = '', io = external.io;"
+        L"function start(member, options, progress) {"
+        L"  options.progress = progress;"
+        L"  options.success = function (context) { log += 'success ' + context; };"
+        L"  options.fail = function (code, context) { log += 'fail ' + code + ' ' + context; };"
+        L"  return io[member](options);"
+        L"}");
+    const auto log = [&] { return ValueText(bench.Evaluate(L"log")); };
+    bench.Run(
+        L"start('readAsync', external.reading,"
+        L"      function (chunk, context) { log += chunk.readString() + ' ' + context + ';'; });");
+    EXPECT_TRUE(PumpUntil([&] { return log() == "BSTR content mine;success mine"; })) << log();
+    bench.Run(
+        L"log = ''; external.writing.src = external.stream;"
+        L"start('writeAsync', external.writing,"
+        L"      function (context) { log += context + ';'; nothing.at.all(); });");
+    EXPECT_TRUE(PumpUntil([&] { return log().find("fail") != std::string::npos; })) << log();
+    EXPECT_EQ(log().substr(0, 17), "BSTR mine;fail -2");
+    EXPECT_GT(bench.Errors(), 0);
+}
+
+}  // namespace
+}  // namespace tarvik

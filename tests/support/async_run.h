@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+
+namespace tarvik {
+
+// How a run of an asynchronous member ended: "success: " or "fail: " with the arguments as text, or nothing
+// after a cancel; and the arguments of every call of `progress`.
+struct Ending {
+    std::string text;
+    std::vector<std::string> progress;
+};
+
+// Calls the member with these options and functions of its own, and pumps messages until the run has let go
+// of them. `answer` is that of `progress`.
+Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+                Recorder::Answer answer = {});
+
+}  // namespace tarvik
