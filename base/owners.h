@@ -58,6 +58,9 @@ struct FindTraits : HandleTraits {
 struct ViewTraits : PointerTraits<void*> {
     static void Close(void* value) noexcept { UnmapViewOfFile(value); }
 };
+struct PagesTraits : PointerTraits<void*> {
+    static void Close(void* value) noexcept { VirtualFree(value, 0, MEM_RELEASE); }
+};
 struct ModuleTraits : PointerTraits<HMODULE> {
     static void Close(HMODULE value) noexcept { FreeLibrary(value); }
 };
@@ -85,6 +88,7 @@ struct WindowTraits : PointerTraits<HWND> {
 using UniqueHandle = Owner<detail::HandleTraits>;  // files, events, threads, mappings, processes, mutexes
 using UniqueFind = Owner<detail::FindTraits>;
 using UniqueView = Owner<detail::ViewTraits>;
+using UniquePages = Owner<detail::PagesTraits>;
 using UniqueModule = Owner<detail::ModuleTraits>;
 using UniqueLocal = Owner<detail::LocalTraits>;
 using UniqueGdi = Owner<detail::GdiTraits>;

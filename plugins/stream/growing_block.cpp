@@ -8,12 +8,22 @@ namespace tarvik {
 namespace {
 
 constexpr uint32_t kMebibyte = 0x100000;
+// Addresses cost next to nothing; to move a large block costs more than to fill it.
+constexpr uint64_t kAddressesPerByte = 16;
 
-// A tenth of the block in whole mebibytes, and at least one: few copies of what is large. The step is kept to
-// 32 bits, so a block of 40 GiB starts with small steps again; that is intended.
+// A tenth of the block in whole mebibytes, and at least one. The step is kept to 32 bits, so a block of 40
+// GiB starts with small steps again; that is intended.
 uint64_t Step(uint64_t capacity) {
     const auto tenth = static_cast<uint32_t>(capacity / 10 + kMebibyte - 1) & ~(kMebibyte - 1);
     return std::max(tenth, kMebibyte);
+}
+
+UniquePages ReserveAddresses(uint64_t size) {
+    return UniquePages(VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS));
+}
+
+bool Commit(uint8_t* from, uint64_t size) {
+    return VirtualAlloc(from, size, MEM_COMMIT, PAGE_READWRITE) != nullptr;
 }
 
 }  // namespace
@@ -21,13 +31,19 @@ uint64_t Step(uint64_t capacity) {
 bool GrowingBlock::Reserve(uint64_t needed, uint64_t kept) noexcept {
     if (needed <= capacity_) return true;
     const uint64_t step = Step(capacity_);
-    if (needed > PTRDIFF_MAX - step) return false;
+    if (needed > INT64_MAX / kAddressesPerByte - step) return false;
     const uint64_t capacity = (needed + step - 1) / step * step;
-    // Zeroed by the system, which does that for a large block only where it is touched.
-    decltype(bytes_) grown(static_cast<uint8_t*>(std::calloc(capacity, 1)));
-    if (!grown) return false;
-    if (kept > 0) std::memcpy(grown.get(), bytes_.get(), kept);
-    bytes_ = std::move(grown);
+    if (capacity <= addresses_) {
+        if (!Commit(Data() + capacity_, capacity - capacity_)) return false;
+    } else {
+        uint64_t addresses = capacity * kAddressesPerByte;
+        UniquePages pages = ReserveAddresses(addresses);
+        if (!pages) pages = ReserveAddresses(addresses = capacity);
+        if (!pages || !Commit(static_cast<uint8_t*>(pages.Get()), capacity)) return false;
+        if (kept > 0) std::memcpy(pages.Get(), Data(), kept);
+        pages_ = std::move(pages);
+        addresses_ = addresses;
+    }
     capacity_ = capacity;
     return true;
 }

@@ -1,27 +1,26 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
+
+#include "base/owners.h"
 
 namespace tarvik {
 
-// Memory that grows in whole mebibytes. Whatever was not written yet is zero.
+// Memory that grows in whole mebibytes. Whatever was not written yet is zero, and takes no memory until it is
+// touched.
 class GrowingBlock {
   public:
     // Room for `needed` bytes, with the first `kept` bytes as they were. False where there is no memory for
     // it; then nothing has changed.
     [[nodiscard]] bool Reserve(uint64_t needed, uint64_t kept) noexcept;
 
-    // Null before the first growth; moves with every growth.
-    uint8_t* Data() const noexcept { return bytes_.get(); }
+    // Null before the first growth; may move with any growth.
+    uint8_t* Data() const noexcept { return static_cast<uint8_t*>(pages_.Get()); }
     uint64_t Capacity() const noexcept { return capacity_; }
 
   private:
-    struct Free {
-        void operator()(uint8_t* bytes) const noexcept { std::free(bytes); }
-    };
-    std::unique_ptr<uint8_t, Free> bytes_;
+    UniquePages pages_;
+    uint64_t addresses_ = 0;  // kept free behind the block, so that it can grow where it is
     uint64_t capacity_ = 0;
 };
 
