@@ -39,6 +39,10 @@ class CSample : public TableDispatch<CSample> {
         Note(number ? std::to_string(number->value) : "missing");
         return {number ? S_OK : S_FALSE};
     }
+    std::optional<uint16_t> Ask(LooseInt value) {
+        Note("asked");
+        return value.value ? std::optional(static_cast<uint16_t>(value.value)) : std::nullopt;
+    }
     HRESULT Three(bool, BSTR text, ExactInt) { return Note(Narrow(Bstr::View(text))), E_ABORT; }
     HRESULT Raw(const Call& call) { return Note("raw " + std::to_string(call.Count())), S_OK; }
     Integer GetSize() { return {size_}; }
@@ -78,6 +82,7 @@ constexpr Member<CSample> kMembers[] = {
     WriteOnly<&CSample::SetSize>(-9989, L"sink"),
     Method<&CSample::Run>(-9987, L"run"),
     Method<&CSample::Refuse>(-9986, L"refuse"),
+    ResultMethod<&CSample::Ask>(-9985, L"ask"),
 };
 static_assert(IsInOrder(kMembers));
 constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Refuse>(-9999, L"takeBool")};
@@ -173,12 +178,18 @@ TEST_F(MemberTable, TestsTheKindOfAccess) {
               "BOOL true");
 }
 
-TEST_F(MemberTable, NeedsASlotOnlyForReads) {
+TEST_F(MemberTable, NeedsASlotForReadsAndWhereTheResultIsAll) {
     EXPECT_THAT(InvokeId(-9991, DISPATCH_PROPERTYGET, nullptr), HasStatus(E_INVALIDARG));
     Variant argument = Variant::Bool(true);
     DISPPARAMS one = {&argument, nullptr, 1, 0};
-    EXPECT_THAT(sample_->Invoke(-10000, IID_NULL, 0, DISPATCH_METHOD, &one, nullptr, nullptr, nullptr),
-                HasStatus(S_OK));
+    const auto call = [&](DISPID id) {
+        return sample_->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &one, nullptr, nullptr, nullptr);
+    };
+    EXPECT_THAT(call(-10000), HasStatus(S_OK));
+    EXPECT_THAT(call(-9985), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(sample_->notes, ElementsAre("true"));
+    EXPECT_EQ(ResultOf(L"ask", 7), "UI2 7");
+    EXPECT_EQ(ResultOf(L"ask", 0), "NULL");
 }
 
 TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
@@ -188,7 +199,7 @@ TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
     EXPECT_THAT(IdOf(sample_.Get(), L"TakeText", &id), HasStatus(DISP_E_UNKNOWNNAME));
     EXPECT_THAT(IdOf(sample_.Get(), L"", &id), HasStatus(DISP_E_UNKNOWNNAME));
     Variant result;
-    for (const DISPID unknown : {-10001, -9988, -9985, 0})
+    for (const DISPID unknown : {-10001, -9988, -9984, 0})
         EXPECT_THAT(InvokeId(unknown, DISPATCH_METHOD, &result), HasStatus(E_NOTIMPL)) << unknown;
     UINT count = 0;
     ITypeInfo* info = nullptr;

@@ -1,7 +1,14 @@
 #include "plugins/stream/stream_plugin.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
+#include "base/text.h"
+#include "script/object.h"
+#include "script/properties.h"
+#include "script/ticket.h"
 #include "tests/support/leak_check.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
@@ -11,32 +18,309 @@
 namespace tarvik {
 namespace {
 
+using namespace std::string_literals;
+
+const std::string kInvalid = StatusText(E_INVALIDARG);
+
+// The result with its kind, or else the status.
+template <class... Args>
+std::string Do(IDispatch* stream, const wchar_t* name, Args&&... args) {
+    const Outgoing out = CallMember(stream, name, std::forward<Args>(args)...);
+    return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
+}
+
 class Stream : public testing::Test {
   protected:
     template <class... Args>
-    Outgoing Do(const wchar_t* name, Args&&... args) {
-        return CallMember(stream_.Get(), name, std::forward<Args>(args)...);
+    std::string Call(const wchar_t* name, Args&&... args) {
+        return Do(stream_.Get(), name, std::forward<Args>(args)...);
     }
-    template <class... Args>
-    std::string Value(const wchar_t* name, Args&&... args) {
-        const Outgoing out = Do(name, std::forward<Args>(args)...);
-        return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
+    std::string Content() {
+        const auto* const bytes = reinterpret_cast<const char*>(stream_->GetBuffer());
+        return bytes ? std::string(bytes, stream_->GetSize()) : std::string();
+    }
+    uint64_t Position() {
+        uint64_t position = 0;
+        stream_->Seek(0, TVK::kFromCurrent, &position);
+        return position;
+    }
+    void Fill(std::string_view bytes) {
+        stream_->SetSize(0);
+        stream_->Seek(0, TVK::kFromBegin, nullptr);
+        stream_->Write(bytes.data(), static_cast<uint32_t>(bytes.size()), nullptr);
+        stream_->Seek(0, TVK::kFromBegin, nullptr);
     }
 
     const ObjectCheck noneIsLeft_;
-    ComPtr<CStreamPlugin> stream_ = MakeCom<CStreamPlugin>();
+    const ComPtr<CStreamPlugin> stream_ = MakeCom<CStreamPlugin>();
 };
 
 TEST_F(Stream, WritesAndReadsNumbers) {
-    EXPECT_EQ(Value(L"writeUInt8", 0x101), "BOOL true");
-    EXPECT_EQ(Value(L"writeUInt16", -1), "BOOL true");
-    EXPECT_EQ(Value(L"writeUInt32", 4294967295.0), "BOOL true");
-    EXPECT_EQ(Value(L"getSize"), "UI8 7");
-    EXPECT_EQ(Value(L"seek", 0, 0), "R8 0.000000");
-    EXPECT_EQ(Value(L"readUInt8"), "UI1 1");
-    EXPECT_EQ(Value(L"readUInt16"), "UI2 65535");
-    EXPECT_EQ(Value(L"readUInt32"), "UI4 4294967295");
-    EXPECT_EQ(Value(L"readUInt8"), "NULL");
+    EXPECT_EQ(Call(L"readUInt8"), "NULL");
+    EXPECT_EQ(Call(L"writeUInt8", 0x1FF), "BOOL true");
+    EXPECT_EQ(Call(L"writeUInt16", L"258"), "BOOL true");
+    EXPECT_EQ(Call(L"writeUInt32", 4278255360.0), "BOOL true");
+    EXPECT_EQ(Call(L"writeUInt32", -2), "BOOL true");
+    EXPECT_EQ(Call(L"writeUInt64", 1.0), "BOOL true");
+    EXPECT_EQ(Content(), "\xFF\x02\x01\x00\xFF\x00\xFF\xFE\xFF\xFF\xFF\x00\x00\x00\x00\x00\x00\xF0\x3F"s);
+
+    Call(L"seek", 0, 0);
+    EXPECT_EQ(Call(L"readUInt8"), "UI1 255");
+    EXPECT_EQ(Call(L"readUInt16"), "UI2 258");
+    EXPECT_EQ(Call(L"readUInt32"), "UI4 4278255360");
+    EXPECT_EQ(Call(L"readUInt32"), "UI4 4294967294");
+    EXPECT_EQ(Call(L"readUInt64"), "R8 " + std::to_string(4607182418800017408.0)) << "the double's image";
+    EXPECT_EQ(Call(L"getSize"), "UI8 19");
+
+    // A number that the end cuts off is not there.
+    Call(L"seek", 18, 0);
+    for (const wchar_t* wider : {L"readUInt16", L"readUInt32", L"readUInt64"})
+        EXPECT_EQ(Call(wider), "NULL");
+    EXPECT_EQ(Call(L"readUInt8"), "UI1 63");
+}
+
+TEST_F(Stream, WritesAndReadsTextInThreeEncodings) {
+    const struct {
+        const wchar_t* encoding;
+        const wchar_t* text;
+        std::string bytes;
+    } cases[] = {
+        {L"utf8", L"ab", "ab"},
+        {L"UTF8", L"\u6F22\u5B57 \xD83D\xDE00", "\xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x98\x80"},
+        {L"unicode", L"ab", "a\0b\0\0\0"s},
+        {L"Unicode", L"\u6F22\u0100", "\x22\x6F\x00\x01\0\0"s},
+        {L"unicode", L"", "\0\0"s},
+        {L"ansi", L"ab", "ab\0"s},
+        {L"ansi", L"", "\0"s},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(Narrow(c.encoding) + " " + Narrow(c.text));
+        Fill("");
+        EXPECT_EQ(Call(L"writeString", c.text, c.encoding), "UI4 " + std::to_string(c.bytes.size()));
+        EXPECT_EQ(Content(), c.bytes);
+        Call(L"seek", 0, 0);
+        EXPECT_EQ(Call(L"readString", c.encoding), "BSTR " + Narrow(c.text));
+    }
+    EXPECT_EQ(Call(L"writeString", L"", L"utf8"), "I4 0");
+    EXPECT_EQ(Call(L"writeString", L"default"), "UI4 7");
+}
+
+TEST_F(Stream, ReadsTextUpToTheZerosAtItsEnd) {
+    const struct {
+        std::string bytes;
+        const wchar_t* encoding;
+        int length;
+        std::string text;
+        uint64_t position;
+    } cases[] = {
+        {"ab\0"s, L"ansi", -1, "BSTR ab", 2},
+        {"a\0b\0\0"s, L"utf8", -1, "BSTR a\0b"s, 3},
+        {"abcdef", L"utf8", 3, "BSTR abc", 3},
+        {"abc", L"utf8", 1000, "BSTR abc", 3},
+        {"abc", L"utf8", -2, "BSTR ", 0},
+        {"\0\0\0"s, L"utf8", -1, "BSTR ", 0},
+        {"\0\0\0\0"s, L"unicode", -1, "BSTR ", 0},
+        {"a\0b\0\0\0"s, L"unicode", -1, "BSTR ab", 4},
+        {"a\0b\0c"s, L"unicode", -1, "BSTR ab", 5},
+        {"a", L"unicode", -1, "BSTR ", 1},
+        {"", L"utf8", -1, "NULL", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.bytes) + " " + Narrow(c.encoding));
+        Fill(c.bytes);
+        EXPECT_EQ(Call(L"readString", c.encoding, c.length), c.text);
+        EXPECT_EQ(Position(), c.position);
+        EXPECT_EQ(stream_->GetSize(), c.bytes.size());
+    }
+    // At an odd place, and after a text of another encoding.
+    Fill("x\x22\x6F"s);
+    EXPECT_EQ(Call(L"readUInt8"), "UI1 120");
+    EXPECT_EQ(Call(L"readString", L"unicode"), "BSTR \xE6\xBC\xA2");
+}
+
+TEST_F(Stream, FillsGapsWithZerosAlsoWhereContentWas) {
+    Fill("0123456789");
+    EXPECT_EQ(Call(L"setSize", 4), "BOOL true");
+    EXPECT_EQ(Call(L"setSize", 6), "BOOL true");
+    EXPECT_EQ(Content(), "0123\0\0"s);
+    EXPECT_EQ(Position(), 0u);
+    EXPECT_EQ(Call(L"seek", 2, 2), "R8 8.000000");
+    EXPECT_EQ(Call(L"readUInt8"), "NULL");
+    EXPECT_EQ(Call(L"readString"), "NULL");
+    EXPECT_EQ(Call(L"fill", 1), "I4 0");
+    EXPECT_EQ(Call(L"writeUInt8", 'x'), "BOOL true");
+    EXPECT_EQ(Content(), "0123\0\0\0\0x"s);
+    EXPECT_EQ(Call(L"seek", 1, 1), "R8 10.000000");
+}
+
+TEST_F(Stream, FillsOnlyContent) {
+    EXPECT_EQ(Call(L"fill", 1, 100), "I4 0");
+    EXPECT_EQ(Call(L"getSize"), "UI8 0");
+    Fill("abcd");
+    EXPECT_EQ(Call(L"fill", 255, 2), "I4 2");
+    EXPECT_EQ(Call(L"fill", -1, 9), "I4 2") << "a negative value stores its low byte";
+    EXPECT_EQ(Content(), "\xFF\xFF\xFF\xFF");
+    Call(L"seek", 1, 0);
+    EXPECT_EQ(Call(L"fill", 7), "I4 3");
+    EXPECT_EQ(Content(), "\xFF\a\a\a");
+    EXPECT_EQ(Position(), 4u);
+}
+
+TEST_F(Stream, CopiesFromItsPositionWhichStays) {
+    const auto target = MakeCom<CStreamPlugin>();
+    Fill("abcdef");
+    Call(L"seek", 2, 0);
+    EXPECT_EQ(Call(L"copyTo", target, 1), "UI4 1");
+    EXPECT_EQ(Call(L"copyTo", target, 1000), "UI4 4");
+    EXPECT_EQ(Call(L"copyTo", target), "UI4 4");
+    EXPECT_EQ(Position(), 2u);
+    Do(target.Get(), L"seek", 0, 0);
+    EXPECT_EQ(Do(target.Get(), L"readString"), "BSTR ccdefcdef");
+
+    EXPECT_EQ(Call(L"copyTo", stream_), "UI4 4") << "onto itself";
+    EXPECT_EQ(Content(), "abcdef");
+    EXPECT_EQ(Position(), 6u);
+    Call(L"seek", 1'000'000'000'000.0, 0);
+    EXPECT_EQ(Call(L"copyTo", target), "UI4 0");
+
+    EXPECT_EQ(Call(L"copyTo", MakeCom<CObject>()), StatusText(E_NOINTERFACE));
+    EXPECT_EQ(Call(L"copyTo", Variant::Object(nullptr)), kInvalid);
+}
+
+TEST_F(Stream, RefusesWrongArgumentsAndStaysAsItWas) {
+    Fill("abc");
+    Call(L"seek", 1, 0);
+    const Outgoing wrong[] = {
+        CallMember(stream_.Get(), L"copyTo", 5),
+        CallMember(stream_.Get(), L"copyTo", stream_, 0),
+        CallMember(stream_.Get(), L"seek", 0, 3),
+        CallMember(stream_.Get(), L"seek", 0, -1),
+        CallMember(stream_.Get(), L"seek", 0, 0.0),
+        CallMember(stream_.Get(), L"seek", -1, 0),
+        CallMember(stream_.Get(), L"setSize", -1),
+        CallMember(stream_.Get(), L"writeUInt8", L"no number"),
+        CallMember(stream_.Get(), L"readString", 5),
+        CallMember(stream_.Get(), L"readString", L"utf-8"),
+        CallMember(stream_.Get(), L"readString", L""),
+        CallMember(stream_.Get(), L"readString", L"utf8", 0),
+        CallMember(stream_.Get(), L"writeString", 5),
+        CallMember(stream_.Get(), L"writeString", L"text", L"latin"),
+        CallMember(stream_.Get(), L"fill", 256),
+        CallMember(stream_.Get(), L"fill", 1e12),
+        CallMember(stream_.Get(), L"fill", 0, 0),
+    };
+    for (size_t i = 0; i < std::size(wrong); ++i)
+        EXPECT_THAT(wrong[i].status, HasStatus(E_INVALIDARG)) << i;
+    EXPECT_EQ(Position(), 1u);
+    EXPECT_EQ(Content(), "abc");
+
+    DISPPARAMS none = {};
+    for (const DISPID reading : {-9996, -9994, -9992, -9990, -9988})
+        EXPECT_THAT(stream_->Invoke(reading, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr,
+                                    nullptr, nullptr),
+                    HasStatus(E_INVALIDARG));
+    EXPECT_EQ(Position(), 1u);
+}
+
+TEST_F(Stream, StaysAsItWasWhereMemoryIsNotEnough) {
+    Fill("abc");
+    EXPECT_EQ(Call(L"setSize", 1e15), "BOOL false");
+    for (const double distance : {1e15, 9.2e18, 1.8e19}) {
+        Call(L"seek", distance, 0);
+        EXPECT_EQ(Call(L"writeUInt8", 1), "BOOL false");
+        EXPECT_EQ(Call(L"writeString", L"x"), StatusText(E_OUTOFMEMORY));
+    }
+    stream_->Seek(UINT64_MAX, TVK::kFromBegin, nullptr);
+    EXPECT_EQ(Call(L"writeUInt32", 1), "BOOL false") << "past 64 bits";
+    EXPECT_EQ(Position(), UINT64_MAX);
+    EXPECT_EQ(Content(), "abc");
+}
+
+// Plug-ins use it without script.
+TEST_F(Stream, ServesPlugIns) {
+    const auto native = Query<TVK::IStream>(stream_->AsUnknown());
+    ASSERT_TRUE(native);
+    char buffer[8] = {};
+    uint32_t count = 7;
+    EXPECT_THAT(native->Write(nullptr, 0, &count), HasStatus(S_OK));
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(native->GetBuffer(), nullptr);
+    for (const HRESULT refused : {native->Write(nullptr, 1, &(count = 7)), native->Read(nullptr, 1, nullptr),
+                                  native->CopyTo(nullptr, 0, nullptr), native->Seek(1, 3, nullptr)})
+        EXPECT_THAT(refused, HasStatus(E_INVALIDARG));
+    EXPECT_EQ(count, 0u);
+    EXPECT_THAT(native->Write("abcd", 4, &count), HasStatus(S_OK));
+    EXPECT_EQ(count, 4u);
+    EXPECT_THAT(native->Read(buffer, 8, &count), HasStatus(S_OK));
+    EXPECT_EQ(count, 0u);
+    native->Seek(1, TVK::kFromBegin, nullptr);
+    EXPECT_THAT(native->Read(buffer, 8, &count), HasStatus(S_OK));
+    EXPECT_EQ(std::string(buffer, count), "bcd");
+    EXPECT_THAT(native->SetSize(UINT64_MAX), HasStatus(E_OUTOFMEMORY));
+    EXPECT_EQ(native->GetSize(), 4u);
+}
+
+TEST_F(Stream, IsTheSameObjectOnAnyThread) {
+    Ticket ticket(stream_.Get());
+    bool same = false;
+    std::thread([&] {  // this thread does not pump, so a proxy would never answer
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        {
+            Ticket used = std::move(ticket);
+            const auto stream = Query<TVK::IStream>(used.Get());
+            same = stream.Get() == stream_.Get();
+            if (same) stream->Write("x", 1, nullptr);
+        }
+        CoUninitialize();
+    })
+        .join();
+    EXPECT_TRUE(same);
+    EXPECT_EQ(Content(), "x");
+}
+
+TEST_F(Stream, IsUsedByScript) {
+    ScriptBench bench(stream_.Get());
+    EXPECT_TRUE(
+        bench.Run(LR"(
+        var s = external, log = [];
+        function say(value) { log.push(value === null ? 'null' : typeof value + ' ' + value); }
+        function thrown(action) { try { action(); } catch (e) { return e.number >>> 0; } }
+        s.writeUInt16(0xFFFE); say(s.writeString('\u6f22', 'unicode')); say(s.writeString('end', 'ansi'));
+        say(s.seek(0, s.BEGIN)); say(s.readUInt16()); say(s.readString('unicode', 4)); say(s.seek(2, s.CURRENT));
+        say(s.readString('ansi')); say(s.readUInt32()); say(s.seek(0, s.END)); say(s.copyTo(s));
+        say(thrown(function () { s.seek(0, 3); })); say(thrown(function () { s.readUInt8(); }));
+        say(thrown(function () { s.fill(); })); say(s.BEGIN + s.CURRENT + s.END);
+    )"));
+    EXPECT_EQ(
+        ValueText(bench.Evaluate(L"log.join('; ')")),
+        "BSTR number 4; number 4; number 0; number 65534; string \xE6\xBC\xA2; number 6; string end; null; "
+        "number 10; number 0; number 2147942487; number 2147942487; number 2147500033; number 3");
+}
+
+TEST(GrowingBlock, GrowsByWholeMebibytesOrATenth) {
+    constexpr uint64_t kMebibyte = 0x100000;
+    GrowingBlock block;
+    const auto capacityFor = [&](uint64_t needed, uint64_t kept) {
+        EXPECT_TRUE(block.Reserve(needed, kept));
+        return block.Capacity();
+    };
+    EXPECT_EQ(capacityFor(0, 0), 0u);
+    EXPECT_EQ(capacityFor(1, 0), kMebibyte);
+    EXPECT_EQ(capacityFor(kMebibyte, 0), kMebibyte);
+    block.Data()[5] = 'x';
+    block.Data()[6] = 'y';
+    EXPECT_EQ(capacityFor(kMebibyte + 1, 6), 2 * kMebibyte);
+    EXPECT_EQ(block.Data()[5], 'x');
+    EXPECT_EQ(block.Data()[6], 0) << "not kept";
+    EXPECT_EQ(capacityFor(21 * kMebibyte, 6), 21 * kMebibyte);
+    EXPECT_EQ(capacityFor(21 * kMebibyte + 1, 6), 24 * kMebibyte) << "steps of 3 now";
+    EXPECT_EQ(block.Data()[5], 'x');
+
+    const uint8_t* const before = block.Data();
+    for (const uint64_t tooMuch : {uint64_t{1} << 50, uint64_t{INT64_MAX}, UINT64_MAX})
+        EXPECT_FALSE(block.Reserve(tooMuch, 6));
+    EXPECT_EQ(block.Data(), before);
+    EXPECT_EQ(block.Capacity(), 24 * kMebibyte);
 }
 
 }  // namespace

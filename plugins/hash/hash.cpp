@@ -1,0 +1,62 @@
+#include "plugins/hash/hash.h"
+
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr SmallMember<CHashBase> kMembers[] = {
+    {-6999, L"addData", &CHashBase::AddData},
+    {-6998, L"finish", &CHashBase::Finish},
+};
+
+std::vector<BYTE> DigestOf(HCRYPTHASH hash) {
+    DWORD length = 0;
+    if (!CryptGetHashParam(hash, HP_HASHVAL, nullptr, &length, 0)) return {};
+    std::vector<BYTE> digest(length);
+    if (!CryptGetHashParam(hash, HP_HASHVAL, digest.data(), &length, 0)) return {};
+    return digest;
+}
+
+std::wstring Hexadecimal(const std::vector<BYTE>& bytes) {
+    constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
+    std::wstring text;
+    for (const BYTE byte : bytes) {
+        text += kDigits[byte / 16];
+        text += kDigits[byte % 16];
+    }
+    return text;
+}
+
+}  // namespace
+
+std::span<const SmallMember<CHashBase>> CHashBase::Members() {
+    return kMembers;
+}
+
+CHashBase::CHashBase(ALG_ID algorithm) {
+    CryptAcquireContextW(provider_.Receive(), nullptr, MS_DEF_PROV_W, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT);
+    CryptCreateHash(provider_.Get(), algorithm, 0, 0, hash_.Receive());
+}
+
+HRESULT CHashBase::AddData(WORD, const Call& call) {
+    if (call.Count() != 1) return S_OK;
+    BSTR text = nullptr;
+    if (!Read(call.At(0), text)) return E_FAIL;
+    const std::string bytes = Narrow(Bstr::View(text));
+    CryptHashData(hash_.Get(), reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()),
+                  0);
+    return Give(call.Result(), Variant::Object(this));
+}
+
+HRESULT CHashBase::Finish(WORD flags, const Call& call) {
+    // The page control reads a member before it calls it: a read must not finish the digest.
+    if (flags == DISPATCH_PROPERTYGET) return E_NOTIMPL;
+    return call.Result() ? Give(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get())))) : E_FAIL;
+}
+
+}  // namespace tarvik

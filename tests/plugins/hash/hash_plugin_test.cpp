@@ -1,0 +1,104 @@
+#include "plugins/hash/hash_plugin.h"
+
+#include <gtest/gtest.h>
+
+#include "script/properties.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/status_text.h"
+
+namespace tarvik {
+namespace {
+
+constexpr char kMd5OfNothing[] = "BSTR D41D8CD98F00B204E9800998ECF8427E";
+
+class Hash : public testing::Test {
+  protected:
+    ComPtr<IDispatch> Make(const wchar_t* algorithm) {
+        const Outgoing made = CallMember(plugin_.Get(), algorithm);
+        EXPECT_THAT(made.status, HasStatus(S_OK));
+        return made.value.pdispVal;
+    }
+    static std::string Finish(IDispatch* hash) { return ValueText(CallMember(hash, L"finish").value); }
+
+    const ObjectCheck noneIsLeft_;
+    const ComPtr<CHashPlugin> plugin_ = MakeCom<CHashPlugin>();
+};
+
+// The texts and digests that RFC 1320, RFC 1321 and FIPS 180 publish.
+TEST_F(Hash, GivesThePublishedDigests) {
+    const struct {
+        const wchar_t* text;
+        const char* md4;
+        const char* md5;
+        const char* sha1;
+    } published[] = {
+        {L"", "31D6CFE0D16AE931B73C59D7E0C089C0", "D41D8CD98F00B204E9800998ECF8427E",
+         "DA39A3EE5E6B4B0D3255BFEF95601890AFD80709"},
+        {L"abc", "A448017AAF21D8525FC10AE87AA6729D", "900150983CD24FB0D6963F7D28E17F72",
+         "A9993E364706816ABA3E25717850C26C9CD0D89D"},
+        {L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789",
+         "043F8582F241DB351CE627E153E7F0E4", "D174AB98D277D9F5A5611C2C9F419D9F",
+         "761C457BF73B14D27E9E9265C46F4B4DDA11F940"},
+        {L"abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq", "4691A9EC81B1A6BD1AB8557240B245C5",
+         "8215EF0796A20BCAAAE116D3876C664A", "84983E441C3BD26EBAAE4AA1F95129E5E54670F1"},
+    };
+    const auto digest = [&](const wchar_t* algorithm, const wchar_t* text) {
+        const auto hash = Make(algorithm);
+        CallMember(hash.Get(), L"addData", text);
+        return Finish(hash.Get());
+    };
+    for (const auto& c : published) {
+        EXPECT_EQ(digest(L"md4", c.text), std::string("BSTR ") + c.md4);
+        EXPECT_EQ(digest(L"md5", c.text), std::string("BSTR ") + c.md5);
+        EXPECT_EQ(digest(L"sha1", c.text), std::string("BSTR ") + c.sha1);
+    }
+}
+
+TEST_F(Hash, AddsTextsUntilItIsFinished) {
+    const auto hash = Make(L"md5");
+    const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
+    EXPECT_EQ(added.value.pdispVal, hash.Get());
+    CallMember(hash.Get(), L"addData", L"bc");
+    EXPECT_EQ(ValueText(GetMember(hash.Get(), L"finish").value), "EMPTY") << "a read finishes nothing";
+    CallMember(hash.Get(), L"addData", Variant::Text(std::wstring_view(L"\0\u00E9", 2)));
+    const std::string digest = Finish(hash.Get());
+    EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";
+    EXPECT_EQ(CallMember(hash.Get(), L"addData", L"more").value.pdispVal, hash.Get());
+    EXPECT_EQ(Finish(hash.Get()), digest);
+}
+
+TEST_F(Hash, AnswersWrongCalls) {
+    const auto hash = Make(L"md5");
+    EXPECT_THAT(CallMember(hash.Get(), L"addData", 5).status, HasStatus(E_FAIL));
+    for (const Outgoing& out :
+         {CallMember(hash.Get(), L"addData"), CallMember(hash.Get(), L"addData", L"a", L"b")}) {
+        EXPECT_THAT(out.status, HasStatus(S_OK));
+        EXPECT_EQ(ValueText(out.value), "EMPTY");
+    }
+    EXPECT_EQ(Finish(hash.Get()), kMd5OfNothing);
+
+    DISPPARAMS none = {};
+    const auto withoutResult = [&](IDispatch* object, DISPID id) {
+        return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+    };
+    EXPECT_THAT(withoutResult(hash.Get(), -6998), HasStatus(E_FAIL));
+    EXPECT_THAT(withoutResult(hash.Get(), -6997), HasStatus(DISP_E_UNKNOWNNAME));
+    for (const DISPID id : {-6999, -6998, -6997})
+        EXPECT_THAT(withoutResult(plugin_.Get(), id), HasStatus(E_NOTIMPL));
+    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"md5", 1, L"ignored").value), "DISPATCH");
+}
+
+TEST_F(Hash, IsChainedByScript) {
+    ScriptBench bench(plugin_.Get());
+    EXPECT_EQ(ValueText(bench.Evaluate(L"external.md5().addData('a').addData('bc').finish()")),
+              "BSTR 900150983CD24FB0D6963F7D28E17F72");
+    EXPECT_EQ(ValueText(bench.Evaluate(L"(function () { try { external.sha1().addData(5); } "
+                                       L"catch (e) { return e.number >>> 0; } })()")),
+              "R8 2147500037.000000");
+}
+
+}  // namespace
+}  // namespace tarvik
