@@ -8,27 +8,31 @@
 
 namespace tarvik {
 
-namespace {
-
-// A run holds the plug-in until after its last callback.
 bool NoRunHolds(CZipPlugin* plugin) {
     plugin->AddRef();
     return plugin->Release() == 1;
 }
 
-}  // namespace
-
 std::string FailText(HRESULT status) {
     return "fail: EMPTY, I4 " + std::to_string(status);
 }
 
+void Unzip::TearDown() {
+    plugin_.Reset();
+    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == objectsBefore_; }));
+}
+
 Ending Unzip::Run(OptionObject& options, Recorder::Answer answer) {
+    return RunMember(L"unzip", options, std::move(answer));
+}
+
+Ending Unzip::RunMember(const wchar_t* member, OptionObject& options, Recorder::Answer answer) {
     const auto progress = MakeCom<Recorder>(std::move(answer));
     const auto success = MakeCom<Recorder>();
     const auto fail = MakeCom<Recorder>();
     options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
-    EXPECT_EQ(CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options)).status, S_OK);
-    EXPECT_TRUE(PumpUntil([&] { return NoRunHolds(plugin_.Get()); }));
+    EXPECT_EQ(CallMember(plugin_.Get(), member, static_cast<IDispatch*>(options)).status, S_OK);
+    EXPECT_TRUE(PumpUntil([&] { return NoRunHolds(plugin_.Get()); }, std::chrono::minutes(1)));
     EXPECT_EQ(success->calls.size() + fail->calls.size(), 1u);
     Ending ending;
     for (const std::string& text : success->Texts())
