@@ -42,6 +42,12 @@ void Variant::Clear() noexcept {
 Variant Variant::Bool(bool value) noexcept {
     return Make(VT_BOOL, [&](Variant& v) { v.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE; });
 }
+Variant Variant::UI1(BYTE value) noexcept {
+    return Make(VT_UI1, [&](Variant& v) { v.bVal = value; });
+}
+Variant Variant::UI2(USHORT value) noexcept {
+    return Make(VT_UI2, [&](Variant& v) { v.uiVal = value; });
+}
 Variant Variant::I4(LONG value) noexcept {
     return Make(VT_I4, [&](Variant& v) { v.lVal = value; });
 }

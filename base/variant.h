@@ -20,6 +20,8 @@ class Variant : public VARIANT {
     ~Variant() { Clear(); }
 
     static Variant Bool(bool value) noexcept;
+    static Variant UI1(BYTE value) noexcept;
+    static Variant UI2(USHORT value) noexcept;
     static Variant I4(LONG value) noexcept;
     static Variant UI4(ULONG value) noexcept;
     static Variant I8(LONGLONG value) noexcept;

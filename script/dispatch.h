@@ -23,12 +23,18 @@ inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
 void TraceOperation(const char* className, const char* operation);
 void LogUnknownName(const char* className, const wchar_t* name);
 
+// ComObject with IDispatch at the end of its list, unless an entry stands on IDispatch already.
+template <class... Entries>
+using DispatchObject =
+    std::conditional_t<(std::is_base_of_v<IDispatch, typename detail::Face<Entries>::Interface> || ...),
+                       ComObject<Entries...>, ComObject<Entries..., IDispatch>>;
+
 // IDispatch over a member table. Self has
 //     static constexpr char kClassName[]                      its name in the log,
 //     static std::span<const Member<Self>> Members()          its rows,
 // and derives from TableDispatch<Self, Entries of ComObject...>; the first entry is the identity.
 template <class Self, class... Entries>
-class TableDispatch : public ComObject<Entries..., IDispatch> {
+class TableDispatch : public DispatchObject<Entries...> {
   public:
     STDMETHODIMP GetTypeInfoCount(UINT*) override {
         TraceOperation(Self::kClassName, "GetTypeInfoCount");

@@ -85,6 +85,12 @@ HRESULT EnterRaw(SelfOf<Handler>& self, const Call& call) {
     return (self.*Handler)(call);
 }
 
+// For members that are called for their result alone: without a place for it they are refused.
+template <auto Handler>
+HRESULT EnterForResult(SelfOf<Handler>& self, const Call& call) {
+    return call.Result() ? Enter<Handler>(self, call) : E_INVALIDARG;
+}
+
 }  // namespace detail
 
 template <auto Handler>
@@ -96,6 +102,11 @@ template <auto Handler, size_t kLeast, size_t kMost>
 constexpr auto RawMethod(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::EnterRaw<Handler, kLeast, kMost>, nullptr,
                                            nullptr};
+}
+
+template <auto Handler>
+constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
+    return Member<detail::SelfOf<Handler>>{id, name, detail::EnterForResult<Handler>, nullptr, nullptr};
 }
 
 template <auto Get>

@@ -94,6 +94,22 @@ HRESULT Give(VARIANT* slot, Outcome value) {
     return Give(slot, value.status == S_OK);
 }
 
+HRESULT Give(VARIANT* slot, uint8_t value) {
+    return Give(slot, Variant::UI1(value));
+}
+
+HRESULT Give(VARIANT* slot, uint16_t value) {
+    return Give(slot, Variant::UI2(value));
+}
+
+HRESULT Give(VARIANT* slot, uint32_t value) {
+    return Give(slot, Variant::UI4(value));
+}
+
+HRESULT Give(VARIANT* slot, uint64_t value) {
+    return Give(slot, Variant::UI8(value));
+}
+
 HRESULT Give(VARIANT* slot, Bstr&& value) {
     Variant text;
     text.bstrVal = value.Detach();

@@ -3,8 +3,10 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "base/bstr.h"
 #include "base/com_ptr.h"
@@ -101,10 +103,18 @@ HRESULT Give(VARIANT* slot, bool value);
 HRESULT Give(VARIANT* slot, Integer value);
 HRESULT Give(VARIANT* slot, Number value);
 HRESULT Give(VARIANT* slot, Outcome value);
+HRESULT Give(VARIANT* slot, uint8_t value);   // VT_UI1
+HRESULT Give(VARIANT* slot, uint16_t value);  // VT_UI2
+HRESULT Give(VARIANT* slot, uint32_t value);  // VT_UI4
+HRESULT Give(VARIANT* slot, uint64_t value);  // VT_UI8
 HRESULT Give(VARIANT* slot, Bstr&& value);
 HRESULT Give(VARIANT* slot, ComPtr<IDispatch>&& value);
 inline HRESULT Give(VARIANT*, HRESULT status) {
     return status;
 }  // no value, only the status of the call
+template <class T>
+HRESULT Give(VARIANT* slot, std::optional<T>&& value) {
+    return value ? Give(slot, std::move(*value)) : Give(slot, Variant::Null());
+}
 
 }  // namespace tarvik

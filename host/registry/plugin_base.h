@@ -16,8 +16,8 @@ namespace tarvik {
 template <class Self>
 using PluginFace = As<TVK::IPluginImpl<Self>, TVK::IPlugin>;
 
-template <class Self>
-using TablePlugin = TableDispatch<Self, PluginFace<Self>>;
+template <class Self, class... More>
+using TablePlugin = TableDispatch<Self, PluginFace<Self>, More...>;
 
 template <class Self, SameName kSame, class... More>
 using SmallPlugin = SmallDispatch<Self, kSame, PluginFace<Self>, More...>;

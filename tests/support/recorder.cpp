@@ -38,6 +38,8 @@ std::string ValueText(const VARIANT& value) {
     const auto number = [](const char* kind, auto amount) { return kind + std::to_string(amount); };
     if (value.vt == VT_EMPTY) return "EMPTY";
     if (value.vt == VT_NULL) return "NULL";
+    if (value.vt == VT_UI1) return number("UI1 ", value.bVal);
+    if (value.vt == VT_UI2) return number("UI2 ", value.uiVal);
     if (value.vt == VT_I4) return number("I4 ", value.lVal);
     if (value.vt == VT_UI4) return number("UI4 ", value.ulVal);
     if (value.vt == VT_I8) return number("I8 ", value.llVal);

@@ -1,0 +1,183 @@
+#include "plugins/stream/stream_plugin.h"
+
+#include <objbase.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "plugins/stream/stream_text.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CStreamPlugin> kMembers[] = {
+    Method<&CStreamPlugin::ScriptCopyTo>(-10000, L"copyTo"),
+    Method<&CStreamPlugin::ScriptSeek>(-9999, L"seek"),
+    Method<&CStreamPlugin::ScriptSetSize>(-9998, L"setSize"),
+    Method<&CStreamPlugin::GetSize>(-9997, L"getSize"),
+    ResultMethod<&CStreamPlugin::ReadUInt8>(-9996, L"readUInt8"),
+    Method<&CStreamPlugin::WriteUInt8>(-9995, L"writeUInt8"),
+    ResultMethod<&CStreamPlugin::ReadUInt16>(-9994, L"readUInt16"),
+    Method<&CStreamPlugin::WriteUInt16>(-9993, L"writeUInt16"),
+    ResultMethod<&CStreamPlugin::ReadUInt32>(-9992, L"readUInt32"),
+    Method<&CStreamPlugin::WriteUInt32>(-9991, L"writeUInt32"),
+    ResultMethod<&CStreamPlugin::ReadUInt64>(-9990, L"readUInt64"),
+    Method<&CStreamPlugin::WriteUInt64>(-9989, L"writeUInt64"),
+    ResultMethod<&CStreamPlugin::ReadString>(-9988, L"readString"),
+    Method<&CStreamPlugin::WriteString>(-9987, L"writeString"),
+    Method<&CStreamPlugin::Fill>(-9986, L"fill"),
+    ReadOnly<&CStreamPlugin::Begin>(-9985, L"BEGIN"),
+    ReadOnly<&CStreamPlugin::Current>(-9984, L"CURRENT"),
+    ReadOnly<&CStreamPlugin::End>(-9983, L"END"),
+};
+static_assert(IsInOrder(kMembers));
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CStreamPlugin>(L"stream", TVK::kTransientPlugin);
+
+constexpr uint32_t kAll = 0xFFFFFFFF;
+
+// What script gave as a count; 0 is refused.
+uint32_t CountOf(const std::optional<Bits32>& count) {
+    if (!count) return kAll;
+    if (count->value == 0) throw StatusError(E_INVALIDARG);
+    return count->value;
+}
+
+TextEncoding GivenEncoding(const std::optional<BSTR>& name) {
+    return name ? EncodingOf(Bstr::View(*name)) : TextEncoding::kUtf8;
+}
+
+}  // namespace
+
+std::span<const Member<CStreamPlugin>> CStreamPlugin::Members() {
+    return kMembers;
+}
+
+// Workers of other plug-ins use the very object, without a proxy and the main thread.
+CStreamPlugin::CStreamPlugin() {
+    ThrowIfFailed(CoCreateFreeThreadedMarshaler(AsUnknown(), marshaler_.GetAddressOf()));
+}
+
+void* CStreamPlugin::Find(REFIID iid) {
+    // Aggregated: what the marshaler counts is this object, and it lives as long.
+    if (iid == __uuidof(IMarshal)) return Query<IMarshal>(marshaler_.Get()).Get();
+    return ComObject::Find(iid);
+}
+
+uint64_t CStreamPlugin::Available(uint64_t count) const {
+    return position_ < size_ ? std::min(count, size_ - position_) : 0;
+}
+
+STDMETHODIMP CStreamPlugin::Read(void* buffer, uint32_t count, uint32_t* read) {
+    if (read) *read = 0;
+    if (count == 0) return S_OK;
+    if (!buffer) return E_INVALIDARG;
+    const uint64_t taken = Available(count);
+    if (taken == 0) return S_OK;
+    std::memcpy(buffer, block_.Data() + position_, taken);
+    position_ += taken;
+    if (read) *read = static_cast<uint32_t>(taken);
+    return S_OK;
+}
+
+STDMETHODIMP CStreamPlugin::Write(const void* buffer, uint32_t count, uint32_t* written) {
+    if (written) *written = 0;
+    if (count == 0) return S_OK;
+    if (!buffer) return E_INVALIDARG;
+    const uint64_t end = position_ + count;
+    if (end < position_ || !block_.Reserve(end, size_)) return E_OUTOFMEMORY;
+    // A stream that is copied to itself writes what is there already.
+    std::memmove(block_.Data() + position_, buffer, count);
+    position_ = end;
+    size_ = std::max(size_, end);
+    if (written) *written = count;
+    return S_OK;
+}
+
+STDMETHODIMP CStreamPlugin::Seek(uint64_t offset, uint32_t origin, uint64_t* newPosition) {
+    const uint64_t bases[] = {0, position_, size_};
+    if (origin >= std::size(bases)) return E_INVALIDARG;
+    position_ = bases[origin] + offset;
+    if (newPosition) *newPosition = position_;
+    return S_OK;
+}
+
+STDMETHODIMP CStreamPlugin::CopyTo(TVK::IStream* target, uint32_t count, uint32_t* written) {
+    if (written) *written = 0;
+    if (!target) return E_INVALIDARG;
+    const auto passed = static_cast<uint32_t>(Available(count));
+    return passed == 0 ? S_OK : target->Write(block_.Data() + position_, passed, written);
+}
+
+STDMETHODIMP CStreamPlugin::SetSize(uint64_t size) {
+    if (!block_.Reserve(size, size_)) return E_OUTOFMEMORY;
+    if (size < size_) std::memset(block_.Data() + size, 0, size_ - size);
+    size_ = size;
+    return S_OK;
+}
+
+uint32_t CStreamPlugin::ScriptCopyTo(IDispatch* target, std::optional<Bits32> count) {
+    if (!target) throw StatusError(E_INVALIDARG);
+    const ComPtr<TVK::IStream> stream = Query<TVK::IStream>(target);
+    if (!stream) throw StatusError(E_NOINTERFACE);
+    uint32_t written = 0;
+    ThrowIfFailed(CopyTo(stream.Get(), CountOf(count), &written));
+    return written;
+}
+
+Number CStreamPlugin::ScriptSeek(UInt64 offset, ConstantInt origin) {
+    uint64_t position = 0;
+    ThrowIfFailed(Seek(offset.value, static_cast<uint32_t>(origin.value), &position));
+    return {static_cast<double>(position)};
+}
+
+Outcome CStreamPlugin::ScriptSetSize(UInt64 size) {
+    return {SetSize(size.value)};
+}
+
+// All of it or nothing: a number that is cut off by the end is not read.
+template <class T>
+std::optional<T> CStreamPlugin::ReadNumber() {
+    T value = 0;
+    if (Available(sizeof value) < sizeof value) return std::nullopt;
+    Read(&value, sizeof value, nullptr);
+    return value;
+}
+
+std::optional<Number> CStreamPlugin::ReadUInt64() {
+    const auto value = ReadNumber<uint64_t>();
+    return value ? std::optional(Number{static_cast<double>(*value)}) : std::nullopt;
+}
+
+std::optional<Bstr> CStreamPlugin::ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length) {
+    const TextEncoding form = GivenEncoding(encoding);
+    const uint32_t count = CountOf(length);
+    if (Available(kAll) == 0) return std::nullopt;
+    // The length is signed: a negative one reads an empty text. No string is longer than the largest one.
+    const int32_t most = count == kAll ? INT32_MAX : std::max(static_cast<int32_t>(count), 0);
+    const char* const bytes = reinterpret_cast<const char*>(block_.Data() + position_);
+    DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(most))}, form);
+    position_ += decoded.taken;
+    return std::move(decoded.text);
+}
+
+// The kind of a 0 differs from that of other counts, as pages know it.
+Variant CStreamPlugin::WriteString(BSTR text, std::optional<BSTR> encoding) {
+    const std::string bytes = EncodeText(Bstr::View(text), GivenEncoding(encoding));
+    uint32_t written = 0;
+    ThrowIfFailed(Write(bytes.data(), static_cast<uint32_t>(bytes.size()), &written));
+    return written == 0 ? Variant::I4(0) : Variant::UI4(written);
+}
+
+// Only content is overwritten, so there is nothing to make room for, however large the count is.
+Integer CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
+    const uint32_t most = CountOf(count);
+    if (value.value > 0xFF) throw StatusError(E_INVALIDARG);
+    const uint64_t filled = Available(most == kAll ? size_ : most);
+    if (filled > 0) std::memset(block_.Data() + position_, static_cast<int>(value.value), filled);
+    position_ += filled;
+    return {static_cast<LONG>(filled)};
+}
+
+}  // namespace tarvik

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+
+#include "host/contract/stream.h"
+#include "host/registry/plugin_base.h"
+#include "plugins/stream/growing_block.h"
+
+namespace tarvik {
+
+// `stream`: a block of bytes with a position, for script and, as TVK::IStream, for plug-ins. Numbers are
+// little-endian. Any thread may use it, one at a time: there is no lock.
+class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IStream, IDispatch>> {
+  public:
+    static constexpr char kClassName[] = "CStreamPlugin";
+    static std::span<const Member<CStreamPlugin>> Members();
+
+    CStreamPlugin();
+
+    STDMETHODIMP Read(void* buffer, uint32_t count, uint32_t* read) override;
+    STDMETHODIMP Write(const void* buffer, uint32_t count, uint32_t* written) override;
+    STDMETHODIMP Seek(uint64_t offset, uint32_t origin, uint64_t* newPosition) override;
+    STDMETHODIMP CopyTo(TVK::IStream* target, uint32_t count, uint32_t* written) override;
+    STDMETHODIMP SetSize(uint64_t size) override;
+    STDMETHODIMP_(uint64_t) GetSize() override { return size_; }
+    STDMETHODIMP_(uint8_t*) GetBuffer() override { return block_.Data(); }
+
+    // The members of script; those named Script... stand on an operation of that name. Counts are 32 bits as
+    // they stand, so -1 is the same as none: all.
+    uint32_t ScriptCopyTo(IDispatch* target, std::optional<Bits32> count);
+    Number ScriptSeek(UInt64 offset, ConstantInt origin);
+    Outcome ScriptSetSize(UInt64 size);
+    std::optional<uint8_t> ReadUInt8() { return ReadNumber<uint8_t>(); }
+    Outcome WriteUInt8(Bits32 value) { return WriteNumber(static_cast<uint8_t>(value.value)); }
+    std::optional<uint16_t> ReadUInt16() { return ReadNumber<uint16_t>(); }
+    Outcome WriteUInt16(Bits32 value) { return WriteNumber(static_cast<uint16_t>(value.value)); }
+    std::optional<uint32_t> ReadUInt32() { return ReadNumber<uint32_t>(); }
+    Outcome WriteUInt32(Bits32 value) { return WriteNumber(static_cast<uint32_t>(value.value)); }
+    // Reads an integer, but writes the image of the floating-point number: not inverse, and intended.
+    std::optional<Number> ReadUInt64();
+    Outcome WriteUInt64(Number value) { return WriteNumber(value.value); }
+    std::optional<Bstr> ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length);
+    Variant WriteString(BSTR text, std::optional<BSTR> encoding);
+    Integer Fill(Int64 value, std::optional<Bits32> count);
+    Integer Begin() { return {TVK::kFromBegin}; }
+    Integer Current() { return {TVK::kFromCurrent}; }
+    Integer End() { return {TVK::kFromEnd}; }
+
+  protected:
+    void* Find(REFIID iid) override;
+
+  private:
+    template <class T>
+    std::optional<T> ReadNumber();
+    template <class T>
+    Outcome WriteNumber(T value) {
+        return {Write(&value, sizeof value, nullptr)};
+    }
+
+    // Content from the position on, `count` bytes at most.
+    uint64_t Available(uint64_t count) const;
+
+    GrowingBlock block_;
+    uint64_t position_ = 0;  // may lie beyond the end
+    uint64_t size_ = 0;      // what lies behind it in the block is zero
+    ComPtr<IUnknown> marshaler_;
+};
+
+}  // namespace tarvik
