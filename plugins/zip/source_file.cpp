@@ -8,10 +8,13 @@ namespace tarvik {
 SourceFile::SourceFile(const std::wstring& path)
     : file_(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                         nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)) {
-    BY_HANDLE_FILE_INFORMATION about = {};
-    if (!file_ || !GetFileInformationByHandle(file_.Get(), &about)) throw StatusError(E_FAIL);
-    size_ = ULARGE_INTEGER{{about.nFileSizeLow, about.nFileSizeHigh}}.QuadPart;
-    modified_ = ToSeconds(about.ftLastWriteTime);
+    LARGE_INTEGER size = {};
+    FILETIME modified = {};
+    if (!file_ || !GetFileSizeEx(file_.Get(), &size) ||
+        !GetFileTime(file_.Get(), nullptr, nullptr, &modified))
+        throw StatusError(E_FAIL);
+    size_ = static_cast<ULONGLONG>(size.QuadPart);
+    modified_ = ToSeconds(modified);
 }
 
 size_t SourceFile::Read(void* buffer, size_t count) {
