@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "base/text.h"
+#include "plugins/stream/stream_plugin.h"
 #include "script/object.h"
 #include "tests/plugins/zip/memory_stream.h"
 #include "tests/plugins/zip/zip_fixture.h"
@@ -95,10 +96,15 @@ TEST_F(Zip, WritesToAStreamWhatItWritesToAFile) {
     EXPECT_EQ(Pack(options).text, kSuccess);
     const std::string expected = ReadFileBytes(Archive());
 
-    const auto stream = MakeCom<MemoryStream>();
-    options.Set(L"dest", stream);
+    const auto ofHost = MakeCom<CStreamPlugin>();
+    options.Set(L"dest", ofHost);
     EXPECT_EQ(Pack(options).text, kSuccess);
-    EXPECT_EQ(stream->bytes, expected);
+    EXPECT_EQ(std::string(reinterpret_cast<char*>(ofHost->GetBuffer()), ofHost->GetSize()), expected);
+
+    const auto ofLibrary = MakeCom<MemoryStream>();
+    options.Set(L"dest", ofLibrary);
+    EXPECT_EQ(Pack(options).text, kSuccess);
+    EXPECT_EQ(ofLibrary->bytes, expected);
 
     // A stream that takes no more ends the run, and keeps what it has.
     const auto full = MakeCom<MemoryStream>(400);
