@@ -153,6 +153,11 @@ TEST_F(Zip, FailsWithNoFileLeftAndNoneReplaced) {
               ZipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)));
     // The archive lies in its own source, and grows while it is read.
     EXPECT_EQ(pack(Source().c_str(), (Source() + L"\\packed.zip").c_str()), kZipFailed);
+    // The first that is found has nothing in it yet.
+    const std::wstring first = Source() + L"\\0.zip";
+    EXPECT_EQ(pack(Source().c_str(), first.c_str()), kSuccess);
+    EXPECT_EQ(EntryNames(ReadFileBytes(first)), (std::vector<std::string>{"0.zip", "a"}));
+    DeleteFileW(first.c_str());
     {
         const UniqueHandle locked(
             CreateFileW(good.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
