@@ -7,6 +7,7 @@
 
 #include "base/shell_delete.h"
 #include "base/status.h"
+#include "plugins/zip/file_time.h"
 
 namespace tarvik {
 
@@ -58,11 +59,7 @@ bool IsFolderPath(std::wstring_view path) {
 }
 
 void SetTimes(HANDLE file, std::time_t modified) {
-    constexpr long long kSecondsFrom1601To1970 = 11'644'473'600;
-    constexpr long long kTicksPerSecond = 10'000'000;
-    ULARGE_INTEGER ticks;
-    ticks.QuadPart = static_cast<ULONGLONG>((modified + kSecondsFrom1601To1970) * kTicksPerSecond);
-    const FILETIME time = {ticks.LowPart, ticks.HighPart};
+    const FILETIME time = ToFileTime(modified);
     SetFileTime(file, &time, nullptr, &time);
 }
 

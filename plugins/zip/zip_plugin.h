@@ -1,15 +1,27 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "host/contract/stream.h"
 #include "host/registry/plugin_base.h"
 #include "plugins/zip/archive_finder.h"
 #include "plugins/zip/context.h"
+#include "script/options.h"
 
 namespace tarvik {
 
 struct ExtractOptions {
     std::wstring dest;
+    bool overWrite = false;
+    IDispatch* progress = nullptr;  // borrowed, may be null
+    const VARIANT* context = nullptr;
+};
+
+struct CreateOptions {
+    std::vector<std::wstring> sources;  // files and folders, as script wrote them
+    std::wstring dest;                  // the archive's path, unless there is a stream
+    TVK::IStream* stream = nullptr;     // borrowed, used on the calling thread as it is
     bool overWrite = false;
     IDispatch* progress = nullptr;  // borrowed, may be null
     const VARIANT* context = nullptr;
@@ -26,7 +38,16 @@ class CZipPlugin : public SmallPlugin<CZipPlugin, SameCharacters, As<IContextImp
     void ExtractFile(const std::wstring& src, ULONG index, const ExtractOptions& options);
     void ExtractMemory(Bytes archive, const ExtractOptions& options);
 
+    // Packs files and folders. A failure is thrown; then the new file is gone again, and a stream keeps what
+    // was written so far.
+    void CreateArchive(const CreateOptions& options);
+
     HRESULT Unzip(WORD flags, const Call& call);
+    HRESULT Zip(WORD flags, const Call& call);
+
+  private:
+    using StartRun = HRESULT (*)(IDispatch* plugin, const Options& options);
+    HRESULT Start(StartRun start, WORD flags, const Call& call);
 };
 
 }  // namespace tarvik

@@ -1,8 +1,8 @@
 #include <filesystem>
 
-#include "tests/plugins/zip/unzip_fixture.h"
+#include "tests/plugins/zip/zip_fixture.h"
 
-// Archives made by the programs that people use; see make_archives.
+// Archives made by the programs that people use (see make_archives), and made for them (see check_archives).
 namespace tarvik {
 namespace {
 
@@ -41,6 +41,32 @@ TEST_P(RealArchives, ComeOutAsTheyWentIn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, RealArchives, testing::ValuesIn(kArchives));
+
+class PackedTrees : public Zip {
+  protected:
+    // Left there for check_archives.
+    std::wstring PackForOthers(const std::string& tree) {
+        const fs::path archive = fs::absolute("packed") / (tree + ".zip");
+        fs::create_directories(archive.parent_path());
+        const Variant context;
+        CreateOptions options;
+        options.sources = {fs::absolute("archives") / tree};
+        options.dest = archive;
+        options.overWrite = true;
+        options.context = &context;
+        plugin_->CreateArchive(options);
+        return archive;
+    }
+};
+
+TEST_F(PackedTrees, ComeOutAsTheyWentIn) {
+    EXPECT_EQ(RunOn(ReadFileBytes(PackForOthers("tree"))).text, kSuccess);
+    EXPECT_EQ(ReadTree(Dest()), ReadTree(fs::absolute("archives/tree")));
+}
+
+TEST_F(PackedTrees, MayBeLarge) {
+    EXPECT_EQ(EntryNames(ReadFileBytes(PackForOthers("many"))).size(), 10'010u);
+}
 
 }  // namespace
 }  // namespace tarvik

@@ -1,0 +1,37 @@
+#include "plugins/zip/archive_output.h"
+
+#include "base/status.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+// The current folder may change until the file has to go again.
+FileOutput::FileOutput(const std::wstring& path, bool overWrite)
+    : path_(FullPath(path)),
+      file_(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                        overWrite ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    if (!file_) ThrowLastError();
+}
+
+FileOutput::~FileOutput() {
+    if (!file_) return;
+    file_.Reset();
+    DeleteFileW(path_.c_str());
+}
+
+size_t FileOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
+    LARGE_INTEGER place;
+    place.QuadPart = static_cast<LONGLONG>(offset);
+    DWORD written = 0;
+    if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN))
+        WriteFile(file_.Get(), data, count, &written, nullptr);
+    return written;
+}
+
+size_t StreamOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
+    uint32_t written = 0;
+    if (SUCCEEDED(stream_->Seek(offset, TVK::kFromBegin, nullptr))) stream_->Write(data, count, &written);
+    return written;
+}
+
+}  // namespace tarvik

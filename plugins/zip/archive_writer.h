@@ -1,0 +1,35 @@
+#pragma once
+
+#include <miniz.h>
+
+#include <string>
+
+#include "plugins/zip/source_file.h"
+
+namespace tarvik {
+
+// Writes an archive through a function, which is told where each piece belongs: when an entry is complete,
+// its header is written again. Every operation throws E_FAIL, also where the archive would leave the limits
+// of the format that every program reads: 65,535 entries, and files and an archive below 4 GiB.
+class ArchiveWriter {
+  public:
+    static constexpr size_t kMostEntries = 0xFFFF;
+    // Anything but `count` makes the writer give up.
+    using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
+
+    ArchiveWriter(Write write, void* target);
+    ~ArchiveWriter() { mz_zip_writer_end(&zip_); }
+    ArchiveWriter(const ArchiveWriter&) = delete;
+    ArchiveWriter& operator=(const ArchiveWriter&) = delete;
+
+    void AddFile(const std::wstring& name, SourceFile& file);
+    void AddFolder(const std::wstring& name);  // the name ends in a slash; its time is now
+    void Finish();
+
+  private:
+    void Check(bool good);
+
+    mz_zip_archive zip_ = {};
+};
+
+}  // namespace tarvik

@@ -1,0 +1,79 @@
+#include <memory>
+
+#include "base/status.h"
+#include "plugins/zip/archive_output.h"
+#include "plugins/zip/archive_writer.h"
+#include "plugins/zip/entry_name.h"
+#include "plugins/zip/source_list.h"
+#include "plugins/zip/zip_plugin.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr ULONGLONG kMostBytes = MZ_UINT32_MAX;
+
+std::unique_ptr<ArchiveOutput> OpenOutput(const CreateOptions& options) {
+    if (options.stream) return std::make_unique<StreamOutput>(options.stream);
+    return std::make_unique<FileOutput>(options.dest, options.overWrite);
+}
+
+// Tells script's `progress` after each write. Unlike in `unzip` the sizes are told in 64 bits, and the second
+// of them stays 0; both is intended.
+struct ArchiveWriteContext {
+    ArchiveOutput& output;
+    IDispatch* progress;
+    const VARIANT& context;
+    Variant total;
+    Variant processingFile = Variant::Text({});
+    Variant processeedSize = Variant::UI8(0);
+
+    bool GoesOn() const {
+        if (!progress) return true;
+        Variant answer;
+        CallScriptFunction(progress, {&processingFile, &total, &processeedSize, &context}, &answer);
+        return !IsFalse(answer);
+    }
+};
+
+size_t OnArchiveWrite(void* target, mz_uint64 offset, const void* data, size_t count) noexcept {
+    size_t written = 0;
+    const HRESULT status = Guard([&] {
+        const auto& write = *static_cast<ArchiveWriteContext*>(target);
+        if (count > kMostBytes || offset > kMostBytes - count) return E_FAIL;
+        written = write.output.WriteAt(offset, data, static_cast<DWORD>(count));
+        return write.GoesOn() ? S_OK : E_FAIL;
+    });
+    return status == S_OK ? written : 0;
+}
+
+void AddEntry(ArchiveWriter& archive, const Source& source) {
+    // What has vanished since it was found has all attributes, so it becomes a folder; that is intended.
+    const bool isFolder = (GetFileAttributesW(source.path.c_str()) & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const std::wstring name = EntryName(source, isFolder);
+    if (isFolder) {
+        archive.AddFolder(name);
+    } else {
+        SourceFile file(source.path);
+        archive.AddFile(name, file);
+    }
+}
+
+}  // namespace
+
+void CZipPlugin::CreateArchive(const CreateOptions& options) {
+    // An archive inside one of its sources is found there, too. It grows while it is read, which fails.
+    const auto output = OpenOutput(options);
+    const SourceList list = FindSources(options.sources, ArchiveWriter::kMostEntries);
+    ArchiveWriteContext write{*output, options.progress, *options.context, Variant::UI8(list.totalSize)};
+    ArchiveWriter archive(OnArchiveWrite, &write);
+    for (const Source& source : list.sources) {
+        write.processingFile = Variant::Text(source.path);
+        AddEntry(archive, source);
+    }
+    archive.Finish();
+    output->Keep();
+}
+
+}  // namespace tarvik

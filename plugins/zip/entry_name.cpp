@@ -1,0 +1,29 @@
+#include "plugins/zip/entry_name.h"
+
+#include <shlwapi.h>
+
+#include <algorithm>
+
+#include "base/status.h"
+
+namespace tarvik {
+
+namespace {
+
+bool IsGood(const std::wstring& name) {
+    return !name.empty() && name.front() != L'/' && name.find(L':') == std::wstring::npos;
+}
+
+}  // namespace
+
+std::wstring EntryName(const Source& source, bool isFolder) {
+    const std::wstring& path = source.path;
+    std::wstring name = path.size() == source.rootLength ? PathFindFileNameW(path.c_str())
+                                                         : path.substr(source.rootLength + 1);
+    if (isFolder) name += L'\\';
+    std::ranges::replace(name, L'\\', L'/');
+    if (!IsGood(name)) throw StatusError(E_FAIL);
+    return name;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+// Something to pack, and how long the path is that script named for it: its own, or that of a folder above.
+struct Source {
+    size_t rootLength;
+    std::wstring path;
+};
+
+struct SourceList {
+    std::vector<Source> sources;
+    ULONGLONG totalSize = 0;  // of the files
+};
+
+// Finds everything below the folders and takes the files as they are, in the order of the paths; a folder
+// stands behind its contents. Throws E_FAIL for a path that leads nowhere and for more than `most` sources,
+// and the system's error where a folder or a file cannot be opened.
+SourceList FindSources(const std::vector<std::wstring>& paths, size_t most);
+
+}  // namespace tarvik
