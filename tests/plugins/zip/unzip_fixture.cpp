@@ -1,9 +1,5 @@
 #include "tests/plugins/zip/unzip_fixture.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <functional>
-
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -48,30 +44,6 @@ OptionObject Unzip::OptionsFor(const std::string& archive) {
 Ending Unzip::RunOn(const std::string& archive, Recorder::Answer answer) {
     OptionObject options = OptionsFor(archive);
     return Run(options, std::move(answer));
-}
-
-namespace {
-
-// Long contents by their sum: a failed comparison prints both sides.
-std::string Shortened(std::string content) {
-    if (content.size() < 100) return content;
-    return std::to_string(content.size()) + " bytes, hash " +
-           std::to_string(std::hash<std::string>{}(content));
-}
-
-}  // namespace
-
-std::vector<std::pair<std::u8string, std::string>> ReadTree(const std::wstring& folder) {
-    namespace fs = std::filesystem;
-    std::vector<std::pair<std::u8string, std::string>> tree;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        const bool isFolder = entry.is_directory();
-        tree.emplace_back(
-            entry.path().lexically_relative(folder).generic_u8string() + (isFolder ? u8"/" : u8""),
-            isFolder ? std::string() : Shortened(ReadFileBytes(entry.path().wstring())));
-    }
-    std::ranges::sort(tree);
-    return tree;
 }
 
 }  // namespace tarvik

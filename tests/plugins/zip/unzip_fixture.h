@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/com_ptr.h"
@@ -37,8 +36,5 @@ class Unzip : public testing::Test {
     TempFolder folder_;
     ComPtr<CZipPlugin> plugin_ = MakeCom<CZipPlugin>();
 };
-
-// Every file and folder below, by its path with slashes, and the content of files.
-std::vector<std::pair<std::u8string, std::string>> ReadTree(const std::wstring& folder);
 
 }  // namespace tarvik
