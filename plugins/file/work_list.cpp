@@ -60,7 +60,7 @@ class Collector {
             return;
         }
         const ULARGE_INTEGER size = {{entry.nFileSizeLow, entry.nFileSizeHigh}};
-        // The entry of a link to a file has no size, but a copy reads that file.
+        // A copy reads the file that a link leads to.
         const ULONGLONG counted = IsLink(entry) ? SizeToCount(source_ + path) : size.QuadPart;
         AddFile(std::move(path), counted);
     }
@@ -82,9 +82,14 @@ WorkList CollectWork(const std::wstring& source, Transfer kind) {
     return Collector(source, kind).Run();
 }
 
+// Opening each file would cost more than a small file's copy.
 ULONGLONG SizeToCount(const std::wstring& path) {
     constexpr ULONGLONG kUnknown = ~ULONGLONG{0};
-    return FileSize(path).value_or(kUnknown);
+    WIN32_FILE_ATTRIBUTE_DATA entry = {};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &entry)) return kUnknown;
+    // The entry of a link has no size of its own.
+    if (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) return FileSize(path).value_or(kUnknown);
+    return ULARGE_INTEGER{{entry.nFileSizeLow, entry.nFileSizeHigh}}.QuadPart;
 }
 
 }  // namespace tarvik
