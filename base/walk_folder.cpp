@@ -1,10 +1,10 @@
 #include "base/walk_folder.h"
 
 #include <optional>
+#include <vector>
 
-#include "base/owners.h"
+#include "base/folder_reader.h"
 #include "base/pattern.h"
-#include "base/status.h"
 
 namespace tarvik {
 
@@ -12,49 +12,73 @@ namespace {
 
 class Walk {
   public:
-    Walk(const wchar_t* pattern, bool recursive, const WalkCallback& callback)
+    Walk(const wchar_t* pattern, bool recursive, const WalkCallback& callback, FolderLinks links)
         : pattern_(pattern ? Pattern::Compile(pattern) : std::nullopt),
           recursive_(recursive),
+          links_(links),
           callback_(callback) {}
 
-    HRESULT Run(std::wstring folder) const {
-        if (folder.empty() || folder.back() != L'\\') folder += L'\\';
-        WIN32_FIND_DATAW entry;
-        const UniqueFind find(FindFirstFileW((folder + L'*').c_str(), &entry));
-        if (!find) return LastErrorStatus();
-        HRESULT status = E_FAIL;
-        do {
-            Visit(folder, entry, status);
-        } while (status != E_ABORT && FindNextFileW(find.Get(), &entry));
-        return status;
+    // The folders that are open lie in a vector: paths may be nested deeper than a stack is long.
+    HRESULT Run(const std::wstring& top) const {
+        std::vector<Level> levels;
+        levels.emplace_back(top);
+        for (;;) {
+            if (levels.back().reader.Next()) {
+                const WIN32_FIND_DATAW& entry = levels.back().reader.Entry();
+                if (IsEntered(entry)) {
+                    levels.emplace_back(levels.back().folder + entry.cFileName);
+                    continue;
+                }
+            } else {
+                const HRESULT status = levels.back().Status();
+                levels.pop_back();
+                if (levels.empty()) return status;
+                levels.back().status = status;
+            }
+            Report(levels.back());
+            if (levels.back().status == E_ABORT) return E_ABORT;
+        }
     }
 
   private:
-    // `status` changes only if a callback or a nested walk was run.
-    void Visit(const std::wstring& folder, const WIN32_FIND_DATAW& entry, HRESULT& status) const {
-        const std::wstring path = folder + entry.cFileName;
-        const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (isFolder) {
-            const std::wstring_view name = entry.cFileName;
-            if (name == L"." || name == L"..") return;
-            if (recursive_) status = Run(path);
-            if (status == E_ABORT) return;
-        }
+    struct Level {
+        explicit Level(std::wstring path) : folder(WithBackslash(std::move(path))), reader(folder + L'*') {}
+
+        HRESULT Status() const { return FAILED(reader.Status()) ? reader.Status() : status; }
+
+        std::wstring folder;
+        FolderReader reader;
+        HRESULT status = E_FAIL;  // of the last callback or folder
+    };
+
+    static std::wstring WithBackslash(std::wstring folder) {
+        if (folder.empty() || folder.back() != L'\\') folder += L'\\';
+        return folder;
+    }
+
+    bool IsEntered(const WIN32_FIND_DATAW& entry) const {
+        return recursive_ && IsFolder(entry) && (links_ == FolderLinks::kEnter || !IsLink(entry));
+    }
+
+    void Report(Level& level) const {
+        const WIN32_FIND_DATAW& entry = level.reader.Entry();
+        const std::wstring path = level.folder + entry.cFileName;
         if (pattern_ && !pattern_->Search(path)) return;
         const ULARGE_INTEGER size = {{entry.nFileSizeLow, entry.nFileSizeHigh}};
-        status = callback_(path, entry.dwFileAttributes, isFolder ? 0 : size.QuadPart);
+        level.status = callback_(path, entry.dwFileAttributes, IsFolder(entry) ? 0 : size.QuadPart);
     }
 
     std::optional<Pattern> pattern_;
     bool recursive_;
+    FolderLinks links_;
     const WalkCallback& callback_;
 };
 
 }  // namespace
 
 HRESULT WalkFolder(const std::wstring& folder, const wchar_t* pattern, bool recursive,
-                   const WalkCallback& callback) {
-    return Walk(pattern, recursive, callback).Run(folder);
+                   const WalkCallback& callback, FolderLinks links) {
+    return Walk(pattern, recursive, callback, links).Run(folder);
 }
 
 }  // namespace tarvik

@@ -20,8 +20,8 @@ void ExpectNoFailure(const Program& program) {
 }
 
 // Lets a page run to its end.
-void RunPage(Program& program, const std::string& name) {
-    program.Start(L"-f \"" + PathOfPage(Widen(name)) + L"\"");
+void RunPage(Program& program, const std::string& name, const std::wstring& fragment = {}) {
+    program.Start(L"-f \"" + PathOfPage(Widen(name)) + fragment + L"\"");
     EXPECT_EQ(program.Wait(), 0u) << testing::PrintToString(program.Lines());
     ExpectNoFailure(program);
     EXPECT_GT(std::ranges::count_if(program.Lines(), [](const auto& line) { return line.starts_with("ok"); }),
@@ -91,6 +91,15 @@ TEST_F(UnzipPage, MayNavigateDuringRuns) {
 
 TEST_F(UnzipPage, MayCloseDuringRuns) {
     LeaveDuringRuns(L"#close");
+}
+
+TEST(FilePage, CopiesListsAndDeletes) {
+    Program program;
+    program.Folder().Write(L"work\\tree\\a.txt", "12345");
+    program.Folder().Write(L"work\\tree\\inner\\b.txt", "1");
+    RunPage(program, "file", L"#" + program.Work());
+    EXPECT_EQ(ReadFileBytes(program.Work() + L"\\copied\\a.txt"), "12345");
+    EXPECT_FALSE(fs::exists(fs::path(program.Work()) / "tree"));
 }
 
 }  // namespace

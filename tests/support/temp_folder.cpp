@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 
 namespace tarvik {
@@ -39,6 +41,29 @@ std::string ReadFileBytes(const std::wstring& path) {
     std::ifstream file(fs::path(path), std::ios::binary);
     if (!file) ADD_FAILURE() << "cannot read a file that should be there";
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+namespace {
+
+// Long contents by their sum: a failed comparison prints both sides.
+std::string Shortened(std::string content) {
+    if (content.size() < 100) return content;
+    return std::to_string(content.size()) + " bytes, hash " +
+           std::to_string(std::hash<std::string>{}(content));
+}
+
+}  // namespace
+
+std::vector<std::pair<std::u8string, std::string>> ReadTree(const std::wstring& folder) {
+    std::vector<std::pair<std::u8string, std::string>> tree;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const bool isFolder = entry.is_directory();
+        tree.emplace_back(
+            entry.path().lexically_relative(folder).generic_u8string() + (isFolder ? u8"/" : u8""),
+            isFolder ? std::string() : Shortened(ReadFileBytes(entry.path().wstring())));
+    }
+    std::ranges::sort(tree);
+    return tree;
 }
 
 }  // namespace tarvik

@@ -2,6 +2,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tarvik {
 
@@ -25,5 +27,8 @@ class TempFolder {
 
 bool FileExists(const std::wstring& path);
 std::string ReadFileBytes(const std::wstring& path);  // fails the test if it cannot be read
+
+// Every file and folder below, by its path with slashes, and the content of files.
+std::vector<std::pair<std::u8string, std::string>> ReadTree(const std::wstring& folder);
 
 }  // namespace tarvik

@@ -1,0 +1,33 @@
+#include "base/folder_reader.h"
+
+#include <string_view>
+
+#include "base/status.h"
+
+namespace tarvik {
+
+FolderReader::FolderReader(const std::wstring& pattern) : find_(FindFirstFileW(pattern.c_str(), &entry_)) {
+    if (!find_) status_ = LastErrorStatus();
+}
+
+bool FolderReader::Next() {
+    while (find_) {
+        if (std::exchange(isRead_, true) && !FindNextFileW(find_.Get(), &entry_)) {
+            if (GetLastError() != ERROR_NO_MORE_FILES) status_ = LastErrorStatus();
+            find_.Reset();
+            break;
+        }
+        const std::wstring_view name = entry_.cFileName;
+        if (name != L"." && name != L"..") return true;
+    }
+    return false;
+}
+
+bool IsLink(const WIN32_FIND_DATAW& entry) {
+    if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)) return false;
+    // Wine gives no tag; all that it marks are links.
+    const DWORD tag = entry.dwReserved0;
+    return tag == 0 || IsReparseTagNameSurrogate(tag);
+}
+
+}  // namespace tarvik

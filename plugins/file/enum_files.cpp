@@ -1,0 +1,63 @@
+#include "plugins/file/enum_files.h"
+
+#include "base/status.h"
+#include "base/walk_folder.h"
+#include "script/properties.h"
+#include "script/ticket.h"
+#include "script/worker.h"
+
+namespace tarvik {
+
+namespace {
+
+// The other options are read by the worker, from the script object itself, so a path counts from what is the
+// current folder then.
+class FilesWalk : public Worker {
+  public:
+    FilesWalk(const Options& options, IDispatch* callback, IDispatch* completed)
+        : options_(options.Object()), callback_(callback), completed_(completed) {}
+
+    HRESULT Run() override {
+        const HRESULT status = Guard([this] { return Walk(); });
+        CallScriptFunction(completed_.Get());
+        return status;
+    }
+
+  private:
+    HRESULT Walk() {
+        const Options given(options_.Get());
+        const auto path = given.Text(L"path");
+        const auto filter = given.Text(L"filter");
+        // No path would be the root of the current drive.
+        if (!path || path->empty()) return E_INVALIDARG;
+        return WalkFolder(*path, filter ? filter->c_str() : nullptr, given.Flag(L"recursive", true),
+                          [this](const std::wstring& entry, DWORD attributes, ULONGLONG size) {
+                              return OnEnumEntry(entry, attributes, size);
+                          });
+    }
+
+    // Only a false ends the walk; an error in script does not.
+    HRESULT OnEnumEntry(const std::wstring& path, DWORD attributes, ULONGLONG size) {
+        const Variant name = Variant::Text(path);
+        const Variant bits = Variant::UI4(attributes);
+        const Variant bytes = Variant::R8(static_cast<double>(size));
+        Variant answer;
+        CallScriptFunction(callback_.Get(), {&name, &bits, &bytes}, &answer);
+        return IsFalse(answer) ? E_ABORT : S_OK;
+    }
+
+    Ticket options_;
+    Ticket callback_;
+    Ticket completed_;
+};
+
+}  // namespace
+
+HRESULT StartEnumFiles(const Options& options) {
+    const auto callback = options.Callback(L"callback");
+    const auto completed = options.Callback(L"completed");
+    if (!callback || !completed) return S_OK;
+    return StartWorker(std::make_unique<FilesWalk>(options, callback.Get(), completed.Get()));
+}
+
+}  // namespace tarvik

@@ -1,0 +1,99 @@
+#include "plugins/file/file_task.h"
+
+#include <shlwapi.h>
+
+#include <ranges>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+// A separator at the end of the top would stand twice.
+std::wstring Below(const std::wstring& top, const std::wstring& path) {
+    const bool twice = !path.empty() && top.ends_with(L'\\');
+    return top.substr(0, top.size() - twice) + path;
+}
+
+std::wstring FolderAbove(const std::wstring& path) {
+    const size_t separator = path.find_last_of(L"\\/");
+    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+// From the top down. A failure shows in the step that needed the folder.
+void MakeFolders(const std::wstring& path) {
+    std::vector<std::wstring> missing;
+    for (auto folder = path; !folder.empty() && !PathFileExistsW(folder.c_str());
+         folder = FolderAbove(folder))
+        missing.push_back(folder);
+    for (const std::wstring& folder : std::views::reverse(missing))
+        CreateDirectoryW(folder.c_str(), nullptr);
+}
+
+}  // namespace
+
+FileTask::FileTask(Transfer kind, std::wstring src, std::wstring dest, const Options& options)
+    : AsyncTask(options),
+      kind_(kind),
+      src_(std::move(src)),
+      dest_(std::move(dest)),
+      replaceExisting_(options.Flag(L"replaceExisting")) {}
+
+HRESULT FileTask::Work() {
+    if (!PathFileExistsW(src_.c_str())) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    if (kind_ == Transfer::kMove && PathIsSameRootW(src_.c_str(), dest_.c_str())) {
+        Rename();
+        return S_OK;
+    }
+    const WorkList list = CollectWork(src_, kind_);
+    CopyProgress progress(Progress(), Context(), list.total);
+    for (const WorkItem& item : list.items) {
+        const std::wstring src = Below(src_, item.path);
+        const std::wstring dest = Below(dest_, item.path);
+        if (kind_ == Transfer::kMove) MakeFolderAbove(dest);
+        if (item.isFolder) {
+            TakeFolder(src, dest);
+        } else {
+            TakeFile(src, dest, progress);
+        }
+    }
+    return S_OK;
+}
+
+void FileTask::Rename() const {
+    const DWORD flags = replaceExisting_ ? MOVEFILE_REPLACE_EXISTING : 0;
+    if (!MoveFileExW(src_.c_str(), dest_.c_str(), flags)) ThrowLastError();
+}
+
+void FileTask::TakeFolder(const std::wstring& src, const std::wstring& dest) const {
+    if (!CreateDirectoryW(dest.c_str(), nullptr)) {
+        const HRESULT status = LastErrorStatus();
+        const DWORD attributes = GetFileAttributesW(dest.c_str());
+        if (attributes == INVALID_FILE_ATTRIBUTES) throw StatusError(status);
+        if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw StatusError(E_FAIL);
+    }
+    if (kind_ == Transfer::kMove && !RemoveDirectoryW(src.c_str())) ThrowLastError();
+}
+
+void FileTask::TakeFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const {
+    const bool isCopy = kind_ == Transfer::kCopy;
+    const DWORD copyFlags = replaceExisting_ ? 0 : COPY_FILE_FAIL_IF_EXISTS;
+    const DWORD moveFlags = MOVEFILE_COPY_ALLOWED | (replaceExisting_ ? MOVEFILE_REPLACE_EXISTING : 0);
+    const BOOL done =
+        isCopy ? CopyFileExW(src.c_str(), dest.c_str(), OnCopyProgress, &progress, nullptr, copyFlags)
+               : MoveFileWithProgressW(src.c_str(), dest.c_str(), OnCopyProgress, &progress, moveFlags);
+    if (!done) {
+        if (GetLastError() == ERROR_REQUEST_ABORTED) throw StatusError(E_ABORT);
+        ThrowLastError();
+    }
+    progress.FileDone(dest);
+}
+
+void FileTask::MakeFolderAbove(const std::wstring& path) {
+    std::wstring folder = FolderAbove(path);
+    if (folder == folderAbove_) return;
+    MakeFolders(folder);
+    folderAbove_ = std::move(folder);
+}
+
+}  // namespace tarvik

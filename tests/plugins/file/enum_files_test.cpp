@@ -1,0 +1,76 @@
+#include "tests/plugins/file/file_fixture.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+class EnumFiles : public File {
+  protected:
+    EnumFiles() {
+        folder_.Write(L"tree\\a.txt", "12345");
+        folder_.Write(L"tree\\inner\\b.txt", "1");
+    }
+
+    // "a.txt UI4 32 R8 5": what came, below the tree; at the end "completed" with its arguments.
+    std::vector<std::string> List(OptionObject& options, Recorder::Answer answer = {}) {
+        const auto callback = MakeCom<Recorder>(std::move(answer));
+        const auto completed = MakeCom<Recorder>();
+        options.Set(L"callback", callback).Set(L"completed", completed);
+        EXPECT_EQ(Ask(L"enumFiles", static_cast<IDispatch*>(options)), "EMPTY");
+        EXPECT_TRUE(PumpUntil([&] { return !completed->calls.empty(); }));
+        std::vector<std::string> texts = callback->Texts();
+        const std::string top = "BSTR " + Narrow(folder_ / L"tree") + "\\";
+        for (std::string& text : texts)
+            if (text.starts_with(top)) text.erase(0, top.size());
+        texts.push_back("completed " + completed->Texts()[0]);
+        return texts;
+    }
+    OptionObject Tree() { return std::move(OptionObject().Set(L"path", (folder_ / L"tree").c_str())); }
+
+    static constexpr char kFile[] = "a.txt, UI4 32, R8 5.000000";
+    static constexpr char kInnerFile[] = "inner\\b.txt, UI4 32, R8 1.000000";
+    static constexpr char kInner[] = "inner, UI4 16, R8 0.000000";
+    static constexpr char kCompleted[] = "completed ";
+};
+
+TEST_F(EnumFiles, TellsEachEntryAndThenTheEnd) {
+    OptionObject options = Tree();
+    EXPECT_THAT(List(options), ElementsAre(kFile, kInnerFile, kInner, kCompleted));
+    EXPECT_THAT(List(options.Set(L"recursive", L"no boolean, so it counts as true")),
+                ElementsAre(kFile, kInnerFile, kInner, kCompleted));
+    EXPECT_THAT(List(options.Set(L"recursive", false)), ElementsAre(kFile, kInner, kCompleted));
+    EXPECT_THAT(List(options.Set(L"recursive", true).Set(L"filter", L"\\.txt$")),
+                ElementsAre(kFile, kInnerFile, kCompleted));
+}
+
+TEST_F(EnumFiles, StopsAtFalseAndAtNothingElse) {
+    OptionObject options = Tree();
+    const auto stop = [](const Recorder::Record&) { return Variant::Bool(false); };
+    EXPECT_THAT(List(options, stop), ElementsAre(kFile, kCompleted));
+    EXPECT_THAT(List(options, [](const Recorder::Record&) { return Variant::I4(0); }).size(), 4u);
+}
+
+TEST_F(EnumFiles, CompletesAlsoWithoutAFolder) {
+    OptionObject options;
+    EXPECT_THAT(List(options), ElementsAre(kCompleted)) << "no path at all";
+    EXPECT_THAT(List(options.Set(L"path", (folder_ / L"missing").c_str())), ElementsAre(kCompleted));
+    EXPECT_THAT(List(options.Set(L"path", L"tree")), ElementsAre(kCompleted))
+        << "a relative path does not count from the page";
+}
+
+TEST_F(EnumFiles, StartsNothingWithoutBothFunctions) {
+    const auto function = MakeCom<Recorder>();
+    for (const wchar_t* name : {L"callback", L"completed"}) {
+        OptionObject options = Tree();
+        EXPECT_EQ(Ask(L"enumFiles", static_cast<IDispatch*>(options.Set(name, function))), "EMPTY");
+    }
+    EXPECT_THAT(CallMember(plugin_.Get(), L"enumFiles").status, HasStatus(E_INVALIDARG));
+    EXPECT_THAT(CallMember(plugin_.Get(), L"enumFiles", L"C:\\").status, HasStatus(E_INVALIDARG));
+    // Who asks for no result gets no error; that is intended.
+    ScriptBench script(plugin_.Get());
+    EXPECT_TRUE(script.Run(L"external.enumFiles('C:\\\\');"));
+    EXPECT_THAT(function->Texts(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tarvik

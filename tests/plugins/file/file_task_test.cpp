@@ -1,0 +1,192 @@
+#include "plugins/file/file_task.h"
+
+#include "tests/plugins/file/file_fixture.h"
+
+namespace tarvik {
+namespace {
+
+constexpr char kSuccess[] = "success: EMPTY";
+
+class FileRun : public File {
+  protected:
+    void WriteTree() {
+        folder_.Write(L"tree\\a.txt", "aaa");
+        folder_.Write(L"tree\\inner\\deep\\b.txt", "b");
+        CreateDirectoryW((folder_ / L"tree\\an empty one").c_str(), nullptr);
+    }
+};
+
+TEST_F(FileRun, CopiesATree) {
+    WriteTree();
+    const auto before = ReadTree(folder_ / L"tree");
+    EXPECT_THAT(Run(L"copyAsync", L"tree", L"copied").texts, ElementsAre(kSuccess));
+    EXPECT_EQ(ReadTree(folder_ / L"copied"), before);
+    EXPECT_THAT(Run(L"copyAsync", (folder_ / L"tree\\").c_str(), folder_ / L"again\\").texts,
+                ElementsAre(kSuccess));
+    EXPECT_EQ(ReadTree(folder_ / L"again"), before);
+    EXPECT_EQ(ReadTree(folder_ / L"tree"), before);
+}
+
+TEST_F(FileRun, CopiesATreeIntoItself) {
+    WriteTree();
+    const auto before = ReadTree(folder_ / L"tree");
+    EXPECT_THAT(Run(L"copyAsync", L"tree", L"tree\\inner\\copy").texts, ElementsAre(kSuccess));
+    EXPECT_EQ(ReadTree(folder_ / L"tree\\inner\\copy"), before);
+}
+
+// A single file or folder, by copy and by move to another root.
+TEST_F(FileRun, SaysWhyItEnded) {
+    struct Row {
+        const wchar_t* what;
+        const wchar_t* src;
+        const wchar_t* dest;
+        bool replace;
+        HRESULT copied;
+        HRESULT moved;
+    };
+    const Row rows[] = {
+        {L"nothing there", L"missing", L"x", false, SystemError(2), SystemError(2)},
+        {L"a wildcard is no name", L"f*.txt", L"x", false, SystemError(2), SystemError(2)},
+        {L"a new name", L"file.txt", L"new.txt", false, S_OK, S_OK},
+        {L"no folder", L"file.txt", L"no\\folder\\x", false, SystemError(ERROR_PATH_NOT_FOUND), S_OK},
+        {L"a file is there", L"file.txt", L"there.txt", false, SystemError(ERROR_FILE_EXISTS),
+         SystemError(ERROR_ALREADY_EXISTS)},
+        {L"a file is replaced", L"file.txt", L"there.txt", true, S_OK, S_OK},
+        {L"a file instead of a folder", L"folder", L"there.txt", true, E_FAIL,
+         SystemError(ERROR_PATH_NOT_FOUND)},
+        {L"a folder is there", L"folder", L"other", false, S_OK, S_OK},
+        {L"an empty folder", L"empty", L"no\\folder\\x", false, SystemError(ERROR_PATH_NOT_FOUND), S_OK},
+        {L"in use", L"locked.txt", L"x", false, SystemError(ERROR_SHARING_VIOLATION),
+         SystemError(ERROR_SHARING_VIOLATION)},
+        {L"a read-only source", L"read-only.txt", L"x", false, S_OK, S_OK},
+    };
+    for (const Row& row : rows) {
+        for (const bool copy : {true, false}) {
+            SCOPED_TRACE(Narrow(row.what) + (copy ? ", copied" : ", moved"));
+            const TempFolder place;
+            const std::wstring source = place.Write(L"file.txt", "new");
+            const std::wstring locked = place.Write(L"locked.txt", "");
+            const std::wstring readOnly = place.Write(L"read-only.txt", "old");
+            place.Write(L"there.txt", "old");
+            place.Write(L"folder\\inner.txt", "new");
+            CreateDirectoryW((place / L"empty").c_str(), nullptr);
+            CreateDirectoryW((place / L"other").c_str(), nullptr);
+            SetFileAttributesW(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
+            const UniqueHandle lock(
+                CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+
+            const HRESULT status = copy ? row.copied : row.moved;
+            const Ending ending = Run(copy ? L"copyAsync" : L"moveAsync", place / row.src,
+                                      OtherRoot(place / row.dest), row.replace);
+            EXPECT_TRUE(ending.started);
+            EXPECT_THAT(ending.texts, ElementsAre(status == S_OK ? kSuccess : FailText(status)));
+            if (status == S_OK) {
+                EXPECT_EQ(FileExists(place / row.src), copy);
+                EXPECT_TRUE(FileExists(place / row.dest));
+            } else {
+                EXPECT_EQ(ReadFileBytes(source), "new");
+            }
+            for (const std::wstring& file : {readOnly, place / L"x"})
+                SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+        }
+    }
+}
+
+TEST_F(FileRun, MovesATreeToAnotherRoot) {
+    WriteTree();
+    const auto before = ReadTree(folder_ / L"tree");
+    EXPECT_THAT(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"far\\away")).texts, ElementsAre(kSuccess));
+    EXPECT_EQ(ReadTree(folder_ / L"far\\away"), before);
+    EXPECT_FALSE(FileExists(folder_ / L"tree"));
+}
+
+TEST_F(FileRun, RenamesWithinARoot) {
+    WriteTree();
+    const auto before = ReadTree(folder_ / L"tree");
+    const Ending renamed = Run(L"moveAsync", L"tree", L"renamed");
+    EXPECT_THAT(renamed.texts, ElementsAre(kSuccess));
+    EXPECT_THAT(renamed.progress, IsEmpty());
+    EXPECT_EQ(ReadTree(folder_ / L"renamed"), before);
+    folder_.Write(L"new.txt", "new");
+    folder_.Write(L"old.txt", "old");
+    EXPECT_THAT(Run(L"moveAsync", L"new.txt", L"old.txt").texts,
+                ElementsAre(FailText(SystemError(ERROR_ALREADY_EXISTS))));
+    EXPECT_THAT(Run(L"moveAsync", L"new.txt", L"old.txt", true).texts, ElementsAre(kSuccess));
+    EXPECT_EQ(ReadFileBytes(folder_ / L"old.txt"), "new");
+    EXPECT_EQ(Run(L"moveAsync", L"renamed", L"renamed\\inner\\x").texts.size(), 1u);
+    EXPECT_EQ(ReadTree(folder_ / L"renamed"), before) << "into itself";
+}
+
+TEST_F(FileRun, KeepsWhatWasDoneBeforeAFailure) {
+    folder_.Write(L"tree\\a.txt", "a");
+    const std::wstring locked = folder_.Write(L"tree\\b.txt", "b");
+    const UniqueHandle lock(CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_THAT(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).texts,
+                ElementsAre(FailText(SystemError(ERROR_SHARING_VIOLATION))));
+    EXPECT_EQ(ReadFileBytes(folder_ / L"moved\\a.txt"), "a");
+    EXPECT_FALSE(FileExists(folder_ / L"tree\\a.txt"));
+    EXPECT_TRUE(FileExists(locked));
+}
+
+TEST_F(FileRun, MovesNothingOutOfALink) {
+    folder_.Write(L"elsewhere\\kept.txt", "a");
+    folder_.Write(L"tree\\file.txt", "b");
+    const FolderLink link(folder_ / L"tree\\link", folder_ / L"elsewhere");
+    if (!link) GTEST_SKIP() << "this system makes no links to folders here";
+    EXPECT_THAT(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).texts,
+                ElementsAre(FailText(SystemError(ERROR_NOT_SUPPORTED))));
+    EXPECT_FALSE(FileExists(folder_ / L"moved"));
+    EXPECT_THAT(Run(L"copyAsync", L"tree", L"copied").texts, ElementsAre(kSuccess));
+    EXPECT_EQ(ReadFileBytes(folder_ / L"copied\\link\\kept.txt"), "a");
+}
+
+TEST_F(FileRun, DoesNotStartWithoutBothPaths) {
+    const auto none = [](const wchar_t* src, Variant dest) {
+        return std::move(OptionObject().Set(L"srcPath", src).Set(L"destPath", std::move(dest)));
+    };
+    for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
+        OptionObject wrong[] = {OptionObject(), none(L"a", Variant()), none(L"a", Variant::I4(5)),
+                                none(L"", Variant::Text(L"b")), none(L"a", Variant::Text(L""))};
+        for (OptionObject& options : wrong) {
+            const Ending ending = Run(member, options);
+            EXPECT_FALSE(ending.started);
+            EXPECT_THAT(ending.texts, ElementsAre(FailText(E_INVALIDARG)));
+        }
+        EXPECT_THAT(CallMember(plugin_.Get(), member, L"a").status, HasStatus(E_INVALIDARG));
+    }
+}
+
+TEST_F(FileRun, ObeysProgressWhereThePlatformTellsIt) {
+    folder_.Write(L"tree\\a.txt", std::string(100'000, 'a'));
+    folder_.Write(L"tree\\b.txt", "b");
+    OptionObject options;
+    options.Set(L"srcPath", L"tree").Set(L"destPath", L"copied").Set(L"context", 7);
+    const Ending ending = Run(L"copyAsync", options, [](const auto&) { return Variant::Bool(false); });
+    if (ending.progress.empty()) GTEST_SKIP() << "this platform's copy never calls its progress routine";
+    EXPECT_THAT(ending.progress, ElementsAre(testing::EndsWith(", R8 100001.000000, I4 7")));
+    EXPECT_THAT(ending.texts, IsEmpty()) << "a cancel is silent";
+    EXPECT_FALSE(FileExists(folder_ / L"copied\\b.txt"));
+}
+
+TEST_F(FileRun, IsDrivenByRealScript) {
+    folder_.Write(L"a.txt", "a");
+    ScriptBench script(plugin_.Get());
+    EXPECT_TRUE(script.Run(
+        L"var told = [], mine = { name: 'mine' };"
+        L"function run(options) {"
+        L"  options.context = mine;"
+        L"  options.success = function (c) { told.push('success ' + arguments.length + ' ' + c.name); };"
+        L"  options.fail = function (code, c) { told.push('fail ' + (code >>> 0).toString(16) + c.name); };"
+        L"  return external.copyAsync(options);"
+        L"}"
+        L"var started = run({ srcPath: 'a.txt', destPath: 'b.txt' });"
+        L"var refused = run({ srcPath: 'a.txt' });"));
+    EXPECT_EQ(ValueText(script.Evaluate(L"[started, refused, told].join()")),
+              "BSTR true,false,fail 80070057mine")
+        << "a run that is not started is told at once, and one that is, later";
+    EXPECT_TRUE(PumpUntil([&] { return ValueText(script.Evaluate(L"told.length")) == "I4 2"; }));
+    EXPECT_EQ(ValueText(script.Evaluate(L"told[1]")), "BSTR success 1 mine");
+}
+
+}  // namespace
+}  // namespace tarvik
