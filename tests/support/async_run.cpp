@@ -15,14 +15,17 @@ Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& op
     options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
     const auto holders = [&] { return fail->AddRef(), fail->Release(); };
     const ULONG before = holders();
-    EXPECT_EQ(CallMember(plugin, member, static_cast<IDispatch*>(options)).status, S_OK);
+    const Outgoing out = CallMember(plugin, member, static_cast<IDispatch*>(options));
+    EXPECT_EQ(out.status, S_OK);
     EXPECT_TRUE(PumpUntil([&] { return holders() == before; }, std::chrono::minutes(1)));
     Ending ending;
+    ending.result = ValueText(out.value);
     for (const std::string& text : success->Texts())
         ending.text += "success: " + text;
     for (const std::string& text : fail->Texts())
         ending.text += "fail: " + text;
     ending.progress = progress->Texts();
+    options.Set(L"progress", nullptr).Set(L"success", nullptr).Set(L"fail", nullptr);
     return ending;
 }
 

@@ -11,6 +11,7 @@ namespace tarvik {
 // How a run of an asynchronous member ended: "success: " or "fail: " with the arguments as text, or nothing
 // after a cancel; and the arguments of every call of `progress`.
 struct Ending {
+    std::string result;  // of the call itself
     std::string text;
     std::vector<std::string> progress;
 };

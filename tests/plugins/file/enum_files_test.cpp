@@ -12,7 +12,7 @@ class EnumFiles : public File {
     }
 
     // "a.txt UI4 32 R8 5": what came, below the tree; at the end "completed" with its arguments.
-    std::vector<std::string> List(OptionObject& options, Recorder::Answer answer = {}) {
+    std::vector<std::string> List(const OptionObject& options, Recorder::Answer answer = {}) {
         const auto callback = MakeCom<Recorder>(std::move(answer));
         const auto completed = MakeCom<Recorder>();
         options.Set(L"callback", callback).Set(L"completed", completed);
@@ -25,7 +25,11 @@ class EnumFiles : public File {
         texts.push_back("completed " + completed->Texts()[0]);
         return texts;
     }
-    OptionObject Tree() { return std::move(OptionObject().Set(L"path", (folder_ / L"tree").c_str())); }
+    OptionObject Tree() const {
+        OptionObject options;
+        options.Set(L"path", (folder_ / L"tree").c_str());
+        return options;
+    }
 
     static constexpr char kFile[] = "a.txt, UI4 32, R8 5.000000";
     static constexpr char kInnerFile[] = "inner\\b.txt, UI4 32, R8 1.000000";

@@ -69,7 +69,7 @@ TEST_F(File, SurvivesLongPaths) {
             EXPECT_EQ(Ask(L"deleteFile", form), "BOOL true");
             EXPECT_EQ(Ask(L"copy", form, L"x"), "BOOL false");
         }
-        EXPECT_THAT(Run(L"copyAsync", path, L"x").texts, ElementsAre(FailText(SystemError(2))));
+        EXPECT_EQ(Run(L"copyAsync", path, L"x").text, FailText(SystemError(2)));
         const std::wstring file = folder_.Write(L"short", "1");
         EXPECT_EQ(Ask(L"move", file.c_str(), path.c_str()), length < 260 ? "BOOL true" : "BOOL false");
         EXPECT_EQ(Ask(L"getSize", path.c_str()), length < 260 ? "I8 1" : "EMPTY");

@@ -1,0 +1,121 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+#include "host/contract/stream.h"
+#include "host/web_browser.h"
+#include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/async_run.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+// More than the disk has room for, and of a kind that does not pack.
+std::string Noise() {
+    std::mt19937 random(1);
+    std::string noise(3'000'000, '\0');
+    for (char& byte : noise)
+        byte = static_cast<char>(random());
+    return noise;
+}
+
+fs::path SmallDisk() {
+    const wchar_t* const path = _wgetenv(L"TARVIK_SMALL_DISK");
+    return path ? path : L"";
+}
+
+std::string FailText(HRESULT status) {
+    return "fail: I4 " + std::to_string(status) + ", EMPTY";
+}
+
+const HRESULT kDiskFull = HRESULT_FROM_WIN32(ERROR_DISK_FULL);
+
+class FullDisk : public testing::Test {
+  protected:
+    FullDisk() { browser_->CreateHidden(nullptr, folder_.Write(L"page.html", "<html></html>").c_str()); }
+    void SetUp() override {
+        if (disk_.empty()) GTEST_SKIP() << "this program is run by on_small_disk";
+    }
+    void TearDown() override {
+        if (disk_.empty()) return;
+        for (const auto& entry : fs::directory_iterator(disk_))
+            fs::remove_all(entry);
+    }
+
+    ComPtr<IDispatch> Plugin(const wchar_t* name) const {
+        ComPtr<IDispatch> plugin;
+        browser_->GetPlugin(name, plugin.GetAddressOf());
+        return plugin;
+    }
+    bool IsDiskEmpty() const { return fs::is_empty(disk_); }
+
+    const fs::path disk_ = SmallDisk();
+    const std::wstring place_ = (disk_ / L"place").wstring();
+    const std::string noise_ = Noise();
+    const TempFolder folder_;
+    const std::wstring source_ = folder_.Write(L"source", noise_);
+    const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
+};
+
+TEST_F(FullDisk, LeavesNoHalfArchive) {
+    OptionObject options;
+    options.Set(L"src", source_.c_str()).Set(L"dest", place_.c_str());
+    EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
+    EXPECT_TRUE(IsDiskEmpty());
+}
+
+TEST_F(FullDisk, EndsAnUnpacking) {
+    OptionObject options;
+    options.Set(L"src", folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}})).c_str());
+    options.Set(L"dest", place_.c_str());
+    EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"unzip", options).text,
+              "fail: EMPTY, I4 " + std::to_string(E_FAIL));
+    EXPECT_TRUE(IsDiskEmpty()) << "the run had made the folder";
+}
+
+TEST_F(FullDisk, EndsTransfersAndKeepsWhatIsWritten) {
+    const auto stream = Plugin(L"stream"), file = Plugin(L"fileIO");
+    Query<TVK::IStream>(stream.Get())->Write(noise_.data(), static_cast<uint32_t>(noise_.size()), nullptr);
+    for (const bool async : {false, true}) {
+        CallMember(stream.Get(), L"seek", 0, 0);
+        CallMember(file.Get(), L"open", place_.c_str(), L"wc");
+        OptionObject options;
+        options.Set(L"len", Variant::UI4(3'000'000)).Set(L"src", stream);
+        if (async) {
+            EXPECT_EQ(RunToEnd(file.Get(), L"writeAsync", options).text, FailText(kDiskFull));
+        } else {
+            const ULONG moved = CallMember(file.Get(), L"write", stream, 3'000'000).value.ulVal;
+            EXPECT_EQ(moved, fs::file_size(place_)) << "what the member tells is what is there";
+        }
+        CallMember(file.Get(), L"close");
+        EXPECT_GT(fs::file_size(place_), 900'000u);
+        EXPECT_TRUE(noise_.starts_with(ReadFileBytes(place_)));
+    }
+}
+
+TEST_F(FullDisk, EndsCopiesAndLosesNoSource) {
+    const auto file = Plugin(L"file");
+    for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
+        OptionObject options;
+        options.Set(L"srcPath", source_.c_str()).Set(L"destPath", place_.c_str());
+        EXPECT_EQ(RunToEnd(file.Get(), member, options).text, FailText(kDiskFull)) << member;
+        fs::remove(place_);
+    }
+    for (const wchar_t* member : {L"copy", L"move"}) {
+        EXPECT_EQ(ValueText(CallMember(file.Get(), member, source_.c_str(), place_.c_str()).value),
+                  "BOOL false")
+            << member;
+        fs::remove(place_);
+    }
+    EXPECT_TRUE(ReadFileBytes(source_) == noise_);
+}
+
+}  // namespace
+}  // namespace tarvik
