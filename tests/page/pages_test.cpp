@@ -36,8 +36,8 @@ TEST_P(Page, Passes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Page,
-                         testing::Values("closing", "errors", "gone", "navigation", "plugins", "start",
-                                         "windows"),
+                         testing::Values("bytes", "closing", "errors", "gone", "navigation", "plugins",
+                                         "start", "windows"),
                          [](const auto& info) { return info.param; });
 
 // A page beside archive.zip, which holds ten files.

@@ -31,17 +31,14 @@ Outgoing GetMember(IDispatch* object, const wchar_t* name) {
     return InvokeMember(object, name, DISPATCH_PROPERTYGET, {});
 }
 
-OptionObject::OptionObject() {
-    const auto made = MakeCom<CObject>();
-    object_ = Variant::Object(made.Get());
-}
+OptionObject::OptionObject() : object_(MakeCom<CObject>().Get()) {}
 
 void OptionObject::Put(const wchar_t* name, const Variant& value) const {
     DISPID id = DISPID_UNKNOWN;
-    if (SUCCEEDED(IdOf(object_.pdispVal, name, &id))) {
-        PutScriptProperty(object_.pdispVal, id, &value);
+    if (SUCCEEDED(IdOf(object_.Get(), name, &id))) {
+        PutScriptProperty(object_.Get(), id, &value);
     } else {
-        SetScriptProperty(object_.pdispVal, name, value);
+        SetScriptProperty(object_.Get(), name, value);
     }
 }
 

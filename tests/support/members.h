@@ -64,7 +64,7 @@ Outgoing PutMember(IDispatch* object, const wchar_t* name, T&& value) {
     return InvokeMember(object, name, DISPATCH_PROPERTYPUT, std::move(arguments));
 }
 
-// A new CObject with these options.
+// A new CObject with these options. A copy is the same object.
 class OptionObject {
   public:
     OptionObject();
@@ -73,11 +73,11 @@ class OptionObject {
         Put(name, ToVariant(std::forward<T>(value)));
         return *this;
     }
-    operator IDispatch*() const { return object_.pdispVal; }
+    operator IDispatch*() const { return object_.Get(); }
 
   private:
     void Put(const wchar_t* name, const Variant& value) const;
-    Variant object_;
+    ComPtr<IDispatch> object_;
 };
 
 }  // namespace tarvik

@@ -85,6 +85,20 @@ var Showcase = (function () {
       return bar;
     },
 
+    // A field for a text and what is made of it: lines(text) gives the lines to show, at once and at each change.
+    field: function (card, text, lines) {
+      var box = card.querySelector('.field') || card.appendChild(element('div', 'field'));
+      var input = element('input');
+      var output = element('pre');
+      box.innerHTML = '';
+      box.appendChild(input);
+      box.appendChild(output);
+      input.value = text;
+      input.oninput = function () { output.textContent = lines(input.value).join('\n'); };
+      input.oninput();
+      input.focus();
+    },
+
     start: function () {
       var win = window.external.window;
       for (var i = 0; i < pages.length; i++) document.getElementById('menu').appendChild(menuItem(i));

@@ -25,11 +25,7 @@ class EnumFiles : public File {
         texts.push_back("completed " + completed->Texts()[0]);
         return texts;
     }
-    OptionObject Tree() const {
-        OptionObject options;
-        options.Set(L"path", (folder_ / L"tree").c_str());
-        return options;
-    }
+    OptionObject Tree() const { return OptionObject().Set(L"path", (folder_ / L"tree").c_str()); }
 
     static constexpr char kFile[] = "a.txt, UI4 32, R8 5.000000";
     static constexpr char kInnerFile[] = "inner\\b.txt, UI4 32, R8 1.000000";

@@ -119,7 +119,8 @@ TEST_F(FileRun, KeepsWhatWasDoneBeforeAFailure) {
     folder_.Write(L"tree\\a.txt", "a");
     const std::wstring locked = folder_.Write(L"tree\\b.txt", "b");
     const UniqueHandle lock(CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-    EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).text, FailText(SystemError(ERROR_SHARING_VIOLATION)));
+    EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).text,
+              FailText(SystemError(ERROR_SHARING_VIOLATION)));
     EXPECT_EQ(ReadFileBytes(folder_ / L"moved\\a.txt"), "a");
     EXPECT_FALSE(FileExists(folder_ / L"tree\\a.txt"));
     EXPECT_TRUE(FileExists(locked));
@@ -130,7 +131,8 @@ TEST_F(FileRun, MovesNothingOutOfALink) {
     folder_.Write(L"tree\\file.txt", "b");
     const FolderLink link(folder_ / L"tree\\link", folder_ / L"elsewhere");
     if (!link) GTEST_SKIP() << "this system makes no links to folders here";
-    EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).text, FailText(SystemError(ERROR_NOT_SUPPORTED)));
+    EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).text,
+              FailText(SystemError(ERROR_NOT_SUPPORTED)));
     EXPECT_FALSE(FileExists(folder_ / L"moved"));
     EXPECT_EQ(Run(L"copyAsync", L"tree", L"copied").text, kSuccess);
     EXPECT_EQ(ReadFileBytes(folder_ / L"copied\\link\\kept.txt"), "a");
@@ -138,7 +140,7 @@ TEST_F(FileRun, MovesNothingOutOfALink) {
 
 TEST_F(FileRun, DoesNotStartWithoutBothPaths) {
     const auto none = [](const wchar_t* src, Variant dest) {
-        return std::move(OptionObject().Set(L"srcPath", src).Set(L"destPath", std::move(dest)));
+        return OptionObject().Set(L"srcPath", src).Set(L"destPath", std::move(dest));
     };
     for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
         OptionObject wrong[] = {OptionObject(), none(L"a", Variant()), none(L"a", Variant::I4(5)),
