@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 
 #include "base/text.h"
@@ -14,6 +15,7 @@
 #include "tests/support/recorder.h"
 #include "tests/support/script_bench.h"
 #include "tests/support/status_text.h"
+#include "tests/support/waiting.h"
 
 namespace tarvik {
 namespace {
@@ -263,7 +265,8 @@ TEST_F(Stream, ServesPlugIns) {
 TEST_F(Stream, IsTheSameObjectOnAnyThread) {
     Ticket ticket(stream_.Get());
     bool same = false;
-    std::thread([&] {  // this thread does not pump, so a proxy would never answer
+    std::atomic<bool> done = false;
+    std::thread worker([&] {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         {
             Ticket used = std::move(ticket);
@@ -272,8 +275,10 @@ TEST_F(Stream, IsTheSameObjectOnAnyThread) {
             if (same) stream->Write("x", 1, nullptr);
         }
         CoUninitialize();
-    })
-        .join();
+        done = true;
+    });
+    EXPECT_TRUE(PumpUntil([&] { return done.load(); }));
+    worker.join();
     EXPECT_TRUE(same);
     EXPECT_EQ(Content(), "x");
 }
