@@ -44,8 +44,8 @@ struct FirstOf {
 }  // namespace detail
 
 // Base of every COM object made here: count and QueryInterface from a list of interfaces, the first of which
-// is the identity. Objects start with a count of 1 (see MakeCom). The count is interlocked: plug-ins are kept
-// alive by worker threads.
+// is the identity. Objects start with a count of 1 (see MakeCom). The count is interlocked: some plug-ins
+// and streams are kept alive by worker threads.
 template <class... Entries>
 class ComObject : public detail::Face<Entries>::Interface... {
   public:

@@ -27,10 +27,8 @@ std::optional<LONG> Options::Integer(const wchar_t* name) const {
     return number.value;
 }
 
-ComPtr<IDispatch> Options::Callback(const wchar_t* name) const {
-    IDispatch* function = nullptr;
-    const Variant value = Value(name);
-    return Read(value, function) ? ComPtr<IDispatch>(function) : nullptr;
+ComPtr<IDispatch> Options::Object(const wchar_t* name) const {
+    return ObjectIn(Value(name));
 }
 
 }  // namespace tarvik

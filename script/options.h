@@ -20,9 +20,9 @@ class Options {
     std::optional<std::wstring> Text(const wchar_t* name) const;
     bool Flag(const wchar_t* name, bool absent = false) const;
     std::optional<LONG> Integer(const wchar_t* name) const;
-    ComPtr<IDispatch> Callback(const wchar_t* name) const;  // null if absent
+    ComPtr<IDispatch> Object(const wchar_t* name) const;  // also a function; null if absent
 
-    IDispatch* Object() const { return object_.Get(); }
+    IDispatch* Given() const { return object_.Get(); }
 
   private:
     ComPtr<IDispatch> object_;

@@ -13,6 +13,11 @@ Variant Converted(const VARIANT& value, VARTYPE kind) {
 
 }  // namespace
 
+ComPtr<IDispatch> ObjectIn(const VARIANT& value) {
+    if (value.vt == VT_DISPATCH) return value.pdispVal;
+    return value.vt == VT_UNKNOWN ? Query<IDispatch>(value.punkVal) : nullptr;
+}
+
 bool Read(const VARIANT& value, bool& out) {
     out = value.boolVal == VARIANT_TRUE;
     return value.vt == VT_BOOL;
@@ -26,6 +31,11 @@ bool Read(const VARIANT& value, BSTR& out) {
 bool Read(const VARIANT& value, IDispatch*& out) {
     out = value.pdispVal;
     return value.vt == VT_DISPATCH;
+}
+
+bool Read(const VARIANT& value, ComPtr<IDispatch>& out) {
+    out = ObjectIn(value);
+    return value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN;
 }
 
 bool Read(const VARIANT& value, LooseInt& out) {

@@ -67,14 +67,19 @@ struct Bits32 {
     ULONG value = 0;
 };
 
+// The object in a value: of kind VT_DISPATCH, or VT_UNKNOWN, which plug-ins have when script hands them on.
+// Null for every other kind.
+ComPtr<IDispatch> ObjectIn(const VARIANT& value);
+
 struct AnyValue {
     const VARIANT* value = nullptr;
 };
 
 // Each answers whether the value has the kind. A boolean is true only for the system's true value.
 bool Read(const VARIANT& value, bool& out);
-bool Read(const VARIANT& value, BSTR& out);        // borrowed; null is kept apart from empty
-bool Read(const VARIANT& value, IDispatch*& out);  // borrowed; may be null
+bool Read(const VARIANT& value, BSTR& out);               // borrowed; null is kept apart from empty
+bool Read(const VARIANT& value, IDispatch*& out);         // borrowed; may be null
+bool Read(const VARIANT& value, ComPtr<IDispatch>& out);  // of either kind; may be null
 bool Read(const VARIANT& value, LooseInt& out);
 bool Read(const VARIANT& value, ExactInt& out);
 bool Read(const VARIANT& value, ConstantInt& out);

@@ -7,15 +7,6 @@
 
 namespace tarvik {
 
-namespace {
-
-IDispatch* ObjectIn(const VARIANT& value) {
-    IDispatch* object = nullptr;
-    return Read(value, object) ? object : nullptr;
-}
-
-}  // namespace
-
 Ticket::Ticket(IDispatch* object) {
     if (!object) return;
     ThrowIfFailed(CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object, stream_.GetAddressOf()));
@@ -42,7 +33,7 @@ IDispatch* Ticket::Get() noexcept {
 }
 
 ValueTicket::ValueTicket(const VARIANT& value)
-    : object_(ObjectIn(value)), value_(ObjectIn(value) ? Variant() : Variant::Copy(value)) {}
+    : object_(ObjectIn(value).Get()), value_(ObjectIn(value) ? Variant() : Variant::Copy(value)) {}
 
 const VARIANT& ValueTicket::Get() noexcept {
     if (IDispatch* object = object_.Get(); object && value_.Is(VT_EMPTY)) value_ = Variant::Object(object);

@@ -15,7 +15,7 @@ namespace {
 class FilesWalk : public Worker {
   public:
     FilesWalk(const Options& options, IDispatch* callback, IDispatch* completed)
-        : options_(options.Object()), callback_(callback), completed_(completed) {}
+        : options_(options.Given()), callback_(callback), completed_(completed) {}
 
     HRESULT Run() override {
         const HRESULT status = Guard([this] { return Walk(); });
@@ -54,8 +54,8 @@ class FilesWalk : public Worker {
 }  // namespace
 
 HRESULT StartEnumFiles(const Options& options) {
-    const auto callback = options.Callback(L"callback");
-    const auto completed = options.Callback(L"completed");
+    const auto callback = options.Object(L"callback");
+    const auto completed = options.Object(L"completed");
     if (!callback || !completed) return S_OK;
     return StartWorker(std::make_unique<FilesWalk>(options, callback.Get(), completed.Get()));
 }

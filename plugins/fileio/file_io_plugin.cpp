@@ -34,8 +34,8 @@ struct Order {
     ULONG length;
 };
 
-Order ReadOrder(IDispatch* stream, LooseInt length) {
-    const Order order = {Query<TVK::IStream>(stream), static_cast<ULONG>(length.value)};
+Order ReadOrder(const ComPtr<IDispatch>& stream, LooseInt length) {
+    const Order order = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
     if (!order.stream || order.length == 0) throw StatusError(E_INVALIDARG);
     return order;
 }
@@ -73,11 +73,12 @@ bool CFileIOPlugin::WriteAsync(IDispatch* options) {
                      [this](const Options& given) { return std::make_unique<WriteTask>(given, file_); });
 }
 
-Variant CFileIOPlugin::Read(IDispatch* stream, LooseInt length) {
+Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, LooseInt length) {
     const Order order = ReadOrder(stream, length);
+    const auto file = file_;  // a stream of a library may come back to this object
     Variant moved = Variant::I4(0);
     (void)Guard([&] {
-        ReadPieces(*file_, order.length, [&](const std::uint8_t* piece, DWORD count) {
+        ReadPieces(*file, order.length, [&](const std::uint8_t* piece, DWORD count) {
             std::uint32_t written = 0;
             const HRESULT status = order.stream->Write(piece, count, &written);
             AddTo(moved, written);
@@ -87,12 +88,13 @@ Variant CFileIOPlugin::Read(IDispatch* stream, LooseInt length) {
     return moved;
 }
 
-Variant CFileIOPlugin::Write(IDispatch* stream, LooseInt length) {
+Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, LooseInt length) {
     const Order order = ReadOrder(stream, length);
+    const auto file = file_;
     Variant moved = Variant::I4(0);
     (void)Guard([&] {
         TakePieces(*order.stream.Get(), order.length, [&](const std::uint8_t* piece, DWORD count, DWORD) {
-            const DWORD written = file_->Write(piece, count);
+            const DWORD written = file->Write(piece, count);
             AddTo(moved, written);
             if (written < count) throw StatusError(E_FAIL);
         });

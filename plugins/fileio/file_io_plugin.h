@@ -18,8 +18,8 @@ class CFileIOPlugin : public WindowPlugin<CFileIOPlugin> {
     void Close();
     bool ReadAsync(IDispatch* options);
     bool WriteAsync(IDispatch* options);
-    Variant Read(IDispatch* stream, LooseInt length);
-    Variant Write(IDispatch* stream, LooseInt length);
+    Variant Read(ComPtr<IDispatch> stream, LooseInt length);
+    Variant Write(ComPtr<IDispatch> stream, LooseInt length);
     Variant Seek(Int64 offset, ConstantInt origin);
     Number GetSize();
     void SetSize(UInt64 size);

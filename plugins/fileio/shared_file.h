@@ -10,7 +10,8 @@ namespace tarvik {
 
 // An open file that a script object shares with the transfers it has started, with one position for all. Any
 // thread may use it, also while another closes it: a handle that is closed fails each use with the status of
-// a bad handle, and its number, which the system gives out again, is never touched. Failures throw their
+// a bad handle, and its number, which the system gives out again, is never touched. Each use waits for the
+// one under way. Failures throw their
 // status.
 class SharedFile {
   public:

@@ -26,6 +26,7 @@ void TakePieces(TVK::IStream& stream, ULONG length,
         std::uint32_t count = 0;
         ThrowIfFailed(stream.Read(buffer.get(), wanted, &count));
         if (count == 0) return;
+        if (count > wanted) throw StatusError(E_FAIL);  // nonsense of a library's stream
         write(buffer.get(), count, wanted);
         length -= count;
     }

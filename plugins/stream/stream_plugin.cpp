@@ -117,9 +117,9 @@ STDMETHODIMP CStreamPlugin::SetSize(uint64_t size) {
     return S_OK;
 }
 
-uint32_t CStreamPlugin::ScriptCopyTo(IDispatch* target, std::optional<Bits32> count) {
+uint32_t CStreamPlugin::ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count) {
     if (!target) throw StatusError(E_INVALIDARG);
-    const ComPtr<TVK::IStream> stream = Query<TVK::IStream>(target);
+    const ComPtr<TVK::IStream> stream = Query<TVK::IStream>(target.Get());
     if (!stream) throw StatusError(E_NOINTERFACE);
     uint32_t written = 0;
     ThrowIfFailed(CopyTo(stream.Get(), CountOf(count), &written));

@@ -27,7 +27,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
 
     // The members of script; those named Script... stand on an operation of that name. Counts are 32 bits as
     // they stand, so -1 is the same as none: all.
-    uint32_t ScriptCopyTo(IDispatch* target, std::optional<Bits32> count);
+    uint32_t ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count);
     Number ScriptSeek(UInt64 offset, ConstantInt origin);
     Outcome ScriptSetSize(UInt64 size);
     std::optional<uint8_t> ReadUInt8() { return ReadNumber<uint8_t>(); }

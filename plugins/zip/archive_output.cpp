@@ -5,9 +5,18 @@
 
 namespace tarvik {
 
+namespace {
+
 // The current folder may change until the file has to go again.
+std::wstring PinnedPath(const std::wstring& path) {
+    if (path.empty()) throw StatusError(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
+    return FullPath(path);
+}
+
+}  // namespace
+
 FileOutput::FileOutput(const std::wstring& path, bool overWrite)
-    : path_(FullPath(path)),
+    : path_(PinnedPath(path)),
       file_(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                         overWrite ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)) {
     if (!file_) ThrowLastError();

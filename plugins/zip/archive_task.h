@@ -12,7 +12,7 @@ namespace tarvik {
 class ArchiveTask : public AsyncTask {
   public:
     ArchiveTask(IDispatch* plugin, const Options& options)
-        : AsyncTask(options), plugin_(plugin), options_(options.Object()) {}
+        : AsyncTask(options), plugin_(plugin), options_(options.Given()) {}
 
   protected:
     CZipPlugin& Plugin() const;

@@ -14,7 +14,7 @@ namespace tarvik {
 class ArchiveWriter {
   public:
     static constexpr size_t kMostEntries = 0xFFFF;
-    // Anything but `count` makes the writer give up.
+    // Anything but `count` makes the writer give up; an entry of a folder is also a write of 0 bytes.
     using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
 
     ArchiveWriter(Write write, void* target);

@@ -37,6 +37,8 @@ struct ArchiveWriteContext {
     }
 };
 
+constexpr size_t kGiveUp = static_cast<size_t>(-1);
+
 size_t OnArchiveWrite(void* target, mz_uint64 offset, const void* data, size_t count) noexcept {
     size_t written = 0;
     const HRESULT status = Guard([&] {
@@ -45,7 +47,7 @@ size_t OnArchiveWrite(void* target, mz_uint64 offset, const void* data, size_t c
         written = write.output.WriteAt(offset, data, static_cast<DWORD>(count));
         return write.GoesOn() ? S_OK : E_FAIL;
     });
-    return status == S_OK ? written : 0;
+    return status == S_OK ? written : kGiveUp;
 }
 
 void AddEntry(ArchiveWriter& archive, const Source& source) {
@@ -63,7 +65,8 @@ void AddEntry(ArchiveWriter& archive, const Source& source) {
 }  // namespace
 
 void CZipPlugin::CreateArchive(const CreateOptions& options) {
-    // An archive inside one of its sources is found there, too. It grows while it is read, which fails.
+    // An archive inside one of its sources is found there, too. It grows while it is read, which fails,
+    // except where it was still empty.
     const auto output = OpenOutput(options);
     const SourceList list = FindSources(options.sources, ArchiveWriter::kMostEntries);
     ArchiveWriteContext write{*output, options.progress, *options.context, Variant::UI8(list.totalSize)};

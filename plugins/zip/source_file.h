@@ -10,7 +10,7 @@
 namespace tarvik {
 
 // A file that is read from its start to its end. Others may go on writing to it meanwhile; if it turns out
-// shorter or longer than it was when it was opened, that is a failure.
+// shorter or longer than it was when it was opened, that is a failure. One that was empty then is not read.
 class SourceFile {
   public:
     explicit SourceFile(const std::wstring& path);  // throws E_FAIL

@@ -20,7 +20,8 @@ struct SourceList {
 
 // Finds everything below the folders and takes the files as they are, in the order of the paths; a folder
 // stands behind its contents. Throws E_FAIL for a path that leads nowhere and for more than `most` sources,
-// and the system's error where a folder or a file cannot be opened.
+// and the system's error where one of the paths cannot be opened. A folder further down that cannot be read
+// counts as empty.
 SourceList FindSources(const std::vector<std::wstring>& paths, size_t most);
 
 }  // namespace tarvik

@@ -6,16 +6,12 @@ namespace tarvik {
 
 namespace {
 
-ComPtr<IDispatch> ObjectOption(const Options& options, const wchar_t* name) {
-    return options.Callback(name);
-}
-
 class ZipTask : public ArchiveTask {
   public:
     ZipTask(IDispatch* plugin, const Options& options)
         : ArchiveTask(plugin, options),
-          sourceArray_(ObjectOption(options, L"src").Get()),
-          stream_(Query<TVK::IStream>(ObjectOption(options, L"dest").Get())) {}
+          sourceArray_(options.Object(L"src").Get()),
+          stream_(Query<TVK::IStream>(options.Object(L"dest").Get())) {}
 
   private:
     HRESULT Work() override {
