@@ -27,9 +27,9 @@ constexpr Member<CStreamPlugin> kMembers[] = {
     ResultMethod<&CStreamPlugin::ReadString>(-9988, L"readString"),
     Method<&CStreamPlugin::WriteString>(-9987, L"writeString"),
     Method<&CStreamPlugin::Fill>(-9986, L"fill"),
-    ReadOnly<&CStreamPlugin::Begin>(-9985, L"BEGIN"),
-    ReadOnly<&CStreamPlugin::Current>(-9984, L"CURRENT"),
-    ReadOnly<&CStreamPlugin::End>(-9983, L"END"),
+    Constant<CStreamPlugin, TVK::kFromBegin>(-9985, L"BEGIN"),
+    Constant<CStreamPlugin, TVK::kFromCurrent>(-9984, L"CURRENT"),
+    Constant<CStreamPlugin, TVK::kFromEnd>(-9983, L"END"),
 };
 static_assert(IsInOrder(kMembers));
 

@@ -42,9 +42,6 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     std::optional<Bstr> ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length);
     Variant WriteString(BSTR text, std::optional<BSTR> encoding);
     Integer Fill(Int64 value, std::optional<Bits32> count);
-    Integer Begin() { return {TVK::kFromBegin}; }
-    Integer Current() { return {TVK::kFromCurrent}; }
-    Integer End() { return {TVK::kFromEnd}; }
 
   protected:
     void* Find(REFIID iid) override;
