@@ -47,10 +47,17 @@ TEST_F(Zip, GoesOnUnlessProgressAnswersFalse) {
     EXPECT_EQ(run(Variant::Bool(true)).text, kSuccess);
     EXPECT_EQ(run(Variant::I4(0)).text, kSuccess);
     EXPECT_EQ(run(Variant::Text(L"false")).text, kSuccess);
-    const Ending stopped = run(Variant::Bool(false));
-    EXPECT_EQ(stopped.text, ZipFailText(E_FAIL));
-    EXPECT_EQ(stopped.progress.size(), 1u);
-    EXPECT_FALSE(FileExists(Archive()));
+    // At any call, also where nothing is written, as for a folder.
+    folder_.Write(L"source\\folder\\b.txt", "1");
+    const size_t calls = run(Variant()).progress.size();
+    for (size_t last = 1; last <= calls; ++last) {
+        size_t call = 0;
+        const Ending stopped =
+            Pack(options, [&](const Recorder::Record&) { return Variant::Bool(++call != last); });
+        EXPECT_EQ(stopped.text, ZipFailText(E_FAIL)) << last << " of " << calls;
+        EXPECT_EQ(stopped.progress.size(), last);
+        EXPECT_FALSE(FileExists(Archive()));
+    }
 }
 
 TEST_F(Zip, TakesSeveralSourcesInTheirOrder) {
