@@ -30,4 +30,11 @@ bool IsLink(const WIN32_FIND_DATAW& entry) {
     return tag == 0 || IsReparseTagNameSurrogate(tag);
 }
 
+// With a separator at its end a path is never found.
+bool IsLink(std::wstring path) {
+    path.erase(path.find_last_not_of(L"\\/") + 1);
+    FolderReader itself(path);
+    return itself.Next() && IsLink(itself.Entry());
+}
+
 }  // namespace tarvik

@@ -31,5 +31,6 @@ inline bool IsFolder(const WIN32_FIND_DATAW& entry) {
 // A junction, a mount point or a symbolic link: what is in it belongs to another place. Clouds and the like
 // mark their own files in a similar way, but those are no links.
 bool IsLink(const WIN32_FIND_DATAW& entry);
+bool IsLink(std::wstring path);
 
 }  // namespace tarvik

@@ -16,13 +16,6 @@ HRESULT DeleteOne(const std::wstring& path, DWORD attributes, bool delayed) {
     return done ? S_OK : LastErrorStatus();
 }
 
-// With a separator at its end a path is never found.
-bool LeadsElsewhere(std::wstring folder) {
-    folder.erase(folder.find_last_not_of(L"\\/") + 1);
-    FolderReader itself(folder);
-    return itself.Next() && IsLink(itself.Entry());
-}
-
 // The walk's status is E_FAIL where there was nothing to delete.
 HRESULT DeleteContents(const std::wstring& folder, bool delayed) {
     const HRESULT status = WalkFolder(
@@ -40,7 +33,7 @@ HRESULT DeleteContents(const std::wstring& folder, bool delayed) {
 HRESULT DeletePath(const std::wstring& path, bool delayed) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return S_OK;
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) && !LeadsElsewhere(path)) {
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) && !IsLink(path)) {
         if (const HRESULT status = DeleteContents(path, delayed); FAILED(status)) return status;
     }
     return DeleteOne(path, attributes, delayed);

@@ -17,7 +17,7 @@ class Collector {
         const DWORD attributes = GetFileAttributesW(source_.c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES) ThrowLastError();
         if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-            RefuseToEmpty(attributes);
+            if (kind_ == Transfer::kMove && IsLink(source_)) RefuseLink();
             Enter({});
         } else {
             AddFile({}, SizeToCount(source_));
@@ -34,10 +34,7 @@ class Collector {
     };
 
     // What is in a link's folder belongs elsewhere. It may be copied, but a move would empty that place.
-    void RefuseToEmpty(DWORD folderAttributes) const {
-        if (kind_ == Transfer::kMove && folderAttributes & FILE_ATTRIBUTE_REPARSE_POINT)
-            throw StatusError(HRESULT_FROM_WIN32(ERROR_NOT_SUPPORTED));
-    }
+    [[noreturn]] static void RefuseLink() { throw StatusError(HRESULT_FROM_WIN32(ERROR_NOT_SUPPORTED)); }
 
     void Enter(std::wstring path) {
         if (kind_ == Transfer::kCopy) list_.items.push_back({path, true});
@@ -59,7 +56,7 @@ class Collector {
 
     void Take(std::wstring path, const WIN32_FIND_DATAW& entry) {
         if (IsFolder(entry)) {
-            RefuseToEmpty(entry.dwFileAttributes);
+            if (kind_ == Transfer::kMove && IsLink(entry)) RefuseLink();
             Enter(std::move(path));
             return;
         }
