@@ -9,6 +9,7 @@
 #include "app/log/log.h"
 #include "atl/ax_window.h"
 #include "base/bstr.h"
+#include "base/module_function.h"
 #include "base/variant.h"
 #include "host/browser_host.h"
 #include "host/page_address.h"
@@ -24,12 +25,9 @@ constexpr WORD kIcon = 1000;
 
 // Navigation in an application makes no clicking sound. Older systems lack the function.
 void SilenceNavigation() {
-    using SetFeature = HRESULT(WINAPI*)(INTERNETFEATURELIST, DWORD, BOOL);
-    const HMODULE urlmon = LoadLibraryW(L"Urlmon.dll");  // stays loaded: the control needs it anyway
-    const FARPROC found = urlmon ? GetProcAddress(urlmon, "CoInternetSetFeatureEnabled") : nullptr;
-    if (!found) return;
-    const auto set = reinterpret_cast<SetFeature>(reinterpret_cast<void*>(found));
-    set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
+    using SetFeature = HRESULT WINAPI(INTERNETFEATURELIST, DWORD, BOOL);
+    auto* const set = FindFunction<SetFeature>(L"Urlmon.dll", "CoInternetSetFeatureEnabled");
+    if (set) set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
 }
 
 }  // namespace

@@ -1,5 +1,11 @@
 #include "plugins/window/window_plugin.h"
 
+#include <algorithm>
+
+#include "base/module_function.h"
+#include "host/registry/server_window.h"
+#include "plugins/window/taskbar_progress.h"
+
 namespace tarvik {
 
 namespace {
@@ -8,16 +14,64 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     Method<&CWindowPlugin::Show>(-10000, L"show"),
     Method<&CWindowPlugin::Close>(-9999, L"close"),
     Method<&CWindowPlugin::Quit>(-9998, L"quit"),
+    Method<&CWindowPlugin::Minimize>(-9997, L"minimize"),
+    Method<&CWindowPlugin::CenterWindow>(-9996, L"centerWindow"),
+    Method<&CWindowPlugin::SetTaskbarProgress>(-9995, L"setTaskbarProgress"),
+    Method<&CWindowPlugin::SetTaskbarProgressState>(-9994, L"setTaskbarProgressState"),
+    Method<&CWindowPlugin::IsSupportTaskbarProgress>(-9993, L"isSupportTaskbarProgress"),
     Method<&CWindowPlugin::IsVisible>(-9987, L"isVisible"),
+    Method<&CWindowPlugin::IsForeWindow>(-9986, L"isForeWindow"),
+    Method<&CWindowPlugin::SetPosition>(-9985, L"setWindowPos"),
+
     Property<&CWindowPlugin::GetWidth, &CWindowPlugin::SetWidth>(-9984, L"width"),
     Property<&CWindowPlugin::GetHeight, &CWindowPlugin::SetHeight>(-9983, L"height"),
+    Property<&CWindowPlugin::GetLeft, &CWindowPlugin::SetLeft>(-9982, L"left"),
+    Property<&CWindowPlugin::GetTop, &CWindowPlugin::SetTop>(-9981, L"top"),
+    ReadOnly<&CWindowPlugin::GetWorkAreaWidth>(-9980, L"workAreaWidth"),
+    ReadOnly<&CWindowPlugin::GetWorkAreaHeight>(-9979, L"workAreaHeight"),
     Property<&CWindowPlugin::GetTitle, &CWindowPlugin::SetTitle>(-9978, L"title"),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_MINIMIZEBOX>>(-9977, L"minimizeBox"),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_MAXIMIZEBOX>>(-9976, L"maximizeBox"),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_SYSMENU>>(-9975, L"sysMenu"),
+    WriteOnly<&CWindowPlugin::SetCaption>(-9974, L"caption"),
+    WriteOnly<&CWindowPlugin::SetTopMost>(-9973, L"topMost"),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minWidth>>(-9972, L"minWidth"),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minHeight>>(-9971, L"minHeight"),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxWidth>>(-9970, L"maxWidth"),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxHeight>>(-9969, L"maxHeight"),
+    WriteOnly<&CWindowPlugin::SetResizable>(-9968, L"resize"),
+    WriteOnly<&CWindowPlugin::ShapeImage>(-9967, L"shapeImage"),
+    Property<&CWindowPlugin::GetMenu, &CWindowPlugin::SetMenu>(-9966, L"menu"),
+
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClosed>>(-9964, L"onClosed"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClose>>(-9963, L"onClose"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMinimize>>(-9962, L"onMinimize"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMaximize>>(-9961, L"onMaximize"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kRestore>>(-9960, L"onRestore"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kActivate>>(-9959, L"onActivate"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kInactivate>>(-9958, L"onInactivate"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kShutdown>>(-9957, L"onShutdown"),
 };
 static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CWindowPlugin>(L"window", TVK::kRetainedPlugin);
 
 constexpr int kTitleLength = 1000;  // with the terminator; a longer title is cut
+
+// What other processes send to the window, also those with fewer rights. Older systems let everything pass.
+void LetMessagesPass() {
+    using ChangeFilter = BOOL WINAPI(UINT, DWORD);
+    auto* const change = FindFunction<ChangeFilter>(L"user32.dll", "ChangeWindowMessageFilter");
+    for (const UINT message : {kShowMessage, kBusMessage}) {
+        if (change) change(message, MSGFLT_ADD);
+    }
+}
+
+RECT WorkArea() {
+    RECT area = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
 
 }  // namespace
 
@@ -26,9 +80,37 @@ std::span<const Member<CWindowPlugin>> CWindowPlugin::Members() {
 }
 
 STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
-    const HRESULT status = WindowPlugin::Initialize(core, browser);
-    if (status == S_OK) window_ = Core()->GetWindowHandle();
-    return status;
+    if (!core || !browser) return E_INVALIDARG;
+    if (core_) return S_OK;
+    core_ = core;
+    window_ = core->GetWindowHandle();
+    frame_.SetWindow(window_);
+    taskbar_ = FindTaskbar();
+    browser_ = Query<IWebBrowser2>(browser);
+    if (!browser_) {
+        LogNoBrowser(kClassName);
+        return E_INVALIDARG;
+    }
+    main_.Attach(window_, AsUnknown());
+    LetMessagesPass();
+    return S_OK;
+}
+
+STDMETHODIMP CWindowPlugin::OnDocumentComplete(void*) {
+    return Guard([&]() -> HRESULT {
+        if (!server_.Window()) {
+            if (const HWND server = GetIEServerWnd(window_)) server_.Attach(server, window_);
+        }
+        if (!browser_) return E_UNEXPECTED;
+        ComPtr<IDispatch> dispatch;
+        if (const HRESULT read = browser_->get_Document(dispatch.GetAddressOf()); FAILED(read)) return read;
+        const auto document = Query<IHTMLDocument2>(dispatch.Get());
+        if (!document) return E_NOINTERFACE;
+        ComPtr<IHTMLElement> body;
+        if (const HRESULT read = document->get_body(body.GetAddressOf()); FAILED(read)) return read;
+        if (!dragSink_) dragSink_ = MakeCom<CDragSink>(window_, document);
+        return presses_.ConnectEventToElement(body.Get(), dragSink_.Get());
+    });
 }
 
 bool CWindowPlugin::Show(bool visible) {
@@ -47,8 +129,60 @@ HRESULT CWindowPlugin::Quit(std::optional<ExactInt> code) {
     return S_OK;
 }
 
+bool CWindowPlugin::Minimize() {
+    ShowWindow(window_, SW_MINIMIZE);
+    return true;
+}
+
+// On the desktop window, within the work area of its monitor.
+bool CWindowPlugin::CenterWindow() {
+    RECT desktop = {};
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(GetDesktopWindow(), MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& bound = monitor.rcWork;
+    const RECT own = Rectangle();
+    const LONG width = own.right - own.left;
+    const LONG height = own.bottom - own.top;
+    const LONG left = (desktop.left + desktop.right) / 2 - width / 2;
+    const LONG top = (desktop.top + desktop.bottom) / 2 - height / 2;
+    Move(std::max(std::min(left, bound.right - width), bound.left),
+         std::max(std::min(top, bound.bottom - height), bound.top));
+    return true;
+}
+
+bool CWindowPlugin::SetTaskbarProgress(LooseInt completed, LooseInt total) {
+    if (total.value == 0) throw StatusError(E_INVALIDARG);
+    if (taskbar_) {
+        taskbar_->SetProgressValue(window_, static_cast<ULONGLONG>(completed.value),
+                                   static_cast<ULONGLONG>(total.value));
+    }
+    return true;
+}
+
+bool CWindowPlugin::SetTaskbarProgressState(BSTR state) {
+    const auto flag = ProgressFlag(state ? state : L"");
+    if (!flag || !taskbar_) return false;
+    taskbar_->SetProgressState(window_, *flag);
+    return true;
+}
+
+bool CWindowPlugin::IsSupportTaskbarProgress() {
+    return taskbar_ != nullptr;
+}
+
 bool CWindowPlugin::IsVisible() {
     return IsWindowVisible(window_) != FALSE;
+}
+
+bool CWindowPlugin::IsForeWindow() {
+    return GetForegroundWindow() == window_;
+}
+
+bool CWindowPlugin::SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height) {
+    if (width.value == 0 || height.value == 0) throw StatusError(E_INVALIDARG);
+    return SetWindowPos(window_, nullptr, x.value, y.value, width.value, height.value, SWP_NOZORDER) != FALSE;
 }
 
 RECT CWindowPlugin::Rectangle() const {
@@ -58,8 +192,13 @@ RECT CWindowPlugin::Rectangle() const {
 }
 
 bool CWindowPlugin::Resize(LONG width, LONG height) {
+    if (frame_.IsShaped()) return false;
     SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
     return true;
+}
+
+bool CWindowPlugin::Move(LONG left, LONG top) {
+    return SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER) != FALSE;
 }
 
 Integer CWindowPlugin::GetWidth() {
@@ -82,6 +221,32 @@ bool CWindowPlugin::SetHeight(LooseInt height) {
     return Resize(GetWidth().value, height.value);
 }
 
+Integer CWindowPlugin::GetLeft() {
+    return {Rectangle().left};
+}
+
+bool CWindowPlugin::SetLeft(LooseInt left) {
+    return Move(left.value, GetTop().value);
+}
+
+Integer CWindowPlugin::GetTop() {
+    return {Rectangle().top};
+}
+
+bool CWindowPlugin::SetTop(LooseInt top) {
+    return Move(GetLeft().value, top.value);
+}
+
+Integer CWindowPlugin::GetWorkAreaWidth() {
+    const RECT area = WorkArea();
+    return {area.right - area.left};
+}
+
+Integer CWindowPlugin::GetWorkAreaHeight() {
+    const RECT area = WorkArea();
+    return {area.bottom - area.top};
+}
+
 Bstr CWindowPlugin::GetTitle() {
     wchar_t title[kTitleLength] = {};
     GetWindowTextW(window_, title, kTitleLength);
@@ -90,6 +255,38 @@ Bstr CWindowPlugin::GetTitle() {
 
 HRESULT CWindowPlugin::SetTitle(BSTR title) {
     SetWindowTextW(window_, title);
+    return S_OK;
+}
+
+ComPtr<IDispatch> CWindowPlugin::GetMenu() {
+    return ComPtr<IDispatch>(main_.Menu());
+}
+
+// What is no menu changes nothing and is no error; that is intended.
+HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
+    if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
+    return S_OK;
+}
+
+bool CWindowPlugin::SetCaption(bool visible) {
+    return SUCCEEDED(frame_.SetCaption(visible));
+}
+
+bool CWindowPlugin::SetTopMost(bool topMost) {
+    SetWindowPos(window_, topMost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
+    return true;
+}
+
+// Script hears nothing of a refusal of these two; that is intended.
+HRESULT CWindowPlugin::SetResizable(bool resizable) {
+    frame_.SetResizable(resizable);
+    return S_OK;
+}
+
+HRESULT CWindowPlugin::ShapeImage(BSTR path) {
+    Bstr full;
+    core_->ResolveUrl(path, full.Receive());
+    frame_.ShapeImage(full.Get());
     return S_OK;
 }
 

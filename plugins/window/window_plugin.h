@@ -1,36 +1,90 @@
 #pragma once
 
+#include <shobjidl.h>
+
 #include <optional>
 
 #include "host/registry/plugin_base.h"
+#include "plugins/window/browser_subclass.h"
+#include "plugins/window/drag_sink.h"
+#include "plugins/window/main_subclass.h"
+#include "plugins/window/window_frame.h"
 
 namespace tarvik {
 
-// `window`: the top-level window that a page lives in.
-class CWindowPlugin : public WindowPlugin<CWindowPlugin> {
+// `window`: the top-level window that a page lives in. It lives until that window has handled its last
+// message; callbacks, menu, limits, shape and style stay when the page changes.
+class CWindowPlugin : public TablePlugin<CWindowPlugin> {
   public:
     static constexpr char kClassName[] = "CWindowPlugin";
     static std::span<const Member<CWindowPlugin>> Members();
 
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+    STDMETHODIMP OnDocumentComplete(void*) override;
 
+    // All positions and sizes are pixels of the screen, frame included.
     bool Show(bool visible);
     bool Close();
     HRESULT Quit(std::optional<ExactInt> code);
+    bool Minimize();
+    bool CenterWindow();
+    bool SetTaskbarProgress(LooseInt completed, LooseInt total);
+    bool SetTaskbarProgressState(BSTR state);
+    bool IsSupportTaskbarProgress();
     bool IsVisible();
+    bool IsForeWindow();
+    bool SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height);
 
     Integer GetWidth();
     bool SetWidth(LooseInt width);
     Integer GetHeight();
     bool SetHeight(LooseInt height);
+    Integer GetLeft();
+    bool SetLeft(LooseInt left);
+    Integer GetTop();
+    bool SetTop(LooseInt top);
+    Integer GetWorkAreaWidth();
+    Integer GetWorkAreaHeight();
     Bstr GetTitle();
     HRESULT SetTitle(BSTR title);
+    ComPtr<IDispatch> GetMenu();
+    HRESULT SetMenu(ComPtr<IDispatch> menu);
+
+    template <DWORD kBits>
+    bool SetStyle(bool on) {
+        ChangeWindowStyle(window_, kBits, on);
+        return true;
+    }
+    bool SetCaption(bool visible);
+    bool SetTopMost(bool topMost);
+    template <ULONG TrackLimits::*kLimit>
+    HRESULT SetLimit(LooseInt pixels) {
+        if (pixels.value == 0) return E_INVALIDARG;
+        main_.Limits().*kLimit = static_cast<ULONG>(pixels.value);
+        return S_OK;
+    }
+    HRESULT SetResizable(bool resizable);
+    HRESULT ShapeImage(BSTR path);
+    template <WindowEvent kEvent>
+    HRESULT SetCallback(IDispatch* function) {
+        main_.SetCallback(kEvent, function);
+        return S_OK;
+    }
 
   private:
     RECT Rectangle() const;
     bool Resize(LONG width, LONG height);
+    bool Move(LONG left, LONG top);
 
+    ComPtr<TVK::ICore> core_;
+    ComPtr<IWebBrowser2> browser_;
     HWND window_ = nullptr;
+    CBrowserSubclassWindow server_;
+    CMainSubclassWindow main_;
+    WindowFrame frame_{main_, server_};
+    ComPtr<CDragSink> dragSink_;
+    ElementConnection presses_;
+    ComPtr<ITaskbarList3> taskbar_;
 };
 
 }  // namespace tarvik

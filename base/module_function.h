@@ -1,0 +1,15 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tarvik {
+
+// A function that not every system has; null where it is missing. Its module stays loaded.
+template <class Function>
+Function* FindFunction(const wchar_t* module, const char* name) {
+    const HMODULE library = LoadLibraryW(module);
+    const FARPROC found = library ? GetProcAddress(library, name) : nullptr;
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
+}
+
+}  // namespace tarvik

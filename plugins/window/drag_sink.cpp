@@ -1,0 +1,106 @@
+#include "plugins/window/drag_sink.h"
+
+#include <mshtmdid.h>
+
+#include <cwchar>
+#include <optional>
+
+#include "app/log/log.h"
+#include "base/bstr.h"
+#include "base/variant.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr DISPID kElementMouseDown = static_cast<DISPID>(0x8001000B);
+
+bool IsText(const Bstr& text, const wchar_t* other) {
+    return _wcsicmp(text.Get() ? text.Get() : L"", other) == 0;
+}
+
+bool IsControl(IHTMLElement* element) {
+    Bstr name;
+    element->get_tagName(name.Receive());
+    return IsText(name, L"input") || IsText(name, L"textarea") || IsText(name, L"button");
+}
+
+// What the element itself says; nothing if its parent has to.
+std::optional<bool> SaysHandle(IHTMLElement* element) {
+    Variant value;
+    if (FAILED(element->getAttribute(Bstr(L"dragWindow").Get(), 0, value.Receive()))) return std::nullopt;
+    if (value.Is(VT_BOOL)) return value.boolVal == VARIANT_TRUE;
+    if (!value.Is(VT_BSTR)) return std::nullopt;
+    const Bstr text(value.bstrVal);
+    if (IsText(text, L"true")) return true;
+    if (IsText(text, L"false")) return false;
+    return std::nullopt;
+}
+
+ComPtr<IHTMLElement> ParentOf(IHTMLElement* element) {
+    ComPtr<IHTMLElement> parent;
+    element->get_parentElement(parent.GetAddressOf());
+    return parent;
+}
+
+}  // namespace
+
+STDMETHODIMP CDragSink::GetTypeInfoCount(UINT* count) {
+    if (!count) return E_POINTER;
+    *count = 0;
+    return S_OK;
+}
+
+bool CDragSink::IsOverHandle() {
+    POINT point = {};
+    GetCursorPos(&point);
+    ScreenToClient(window_, &point);
+    ComPtr<IHTMLElement> first;
+    if (document_) document_->elementFromPoint(point.x, point.y, first.GetAddressOf());
+    for (auto element = first; element;) {
+        if (IsControl(element.Get())) return false;
+        if (const auto said = SaysHandle(element.Get())) return *said;
+        auto parent = ParentOf(element.Get());
+        element.Swap(parent);
+    }
+    return false;
+}
+
+// The system's own move loop does the rest.
+STDMETHODIMP CDragSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {
+    return Guard([&] {
+        const bool isPress = id == DISPID_MOUSEDOWN || id == kElementMouseDown;
+        if (!isPress || !window_ || !IsOverHandle()) return E_NOTIMPL;
+        PostMessageW(window_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
+        return S_OK;
+    });
+}
+
+HRESULT ElementConnection::ConnectEventToElement(IUnknown* element, IUnknown* sink) {
+    constexpr const char* kLabel = "CWindowPlugin::ConnectEventToElement";
+    if (!element || !sink) return E_INVALIDARG;
+    const auto info = Query<IProvideClassInfo2>(element);
+    if (!info) {
+        TARVIK_ERROR(kLabel, L"Query IProvideClassInfo2 failed.");
+        return E_FAIL;
+    }
+    GUID events = {};
+    const HRESULT status = info->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events);
+    if (FAILED(status)) return status;
+    const auto container = Query<IConnectionPointContainer>(element);
+    if (!container) {
+        TARVIK_ERROR(kLabel, L"Query IConnectionPointContainer failed.");
+        return E_FAIL;
+    }
+    ComPtr<IConnectionPoint> point;
+    container->FindConnectionPoint(events, point.GetAddressOf());
+    if (!point) {
+        TARVIK_ERROR(kLabel, L"Query IConnectionPoint failed.");
+        return E_FAIL;
+    }
+    if (point_) point_->Unadvise(cookie_);
+    point_.Swap(point);
+    return point_->Advise(sink, &cookie_);
+}
+
+}  // namespace tarvik

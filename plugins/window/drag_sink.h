@@ -1,0 +1,44 @@
+#pragma once
+
+#include <windows.h>
+#include <mshtml.h>
+#include <ocidl.h>
+
+#include "base/com_ptr.h"
+#include "script/dispatch.h"
+
+namespace tarvik {
+
+// Hears the mouse presses in a page, and lets the user drag the window by the elements that are marked for
+// it: the nearest one with `dragWindow` decides, and a control never drags.
+class CDragSink : public CDispatchBase {
+  public:
+    CDragSink(HWND window, ComPtr<IHTMLDocument2> document)
+        : window_(window), document_(std::move(document)) {}
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return DISP_E_UNKNOWNINTERFACE;
+    }
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override;
+
+  private:
+    bool IsOverHandle();
+
+    HWND window_;
+    ComPtr<IHTMLDocument2> document_;  // the first one, also when the page is another by now
+};
+
+// Connects a sink to the default events of an element. An earlier connection through `connection` ends first,
+// so that the sink hears each press once.
+class ElementConnection {
+  public:
+    HRESULT ConnectEventToElement(IUnknown* element, IUnknown* sink);
+
+  private:
+    ComPtr<IConnectionPoint> point_;
+    DWORD cookie_ = 0;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,76 @@
+#include "plugins/window/image_region.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+constexpr uint32_t kColor = 0xFFFFFF;
+constexpr uint32_t kWhite = 0xFFFFFF;
+
+// The pixels as 0x__RRGGBB, row by row from the top; none if the system refuses.
+std::vector<uint32_t> PixelsOf(HGDIOBJ picture, SIZE size) {
+    std::vector<uint32_t> pixels(static_cast<size_t>(size.cx) * size.cy);
+    BITMAPINFO format = {};
+    format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
+    const int rows = GetDIBits(context.Get(), static_cast<HBITMAP>(picture), 0, static_cast<UINT>(size.cy),
+                               pixels.data(), &format, DIB_RGB_COLORS);
+    if (rows != size.cy) pixels.clear();
+    return pixels;
+}
+
+// One rectangle for each run of pixels in a row.
+void AddRuns(std::span<const uint32_t> row, LONG y, std::vector<RECT>& runs) {
+    const auto width = static_cast<LONG>(row.size());
+    LONG start = 0;
+    for (LONG x = 0; x <= width; ++x) {
+        if (x < width && (row[x] & kColor) != kWhite) continue;
+        if (start != x) runs.push_back({start, y, x, y + 1});
+        start = x + 1;
+    }
+}
+
+// Together, because adding one rectangle after the other costs more with each.
+UniqueGdi RegionOf(const std::vector<RECT>& rectangles, SIZE bound) {
+    if (rectangles.empty()) return UniqueGdi(CreateRectRgn(0, 0, 0, 0));
+    const DWORD bytes = static_cast<DWORD>(rectangles.size() * sizeof(RECT));
+    std::vector<std::byte> memory(sizeof(RGNDATAHEADER) + bytes);
+    const RGNDATAHEADER header = {sizeof header,
+                                  RDH_RECTANGLES,
+                                  static_cast<DWORD>(rectangles.size()),
+                                  bytes,
+                                  {0, 0, bound.cx, bound.cy}};
+    std::memcpy(memory.data(), &header, sizeof header);
+    std::memcpy(memory.data() + sizeof header, rectangles.data(), bytes);
+    return UniqueGdi(ExtCreateRegion(nullptr, static_cast<DWORD>(memory.size()),
+                                     reinterpret_cast<const RGNDATA*>(memory.data())));
+}
+
+}  // namespace
+
+UniqueGdi LoadPicture(const wchar_t* path) {
+    return UniqueGdi(LoadImageW(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+}
+
+SIZE SizeOf(HGDIOBJ picture) {
+    BITMAP bitmap = {};
+    GetObjectW(picture, sizeof bitmap, &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+UniqueGdi RegionFromImage(HGDIOBJ picture) {
+    const SIZE size = SizeOf(picture);
+    const std::vector<uint32_t> pixels = PixelsOf(picture, size);
+    std::vector<RECT> runs;
+    for (LONG y = 0; y < size.cy && !pixels.empty(); ++y)
+        AddRuns(std::span(pixels).subspan(static_cast<size_t>(y) * size.cx, size.cx), y, runs);
+    return RegionOf(runs, size);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,105 @@
+#include "plugins/window/main_subclass.h"
+
+#include "base/variant.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr UINT kFirstMenuCommand = 2000;
+constexpr UINT kLastMenuCommand = 3000;
+
+}  // namespace
+
+void CMainSubclassWindow::Attach(HWND window, IUnknown* owner) {
+    if (SubclassWindow(window)) owner_ = owner;
+}
+
+void CMainSubclassWindow::OnFinalMessage(HWND) {
+    ComPtr<IUnknown> owner;
+    owner.Swap(owner_);
+}
+
+void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
+    // What is replaced is let go of last: its end may come back here.
+    ComPtr<IDispatch> changed(function);
+    callbacks_[static_cast<size_t>(event)].Swap(changed);
+}
+
+void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
+    ::SetMenu(Window(), menu->GetMenu());
+    menu_.Swap(menu);
+}
+
+// Only a real false refuses; a call that fails does not.
+bool CMainSubclassWindow::Allows(WindowEvent event) {
+    const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
+    if (!function) return true;
+    Variant answer;
+    CallScriptFunction(function.Get(), {}, answer.Receive());
+    return !IsFalse(answer);
+}
+
+// A command with low bits set, as for a double click on the caption, is none of these; that is intended.
+bool CMainSubclassWindow::AllowsCommand(WPARAM command) {
+    switch (command) {
+        case SC_CLOSE:
+            return Allows(WindowEvent::kClose);
+        case SC_MINIMIZE:
+            return Allows(WindowEvent::kMinimize);
+        case SC_MAXIMIZE:
+            return Allows(WindowEvent::kMaximize);
+        case SC_RESTORE:
+            return Allows(WindowEvent::kRestore);
+        default:
+            return true;
+    }
+}
+
+void CMainSubclassWindow::Limit(MINMAXINFO& info) const {
+    const auto limit = [](LONG& size, ULONG limit) {
+        if (limit != TrackLimits::kNone) size = static_cast<LONG>(limit);
+    };
+    limit(info.ptMinTrackSize.x, limits_.minWidth);
+    limit(info.ptMinTrackSize.y, limits_.minHeight);
+    limit(info.ptMaxTrackSize.x, limits_.maxWidth);
+    limit(info.ptMaxTrackSize.y, limits_.maxHeight);
+}
+
+bool CMainSubclassWindow::RunMenuCommand(UINT id) {
+    const ComPtr<TVK::IMenu> menu = menu_;
+    return menu && id >= kFirstMenuCommand && id <= kLastMenuCommand && menu->Exec(id) != 1;
+}
+
+bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    result = 0;
+    switch (message) {
+        case WM_DESTROY:
+            Allows(WindowEvent::kClosed);
+            return false;
+        case WM_SYSCOMMAND:
+            return !AllowsCommand(wParam);
+        case WM_GETMINMAXINFO:
+            Limit(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return true;
+        case WM_NCCALCSIZE:
+            return frameless_;
+        case WM_NCACTIVATE:
+            Allows(wParam ? WindowEvent::kActivate : WindowEvent::kInactivate);
+            return false;
+        case WM_QUERYENDSESSION:
+            Allows(WindowEvent::kShutdown);
+            result = TRUE;
+            return true;
+        case WM_COMMAND:
+            return RunMenuCommand(LOWORD(wParam));
+        case kShowMessage:
+            ShowWindow(Window(), static_cast<int>(lParam));
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+
+#include "atl/window.h"
+#include "base/com_ptr.h"
+#include "host/contract/menu.h"
+
+namespace tarvik {
+
+// What a page can be told of its window. It can refuse the first four.
+enum class WindowEvent { kClose, kMinimize, kMaximize, kRestore, kClosed, kActivate, kInactivate, kShutdown };
+
+// How small and how large the user can make a window, in pixels.
+struct TrackLimits {
+    static constexpr ULONG kNone = 0xFFFFFFFF;
+    ULONG minWidth = kNone;
+    ULONG minHeight = kNone;
+    ULONG maxWidth = kNone;
+    ULONG maxHeight = kNone;
+};
+
+// Private messages, also of other processes.
+inline constexpr UINT kShowMessage = 3024;  // the second parameter is the command for ShowWindow
+inline constexpr UINT kBusMessage = 3025;   // the sender's process id, and the size of what it says in bytes
+
+// The part that a page takes in the messages of its top-level window.
+class CMainSubclassWindow : public CWindowImpl {
+  public:
+    // Keeps the owner alive up to the window's last message, which may end both.
+    void Attach(HWND window, IUnknown* owner);
+
+    TrackLimits& Limits() { return limits_; }
+    void SetFrameless(bool frameless) { frameless_ = frameless; }
+
+    // The function stays until it is replaced, also when its page has gone; then calling it fails, which is
+    // no refusal.
+    void SetCallback(WindowEvent event, IDispatch* function);
+
+    TVK::IMenu* Menu() const { return menu_.Get(); }
+    void SetMenu(ComPtr<TVK::IMenu> menu);
+
+  protected:
+    bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    void OnFinalMessage(HWND) override;
+
+  private:
+    bool Allows(WindowEvent event);
+    bool AllowsCommand(WPARAM command);
+    void Limit(MINMAXINFO& info) const;
+    bool RunMenuCommand(UINT id);
+
+    TrackLimits limits_;
+    bool frameless_ = false;  // the client area covers the whole window
+    ComPtr<TVK::IMenu> menu_;
+    std::array<ComPtr<IDispatch>, 8> callbacks_;
+    ComPtr<IUnknown> owner_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,97 @@
+#include "plugins/window/window_frame.h"
+
+#include <shlwapi.h>
+
+#include "plugins/window/image_region.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr DWORD kFrame = WS_CAPTION | WS_THICKFRAME;
+constexpr COLORREF kUnusualColor = 0x563412;  // one that no page is expected to use
+constexpr UINT kFrameChanged = SWP_NOSIZE | SWP_NOMOVE | SWP_FRAMECHANGED;
+
+}  // namespace
+
+void ChangeWindowStyle(HWND window, DWORD bits, bool on) {
+    const LONG style = GetWindowLongW(window, GWL_STYLE);
+    const auto changed = static_cast<LONG>(bits);
+    SetWindowLongW(window, GWL_STYLE, on ? style | changed : style & ~changed);
+}
+
+HRESULT WindowFrame::SetCaption(bool visible) {
+    if (shaped_) return E_FAIL;
+    ChangeCaption(visible, composition_.IsEnabled() ? Look::kComposed : Look::kPlain);
+    return S_OK;
+}
+
+// A composed window keeps the style of its frame, and with it the shadow and the animations, and covers the
+// frame with its client area.
+void WindowFrame::ChangeCaption(bool visible, Look look) {
+    main_.SetFrameless(look == Look::kComposed && !visible);
+    if (look != Look::kComposed) {
+        ChangeWindowStyle(window_, kFrame, visible);
+        RedrawFrame();
+    }
+    if (look == Look::kShaped) {
+        AddShadow();
+    } else {
+        ExtendFrame(!visible);
+    }
+    caption_ = visible;
+    SetResizable(resizable_);
+    SetWindowPos(window_, nullptr, 0, 0, 0, 0, kFrameChanged);
+}
+
+// A new size is what makes the system compute the frame anew.
+void WindowFrame::RedrawFrame() {
+    RECT place = {};
+    GetWindowRect(window_, &place);
+    const int width = place.right - place.left;
+    const int height = place.bottom - place.top;
+    MoveWindow(window_, place.left, place.top, width, height + 1, FALSE);
+    MoveWindow(window_, place.left, place.top, width, height, TRUE);
+}
+
+void WindowFrame::ExtendFrame(bool hide) {
+    if (composition_.IsEnabled()) {
+        SetWindowLongW(window_, GWL_EXSTYLE, GetWindowLongW(window_, GWL_EXSTYLE) | WS_EX_LAYERED);
+        SetLayeredWindowAttributes(window_, kUnusualColor, 0, LWA_COLORKEY);
+        composition_.ExtendFrame(window_, hide ? 1 : 0);
+    } else if (hide) {
+        AddShadow();
+    }
+}
+
+void WindowFrame::AddShadow() {
+    const ULONG_PTR style = GetClassLongPtrW(window_, GCL_STYLE);
+    SetClassLongPtrW(window_, GCL_STYLE, static_cast<LONG_PTR>(style | CS_DROPSHADOW));
+}
+
+HRESULT WindowFrame::SetResizable(bool resizable) {
+    if (shaped_) return E_FAIL;
+    browser_.SetSizing(!caption_ && resizable);
+    ChangeWindowStyle(window_, WS_THICKFRAME, caption_ && resizable);
+    resizable_ = resizable;
+    return S_OK;
+}
+
+HRESULT WindowFrame::ShapeImage(const wchar_t* path) {
+    if (!PathFileExistsW(path)) return E_INVALIDARG;
+    const UniqueGdi picture = LoadPicture(path);
+    if (!picture) return E_INVALIDARG;
+    if (!shaped_) {
+        ChangeCaption(false, Look::kShaped);
+        SetResizable(false);
+    }
+    const SIZE size = SizeOf(picture.Get());
+    SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+    UniqueGdi region = RegionFromImage(picture.Get());
+    // From now on the region is the system's.
+    if (SetWindowRgn(window_, static_cast<HRGN>(region.Get()), TRUE)) region.Detach();
+    shaped_ = true;
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+
+#include "plugins/window/browser_subclass.h"
+#include "plugins/window/composition.h"
+#include "plugins/window/main_subclass.h"
+
+namespace tarvik {
+
+// The frame of a top-level window: its caption, the means to size it, or a shape in the place of both. A
+// window without a caption is sized by a band along the page's edges. A shape is for good: from then on
+// caption and sizing are refused with E_FAIL.
+class WindowFrame {
+  public:
+    WindowFrame(CMainSubclassWindow& main, CBrowserSubclassWindow& browser,
+                const Composition& composition = Composition::System())
+        : main_(main), browser_(browser), composition_(composition) {}
+
+    void SetWindow(HWND window) { window_ = window; }
+
+    HRESULT SetCaption(bool visible);
+    HRESULT SetResizable(bool resizable);
+
+    // The pixels of a bitmap file that are not exactly white become the window. A further picture replaces
+    // the shape. E_INVALIDARG without a picture.
+    HRESULT ShapeImage(const wchar_t* path);
+    bool IsShaped() const { return shaped_; }
+
+  private:
+    enum class Look { kComposed, kPlain, kShaped };
+
+    void ChangeCaption(bool visible, Look look);
+    void ExtendFrame(bool hide);
+    void AddShadow();
+    void RedrawFrame();
+
+    CMainSubclassWindow& main_;
+    CBrowserSubclassWindow& browser_;
+    const Composition& composition_;
+    HWND window_ = nullptr;
+    bool shaped_ = false;
+    bool resizable_ = true;
+    bool caption_ = true;
+};
+
+// Sets or clears bits of a window's style; the frame shows it when it is next drawn.
+void ChangeWindowStyle(HWND window, DWORD bits, bool on);
+
+}  // namespace tarvik
