@@ -9,6 +9,9 @@ namespace tarvik {
 COLORREF ColourAt(HWND window, POINT point);
 bool WaitForColour(HWND window, COLORREF colour);  // in the middle of it
 
+// Presses the left button at one place of the screen and lets go at another, with moves in between.
+void Drag(POINT from, POINT to);
+
 // Brings the window to the front and clicks into the middle of it.
 void Click(HWND window);
 

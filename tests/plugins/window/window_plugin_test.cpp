@@ -1,69 +1,266 @@
 #include <windows.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "host/web_browser.h"
-#include "tests/support/members.h"
+#include "base/com_object.h"
+#include "base/owners.h"
+#include "host/contract/menu.h"
+#include "plugins/window/main_subclass.h"
+#include "tests/plugins/window/window_fixture.h"
+#include "tests/support/leak_check.h"
 #include "tests/support/recorder.h"
 #include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
 
 namespace tarvik {
 namespace {
 
-// The plug-in of a real browser window.
-class WindowPlugin : public testing::Test {
-  protected:
-    WindowPlugin() {
-        window_ = browser_->CreateHidden(nullptr, folder_.Write(L"page.html", "<html></html>").c_str());
-        browser_->GetPlugin(L"window", plugin_.GetAddressOf());
-    }
-    ~WindowPlugin() override {
-        if (IsWindow(window_)) DestroyWindow(window_);
-        PumpOnce();
-    }
-    void SetUp() override { ASSERT_TRUE(window_ && plugin_); }
+using WindowPlugin = WindowPluginTest;
 
-    const TempFolder folder_;
-    const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
-    HWND window_ = nullptr;
-    ComPtr<IDispatch> plugin_;
-};
+bool operator==(const RECT& place, const std::array<LONG, 4>& sides) {
+    return sides == std::array<LONG, 4>{place.left, place.top, place.right, place.bottom};
+}
 
 TEST_F(WindowPlugin, ShowsHidesAndCloses) {
     IDispatch* const window = plugin_.Get();
     EXPECT_EQ(ValueText(CallMember(window, L"isVisible").value), "BOOL false");
     EXPECT_EQ(ValueText(CallMember(window, L"show", true).value), "BOOL true");
     EXPECT_TRUE(IsWindowVisible(window_));
-    EXPECT_EQ(ValueText(CallMember(window, L"isVisible").value), "BOOL true");
+    EXPECT_EQ(ValueText(CallMember(window, L"isForeWindow").value), "BOOL true");
+    CallMember(window, L"minimize");
+    EXPECT_TRUE(IsIconic(window_));
     CallMember(window, L"show", false);
-    EXPECT_FALSE(IsWindowVisible(window_));
+    EXPECT_EQ(ValueText(CallMember(window, L"isVisible").value), "BOOL false");
     EXPECT_EQ(ValueText(CallMember(window, L"close").value), "BOOL true");
     EXPECT_TRUE(IsWindow(window_)) << "closing is posted";
     EXPECT_TRUE(PumpUntil([this] { return !IsWindow(window_); }));
 }
 
-TEST_F(WindowPlugin, ChangesOneSideAndKeepsTheOther) {
-    SetWindowPos(window_, nullptr, 40, 50, 400, 300, SWP_NOZORDER);
-    EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"width", 520).value), "BOOL true");
-    EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"height", 333).value), "BOOL true");
-    EXPECT_THAT(PutMember(plugin_.Get(), L"width", 0).status, HasStatus(E_INVALIDARG));
-    EXPECT_THAT(PutMember(plugin_.Get(), L"height", 0).status, HasStatus(E_INVALIDARG));
-    RECT rect = {};
-    GetWindowRect(window_, &rect);
-    EXPECT_EQ(rect.left, 40);
-    EXPECT_EQ(rect.top, 50);
-    EXPECT_EQ(rect.right, 560);
-    EXPECT_EQ(rect.bottom, 383);
-    EXPECT_EQ(GetMember(plugin_.Get(), L"width").value.lVal, 520);
-    EXPECT_EQ(GetMember(plugin_.Get(), L"height").value.lVal, 333);
+TEST_F(WindowPlugin, ChangesOneSideAndKeepsTheOthers) {
+    IDispatch* const window = plugin_.Get();
+    EXPECT_EQ(ValueText(CallMember(window, L"setWindowPos", 40, L"50", 400.4, 300).value), "BOOL true");
+    EXPECT_TRUE(Place() == (std::array<LONG, 4>{40, 50, 440, 350}));
+    EXPECT_EQ(ValueText(PutMember(window, L"width", 520).value), "BOOL true");
+    EXPECT_EQ(ValueText(PutMember(window, L"height", 333).value), "BOOL true");
+    EXPECT_EQ(ValueText(PutMember(window, L"left", 0).value), "BOOL true");
+    EXPECT_EQ(ValueText(PutMember(window, L"top", -7).value), "BOOL true");
+    EXPECT_TRUE(Place() == (std::array<LONG, 4>{0, -7, 520, 326}));
+    const std::pair<const wchar_t*, int> sides[] = {
+        {L"width", 520}, {L"height", 333}, {L"left", 0}, {L"top", -7}};
+    for (const auto& [name, value] : sides)
+        EXPECT_EQ(GetMember(window, name).value.lVal, value) << name;
+    for (const auto& [width, height] : {std::pair(0, 100), std::pair(100, 0)})
+        EXPECT_THAT(CallMember(window, L"setWindowPos", 10, 10, width, height).status,
+                    HasStatus(E_INVALIDARG));
+    for (const wchar_t* name : {L"width", L"height"})
+        EXPECT_THAT(PutMember(window, name, 0).status, HasStatus(E_INVALIDARG)) << name;
+    EXPECT_TRUE(Place() == (std::array<LONG, 4>{0, -7, 520, 326}));
+}
+
+TEST_F(WindowPlugin, CentresInTheWorkArea) {
+    RECT area = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    EXPECT_EQ(GetMember(plugin_.Get(), L"workAreaWidth").value.lVal, area.right - area.left);
+    EXPECT_EQ(GetMember(plugin_.Get(), L"workAreaHeight").value.lVal, area.bottom - area.top);
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    const int height = GetSystemMetrics(SM_CYSCREEN);
+    CallMember(plugin_.Get(), L"setWindowPos", 1, 1, 401, 300);
+    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"centerWindow").value), "BOOL true");
+    EXPECT_TRUE(Place() ==
+                (std::array<LONG, 4>{width / 2 - 200, height / 2 - 150, width / 2 + 201, height / 2 + 150}));
+    CallMember(plugin_.Get(), L"setWindowPos", 30, 30, width + 100, height + 100);
+    CallMember(plugin_.Get(), L"centerWindow");
+    EXPECT_EQ(Place().left, area.left) << "one that is too large begins where the work area does";
+    EXPECT_EQ(Place().top, area.top);
 }
 
 TEST_F(WindowPlugin, CutsALongTitle) {
     const std::wstring title(1200, L't');
     PutMember(plugin_.Get(), L"title", title.c_str());
     EXPECT_EQ(SysStringLen(GetMember(plugin_.Get(), L"title").value.bstrVal), 999u);
+}
+
+TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
+    const std::pair<const wchar_t*, LONG> boxes[] = {
+        {L"minimizeBox", WS_MINIMIZEBOX}, {L"maximizeBox", WS_MAXIMIZEBOX}, {L"sysMenu", WS_SYSMENU}};
+    for (const auto& [name, bits] : boxes) {
+        EXPECT_TRUE(HasStyle(bits)) << name;
+        EXPECT_EQ(ValueText(PutMember(plugin_.Get(), name, false).value), "BOOL true") << name;
+        EXPECT_FALSE(HasStyle(bits)) << name;
+        PutMember(plugin_.Get(), name, true);
+        EXPECT_TRUE(HasStyle(bits)) << name;
+        EXPECT_THAT(PutMember(plugin_.Get(), name, 1).status, HasStatus(E_INVALIDARG)) << name;
+    }
+    for (const bool topMost : {true, false}) {
+        PutMember(plugin_.Get(), L"topMost", topMost);
+        EXPECT_EQ((GetWindowLongW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, topMost);
+    }
+}
+
+TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
+    const auto limits = [this] {
+        MINMAXINFO info = {};
+        SendMessageW(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        return std::array<LONG, 4>{info.ptMinTrackSize.x, info.ptMinTrackSize.y, info.ptMaxTrackSize.x,
+                                   info.ptMaxTrackSize.y};
+    };
+    const wchar_t* const names[] = {L"minWidth", L"minHeight", L"maxWidth", L"maxHeight"};
+    EXPECT_EQ(limits(), (std::array<LONG, 4>{0, 0, 0, 0}));
+    for (int i = 0; i < 4; ++i)
+        PutMember(plugin_.Get(), names[i], 500 - 100 * i);
+    EXPECT_EQ(limits(), (std::array<LONG, 4>{500, 400, 300, 200}));
+    for (const wchar_t* name : names) {
+        EXPECT_THAT(PutMember(plugin_.Get(), name, 0).status, HasStatus(E_INVALIDARG)) << name;
+        EXPECT_THAT(PutMember(plugin_.Get(), name, -1).status, HasStatus(S_OK)) << name;
+    }
+    EXPECT_EQ(limits(), (std::array<LONG, 4>{0, 0, 0, 0})) << "-1 is no limit";
+}
+
+TEST_F(WindowPlugin, RefusesWhatIsNoReadOrNoWrite) {
+    const ObjectCheck nothingLeft;
+    for (const wchar_t* name : {L"onClose", L"caption", L"minWidth", L"shapeImage", L"show"})
+        EXPECT_THAT(GetMember(plugin_.Get(), name).status, HasStatus(E_NOTIMPL)) << name;
+    for (const wchar_t* name : {L"workAreaWidth", L"show"})
+        EXPECT_THAT(PutMember(plugin_.Get(), name, 1).status, HasStatus(E_NOTIMPL)) << name;
+    for (const wchar_t* name : {L"onClose", L"onShutdown", L"menu", L"caption"})
+        EXPECT_THAT(PutMember(plugin_.Get(), name, nullptr).status, HasStatus(E_INVALIDARG)) << name;
+    EXPECT_THAT(InvokeMember(plugin_.Get(), L"width", DISPATCH_PROPERTYPUT, {}).status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(CallMember(plugin_.Get(), L"width").status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(CallMember(plugin_.Get(), L"quit", L"1").status, HasStatus(E_INVALIDARG));
+}
+
+TEST_F(WindowPlugin, ShowsProgressInTheTaskBar) {
+    const bool has = CallMember(plugin_.Get(), L"isSupportTaskbarProgress").value.boolVal == VARIANT_TRUE;
+    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 10).value), "BOOL true");
+    EXPECT_THAT(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 0).status, HasStatus(E_INVALIDARG));
+    for (const wchar_t* state : {L"none", L"CYCLE", L"normal", L"error", L"pause"})
+        EXPECT_EQ(CallMember(plugin_.Get(), L"setTaskbarProgressState", state).value.boolVal == VARIANT_TRUE,
+                  has)
+            << state;
+    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"setTaskbarProgressState", L"busy").value), "BOOL false");
+}
+
+// A menu with a native one behind it, that answers commands up to a number.
+class FakeMenu : public ComObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
+  public:
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
+    STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
+    STDMETHODIMP_(int) Exec(UINT id) override {
+        commands.push_back(id);
+        return id == 2999 ? 1 : 0;
+    }
+
+    std::vector<UINT> commands;
+
+  private:
+    UniqueMenu menu_{CreateMenu()};
+};
+
+TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
+    EXPECT_EQ(ValueText(GetMember(plugin_.Get(), L"menu").value), "DISPATCH null");
+    const auto first = MakeCom<FakeMenu>();
+    const auto second = MakeCom<FakeMenu>();
+    for (const auto& menu : {first, second})
+        PutMember(plugin_.Get(), L"menu", ToVariant(static_cast<IDispatch*>(menu.Get())));
+    EXPECT_EQ(::GetMenu(window_), second->GetMenu());
+    EXPECT_THAT(PutMember(plugin_.Get(), L"menu", MakeCom<Recorder>()).status, HasStatus(S_OK));
+    EXPECT_EQ(GetMember(plugin_.Get(), L"menu").value.pdispVal, second.Get()) << "what is no menu is none";
+    for (const UINT id : {1999u, 2000u, 2999u, 3000u, 3001u})
+        SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
+    EXPECT_THAT(second->commands, testing::ElementsAre(2000, 2999, 3000));
+    EXPECT_TRUE(first->commands.empty());
+}
+
+// A page's functions for the events of its window, each with an answer.
+class WindowEvents : public WindowPluginTest {
+  protected:
+    static constexpr const wchar_t* kNames[] = {L"onClose",  L"onMinimize", L"onMaximize",   L"onRestore",
+                                                L"onClosed", L"onActivate", L"onInactivate", L"onShutdown"};
+
+    void AnswerAll(const Variant& answer) {
+        for (const wchar_t* name : kNames) {
+            const auto note = [this, name, &answer](const Recorder::Record& call) {
+                EXPECT_TRUE(call.arguments.empty());
+                called_ += std::wstring(name) + L' ';
+                return Variant::Copy(answer);
+            };
+            PutMember(plugin_.Get(), name, MakeCom<Recorder>(note));
+        }
+    }
+    // What was called for a message, and whether the window dealt with it as usual.
+    std::wstring After(UINT message, WPARAM wParam, LRESULT expected = 0) {
+        called_.clear();
+        EXPECT_EQ(SendMessageW(window_, message, wParam, 0), expected);
+        return std::move(called_);
+    }
+
+    std::wstring called_;
+};
+
+TEST_F(WindowEvents, RefuseByARealFalseOnly) {
+    CallMember(plugin_.Get(), L"show", true);
+    const Variant refusal = Variant::Bool(false);
+    AnswerAll(refusal);
+    EXPECT_EQ(After(WM_SYSCOMMAND, SC_MINIMIZE), L"onMinimize ");
+    EXPECT_FALSE(IsIconic(window_));
+    EXPECT_EQ(After(WM_SYSCOMMAND, SC_MAXIMIZE), L"onMaximize ");
+    EXPECT_FALSE(IsZoomed(window_));
+    EXPECT_EQ(After(WM_SYSCOMMAND, SC_CLOSE), L"onClose ");
+    EXPECT_TRUE(IsWindow(window_));
+    EXPECT_EQ(After(WM_QUERYENDSESSION, 0, TRUE), L"onShutdown ") << "nobody refuses that";
+    EXPECT_EQ(After(WM_NCACTIVATE, FALSE, TRUE), L"onInactivate ") << "nor that";
+    EXPECT_EQ(After(WM_NCACTIVATE, TRUE, TRUE), L"onActivate ");
+    const Variant answers[] = {Variant(), Variant::I4(0), Variant::Text(L"")};
+    for (const Variant& answer : answers) {
+        AnswerAll(answer);
+        After(WM_SYSCOMMAND, SC_MAXIMIZE);
+        EXPECT_TRUE(IsZoomed(window_));
+        EXPECT_EQ(After(WM_SYSCOMMAND, SC_RESTORE), L"onRestore ");
+        EXPECT_FALSE(IsZoomed(window_));
+    }
+    AnswerAll(refusal);
+    After(WM_SYSCOMMAND, SC_MAXIMIZE | HTCAPTION);
+    EXPECT_TRUE(IsZoomed(window_)) << "a double click on the caption is another command";
+    EXPECT_EQ(After(WM_CLOSE, 0), L"onInactivate onClosed ") << "and so is being closed";
+    EXPECT_FALSE(IsWindow(window_));
+}
+
+TEST_F(WindowEvents, MayChangeTheirOwnFunctions) {
+    const auto last = MakeCom<Recorder>();
+    const auto first = MakeCom<Recorder>([&](const Recorder::Record&) {
+        PutMember(plugin_.Get(), L"onMinimize", last);
+        return Variant::Bool(false);
+    });
+    PutMember(plugin_.Get(), L"onMinimize", first);
+    for (int i = 0; i < 2; ++i)
+        SendMessageW(window_, WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    EXPECT_EQ(first->calls.size(), 1u);
+    EXPECT_EQ(last->calls.size(), 1u);
+    PutMember(plugin_.Get(), L"onMinimize", static_cast<IDispatch*>(nullptr));
+    SendMessageW(window_, WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    EXPECT_EQ(last->calls.size(), 1u) << "a null reference takes the function away";
+}
+
+TEST_F(WindowEvents, MayCloseTheWindow) {
+    const long before = liveComObjects;
+    PutMember(plugin_.Get(), L"onClose", MakeCom<Recorder>([this](const Recorder::Record&) {
+                  DestroyWindow(window_);
+                  return Variant();
+              }));
+    plugin_.Reset();
+    SendMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
+    EXPECT_FALSE(IsWindow(window_));
+    EXPECT_LT(liveComObjects, before) << "the plug-in goes with its window";
+}
+
+TEST_F(WindowPlugin, ShowsItselfWhenAskedFromOutside) {
+    EXPECT_EQ(SendMessageW(window_, kShowMessage, 0, SW_SHOWNORMAL), 0);
+    EXPECT_TRUE(IsWindowVisible(window_));
 }
 
 }  // namespace

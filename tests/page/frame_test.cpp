@@ -1,0 +1,133 @@
+// The window of a page under the hands of a person: dragged, sized and closed by the mouse.
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+
+#include "tests/page/desk.h"
+#include "tests/page/program.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+class WindowFrameOnDesk : public testing::Test {
+  protected:
+    // A page of three strips of 60 pixels each that are a handle, none, and a field inside of a handle.
+    void Open(const std::string& script) {
+        program_.Folder().Write(
+            L"work\\resource\\index.html",
+            "<!doctype html><body style='margin:0'>"
+            "<div dragWindow=true style='height:60px;background:#0a0'>drag</div>"
+            "<div style='height:60px'>stay</div>"
+            "<div dragWindow=true style='height:60px'><input style='width:200px;height:50px'></div>"
+            "<script>var w = external.window; w.title = 'Desk';"
+            "w.setWindowPos(200, 150, 400, 300);" +
+                script + "w.show(true); window.onload = function () { console.log('ready'); };</script>");
+        program_.Start();
+        window_ = program_.WindowTitled(L"Desk");
+        ASSERT_TRUE(window_);
+        ASSERT_TRUE(program_.WaitForLine("ready"));
+        // The strip has its colour when the page is on the screen.
+        ASSERT_TRUE(WaitFor([&] {
+            return ColourAt(Program::PageArea(window_), {300, 30}) == RGB(0, 0xaa, 0);
+        }));
+    }
+    RECT Place() const {
+        RECT rect = {};
+        GetWindowRect(window_, &rect);
+        return rect;
+    }
+    POINT InPage(LONG x, LONG y) const {
+        POINT point = {x, y};
+        ClientToScreen(Program::PageArea(window_), &point);
+        return point;
+    }
+    std::array<LONG, 4> Sides() const {
+        const RECT place = Place();
+        return {place.left, place.top, place.right - place.left, place.bottom - place.top};
+    }
+    // Drags by so much from a place of the page, and once more if a busy machine lost the press.
+    void DragAndExpect(POINT from, LONG x, LONG y, std::array<LONG, 4> expected) {
+        const auto before = Sides();
+        for (int tries = 0; tries < 3 && Sides() == before; ++tries) {
+            Drag(from, {from.x + x, from.y + y});
+            WaitFor([&] { return Sides() == expected; }, 1500);
+        }
+        EXPECT_EQ(Sides(), expected);
+    }
+    // Presses the box of the caption that is so many boxes away from its right end, until the page hears of
+    // it.
+    bool PressBox(int box, std::string_view line) {
+        const int width = GetSystemMetrics(SM_CXSIZE);
+        for (int tries = 0; tries < 3 && window_; ++tries) {
+            const RECT place = Place();
+            const POINT point = {
+                place.right - GetSystemMetrics(SM_CXFRAME) - width * box - width / 2 - 2 * (box > 0),
+                place.top + GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2};
+            Drag(point, point);
+            if (WaitFor([&] { return std::ranges::count(program_.Lines(), line) > 0; }, 3000)) return true;
+        }
+        return false;
+    }
+
+    Program program_;
+    HWND window_ = nullptr;
+};
+
+TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
+    Open("w.caption = false;");
+    DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
+    DragAndExpect(InPage(100, 90), 50, 40, {250, 190, 400, 300});
+    DragAndExpect(InPage(100, 150), 50, 40, {250, 190, 400, 300});
+    DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(WindowFrameOnDesk, MovesOnceAPressAfterANavigation) {
+    Open(
+        "w.caption = false; window.addEventListener('load', function () { setTimeout(function () {"
+        "if (location.search) console.log('again'); else location.href += '?again'; }, 200); });");
+    ASSERT_TRUE(program_.WaitForLine("again"));
+    DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
+    Drag({700, 500}, {600, 400});
+    EXPECT_EQ(Place().left, 250) << "let go of at the end of the press";
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(WindowFrameOnDesk, IsSizedByItsBand) {
+    Open("w.caption = false; w.minWidth = 350;");
+    DragAndExpect(InPage(397, 297), 60, 30, {200, 150, 460, 330});
+    DragAndExpect(InPage(2, 150), -20, 0, {180, 150, 480, 330});
+    DragAndExpect(InPage(477, 150), -200, 0, {180, 150, 350, 330});
+    DragAndExpect(InPage(150, 2), 0, 50, {180, 200, 350, 280});
+    EXPECT_EQ(program_.Quit(3), 3u);
+}
+
+TEST_F(WindowFrameOnDesk, ClosesWhenItsPageLetsIt) {
+    Open(
+        "var n = 0; w.onClose = function () { console.log('close ' + ++n); return n > 1; };"
+        "w.onClosed = function () { console.log('closed'); w.quit(7); };"
+        "w.onMinimize = function () { console.log('min'); return false; };"
+        "w.onMaximize = function () { console.log('max'); return false; };");
+    EXPECT_TRUE(PressBox(0, "close 1"));
+    EXPECT_TRUE(PressBox(1, "max"));
+    EXPECT_TRUE(PressBox(2, "min"));
+    EXPECT_FALSE(IsIconic(window_) || IsZoomed(window_));
+    EXPECT_TRUE(PressBox(0, "closed"));
+    EXPECT_EQ(program_.Wait(), 7u);
+    EXPECT_THAT(program_.Lines(), ElementsAre("ready", "close 1", "max", "min", "close 2", "closed"));
+}
+
+TEST_F(WindowFrameOnDesk, IsClosedByItsPageWithoutBeingAsked) {
+    Open(
+        "w.onClose = function () { console.log('asked'); return false; };"
+        "w.onClosed = function () { w.quit(9); }; setTimeout(function () { w.close(); }, 200);");
+    EXPECT_EQ(program_.Wait(), 9u);
+    EXPECT_THAT(program_.Lines(), ElementsAre("ready"));
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,226 @@
+#include "plugins/window/window_frame.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <random>
+#include <vector>
+
+#include "plugins/window/image_region.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+
+class FakeComposition : public Composition {
+  public:
+    bool IsEnabled() const override { return enabled; }
+    void ExtendFrame(HWND, int margin) const override { margins.push_back(margin); }
+
+    bool enabled = false;
+    mutable std::vector<int> margins;
+};
+
+constexpr LONG kBorder = WS_CAPTION | WS_THICKFRAME;
+
+// A top-level window with another one in it, in the place of a page.
+class Frame : public testing::Test {
+  protected:
+    Frame() {
+        main_.Attach(window_.Get(), nullptr);
+        server_.Attach(page_, window_.Get());
+        frame_.SetWindow(window_.Get());
+    }
+
+    LONG Border() const { return GetWindowLongW(window_.Get(), GWL_STYLE) & kBorder; }
+    RECT Place() const {
+        RECT rect = {};
+        GetWindowRect(window_.Get(), &rect);
+        return rect;
+    }
+    bool CoversWindow() const {
+        RECT client = {};
+        GetClientRect(window_.Get(), &client);
+        const RECT place = Place();
+        return client.right == place.right - place.left && client.bottom == place.bottom - place.top;
+    }
+    // At the left edge of the page, halfway down.
+    LRESULT HitAtEdge() const {
+        RECT page = {};
+        GetWindowRect(page_, &page);
+        return SendMessageW(page_, WM_NCHITTEST, 0, MAKELPARAM(page.left + 3, (page.top + page.bottom) / 2));
+    }
+    // A bitmap file of 24-bit pixels, 0x__RRGGBB, from the top.
+    std::wstring WriteBitmap(const std::vector<uint32_t>& pixels, LONG width) const {
+        const LONG height = static_cast<LONG>(pixels.size()) / width;
+        const LONG stride = (width * 3 + 3) & ~3;
+        BITMAPFILEHEADER file = {};
+        file.bfType = 0x4D42;
+        file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
+        file.bfSize = file.bfOffBits + stride * height;
+        BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+        std::string bytes(reinterpret_cast<const char*>(&file), sizeof file);
+        bytes.append(reinterpret_cast<const char*>(&info), sizeof info);
+        for (LONG y = height - 1; y >= 0; --y) {
+            for (LONG x = 0; x < width; ++x)
+                bytes.append(reinterpret_cast<const char*>(&pixels[y * width + x]), 3);
+            bytes.resize(bytes.size() + stride - width * 3);
+        }
+        return folder_.Write(L"shape.bmp", bytes);
+    }
+
+    const TempFolder folder_;
+    FakeComposition composition_;
+    CMainSubclassWindow main_;
+    CBrowserSubclassWindow server_;
+    const UniqueWindow window_{CreateWindowExW(0, L"STATIC", nullptr, WS_OVERLAPPEDWINDOW, 100, 80, 300, 200,
+                                               nullptr, nullptr, nullptr, nullptr)};
+    const HWND page_ = CreateWindowExW(0, L"STATIC", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 290, 190,
+                                       window_.Get(), nullptr, nullptr, nullptr);
+    WindowFrame frame_{main_, server_, composition_};
+};
+
+TEST_F(Frame, WithoutCompositionLosesTheBitsOfItsStyle) {
+    frame_.SetCaption(false);
+    EXPECT_EQ(Border(), 0);
+    EXPECT_TRUE(CoversWindow());
+    EXPECT_EQ(Place().right - Place().left, 300);
+    EXPECT_TRUE(GetClassLongW(window_.Get(), GCL_STYLE) & CS_DROPSHADOW);
+    EXPECT_EQ(HitAtEdge(), HTLEFT);
+    frame_.SetCaption(true);
+    EXPECT_EQ(Border(), kBorder);
+    EXPECT_FALSE(CoversWindow());
+    EXPECT_NE(HitAtEdge(), HTLEFT) << "the frame sizes the window";
+    EXPECT_THAT(composition_.margins, ElementsAre());
+}
+
+TEST_F(Frame, WithCompositionKeepsTheCaptionUnderItsClientArea) {
+    composition_.enabled = true;
+    frame_.SetCaption(false);
+    EXPECT_EQ(Border(), WS_CAPTION);
+    EXPECT_TRUE(CoversWindow());
+    COLORREF key = 0;
+    DWORD flags = 0;
+    EXPECT_TRUE(GetLayeredWindowAttributes(window_.Get(), &key, nullptr, &flags));
+    EXPECT_EQ(key, 0x563412u);
+    EXPECT_EQ(flags, static_cast<DWORD>(LWA_COLORKEY));
+    EXPECT_EQ(HitAtEdge(), HTLEFT);
+    frame_.SetCaption(true);
+    EXPECT_EQ(Border(), kBorder);
+    EXPECT_FALSE(CoversWindow());
+    EXPECT_THAT(composition_.margins, ElementsAre(1, 0));
+}
+
+TEST_F(Frame, KeepsWhetherItCanBeSized) {
+    frame_.SetResizable(false);
+    EXPECT_EQ(Border(), WS_CAPTION);
+    frame_.SetCaption(false);
+    EXPECT_NE(HitAtEdge(), HTLEFT);
+    frame_.SetResizable(true);
+    EXPECT_EQ(HitAtEdge(), HTLEFT);
+    EXPECT_EQ(Border(), 0);
+    frame_.SetCaption(true);
+    EXPECT_EQ(Border(), kBorder);
+}
+
+TEST_F(Frame, SizesTheWindowFromTheBand) {
+    constexpr RECT kClient = {0, 0, 100, 60};
+    // What a point's distances from the sides say: x and y each in the near band, between, or in the far one.
+    constexpr LRESULT kCodes[3][3] = {
+        {HTTOPLEFT, HTTOP, HTTOPRIGHT}, {HTLEFT, 0, HTRIGHT}, {HTBOTTOMLEFT, HTBOTTOM, HTBOTTOMRIGHT}};
+    const auto part = [](LONG at, LONG size) { return at <= 6 ? 0 : at >= size - 6 ? 2 : 1; };
+    for (LONG y = 0; y < kClient.bottom; ++y) {
+        for (LONG x = 0; x < kClient.right; ++x)
+            ASSERT_EQ(HitCode(kClient, {x, y}), kCodes[part(y, 60)][part(x, 100)]) << x << ' ' << y;
+    }
+    frame_.SetCaption(false);
+    RECT page = {};
+    GetWindowRect(page_, &page);
+    const LPARAM points[] = {MAKELPARAM(page.left, page.top + 50),
+                             MAKELPARAM(page.right - 1, page.bottom - 1),
+                             MAKELPARAM(page.left + 50, page.top + 50)};
+    for (const LPARAM point : points)
+        SendMessageW(page_, WM_NCLBUTTONDOWN, 0, point);
+    std::vector<std::pair<WPARAM, LPARAM>> commands;
+    for (MSG message; PeekMessageW(&message, window_.Get(), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_REMOVE);)
+        commands.push_back({message.wParam, message.lParam});
+    EXPECT_THAT(commands, ElementsAre(std::pair(0xF001, points[0]), std::pair(0xF008, points[1]),
+                                      std::pair(0xF000, points[2])));
+}
+
+// The rule once more, pixel by pixel as the system reads them.
+std::vector<RECT> RunsBySystem(HGDIOBJ picture) {
+    const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
+    const HGDIOBJ before = SelectObject(context.Get(), picture);
+    const SIZE size = SizeOf(picture);
+    std::vector<RECT> runs;
+    for (LONG y = 0; y < size.cy; ++y) {
+        LONG start = 0;
+        for (LONG x = 0; x <= size.cx; ++x) {
+            if (x < size.cx && GetPixel(context.Get(), x, y) != 0xFFFFFF) continue;
+            if (x > start) runs.push_back({start, y, x, y + 1});
+            start = x + 1;
+        }
+    }
+    SelectObject(context.Get(), before);
+    return runs;
+}
+
+TEST_F(Frame, TakesTheShapeOfWhatIsNotWhite) {
+    std::mt19937 random(1);
+    constexpr uint32_t kPixels[] = {0xFFFFFF, 0xFFFFFF, 0xFFFFFE, 0x00FFFFFF & ~0x10000u, 0, 0x123456};
+    for (const LONG width : {1, 2, 7, 64}) {
+        std::vector<uint32_t> pixels(static_cast<size_t>(width) * 31);
+        for (uint32_t& pixel : pixels)
+            pixel = kPixels[random() % std::size(kPixels)];
+        const UniqueGdi picture = LoadPicture(WriteBitmap(pixels, width).c_str());
+        ASSERT_TRUE(picture);
+        const UniqueGdi expected(CreateRectRgn(0, 0, 0, 0));
+        for (const RECT& run : RunsBySystem(picture.Get())) {
+            const UniqueGdi one(CreateRectRgnIndirect(&run));
+            CombineRgn(static_cast<HRGN>(expected.Get()), static_cast<HRGN>(expected.Get()),
+                       static_cast<HRGN>(one.Get()), RGN_OR);
+        }
+        const UniqueGdi region = RegionFromImage(picture.Get());
+        EXPECT_TRUE(EqualRgn(static_cast<HRGN>(region.Get()), static_cast<HRGN>(expected.Get()))) << width;
+    }
+}
+
+TEST_F(Frame, StaysShapedForGood) {
+    EXPECT_THAT(frame_.ShapeImage((folder_ / L"missing.bmp").c_str()), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(frame_.ShapeImage(folder_.Write(L"text.bmp", "no picture").c_str()), HasStatus(E_INVALIDARG));
+    EXPECT_FALSE(frame_.IsShaped());
+    EXPECT_EQ(Border(), kBorder);
+    composition_.enabled = true;
+    for (const LONG size : {60, 40}) {
+        const Holdings before = Holdings::Now();
+        std::vector<uint32_t> pixels(static_cast<size_t>(size) * size, 0);
+        pixels[0] = 0xFFFFFF;
+        EXPECT_THAT(frame_.ShapeImage(WriteBitmap(pixels, size).c_str()), HasStatus(S_OK));
+        EXPECT_TRUE(frame_.IsShaped());
+        EXPECT_EQ(Border(), 0);
+        EXPECT_EQ(Place().right - Place().left, size);
+        const UniqueGdi region(CreateRectRgn(0, 0, 0, 0));
+        EXPECT_EQ(GetWindowRgn(window_.Get(), static_cast<HRGN>(region.Get())), COMPLEXREGION);
+        EXPECT_FALSE(PtInRegion(static_cast<HRGN>(region.Get()), 0, 0));
+        EXPECT_TRUE(PtInRegion(static_cast<HRGN>(region.Get()), 1, 0));
+        EXPECT_NE(HitAtEdge(), HTLEFT);
+    }
+    EXPECT_THAT(frame_.SetCaption(true), HasStatus(E_FAIL));
+    EXPECT_THAT(frame_.SetResizable(true), HasStatus(E_FAIL));
+    EXPECT_EQ(Border(), 0);
+    EXPECT_THAT(composition_.margins, ElementsAre());
+    const std::vector<uint32_t> white(100, 0xFFFFFF);
+    frame_.ShapeImage(WriteBitmap(white, 10).c_str());
+    const UniqueGdi region(CreateRectRgn(0, 0, 0, 0));
+    EXPECT_EQ(GetWindowRgn(window_.Get(), static_cast<HRGN>(region.Get())), NULLREGION);
+}
+
+}  // namespace
+}  // namespace tarvik
