@@ -1,16 +1,11 @@
 #include "base/walk_folder.h"
 
-#include <gtest/gtest.h>
-
 #include "base/shell_delete.h"
-#include "base/text.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
 
-using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
 // A walk's entries as "path below the folder:size", folders with a slash.

@@ -2,12 +2,8 @@
 
 #include "host/browser_host.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "host/accelerators.h"
-#include "tests/support/members.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

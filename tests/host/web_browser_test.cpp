@@ -3,17 +3,10 @@
 #include "host/web_browser.h"
 
 #include <exdispid.h>
-#include <gtest/gtest.h>
 
 #include "atl/ax_window.h"
-#include "base/bstr.h"
-#include "base/variant.h"
 #include "tests/support/control_class.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/members.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

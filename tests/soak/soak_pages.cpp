@@ -20,6 +20,7 @@
 #include "tests/soak/course.h"
 #include "tests/soak/engine_census.h"
 #include "tests/soak/soak_plugin.h"
+#include "tests/support/screen.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
 
@@ -103,15 +104,7 @@ class Window {
     }
 
     // By the window's own picture: other windows may lie above.
-    bool IsPainted() const {
-        HWND page = window_;
-        while (const HWND child = GetWindow(page, GW_CHILD))
-            page = child;
-        const HDC picture = GetDC(page);
-        const COLORREF colour = GetPixel(picture, kPlace.x, kPlace.y);
-        ReleaseDC(page, picture);
-        return colour == kPaper;
-    }
+    bool IsPainted() const { return PixelOf(InnermostWindow(window_), kPlace) == kPaper; }
 
   private:
     ComPtr<CWebBrowser> browser_;

@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include "base/text.h"
 #include "script/properties.h"
 
 namespace tarvik {

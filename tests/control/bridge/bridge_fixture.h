@@ -1,13 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "control/bridge/script_bridge.h"
 #include "script/dispatch.h"
-#include "tests/support/recorder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 

@@ -1,13 +1,12 @@
 #include "control/view/frame_decoder.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <optional>
-#include <string>
+
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

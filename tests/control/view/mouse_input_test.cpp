@@ -1,6 +1,5 @@
 #include "control/view/mouse_input.h"
 
-#include "base/owners.h"
 #include "control/view/click_counter.h"
 #include "tests/control/view/input_fixture.h"
 

@@ -1,20 +1,11 @@
 #include "plugins/console/console_plugin.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "script/object.h"
 #include "script/properties.h"
-#include "tests/support/debug_channel.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class Console : public testing::Test {
   protected:

@@ -1,13 +1,7 @@
 #include "plugins/hash/hash_plugin.h"
 
-#include <gtest/gtest.h>
-
 #include "script/properties.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/script_bench.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -89,15 +83,6 @@ TEST_F(Hash, AnswersWrongCalls) {
     for (const DISPID id : {-6999, -6998, -6997})
         EXPECT_THAT(withoutResult(plugin_.Get(), id), HasStatus(E_NOTIMPL));
     EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"md5", 1, L"ignored").value), "DISPATCH");
-}
-
-TEST_F(Hash, IsChainedByScript) {
-    ScriptBench bench(plugin_.Get());
-    EXPECT_EQ(ValueText(bench.Evaluate(L"external.md5().addData('a').addData('bc').finish()")),
-              "BSTR 900150983CD24FB0D6963F7D28E17F72");
-    EXPECT_EQ(ValueText(bench.Evaluate(L"(function () { try { external.sha1().addData(5); } "
-                                       L"catch (e) { return e.number >>> 0; } })()")),
-              "R8 2147500037.000000");
 }
 
 }  // namespace

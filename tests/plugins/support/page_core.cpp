@@ -2,7 +2,6 @@
 
 #include <exdisp.h>
 
-#include "base/bstr.h"
 #include "base/status.h"
 #include "host/page_address.h"
 #include "host/registry/plugin_registry.h"

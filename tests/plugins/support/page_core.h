@@ -1,14 +1,7 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "base/com_object.h"
-#include "base/com_ptr.h"
 #include "host/contract/plugin.h"
-#include "tests/support/members.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 

@@ -1,10 +1,7 @@
 #include "plugins/zip/archive_finder.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
