@@ -33,16 +33,6 @@ class FolderWalk : public testing::Test {
     size_t stopAfter_ = 0;
 };
 
-TEST_F(FolderWalk, ReportsOneLevelUnlessItIsRecursive) {
-    EXPECT_THAT(Walk(nullptr, false), HasStatus(S_FALSE));
-    EXPECT_THAT(seen_, UnorderedElementsAre("A.TXT:1", "b.txt:5", "inner/0", "inner.txt/0"));
-}
-
-TEST_F(FolderWalk, ReportsFoldersAfterTheirContents) {
-    Walk(L"\\\\inner!\\.", true);
-    EXPECT_THAT(seen_, ElementsAre("inner\\deep\\c.txt:3", "inner\\deep/0", "inner/0"));
-}
-
 TEST_F(FolderWalk, FiltersWholePathsWithTheCaseOfLetters) {
     Walk(L"\\.txt$", true);
     EXPECT_THAT(seen_, UnorderedElementsAre("b.txt:5", "inner\\deep\\c.txt:3", "inner.txt/0"));

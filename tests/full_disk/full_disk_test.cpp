@@ -26,10 +26,6 @@ fs::path SmallDisk() {
     return path ? path : L"";
 }
 
-std::string FailText(HRESULT status) {
-    return "fail: I4 " + std::to_string(status) + ", EMPTY";
-}
-
 const HRESULT kDiskFull = HRESULT_FROM_WIN32(ERROR_DISK_FULL);
 
 class FullDisk : public testing::Test {

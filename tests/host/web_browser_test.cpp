@@ -48,20 +48,6 @@ TEST_F(BrowserWindow, HoldsAControlThatFillsIt) {
     EXPECT_FALSE(browser->GetWindowHandle());
 }
 
-TEST_F(BrowserWindow, LeavesNothingBehind) {
-    Holdings before;
-    for (int i = 0; i < 30; ++i) {
-        if (i == 5) before = Holdings::Now();  // what the system makes once and keeps is there
-        const auto browser = MakeCom<CWebBrowser>();
-        const HWND window = browser->CreateHidden(nullptr, page_.c_str());
-        ASSERT_TRUE(window);
-        PumpOnce();
-        DestroyWindow(window);
-        PumpOnce();
-    }
-    EXPECT_EQ(Holdings::Now().GrownSince(before), "");
-}
-
 TEST_F(BrowserWindow, IsNotMadeWithoutItsPageOrAControl) {
     const ObjectCheck nothingLeft;
     EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, (folder_ / L"none.html").c_str()));

@@ -77,10 +77,8 @@ class AsyncRun : public testing::Test {
     }
 
     static bool Start(IDispatch* plugin, IDispatch* options) {
-        return StartTask(options, [plugin](const Options& given) {
-            if (given.Flag(L"refuse")) throw StatusError(E_INVALIDARG);
-            return std::make_unique<TestTask>(plugin, given);
-        });
+        return StartTask(
+            options, [plugin](const Options& given) { return std::make_unique<TestTask>(plugin, given); });
     }
 
     // Until the worker has let go of everything: then the plug-in is held here alone.
@@ -117,18 +115,6 @@ TEST_F(AsyncRun, EndsInOneFailure) {
     EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_OUTOFMEMORY) + ", EMPTY",
                                             "I4 " + std::to_string(E_NOINTERFACE) + ", I4 7"));
     EXPECT_THAT(success_->Texts(), IsEmpty());
-}
-
-TEST_F(AsyncRun, EndsInSilenceAfterACancel) {
-    Run(AllCallbacks().Set(L"status", static_cast<int>(E_ABORT)));
-    EXPECT_EQ(progress_->calls.size(), 1u);
-    EXPECT_TRUE(success_->calls.empty() && fail_->calls.empty());
-}
-
-TEST_F(AsyncRun, TellsAtOnceWhyItDidNotStart) {
-    EXPECT_FALSE(Start(nullptr, AllCallbacks().Set(L"refuse", true).Set(L"context", 7)));
-    EXPECT_THAT(fail_->Texts(), ElementsAre("I4 " + std::to_string(E_INVALIDARG) + ", I4 7"));
-    EXPECT_THROW(Start(nullptr, nullptr), StatusError) << "no options at all";
 }
 
 TEST_F(AsyncRun, TakesWhatIsNoFunctionAsAbsent) {

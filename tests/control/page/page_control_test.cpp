@@ -127,13 +127,6 @@ TEST_F(Control, IsAWindowInsideAWindowLikeTheSystems) {
     EXPECT_EQ(ClassOf(outer), L"Shell Embedding");
     EXPECT_EQ(ClassOf(GetWindow(outer, GW_CHILD)), L"Shell DocObject View");
     EXPECT_EQ(ClassOf(Server()), L"Internet Explorer_Server");
-    SetWindowPos(window_, nullptr, 0, 0, 431, 287, SWP_NOMOVE | SWP_NOZORDER);
-    RECT client = {}, server = {};
-    GetClientRect(window_, &client);
-    GetClientRect(Server(), &server);
-    EXPECT_EQ(server.right, client.right);
-    EXPECT_EQ(server.bottom, client.bottom);
-    EXPECT_TRUE(PumpUntil([&] { return Evaluate(L"innerWidth").lVal == client.right; }));
     // By name, as late-bound callers ask.
     EXPECT_EQ(ValueText(ReadScriptProperty(browser_.Get(), L"LocationName")), "BSTR A title");
     const Variant document = ReadScriptProperty(browser_.Get(), L"Document");

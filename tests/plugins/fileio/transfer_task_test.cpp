@@ -87,14 +87,6 @@ TEST_F(Transfer, KeepsToItsOwnFile) {
     EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kPiece);
 }
 
-TEST_F(Transfer, GoesOnWithoutTheObject) {
-    Call(L"open", folder_.Write(L"file", "content").c_str(), L"r");
-    const auto success = MakeCom<Recorder>();
-    Call(L"readAsync", static_cast<IDispatch*>(Options(7).Set(L"success", success)));
-    plugin_.Reset();
-    EXPECT_TRUE(PumpUntil([&] { return success->calls.size() == 1; }));
-}
-
 TEST_F(Transfer, RefusesAtOnceWhatItCannotStart) {
     const std::pair<const wchar_t*, OptionObject> wrong[] = {
         {L"readAsync", Options(0)},
