@@ -10,6 +10,7 @@
 #include "control/page/register.h"
 #include "host/registry/plugin_library.h"
 #include "host/web_browser.h"
+#include "script/worker_apartment.h"
 
 namespace tarvik {
 
@@ -31,6 +32,7 @@ void ChooseFolder(const CCommandLine& commandLine, std::wstring& unpackFolder) {
 int RunApplication(HINSTANCE instance) {
     appModule.Init(instance);
     const PageControlClass pageControl;
+    const WorkerApartment workers;
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
     auto first = MakeCom<CWebBrowser>();

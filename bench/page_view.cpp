@@ -2,8 +2,6 @@
 // its colour with each click. It drives the real window with real input, and so wants the desktop to itself.
 
 #include <windows.h>
-#include <exdisp.h>
-#include <mshtml.h>
 
 #include <algorithm>
 #include <chrono>
@@ -21,6 +19,7 @@
 #include "host/registry/plugin_base.h"
 #include "host/web_browser.h"
 #include "script/properties.h"
+#include "tests/support/screen.h"
 
 namespace tarvik {
 namespace {
@@ -87,10 +86,7 @@ double ProcessorSeconds() {
 class ViewedPage {
   public:
     explicit ViewedPage(HWND window) : window_(window) {
-        HWND inner = window;
-        while (const HWND child = GetWindow(inner, GW_CHILD))
-            inner = child;
-        page_ = inner;
+        page_ = InnermostWindow(window);
         pageProcedure = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrW(page_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountPaints)));
     }
@@ -103,12 +99,7 @@ class ViewedPage {
         SetForegroundWindow(window_);
     }
 
-    COLORREF PadColour() const {
-        const HDC screen = GetDC(page_);
-        const COLORREF colour = GetPixel(screen, kPad.x, kPad.y);
-        ReleaseDC(page_, screen);
-        return colour;
-    }
+    COLORREF PadColour() const { return PixelOf(page_, kPad); }
 
     void PointAtPad() const { Send({MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE}); }
 
@@ -118,10 +109,7 @@ class ViewedPage {
     }
 
     Variant Call(const wchar_t* function, const Variant& argument) const {
-        const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window_).Get());
-        ComPtr<IDispatch> document, script;
-        browser->get_Document(document.GetAddressOf());
-        Query<IHTMLDocument2>(document.Get())->get_Script(script.GetAddressOf());
+        const auto script = ScriptOf(AtlAxGetControl(window_).Get());
         const Variant callee = ReadScriptProperty(script.Get(), function);
         Variant result;
         if (callee.Is(VT_DISPATCH)) CallScriptFunction(callee.pdispVal, {&argument}, &result);
@@ -140,17 +128,9 @@ class ViewedPage {
     void Send(std::initializer_list<DWORD> actions) const {
         POINT point = kPad;
         ClientToScreen(page_, &point);
-        const auto scaled = [](LONG at, int measure) {
-            return (at * 65536 + 32768) / GetSystemMetrics(measure);
-        };
         std::vector<INPUT> inputs;
-        for (const DWORD action : actions) {
-            INPUT& input = inputs.emplace_back();
-            input.type = INPUT_MOUSE;
-            input.mi.dwFlags = action;
-            input.mi.dx = scaled(point.x, SM_CXSCREEN);
-            input.mi.dy = scaled(point.y, SM_CYSCREEN);
-        }
+        for (const DWORD action : actions)
+            inputs.push_back(action & MOUSEEVENTF_MOVE ? MoveOf(point) : MouseInputOf(action));
         SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
     }
 

@@ -1,8 +1,6 @@
 #include "app/command_line/command_line.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

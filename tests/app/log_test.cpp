@@ -1,18 +1,9 @@
 #include "app/log/log.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "base/owners.h"
-#include "tests/support/debug_channel.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::MatchesRegex;
 
 TEST(Log, WritesLevelsThatAreOn) {
     DebugChannel channel;

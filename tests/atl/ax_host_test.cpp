@@ -5,15 +5,13 @@
 
 #include <exdisp.h>
 #include <exdispid.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 
 #include "atl/ax_window.h"
 #include "atl/event_sink.h"
 #include "tests/support/control_class.h"
-#include "tests/support/status_text.h"
-#include "tests/support/waiting.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,15 +1,11 @@
 #include "atl/module.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <functional>
-#include <string>
+
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr UINT kProbe = WM_APP + 1;
 

@@ -1,17 +1,10 @@
 #include "atl/window.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "atl/ax_window.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr UINT kProbe = WM_APP + 1;
 

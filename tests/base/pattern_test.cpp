@@ -1,13 +1,9 @@
 #include "base/pattern.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <functional>
-#include <string>
 
-#include "base/owners.h"
-#include "base/text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

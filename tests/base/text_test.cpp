@@ -1,9 +1,11 @@
 #include "base/text.h"
 
-#include <gtest/gtest.h>
+#include <windows.h>
 #include <shellapi.h>
 
 #include <memory>
+
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

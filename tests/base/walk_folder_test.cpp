@@ -1,16 +1,11 @@
 #include "base/walk_folder.h"
 
-#include <gtest/gtest.h>
-
 #include "base/shell_delete.h"
-#include "base/text.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
 
-using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
 // A walk's entries as "path below the folder:size", folders with a slash.
@@ -37,16 +32,6 @@ class FolderWalk : public testing::Test {
     std::vector<std::string> seen_;
     size_t stopAfter_ = 0;
 };
-
-TEST_F(FolderWalk, ReportsOneLevelUnlessItIsRecursive) {
-    EXPECT_THAT(Walk(nullptr, false), HasStatus(S_FALSE));
-    EXPECT_THAT(seen_, UnorderedElementsAre("A.TXT:1", "b.txt:5", "inner/0", "inner.txt/0"));
-}
-
-TEST_F(FolderWalk, ReportsFoldersAfterTheirContents) {
-    Walk(L"\\\\inner!\\.", true);
-    EXPECT_THAT(seen_, ElementsAre("inner\\deep\\c.txt:3", "inner\\deep/0", "inner/0"));
-}
 
 TEST_F(FolderWalk, FiltersWholePathsWithTheCaseOfLetters) {
     Walk(L"\\.txt$", true);

@@ -1,7 +1,3 @@
-#include <windows.h>
-
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <random>
@@ -9,8 +5,7 @@
 #include "host/contract/stream.h"
 #include "host/web_browser.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/support/async_run.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -29,10 +24,6 @@ std::string Noise() {
 fs::path SmallDisk() {
     const wchar_t* const path = _wgetenv(L"TARVIK_SMALL_DISK");
     return path ? path : L"";
-}
-
-std::string FailText(HRESULT status) {
-    return "fail: I4 " + std::to_string(status) + ", EMPTY";
 }
 
 const HRESULT kDiskFull = HRESULT_FROM_WIN32(ERROR_DISK_FULL);

@@ -2,17 +2,10 @@
 
 #include <shlobj.h>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <cstring>
 
-#include "base/com_object.h"
 #include "script/object.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,11 +1,8 @@
 #include "host/page_address.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
-#include "base/text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,26 +1,13 @@
 #include "host/plugin_manage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "atl/ax_window.h"
-#include "base/text.h"
 #include "host/browser_host.h"
 #include "host/registry/plugin_base.h"
-#include "host/registry/plugin_library.h"
 #include "host/web_browser.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-namespace fs = std::filesystem;
-using testing::ElementsAre;
 
 // Notes what all plug-ins of the test were told, each under its number.
 std::vector<std::string> told;
@@ -152,29 +139,28 @@ class External : public PluginManage {
 };
 
 TEST_F(External, GivesPluginsByName) {
+    IDispatch* const external = external_.Get();
     DISPID id = 0;
-    EXPECT_THAT(IdOf(external_.Get(), L"loadPlugin", &id), HasStatus(S_OK));
-    EXPECT_EQ(id, -6999);
-    EXPECT_THAT(IdOf(external_.Get(), L"createWindow", &id), HasStatus(S_OK));
-    EXPECT_EQ(id, -6998);
-    EXPECT_THAT(IdOf(external_.Get(), L"none", &id), HasStatus(DISP_E_UNKNOWNNAME));
-    EXPECT_THAT(IdOf(external_.Get(), L"broken", &id), HasStatus(E_ABORT));
-    EXPECT_THAT(IdOf(external_.Get(), L"throwing", &id), HasStatus(E_FAIL));
-    LPOLESTR noName = nullptr;
-    EXPECT_THAT(external_->GetIDsOfNames(IID_NULL, &noName, 1, 0, &id), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(external_->GetIDsOfNames(IID_NULL, nullptr, 0, 0, &id), HasStatus(E_INVALIDARG));
-    EXPECT_EQ(ValueText(GetMember(external_.Get(), L"kept").value), "UNKNOWN");
+    for (const auto& [name, expected] :
+         {std::pair(L"loadPlugin", -6999), std::pair(L"createWindow", -6998)}) {
+        EXPECT_THAT(IdOf(external, name, &id), HasStatus(S_OK));
+        EXPECT_EQ(id, expected);
+    }
+    EXPECT_THAT(IdOf(external, L"none", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(IdOf(external, L"broken", &id), HasStatus(E_ABORT));
+    EXPECT_THAT(IdOf(external, L"throwing", &id), HasStatus(E_FAIL));
+    EXPECT_THAT(IdOf(external, nullptr, &id), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(external->GetIDsOfNames(IID_NULL, nullptr, 0, 0, &id), HasStatus(E_INVALIDARG));
+    EXPECT_EQ(ResultText(GetMember(external, L"kept")), "UNKNOWN");
     EXPECT_EQ(made, 1);
-    // The first read makes one instance for the name and one for script.
-    GetMember(external_.Get(), L"fresh");
-    EXPECT_EQ(made, 3);
-    GetMember(external_.Get(), L"fresh");
+    GetMember(external, L"fresh");
+    EXPECT_EQ(made, 3) << "the first read makes one for the name and one for script";
+    GetMember(external, L"fresh");
     EXPECT_EQ(made, 4);
-    EXPECT_THAT(CallMember(external_.Get(), L"kept").status, HasStatus(E_NOTIMPL));
-    EXPECT_THAT(CallMember(external_.Get(), L"loadPlugin", 5).status, HasStatus(E_INVALIDARG));
-    EXPECT_EQ(ValueText(CallMember(external_.Get(), L"loadPlugin", L"no such file").value), "BOOL false");
-    EXPECT_EQ(ValueText(GetMember(external_.Get(), L"loadPlugin").value), "EMPTY");
-
+    EXPECT_EQ(ResultText(CallMember(external, L"kept")), StatusText(E_NOTIMPL));
+    EXPECT_EQ(ResultText(CallMember(external, L"loadPlugin", 5)), StatusText(E_INVALIDARG));
+    EXPECT_EQ(ResultText(CallMember(external, L"loadPlugin", L"no such file")), "BOOL false");
+    EXPECT_EQ(ResultText(GetMember(external, L"loadPlugin")), "EMPTY");
     ComPtr<IDispatch> plugin;
     EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
     EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));
@@ -212,24 +198,6 @@ TEST_F(External, TellsALatePluginWhatItMissed) {
     host_->OnBrowserEvent(263);
     EXPECT_THAT(told, ElementsAre("2 navigate", "1 navigate"));
     host_->Close();
-}
-
-// In a process that has no library yet: later windows do not look again.
-TEST(PluginFolder, IsSearchedForLibrariesByTheFirstWindow) {
-    const fs::path sample = fs::path(ExecutablePath()).parent_path() / "sample_libraries" / "good.dll";
-    const TempFolder folder;
-    folder.Write(L"resource\\index.html", "");
-    folder.Write(L"plugins\\broken.dll", "no library");
-    const fs::path back = fs::current_path();
-    fs::current_path(folder.Path());
-    for (const wchar_t* name : {L"found.dll", L"late.dll"}) {
-        fs::copy_file(sample, fs::path("plugins") / name);
-        const CPluginManage window;
-    }
-    EXPECT_TRUE(GetModuleHandleW(L"found.dll"));
-    EXPECT_FALSE(GetModuleHandleW(L"late.dll"));
-    fs::current_path(back);
-    FreePluginLibraries();
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "tests/page/debug_listener.h"
 
-#include <gtest/gtest.h>
-
 #include <iterator>
+
+#include "tests/support/test.h"
 
 namespace tarvik {
 

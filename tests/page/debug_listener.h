@@ -18,8 +18,6 @@ class DebugListener {
   public:
     DebugListener();
     ~DebugListener();
-    DebugListener(const DebugListener&) = delete;
-    DebugListener& operator=(const DebugListener&) = delete;
 
     // The texts of a process so far, without the line ends.
     std::vector<std::string> Lines(DWORD process) const;

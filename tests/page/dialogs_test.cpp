@@ -1,15 +1,9 @@
 // The dialogs that pages and their errors raise, answered as a person would.
 
-#include <gmock/gmock.h>
-
-#include <string>
-
 #include "tests/page/program.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
 
 std::wstring TextOf(HWND dialog, int item) {
     wchar_t text[1000] = {};
@@ -19,14 +13,8 @@ std::wstring TextOf(HWND dialog, int item) {
 
 constexpr int kBoxText = 0xFFFF;
 
-class Dialogs : public testing::Test {
+class Dialogs : public ProgramTest {
   protected:
-    void Open(const std::string& script) {
-        program_.Folder().Write(L"work\\resource\\index.html",
-                                "<!doctype html><script>" + script + "</script>");
-        program_.Start();
-    }
-
     // Presses a button of the dialog that is there or will come.
     void Press(int button) {
         const HWND dialog = program_.Dialog();
@@ -41,8 +29,6 @@ class Dialogs : public testing::Test {
         EXPECT_EQ(program_.Wait(), 5u);
         EXPECT_EQ(program_.Lines(), lines);
     }
-
-    Program program_;
 };
 
 TEST_F(Dialogs, WaitForTheirAnswers) {
@@ -82,7 +68,6 @@ TEST_F(Dialogs, AnErrorMayEndTheScriptsOfItsPage) {
         return before == ticks;
     }));
     EXPECT_EQ(program_.Windows().size(), 1u);
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // One after the other, however fast they are raised, while scripts go on.
@@ -98,15 +83,13 @@ TEST_F(Dialogs, EachErrorIsShown) {
         EXPECT_NE(text.find(L"index.html"), std::wstring::npos);
         Press(IDYES);
     }
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // A window with a dialog waits; others do not.
 TEST_F(Dialogs, OthersGoOnBehindADialog) {
-    program_.Folder().Write(
-        L"work\\resource\\child.html",
-        "<!doctype html><script>var n = 0; setInterval(function () {"
-        "external.window.title = 'child ' + ++n; if (n === 20) console.log('twenty'); }, 20)</script>");
+    Write(L"child.html",
+          "var n = 0; setInterval(function () {"
+          "external.window.title = 'child ' + ++n; if (n === 20) console.log('twenty'); }, 20)");
     Open("createWindow({url: 'child.html'}); _alert('stop'); console.log('after'); external.window.quit(5);");
     ASSERT_TRUE(program_.Dialog());
     EXPECT_TRUE(program_.WaitForLine("twenty"));
@@ -118,10 +101,9 @@ TEST_F(Dialogs, OthersGoOnBehindADialog) {
 TEST_F(Dialogs, AWindowThatClosesTakesItsDialogAlong) {
     Open("external.window.title = 'Owner'; _alert('stop'); console.log('after');");
     ASSERT_TRUE(program_.Dialog());
-    PostMessageW(program_.WindowTitled(L"Owner"), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); }));
+    EXPECT_TRUE(Close(program_.WindowTitled(L"Owner")));
     EXPECT_EQ(program_.Quit(3), 3u);
-    EXPECT_THAT(program_.Lines(), testing::IsEmpty());
+    EXPECT_THAT(program_.Lines(), IsEmpty());
 }
 
 }  // namespace

@@ -1,44 +1,40 @@
 // The engine's processes as seen from outside: what the program does without them, and that they end with it.
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 
-#include "base/text.h"
-#include "tests/page/desk.h"
-#include "tests/support/engine_processes.h"
 #include "tests/page/program.h"
+#include "tests/support/engine_processes.h"
 
 namespace tarvik {
 namespace {
 
-constexpr COLORREF kBlue = RGB(10, 20, 200);
 std::string NoticeIn(HWND window) {
-    return Narrow(Program::TextOf(Program::PageArea(window)));
+    return Narrow(Program::TextOf(InnermostWindow(window)));
 }
 
 using Process = EngineProcesses::Process;
 
-class EngineLife : public testing::Test {
+class EngineLife : public ProgramTest {
   protected:
     void SetUp() override {
         if (!EngineProcesses::CanBeSeen()) GTEST_SKIP() << "the engine's processes are seen under Wine only";
-    }
-
-    void Open(const std::string& script) {
-        program_.Folder().Write(
-            L"work\\resource\\index.html",
-            "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + script + "</script>");
-        program_.Start();
     }
 
     // A window that shows its page.
     HWND OpenShown(const std::string& script = "") {
         Open("external.window.title = 'Engine'; external.window.show(true);" + script);
         const HWND window = program_.WindowTitled(L"Engine");
-        EXPECT_TRUE(WaitForColour(Program::PageArea(window), kBlue));
+        EXPECT_TRUE(WaitForColour(InnermostWindow(window), kBlue));
         EXPECT_GT(engine_.Look().size(), 3u);
         return window;
+    }
+
+    // The window that comes without a page.
+    HWND OpenWith(const std::wstring& browser) {
+        program_.SetVariable(L"TARVIK_BROWSER", browser);
+        Open("external.window.quit(9)");
+        EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+        return program_.Windows().at(0);
     }
 
     void ExpectNotice(HWND window, const char* text) {
@@ -50,31 +46,22 @@ class EngineLife : public testing::Test {
         EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); })) << engine_.Left();
     }
 
-    Program program_;
     EngineProcesses engine_{program_.Mark()};
 };
 
 TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
-    program_.SetVariable(L"TARVIK_BROWSER", L"/nonexistent");
-    Open("external.window.quit(9)");
-    ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-    const HWND window = program_.Windows()[0];
+    const HWND window = OpenWith(L"/nonexistent");
     ExpectNotice(window, "/nonexistent");
     EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
     // Clicked, it tries again, with the same result.
-    Click(Program::PageArea(window));
+    Click(InnermostWindow(window));
     ExpectNotice(window, "TARVIK_BROWSER");
     EXPECT_TRUE(program_.IsRunning());
-    PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); }));
-    EXPECT_EQ(program_.Quit(3), 3u);
+    EXPECT_TRUE(Close(window));
 }
 
 TEST_F(EngineLife, AProgramThatIsNoEngineIsToldToo) {
-    program_.SetVariable(L"TARVIK_BROWSER", L"/bin/false");
-    Open("external.window.quit(9)");
-    ASSERT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-    ExpectNotice(program_.Windows()[0], "/bin/false");
+    ExpectNotice(OpenWith(L"/bin/false"), "/bin/false");
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
 }
@@ -103,10 +90,10 @@ class EngineDeath : public EngineLife, public testing::WithParamInterface<Death>
 
 TEST_P(EngineDeath, IsToldAndAClickStartsAgain) {
     const HWND window = OpenShown();
-    const HWND page = Program::PageArea(window);
+    const HWND page = InnermostWindow(window);
     engine_.Kill(GetParam().process);
     ExpectNotice(window, GetParam().notice);
-    EXPECT_TRUE(WaitFor([&] { return ColourAt(page, {5, 5}) != kBlue; }));
+    EXPECT_TRUE(WaitFor([&] { return PixelOnScreen(page, {5, 5}) != kBlue; }));
     Click(page);
     EXPECT_TRUE(WaitForColour(page, kBlue));
     EXPECT_EQ(NoticeIn(window), "");
@@ -124,7 +111,6 @@ TEST_F(EngineLife, AnEngineThatHangsIsEndedWithItsLastWindow) {
     engine_.Stop(&Process::IsEngine);
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, 10'000)) << engine_.Left();
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // Whatever it is doing.
@@ -139,8 +125,7 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
     for (const HWND each : program_.Windows())
         ExpectNotice(each, "web engine has stopped");
     EXPECT_EQ(program_.Windows().size(), 2u);
-    PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    EXPECT_TRUE(Close(window));
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
 }
@@ -155,13 +140,11 @@ TEST_F(EngineLife, AKilledEngineIsToldBehindADialog) {
     EXPECT_TRUE(program_.IsRunning());
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // A page that computes for ever does not go on behind a window that was closed.
 TEST_F(EngineLife, AClosedPageEnds) {
-    program_.Folder().Write(L"work\\resource\\loop.html",
-                            "<!doctype html><script>console.log('loop'); for (;;);</script>");
+    Write(L"loop.html", "console.log('loop'); for (;;);");
     const HWND window = OpenShown(
         "var child = null; setInterval(function () { var title = external.window.title;"
         "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
@@ -174,7 +157,6 @@ TEST_F(EngineLife, AClosedPageEnds) {
     EXPECT_TRUE(WaitFor([&] { return renderers() > before; }));
     SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"close"));
     EXPECT_TRUE(WaitFor([&] { return renderers() <= before; })) << before << " -> " << renderers();
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 }  // namespace

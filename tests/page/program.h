@@ -1,21 +1,14 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <map>
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/owners.h"
 #include "tests/page/debug_listener.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/screen.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
-
-// Looks again and again, for processes other than this one. False when the time (milliseconds) is over first.
-bool WaitFor(const std::function<bool()>& condition, DWORD limit = 20'000);
 
 // A page of this folder.
 std::wstring PathOfPage(const std::wstring& name);
@@ -26,8 +19,6 @@ class Program {
   public:
     Program();
     ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
 
     // Before the start: the folder beside which everything is, variables of its environment, and the
     // executable, which is the built one unless a copy is named.
@@ -56,8 +47,6 @@ class Program {
     // Browser windows, also hidden ones.
     std::vector<HWND> Windows() const;
     HWND WindowTitled(const std::wstring& title) const;  // waits for it
-    // The window that the page is drawn in.
-    static HWND PageArea(HWND window);
     // A window's text; empty if its program is too busy to tell, which must not stop a test.
     static std::wstring TextOf(HWND window);
     // A dialog of the program, once it is there.
@@ -76,6 +65,32 @@ class Program {
     UniqueHandle process_;
     DWORD processId_ = 0;
     DWORD threadId_ = 0;
+};
+
+inline constexpr COLORREF kBlue = RGB(10, 20, 200);
+
+// Tests of the program with pages of theirs. What a test leaves running ends well when it is told to.
+class ProgramTest : public testing::Test {
+  protected:
+    void TearDown() override {
+        if (program_.IsRunning()) {
+            EXPECT_EQ(program_.Quit(3), 3u);
+        }
+    }
+
+    // A page of this script before a blue background, beside the one that is opened first.
+    static std::string Page(const std::string& script);
+    void Write(const std::wstring& name, const std::string& script) const {
+        program_.Folder().Write(L"work\\resource\\" + name, Page(script));
+    }
+    void Open(const std::string& script) {
+        Write(L"index.html", script);
+        program_.Start();
+    }
+    // Whether the window goes when it is told to, within the time (milliseconds).
+    static bool Close(HWND window, DWORD limit = 20'000);
+
+    Program program_;
 };
 
 }  // namespace tarvik

@@ -1,11 +1,8 @@
 // Windows of pages, seen from outside: which there are, whose they are, and what is not one of them.
 
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <filesystem>
 
-#include "base/text.h"
 #include "tests/page/program.h"
 
 namespace tarvik {
@@ -13,25 +10,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Windows : public testing::Test {
+class Windows : public ProgramTest {
   protected:
-    void Write(const std::wstring& name, const std::string& html) {
-        program_.Folder().Write(L"work\\resource\\" + name, "<!doctype html>" + html);
-    }
-    void Open(const std::string& script) {
-        Write(L"index.html", "<script>external.window.title = 'First';" + script + "</script>");
-        program_.Start();
+    void OpenFirst(const std::string& script) {
+        Open("external.window.title = 'First';" + script);
         ASSERT_TRUE(program_.WindowTitled(L"First"));
     }
-
-    Program program_;
 };
 
 TEST_F(Windows, BelongToTheirMakerOnlyIfTheyInherit) {
     Write(L"child.html",
-          "<script>external.window.title = windowContext; external.window.show(true);"
-          "setInterval(function () { if (external.window.title === 'bye') window.close(); }, 20)</script>");
-    Open(
+          "external.window.title = windowContext; external.window.show(true);"
+          "setInterval(function () { if (external.window.title === 'bye') window.close(); }, 20)");
+    OpenFirst(
         "external.window.show(true); createWindow({url: 'child.html', inherit: true, context: 'Owned'});"
         "createWindow({url: 'child.html', inherit: 1, context: 'Alone'});");
     const HWND first = program_.WindowTitled(L"First");
@@ -44,16 +35,14 @@ TEST_F(Windows, BelongToTheirMakerOnlyIfTheyInherit) {
     SendMessageW(alone, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"bye"));
     EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); })) << "a page closes its window";
     EXPECT_TRUE(program_.IsRunning());
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 TEST_F(Windows, WithoutAnAddressTheFirstPageIsOpened) {
-    Open(
+    OpenFirst(
         "if (typeof windowContext === 'undefined') createWindow({url: 5, context: 'second'});"
         "else external.window.title = 'Second ' + windowContext;");
     EXPECT_TRUE(program_.WindowTitled(L"Second second"));
     EXPECT_EQ(program_.Windows().size(), 2u);
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 // What the system opens a kind of file with, for the time of a test: a command that copies the file's name.
@@ -84,8 +73,8 @@ class NewWindow : public Windows, public testing::WithParamInterface<const char*
 TEST_P(NewWindow, IsTheSystems) {
     const std::wstring output = program_.Folder() / L"opened.txt";
     const Opener opener(output);
-    Write(L"note.tarviktest", "a note");
-    Open(
+    Write(L"note.tarviktest", "");
+    OpenFirst(
         "document.write('<a id=link target=_blank href=note.tarviktest>x</a>');"
         "var ways = { link: function () { document.getElementById('link').click(); },"
         "call: function () { if (window.open('note.tarviktest', 'name') !== null) console.log('no'); } };"
@@ -98,7 +87,6 @@ TEST_P(NewWindow, IsTheSystems) {
     EXPECT_THAT(ReadFileBytes(output), testing::HasSubstr("note.tarviktest"));
     EXPECT_EQ(std::ranges::count(program_.Lines(), "no"), 0);
     EXPECT_EQ(program_.Windows().size(), 1u);
-    EXPECT_EQ(program_.Quit(3), 3u);
 }
 
 INSTANTIATE_TEST_SUITE_P(By, NewWindow, testing::Values("call", "link"));

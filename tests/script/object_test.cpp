@@ -1,13 +1,7 @@
 #include "script/object.h"
 
-#include <gtest/gtest.h>
-
-#include "base/bstr.h"
 #include "script/properties.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/script_bench.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

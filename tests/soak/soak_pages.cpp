@@ -16,10 +16,13 @@
 #include "base/status.h"
 #include "base/variant.h"
 #include "control/page/register.h"
+#include "host/registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "script/object.h"
+#include "script/properties.h"
 #include "tests/soak/course.h"
 #include "tests/soak/engine_census.h"
-#include "tests/soak/soak_plugin.h"
+#include "tests/support/screen.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
 
@@ -29,6 +32,49 @@ namespace {
 constexpr auto kPatience = std::chrono::seconds(30);
 constexpr COLORREF kPaper = RGB(10, 120, 60);
 constexpr POINT kPlace = {200, 200};
+
+// What is done when a page calls; the page waits meanwhile.
+struct SoakAnswers {
+    std::function<bool()> ready;  // true: the page is to close its window
+    std::function<void()> leave;
+} soakAnswers;
+
+// `external.soak`, by which the pages use native code and native code uses them.
+class SoakPlugin : public TablePlugin<SoakPlugin> {
+  public:
+    static constexpr char kClassName[] = "SoakPlugin";
+    static std::span<const Member<SoakPlugin>> Members();
+
+    // A native object, which the page keeps.
+    ComPtr<IDispatch> Make() { return MakeCom<CObject>(); }
+    // A script function, which is kept here until the next one comes or the window goes.
+    void Hold(IDispatch* function) { held_ = function; }
+    HRESULT CallBack(IDispatch* function) {
+        const Variant argument = Variant::Object(Make().Get());
+        return CallScriptFunction(function, {&argument});
+    }
+    bool Ready() {
+        const ComPtr<IDispatch> held = held_;
+        if (held) CallBack(held.Get());
+        return soakAnswers.ready();
+    }
+    void Leave() { soakAnswers.leave(); }
+
+  private:
+    ComPtr<IDispatch> held_;
+};
+
+constexpr Member<SoakPlugin> kMembers[] = {
+    Method<&SoakPlugin::Make>(-10000, L"make"),    Method<&SoakPlugin::Hold>(-9999, L"hold"),
+    Method<&SoakPlugin::CallBack>(-9998, L"call"), Method<&SoakPlugin::Ready>(-9997, L"ready"),
+    Method<&SoakPlugin::Leave>(-9996, L"leave"),
+};
+
+std::span<const Member<SoakPlugin>> SoakPlugin::Members() {
+    return kMembers;
+}
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<SoakPlugin>(L"soak", TVK::kRetainedPlugin);
 
 // Script and native code hold objects of each other and call each other.
 constexpr const char* kHead = R"page(<!doctype html><meta charset="utf-8"><title>Soak</title>
@@ -103,15 +149,7 @@ class Window {
     }
 
     // By the window's own picture: other windows may lie above.
-    bool IsPainted() const {
-        HWND page = window_;
-        while (const HWND child = GetWindow(page, GW_CHILD))
-            page = child;
-        const HDC picture = GetDC(page);
-        const COLORREF colour = GetPixel(picture, kPlace.x, kPlace.y);
-        ReleaseDC(page, picture);
-        return colour == kPaper;
-    }
+    bool IsPainted() const { return PixelOf(InnermostWindow(window_), kPlace) == kPaper; }
 
   private:
     ComPtr<CWebBrowser> browser_;

@@ -15,6 +15,7 @@
 
 #include "host/contract/stream.h"
 #include "host/web_browser.h"
+#include "script/worker_apartment.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/leak_check.h"
 #include "tests/support/members.h"
@@ -217,7 +218,7 @@ bool RunRound(std::mt19937& random, bool closesWindow) {
     if (closesWindow) ground.CloseWindow();
     const auto isOver = [](const auto& run) { return run->IsOver(); };
     const bool over = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kPatience);
-    if (!over) std::printf("%d runs do not end\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
+    if (!over) std::printf("%d runs ended\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
     bool good = over;
     for (const auto& run : runs)
         good &= run->EndedAsItMust();
@@ -230,6 +231,7 @@ void Settle() {
 }
 
 int Soak(int rounds, unsigned seed) {
+    const WorkerApartment workers;
     std::mt19937 random(seed);
     constexpr long kKeptBySystem = 5;  // it keeps a handle for later now and then; a run uses more than that
     Holdings before;

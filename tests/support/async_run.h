@@ -8,6 +8,13 @@
 
 namespace tarvik {
 
+inline constexpr char kSuccess[] = "success: EMPTY";
+
+// How most members tell a failure.
+inline std::string FailText(HRESULT status, const std::string& context = "EMPTY") {
+    return "fail: I4 " + std::to_string(status) + ", " + context;
+}
+
 // How a run of an asynchronous member ended: "success: " or "fail: " with the arguments as text, or nothing
 // after a cancel; and the arguments of every call of `progress`.
 struct Ending {

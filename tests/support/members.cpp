@@ -31,15 +31,22 @@ Outgoing GetMember(IDispatch* object, const wchar_t* name) {
     return InvokeMember(object, name, DISPATCH_PROPERTYGET, {});
 }
 
+Outgoing PutMember(IDispatch* object, const wchar_t* name, Argument value) {
+    std::vector<Variant> arguments;
+    arguments.push_back(std::move(value));
+    return InvokeMember(object, name, DISPATCH_PROPERTYPUT, std::move(arguments));
+}
+
 OptionObject::OptionObject() : object_(MakeCom<CObject>().Get()) {}
 
-void OptionObject::Put(const wchar_t* name, const Variant& value) const {
+const OptionObject& OptionObject::Put(const wchar_t* name, const Variant& value) const {
     DISPID id = DISPID_UNKNOWN;
     if (SUCCEEDED(IdOf(object_.Get(), name, &id))) {
         PutScriptProperty(object_.Get(), id, &value);
     } else {
         SetScriptProperty(object_.Get(), name, value);
     }
+    return *this;
 }
 
 }  // namespace tarvik

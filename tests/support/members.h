@@ -12,31 +12,18 @@
 // Using objects by name through IDispatch, as script does.
 namespace tarvik {
 
-inline Variant ToVariant(bool value) {
-    return Variant::Bool(value);
-}
-inline Variant ToVariant(int value) {
-    return Variant::I4(value);
-}
-inline Variant ToVariant(double value) {
-    return Variant::R8(value);
-}
-inline Variant ToVariant(const wchar_t* value) {
-    return Variant::Text(value);
-}
-inline Variant ToVariant(IDispatch* value) {
-    return Variant::Object(value);
-}
-template <class Object>
-Variant ToVariant(const ComPtr<Object>& value) {
-    return Variant::Object(value.Get());
-}
-inline Variant ToVariant(std::nullptr_t) {
-    return Variant::Null();
-}
-inline Variant ToVariant(Variant&& value) {
-    return std::move(value);
-}
+// A value as script passes it.
+struct Argument : Variant {
+    Argument(bool value) : Variant(Variant::Bool(value)) {}
+    Argument(int value) : Variant(Variant::I4(value)) {}
+    Argument(double value) : Variant(Variant::R8(value)) {}
+    Argument(const wchar_t* value) : Variant(Variant::Text(value)) {}
+    Argument(IDispatch* value) : Variant(Variant::Object(value)) {}
+    template <class Object>
+    Argument(const ComPtr<Object>& value) : Variant(Variant::Object(value.Get())) {}
+    Argument(std::nullptr_t) : Variant(Variant::Null()) {}
+    Argument(Variant&& value) : Variant(std::move(value)) {}
+};
 
 struct Outgoing {
     HRESULT status;
@@ -51,18 +38,13 @@ Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::v
 template <class... Args>
 Outgoing CallMember(IDispatch* object, const wchar_t* name, Args&&... args) {
     std::vector<Variant> arguments;
-    (arguments.push_back(ToVariant(std::forward<Args>(args))), ...);
+    (arguments.push_back(Argument(std::forward<Args>(args))), ...);
     return InvokeMember(object, name, DISPATCH_METHOD, std::move(arguments));
 }
 
 Outgoing GetMember(IDispatch* object, const wchar_t* name);
 
-template <class T>
-Outgoing PutMember(IDispatch* object, const wchar_t* name, T&& value) {
-    std::vector<Variant> arguments;
-    arguments.push_back(ToVariant(std::forward<T>(value)));
-    return InvokeMember(object, name, DISPATCH_PROPERTYPUT, std::move(arguments));
-}
+Outgoing PutMember(IDispatch* object, const wchar_t* name, Argument value);
 
 // A new CObject with these options. A copy is the same object.
 class OptionObject {
@@ -70,13 +52,12 @@ class OptionObject {
     OptionObject();
     template <class T>
     const OptionObject& Set(const wchar_t* name, T&& value) const {
-        Put(name, ToVariant(std::forward<T>(value)));
-        return *this;
+        return Put(name, Argument(std::forward<T>(value)));
     }
     operator IDispatch*() const { return object_.Get(); }
 
   private:
-    void Put(const wchar_t* name, const Variant& value) const;
+    const OptionObject& Put(const wchar_t* name, const Variant& value) const;
     ComPtr<IDispatch> object_;
 };
 

@@ -33,6 +33,10 @@ std::wstring TempFolder::Write(std::wstring_view name, std::string_view bytes) c
     return path.wstring();
 }
 
+UniqueHandle HoldFile(const std::wstring& path, DWORD share) {
+    return UniqueHandle(CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
 bool FileExists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }

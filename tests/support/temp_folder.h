@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/owners.h"
+
 namespace tarvik {
 
 // A fresh folder of the test's own, removed with all its contents at the end.
@@ -25,6 +27,8 @@ class TempFolder {
     std::wstring path_;
 };
 
+// A file in use: others may have it only as `share` says.
+UniqueHandle HoldFile(const std::wstring& path, DWORD share = 0);
 bool FileExists(const std::wstring& path);
 std::string ReadFileBytes(const std::wstring& path);  // fails the test if it cannot be read
 

@@ -1,6 +1,11 @@
 #include "tests/support/waiting.h"
 
+#include <gtest/gtest.h>
 #include <windows.h>
+#include <objbase.h>
+
+#include <atomic>
+#include <thread>
 
 namespace tarvik {
 
@@ -20,6 +25,27 @@ bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds
         PumpOnce();
     }
     return true;
+}
+
+bool WaitFor(const std::function<bool()>& condition, unsigned long limit) {
+    const ULONGLONG end = GetTickCount64() + limit;
+    while (!condition()) {
+        if (GetTickCount64() > end) return false;
+        Sleep(10);
+    }
+    return true;
+}
+
+void OnWorker(const std::function<void()>& work) {
+    std::atomic<bool> done = false;
+    std::thread worker([&] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        work();
+        CoUninitialize();
+        done = true;
+    });
+    EXPECT_TRUE(PumpUntil([&] { return done.load(); }));
+    worker.join();
 }
 
 }  // namespace tarvik

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include <sstream>
 
 #include "control/bridge/script_bridge.h"
 #include "script/dispatch.h"
-#include "tests/support/recorder.h"
+#include "script/properties.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 
@@ -22,9 +20,29 @@ class Desk : public TableDispatch<Desk> {
     void Note(AnyValue value) { notes.push_back(ValueText(*value.value)); }
     HRESULT Fail(ExactInt status) { return status.value; }
     // Calls the function with the other arguments, and returns what it returns.
-    HRESULT Run(const Call& call);
+    HRESULT Run(const Call& call) {
+        IDispatch* function = nullptr;
+        if (!Read(call.At(0), function)) return E_INVALIDARG;
+        std::vector<const VARIANT*> arguments;
+        for (size_t i = 1; i < call.Count(); ++i)
+            arguments.push_back(&call.At(i));
+        return CallScriptFunction(function, arguments, call.Result());
+    }
     // The text forms of members of an object, read one by one.
-    Variant Options(IDispatch* object, BSTR names);
+    Variant Options(IDispatch* object, BSTR names) {
+        std::wistringstream list{std::wstring(Bstr::View(names))};
+        std::wstring texts;
+        for (std::wstring name; list >> name;) {
+            Variant value;
+            const HRESULT status = GetScriptProperty(object, name.c_str(), &value);
+            const bool isObject = value.Is(VT_DISPATCH) && value.pdispVal;
+            texts += (texts.empty() ? L"" : L", ");
+            texts += status == DISP_E_UNKNOWNNAME ? L"none"
+                     : isObject                   ? std::wstring(L"object")
+                                                  : Widen(ValueText(value));
+        }
+        return Variant::Text(texts);
+    }
     Variant kept;
     void Keep(AnyValue value) { kept = Variant::Copy(*value.value); }
     Variant GetKept() { return Variant::Copy(kept); }
@@ -47,20 +65,56 @@ class Desk : public TableDispatch<Desk> {
     LONG size_ = 3;
 };
 
+inline constexpr Member<Desk> kDeskMembers[] = {
+    Method<&Desk::Echo>(-10000, L"echo"),
+    Method<&Desk::Note>(-9999, L"note"),
+    Method<&Desk::Fail>(-9998, L"fail"),
+    RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
+    Method<&Desk::Keep>(-9996, L"keep"),
+    ReadOnly<&Desk::GetKept>(-9995, L"kept"),
+    ReadOnly<&Desk::GetSelf>(-9994, L"self"),
+    Property<&Desk::GetSize, &Desk::SetSize>(-9993, L"size"),
+    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"),
+    Method<&Desk::Options>(-9991, L"options"),
+    Property<&Desk::GetText, &Desk::SetText>(-9990, L"text"),
+};
+
+inline std::span<const Member<Desk>> Desk::Members() {
+    return kDeskMembers;
+}
+
 // A page of the engine with the bridge and no window. The engine stays up from test to test.
 class BridgedPage : public WorldOwner {
   public:
-    BridgedPage();
-    ~BridgedPage() override;
+    BridgedPage() : target(DevTools::Acquire()) {
+        target.Engine().Listen(target.Session(), [this](std::string_view method, const Json& params) {
+            if (bridge && bridge->HandleEvent(method, params)) return;
+            if (method == "Page.loadEventFired") loaded_ = true;
+        });
+        target.Post("Page.enable");
+        bridge = std::make_unique<ScriptBridge>(target, *this);
+    }
+    ~BridgedPage() override { bridge.reset(); }
 
     // Opens a document, and waits until it has loaded.
-    void Open(const std::string& html);
+    void Open(const std::string& html) {
+        loaded_ = false;
+        target.Call("Page.navigate", {{"url", "data:text/html," + Escaped(html)}});
+        ASSERT_TRUE(target.Engine().WaitUntil([&] { return loaded_; }, 10'000));
+    }
     // The value of an expression, as JSON; "threw ..." if it throws.
-    std::string Evaluate(const std::string& expression);
+    std::string Evaluate(const std::string& expression) {
+        const Json reply = target.Call(
+            "Runtime.evaluate",
+            {{"expression", "JSON.stringify(" + expression + ")"}, {"returnByValue", true}}, 30'000);
+        if (reply.contains("exceptionDetails"))
+            return "threw " + reply["exceptionDetails"]["exception"].value("description", std::string());
+        return reply["result"].value("value", std::string("undefined"));
+    }
     // A value of the page as native code gets it.
-    Variant Get(const wchar_t* global);
+    Variant Get(const wchar_t* global) { return ReadScriptProperty(bridge->World()->Window().Get(), global); }
 
-    void OnDocumentStart() override;
+    void OnDocumentStart() override { bridge->World()->SetExternal(desk.Get()); }
     void OnOpenWindow(const std::wstring& url) override { opened.push_back(url); }
     void OnCloseWindow() override {}
     Variant OnDialog(const std::string&, const std::wstring&, const std::wstring&) override { return {}; }
@@ -74,6 +128,16 @@ class BridgedPage : public WorldOwner {
     std::unique_ptr<ScriptBridge> bridge;
 
   private:
+    static std::string Escaped(const std::string& text) {
+        std::string escaped;
+        char code[4];
+        for (const unsigned char character : text) {
+            std::snprintf(code, sizeof code, "%%%02x", character);
+            escaped += code;
+        }
+        return escaped;
+    }
+
     bool loaded_ = false;
 };
 

@@ -1,19 +1,11 @@
-#include <gmock/gmock.h>
-
 #include <chrono>
 
 #include "script/object.h"
 #include "script/properties.h"
 #include "tests/control/bridge/bridge_fixture.h"
-#include "tests/support/members.h"
-#include "tests/support/status_text.h"
-#include "tests/support/waiting.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 class Bridge : public testing::Test {
   protected:

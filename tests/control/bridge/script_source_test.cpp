@@ -1,8 +1,6 @@
 #include "control/bridge/script_source.h"
 
-#include <gtest/gtest.h>
-
-#include "base/variant.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "base/status.h"
-#include "base/text.h"
 #include "control/engine/devtools.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,13 +1,10 @@
 #include "control/view/frame_decoder.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <optional>
-#include <string>
+
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -27,28 +24,30 @@ constexpr std::string_view kJpeg =
 
 class Decoding : public testing::Test {
   protected:
-    // Waits for what the decoder makes.
-    std::optional<Picture::Pixels> Next(std::chrono::milliseconds limit = std::chrono::seconds(10)) {
-        std::unique_lock lock(lock_);
-        if (!came_.wait_for(lock, limit, [&] { return !frames_.empty(); })) return std::nullopt;
-        Picture::Pixels frame = std::move(frames_.front());
-        frames_.pop_front();
-        return frame;
+    // Waits for what the decoder makes, on its own thread.
+    std::optional<Picture::Pixels> Next(unsigned long limit = 10'000) {
+        std::optional<Picture::Pixels> next;
+        WaitFor(
+            [&] {
+                const std::lock_guard lock(lock_);
+                if (frames_.empty()) return false;
+                next = std::move(frames_.front());
+                frames_.pop_front();
+                return true;
+            },
+            limit);
+        return next;
     }
 
   private:
-    void Put(FrameDecoder::Frame& frame) {
-        const std::lock_guard lock(lock_);
-        frames_.push_back(frame.pixels);
-        came_.notify_one();
-    }
-
     std::mutex lock_;
-    std::condition_variable came_;
     std::deque<Picture::Pixels> frames_;
 
   protected:
-    FrameDecoder decoder{[this](FrameDecoder::Frame& frame) { Put(frame); }};
+    FrameDecoder decoder{[this](FrameDecoder::Frame& frame) {
+        const std::lock_guard lock(lock_);
+        frames_.push_back(frame.pixels);
+    }};
 };
 
 TEST_F(Decoding, PassesOverWhatIsNoPicture) {
@@ -56,7 +55,7 @@ TEST_F(Decoding, PassesOverWhatIsNoPicture) {
     for (const std::string_view rubbish : {std::string_view(), std::string_view("!!!!"),
                                            std::string_view("QUJDRA=="), std::string_view(cut)}) {
         decoder.Submit(rubbish);
-        EXPECT_FALSE(Next(std::chrono::milliseconds(100))) << rubbish;
+        EXPECT_FALSE(Next(100)) << rubbish;
     }
     decoder.Submit(kPng);
     const auto frame = Next();
@@ -83,7 +82,7 @@ TEST_F(Decoding, EndsWithTheLatest) {
         ASSERT_NEAR(colour >> 8 & 0xFF, 100, 4);
         ASSERT_NEAR(colour & 0xFF, 50, 4);
     }
-    EXPECT_FALSE(Next(std::chrono::milliseconds(50)));
+    EXPECT_FALSE(Next(50));
 }
 
 }  // namespace

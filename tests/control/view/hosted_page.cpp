@@ -1,14 +1,8 @@
 #include "tests/control/view/hosted_page.h"
 
-#include <exdisp.h>
-#include <mshtml.h>
-
 #include <cstring>
-#include <vector>
 
 #include "atl/ax_window.h"
-#include "base/bstr.h"
-#include "tests/support/members.h"
 
 namespace tarvik {
 
@@ -33,22 +27,6 @@ constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Pag
 )";
 constexpr COLORREF kReady = RGB(1, 128, 254);
 constexpr RECT kArea = {60, 50, 560, 450};
-
-INPUT MouseInputOf(DWORD action, DWORD data) {
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = action;
-    input.mi.mouseData = data;
-    return input;
-}
-
-INPUT MoveOf(POINT screen) {
-    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
-    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0);
-    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
-    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
-    return move;
-}
 
 INPUT KeyInputOf(WORD key, DWORD flags) {
     INPUT input = {};
@@ -88,18 +66,13 @@ void HostedPage::Open(const std::string& html) {
     SetWindowPos(frame_, HWND_TOP, outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
                  SWP_SHOWWINDOW);
     SetForegroundWindow(frame_);
-    for (HWND child = frame_; child; child = GetWindow(child, GW_CHILD))
-        page_ = child;
+    page_ = InnermostWindow(frame_);
     ASSERT_TRUE(PixelBecomes(OnScreen({2, 2}), kReady));
     ASSERT_TRUE(Becomes(L"document.readyState", L"complete"));
 }
 
 ComPtr<IDispatch> HostedPage::Script() const {
-    ComPtr<IDispatch> document, script;
-    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(frame_).Get());
-    browser->get_Document(document.GetAddressOf());
-    Query<IHTMLDocument2>(document.Get())->get_Script(script.GetAddressOf());
-    return script;
+    return ScriptOf(AtlAxGetControl(frame_).Get());
 }
 
 std::wstring HostedPage::Ask(const std::wstring& expression) const {
@@ -127,10 +100,7 @@ POINT HostedPage::OnScreen(POINT inPage) const {
 
 COLORREF HostedPage::PixelAt(POINT screen) const {
     ScreenToClient(page_, &screen);
-    const HDC picture = GetDC(page_);
-    const COLORREF colour = GetPixel(picture, screen.x, screen.y);
-    ReleaseDC(page_, picture);
-    return colour;
+    return PixelOf(page_, screen);
 }
 
 testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour) const {

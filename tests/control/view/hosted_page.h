@@ -1,18 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
-#include <string>
 #include <string_view>
 
 #include "atl/module.h"
-#include "base/com_ptr.h"
-#include "base/variant.h"
 #include "control/page/register.h"
 #include "host/web_browser.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/support/screen.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 

@@ -7,17 +7,17 @@ namespace {
 
 using Care = InputQueue::Care;
 
+constexpr char kOtherDocument[] = "Runtime.executionContextsCleared";
+
 TEST_F(QueuedInput, SendsOneAfterTheOther) {
     Add(Care::kDone, "fill the clipboard");
     Add(Care::kSeen, "press");
     Add(Care::kSeen, "release");
-    ASSERT_EQ(engine->Next(), "fill the clipboard");
     EXPECT_EQ(engine->commands.size(), 1u);
-    engine->Answer();
-    Begin();
-    ASSERT_EQ(engine->Next(), "press");
+    engine->Answer("fill the clipboard");
+    Seen(0.5);
     EXPECT_EQ(engine->commands.size(), 1u);
-    engine->Answer();
+    engine->Answer("press");
     Seen(1.5);
     EXPECT_EQ(engine->Next(), "release");
 }
@@ -29,32 +29,26 @@ TEST_F(QueuedInput, KeepsMovesInTheirPlace) {
         Add(Care::kLatest, move);
     Add(Care::kSeen, "press");
     Add(Care::kLatest, "drag");
-    ASSERT_EQ(engine->Next(), "first");
-    engine->Take();  // it has no answer yet
-    ASSERT_EQ(engine->Next(), "third");
-    engine->Take();
-    Begin();
-    ASSERT_EQ(engine->Next(), "press");
-    engine->Take().onReply(nullptr);
+    engine->Take("first");  // it has no answer yet
+    engine->Take("third");
+    Seen(0.5);
+    engine->Take("press").onReply(nullptr);
     Seen(1.5);
     EXPECT_EQ(engine->Next(), "drag");
 }
 
 TEST_F(QueuedInput, HoldsWhatComesWhilePagesStandStill) {
-    const std::pair<const char*, const char*> kStops[] = {
-        {"Debugger.paused", "Debugger.resumed"}, {"Debugger.paused", "Runtime.executionContextsCleared"}};
-    for (const auto& [stop, goOn] : kStops) {
+    for (const char* goOn : {"Debugger.resumed", kOtherDocument}) {
         SCOPED_TRACE(goOn);
-        queue.OnEvent(stop);
+        Pause();
         Add(Care::kInTurn, "wheel");
         EXPECT_EQ(engine->Next(), "nothing");
         queue.OnEvent(goOn);
-        ASSERT_EQ(engine->Next(), "wheel");
-        engine->Take();
+        engine->Take("wheel");
     }
     queue.SetParked(true);
-    queue.OnEvent("Debugger.paused");
-    queue.OnEvent("Debugger.resumed");  // to run a function for native code
+    Pause();
+    Resume();  // to run a function for native code
     Add(Care::kInTurn, "wheel");
     EXPECT_EQ(engine->Next(), "nothing");
     queue.SetParked(false);
@@ -64,15 +58,13 @@ TEST_F(QueuedInput, HoldsWhatComesWhilePagesStandStill) {
 TEST_F(QueuedInput, SendsAgainWhatAPageThatStoodStillHasNotSeen) {
     Add(Care::kSeen, "press");
     Add(Care::kSeen, "release");
-    Begin(0.5);
-    ASSERT_EQ(engine->Next(), "press");
-    queue.OnEvent("Debugger.paused");
-    engine->Answer();  // the engine confirms what it throws away
+    Seen(0.5);
+    Pause();
+    engine->Answer("press");  // the engine confirms what it throws away
     Seen(0.5);
     EXPECT_EQ(engine->Next(), "nothing") << "it still stands";
-    queue.OnEvent("Debugger.resumed");
-    ASSERT_EQ(engine->Next(), "press");
-    engine->Answer();
+    Resume();
+    engine->Answer("press");
     Seen(2.5);
     EXPECT_EQ(engine->Next(), "release");
 }
@@ -80,29 +72,29 @@ TEST_F(QueuedInput, SendsAgainWhatAPageThatStoodStillHasNotSeen) {
 // What was sent before the page stopped is seen twice by nobody.
 TEST_F(QueuedInput, SendsNothingAgainWithoutReason) {
     Add(Care::kSeen, "seen");
-    Begin(0.5);
-    queue.OnEvent("Debugger.paused");  // by what the page does about it
-    queue.OnEvent("Debugger.resumed");
-    engine->Answer();
+    Seen(0.5);
+    Pause();  // by what the page does about it
+    Resume();
+    engine->Answer("seen");
     Seen(1.5);
     ASSERT_EQ(engine->Next(), "nothing");
 
     Add(Care::kSeen, "meant for no element");
-    engine->Answer();
+    engine->Answer("meant for no element");
     Seen(1.5);
     ASSERT_EQ(engine->Next(), "nothing");
 
     Add(Care::kText, "of a key that the page refused");
-    queue.OnEvent("Debugger.paused");
-    queue.OnEvent("Debugger.resumed");
-    engine->Answer();
-    engine->AnswerValue(nullptr);
+    Pause();
+    Resume();
+    engine->Answer("of a key that the page refused");
+    Seen(nullptr);
     ASSERT_EQ(engine->Next(), "nothing");
 
     Add(Care::kSeen, "opens another document");
-    queue.OnEvent("Debugger.paused");
-    engine->Answer();
-    queue.OnEvent("Runtime.executionContextsCleared");
+    Pause();
+    engine->Answer("opens another document");
+    queue.OnEvent(kOtherDocument);
     Seen(0.25);
     EXPECT_EQ(engine->Next(), "nothing");
 }
@@ -110,24 +102,21 @@ TEST_F(QueuedInput, SendsNothingAgainWithoutReason) {
 // The engine answers nothing that it has thrown away with a document.
 TEST_F(QueuedInput, DoesNotWaitForWhatWentWithAnotherDocument) {
     Add(Care::kLatest, "move over the old one");
-    engine->Take();
+    engine->Take("move over the old one");
     Add(Care::kLatest, "move over the new one");
     EXPECT_EQ(engine->Next(), "nothing");
-    queue.OnEvent("Runtime.executionContextsCleared");
-    ASSERT_EQ(engine->Next(), "move over the new one");
-    engine->Take();
+    queue.OnEvent(kOtherDocument);
+    engine->Take("move over the new one");
 
     Add(Care::kSeen, "press");
-    const auto question = engine->Take();
-    ASSERT_EQ(question.method, "Runtime.evaluate");
-    queue.OnEvent("Runtime.executionContextsCleared");
+    const auto question = engine->Take("Runtime.evaluate");
+    queue.OnEvent(kOtherDocument);
     question.onReply(nullptr);
-    Begin();
-    EXPECT_EQ(engine->Next(), "press") << "was not sent yet";
-    engine->Take();
+    Seen(0.5);
+    engine->Take("press");  // was not sent yet
     Add(Care::kSeen, "release");
-    queue.OnEvent("Runtime.executionContextsCleared");
-    Begin();
+    queue.OnEvent(kOtherDocument);
+    Seen(0.5);
     EXPECT_EQ(engine->Next(), "release");
 }
 
@@ -136,12 +125,12 @@ TEST_F(QueuedInput, DoesWithoutAnswersOfThePage) {
     const Json failed = {{"result", {{"type", "object"}}}, {"exceptionDetails", Json::object()}};
     for (const char* type : {"press", "release"}) {
         Add(Care::kSeen, type);
-        engine->Answer(failed);
+        engine->Answer("Runtime.evaluate", failed);
         ASSERT_EQ(engine->Next(), type);
-        queue.OnEvent("Debugger.paused");
-        queue.OnEvent("Debugger.resumed");
-        engine->Answer();
-        engine->Answer(failed);
+        Pause();
+        Resume();
+        engine->Answer(type);
+        engine->Answer("Runtime.evaluate", failed);
     }
     EXPECT_EQ(engine->Next(), "nothing");
 }

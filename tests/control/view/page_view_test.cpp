@@ -42,21 +42,6 @@ TEST_F(HostedPage, TakesWhatIsTyped) {
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
 }
 
-TEST_F(HostedPage, ShowsWhatAClickChanges) {
-    Open(
-        R"(<button id="button" style="width: 120px; height: 60px; border: 0; background: #c80000"></button><script>
-        logEvents('mousedown', 'mouseup', 'click', 'dblclick');
-        button.onclick = function () { button.style.background = '#00a000'; };
-        button.onmouseleave = function () { button.style.background = '#c80000'; };</script>)");
-    const POINT middle = MiddleOf(L"button");
-    ASSERT_TRUE(PixelBecomes(middle, kRed));
-    Click(middle);
-    EXPECT_TRUE(PixelBecomes(middle, kGreen));
-    EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup,click");
-    MoveTo({0, 0});
-    EXPECT_TRUE(PixelBecomes(middle, kRed)) << "the pointer has left the window";
-}
-
 // In fields, and where the page says so: its host has the page look like a dialog.
 TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     Open(R"(<style>p { margin: 20px; } .text { user-select: text; }</style>

@@ -1,10 +1,8 @@
 #include "control/view/picture.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
-#include "base/owners.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

@@ -1,23 +1,12 @@
 #include "host/registry/plugin_library.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
-#include "base/com_ptr.h"
-#include "base/text.h"
 #include "host/registry/plugin_registry.h"
-#include "tests/support/debug_channel.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
 
 std::wstring Sample(const wchar_t* name) {
     return ExecutablePath() + L"\\..\\sample_libraries\\" + name;

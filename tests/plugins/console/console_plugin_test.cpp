@@ -1,20 +1,11 @@
 #include "plugins/console/console_plugin.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "script/object.h"
 #include "script/properties.h"
-#include "tests/support/debug_channel.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class Console : public testing::Test {
   protected:
@@ -65,14 +56,13 @@ TEST_F(Console, KeepsAnyValueThatSaysWhetherErrorsAreShown) {
 
 TEST_F(Console, KnowsItsNamesAndIdsOnly) {
     DISPID id = 0;
-    EXPECT_THAT(IdOf(plugin_.Get(), L"log", &id), HasStatus(S_OK));
-    EXPECT_EQ(id, -6999);
-    EXPECT_THAT(IdOf(plugin_.Get(), L"showJsError", &id), HasStatus(S_OK));
-    EXPECT_EQ(id, -6998);
-    for (const wchar_t* unknown : {L"", L"Log", L"logs", L"showjserror"})
+    for (const auto& [name, expected] : {std::pair(L"log", -6999), std::pair(L"showJsError", -6998)}) {
+        EXPECT_THAT(IdOf(plugin_.Get(), name, &id), HasStatus(S_OK));
+        EXPECT_EQ(id, expected);
+    }
+    for (const wchar_t* unknown : {L"", L"Log", L"logs"})
         EXPECT_THAT(IdOf(plugin_.Get(), unknown, &id), HasStatus(DISP_E_UNKNOWNNAME));
     EXPECT_THAT(IdOf(plugin_.Get(), nullptr, &id), HasStatus(E_INVALIDARG));
-
     DISPPARAMS none = {};
     Variant result;
     for (const DISPID unknown : {-7000, -6997, -1, 0}) {

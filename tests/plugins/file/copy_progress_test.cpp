@@ -1,6 +1,5 @@
 #include "plugins/file/copy_progress.h"
 
-#include "base/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 namespace tarvik {

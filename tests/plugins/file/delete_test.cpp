@@ -21,7 +21,7 @@ TEST_F(File, DeletesFilesAndWholeFolders) {
 TEST_F(File, DeletesWhatItCanAndTellsByTheLastStep) {
     folder_.Write(L"tree\\inner\\gone.txt", "a");
     const std::wstring locked = folder_.Write(L"tree\\locked\\file.txt", "b");
-    const UniqueHandle lock(CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    const UniqueHandle lock = HoldFile(locked);
     EXPECT_EQ(Ask(L"deleteFile", L"tree\\locked\\file.txt"), "BOOL false");
     EXPECT_EQ(Ask(L"deleteFile", L"tree"), "BOOL false");
     EXPECT_FALSE(FileExists(folder_ / L"tree\\inner"));
@@ -51,15 +51,12 @@ class PendingRenames {
   public:
     PendingRenames() : before_(Read()) {}
     ~PendingRenames() {
-        HKEY key = nullptr;
-        if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, kKey, 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS) return;
         if (before_.empty()) {
-            RegDeleteValueW(key, kValue);
+            RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue);
         } else {
-            RegSetValueExW(key, kValue, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(before_.data()),
-                           static_cast<DWORD>(before_.size() * sizeof(wchar_t)));
+            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_MULTI_SZ, before_.data(),
+                            static_cast<DWORD>(before_.size() * sizeof(wchar_t)));
         }
-        RegCloseKey(key);
     }
 
     static std::wstring Read() {

@@ -1,8 +1,5 @@
 #include "tests/plugins/file/file_fixture.h"
 
-#include "base/owners.h"
-#include "base/text.h"
-
 namespace tarvik {
 
 namespace {
@@ -23,10 +20,6 @@ void RunUnderlying(const std::string& command) {
 }
 
 }  // namespace
-
-std::string FailText(HRESULT status) {
-    return "fail: I4 " + std::to_string(status) + ", EMPTY";
-}
 
 Ending File::Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
                  bool replaceExisting) const {

@@ -1,26 +1,9 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "base/com_ptr.h"
-#include "base/owners.h"
-#include "base/text.h"
 #include "tests/plugins/support/page_core.h"
-#include "tests/support/async_run.h"
-#include "tests/support/script_bench.h"
-#include "tests/support/status_text.h"
-#include "tests/support/waiting.h"
 
 namespace tarvik {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-std::string FailText(HRESULT status);
 inline HRESULT SystemError(DWORD error) {
     return HRESULT_FROM_WIN32(error);
 }

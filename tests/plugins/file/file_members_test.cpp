@@ -20,7 +20,7 @@ TEST_F(File, TakesPathsOfEveryForm) {
 
 TEST_F(File, AnswersForFoldersAndForNothing) {
     const std::wstring locked = folder_.Write(L"sub\\locked.txt", "1");
-    const UniqueHandle lock(CreateFileW(locked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    const UniqueHandle lock = HoldFile(locked);
     EXPECT_EQ(Ask(L"getSize", L"sub\\locked.txt"), "EMPTY");
     EXPECT_EQ(Ask(L"getSize", L"sub"), "EMPTY");
     EXPECT_EQ(Ask(L"isFileExist", L"sub"), "BOOL true");

@@ -1,21 +1,9 @@
 #include "plugins/stream/stream_plugin.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <thread>
-
-#include "base/text.h"
 #include "script/object.h"
 #include "script/properties.h"
 #include "script/ticket.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/members.h"
-#include "tests/support/recorder.h"
-#include "tests/support/script_bench.h"
-#include "tests/support/status_text.h"
-#include "tests/support/waiting.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -24,18 +12,11 @@ using namespace std::string_literals;
 
 const std::string kInvalid = StatusText(E_INVALIDARG);
 
-// The result with its kind, or else the status.
-template <class... Args>
-std::string Do(IDispatch* stream, const wchar_t* name, Args&&... args) {
-    const Outgoing out = CallMember(stream, name, std::forward<Args>(args)...);
-    return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
-}
-
 class Stream : public testing::Test {
   protected:
     template <class... Args>
     std::string Call(const wchar_t* name, Args&&... args) {
-        return Do(stream_.Get(), name, std::forward<Args>(args)...);
+        return ResultText(CallMember(stream_.Get(), name, std::forward<Args>(args)...));
     }
     std::string Content() {
         const auto* const bytes = reinterpret_cast<const char*>(stream_->GetBuffer());
@@ -176,8 +157,8 @@ TEST_F(Stream, CopiesFromItsPositionWhichStays) {
     EXPECT_EQ(Call(L"copyTo", target, 1000), "UI4 4");
     EXPECT_EQ(Call(L"copyTo", target), "UI4 4");
     EXPECT_EQ(Position(), 2u);
-    Do(target.Get(), L"seek", 0, 0);
-    EXPECT_EQ(Do(target.Get(), L"readString"), "BSTR ccdefcdef");
+    target->Seek(0, TVK::kFromBegin, nullptr);
+    EXPECT_EQ(ResultText(CallMember(target.Get(), L"readString")), "BSTR ccdefcdef");
 
     EXPECT_EQ(Call(L"copyTo", stream_), "UI4 4") << "onto itself";
     EXPECT_EQ(Content(), "abcdef");
@@ -264,42 +245,13 @@ TEST_F(Stream, ServesPlugIns) {
 
 TEST_F(Stream, IsTheSameObjectOnAnyThread) {
     Ticket ticket(stream_.Get());
-    bool same = false;
-    std::atomic<bool> done = false;
-    std::thread worker([&] {
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-        {
-            Ticket used = std::move(ticket);
-            const auto stream = Query<TVK::IStream>(used.Get());
-            same = stream.Get() == stream_.Get();
-            if (same) stream->Write("x", 1, nullptr);
-        }
-        CoUninitialize();
-        done = true;
+    OnWorker([&] {
+        Ticket used = std::move(ticket);
+        const auto stream = Query<TVK::IStream>(used.Get());
+        ASSERT_EQ(stream.Get(), stream_.Get());
+        stream->Write("x", 1, nullptr);
     });
-    EXPECT_TRUE(PumpUntil([&] { return done.load(); }));
-    worker.join();
-    EXPECT_TRUE(same);
     EXPECT_EQ(Content(), "x");
-}
-
-TEST_F(Stream, IsUsedByScript) {
-    ScriptBench bench(stream_.Get());
-    EXPECT_TRUE(
-        bench.Run(LR"(
-        var s = external, log = [];
-        function say(value) { log.push(value === null ? 'null' : typeof value + ' ' + value); }
-        function thrown(action) { try { action(); } catch (e) { return e.number >>> 0; } }
-        s.writeUInt16(0xFFFE); say(s.writeString('\u6f22', 'unicode')); say(s.writeString('end', 'ansi'));
-        say(s.seek(0, s.BEGIN)); say(s.readUInt16()); say(s.readString('unicode', 4)); say(s.seek(2, s.CURRENT));
-        say(s.readString('ansi')); say(s.readUInt32()); say(s.seek(0, s.END)); say(s.copyTo(s));
-        say(thrown(function () { s.seek(0, 3); })); say(thrown(function () { s.readUInt8(); }));
-        say(thrown(function () { s.fill(); })); say(s.BEGIN + s.CURRENT + s.END);
-    )"));
-    EXPECT_EQ(
-        ValueText(bench.Evaluate(L"log.join('; ')")),
-        "BSTR number 4; number 4; number 0; number 65534; string \xE6\xBC\xA2; number 6; string end; null; "
-        "number 10; number 0; number 2147942487; number 2147942487; number 2147500033; number 3");
 }
 
 TEST(GrowingBlock, GrowsByWholeMebibytesOrATenth) {

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <exdisp.h>
 
-#include <string>
-
-#include "base/com_object.h"
-#include "base/com_ptr.h"
+#include "base/status.h"
 #include "host/contract/plugin.h"
-#include "tests/support/members.h"
-#include "tests/support/temp_folder.h"
+#include "host/page_address.h"
+#include "host/registry/plugin_registry.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 
@@ -18,8 +16,21 @@ class PageCore : public ComObject<As<TVK::ICore>> {
     explicit PageCore(const std::wstring& page) : location_(L"file:///" + page) {}
 
     // A new object of a plug-in, also of a retained one.
-    STDMETHODIMP GetPlugin(const wchar_t* name, IDispatch** out) override;
-    STDMETHODIMP ResolveUrl(const wchar_t* url, BSTR* out) override;
+    STDMETHODIMP GetPlugin(const wchar_t* name, IDispatch** out) override {
+        const PluginEntry* const entry = FindPlugin(name);
+        ComPtr<TVK::IPlugin> plugin;
+        if (!entry ||
+            FAILED(entry->factory(__uuidof(TVK::IPlugin), reinterpret_cast<void**>(plugin.GetAddressOf()))))
+            return E_FAIL;
+        ComPtr<IUnknown> browser;
+        CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                         reinterpret_cast<void**>(browser.GetAddressOf()));
+        plugin->Initialize(this, browser.Get());
+        return HandOut(Query<IDispatch>(plugin.Get()), out);
+    }
+    STDMETHODIMP ResolveUrl(const wchar_t* url, BSTR* out) override {
+        return Guard([&] { *out = Bstr(ResolveAgainst(url, location_)).Detach(); });
+    }
     STDMETHODIMP CreateBrowserWindow(const wchar_t*, BOOL, const VARIANT*, const VARIANT*,
                                      IDispatch**) override {
         return E_NOTIMPL;
@@ -34,7 +45,11 @@ class PageCore : public ComObject<As<TVK::ICore>> {
 // A page's plug-ins. The page lies in a folder of the test's own.
 class PluginsOfPage : public testing::Test {
   protected:
-    ComPtr<IDispatch> Plugin(const wchar_t* name) const;
+    ComPtr<IDispatch> Plugin(const wchar_t* name) const {
+        ComPtr<IDispatch> plugin;
+        EXPECT_EQ(core_->GetPlugin(name, plugin.GetAddressOf()), S_OK) << name;
+        return plugin;
+    }
 
     const TempFolder folder_;
 

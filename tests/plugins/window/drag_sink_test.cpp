@@ -2,16 +2,12 @@
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
-
 #include <optional>
 
 #include "base/bstr.h"
-#include "base/owners.h"
 #include "base/variant.h"
 #include "control/page/html_members.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {

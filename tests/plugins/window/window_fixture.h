@@ -2,12 +2,8 @@
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
-
 #include "host/web_browser.h"
-#include "tests/support/members.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 

@@ -2,21 +2,15 @@
 
 #include <windows.h>
 
-#include <gmock/gmock.h>
-
 #include <cstdint>
 #include <random>
 #include <vector>
 
 #include "plugins/window/image_region.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/status_text.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-using testing::ElementsAre;
 
 class FakeComposition : public Composition {
   public:

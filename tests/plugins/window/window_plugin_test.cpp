@@ -1,15 +1,10 @@
 #include <windows.h>
 
-#include <gmock/gmock.h>
-
 #include "base/com_object.h"
-#include "base/owners.h"
 #include "host/contract/menu.h"
 #include "plugins/window/main_subclass.h"
 #include "tests/plugins/window/window_fixture.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/recorder.h"
-#include "tests/support/status_text.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -172,7 +167,7 @@ TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
     EXPECT_EQ(GetMember(plugin_.Get(), L"menu").value.pdispVal, second.Get()) << "what is no menu is none";
     for (const UINT id : {1999u, 2000u, 2999u, 3000u, 3001u})
         SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
-    EXPECT_THAT(second->commands, testing::ElementsAre(2000, 2999, 3000));
+    EXPECT_THAT(second->commands, ElementsAre(2000, 2999, 3000));
     EXPECT_TRUE(first->commands.empty());
 }
 

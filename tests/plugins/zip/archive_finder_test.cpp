@@ -1,10 +1,7 @@
 #include "plugins/zip/archive_finder.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
@@ -19,24 +16,15 @@ std::string Find(const std::string& file, std::uint32_t fromEnd = 0) {
     return found ? std::string(found->begin(), found->end()) : "none";
 }
 
-std::string EndRecord(std::uint32_t directorySize, std::uint32_t directoryOffset,
-                      const std::string& comment = {}) {
-    ArchiveLayout layout;
-    layout.directorySize = directorySize;
-    layout.directoryOffset = directoryOffset;
-    layout.comment = comment;
-    return WriteArchive({}, layout);
+std::string EndRecord(std::uint32_t directorySize, std::uint32_t directoryOffset) {
+    return WriteArchive({}, {.directoryOffset = directoryOffset, .directorySize = directorySize});
 }
 
 TEST(ArchiveFinder, FindsOneBehindAProgram) {
     EXPECT_EQ(Find(kStub + kFirst), kFirst);
     EXPECT_EQ(Find(kStub + kFirst + "trailing bytes"), kFirst);
-}
-
-TEST(ArchiveFinder, TakesTheWholeFileWhereOffsetsCountFromItsStart) {
-    ArchiveLayout layout;
-    layout.offsetBase = static_cast<std::uint32_t>(kStub.size());
-    const std::string adjusted = kStub + WriteArchive({{"a", "b"}}, layout);
+    // The whole file, where offsets count from its start.
+    const std::string adjusted = kStub + WriteArchive({{"a", "b"}}, {.offsetBase = 1000});
     EXPECT_EQ(Find(adjusted), adjusted);
     EXPECT_EQ(Find(kFirst), kFirst);
     // The walk is at the file's start after each step and begins at its end again.
@@ -57,8 +45,8 @@ TEST(ArchiveFinder, CountsFromTheEnd) {
 
 TEST(ArchiveFinder, LooksNoFartherThanTheDistanceAndNotBeforeTheStart) {
     constexpr size_t kLongestComment = 65'535 - 22;
-    const std::string reachable = EndRecord(0, 0, std::string(kLongestComment, 'c'));
-    const std::string tooFar = EndRecord(0, 0, std::string(kLongestComment + 1, 'c'));
+    const std::string reachable = WriteArchive({}, {.comment = std::string(kLongestComment, 'c')});
+    const std::string tooFar = WriteArchive({}, {.comment = std::string(kLongestComment + 1, 'c')});
     EXPECT_EQ(Find(reachable), reachable);
     EXPECT_EQ(Find(tooFar), "none");
     for (size_t length = 0; length < 22; ++length)

@@ -2,7 +2,9 @@
 
 #include <miniz.h>
 
+#include <initializer_list>
 #include <memory>
+#include <utility>
 
 namespace tarvik {
 
@@ -10,18 +12,14 @@ namespace {
 
 constexpr std::uint32_t kAllOnes = 0xFFFFFFFF;
 
-void Put16(std::string& out, std::uint32_t value) {
-    out += {static_cast<char>(value), static_cast<char>(value >> 8)};
-}
-
-void Put32(std::string& out, std::uint32_t value) {
-    Put16(out, value);
-    Put16(out, value >> 16);
-}
-
-void Put64(std::string& out, std::uint64_t value) {
-    Put32(out, static_cast<std::uint32_t>(value));
-    Put32(out, static_cast<std::uint32_t>(value >> 32));
+// Numbers, each with its width in bytes, the lowest byte first.
+std::string Fields(std::initializer_list<std::pair<int, std::uint64_t>> numbers) {
+    std::string out;
+    for (const auto& [width, number] : numbers) {
+        for (int i = 0; i < width; ++i)
+            out += static_cast<char>(number >> 8 * i);
+    }
+    return out;
 }
 
 std::string Pack(const ArchiveMember& member) {
@@ -37,47 +35,34 @@ std::string Pack(const ArchiveMember& member) {
 // The fields that the local header and the central directory share, from the version on.
 std::string CommonFields(const ArchiveMember& member, std::uint32_t packedSize) {
     const auto* content = reinterpret_cast<const unsigned char*>(member.content.data());
-    std::string out;
-    Put16(out, 20);
-    Put16(out, member.flags);
-    Put16(out, member.method);
-    Put16(out, member.time);
-    Put16(out, member.date);
-    Put32(out, member.sum.value_or(
-                   static_cast<std::uint32_t>(mz_crc32(MZ_CRC32_INIT, content, member.content.size()))));
-    Put32(out, packedSize);
-    Put32(out, member.size.value_or(static_cast<std::uint32_t>(member.content.size())));
-    Put16(out, static_cast<std::uint32_t>(member.name.size()));
-    return out;
-}
-
-std::string LocalHeader(const ArchiveMember& member, std::uint32_t packedSize) {
-    std::string out = "PK\3\4" + CommonFields(member, packedSize);
-    Put16(out, 0);
-    return out + member.name;
+    const auto sum = static_cast<std::uint32_t>(mz_crc32(MZ_CRC32_INIT, content, member.content.size()));
+    return Fields({{2, 20},
+                   {2, member.flags},
+                   {2, member.method},
+                   {2, member.time},
+                   {2, member.date},
+                   {4, member.sum.value_or(sum)},
+                   {4, packedSize},
+                   {4, member.size.value_or(static_cast<std::uint32_t>(member.content.size()))},
+                   {2, member.name.size()}});
 }
 
 std::string WideFields(const ArchiveMember& member) {
     std::string values;
-    if (member.packedSize64) Put64(values, *member.packedSize64);
-    if (member.headerOffset64) Put64(values, *member.headerOffset64);
-    if (values.empty()) return {};
-    std::string out;
-    Put16(out, 1);
-    Put16(out, static_cast<std::uint32_t>(values.size()));
-    return out + values;
+    if (member.packedSize64) values += Fields({{8, *member.packedSize64}});
+    if (member.headerOffset64) values += Fields({{8, *member.headerOffset64}});
+    return values.empty() ? values : Fields({{2, 1}, {2, values.size()}}) + values;
 }
 
-std::string DirectoryEntry(const ArchiveMember& member, std::uint32_t packedSize, std::uint32_t offset) {
+std::string DirectoryEntry(const ArchiveMember& member, std::uint32_t packedSize, std::uint64_t offset) {
     const std::string wide = WideFields(member);
-    std::string out = "PK\1\2";
-    Put16(out, 20);
-    out += CommonFields(member, member.packedSize64 ? kAllOnes : packedSize);
-    Put16(out, static_cast<std::uint32_t>(wide.size()));
-    out.append(6, '\0');  // comment length, disk, internal attributes
-    Put32(out, member.attributes);
-    Put32(out, member.headerOffset64 ? kAllOnes : offset);
-    return out + member.name + wide;
+    // Between the lengths and the attributes: the comment's length, the disk, internal attributes.
+    return "PK\1\2" + Fields({{2, 20}}) + CommonFields(member, member.packedSize64 ? kAllOnes : packedSize) +
+           Fields({{2, wide.size()},
+                   {6, 0},
+                   {4, member.attributes},
+                   {4, member.headerOffset64 ? kAllOnes : offset}}) +
+           member.name + wide;
 }
 
 }  // namespace
@@ -88,24 +73,25 @@ std::string WriteArchive(const std::vector<ArchiveMember>& members, const Archiv
     for (ArchiveMember member : members) {
         const std::string packed = Pack(member);
         const auto packedSize = static_cast<std::uint32_t>(packed.size());
+        const std::uint64_t offset = layout.offsetBase + out.size();
         if (member.wide) {
             member.packedSize64 = packed.size();
-            member.headerOffset64 = layout.offsetBase + out.size();
+            member.headerOffset64 = offset;
         }
-        directory +=
-            DirectoryEntry(member, packedSize, layout.offsetBase + static_cast<std::uint32_t>(out.size()));
-        out += LocalHeader(member, packedSize) + packed;
+        directory += DirectoryEntry(member, packedSize, offset);
+        out += "PK\3\4" + CommonFields(member, packedSize) + Fields({{2, 0}}) + member.name + packed;
     }
-    const std::uint32_t directoryOffset = layout.offsetBase + static_cast<std::uint32_t>(out.size());
+    const auto directoryOffset = static_cast<std::uint32_t>(layout.offsetBase + out.size());
+    const auto directorySize = static_cast<std::uint32_t>(directory.size());
     const auto count = layout.count.value_or(static_cast<std::uint16_t>(members.size()));
-    out += directory;
-    out.append("PK\5\6\0\0\0\0", 8);
-    Put16(out, count);
-    Put16(out, count);
-    Put32(out, layout.directorySize.value_or(static_cast<std::uint32_t>(directory.size())));
-    Put32(out, layout.directoryOffset.value_or(directoryOffset));
-    Put16(out, static_cast<std::uint32_t>(layout.comment.size()));
-    return out + layout.comment;
+    return out + directory + "PK\5\6" +
+           Fields({{4, 0},
+                   {2, count},
+                   {2, count},
+                   {4, layout.directorySize.value_or(directorySize)},
+                   {4, layout.directoryOffset.value_or(directoryOffset)},
+                   {2, layout.comment.size()}}) +
+           layout.comment;
 }
 
 }  // namespace tarvik

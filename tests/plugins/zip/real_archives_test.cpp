@@ -29,11 +29,8 @@ class RealArchives : public Unzip, public testing::WithParamInterface<RealArchiv
 
 TEST_P(RealArchives, ComeOutAsTheyWentIn) {
     const fs::path made = fs::absolute("archives");
-    OptionObject options;
-    options.Set(L"src", (made / GetParam().name).c_str())
-        .Set(L"dest", Dest().c_str())
-        .Set(L"index", GetParam().index);
-    ASSERT_EQ(Run(options).text, kSuccess);
+    const OptionObject options = OptionsFor("").Set(L"src", (made / GetParam().name).c_str());
+    ASSERT_EQ(Run(options.Set(L"index", GetParam().index)).text, kSuccess);
     const fs::path expected = made / GetParam().tree;
     EXPECT_EQ(ReadTree(Dest()), ReadTree(expected.wstring()));
     EXPECT_EQ(fs::last_write_time(fs::path(Dest()) / "deep/er/lines.txt"),

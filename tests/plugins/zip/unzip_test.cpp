@@ -1,118 +1,109 @@
-#include "script/object.h"
-#include "tests/plugins/zip/unzip_fixture.h"
-#include "tests/support/leak_check.h"
-#include "tests/support/status_text.h"
-#include "tests/support/waiting.h"
+#include "tests/plugins/zip/zip_fixture.h"
 
-// The call, its callbacks, and how `progress` steers a run.
+// The call, its sources and callbacks, and how `progress` steers a run.
 namespace tarvik {
 namespace {
 
-const std::string kLong(70'000, 'x');
-const std::string kArchive =
-    WriteArchive({{"folder/", ""}, {"folder/a.txt", "first"}, {"b.txt", "second", 0}});
-
 TEST_F(Unzip, AndZipRefuseWrongCallsAtOnce) {
+    DISPID id = 0;
     for (const auto& [name, expectedId] : {std::pair(L"unzip", -6999), std::pair(L"zip", -6998)}) {
-        const auto call = [&, name = name](auto&&... arguments) {
-            return CallMember(plugin_.Get(), name, std::forward<decltype(arguments)>(arguments)...).status;
-        };
-        EXPECT_THAT(call(), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(call(L"archive.zip"), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(call(static_cast<IDispatch*>(nullptr)), HasStatus(E_INVALIDARG));
+        const Outgoing wrong[] = {CallMember(plugin_.Get(), name), CallMember(plugin_.Get(), name, L"a.zip"),
+                                  CallMember(plugin_.Get(), name, static_cast<IDispatch*>(nullptr))};
+        for (const Outgoing& out : wrong)
+            EXPECT_THAT(out.status, HasStatus(E_INVALIDARG));
         EXPECT_THAT(GetMember(plugin_.Get(), name).status, HasStatus(E_NOTIMPL));
-        DISPID id = 0;
         EXPECT_THAT(IdOf(plugin_.Get(), name, &id), HasStatus(S_OK));
         EXPECT_EQ(id, expectedId);
     }
-    DISPID id = 0;
     EXPECT_THAT(IdOf(plugin_.Get(), L"Unzip", &id), HasStatus(DISP_E_UNKNOWNNAME));
 }
 
-TEST_F(Unzip, HandsTheContextToEveryLastCallback) {
-    OptionObject plain = OptionsFor(kArchive);
-    plain.Set(L"context", 7);
-    EXPECT_EQ(Run(plain).text, "success: I4 7");
+TEST_F(Unzip, AnswersMissingOptions) {
+    const std::string archive = "program" + WriteArchive({{"a", "1"}});
+    const std::string noPath = UnzipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
+    const auto with = [&](const wchar_t* name, auto value) {
+        return Run(OptionsFor(archive).Set(name, value)).text;
+    };
+    EXPECT_EQ(with(L"dest", 5), UnzipFailText(E_INVALIDARG));
+    EXPECT_EQ(with(L"dest", L""), UnzipFailText(E_INVALIDARG)) << "else it would be the root of the drive";
+    EXPECT_EQ(with(L"src", nullptr), noPath);
+    EXPECT_EQ(with(L"index", 1), UnzipFailText(E_FAIL));
+    EXPECT_EQ(with(L"index", -1), UnzipFailText(E_FAIL));
+    EXPECT_EQ(with(L"index", L"1"), kSuccess);
+    EXPECT_EQ(RunOn("").text, UnzipFailText(HRESULT_FROM_WIN32(ERROR_FILE_INVALID)));
+}
 
-    const auto object = MakeCom<CObject>();
-    OptionObject withObject = OptionsFor(kArchive);
-    withObject.Set(L"context", object);
-    EXPECT_EQ(Run(withObject).text,
-              "fail: DISPATCH, I4 " + std::to_string(HRESULT_FROM_WIN32(ERROR_FILE_EXISTS)));
+TEST_F(Unzip, ReadsAnArchiveInMemoryAndFailsInAnotherOrder) {
+    const auto fail = [](const std::string& context, HRESULT status) {
+        return "fail: DISPATCH null, " + context + ", I4 " + std::to_string(status);
+    };
+    const std::string archive = WriteArchive({{"a", "content"}});
+    const int length = static_cast<int>(archive.size());
+    const auto with = [&](const wchar_t* name, auto value) {
+        OptionObject options;
+        options.Set(L"buffer", Variant::I8(reinterpret_cast<LONGLONG>(archive.data())))
+            .Set(L"length", length)
+            .Set(L"dest", Dest().c_str())
+            .Set(L"context", 9);
+        return Run(options.Set(name, std::move(value))).text;
+    };
+    for (const wchar_t* missing : {L"buffer", L"length", L"dest"})
+        EXPECT_EQ(with(missing, Variant()), fail("I4 9", E_INVALIDARG));
+    EXPECT_EQ(with(L"buffer", 5), fail("I4 9", E_INVALIDARG));
+    EXPECT_EQ(with(L"length", length - 1), fail("I4 9", E_FAIL));
+    EXPECT_FALSE(FileExists(Dest()));
+    EXPECT_EQ(with(L"context", Variant()), kSuccess);
+    EXPECT_EQ(ReadFileBytes(Dest() + L"\\a"), "content");
 }
 
 TEST_F(Unzip, ReportsMembersAndData) {
-    OptionObject options =
-        OptionsFor(WriteArchive({{"d/", ""}, {"d/long", kLong}, {"stored", kLong, 0}, {"e", ""}}));
-    options.Set(L"context", L"c");
-    const Ending ending = Run(options);
+    const std::string content(70'000, 'x');
+    const OptionObject options =
+        OptionsFor(WriteArchive({{"d/", ""}, {"d/long", content}, {"stored", content, 0}, {"e", ""}}));
+    const Ending ending = Run(options.Set(L"context", L"c"));
     EXPECT_EQ(ending.text, "success: BSTR c");
-    EXPECT_EQ(ending.progress,
-              (std::vector<std::string>{
-                  "BSTR d/", "BSTR d/long", "BSTR d/long, UI4 140000, UI4 32768, BSTR c",
-                  "BSTR d/long, UI4 140000, UI4 65536, BSTR c", "BSTR d/long, UI4 140000, UI4 70000, BSTR c",
-                  "BSTR stored", "BSTR stored, UI4 140000, UI4 140000, BSTR c", "BSTR e"}));
+    EXPECT_THAT(ending.progress,
+                ElementsAre("BSTR d/", "BSTR d/long", "BSTR d/long, UI4 140000, UI4 32768, BSTR c",
+                            "BSTR d/long, UI4 140000, UI4 65536, BSTR c",
+                            "BSTR d/long, UI4 140000, UI4 70000, BSTR c", "BSTR stored",
+                            "BSTR stored, UI4 140000, UI4 140000, BSTR c", "BSTR e"));
 }
 
-struct Steering {
-    const char* when;  // the form of progress that is answered
-    Variant answer;
-    std::string ending;
-    size_t filesLeft;
-};
-
 TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
-    const std::string aborted = FailText(E_ABORT);
-    const std::string failed = FailText(E_FAIL);
-    Steering cases[] = {
-        {"start", Variant::Bool(true), kSuccess, 2},     {"start", Variant::Bool(false), aborted, 0},
-        {"start", Variant::I4(0), kSuccess, 0},          {"start", Variant::I4(1), kSuccess, 2},
-        {"start", Variant::R8(0), kSuccess, 2},          {"start", Variant::Null(), kSuccess, 2},
-        {"start", Variant::Text(L"false"), kSuccess, 2}, {"data", Variant::Bool(true), kSuccess, 2},
-        {"data", Variant::Bool(false), failed, 1},       {"data", Variant::I4(0), kSuccess, 2},
+    const std::string aborted = UnzipFailText(E_ABORT), failed = UnzipFailText(E_FAIL);
+    const struct {
+        bool atStart;  // which of the two forms of progress is answered
+        Variant answer;
+        std::string ending;
+        size_t filesLeft;
+    } cases[] = {
+        {true, Variant::Bool(true), kSuccess, 2},     {true, Variant::Bool(false), aborted, 0},
+        {true, Variant::I4(0), kSuccess, 0},          {true, Variant::I4(1), kSuccess, 2},
+        {true, Variant::R8(0), kSuccess, 2},          {true, Variant::Null(), kSuccess, 2},
+        {true, Variant::Text(L"false"), kSuccess, 2}, {false, Variant::Bool(true), kSuccess, 2},
+        {false, Variant::Bool(false), failed, 1},     {false, Variant::I4(0), kSuccess, 2},
     };
-    for (const Steering& steering : cases) {
-        SCOPED_TRACE(std::string(steering.when) + " " + ValueText(steering.answer));
+    for (const auto& c : cases) {
+        SCOPED_TRACE((c.atStart ? "start " : "data ") + ValueText(c.answer));
         const TempFolder kept;
-        OptionObject options = OptionsFor(WriteArchive({{"a", "aaaa"}, {"b", "bbbb"}}));
-        options.Set(L"dest", kept.Path().c_str());
+        const OptionObject options = OptionsFor(WriteArchive({{"a", "aaaa"}, {"b", "bbbb"}}));
         const auto answer = [&](const Recorder::Record& call) {
-            const bool atStart = call.arguments.size() == 1;
-            return atStart == (std::string("start") == steering.when) ? Variant::Copy(steering.answer)
-                                                                      : Variant();
+            return (call.arguments.size() == 1) == c.atStart ? Variant::Copy(c.answer) : Variant();
         };
-        EXPECT_EQ(Run(options, answer).text, steering.ending);
-        EXPECT_EQ(ReadTree(kept.Path()).size(), steering.filesLeft);
+        EXPECT_EQ(Run(options.Set(L"dest", kept.Path().c_str()), answer).text, c.ending);
+        EXPECT_EQ(ReadTree(kept.Path()).size(), c.filesLeft);
     }
 }
 
 TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
-    folder_.Write(L"out\\folder\\a.txt", "mine");
-    const auto skip = [](const Recorder::Record& call) {
-        return Recorder::Text(call) == "BSTR folder/a.txt" ? Variant::I4(0) : Variant();
-    };
-    EXPECT_EQ(RunOn(kArchive, skip).text, kSuccess);
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\folder\\a.txt"), "mine");
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\b.txt"), "second");
-    // Folders are made before they can be skipped.
-    const auto skipAll = [](const Recorder::Record&) { return Variant::I4(0); };
-    EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}}), skipAll).text, kSuccess);
-    EXPECT_TRUE(FileExists(Dest() + L"\\only"));
-    EXPECT_TRUE(FileExists(Dest() + L"\\above"));
-    EXPECT_FALSE(FileExists(Dest() + L"\\above\\a.txt"));
-}
-
-TEST_F(Unzip, EndsWithoutCallbacksWhereNoneWereGiven) {
-    const Holdings before = Holdings::Now();
-    {
-        OptionObject options = OptionsFor(kArchive);
-        CallMember(plugin_.Get(), L"unzip", static_cast<IDispatch*>(options));
-    }
-    // The run holds the plug-in, and gives everything back at its end.
-    plugin_.Reset();
-    EXPECT_TRUE(PumpUntil([&] { return FileExists(Dest() + L"\\b.txt"); }));
-    EXPECT_TRUE(
-        PumpUntil([&] { return Holdings::Now().GrownSince(before).find("COM") == std::string::npos; }));
+    folder_.Write(L"out\\above\\a.txt", "mine");
+    const auto skip = [](const Recorder::Record&) { return Variant::I4(0); };
+    EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}, {"new/b.txt", "2"}}), skip).text,
+              kSuccess);
+    EXPECT_EQ(ReadFileBytes(Dest() + L"\\above\\a.txt"), "mine");
+    EXPECT_FALSE(FileExists(Dest() + L"\\new\\b.txt"));
+    EXPECT_TRUE(FileExists(Dest() + L"\\only")) << "folders are made before they can be skipped";
+    EXPECT_TRUE(FileExists(Dest() + L"\\new"));
 }
 
 }  // namespace

@@ -1,11 +1,59 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "tests/plugins/zip/unzip_fixture.h"
+#include "plugins/zip/archive_reader.h"
+#include "plugins/zip/zip_plugin.h"
+#include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/test.h"
 
 namespace tarvik {
+
+// Of an archive in a file: the context comes first there.
+inline std::string UnzipFailText(HRESULT status) {
+    return "fail: EMPTY, I4 " + std::to_string(status);
+}
+
+// Calls unzip as script does and pumps messages until the run has ended; exactly one of `success` and
+// `fail` must have come. A run gives everything back at its end.
+class Unzip : public testing::Test {
+  protected:
+    void TearDown() override {
+        plugin_.Reset();
+        EXPECT_TRUE(PumpUntil([&] { return liveComObjects == objectsBefore_; }));
+    }
+
+    Ending RunMember(const wchar_t* member, const OptionObject& options, Recorder::Answer answer) {
+        Ending ending = RunToEnd(plugin_.Get(), member, options, std::move(answer));
+        EXPECT_NE(ending.text, "");
+        return ending;
+    }
+    Ending Run(const OptionObject& options, Recorder::Answer answer = {}) {
+        return RunMember(L"unzip", options, std::move(answer));
+    }
+
+    // An archive in a file, into Dest().
+    OptionObject OptionsFor(const std::string& archive) const {
+        OptionObject options;
+        return options.Set(L"src", folder_.Write(L"archive.zip", archive).c_str())
+            .Set(L"dest", Dest().c_str());
+    }
+    Ending RunOn(const std::string& archive, Recorder::Answer answer = {}) {
+        return Run(OptionsFor(archive), std::move(answer));
+    }
+    std::wstring Dest() const { return folder_ / L"out"; }
+
+    const long objectsBefore_ = liveComObjects;
+    const TempFolder folder_;
+    ComPtr<CZipPlugin> plugin_ = MakeCom<CZipPlugin>();
+};
+
+// The names in an archive, in its own order.
+inline std::vector<std::string> EntryNames(const std::string& archive) {
+    ArchiveReader reader(BytesOf(archive));
+    std::vector<std::string> names;
+    for (mz_uint i = 0; i < reader.Count(); ++i)
+        names.push_back(Narrow(reader.Name(reader.Statistics(i))));
+    return names;
+}
 
 // Calls zip as script does, until the run has ended. What it packs lies below Source().
 class Zip : public Unzip {
@@ -13,15 +61,13 @@ class Zip : public Unzip {
     Ending Pack(const OptionObject& options, Recorder::Answer answer = {}) {
         return RunMember(L"zip", options, std::move(answer));
     }
-    OptionObject PackingOf(const std::wstring& source);
+    OptionObject PackingOf(const std::wstring& source) const {
+        return OptionObject().Set(L"src", source.c_str()).Set(L"dest", Archive().c_str());
+    }
+    std::vector<std::string> PackedNames() const { return EntryNames(ReadFileBytes(Archive())); }
 
     std::wstring Source() const { return folder_ / L"source"; }
     std::wstring Archive() const { return folder_ / L"packed.zip"; }
 };
-
-std::string ZipFailText(HRESULT status);  // with an empty context
-
-// The names in an archive, in its own order.
-std::vector<std::string> EntryNames(const std::string& archive);
 
 }  // namespace tarvik

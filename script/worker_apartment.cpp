@@ -1,0 +1,33 @@
+#include "script/worker_apartment.h"
+
+#include <combaseapi.h>
+
+#include "script/object.h"
+
+namespace tarvik {
+
+WorkerApartment::WorkerApartment()
+    : home_(MakeCom<CObject>().Get()),
+      end_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
+      thread_(end_ ? CreateThread(nullptr, 0, Stay, this, 0, nullptr) : nullptr) {}
+
+WorkerApartment::~WorkerApartment() {
+    if (!thread_) return;
+    SetEvent(end_.Get());
+    HANDLE thread = thread_.Get();
+    DWORD index = 0;
+    CoWaitForMultipleHandles(0, INFINITE, 1, &thread, &index);
+}
+
+DWORD WINAPI WorkerApartment::Stay(void* self) {
+    auto& apartment = *static_cast<WorkerApartment*>(self);
+    const HRESULT initialized = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    // The object manager is asked for by the first interface that the object does not give at once.
+    Query<IPersist>(apartment.home_.Get());
+    WaitForSingleObject(apartment.end_.Get(), INFINITE);
+    apartment.home_ = Ticket();
+    if (SUCCEEDED(initialized)) CoUninitialize();
+    return 0;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,94 @@
+#include "tests/support/screen.h"
+
+#include <exdisp.h>
+#include <mshtml.h>
+
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+
+namespace {
+
+POINT Middle(HWND window) {
+    RECT area = {};
+    GetClientRect(window, &area);
+    return {area.right / 2, area.bottom / 2};
+}
+
+// The pointer moves by input: a position that is set may come after the press that follows it.
+void Send(INPUT input) {
+    SendInput(1, &input, sizeof input);
+}
+
+}  // namespace
+
+HWND InnermostWindow(HWND window) {
+    while (const HWND child = GetWindow(window, GW_CHILD))
+        window = child;
+    return window;
+}
+
+COLORREF PixelOf(HWND window, POINT point) {
+    const HDC picture = GetDC(window);
+    const COLORREF colour = GetPixel(picture, point.x, point.y);
+    ReleaseDC(window, picture);
+    return colour;
+}
+
+COLORREF PixelOnScreen(HWND window, POINT point) {
+    ClientToScreen(window, &point);
+    return PixelOf(nullptr, point);
+}
+
+bool WaitForColour(HWND window, COLORREF colour) {
+    return WaitFor([&] { return PixelOnScreen(window, Middle(window)) == colour; });
+}
+
+void Click(HWND window) {
+    SetForegroundWindow(GetAncestor(window, GA_ROOT));
+    POINT point = Middle(window);
+    ClientToScreen(window, &point);
+    Send(MoveOf(point));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
+}
+
+void Drag(POINT from, POINT to) {
+    constexpr int kSteps = 5;
+    constexpr DWORD kPause = 60;
+    Send(MoveOf(from));
+    Sleep(kPause);
+    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
+    Sleep(5 * kPause);  // a page hears of the press before the button goes up
+    for (int step = 1; step <= kSteps; ++step) {
+        Send(MoveOf({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps}));
+        Sleep(kPause);
+    }
+    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
+    Sleep(kPause);
+}
+
+INPUT MouseInputOf(DWORD action, DWORD data) {
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = action;
+    input.mi.mouseData = data;
+    return input;
+}
+
+INPUT MoveOf(POINT screen) {
+    const auto scaled = [](LONG at, int measure) { return (at * 65536 + 32768) / GetSystemMetrics(measure); };
+    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    move.mi.dx = scaled(screen.x, SM_CXSCREEN);
+    move.mi.dy = scaled(screen.y, SM_CYSCREEN);
+    return move;
+}
+
+ComPtr<IDispatch> ScriptOf(IUnknown* control) {
+    ComPtr<IDispatch> document, script;
+    Query<IWebBrowser2>(control)->get_Document(document.GetAddressOf());
+    Query<IHTMLDocument2>(document.Get())->get_Script(script.GetAddressOf());
+    return script;
+}
+
+}  // namespace tarvik

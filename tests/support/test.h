@@ -1,0 +1,33 @@
+#pragma once
+
+// What nearly every test uses: the framework, ways to use objects as script does, and a look at what came of
+// it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/owners.h"
+#include "base/text.h"
+#include "tests/support/async_run.h"
+#include "tests/support/debug_channel.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/script_bench.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+
+// The result with its kind, or the status of what failed.
+inline std::string ResultText(const Outgoing& out) {
+    return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
+}
+
+}  // namespace tarvik
