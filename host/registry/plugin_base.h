@@ -57,6 +57,7 @@ class WindowPlugin : public TablePlugin<Self> {
 
   protected:
     TVK::ICore* Core() const { return core_.Get(); }
+    IWebBrowser2* Browser() const { return browser_.Get(); }
 
     std::wstring Resolve(BSTR path) const { return ResolvePath(Core(), std::wstring(Bstr::View(path))); }
     std::wstring Resolve(const std::wstring& path) const { return ResolvePath(Core(), path); }

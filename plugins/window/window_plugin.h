@@ -17,6 +17,9 @@ class CWindowPlugin : public WindowPlugin<CWindowPlugin> {
     bool Show(bool visible);
     bool Close();
     HRESULT Quit(std::optional<ExactInt> code);
+    HRESULT SelectFile(const Call& call);
+    HRESULT SelectFolder(const Call& call);
+    bool MessageBox(IDispatch* options);
     bool IsVisible();
 
     Integer GetWidth();

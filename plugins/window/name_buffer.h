@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+#include <commdlg.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+// Where a file dialog that selects several files leaves them: it grows with the selection.
+class NameBuffer {
+  public:
+    wchar_t* Data() { return buffer_.data(); }
+    DWORD Size() const { return static_cast<DWORD>(buffer_.size()); }
+
+    // Makes room for what is selected in the dialog.
+    void Fit(HWND dialog);
+
+    // The full paths that the dialog has left, up to the first that is too long for a path buffer.
+    std::vector<std::wstring> Paths() const;
+
+  private:
+    size_t GrowthOf(const std::wstring& path);
+
+    std::vector<wchar_t> buffer_ = std::vector<wchar_t>(MAX_PATH);
+    std::map<std::wstring, size_t> growth_;  // of the paths that were looked at
+};
+
+}  // namespace tarvik
