@@ -74,7 +74,7 @@ void NameBuffer::Fit(HWND dialog) {
     size_t size = folder.size() + names.size() + 3;  // with the terminators of both, and that of the list
     for (const std::wstring& name : QuotedNames(names))
         size += GrowthOf(folder + L'\\' + name);
-    if (size > buffer_.size()) buffer_.resize(size);
+    if (size > Size()) buffer_.resize(size + kTypedLength);
 }
 
 // One full path, or a folder and the names in it; each ends in a zero, and the list in another.
