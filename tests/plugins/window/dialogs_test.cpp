@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <dlgs.h>
 #include <exdisp.h>
+#include <shlobj.h>
 
 #include <gmock/gmock.h>
 
@@ -12,8 +13,10 @@
 
 #include "app/log/log.h"
 #include "atl/ax_window.h"
+#include "base/owners.h"
 #include "control/page/register.h"
 #include "host/web_browser.h"
+#include "plugins/window/name_buffer.h"
 #include "tests/support/debug_channel.h"
 #include "tests/support/dialog_driver.h"
 #include "tests/support/members.h"
@@ -28,6 +31,7 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
+using testing::UnorderedElementsAreArray;
 
 constexpr int kBoxText = 0xFFFF;
 constexpr int kFolderTitle = 0x3742;
@@ -334,16 +338,46 @@ TEST_F(PageDialogs, TakeAnyNumberOfFiles) {
         SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&selected));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
-    EXPECT_THAT(Paths(), testing::UnorderedElementsAreArray(files));
+    EXPECT_THAT(Paths(), UnorderedElementsAreArray(files));
+    std::wstring typed;
+    for (const std::wstring& file : files)
+        typed += L'"' + file.substr(file.rfind(L'\\') + 1) + L"\" ";
+    Ask(L"selectFile", options, [&](HWND dialog) { EnterFileName(dialog, typed); });
+    EXPECT_THAT(Paths(), testing::AnyOf(ElementsAreArray(files), IsEmpty())) << "typed, it may be too much";
+}
+
+// A file dialog as far as it is asked.
+LRESULT CALLBACK AnswerAsDialog(HWND window, UINT message, WPARAM size, LPARAM buffer) {
+    if (message != CDM_GETSPEC && message != CDM_GETFOLDERPATH)
+        return DefWindowProcW(window, message, size, buffer);
+    const std::wstring text = message == CDM_GETSPEC ? L"\"link.lnk\" \"link\" \"a.txt\"" : TitleOf(window);
+    if (size > text.size()) wcscpy(reinterpret_cast<wchar_t*>(buffer), text.c_str());
+    return static_cast<LRESULT>(text.size()) + 1;
+}
+
+// Those take the place of their names in what the dialog leaves.
+TEST(SelectedNames, HaveRoomForTheTargetsOfShortcuts) {
+    const TempFolder folder;
+    const std::wstring target = L"C:\\" + std::wstring(200, L't');
+    ComPtr<IShellLinkW> link;
+    CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                     reinterpret_cast<void**>(link.GetAddressOf()));
+    link->SetPath(target.c_str());
+    ASSERT_EQ(Query<IPersistFile>(link.Get())->Save((folder / L"link.lnk").c_str(), TRUE), S_OK);
+    const UniqueWindow dialog(CreateWindowW(L"STATIC", folder.Path().c_str(), WS_POPUP, 0, 0, 0, 0, nullptr,
+                                            nullptr, nullptr, nullptr));
+    SetWindowLongPtrW(dialog.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerAsDialog));
+    NameBuffer names;
+    names.Fit(dialog.Get());
+    const size_t plain = folder.Path().size() + wcslen(L"\"link.lnk\" \"link\" \"a.txt\"") + 3;
+    EXPECT_EQ(names.Size(), plain + 2 * target.size() - wcslen(L"link.lnk") - wcslen(L"link"));
 }
 
 TEST_F(PageDialogs, GiveFilesOfADriveTwoBackslashes) {
-    wchar_t root[] = L"C:\\";
-    const std::wstring drive(root);
     const OptionObject options;
-    options.Set(L"initDir", root).Set(L"multi", true);
+    options.Set(L"initDir", L"C:\\").Set(L"multi", true);
     Ask(L"selectFile", options, [&](HWND dialog) { EnterFileName(dialog, L"\"a.txt\" \"b.txt\""); });
-    EXPECT_THAT(Paths(), ElementsAre(drive + L"\\a.txt", drive + L"\\b.txt"));
+    EXPECT_THAT(Paths(), ElementsAre(L"C:\\\\a.txt", L"C:\\\\b.txt"));
 }
 
 }  // namespace
