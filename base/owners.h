@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+#include <combaseapi.h>
+#include <shtypes.h>
 
 #include <utility>
 
@@ -67,6 +69,9 @@ struct ModuleTraits : PointerTraits<HMODULE> {
 struct LocalTraits : PointerTraits<void*> {
     static void Close(void* value) noexcept { LocalFree(value); }
 };
+struct ItemListTraits : PointerTraits<ITEMIDLIST*> {
+    static void Close(ITEMIDLIST* value) noexcept { CoTaskMemFree(value); }
+};
 struct GdiTraits : PointerTraits<HGDIOBJ> {
     static void Close(HGDIOBJ value) noexcept { DeleteObject(value); }
 };
@@ -91,6 +96,7 @@ using UniqueView = Owner<detail::ViewTraits>;
 using UniquePages = Owner<detail::PagesTraits>;
 using UniqueModule = Owner<detail::ModuleTraits>;
 using UniqueLocal = Owner<detail::LocalTraits>;
+using UniqueItemList = Owner<detail::ItemListTraits>;
 using UniqueGdi = Owner<detail::GdiTraits>;
 using UniqueMemoryDc = Owner<detail::DeviceContextTraits>;
 using UniqueIcon = Owner<detail::IconTraits>;

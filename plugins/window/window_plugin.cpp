@@ -2,8 +2,12 @@
 
 #include <algorithm>
 
+#include "app/log/log.h"
 #include "base/module_function.h"
 #include "host/registry/server_window.h"
+#include "plugins/window/message_box.h"
+#include "plugins/window/select_file.h"
+#include "plugins/window/select_folder.h"
 #include "plugins/window/taskbar_progress.h"
 
 namespace tarvik {
@@ -19,6 +23,9 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     Method<&CWindowPlugin::SetTaskbarProgress>(-9995, L"setTaskbarProgress"),
     Method<&CWindowPlugin::SetTaskbarProgressState>(-9994, L"setTaskbarProgressState"),
     Method<&CWindowPlugin::IsSupportTaskbarProgress>(-9993, L"isSupportTaskbarProgress"),
+    RawMethod<&CWindowPlugin::SelectFile, 0, 1>(-9992, L"selectFile"),
+    RawMethod<&CWindowPlugin::SelectFolder, 0, 1>(-9991, L"selectFolder"),
+    Method<&CWindowPlugin::MessageBox>(-9988, L"messageBox"),
     Method<&CWindowPlugin::IsVisible>(-9987, L"isVisible"),
     Method<&CWindowPlugin::IsForeWindow>(-9986, L"isForeWindow"),
     Method<&CWindowPlugin::SetPosition>(-9985, L"setWindowPos"),
@@ -71,6 +78,20 @@ RECT WorkArea() {
     RECT area = {};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return area;
+}
+
+// Nobody is asked where there is no place for the answer. While a dialog is open, and if it fails, the answer
+// is null.
+template <class Ask>
+HRESULT AnswerByDialog(const Call& call, const char* label, Ask&& ask) {
+    IDispatch* options = nullptr;
+    if (call.Count() > 0 && !Read(call.At(0), options)) return E_INVALIDARG;
+    if (!call.Result()) {
+        TARVIK_ERROR(label, L"pResult is NULL.");
+        return S_OK;
+    }
+    Give(call.Result(), Variant::Null());
+    return Give(call.Result(), ask(Options(options)));
 }
 
 }  // namespace
@@ -170,6 +191,22 @@ bool CWindowPlugin::SetTaskbarProgressState(BSTR state) {
 
 bool CWindowPlugin::IsSupportTaskbarProgress() {
     return taskbar_ != nullptr;
+}
+
+HRESULT CWindowPlugin::SelectFile(const Call& call) {
+    return AnswerByDialog(call, "CWindowPlugin::SelectFile", [this](const Options& options) {
+        return AskForFile(window_, core_.Get(), browser_.Get(), options);
+    });
+}
+
+HRESULT CWindowPlugin::SelectFolder(const Call& call) {
+    return AnswerByDialog(call, "CWindowPlugin::SelectFolder", [this](const Options& options) {
+        return AskForFolder(window_, core_.Get(), options);
+    });
+}
+
+bool CWindowPlugin::MessageBox(IDispatch* options) {
+    return options && ShowMessageBox(window_, Options(options));
 }
 
 bool CWindowPlugin::IsVisible() {

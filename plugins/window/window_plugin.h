@@ -31,6 +31,9 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     bool SetTaskbarProgress(LooseInt completed, LooseInt total);
     bool SetTaskbarProgressState(BSTR state);
     bool IsSupportTaskbarProgress();
+    HRESULT SelectFile(const Call& call);
+    HRESULT SelectFolder(const Call& call);
+    bool MessageBox(IDispatch* options);
     bool IsVisible();
     bool IsForeWindow();
     bool SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height);

@@ -1,15 +1,10 @@
 // The dialogs that pages and their errors raise, answered as a person would.
 
 #include "tests/page/program.h"
+#include "tests/support/dialog_driver.h"
 
 namespace tarvik {
 namespace {
-
-std::wstring TextOf(HWND dialog, int item) {
-    wchar_t text[1000] = {};
-    GetDlgItemTextW(dialog, item, text, 1000);
-    return text;
-}
 
 constexpr int kBoxText = 0xFFFF;
 
@@ -19,9 +14,7 @@ class Dialogs : public ProgramTest {
     void Press(int button) {
         const HWND dialog = program_.Dialog();
         ASSERT_TRUE(dialog);
-        // Posted, as a click is: under Wine a dialog that a sent message ends may swallow a posted one.
-        PostMessageW(dialog, WM_COMMAND, button, 0);
-        EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
+        EXPECT_TRUE(tarvik::Press(dialog, button));
     }
 
     // The page has gone on, and the program ends well.
@@ -54,6 +47,22 @@ TEST_F(Dialogs, WaitForTheirAnswers) {
     Press(IDOK);
     Press(IDCANCEL);
     ExpectEnd({"true", "false", "Some \"body\"", "null"});
+}
+
+// Pages have a box of the plug-in's in place of the engine's.
+TEST_F(Dialogs, AlertHasTheTitleOfItsWindow) {
+    Open(
+        "external.window.title = 'Owner'; alert('x'); alert(5, 'error', 'Other');"
+        "console.log('after'); external.window.quit(5);");
+    const HWND first = program_.Dialog();
+    EXPECT_EQ(TextOf(first, kBoxText), L"x");
+    EXPECT_EQ(Program::TextOf(first), L"Owner");
+    EXPECT_EQ(GetWindow(first, GW_OWNER), program_.WindowTitled(L"Owner"));
+    Press(IDOK);
+    EXPECT_EQ(Program::TextOf(program_.Dialog()), L"Other");
+    EXPECT_EQ(TextOf(program_.Dialog(), kBoxText), L"5");
+    Press(IDOK);
+    ExpectEnd({"after"});
 }
 
 TEST_F(Dialogs, AnErrorMayEndTheScriptsOfItsPage) {

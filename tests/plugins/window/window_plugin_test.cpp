@@ -161,7 +161,7 @@ TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
     const auto first = MakeCom<FakeMenu>();
     const auto second = MakeCom<FakeMenu>();
     for (const auto& menu : {first, second})
-        PutMember(plugin_.Get(), L"menu", ToVariant(static_cast<IDispatch*>(menu.Get())));
+        PutMember(plugin_.Get(), L"menu", static_cast<IDispatch*>(menu.Get()));
     EXPECT_EQ(::GetMenu(window_), second->GetMenu());
     EXPECT_THAT(PutMember(plugin_.Get(), L"menu", MakeCom<Recorder>()).status, HasStatus(S_OK));
     EXPECT_EQ(GetMember(plugin_.Get(), L"menu").value.pdispVal, second.Get()) << "what is no menu is none";

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "host/contract/plugin.h"
+#include "script/options.h"
+
+// What the dialogs for files and folders start from.
+namespace tarvik {
+
+// The window that a dialog belongs to; without one, the thread's active window.
+HWND DialogOwner(HWND window);
+
+// The option initDir, made absolute against the page; a URL stays as it is. Empty if it is absent.
+std::wstring FirstFolder(TVK::ICore* core, const Options& options);
+
+}  // namespace tarvik

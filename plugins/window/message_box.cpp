@@ -1,0 +1,61 @@
+#include "plugins/window/message_box.h"
+
+#include <array>
+#include <cwchar>
+#include <iterator>
+#include <span>
+#include <string>
+
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+struct Style {
+    const wchar_t* name;
+    UINT bits;
+};
+constexpr Style kButtons[] = {{L"ok", MB_OK}, {L"okCancel", MB_OKCANCEL}, {L"yesNo", MB_YESNO}};
+constexpr Style kIcons[] = {{L"information", MB_ICONINFORMATION},
+                            {L"error", MB_ICONERROR},
+                            {L"warning", MB_ICONWARNING},
+                            {L"question", MB_ICONQUESTION}};
+
+struct Answer {
+    int button;
+    const wchar_t* callback;
+};
+constexpr Answer kAnswers[] = {{IDOK, L"onOk"}, {IDCANCEL, L"onCancel"}, {IDYES, L"onYes"}, {IDNO, L"onNo"}};
+
+UINT BitsOf(std::span<const Style> styles, const std::wstring& name, UINT otherwise) {
+    for (const Style& style : styles) {
+        if (_wcsicmp(style.name, name.c_str()) == 0) return style.bits;
+    }
+    return otherwise;
+}
+
+UINT StyleOf(const Options& options) {
+    const UINT buttons = BitsOf(kButtons, options.Text(L"type").value_or(L""), MB_OK);
+    const UINT icon = buttons == MB_YESNO ? MB_ICONQUESTION : MB_ICONINFORMATION;
+    return buttons | BitsOf(kIcons, options.Text(L"icon").value_or(L""), icon);
+}
+
+}  // namespace
+
+bool ShowMessageBox(HWND owner, const Options& options) {
+    const std::wstring caption = options.Text(L"caption").value_or(L"");
+    const std::wstring text = options.Text(L"text").value_or(L"");
+    const UINT style = StyleOf(options);
+    // What the options say when the box opens counts, whatever script does to them behind it.
+    std::array<ComPtr<IDispatch>, std::size(kAnswers)> callbacks;
+    for (size_t i = 0; i < callbacks.size(); ++i)
+        callbacks[i].Swap(options.Object(kAnswers[i].callback));
+    const int button = MessageBoxW(owner, text.c_str(), caption.c_str(), style);
+    for (size_t i = 0; i < callbacks.size(); ++i) {
+        if (kAnswers[i].button == button) CallScriptFunction(callbacks[i].Get());
+    }
+    return button != 0;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,87 @@
+#include "plugins/window/select_file.h"
+
+#include <commdlg.h>
+#include <dlgs.h>
+
+#include <string>
+
+#include "base/status.h"
+#include "base/text.h"
+#include "plugins/window/dialog_start.h"
+#include "plugins/window/name_buffer.h"
+#include "plugins/window/page_array.h"
+
+namespace tarvik {
+
+namespace {
+
+struct FileOptions {
+    FileOptions(TVK::ICore* core, const Options& options)
+        : title(options.Text(L"title").value_or(L"")),
+          filter(options.Text(L"filter").value_or(L"")),
+          folder(FirstFolder(core, options)),
+          multi(options.Flag(L"multi")),
+          fileMustExist(options.Flag(L"fileMustExist")),
+          overwritePrompt(options.Flag(L"overwritePrompt")),
+          saveMode(options.Flag(L"saveMode")) {
+        // Pairs of a description and a pattern: with these a list without its end, or with half a pair, ends
+        // all the same.
+        if (!filter.empty()) filter.append(2, L'\0');
+    }
+
+    std::wstring title, filter, folder;
+    bool multi, fileMustExist, overwritePrompt, saveMode;
+};
+
+// Explorer's dialogs send what is selected to the hook.
+UINT_PTR CALLBACK OnDialog(HWND hook, UINT message, WPARAM, LPARAM parameter) {
+    if (message != WM_NOTIFY) return 0;
+    const auto& notice = *reinterpret_cast<const OFNOTIFYW*>(parameter);
+    auto* const names = reinterpret_cast<NameBuffer*>(notice.lpOFN->lCustData);
+    if (notice.hdr.code != CDN_SELCHANGE || !names) return 0;
+    // Without memory the dialog has the room that it had, and says at its end that it is too small.
+    static_cast<void>(Guard([&] { names->Fit(GetParent(hook)); }));
+    notice.lpOFN->lpstrFile = names->Data();
+    notice.lpOFN->nMaxFile = names->Size();
+    return 0;
+}
+
+DWORD FlagsOf(const FileOptions& options) {
+    constexpr DWORD kAll = OFN_EXPLORER | OFN_ENABLESIZING | OFN_ENABLEHOOK | OFN_HIDEREADONLY |
+                           OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+    if (!options.multi && options.overwritePrompt) return kAll | OFN_OVERWRITEPROMPT;
+    return kAll | (options.multi ? OFN_ALLOWMULTISELECT : 0) |
+           (options.fileMustExist ? OFN_FILEMUSTEXIST : 0);
+}
+
+// An empty text as none; a dialog for several files is given it all the same.
+const wchar_t* Given(const std::wstring& text, const FileOptions& options) {
+    return options.multi || !text.empty() ? text.c_str() : nullptr;
+}
+
+}  // namespace
+
+Variant AskForFile(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& given) {
+    constexpr size_t kTitleLength = 256;
+    const FileOptions options(core, given);
+    NameBuffer names;
+    wchar_t fileTitle[kTitleLength] = {};
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = DialogOwner(owner);
+    dialog.lpstrFilter = options.filter.empty() ? nullptr : options.filter.c_str();
+    dialog.lpstrFile = names.Data();
+    dialog.nMaxFile = names.Size();
+    dialog.lpstrFileTitle = fileTitle;
+    dialog.nMaxFileTitle = kTitleLength;
+    dialog.lpstrInitialDir = Given(options.folder, options);
+    dialog.lpstrTitle = Given(options.title, options);
+    dialog.Flags = FlagsOf(options);
+    dialog.lpfnHook = OnDialog;
+    dialog.lCustData = reinterpret_cast<LPARAM>(options.multi ? &names : nullptr);
+    const bool save = options.saveMode && !options.multi;
+    if (!(save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog))) return Variant::Null();
+    return options.multi ? MakePageArray(browser, names.Paths()) : Variant::Text(names.Data());
+}
+
+}  // namespace tarvik

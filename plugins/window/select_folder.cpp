@@ -1,0 +1,43 @@
+#include "plugins/window/select_folder.h"
+
+#include <shlobj.h>
+
+#include <string>
+
+#include "base/owners.h"
+#include "base/text.h"
+#include "plugins/window/dialog_start.h"
+
+namespace tarvik {
+
+namespace {
+
+// `data` is the first folder's path.
+int CALLBACK OnBrowse(HWND dialog, UINT message, LPARAM, LPARAM data) {
+    if (message != BFFM_INITIALIZED || !*reinterpret_cast<const wchar_t*>(data)) return 0;
+    SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, data);
+    SendMessageW(dialog, BFFM_SETEXPANDED, TRUE, data);
+    return 0;
+}
+
+}  // namespace
+
+Variant AskForFolder(HWND owner, TVK::ICore* core, const Options& options) {
+    const std::wstring title = options.Text(L"title").value_or(L"");
+    const std::wstring folder = FirstFolder(core, options);
+    wchar_t name[kPathLength] = {};
+    BROWSEINFOW browse = {};
+    browse.hwndOwner = DialogOwner(owner);
+    browse.pszDisplayName = name;
+    browse.lpszTitle = title.c_str();
+    browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
+    if (!options.Flag(L"newFolderButton")) browse.ulFlags |= BIF_NONEWFOLDERBUTTON;
+    browse.lpfn = OnBrowse;
+    browse.lParam = reinterpret_cast<LPARAM>(folder.c_str());
+    const UniqueItemList chosen(SHBrowseForFolderW(&browse));
+    wchar_t path[kPathLength] = {};
+    if (!chosen || !SHGetPathFromIDListW(chosen.Get(), path)) return Variant::Null();
+    return Variant::Text(path);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,364 @@
+// The dialogs of the plug-in, driven on the system's own.
+
+#include <windows.h>
+#include <commctrl.h>
+#include <dlgs.h>
+#include <exdisp.h>
+#include <shlobj.h>
+
+#include <string>
+#include <vector>
+
+#include "app/log/log.h"
+#include "atl/ax_window.h"
+#include "base/owners.h"
+#include "control/page/register.h"
+#include "host/web_browser.h"
+#include "plugins/window/name_buffer.h"
+#include "tests/plugins/window/window_fixture.h"
+#include "tests/support/dialog_driver.h"
+#include "tests/support/test.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAreArray;
+using testing::UnorderedElementsAreArray;
+
+constexpr int kBoxText = 0xFFFF;
+constexpr int kFolderTitle = 0x3742;
+constexpr int kNewFolder = 0x3746;
+
+std::wstring TitleOf(HWND window) {
+    wchar_t title[200] = {};
+    GetWindowTextW(window, title, 200);
+    return title;
+}
+
+bool Shows(HWND dialog, int item) {
+    const HWND control = GetDlgItem(dialog, item);
+    return control && IsWindowVisible(control);
+}
+
+class Dialogs : public WindowPluginTest {
+  protected:
+    void SetUp() override {
+        WindowPluginTest::SetUp();
+        CallMember(plugin_.Get(), L"show", true);
+    }
+
+    // Calls a member while a person answers its dialogs.
+    std::string Ask(const wchar_t* member, IDispatch* options, const std::function<void(HWND)>& person) {
+        Outgoing answer{};
+        AnswerDialogs([&] { answer = CallMember(plugin_.Get(), member, options); }, person);
+        EXPECT_THAT(answer.status, HasStatus(S_OK));
+        answer_ = std::move(answer.value);
+        return ValueText(answer_);
+    }
+    std::string PathText(const std::wstring& name) const { return ValueText(Variant::Text(folder_ / name)); }
+
+    Variant answer_;
+};
+
+struct BoxCase {
+    const wchar_t* type;
+    const wchar_t* icon;
+    std::vector<int> buttons;
+    LPCWSTR shown;
+    int press;
+    std::vector<std::string> called;
+};
+
+class BoxKinds : public Dialogs, public testing::WithParamInterface<BoxCase> {};
+
+TEST_P(BoxKinds, ShowAndAnswer) {
+    const BoxCase& box = GetParam();
+    std::vector<std::string> called;
+    OptionObject options;
+    options.Set(L"text", L"What now?").Set(L"type", box.type).Set(L"icon", box.icon);
+    for (const wchar_t* name : {L"onOk", L"onCancel", L"onYes", L"onNo"}) {
+        options.Set(name, MakeCom<Recorder>([&called, name](const Recorder::Record& call) {
+                        called.push_back(ValueText(Variant::Text(name)) + Recorder::Text(call));
+                        return Variant();
+                    }));
+    }
+    EXPECT_EQ(Ask(L"messageBox", options,
+                  [&](HWND dialog) {
+                      EXPECT_EQ(TitleOf(dialog), L"");
+                      EXPECT_EQ(TextOf(dialog, kBoxText), L"What now?");
+                      EXPECT_EQ(GetWindow(dialog, GW_OWNER), window_);
+                      EXPECT_FALSE(IsWindowEnabled(window_));
+                      std::vector<int> buttons;
+                      for (int id = IDOK; id <= IDNO; ++id) {
+                          if (Shows(dialog, id)) buttons.push_back(id);
+                      }
+                      EXPECT_EQ(buttons, box.buttons);
+                      LRESULT icon = 0;
+                      for (HWND control = GetWindow(dialog, GW_CHILD); control && !icon;
+                           control = GetWindow(control, GW_HWNDNEXT))
+                          icon = SendMessageW(control, STM_GETICON, 0, 0);
+                      EXPECT_EQ(icon, reinterpret_cast<LRESULT>(LoadIconW(nullptr, box.shown)));
+                      EXPECT_THAT(called, IsEmpty());
+                      EXPECT_TRUE(Press(dialog, box.press));
+                  }),
+              "BOOL true");
+    EXPECT_EQ(called, box.called);
+    EXPECT_TRUE(IsWindowEnabled(window_));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, BoxKinds,
+    testing::Values(BoxCase{L"", L"", {IDOK}, IDI_INFORMATION, IDOK, {"BSTR onOk"}},
+                    BoxCase{L"retry", L"ERROR", {IDOK}, IDI_ERROR, IDOK, {"BSTR onOk"}},
+                    BoxCase{
+                        L"okcancel", L"warning", {IDOK, IDCANCEL}, IDI_WARNING, IDCANCEL, {"BSTR onCancel"}},
+                    BoxCase{L"YESNO", L"nothing", {IDYES, IDNO}, IDI_QUESTION, IDNO, {"BSTR onNo"}},
+                    BoxCase{L"yesNo", L"information", {IDYES, IDNO}, IDI_INFORMATION, IDYES, {"BSTR onYes"}},
+                    BoxCase{L"ok", L"question", {IDOK}, IDI_QUESTION, IDOK, {"BSTR onOk"}}),
+    [](const auto& info) { return "Case" + std::to_string(info.index); });
+
+TEST_F(Dialogs, ABoxMayOpenAnother) {
+    const OptionObject inner;
+    inner.Set(L"caption", L"Inner");
+    const OptionObject outer;
+    outer.Set(L"caption", L"Outer")
+        .Set(L"onOk", MakeCom<Recorder>([&](const Recorder::Record&) {
+                 return std::move(
+                     CallMember(plugin_.Get(), L"messageBox", static_cast<IDispatch*>(inner)).value);
+             }));
+    std::vector<std::wstring> titles;
+    EXPECT_EQ(Ask(L"messageBox", outer,
+                  [&](HWND first) {
+                      titles.push_back(TitleOf(first));
+                      Press(first, IDOK);
+                      const HWND second = NextDialog();
+                      titles.push_back(TitleOf(second));
+                      PressKey(VK_RETURN);
+                  }),
+              "BOOL true");
+    EXPECT_THAT(titles, ElementsAre(L"Outer", L"Inner"));
+}
+
+struct FileCase {
+    const char* name;
+    std::vector<const wchar_t*> flags;
+    const wchar_t* typed;
+    const wchar_t* button;  // of the dialog
+    int press;              // in the box that comes up; 0 if none does
+    bool isChosen;
+};
+
+class FileFlags : public Dialogs, public testing::WithParamInterface<FileCase> {};
+
+TEST_P(FileFlags, DecideWhatIsTaken) {
+    const FileCase& file = GetParam();
+    folder_.Write(L"old.txt", "1");
+    OptionObject options;
+    options.Set(L"initDir", folder_.Path().c_str()).Set(L"multi", 1).Set(L"title", L"Which one?");
+    for (const wchar_t* flag : file.flags)
+        options.Set(flag, true);
+    const std::string answer = Ask(L"selectFile", options, [&](HWND dialog) {
+        EXPECT_EQ(TitleOf(dialog), L"Which one?");
+        EXPECT_EQ(TextOf(dialog, IDOK), file.button);
+        EXPECT_EQ(GetWindow(dialog, GW_OWNER), window_);
+        EXPECT_FALSE(Shows(dialog, chx1)) << "opening for reading only";
+        EnterFileName(dialog, file.typed);
+        EXPECT_TRUE(!file.press || Press(NextDialog(dialog), file.press));
+        EXPECT_TRUE(file.isChosen || Press(dialog, IDCANCEL));
+    });
+    EXPECT_EQ(answer, file.isChosen ? PathText(file.typed) : "NULL");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, FileFlags,
+    testing::Values(FileCase{"Existing", {}, L"old.txt", L"&Open", 0, true},
+                    FileCase{"New", {}, L"new.txt", L"&Open", 0, true},
+                    FileCase{"NoSuchFolder", {}, L"none\\new.txt", L"&Open", IDOK, false},
+                    FileCase{"MustExist", {L"fileMustExist"}, L"new.txt", L"&Open", IDOK, false},
+                    FileCase{"SaveWithoutPrompt", {L"saveMode"}, L"old.txt", L"&Save", 0, true},
+                    FileCase{
+                        "Overwrite", {L"saveMode", L"overwritePrompt"}, L"old.txt", L"&Save", IDYES, true},
+                    FileCase{"KeepOld", {L"saveMode", L"overwritePrompt"}, L"old.txt", L"&Save", IDNO, false},
+                    FileCase{"PromptAlone",
+                             {L"saveMode", L"overwritePrompt", L"fileMustExist"},
+                             L"new.txt",
+                             L"&Save",
+                             0,
+                             true}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_F(Dialogs, FilesAreFiltered) {
+    constexpr wchar_t kFilter[] = L"Text files\0*.txt\0All files\0*.*";
+    const OptionObject options;
+    options.Set(L"filter", Variant::Text({kFilter, std::size(kFilter) - 1}));
+    std::vector<std::wstring> kinds;
+    Ask(L"selectFile", options, [&](HWND dialog) {
+        const HWND list = GetDlgItem(dialog, cmb1);
+        for (LRESULT i = 0; i < SendMessageW(list, CB_GETCOUNT, 0, 0); ++i) {
+            wchar_t text[100] = {};
+            SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
+            kinds.push_back(text);
+        }
+        Press(dialog, IDCANCEL);
+    });
+    EXPECT_THAT(kinds, ElementsAre(L"Text files", L"All files"));
+}
+
+TEST_F(Dialogs, RefuseWrongArguments) {
+    const OptionObject options;
+    for (const wchar_t* member : {L"selectFile", L"selectFolder"}) {
+        EXPECT_THAT(CallMember(plugin_.Get(), member, L"x").status, HasStatus(E_INVALIDARG));
+        EXPECT_THAT(CallMember(plugin_.Get(), member, nullptr).status, HasStatus(E_INVALIDARG));
+        EXPECT_THAT(CallMember(plugin_.Get(), member, options, options).status, HasStatus(E_NOTIMPL));
+    }
+    EXPECT_THAT(CallMember(plugin_.Get(), L"messageBox").status, HasStatus(E_NOTIMPL));
+    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"messageBox", Variant::Object(nullptr)).value),
+              "BOOL false");
+}
+
+TEST_F(Dialogs, AskNothingWithoutAPlaceForTheAnswer) {
+    const DWORD flags = std::exchange(processLog.flags, kLogError);
+    const DebugChannel channel;
+    for (const wchar_t* member : {L"selectFile", L"selectFolder"}) {
+        DISPID id = 0;
+        DISPPARAMS none = {};
+        EXPECT_EQ(IdOf(plugin_.Get(), member, &id), S_OK);
+        EXPECT_EQ(plugin_->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), S_OK);
+    }
+    processLog.flags = flags;
+    EXPECT_THAT(channel.texts, ElementsAre(testing::HasSubstr("CWindowPlugin::SelectFile"),
+                                           testing::HasSubstr("CWindowPlugin::SelectFolder")));
+    EXPECT_THAT(channel.texts, testing::Each(testing::HasSubstr("pResult is NULL.")));
+}
+
+// Of a page that is there: paths count from it, and its script has the lists.
+class PageDialogs : public Dialogs {
+  protected:
+    void SetUp() override {
+        Dialogs::SetUp();
+        const auto control = Query<IWebBrowser2>(AtlAxGetControl(window_).Get());
+        ASSERT_TRUE(PumpUntil([&] {
+            READYSTATE state = READYSTATE_UNINITIALIZED;
+            control->get_ReadyState(&state);
+            return state == READYSTATE_COMPLETE;
+        }));
+    }
+
+    // What was answered, as a list.
+    std::vector<std::wstring> Paths() const {
+        std::vector<std::wstring> paths;
+        if (!answer_.Is(VT_DISPATCH)) return paths;
+        const LONG length = GetMember(answer_.pdispVal, L"length").value.lVal;
+        for (LONG i = 0; i < length; ++i)
+            paths.emplace_back(GetMember(answer_.pdispVal, std::to_wstring(i).c_str()).value.bstrVal);
+        EXPECT_TRUE(CallMember(answer_.pdispVal, L"concat").value.Is(VT_DISPATCH)) << "an Array";
+        return paths;
+    }
+
+    const PageControlClass control_;
+};
+
+// A relative one counts from the page.
+TEST_F(PageDialogs, BeginInAFolder) {
+    folder_.Write(L"inner\\a.txt", "1");
+    for (const std::wstring& first : {std::wstring(L"inner"), folder_ / L"inner"}) {
+        const OptionObject options;
+        options.Set(L"initDir", first.c_str()).Set(L"title", L"Where?");
+        EXPECT_EQ(Ask(L"selectFile", options, [](HWND dialog) { EnterFileName(dialog, L"a.txt"); }),
+                  PathText(L"inner\\a.txt"));
+        EXPECT_EQ(Ask(L"selectFolder", options,
+                      [](HWND dialog) {
+                          EXPECT_EQ(TextOf(dialog, kFolderTitle), L"Where?");
+                          EXPECT_FALSE(Shows(dialog, kNewFolder));
+                          Press(dialog, IDOK);
+                      }),
+                  PathText(L"inner"));
+    }
+    const OptionObject options;
+    options.Set(L"newFolderButton", true).Set(L"initDir", L"http://localhost/");
+    EXPECT_EQ(Ask(L"selectFolder", options,
+                  [](HWND dialog) {
+                      EXPECT_TRUE(Shows(dialog, kNewFolder));
+                      Press(dialog, IDCANCEL);
+                  }),
+              "NULL");
+}
+
+TEST_F(PageDialogs, GiveSeveralFilesAsAnArray) {
+    folder_.Write(L"files\\a.txt", "1");
+    folder_.Write(L"files\\b.txt", "1");
+    const OptionObject options;
+    options.Set(L"initDir", L"files").Set(L"multi", true).Set(L"saveMode", true).Set(L"fileMustExist", true);
+    const auto enter = [&](const wchar_t* names) {
+        Ask(L"selectFile", options, [&](HWND dialog) {
+            EXPECT_EQ(TextOf(dialog, IDOK), L"&Open");
+            EnterFileName(dialog, names);
+        });
+        return Paths();
+    };
+    EXPECT_THAT(enter(L"b.txt"), ElementsAre(folder_ / L"files\\b.txt"));
+    EXPECT_THAT(enter(L"\"a.txt\" \"b.txt\""),
+                ElementsAre(folder_ / L"files\\a.txt", folder_ / L"files\\b.txt"));
+    EXPECT_EQ(Ask(L"selectFile", options, [](HWND dialog) { Press(dialog, IDCANCEL); }), "NULL");
+}
+
+// More than the dialog's first room holds.
+TEST_F(PageDialogs, TakeAnyNumberOfFiles) {
+    std::vector<std::wstring> files;
+    for (int i = 100; i < 200; ++i)
+        files.push_back(folder_.Write(L"files\\the file with number " + std::to_wstring(i) + L".txt", "1"));
+    const OptionObject options;
+    options.Set(L"initDir", L"files").Set(L"multi", true);
+    Ask(L"selectFile", options, [&](HWND dialog) {
+        const HWND view = FindWindowExW(dialog, nullptr, L"SHELLDLL_DefView", nullptr);
+        const HWND list = FindWindowExW(view, nullptr, WC_LISTVIEWW, nullptr);
+        ASSERT_TRUE(list);
+        LVITEMW selected = {};
+        selected.state = selected.stateMask = LVIS_SELECTED;
+        SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&selected));
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    EXPECT_THAT(Paths(), UnorderedElementsAreArray(files));
+    std::wstring typed;
+    for (const std::wstring& file : files)
+        typed += L'"' + file.substr(file.rfind(L'\\') + 1) + L"\" ";
+    Ask(L"selectFile", options, [&](HWND dialog) { EnterFileName(dialog, typed); });
+    EXPECT_THAT(Paths(), testing::AnyOf(ElementsAreArray(files), IsEmpty())) << "typed, it may be too much";
+}
+
+// A file dialog as far as it is asked.
+LRESULT CALLBACK AnswerAsDialog(HWND window, UINT message, WPARAM size, LPARAM buffer) {
+    if (message != CDM_GETSPEC && message != CDM_GETFOLDERPATH)
+        return DefWindowProcW(window, message, size, buffer);
+    const std::wstring text = message == CDM_GETSPEC ? L"\"link.lnk\" \"link\" \"a.txt\"" : TitleOf(window);
+    if (size > text.size()) wcscpy(reinterpret_cast<wchar_t*>(buffer), text.c_str());
+    return static_cast<LRESULT>(text.size()) + 1;
+}
+
+// Those take the place of their names in what the dialog leaves.
+TEST(SelectedNames, HaveRoomForTheTargetsOfShortcuts) {
+    const TempFolder folder;
+    const std::wstring target = L"C:\\" + std::wstring(200, L't');
+    ComPtr<IShellLinkW> link;
+    CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                     reinterpret_cast<void**>(link.GetAddressOf()));
+    link->SetPath(target.c_str());
+    ASSERT_EQ(Query<IPersistFile>(link.Get())->Save((folder / L"link.lnk").c_str(), TRUE), S_OK);
+    const UniqueWindow dialog(CreateWindowW(L"STATIC", folder.Path().c_str(), WS_POPUP, 0, 0, 0, 0, nullptr,
+                                            nullptr, nullptr, nullptr));
+    SetWindowLongPtrW(dialog.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerAsDialog));
+    NameBuffer names;
+    names.Fit(dialog.Get());
+    const size_t plain = folder.Path().size() + wcslen(L"\"link.lnk\" \"link\" \"a.txt\"") + 3;
+    EXPECT_EQ(names.Size(), plain + 2 * target.size() - wcslen(L"link.lnk") - wcslen(L"link"));
+}
+
+TEST_F(PageDialogs, GiveFilesOfADriveTwoBackslashes) {
+    const OptionObject options;
+    options.Set(L"initDir", L"C:\\").Set(L"multi", true);
+    Ask(L"selectFile", options, [&](HWND dialog) { EnterFileName(dialog, L"\"a.txt\" \"b.txt\""); });
+    EXPECT_THAT(Paths(), ElementsAre(L"C:\\\\a.txt", L"C:\\\\b.txt"));
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,103 @@
+#include "tests/support/dialog_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace tarvik {
+
+namespace {
+
+constexpr ULONGLONG kPatience = 10'000;
+constexpr DWORD kPause = 10;
+constexpr int kFileName = 0x47C;  // cmb13 of the system's file dialogs
+
+std::atomic<DWORD> dialogThread{0};
+
+struct Search {
+    HWND other;
+    HWND found;
+};
+
+HWND DialogNow(HWND other) {
+    Search search = {other, nullptr};
+    EnumThreadWindows(
+        dialogThread,
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto& search = *reinterpret_cast<Search*>(parameter);
+            wchar_t name[16] = {};
+            GetClassNameW(window, name, 16);
+            if (window == search.other || wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window))
+                return TRUE;
+            search.found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+bool WaitUntil(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    while (!condition()) {
+        if (GetTickCount64() > end) return false;
+        Sleep(kPause);
+    }
+    return true;
+}
+
+}  // namespace
+
+void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND)>& person) {
+    dialogThread = GetCurrentThreadId();
+    std::atomic<bool> over{false};
+    std::thread other([&] {
+        if (const HWND first = NextDialog()) person(first);
+        for (ULONGLONG grace = GetTickCount64() + 1000; !over; Sleep(kPause)) {
+            const HWND left = GetTickCount64() > grace ? DialogNow(nullptr) : nullptr;
+            if (!left) continue;
+            ADD_FAILURE() << "a dialog is left open";
+            for (const int button : {IDCANCEL, IDNO, IDOK})
+                PostMessageW(left, WM_COMMAND, button, 0);
+            grace = GetTickCount64() + 1000;
+        }
+    });
+    call();
+    over = true;
+    other.join();
+}
+
+HWND NextDialog(HWND other) {
+    HWND dialog = nullptr;
+    EXPECT_TRUE(WaitUntil([&] { return (dialog = DialogNow(other)) != nullptr; })) << "no dialog comes";
+    return dialog;
+}
+
+std::wstring TextOf(HWND dialog, int item) {
+    wchar_t text[1000] = {};
+    GetDlgItemTextW(dialog, item, text, 1000);
+    return text;
+}
+
+bool Press(HWND dialog, int button) {
+    // Posted, as a click is: under Wine a dialog that a sent message ends may swallow a posted one.
+    PostMessageW(dialog, WM_COMMAND, button, 0);
+    return WaitUntil([&] { return !IsWindow(dialog); });
+}
+
+void EnterFileName(HWND dialog, const std::wstring& name) {
+    SetDlgItemTextW(dialog, kFileName, name.c_str());
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
+void PressKey(WORD key) {
+    INPUT input[2] = {};
+    for (INPUT& step : input) {
+        step.type = INPUT_KEYBOARD;
+        step.ki.wVk = key;
+    }
+    input[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(2, input, sizeof(INPUT));
+}
+
+}  // namespace tarvik
