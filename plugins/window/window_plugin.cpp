@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/log/log.h"
 #include "base/module_function.h"
 #include "host/registry/server_window.h"
 #include "plugins/window/taskbar_progress.h"
@@ -19,6 +20,8 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     Method<&CWindowPlugin::SetTaskbarProgress>(-9995, L"setTaskbarProgress"),
     Method<&CWindowPlugin::SetTaskbarProgressState>(-9994, L"setTaskbarProgressState"),
     Method<&CWindowPlugin::IsSupportTaskbarProgress>(-9993, L"isSupportTaskbarProgress"),
+    Method<&CWindowPlugin::IsUniqueWindow>(-9990, L"isUniqueWindow"),
+    Method<&CWindowPlugin::ShowExistedWindow>(-9989, L"showExistedWindow"),
     Method<&CWindowPlugin::IsVisible>(-9987, L"isVisible"),
     Method<&CWindowPlugin::IsForeWindow>(-9986, L"isForeWindow"),
     Method<&CWindowPlugin::SetPosition>(-9985, L"setWindowPos"),
@@ -42,6 +45,7 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     WriteOnly<&CWindowPlugin::SetResizable>(-9968, L"resize"),
     WriteOnly<&CWindowPlugin::ShapeImage>(-9967, L"shapeImage"),
     Property<&CWindowPlugin::GetMenu, &CWindowPlugin::SetMenu>(-9966, L"menu"),
+    ReadOnly<&CWindowPlugin::GetMsg>(-9965, L"msg"),
 
     WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClosed>>(-9964, L"onClosed"),
     WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClose>>(-9963, L"onClose"),
@@ -77,6 +81,11 @@ RECT WorkArea() {
 
 std::span<const Member<CWindowPlugin>> CWindowPlugin::Members() {
     return kMembers;
+}
+
+// Script may keep the message object longer than the window.
+CWindowPlugin::~CWindowPlugin() {
+    if (msg_) msg_->Detach();
 }
 
 STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
@@ -170,6 +179,18 @@ bool CWindowPlugin::SetTaskbarProgressState(BSTR state) {
 
 bool CWindowPlugin::IsSupportTaskbarProgress() {
     return taskbar_ != nullptr;
+}
+
+bool CWindowPlugin::IsUniqueWindow(BSTR name) {
+    if (Bstr::View(name).empty()) {
+        TARVIK_ERROR("CWindowPlugin::IsUnique", L"Args or pResult is NULL.");
+        return false;
+    }
+    return claim_.Claim(window_, name);
+}
+
+bool CWindowPlugin::ShowExistedWindow() {
+    return claim_.ShowOwner();
 }
 
 bool CWindowPlugin::IsVisible() {
@@ -266,6 +287,11 @@ ComPtr<IDispatch> CWindowPlugin::GetMenu() {
 HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
     if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
     return S_OK;
+}
+
+ComPtr<IDispatch> CWindowPlugin::GetMsg() {
+    if (!msg_) msg_ = MakeCom<CMsgDispatch>(main_);
+    return ComPtr<IDispatch>(msg_.Get());
 }
 
 bool CWindowPlugin::SetCaption(bool visible) {
