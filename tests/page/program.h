@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,7 +49,7 @@ class Program {
 
     DWORD Id() const { return processId_; }
     // What was written to the debugger's channel, a line each.
-    std::vector<std::string> Lines() const { return console_.Lines(processId_); }
+    std::vector<std::string> Lines() const { return console_->Lines(processId_); }
     bool WaitForLine(std::string_view line) const;
     // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
     const std::string& Mark() const { return mark_; }
@@ -71,7 +72,7 @@ class Program {
     std::wstring executable_;
     std::map<std::wstring, std::wstring> environment_;
 
-    DebugListener console_;
+    const std::shared_ptr<DebugListener> console_ = DebugListener::Shared();
     UniqueHandle job_;  // ends with this process
     UniqueHandle process_;
     DWORD processId_ = 0;
