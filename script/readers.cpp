@@ -43,6 +43,13 @@ bool Read(const VARIANT& value, LooseInt& out) {
     return true;
 }
 
+bool Read(const VARIANT& value, LooseText& out) {
+    const Variant converted = Converted(value, VT_BSTR);
+    out.isNull = !converted.bstrVal;
+    out.value = Bstr::View(converted.bstrVal);
+    return true;
+}
+
 bool Read(const VARIANT& value, ExactInt& out) {
     out.value = value.lVal;
     return value.vt == VT_I4 || value.vt == VT_INT || value.vt == VT_UI4 || value.vt == VT_UINT;

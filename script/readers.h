@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <utility>
 
 #include "base/bstr.h"
@@ -40,6 +41,14 @@ class Call {
 // gives 0.
 struct LooseInt {
     LONG value = 0;
+};
+
+// A text by the system's conversion; a failed conversion is not reported and gives no text.
+struct LooseText {
+    std::wstring value;
+    bool isNull = true;
+
+    const wchar_t* Get() const { return value.c_str(); }
 };
 
 // VT_I4, VT_INT, VT_UI4 or VT_UINT; the 32 bits as they stand.
@@ -81,6 +90,7 @@ bool Read(const VARIANT& value, BSTR& out);               // borrowed; null is k
 bool Read(const VARIANT& value, IDispatch*& out);         // borrowed; may be null
 bool Read(const VARIANT& value, ComPtr<IDispatch>& out);  // of either kind; may be null
 bool Read(const VARIANT& value, LooseInt& out);
+bool Read(const VARIANT& value, LooseText& out);
 bool Read(const VARIANT& value, ExactInt& out);
 bool Read(const VARIANT& value, ConstantInt& out);
 bool Read(const VARIANT& value, Int64& out);

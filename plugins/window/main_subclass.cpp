@@ -1,6 +1,8 @@
 #include "plugins/window/main_subclass.h"
 
+#include "base/status.h"
 #include "base/variant.h"
+#include "plugins/window/window_marks.h"
 #include "script/properties.h"
 
 namespace tarvik {
@@ -72,6 +74,18 @@ bool CMainSubclassWindow::RunMenuCommand(UINT id) {
     return menu && id >= kFirstMenuCommand && id <= kLastMenuCommand && menu->Exec(id) != 1;
 }
 
+void CMainSubclassWindow::SetUniqueId(std::wstring identifier) {
+    if (SetMark(Window(), identifier.c_str(), WindowMark::kReceives)) uniqueId_ = std::move(identifier);
+}
+
+// The block is let go of before the handler runs: the handler may be sent another one of that name.
+HRESULT CMainSubclassWindow::Receive(DWORD sender, size_t size) {
+    return Guard([&] {
+        auto message = ReadSharedBlock(sender, Window(), size);
+        return message ? handlers_.Call(std::move(*message)) : E_FAIL;
+    });
+}
+
 bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     result = 0;
     switch (message) {
@@ -96,6 +110,9 @@ bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
             return RunMenuCommand(LOWORD(wParam));
         case kShowMessage:
             ShowWindow(Window(), static_cast<int>(lParam));
+            return true;
+        case kBusMessage:
+            result = Receive(static_cast<DWORD>(wParam), static_cast<size_t>(lParam));
             return true;
         default:
             return false;

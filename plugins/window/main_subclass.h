@@ -7,6 +7,7 @@
 #include "atl/window.h"
 #include "base/com_ptr.h"
 #include "host/contract/menu.h"
+#include "plugins/window/message_handlers.h"
 
 namespace tarvik {
 
@@ -42,6 +43,12 @@ class CMainSubclassWindow : public CWindowImpl {
     TVK::IMenu* Menu() const { return menu_.Get(); }
     void SetMenu(ComPtr<TVK::IMenu> menu);
 
+    MessageHandlers& Handlers() { return handlers_; }
+    // The identifier that the window receives messages for; it goes on to receive for earlier ones. One that
+    // the system refuses changes nothing.
+    const std::wstring& UniqueId() const { return uniqueId_; }
+    void SetUniqueId(std::wstring identifier);
+
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void OnFinalMessage(HWND) override;
@@ -51,11 +58,14 @@ class CMainSubclassWindow : public CWindowImpl {
     bool AllowsCommand(WPARAM command);
     void Limit(MINMAXINFO& info) const;
     bool RunMenuCommand(UINT id);
+    HRESULT Receive(DWORD sender, size_t size);
 
     TrackLimits limits_;
     bool frameless_ = false;  // the client area covers the whole window
     ComPtr<TVK::IMenu> menu_;
     std::array<ComPtr<IDispatch>, 8> callbacks_;
+    MessageHandlers handlers_;
+    std::wstring uniqueId_;
     ComPtr<IUnknown> owner_;
 };
 

@@ -25,6 +25,8 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     Method<&CWindowPlugin::IsSupportTaskbarProgress>(-9993, L"isSupportTaskbarProgress"),
     RawMethod<&CWindowPlugin::SelectFile, 0, 1>(-9992, L"selectFile"),
     RawMethod<&CWindowPlugin::SelectFolder, 0, 1>(-9991, L"selectFolder"),
+    Method<&CWindowPlugin::IsUniqueWindow>(-9990, L"isUniqueWindow"),
+    Method<&CWindowPlugin::ShowExistedWindow>(-9989, L"showExistedWindow"),
     Method<&CWindowPlugin::MessageBox>(-9988, L"messageBox"),
     Method<&CWindowPlugin::IsVisible>(-9987, L"isVisible"),
     Method<&CWindowPlugin::IsForeWindow>(-9986, L"isForeWindow"),
@@ -49,6 +51,7 @@ constexpr Member<CWindowPlugin> kMembers[] = {
     WriteOnly<&CWindowPlugin::SetResizable>(-9968, L"resize"),
     WriteOnly<&CWindowPlugin::ShapeImage>(-9967, L"shapeImage"),
     Property<&CWindowPlugin::GetMenu, &CWindowPlugin::SetMenu>(-9966, L"menu"),
+    ReadOnly<&CWindowPlugin::GetMsg>(-9965, L"msg"),
 
     WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClosed>>(-9964, L"onClosed"),
     WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClose>>(-9963, L"onClose"),
@@ -98,6 +101,11 @@ HRESULT AnswerByDialog(const Call& call, const char* label, Ask&& ask) {
 
 std::span<const Member<CWindowPlugin>> CWindowPlugin::Members() {
     return kMembers;
+}
+
+// Script may keep the message object longer than the window.
+CWindowPlugin::~CWindowPlugin() {
+    if (msg_) msg_->Detach();
 }
 
 STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
@@ -209,6 +217,18 @@ bool CWindowPlugin::MessageBox(IDispatch* options) {
     return options && ShowMessageBox(window_, Options(options));
 }
 
+bool CWindowPlugin::IsUniqueWindow(BSTR name) {
+    if (Bstr::View(name).empty()) {
+        TARVIK_ERROR("CWindowPlugin::IsUnique", L"Args or pResult is NULL.");
+        return false;
+    }
+    return claim_.Claim(window_, name);
+}
+
+bool CWindowPlugin::ShowExistedWindow() {
+    return claim_.ShowOwner();
+}
+
 bool CWindowPlugin::IsVisible() {
     return IsWindowVisible(window_) != FALSE;
 }
@@ -303,6 +323,11 @@ ComPtr<IDispatch> CWindowPlugin::GetMenu() {
 HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
     if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
     return S_OK;
+}
+
+ComPtr<IDispatch> CWindowPlugin::GetMsg() {
+    if (!msg_) msg_ = MakeCom<CMsgDispatch>(main_);
+    return ComPtr<IDispatch>(msg_.Get());
 }
 
 bool CWindowPlugin::SetCaption(bool visible) {

@@ -8,6 +8,8 @@
 #include "plugins/window/browser_subclass.h"
 #include "plugins/window/drag_sink.h"
 #include "plugins/window/main_subclass.h"
+#include "plugins/window/msg_dispatch.h"
+#include "plugins/window/name_claim.h"
 #include "plugins/window/window_frame.h"
 
 namespace tarvik {
@@ -16,6 +18,8 @@ namespace tarvik {
 // message; callbacks, menu, limits, shape and style stay when the page changes.
 class CWindowPlugin : public TablePlugin<CWindowPlugin> {
   public:
+    ~CWindowPlugin() override;
+
     static constexpr char kClassName[] = "CWindowPlugin";
     static std::span<const Member<CWindowPlugin>> Members();
 
@@ -34,6 +38,8 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     HRESULT SelectFile(const Call& call);
     HRESULT SelectFolder(const Call& call);
     bool MessageBox(IDispatch* options);
+    bool IsUniqueWindow(BSTR name);
+    bool ShowExistedWindow();
     bool IsVisible();
     bool IsForeWindow();
     bool SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height);
@@ -52,6 +58,7 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     HRESULT SetTitle(BSTR title);
     ComPtr<IDispatch> GetMenu();
     HRESULT SetMenu(ComPtr<IDispatch> menu);
+    ComPtr<IDispatch> GetMsg();
 
     template <DWORD kBits>
     bool SetStyle(bool on) {
@@ -87,7 +94,9 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     WindowFrame frame_{main_, server_};
     ComPtr<CDragSink> dragSink_;
     ElementConnection presses_;
+    ComPtr<CMsgDispatch> msg_;
     ComPtr<ITaskbarList3> taskbar_;
+    NameClaim claim_;
 };
 
 }  // namespace tarvik

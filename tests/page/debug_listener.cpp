@@ -29,21 +29,38 @@ DebugListener::DebugListener()
     bufferFree_ = MakeEvent(L"DBWIN_BUFFER_READY");
     dataReady_ = MakeEvent(L"DBWIN_DATA_READY");
     stop_ = MakeEvent(nullptr, true);
-    thread_ = std::thread(&DebugListener::Listen, this);
+    SetEvent(bufferFree_.Get());
+    Start();
 }
 
 DebugListener::~DebugListener() {
-    Finish();
+    Stop();
 }
 
-void DebugListener::Finish() {
+std::shared_ptr<DebugListener> DebugListener::Shared() {
+    static std::weak_ptr<DebugListener> current;
+    auto shared = current.lock();
+    if (!shared) current = shared = std::make_shared<DebugListener>();
+    return shared;
+}
+
+void DebugListener::Start() {
+    thread_ = std::thread(&DebugListener::Listen, this);
+}
+
+void DebugListener::Stop() {
     SetEvent(stop_.Get());
-    if (thread_.joinable()) thread_.join();
+    thread_.join();
+    ResetEvent(stop_.Get());
+}
+
+void DebugListener::CatchUp() {
+    Stop();
+    Start();
 }
 
 void DebugListener::Listen() {
     const HANDLE events[] = {dataReady_.Get(), stop_.Get()};
-    SetEvent(bufferFree_.Get());
     // What is there is heard before the stop.
     while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0) {
         Hear();

@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <map>
+#include <memory>
+#include <string>
 #include <string_view>
 
 #include "tests/page/debug_listener.h"
@@ -39,7 +41,7 @@ class Program {
 
     DWORD Id() const { return processId_; }
     // What was written to the debugger's channel, a line each.
-    std::vector<std::string> Lines() const { return console_.Lines(processId_); }
+    std::vector<std::string> Lines() const { return console_->Lines(processId_); }
     bool WaitForLine(std::string_view line) const;
     // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
     const std::string& Mark() const { return mark_; }
@@ -60,7 +62,7 @@ class Program {
     std::wstring executable_;
     std::map<std::wstring, std::wstring> environment_;
 
-    DebugListener console_;
+    const std::shared_ptr<DebugListener> console_ = DebugListener::Shared();
     UniqueHandle job_;  // ends with this process
     UniqueHandle process_;
     DWORD processId_ = 0;

@@ -231,8 +231,13 @@ TEST_F(Dialogs, AskNothingWithoutAPlaceForTheAnswer) {
     EXPECT_THAT(channel.texts, testing::Each(testing::HasSubstr("pResult is NULL.")));
 }
 
+// What shows pages must be there before the window is.
+struct ShownPages {
+    const PageControlClass control;
+};
+
 // Of a page that is there: paths count from it, and its script has the lists.
-class PageDialogs : public Dialogs {
+class PageDialogs : ShownPages, public Dialogs {
   protected:
     void SetUp() override {
         Dialogs::SetUp();
@@ -254,8 +259,6 @@ class PageDialogs : public Dialogs {
         EXPECT_TRUE(CallMember(answer_.pdispVal, L"concat").value.Is(VT_DISPATCH)) << "an Array";
         return paths;
     }
-
-    const PageControlClass control_;
 };
 
 // A relative one counts from the page.

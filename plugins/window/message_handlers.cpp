@@ -1,0 +1,30 @@
+#include "plugins/window/message_handlers.h"
+
+#include "script/properties.h"
+#include "script/readers.h"
+
+namespace tarvik {
+
+HRESULT MessageHandlers::Register(const wchar_t* name, ComPtr<IDispatch> function, Variant context) {
+    if (!function) return E_INVALIDARG;
+    Handler handler{std::move(function), std::move(context)};
+    return handlers_.try_emplace(name, std::move(handler)).second ? S_OK : E_FAIL;
+}
+
+void MessageHandlers::Unregister(const wchar_t* name) {
+    const auto found = handlers_.find(name);
+    if (found == handlers_.end()) return;
+    const auto removed = handlers_.extract(found);  // let go of when the table is done with it
+}
+
+HRESULT MessageHandlers::Call(BusMessage message) const {
+    const auto found = handlers_.find(message.name);
+    if (found == handlers_.end()) return E_FAIL;
+    const ComPtr<IDispatch> function = found->second.function;
+    const Variant context = Variant::Copy(found->second.context);
+    Variant payload;
+    Give(&payload, std::move(message.payload));
+    return CallScriptFunction(function.Get(), {&payload, &context});
+}
+
+}  // namespace tarvik

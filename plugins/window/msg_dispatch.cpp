@@ -1,0 +1,61 @@
+#include "plugins/window/msg_dispatch.h"
+
+#include "plugins/window/message_sender.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CMsgDispatch> kMembers[] = {
+    Method<&CMsgDispatch::RegisterMsg>(-9956, L"registerMsg"),
+    Method<&CMsgDispatch::UnregisterMsg>(-9955, L"unregisterMsg"),
+    Method<&CMsgDispatch::SendMsg>(-9954, L"sendMsg"),
+    Property<&CMsgDispatch::GetUniqueId, &CMsgDispatch::SetUniqueId>(-9953, L"uniqueID"),
+};
+static_assert(IsInOrder(kMembers));
+
+}  // namespace
+
+std::span<const Member<CMsgDispatch>> CMsgDispatch::Members() {
+    return kMembers;
+}
+
+STDMETHODIMP CMsgDispatch::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
+                                  VARIANT* result, EXCEPINFO* exception, UINT* argument) {
+    if (!window_) return E_FAIL;
+    return TableDispatch::Invoke(id, iid, locale, flags, parameters, result, exception, argument);
+}
+
+// Converting an argument may run script, and that may end the window.
+CMainSubclassWindow& CMsgDispatch::Window() const {
+    if (!window_) throw StatusError(E_FAIL);
+    return *window_;
+}
+
+Outcome CMsgDispatch::RegisterMsg(BSTR name, IDispatch* function, std::optional<AnyValue> context) {
+    if (!name) return {E_INVALIDARG};
+    return {
+        Window().Handlers().Register(name, function, context ? Variant::Copy(*context->value) : Variant())};
+}
+
+bool CMsgDispatch::UnregisterMsg(BSTR name) {
+    if (name) Window().Handlers().Unregister(name);
+    return name != nullptr;
+}
+
+bool CMsgDispatch::SendMsg(LooseText identifier, LooseText name, std::optional<AnyValue> payload) {
+    BSTR text = nullptr;
+    if (payload && !Read(*payload->value, text)) text = nullptr;
+    return SendToReceivers(identifier.Get(), name.isNull ? nullptr : name.Get(), Bstr::View(text));
+}
+
+Bstr CMsgDispatch::GetUniqueId() {
+    return Bstr(Window().UniqueId());
+}
+
+HRESULT CMsgDispatch::SetUniqueId(LooseText identifier) {
+    Window().SetUniqueId(identifier.Get());
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,69 @@
+// Two programs that speak to each other by `window.msg`, or one of which makes way for the other.
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "tests/page/program.h"
+
+namespace tarvik {
+namespace {
+
+class Messages : public testing::Test {
+  protected:
+    // The mark keeps this talk apart from others on the desktop.
+    void Start(Program& program, const std::wstring& part) const {
+        program.Start(L"-f \"" + PathOfPage(L"messages") + L"#" + part + L"," + Widen(first_.Mark()) + L"\"");
+    }
+    void StartFirst(const std::wstring& part) {
+        Start(first_, part);
+        ASSERT_TRUE(first_.WaitForLine(Narrow(part) + " is ready"));
+    }
+    static void ExpectEnd(Program& program) {
+        EXPECT_EQ(program.Wait(), 0u) << testing::PrintToString(program.Lines());
+    }
+
+    Program first_;
+    Program second_;
+};
+
+TEST_F(Messages, GoBothWays) {
+    StartFirst(L"answerer");
+    Start(second_, L"asker");
+    ExpectEnd(second_);
+    ExpectEnd(first_);
+}
+
+TEST_F(Messages, ReachAllWindows) {
+    StartFirst(L"member");
+    Start(second_, L"group");
+    ExpectEnd(second_);
+    ExpectEnd(first_);
+}
+
+TEST_F(Messages, SurviveTheirReceiver) {
+    StartFirst(L"answerer");
+    Start(second_, L"widow");
+    ASSERT_TRUE(first_.WaitForLine("hanging"));
+    first_.Kill();
+    ExpectEnd(second_);
+}
+
+TEST_F(Messages, ASecondStartBringsUpTheFirst) {
+    StartFirst(L"single");
+    const HWND window = first_.WindowTitled(L"the only one");
+    for (const int state : {SW_HIDE, SW_SHOWMINIMIZED}) {
+        ShowWindow(window, state);
+        Program again;
+        Start(again, L"single");
+        ExpectEnd(again);
+        EXPECT_TRUE(IsWindowVisible(window) && !IsIconic(window)) << state;
+        EXPECT_EQ(GetForegroundWindow(), window) << state;
+    }
+    EXPECT_EQ(first_.Quit(0), 0u);
+    Start(second_, L"single");
+    EXPECT_TRUE(second_.WindowTitled(L"the only one")) << "the name is free again";
+    EXPECT_EQ(second_.Quit(0), 0u);
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,369 @@
+// Messages between the windows of this process, by the members that script uses. Blocks are also made and
+// read by hand here, as their layout is written down.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "base/owners.h"
+#include "host/web_browser.h"
+#include "tests/support/leak_check.h"
+#include "tests/support/members.h"
+#include "tests/support/recorder.h"
+#include "tests/support/status_text.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
+
+namespace tarvik {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr UINT kMessage = 3025;
+const HANDLE receives = reinterpret_cast<HANDLE>(0x10102);
+const std::wstring withZero(L"a\0b", 3);
+
+std::wstring BlockName(HWND target) {
+    wchar_t name[64];
+    swprintf(name, 64, L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(GetCurrentProcessId()),
+             static_cast<unsigned>(reinterpret_cast<uintptr_t>(target)));
+    return name;
+}
+
+bool IsBlockThere(HWND target) {
+    return static_cast<bool>(UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(target).c_str())));
+}
+
+// A block of a sender that does as it likes.
+HRESULT SendByHand(HWND target, std::wstring_view text, size_t size, DWORD flags = 0) {
+    const UniqueHandle block(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE | flags, 0,
+                                                0x1000, BlockName(target).c_str()));
+    EXPECT_TRUE(block && GetLastError() != ERROR_ALREADY_EXISTS);
+    if (!text.empty()) {
+        const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_WRITE, 0, 0, 0));
+        text.copy(static_cast<wchar_t*>(view.Get()), text.size());
+    }
+    return static_cast<HRESULT>(SendMessageW(target, kMessage, GetCurrentProcessId(), size));
+}
+HRESULT SendByHand(HWND target, std::wstring_view text) {
+    return SendByHand(target, text, text.size() * sizeof(wchar_t));
+}
+
+// A window that is none of the program's, and keeps the blocks that it is sent.
+class PlainWindow {
+  public:
+    explicit PlainWindow(const wchar_t* identifier) {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = Procedure;
+        description.lpszClassName = L"PlainWindow";
+        RegisterClassW(&description);
+        window_.Reset(
+            CreateWindowW(L"PlainWindow", nullptr, 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr));
+        SetWindowLongPtrW(window_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetPropW(window_.Get(), identifier, receives);
+    }
+
+    HWND Get() const { return window_.Get(); }
+    std::vector<std::wstring> blocks;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != kMessage) return DefWindowProcW(window, message, wParam, lParam);
+        auto* const self = reinterpret_cast<PlainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        EXPECT_EQ(wParam, GetCurrentProcessId());
+        const UniqueHandle block(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(window).c_str()));
+        const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_READ, 0, 0, lParam));
+        EXPECT_TRUE(view);
+        if (view)
+            self->blocks.emplace_back(static_cast<const wchar_t*>(view.Get()), lParam / sizeof(wchar_t));
+        return E_FAIL;
+    }
+
+    UniqueWindow window_;
+};
+
+// A browser window and its end of the bus.
+class Side {
+  public:
+    explicit Side(const std::wstring& page) : window_(browser_->CreateHidden(nullptr, page.c_str())) {
+        browser_->GetPlugin(L"window", plugin_.GetAddressOf());
+        const Outgoing msg = GetMember(plugin_.Get(), L"msg");
+        msg_ = msg.value.vt == VT_DISPATCH ? msg.value.pdispVal : nullptr;
+    }
+    ~Side() { Close(); }
+
+    void Close() {
+        if (IsWindow(window_)) DestroyWindow(window_);
+        PumpOnce();
+    }
+    void ForgetPlugin() { plugin_.Reset(); }
+
+    HWND Window() const { return window_; }
+    IDispatch* Plugin() const { return plugin_.Get(); }
+    IDispatch* Msg() const { return msg_.Get(); }
+
+    void Receive(const wchar_t* identifier) const { PutMember(Msg(), L"uniqueID", identifier); }
+    template <class... Args>
+    std::string Call(const wchar_t* member, Args&&... args) const {
+        const Outgoing answer = CallMember(Msg(), member, std::forward<Args>(args)...);
+        return SUCCEEDED(answer.status) ? ValueText(answer.value) : StatusText(answer.status);
+    }
+    // Its function for a message, which is called with a payload and the context "in".
+    ComPtr<Recorder> On(const wchar_t* name, Recorder::Answer answer = {}) const {
+        const auto function = MakeCom<Recorder>(std::move(answer));
+        EXPECT_EQ(Call(L"registerMsg", name, function, L"in"), "BOOL true");
+        return function;
+    }
+
+  private:
+    const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
+    const HWND window_;
+    ComPtr<IDispatch> plugin_;
+    ComPtr<IDispatch> msg_;
+};
+
+class MessageBus : public testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(one_.Msg() && two_.Msg());
+        one_.Receive(L"one");
+        two_.Receive(L"two");
+    }
+    void TearDown() override {
+        EXPECT_FALSE(IsBlockThere(one_.Window()));
+        EXPECT_FALSE(IsBlockThere(two_.Window()));
+    }
+
+    const ObjectCheck objects_;
+    const TempFolder folder_;
+    const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
+    Side one_{page_};
+    Side two_{page_};
+};
+
+TEST_F(MessageBus, KeepsTheFirstFunctionOfAName) {
+    const auto first = one_.On(L"news");
+    const auto second = MakeCom<Recorder>();
+    const auto nullText = [] {
+        Variant text;
+        text.vt = VT_BSTR;
+        return text;
+    };
+    EXPECT_EQ(one_.Call(L"registerMsg", L"news", second), "BOOL false");
+    EXPECT_EQ(one_.Call(L"registerMsg", L"none", static_cast<IDispatch*>(nullptr)), "BOOL false");
+    EXPECT_EQ(one_.Call(L"registerMsg", nullText(), second), "BOOL false");
+    EXPECT_EQ(one_.Call(L"unregisterMsg", L"unknown"), "BOOL true");
+    EXPECT_EQ(one_.Call(L"unregisterMsg", nullText()), "BOOL false");
+    EXPECT_THAT(CallMember(one_.Msg(), L"registerMsg", 5, second).status, HasStatus(E_INVALIDARG));
+    EXPECT_THAT(CallMember(one_.Msg(), L"registerMsg", L"text", L"text").status, HasStatus(E_INVALIDARG));
+    EXPECT_THAT(CallMember(one_.Msg(), L"sendMsg", L"one").status, HasStatus(E_NOTIMPL));
+
+    two_.Call(L"sendMsg", L"one", L"news");
+    EXPECT_EQ(first->calls.size(), 1u);
+    one_.Call(L"unregisterMsg", L"news");
+    EXPECT_EQ(one_.Call(L"registerMsg", L"news", second), "BOOL true");
+    two_.Call(L"sendMsg", L"one", L"news");
+    EXPECT_EQ(first->calls.size(), 1u);
+    EXPECT_THAT(second->Texts(), ElementsAre("BSTR , EMPTY")) << "no payload, no context";
+}
+
+TEST_F(MessageBus, BringsThePayloadWhole) {
+    const auto news = one_.On(L"news");
+    const std::wstring large(500'000, L'\x6f22');
+    const std::pair<Variant, std::wstring> cases[] = {{Variant::Text(L"text"), L"text"},
+                                                      {Variant::Text(withZero), withZero},
+                                                      {Variant::Text(large), large},
+                                                      {Variant::Text(L""), L""},
+                                                      {Variant::I4(5), L""},
+                                                      {Variant::Null(), L""},
+                                                      {Variant::Object(two_.Msg()), L""}};
+    const long handles = CountHandles();
+    for (const auto& [payload, expected] : cases) {
+        EXPECT_EQ(two_.Call(L"sendMsg", L"one", L"news", Variant::Copy(payload)), "BOOL true");
+        const auto& arguments = news->calls.back().arguments;
+        ASSERT_EQ(arguments.size(), 2u);
+        ASSERT_EQ(arguments[0].vt, VT_BSTR);
+        EXPECT_EQ(Bstr::View(arguments[0].bstrVal), expected);
+        EXPECT_EQ(ValueText(arguments[1]), "BSTR in");
+    }
+    EXPECT_EQ(news->calls.size(), std::size(cases));
+    EXPECT_EQ(CountHandles(), handles);
+}
+
+TEST_F(MessageBus, ReachesAllWhoReceiveForTheIdentifier) {
+    std::string order;
+    one_.On(L"news", [&](const auto&) { return order += '1', Variant(); });
+    two_.On(L"news", [&](const auto&) { return order += '2', Variant(); });
+    one_.Receive(L"both");
+    two_.Receive(L"both");
+    EXPECT_EQ(ValueText(GetMember(one_.Msg(), L"uniqueID").value), "BSTR both");
+    one_.Call(L"sendMsg", L"both", L"news");
+    HWND top = FindWindowExW(nullptr, nullptr, nullptr, nullptr);
+    while (top && top != one_.Window() && top != two_.Window())
+        top = FindWindowExW(nullptr, top, nullptr, nullptr);
+    const std::string topFirst = top == one_.Window() ? "12" : "21";
+    EXPECT_EQ(order, topFirst);
+    one_.Call(L"sendMsg", L"one", L"news");
+    EXPECT_EQ(order, topFirst + '1') << "an earlier identifier stays";
+
+    PutMember(two_.Msg(), L"uniqueID", 42);
+    EXPECT_EQ(one_.Call(L"sendMsg", 42.0, L"news"), "BOOL true");
+    EXPECT_EQ(order, topFirst + "12");
+    EXPECT_EQ(one_.Call(L"sendMsg", L"nobody", L"news"), "BOOL false");
+    EXPECT_EQ(one_.Call(L"sendMsg", L"one", L"unknown"), "BOOL true");
+    EXPECT_EQ(one_.Call(L"sendMsg", L"one", nullptr), "BOOL true");
+    const std::wstring tooLong(300, L'x');
+    two_.Receive(tooLong.c_str());
+    EXPECT_EQ(ValueText(GetMember(two_.Msg(), L"uniqueID").value), "BSTR 42");
+    EXPECT_EQ(one_.Call(L"sendMsg", tooLong.c_str(), L"news"), "BOOL false");
+}
+
+TEST_F(MessageBus, WritesTheBlockForAnyReader) {
+    PlainWindow plain(L"plain");
+    one_.Call(L"sendMsg", L"plain", L"name", withZero.c_str());
+    one_.Call(L"sendMsg", L"plain", L"name", Variant::Text(withZero));
+    one_.Call(L"sendMsg", L"plain", L"name", L"");
+    one_.Call(L"sendMsg", L"plain", L"name");
+    const std::wstring none(L"name\0\0", 6);
+    EXPECT_THAT(plain.blocks,
+                ElementsAre(std::wstring(L"name\0a\0", 7), std::wstring(L"name\0a\0b\0", 9), none, none));
+    EXPECT_FALSE(IsBlockThere(plain.Get()));
+
+    const UniqueHandle squatter(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 0x1000,
+                                                   BlockName(plain.Get()).c_str()));
+    EXPECT_EQ(one_.Call(L"sendMsg", L"plain", L"name", L"secret"), "BOOL true");
+    EXPECT_EQ(plain.blocks.size(), 4u) << "nothing goes into memory of somebody else";
+}
+
+TEST_F(MessageBus, BelievesNoSender) {
+    const auto news = one_.On(L"news");
+    const HWND target = one_.Window();
+    const std::wstring good(L"news\0text\0", 10);
+    EXPECT_EQ(SendMessageW(target, kMessage, GetCurrentProcessId(), 20), E_FAIL) << "no block";
+    EXPECT_EQ(SendByHand(target, good, 0), E_FAIL);
+    EXPECT_EQ(SendByHand(target, good, 0x1001), E_FAIL) << "larger than the memory";
+    EXPECT_EQ(SendByHand(target, good, 0x100000), E_FAIL);
+    EXPECT_EQ(SendByHand(target, good, ~size_t{0}), E_FAIL);
+    EXPECT_EQ(SendByHand(target, {}, 20, SEC_RESERVE), E_FAIL) << "no memory behind it";
+    EXPECT_EQ(SendByHand(target, std::wstring(0x800, L'x')), E_FAIL) << "a name without an end";
+    EXPECT_EQ(SendByHand(target, std::wstring(L"\0text\0", 6)), E_FAIL) << "an empty name";
+    EXPECT_EQ(SendByHand(target, std::wstring(L"old\0text\0", 9)), E_FAIL);
+    EXPECT_EQ(SendByHand(target, good, 1), E_FAIL);
+    EXPECT_THAT(news->calls, IsEmpty());
+
+    EXPECT_EQ(SendByHand(target, good), S_OK);
+    EXPECT_EQ(SendByHand(target, good, 0x1000), S_OK) << "to the end of the memory";
+    EXPECT_EQ(SendByHand(target, good.substr(0, 5)), S_OK) << "cut behind the name";
+    EXPECT_EQ(SysStringLen(news->calls[1].arguments[0].bstrVal), 0x800u - 6);
+    EXPECT_EQ(Recorder::Text(news->calls[2]), "BSTR , BSTR in");
+}
+
+TEST_F(MessageBus, MayChangeItsTableWhileItRuns) {
+    const auto second = MakeCom<Recorder>();
+    one_.On(L"news", [&](const auto&) {
+        for (int i = 0; i < 50; ++i)
+            one_.Call(L"registerMsg", (L"more" + std::to_wstring(i)).c_str(), second);
+        one_.Call(L"unregisterMsg", L"news");
+        one_.Call(L"registerMsg", L"news", second, 7);
+        return Variant();
+    });
+    for (int i = 0; i < 2; ++i)
+        two_.Call(L"sendMsg", L"one", L"news", L"text");
+    EXPECT_THAT(second->Texts(), ElementsAre("BSTR text, I4 7"));
+}
+
+// Each answer is sent inside the handling of what it answers, and each is larger than the one before.
+TEST_F(MessageBus, AnswersInsideAHandler) {
+    std::vector<size_t> lengths;
+    const auto answer = [&](const Side& from, const wchar_t* to) {
+        return [&lengths, &from, to](const Recorder::Record& call) {
+            const std::wstring text(Bstr::View(call.arguments[0].bstrVal));
+            lengths.push_back(text.size());
+            if (lengths.size() < 8) from.Call(L"sendMsg", to, L"ball", (text + text).c_str());
+            return Variant();
+        };
+    };
+    one_.On(L"ball", answer(one_, L"two"));
+    two_.On(L"ball", answer(two_, L"one"));
+    two_.Call(L"sendMsg", L"one", L"ball", std::wstring(1000, L'x').c_str());
+    EXPECT_THAT(lengths, ElementsAre(1000, 2000, 4000, 8000, 16000, 32000, 64000, 128000));
+}
+
+// While a message waits for a busy window, another window has one sent there, too.
+TEST_F(MessageBus, KeepsAMessageThatWaitsFromALaterOne) {
+    const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const UniqueHandle go(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    std::vector<std::wstring> blocks;
+    std::thread receiver([&] {
+        PlainWindow plain(L"busy");
+        SetEvent(ready.Get());
+        WaitForSingleObject(go.Get(), 10'000);
+        Sleep(100);  // the later one is about to be sent
+        PumpUntil([&] { return plain.blocks.size() == 2; });
+        blocks = plain.blocks;
+    });
+    WaitForSingleObject(ready.Get(), 10'000);
+    one_.On(L"relay", [&](const auto&) {
+        SetEvent(go.Get());
+        one_.Call(L"sendMsg", L"busy", L"later");
+        return Variant();
+    });
+    std::thread relay([&] {
+        Sleep(50);  // the first is waiting
+        SendByHand(one_.Window(), std::wstring(L"relay\0\0", 7));
+    });
+    one_.Call(L"sendMsg", L"busy", L"first");
+    receiver.join();
+    PumpUntil([&] { return !IsBlockThere(one_.Window()); });
+    relay.join();
+    EXPECT_THAT(blocks, ElementsAre(std::wstring(L"first\0\0", 7), std::wstring(L"later\0\0", 7)));
+}
+
+TEST_F(MessageBus, SurvivesTheEndOfItsWindow) {
+    one_.ForgetPlugin();
+    const auto news = one_.On(L"news", [&](const auto&) {
+        one_.Close();
+        EXPECT_EQ(one_.Call(L"sendMsg", L"one", L"news"), "BOOL false") << "the window is gone";
+        return Variant();
+    });
+    EXPECT_EQ(two_.Call(L"sendMsg", L"one", L"news", L"end"), "BOOL true");
+    EXPECT_EQ(news->calls.size(), 1u);
+    for (const wchar_t* member : {L"unregisterMsg", L"sendMsg"})
+        EXPECT_THAT(CallMember(one_.Msg(), member, L"one").status, HasStatus(E_FAIL)) << member;
+    EXPECT_THAT(GetMember(one_.Msg(), L"uniqueID").status, HasStatus(E_FAIL));
+    EXPECT_THAT(PutMember(one_.Msg(), L"uniqueID", L"x").status, HasStatus(E_FAIL));
+}
+
+TEST_F(MessageBus, HasOneWindowForAName) {
+    const auto claim = [](const Side& side, const wchar_t* name) {
+        return ValueText(CallMember(side.Plugin(), L"isUniqueWindow", name).value);
+    };
+    const auto show = [](const Side& side) {
+        return ValueText(CallMember(side.Plugin(), L"showExistedWindow").value);
+    };
+    EXPECT_EQ(show(one_), "BOOL false") << "nothing was asked yet";
+    EXPECT_EQ(claim(one_, L""), "BOOL false");
+    EXPECT_THAT(CallMember(one_.Plugin(), L"isUniqueWindow", 5).status, HasStatus(E_INVALIDARG));
+    EXPECT_EQ(claim(one_, L"tarvik test"), "BOOL true");
+    EXPECT_EQ(claim(one_, L"tarvik test"), "BOOL true") << "again";
+    EXPECT_EQ(show(one_), "BOOL false") << "it is the first";
+
+    EXPECT_EQ(claim(two_, L"tarvik test"), "BOOL false");
+    EXPECT_FALSE(IsWindowVisible(one_.Window()));
+    EXPECT_EQ(show(two_), "BOOL true");
+    EXPECT_TRUE(IsWindowVisible(one_.Window()));
+    EXPECT_EQ(GetForegroundWindow(), one_.Window());
+
+    EXPECT_EQ(claim(two_, L"tarvik other"), "BOOL true") << "gives up its share of the first name";
+    EXPECT_EQ(claim(one_, L"tarvik third"), "BOOL true");
+    EXPECT_EQ(claim(two_, L"tarvik test"), "BOOL true");
+    two_.ForgetPlugin();
+    two_.Close();
+    EXPECT_EQ(claim(one_, L"tarvik test"), "BOOL true") << "a name ends with its window";
+}
+
+}  // namespace
+}  // namespace tarvik
