@@ -8,8 +8,14 @@ Showcase.add({
       text: 'Both have the identifier "talk", so each hears what is sent there, also by itself: look into messages.html.',
       button: 'Open two windows',
       run: function () {
-        createWindow({ url: 'messages.html', context: { name: 'Ann', left: 120 } });
-        createWindow({ url: 'messages.html', context: { name: 'Ben', left: 560 } });
+        createWindow({
+          url: 'messages.html',
+          context: { name: 'Ann', left: 120 }
+        });
+        createWindow({
+          url: 'messages.html',
+          context: { name: 'Ben', left: 560 }
+        });
       }
     },
     {
@@ -19,10 +25,14 @@ Showcase.add({
       run: function (say) {
         var msg = window.external.window.msg;
         msg.uniqueID = 'talk';
-        var isNew = msg.registerMsg('line', function (text, context) {
-          say(context + text);
-        }, 'Heard: ');
-        say(isNew ? 'Now it will be written here.' : 'It is written here already.');
+        var isNew = msg.registerMsg(
+            'line',
+            function (text, context) {
+              say(context + text);
+            },
+            'Heard: '
+        );
+        say('This is new: ' + isNew);
       }
     },
     {
@@ -31,7 +41,8 @@ Showcase.add({
       button: 'Say hello',
       run: function (say) {
         var msg = window.external.window.msg;
-        if (!msg.sendMsg('talk', 'line', 'The showcase: hello')) {
+        var text = 'The showcase: hello';
+        if (!msg.sendMsg('talk', 'line', text)) {
           say('Nobody is there.');
         }
       }
@@ -45,7 +56,8 @@ Showcase.add({
         if (win.isUniqueWindow('Tarvik showcase')) {
           say('This is the first.');
         } else {
-          say('There is another one. Shown: ' + win.showExistedWindow());
+          say('There is another one.');
+          win.showExistedWindow();
         }
       }
     }
