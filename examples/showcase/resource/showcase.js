@@ -103,6 +103,8 @@ var Showcase = (function () {
       var win = window.external.window;
       for (var i = 0; i < pages.length; i++) document.getElementById('menu').appendChild(menuItem(i));
       document.getElementById('quit').onclick = function () { win.quit(0); };
+      // The program outlives its windows.
+      win.onClosed = function () { win.quit(0); };
       document.getElementById('clear').onclick = function () { log.innerHTML = ''; };
       open(0);
       write('The page is ready.');

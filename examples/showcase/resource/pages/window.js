@@ -35,6 +35,71 @@ Showcase.add({
           say('Visible: ' + win.isVisible());
         }, 1000);
       }
+    },
+    {
+      title: 'Place',
+      text: 'Positions are pixels of the screen. The user cannot make the window smaller than its limits.',
+      button: 'Centre it, and set limits',
+      run: function (say) {
+        var win = window.external.window;
+        win.minWidth = 700;
+        win.minHeight = 480;
+        win.centerWindow();
+        say('At ' + win.left + ', ' + win.top + ' of ' + win.workAreaWidth + ' by ' + win.workAreaHeight);
+      }
+    },
+    {
+      title: 'A say in closing',
+      text: 'A function that answers false refuses. Press the close box after this.',
+      button: 'Ask before closing',
+      run: function (say) {
+        var win = window.external.window;
+        var sure = false;
+        win.onClose = function () {
+          win.messageBox({
+            caption: 'Showcase',
+            text: 'Really close?',
+            type: 'yesNo',
+            onYes: function () {
+              sure = true;
+            }
+          });
+          return sure;
+        };
+        say('The close box asks now.');
+      }
+    },
+    {
+      title: 'Progress in the task bar',
+      text: 'States are none, cycle, normal, error and pause.',
+      button: 'Count to ten',
+      run: function (say) {
+        var win = window.external.window;
+        var step = 0;
+        var timer = setInterval(function () {
+          win.setTaskbarProgress(++step, 10);
+          say(step + ' of 10');
+          if (step < 10) return;
+          clearInterval(timer);
+          win.setTaskbarProgressState('none');
+        }, 300);
+      }
+    },
+    {
+      title: 'A window without a frame',
+      text: 'The page says by which elements the window is dragged: look into frameless.html.',
+      button: 'Open it',
+      run: function () {
+        createWindow({ url: 'frameless.html' });
+      }
+    },
+    {
+      title: 'A window of any shape',
+      text: 'White pixels of a bitmap are cut away: look into shaped.html.',
+      button: 'Open it',
+      run: function () {
+        createWindow({ url: 'shaped.html' });
+      }
     }
   ]
 });
