@@ -7,6 +7,7 @@
 
 #include <thread>
 
+#include "atl/window.h"
 #include "base/owners.h"
 #include "host/web_browser.h"
 #include "tests/support/leak_check.h"
@@ -37,15 +38,17 @@ bool IsBlockThere(HWND target) {
     return static_cast<bool>(UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(target).c_str())));
 }
 
-// A block of a sender that does as it likes.
-HRESULT SendByHand(HWND target, std::wstring_view text, size_t size, DWORD flags = 0) {
-    const UniqueHandle block(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE | flags, 0,
-                                                0x1000, BlockName(target).c_str()));
+// The block of a sender that does as it likes: a page of memory, and perhaps a further one that is only
+// reserved.
+HRESULT SendByHand(HWND target, std::wstring_view text, size_t size, DWORD reserved = 0) {
+    constexpr DWORD kPage = 0x1000;
+    const UniqueHandle block(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+                                                PAGE_READWRITE | (reserved ? SEC_RESERVE : 0), 0,
+                                                kPage + reserved, BlockName(target).c_str()));
     EXPECT_TRUE(block && GetLastError() != ERROR_ALREADY_EXISTS);
-    if (!text.empty()) {
-        const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_WRITE, 0, 0, 0));
-        text.copy(static_cast<wchar_t*>(view.Get()), text.size());
-    }
+    const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_WRITE, 0, 0, 0));
+    if (reserved) VirtualAlloc(view.Get(), kPage, MEM_COMMIT, PAGE_READWRITE);
+    text.copy(static_cast<wchar_t*>(view.Get()), text.size());
     return static_cast<HRESULT>(SendMessageW(target, kMessage, GetCurrentProcessId(), size));
 }
 HRESULT SendByHand(HWND target, std::wstring_view text) {
@@ -53,36 +56,26 @@ HRESULT SendByHand(HWND target, std::wstring_view text) {
 }
 
 // A window that is none of the program's, and keeps the blocks that it is sent.
-class PlainWindow {
+class PlainWindow : public CWindowImpl {
   public:
     explicit PlainWindow(const wchar_t* identifier) {
-        WNDCLASSW description = {};
-        description.lpfnWndProc = Procedure;
-        description.lpszClassName = L"PlainWindow";
-        RegisterClassW(&description);
-        window_.Reset(
-            CreateWindowW(L"PlainWindow", nullptr, 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr));
-        SetWindowLongPtrW(window_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        SetPropW(window_.Get(), identifier, receives);
+        Create(L"PlainWindow", L"STATIC", nullptr, nullptr, 0, nullptr);
+        SetPropW(Window(), identifier, receives);
     }
+    ~PlainWindow() override { DestroyWindow(Window()); }
 
-    HWND Get() const { return window_.Get(); }
     std::vector<std::wstring> blocks;
 
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message != kMessage) return DefWindowProcW(window, message, wParam, lParam);
-        auto* const self = reinterpret_cast<PlainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  protected:
+    bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) override {
+        if (message != kMessage) return false;
         EXPECT_EQ(wParam, GetCurrentProcessId());
-        const UniqueHandle block(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(window).c_str()));
+        const UniqueHandle block(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(Window()).c_str()));
         const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_READ, 0, 0, lParam));
         EXPECT_TRUE(view);
-        if (view)
-            self->blocks.emplace_back(static_cast<const wchar_t*>(view.Get()), lParam / sizeof(wchar_t));
-        return E_FAIL;
+        if (view) blocks.emplace_back(static_cast<const wchar_t*>(view.Get()), lParam / sizeof(wchar_t));
+        return true;
     }
-
-    UniqueWindow window_;
 };
 
 // A browser window and its end of the bus.
@@ -166,7 +159,6 @@ TEST_F(MessageBus, KeepsTheFirstFunctionOfAName) {
     one_.Call(L"unregisterMsg", L"news");
     EXPECT_EQ(one_.Call(L"registerMsg", L"news", second), "BOOL true");
     two_.Call(L"sendMsg", L"one", L"news");
-    EXPECT_EQ(first->calls.size(), 1u);
     EXPECT_THAT(second->Texts(), ElementsAre("BSTR , EMPTY")) << "no payload, no context";
 }
 
@@ -230,10 +222,10 @@ TEST_F(MessageBus, WritesTheBlockForAnyReader) {
     const std::wstring none(L"name\0\0", 6);
     EXPECT_THAT(plain.blocks,
                 ElementsAre(std::wstring(L"name\0a\0", 7), std::wstring(L"name\0a\0b\0", 9), none, none));
-    EXPECT_FALSE(IsBlockThere(plain.Get()));
+    EXPECT_FALSE(IsBlockThere(plain.Window()));
 
     const UniqueHandle squatter(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 0x1000,
-                                                   BlockName(plain.Get()).c_str()));
+                                                   BlockName(plain.Window()).c_str()));
     EXPECT_EQ(one_.Call(L"sendMsg", L"plain", L"name", L"secret"), "BOOL true");
     EXPECT_EQ(plain.blocks.size(), 4u) << "nothing goes into memory of somebody else";
 }
@@ -247,7 +239,7 @@ TEST_F(MessageBus, BelievesNoSender) {
     EXPECT_EQ(SendByHand(target, good, 0x1001), E_FAIL) << "larger than the memory";
     EXPECT_EQ(SendByHand(target, good, 0x100000), E_FAIL);
     EXPECT_EQ(SendByHand(target, good, ~size_t{0}), E_FAIL);
-    EXPECT_EQ(SendByHand(target, {}, 20, SEC_RESERVE), E_FAIL) << "no memory behind it";
+    EXPECT_EQ(SendByHand(target, good, 0x1002, 0x1000), E_FAIL) << "no memory behind the end";
     EXPECT_EQ(SendByHand(target, std::wstring(0x800, L'x')), E_FAIL) << "a name without an end";
     EXPECT_EQ(SendByHand(target, std::wstring(L"\0text\0", 6)), E_FAIL) << "an empty name";
     EXPECT_EQ(SendByHand(target, std::wstring(L"old\0text\0", 9)), E_FAIL);
@@ -255,7 +247,7 @@ TEST_F(MessageBus, BelievesNoSender) {
     EXPECT_THAT(news->calls, IsEmpty());
 
     EXPECT_EQ(SendByHand(target, good), S_OK);
-    EXPECT_EQ(SendByHand(target, good, 0x1000), S_OK) << "to the end of the memory";
+    EXPECT_EQ(SendByHand(target, good, 0x1000, 0x1000), S_OK) << "to the end of the memory";
     EXPECT_EQ(SendByHand(target, good.substr(0, 5)), S_OK) << "cut behind the name";
     EXPECT_EQ(SysStringLen(news->calls[1].arguments[0].bstrVal), 0x800u - 6);
     EXPECT_EQ(Recorder::Text(news->calls[2]), "BSTR , BSTR in");
