@@ -15,14 +15,15 @@ namespace {
 
 constexpr DISPID kElementMouseDown = static_cast<DISPID>(0x8001000B);
 
-bool IsText(const Bstr& text, const wchar_t* other) {
-    return _wcsicmp(text.Get() ? text.Get() : L"", other) == 0;
+// An empty text may come as null.
+bool IsText(BSTR text, const wchar_t* other) {
+    return text && _wcsicmp(text, other) == 0;
 }
 
 bool IsControl(IHTMLElement* element) {
     Bstr name;
     element->get_tagName(name.Receive());
-    return IsText(name, L"input") || IsText(name, L"textarea") || IsText(name, L"button");
+    return IsText(name.Get(), L"input") || IsText(name.Get(), L"textarea") || IsText(name.Get(), L"button");
 }
 
 // What the element itself says; nothing if its parent has to.
@@ -31,9 +32,8 @@ std::optional<bool> SaysHandle(IHTMLElement* element) {
     if (FAILED(element->getAttribute(Bstr(L"dragWindow").Get(), 0, value.Receive()))) return std::nullopt;
     if (value.Is(VT_BOOL)) return value.boolVal == VARIANT_TRUE;
     if (!value.Is(VT_BSTR)) return std::nullopt;
-    const Bstr text(value.bstrVal);
-    if (IsText(text, L"true")) return true;
-    if (IsText(text, L"false")) return false;
+    if (IsText(value.bstrVal, L"true")) return true;
+    if (IsText(value.bstrVal, L"false")) return false;
     return std::nullopt;
 }
 

@@ -7,13 +7,14 @@
 #include "base/bstr.h"
 #include "base/variant.h"
 #include "control/page/html_members.h"
+#include "tests/plugins/window/silent_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
 
 // An element of a page, as far as the sink looks at it. An attribute that is nothing cannot be read.
-class FakeElement : public ComObject<As<ElementMembers, IHTMLElement, IDispatch>> {
+class FakeElement : public SilentObject<As<ElementMembers, IHTMLElement, IDispatch>> {
   public:
     FakeElement(const wchar_t* tag, std::optional<Variant> attribute, ComPtr<IHTMLElement> parent)
         : tag_(tag), attribute_(std::move(attribute)), parent_(std::move(parent)) {}
@@ -30,12 +31,6 @@ class FakeElement : public ComObject<As<ElementMembers, IHTMLElement, IDispatch>
         return S_OK;
     }
     STDMETHODIMP get_parentElement(IHTMLElement** out) override { return HandOut(parent_, out); }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return E_NOTIMPL;
-    }
 
   private:
     const wchar_t* tag_;
@@ -44,17 +39,11 @@ class FakeElement : public ComObject<As<ElementMembers, IHTMLElement, IDispatch>
 };
 
 // A document with one element at the place of the mouse.
-class FakeDocument : public ComObject<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
+class FakeDocument : public SilentObject<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
   public:
     STDMETHODIMP elementFromPoint(LONG x, LONG y, IHTMLElement** out) override {
         asked = {x, y};
         return HandOut(element, out);
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return E_NOTIMPL;
     }
 
     ComPtr<IHTMLElement> element;
@@ -97,6 +86,10 @@ TEST_F(DragSink, LetsTheNearestElementDecide) {
     EXPECT_FALSE(Drags(DISPID_MOUSEUP));
     Add(L"DIV", Variant::Text(L"yes"));
     EXPECT_TRUE(Drags()) << "other words say nothing";
+    Variant empty;
+    empty.vt = VT_BSTR;
+    Add(L"DIV", std::move(empty));
+    EXPECT_TRUE(Drags()) << "nor do none";
     Add(L"DIV", std::nullopt);
     EXPECT_TRUE(Drags()) << "nor does what cannot be read";
     Add(L"DIV", Variant::Bool(false));

@@ -1,8 +1,8 @@
 #include <windows.h>
 
-#include "base/com_object.h"
 #include "host/contract/menu.h"
 #include "plugins/window/main_subclass.h"
+#include "tests/plugins/window/silent_object.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
 
@@ -135,14 +135,8 @@ TEST_F(WindowPlugin, ShowsProgressInTheTaskBar) {
 }
 
 // A menu with a native one behind it, that answers commands up to a number.
-class FakeMenu : public ComObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
+class FakeMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
   public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
     STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
     STDMETHODIMP_(int) Exec(UINT id) override {
