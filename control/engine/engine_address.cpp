@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "base/module_function.h"
 #include "base/text.h"
 #include "control/engine/engine_path.h"
 
@@ -45,9 +46,8 @@ std::string Unescape(const std::string& text) {
 }
 
 template <class Function>
-Function WineFunction(const char* name) {
-    const FARPROC found = IsWine() ? GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name) : nullptr;
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+Function* WineFunction(const char* name) {
+    return IsWine() ? FindFunction<Function>(L"kernel32.dll", name) : nullptr;
 }
 
 // A result of Wine's, freed here.
@@ -61,12 +61,12 @@ auto TakeText(Text* text) {
 
 // "/home/x/page.html" for "C:\...\page.html"; empty where files have no other name.
 std::string UnderlyingPath(const std::wstring& path) {
-    static const auto translate = WineFunction<char*(__cdecl*)(const wchar_t*)>("wine_get_unix_file_name");
+    static auto* const translate = WineFunction<char* __cdecl(const wchar_t*)>("wine_get_unix_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::string();
 }
 
 std::wstring PathOfUnderlying(const std::string& path) {
-    static const auto translate = WineFunction<wchar_t*(__cdecl*)(const char*)>("wine_get_dos_file_name");
+    static auto* const translate = WineFunction<wchar_t* __cdecl(const char*)>("wine_get_dos_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::wstring();
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "base/module_function.h"
 #include "base/owners.h"
 
 namespace tarvik {
@@ -62,9 +63,8 @@ long CountGdiEntries() {
     constexpr size_t kEntries = 0x4000;
     constexpr size_t kTable = 0xF8;  // in the block that describes the process
     PROCESS_BASIC_INFORMATION process = {};
-    using Query = NTSTATUS(NTAPI*)(HANDLE, PROCESSINFOCLASS, void*, ULONG, ULONG*);
-    const FARPROC found = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess");
-    const auto query = reinterpret_cast<Query>(reinterpret_cast<void*>(found));
+    using Query = NTSTATUS NTAPI(HANDLE, PROCESSINFOCLASS, void*, ULONG, ULONG*);
+    auto* const query = FindFunction<Query>(L"ntdll.dll", "NtQueryInformationProcess");
     query(GetCurrentProcess(), ProcessBasicInformation, &process, sizeof process, nullptr);
     const auto* const block = reinterpret_cast<const BYTE*>(process.PebBaseAddress);
     const auto* const table = *reinterpret_cast<const Entry* const*>(block + kTable);

@@ -1,13 +1,15 @@
 #include "tests/plugins/file/file_fixture.h"
 
+#include "base/module_function.h"
+
 namespace tarvik {
 
 namespace {
 
 std::string UnderlyingPath(const std::wstring& path) {
-    using Translate = char*(__cdecl*)(const wchar_t*);
-    const FARPROC found = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name");
-    return found ? reinterpret_cast<Translate>(reinterpret_cast<void*>(found))(path.c_str()) : std::string();
+    using Translate = char* __cdecl(const wchar_t*);
+    auto* const translate = FindFunction<Translate>(L"kernel32.dll", "wine_get_unix_file_name");
+    return translate ? translate(path.c_str()) : std::string();
 }
 
 // Wine gives no handle to such a process, so the caller looks for what it does.
