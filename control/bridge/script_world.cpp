@@ -76,6 +76,10 @@ void ScriptWorld::Receive(const Json& message) {
     const std::string& operation = message.at(0).get_ref<const std::string&>();
     if (operation == "result") return TakeResult(message);
     if (operation == "release") return natives_.Release(message.at(1), message.at(2));
+    if (operation == "leaving") {
+        leaving_ = true;
+        return;
+    }
     if (operation == "close") return owner_.OnCloseWindow();
     if (operation == "mousedown") return owner_.OnMouseDown();
     if (operation == "menu") {
@@ -225,6 +229,7 @@ void ScriptWorld::FindNowhere() {
 // A page parks when it has taken everything; what is queued from now on it does not know of.
 void ScriptWorld::OnPaused() {
     paused_ = true;
+    leaving_ = false;
     owed_ = false;
     Settle();
 }

@@ -52,6 +52,9 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
 
     int Context() const { return context_; }
     bool IsAlive() const { return alive_; }
+    // The engine no longer lets the page wait, because another document is about to take its place: calls of
+    // native objects fail in it, and script that relies on them.
+    bool IsLeaving() const { return leaving_; }
     void End();
 
     void SetExternal(IDispatch* external) {
@@ -152,6 +155,7 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     const std::string core_;
     const int context_;
     bool alive_ = true;
+    bool leaving_ = false;
     bool blocked_ = false;
     int openCalls_ = 0;
     unsigned long exchanges_ = 0;

@@ -33,6 +33,7 @@ class Connection : public DevTools {
     void Listen(std::string_view session, EventHandler handler) override;
     void ListenToFrames(std::string_view session, FrameHandler handler) override;
     bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) override;
+    bool IsWaiting() const override { return depth_ > 0; }
     bool IsOpen() const override { return open_; }
 
     std::string OpenPage() override;

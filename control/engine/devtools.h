@@ -61,6 +61,9 @@ class DevTools {
     // nested.
     virtual bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) = 0;
 
+    // Such a wait is under way: who runs a message loop now holds up everybody who waits.
+    virtual bool IsWaiting() const = 0;
+
     virtual bool IsOpen() const = 0;
 
     // Opens a blank page in a window of its own; its target's id. Pages that nobody opened here, as a click

@@ -57,6 +57,8 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
 
     std::wstring Location() const { return location_; }
     bool IsLoading() const { return loading_; }
+    // Native code waits for a page of this process.
+    bool IsAnyAwaited() const { return target_ && target_->Engine().IsWaiting(); }
     std::shared_ptr<ScriptWorld> World() const { return bridge_ ? bridge_->World() : nullptr; }
     // The global object of the document; before the first one, what is put there waits for it.
     ComPtr<IDispatch> Globals();

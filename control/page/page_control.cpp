@@ -13,7 +13,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr UINT kReportErrors = WM_APP + 2;
+constexpr UINT_PTR kErrorTimer = 3;  // the page's view has 1 and 2
+constexpr UINT kReportEvery = 15;    // milliseconds
 constexpr size_t kMostErrors = 8;
 
 // CGID_DocHostCommandHandler, which not every SDK's libraries hold.
@@ -135,16 +136,18 @@ void PageControl::OnWindowClosing() {
         PostMessageW(GetAncestor(windows_->Outer(), GA_ROOT), WM_CLOSE, 0, 0);
 }
 
-// Reported when the message loop comes round: the site may open a dialog, and a page may be waiting now.
+// Reported from the message loop, when no native code waits for a page: the site may open a dialog, and calls
+// that are under way, and the runs that made them, would stand still behind it.
 void PageControl::OnScriptError(const ScriptError& error) {
     // A page that fails all the time would never let a person go.
     if (!windows_ || errors_.size() >= kMostErrors) return;
     errors_.push_back(error);
-    PostMessageW(windows_->Server(), kReportErrors, 0, 0);
+    SetTimer(windows_->Server(), kErrorTimer, kReportEvery, nullptr);
 }
 
 void PageControl::ReportErrors() {
-    if (reporting_) return;
+    if (reporting_ || (page_ && page_->IsAnyAwaited())) return;
+    KillTimer(windows_->Server(), kErrorTimer);
     reporting_ = true;
     while (!errors_.empty()) {
         const ScriptError error = std::move(errors_.front());
@@ -201,7 +204,7 @@ bool PageControl::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, 
     const HRESULT status = Guard([&] {
         // Who gets the keyboard, as by a click, is the one whose keys the container asks about.
         if (message == WM_SETFOCUS) ActivateUi();
-        if (message == kReportErrors) {
+        if (message == WM_TIMER && wParam == kErrorTimer) {
             ReportErrors();
             handled = true;
         } else if (page) {

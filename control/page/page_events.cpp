@@ -145,7 +145,9 @@ void Page::OnEngineDialog(const Json& params) {
                   {{"accept", answer.accepted}, {"promptText", Narrow(answer.text)}});
 }
 
+// What fails in a document because it is leaving is nobody's fault.
 void Page::OnException(const Json& params) {
+    if (const auto world = World(); world && world->IsLeaving()) return;
     const Json& details = params.at("exceptionDetails");
     ScriptError error;
     error.message = MessageOf(details);

@@ -94,6 +94,20 @@ TEST_F(Dialogs, EachErrorIsShown) {
     }
 }
 
+// A run whose callback fails, and holds up its window so long that it serves all messages meanwhile, must not
+// wait for the person.
+TEST_F(Dialogs, RunsGoOnBehindAnError) {
+    Open(
+        "document.addEventListener('fail', function () { missing(); });"
+        "external.file.enumFiles({ path: 'resource', callback: function () {"
+        "document.dispatchEvent(new CustomEvent('fail'));"
+        "for (var end = Date.now() + 2500; Date.now() < end;) external.window.isVisible();"
+        "}, completed: function () { console.log('completed'); } });");
+    ASSERT_TRUE(program_.Dialog());
+    EXPECT_TRUE(program_.WaitForLine("completed"));
+    Press(IDYES);
+}
+
 // A window with a dialog waits; others do not.
 TEST_F(Dialogs, OthersGoOnBehindADialog) {
     Write(L"child.html",

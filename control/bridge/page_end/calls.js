@@ -1,6 +1,6 @@
 // Calls to the host. `run` does what the host wants meanwhile and gives its outcome as JSON.
 const makeCalls = (binding, run, { Error, define }) => {
-  const kEmptyTurns = 50;  // where `debugger` does not park, a call gives up instead of turning for ever
+  const kEmptyTurns = 50;  // where `debugger` no longer parks, a call gives up instead of turning for ever
   const inbox = { __proto__: null };
   let first = 0;
   let last = 0;
@@ -23,7 +23,10 @@ const makeCalls = (binding, run, { Error, define }) => {
     let answer;
     do {
       for (let turns = 0; first === last; ++turns) {
-        if (turns > kEmptyTurns) fail(0, 'Native objects cannot be reached at this moment.');
+        if (turns > kEmptyTurns) {
+          binding('["leaving"]');
+          fail(0, 'Native objects cannot be reached at this moment.');
+        }
         parked = true;
         debugger;
         parked = false;

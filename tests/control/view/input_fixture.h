@@ -46,6 +46,7 @@ class FakeEngine : public DevTools {
     void ListenToFrames(std::string_view, FrameHandler) override {}
     bool WaitUntil(const std::function<bool()>& condition, DWORD) override { return condition(); }
     bool IsOpen() const override { return true; }
+    bool IsWaiting() const override { return false; }
     std::string OpenPage() override { return "target"; }
     void ClosePage(const std::string&) override {}
 };
