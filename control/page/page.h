@@ -81,7 +81,10 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     }
     Variant OnDialog(const std::string& type, const std::wstring& message,
                      const std::wstring& proposal) override;
-    void OnMouseDown() override { Tell(&PageEvents::OnMouseDown); }
+    // A press that is over by the time the page tells of it would begin a drag that nothing ends.
+    void OnMouseDown() override {
+        if (view_.IsMouseHeld()) Tell(&PageEvents::OnMouseDown);
+    }
     void OnParked(bool parked) override { view_.SetParked(parked); }
 
     template <class... Parameters, class... Arguments>

@@ -21,6 +21,9 @@ class MouseInput {
     // Whether a button goes down, which also asks for the keyboard.
     static bool IsPress(UINT message);
 
+    // A button that the page was told of is still down.
+    bool IsHeld() const { return buttons_ != 0; }
+
     // Where the pointer is in the window; (-1, -1) when it has left.
     POINT LastPoint() const { return last_; }
 

@@ -59,6 +59,10 @@ void PageView::SetParked(bool parked) {
     if (shown_) shown_->queue.SetParked(parked);
 }
 
+bool PageView::IsMouseHeld() const {
+    return shown_ && shown_->mouse.IsHeld();
+}
+
 void PageView::OnEvent(std::string_view method, const Json& params) {
     if (!shown_) return;
     shown_->queue.OnEvent(method);

@@ -42,6 +42,9 @@ class PageView {
     // The page waits in a native call: the last picture stays, and input waits with it.
     void SetParked(bool parked);
 
+    // A mouse button that the page was told of is still down.
+    bool IsMouseHeld() const;
+
     // The menu of a text field, once the page has told what is selected.
     void ShowEditMenu(POINT screen);
 
