@@ -5,6 +5,7 @@
 
 #include "atl/ax_window.h"
 #include "base/bstr.h"
+#include "base/owners.h"
 #include "base/variant.h"
 
 namespace tarvik {
@@ -15,11 +16,9 @@ constexpr int kHimetricPerInch = 2540;
 
 // OLE measures extents in hundredths of a millimetre.
 SIZE PixelsToHimetric(SIZE pixels) {
-    const HDC screen = GetDC(nullptr);
-    const SIZE himetric = {MulDiv(pixels.cx, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSX)),
-                           MulDiv(pixels.cy, kHimetricPerInch, GetDeviceCaps(screen, LOGPIXELSY))};
-    ReleaseDC(nullptr, screen);
-    return himetric;
+    const UniqueMemoryDc screen(CreateCompatibleDC(nullptr));
+    return {MulDiv(pixels.cx, kHimetricPerInch, GetDeviceCaps(screen.Get(), LOGPIXELSX)),
+            MulDiv(pixels.cy, kHimetricPerInch, GetDeviceCaps(screen.Get(), LOGPIXELSY))};
 }
 
 RECT ClientRect(HWND window) {

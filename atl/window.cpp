@@ -45,10 +45,12 @@ LRESULT CALLBACK CWindowImpl::Start(HWND window, UINT message, WPARAM wParam, LP
     return Procedure(window, message, wParam, lParam, 0, reinterpret_cast<DWORD_PTR>(object));
 }
 
-bool CWindowImpl::SubclassWindow(HWND window) {
+bool CWindowImpl::SubclassWindow(HWND window, IUnknown* owner) {
     const auto self = reinterpret_cast<UINT_PTR>(this);
     if (window_ || !SetWindowSubclass(window, Procedure, self, self)) return false;
     window_ = window;
+    owner_ = owner;
+    isOver_ = false;  // messages of an earlier window may still be under way
     return true;
 }
 
@@ -71,6 +73,8 @@ LRESULT CALLBACK CWindowImpl::Procedure(HWND window, UINT message, WPARAM wParam
     }
     if (--object->depth_ == 0 && object->isOver_) {
         object->isOver_ = false;
+        ComPtr<IUnknown> owner;
+        owner.Swap(object->owner_);
         object->OnFinalMessage(window);
     }
     return result;

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <windows.h>
+#include <unknwn.h>
+
+#include "base/com_ptr.h"
 
 namespace tarvik {
 
@@ -20,7 +23,8 @@ class CWindowImpl {
     HWND Create(const wchar_t* className, const wchar_t* baseClass, HWND parent, const wchar_t* title,
                 DWORD style, void* parameter);
 
-    bool SubclassWindow(HWND window);
+    // Keeps the owner, if there is one, alive until the window's last message has been handled.
+    bool SubclassWindow(HWND window, IUnknown* owner = nullptr);
 
   protected:
     // Leaves the window, if there still is one.
@@ -48,6 +52,7 @@ class CWindowImpl {
     HWND window_ = nullptr;
     int depth_ = 0;        // messages being handled, one inside the other
     bool isOver_ = false;  // the window has gone, and OnFinalMessage is to come
+    ComPtr<IUnknown> owner_;
 };
 
 }  // namespace tarvik

@@ -23,11 +23,32 @@ inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
 void TraceOperation(const char* className, const char* operation);
 void LogUnknownName(const char* className, const wchar_t* name);
 
-// ComObject with IDispatch at the end of its list, unless an entry stands on IDispatch already.
+// The base of script objects that are no plug-ins.
+class CDispatchBase : public ComObject<IDispatch> {
+  public:
+    // E_NOTIMPL for an unknown interface and E_INVALIDARG for a null pointer are intended here.
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override;
+};
+
+namespace detail {
+
 template <class... Entries>
-using DispatchObject =
-    std::conditional_t<(std::is_base_of_v<IDispatch, typename detail::Face<Entries>::Interface> || ...),
-                       ComObject<Entries...>, ComObject<Entries..., IDispatch>>;
+struct DispatchObject {
+    static constexpr bool kHasOne = (std::is_base_of_v<IDispatch, typename Face<Entries>::Interface> || ...);
+    using Type = std::conditional_t<kHasOne, ComObject<Entries...>, ComObject<Entries..., IDispatch>>;
+};
+
+template <>
+struct DispatchObject<> {
+    using Type = CDispatchBase;
+};
+
+}  // namespace detail
+
+// ComObject with IDispatch at the end of its list, unless an entry stands on IDispatch already; without
+// entries CDispatchBase.
+template <class... Entries>
+using DispatchObject = typename detail::DispatchObject<Entries...>::Type;
 
 // IDispatch over a member table. Self has
 //     static constexpr char kClassName[]                      its name in the log,
@@ -111,13 +132,6 @@ class SmallDispatch : public ComObject<Entries..., IDispatch> {
         }
         return DISP_E_UNKNOWNNAME;
     }
-};
-
-// The base of script objects that are no plug-ins and have no table.
-class CDispatchBase : public ComObject<IDispatch> {
-  public:
-    // E_NOTIMPL for an unknown interface and E_INVALIDARG for a null pointer are intended here.
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override;
 };
 
 }  // namespace tarvik

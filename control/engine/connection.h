@@ -70,6 +70,7 @@ class Connection : public DevTools {
     bool open_ = true;
     std::string firstPage_;          // that the engine started with, while nobody uses it
     std::set<std::string> pages_;    // opened here
+    std::set<std::string> closing_;  // asked to close, and still there
     std::set<std::string> unknown_;  // made while a page was being opened, which it may be
     int opening_ = 0;
     std::optional<std::string> together_;  // messages that wait for those posted with them

@@ -41,12 +41,16 @@ std::string Connection::OpenPage() {
     return id;
 }
 
+// A page in which a navigation is under way may not hear it the first time, though the engine confirms it.
 void Connection::ClosePage(const std::string& id) {
     pages_.erase(id);
-    Post("", "Target.closeTarget", {{"targetId", id}}, nullptr);
+    closing_.insert(id);
+    for (const std::string& page : closing_)
+        Post("", "Target.closeTarget", {{"targetId", page}}, nullptr);
 }
 
 void Connection::OnBrowserEvent(std::string_view method, const Json& params) {
+    if (method == "Target.targetDestroyed") closing_.erase(params.at("targetId").get<std::string>());
     if (method != "Target.targetCreated") return;
     unknown_.insert(params.at("targetInfo").at("targetId").get<std::string>());
     CloseUnknown();

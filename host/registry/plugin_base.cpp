@@ -21,11 +21,15 @@ std::wstring PathOfFileUrl(const std::wstring& url) {
 
 }  // namespace
 
-std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path) {
+std::wstring ResolveUrl(TVK::ICore* core, const std::wstring& url) {
     Bstr resolved;
-    if (core) core->ResolveUrl(path.c_str(), resolved.Receive());
-    const std::wstring text(resolved.View());
-    return UrlIsFileUrlW(text.c_str()) ? PathOfFileUrl(text) : text;
+    if (core) core->ResolveUrl(url.c_str(), resolved.Receive());
+    return std::wstring(resolved.View());
+}
+
+std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path) {
+    const std::wstring url = ResolveUrl(core, path);
+    return UrlIsFileUrlW(url.c_str()) ? PathOfFileUrl(url) : url;
 }
 
 void LogNoBrowser(const char* className) {

@@ -32,8 +32,11 @@ bool RegisterBuiltIn(const wchar_t* name, int flags) {
     return RegisterPlugin(name, MakePlugin<Plugin>, flags) == S_OK;
 }
 
-// A path of script, made absolute against the page; a file URL becomes the path that it stands for. Empty if
-// that cannot be done.
+// An address or a path of script, made absolute against the page. Empty if that cannot be done, and without a
+// core, which a plug-in that script asks for while its window goes does not get.
+std::wstring ResolveUrl(TVK::ICore* core, const std::wstring& url);
+
+// The same for a path; a file URL becomes the path that it stands for.
 std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path);
 
 void LogNoBrowser(const char* className);

@@ -37,9 +37,9 @@ LRESULT HitCode(const RECT& client, POINT point) {
     return bottom ? HTBOTTOM : 0;
 }
 
-bool CBrowserSubclassWindow::Attach(HWND serverWindow, HWND mainWindow) {
+bool CBrowserSubclassWindow::Attach(HWND serverWindow, HWND mainWindow, IUnknown* owner) {
     mainWindow_ = mainWindow;
-    return SubclassWindow(serverWindow);
+    return SubclassWindow(serverWindow, owner);
 }
 
 bool CBrowserSubclassWindow::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {

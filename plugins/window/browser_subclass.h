@@ -10,7 +10,7 @@ namespace tarvik {
 // its edges sizes the top-level window in the place of a frame.
 class CBrowserSubclassWindow : public CWindowImpl {
   public:
-    bool Attach(HWND serverWindow, HWND mainWindow);
+    bool Attach(HWND serverWindow, HWND mainWindow, IUnknown* owner);
     void SetSizing(bool sizing) { sizing_ = sizing; }
 
   protected:

@@ -2,7 +2,7 @@
 
 #include <shlwapi.h>
 
-#include "base/bstr.h"
+#include "host/registry/plugin_base.h"
 
 namespace tarvik {
 
@@ -13,9 +13,7 @@ HWND DialogOwner(HWND window) {
 std::wstring FirstFolder(TVK::ICore* core, const Options& options) {
     const std::wstring folder = options.Text(L"initDir").value_or(L"");
     if (folder.empty() || PathIsURLW(folder.c_str())) return folder;
-    Bstr resolved;
-    core->ResolveUrl(folder.c_str(), resolved.Receive());
-    return std::wstring(resolved.View());
+    return ResolveUrl(core, folder);
 }
 
 }  // namespace tarvik

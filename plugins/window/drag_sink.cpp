@@ -100,6 +100,7 @@ HRESULT ElementConnection::ConnectEventToElement(IUnknown* element, IUnknown* si
     }
     if (point_) point_->Unadvise(cookie_);
     point_.Swap(point);
+    cookie_ = 0;
     return point_->Advise(sink, &cookie_);
 }
 

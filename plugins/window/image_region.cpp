@@ -13,15 +13,15 @@ namespace {
 constexpr uint32_t kColor = 0xFFFFFF;
 constexpr uint32_t kWhite = 0xFFFFFF;
 
-// The pixels as 0x__RRGGBB, row by row from the top; none if the system refuses.
+// The pixels as 0x__RRGGBB, row by row from the top; black where the system refuses, so that the window stays
+// to be seen.
 std::vector<uint32_t> PixelsOf(HGDIOBJ picture, SIZE size) {
     std::vector<uint32_t> pixels(static_cast<size_t>(size.cx) * size.cy);
     BITMAPINFO format = {};
     format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
-    const int rows = GetDIBits(context.Get(), static_cast<HBITMAP>(picture), 0, static_cast<UINT>(size.cy),
-                               pixels.data(), &format, DIB_RGB_COLORS);
-    if (rows != size.cy) pixels.clear();
+    GetDIBits(context.Get(), static_cast<HBITMAP>(picture), 0, static_cast<UINT>(size.cy), pixels.data(),
+              &format, DIB_RGB_COLORS);
     return pixels;
 }
 
@@ -68,7 +68,7 @@ UniqueGdi RegionFromImage(HGDIOBJ picture) {
     const SIZE size = SizeOf(picture);
     const std::vector<uint32_t> pixels = PixelsOf(picture, size);
     std::vector<RECT> runs;
-    for (LONG y = 0; y < size.cy && !pixels.empty(); ++y)
+    for (LONG y = 0; y < size.cy; ++y)
         AddRuns(std::span(pixels).subspan(static_cast<size_t>(y) * size.cx, size.cx), y, runs);
     return RegionOf(runs, size);
 }

@@ -14,15 +14,6 @@ constexpr UINT kLastMenuCommand = 3000;
 
 }  // namespace
 
-void CMainSubclassWindow::Attach(HWND window, IUnknown* owner) {
-    if (SubclassWindow(window)) owner_ = owner;
-}
-
-void CMainSubclassWindow::OnFinalMessage(HWND) {
-    ComPtr<IUnknown> owner;
-    owner.Swap(owner_);
-}
-
 void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
     // What is replaced is let go of last: its end may come back here.
     ComPtr<IDispatch> changed(function);
@@ -30,8 +21,9 @@ void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
 }
 
 void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
-    ::SetMenu(Window(), menu->GetMenu());
+    const HMENU shown = menu->GetMenu();
     menu_.Swap(menu);
+    ::SetMenu(Window(), shown);  // the page hears of its new size, and may set another menu
 }
 
 // Only a real false refuses; a call that fails does not.
@@ -39,8 +31,7 @@ bool CMainSubclassWindow::Allows(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     if (!function) return true;
     Variant answer;
-    CallScriptFunction(function.Get(), {}, answer.Receive());
-    return !IsFalse(answer);
+    return FAILED(CallScriptFunction(function.Get(), {}, answer.Receive())) || !IsFalse(answer);
 }
 
 // A command with low bits set, as for a double click on the caption, is none of these; that is intended.
@@ -91,6 +82,8 @@ bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
     switch (message) {
         case WM_DESTROY:
             Allows(WindowEvent::kClosed);
+            // With its window the system would end the menu, which is the object's own.
+            if (menu_) ::SetMenu(Window(), nullptr);
             return false;
         case WM_SYSCOMMAND:
             return !AllowsCommand(wParam);

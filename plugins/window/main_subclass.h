@@ -30,9 +30,6 @@ inline constexpr UINT kBusMessage = 3025;   // the sender's process id, and the 
 // The part that a page takes in the messages of its top-level window.
 class CMainSubclassWindow : public CWindowImpl {
   public:
-    // Keeps the owner alive up to the window's last message, which may end both.
-    void Attach(HWND window, IUnknown* owner);
-
     TrackLimits& Limits() { return limits_; }
     void SetFrameless(bool frameless) { frameless_ = frameless; }
 
@@ -51,7 +48,6 @@ class CMainSubclassWindow : public CWindowImpl {
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    void OnFinalMessage(HWND) override;
 
   private:
     bool Allows(WindowEvent event);
@@ -66,7 +62,6 @@ class CMainSubclassWindow : public CWindowImpl {
     std::array<ComPtr<IDispatch>, 8> callbacks_;
     MessageHandlers handlers_;
     std::wstring uniqueId_;
-    ComPtr<IUnknown> owner_;
 };
 
 }  // namespace tarvik

@@ -44,9 +44,10 @@ bool CMsgDispatch::UnregisterMsg(BSTR name) {
 }
 
 bool CMsgDispatch::SendMsg(LooseText identifier, LooseText name, std::optional<AnyValue> payload) {
-    BSTR text = nullptr;
-    if (payload && !Read(*payload->value, text)) text = nullptr;
-    return SendToReceivers(identifier.Get(), name.isNull ? nullptr : name.Get(), Bstr::View(text));
+    // Copied: a handler may change the variable that it stands in before the next receiver's turn.
+    std::wstring text;
+    if (BSTR given = nullptr; payload && Read(*payload->value, given)) text = Bstr::View(given);
+    return SendToReceivers(identifier.Get(), name.isNull ? nullptr : name.Get(), text);
 }
 
 Bstr CMsgDispatch::GetUniqueId() {

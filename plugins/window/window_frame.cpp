@@ -81,13 +81,13 @@ HRESULT WindowFrame::ShapeImage(const wchar_t* path) {
     if (!PathFileExistsW(path)) return E_INVALIDARG;
     const UniqueGdi picture = LoadPicture(path);
     if (!picture) return E_INVALIDARG;
+    UniqueGdi region = RegionFromImage(picture.Get());
     if (!shaped_) {
         ChangeCaption(false, Look::kShaped);
         SetResizable(false);
     }
     const SIZE size = SizeOf(picture.Get());
     SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
-    UniqueGdi region = RegionFromImage(picture.Get());
     // From now on the region is the system's.
     if (SetWindowRgn(window_, static_cast<HRGN>(region.Get()), TRUE)) region.Detach();
     shaped_ = true;

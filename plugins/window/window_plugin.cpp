@@ -120,7 +120,7 @@ STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
         LogNoBrowser(kClassName);
         return E_INVALIDARG;
     }
-    main_.Attach(window_, AsUnknown());
+    main_.SubclassWindow(window_, AsUnknown());
     LetMessagesPass();
     return S_OK;
 }
@@ -128,7 +128,7 @@ STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
 STDMETHODIMP CWindowPlugin::OnDocumentComplete(void*) {
     return Guard([&]() -> HRESULT {
         if (!server_.Window()) {
-            if (const HWND server = GetIEServerWnd(window_)) server_.Attach(server, window_);
+            if (const HWND server = GetIEServerWnd(window_)) server_.Attach(server, window_, AsUnknown());
         }
         if (!browser_) return E_UNEXPECTED;
         ComPtr<IDispatch> dispatch;
@@ -346,9 +346,8 @@ HRESULT CWindowPlugin::SetResizable(bool resizable) {
 }
 
 HRESULT CWindowPlugin::ShapeImage(BSTR path) {
-    Bstr full;
-    core_->ResolveUrl(path, full.Receive());
-    frame_.ShapeImage(full.Get());
+    const std::wstring full = ResolveUrl(core_.Get(), std::wstring(Bstr::View(path)));
+    (void)Guard([&] { return frame_.ShapeImage(full.c_str()); });
     return S_OK;
 }
 

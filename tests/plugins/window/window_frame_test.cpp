@@ -27,8 +27,8 @@ constexpr LONG kBorder = WS_CAPTION | WS_THICKFRAME;
 class Frame : public testing::Test {
   protected:
     Frame() {
-        main_.Attach(window_.Get(), nullptr);
-        server_.Attach(page_, window_.Get());
+        main_.SubclassWindow(window_.Get());
+        server_.Attach(page_, window_.Get(), nullptr);
         frame_.SetWindow(window_.Get());
     }
 
