@@ -21,7 +21,12 @@ void ConnectionPoint::Fire(DISPID id, std::span<VARIANT> arguments) {
 void ConnectionPoint::Clear() {
     const auto sinks = std::move(sinks_);
     sinks_.clear();
+}
+
+void ConnectionPoint::Close() {
+    closed_ = true;
     container_ = nullptr;
+    Clear();
 }
 
 STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* id) {
@@ -36,6 +41,7 @@ STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContai
 
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     if (!sink || !cookie) return E_POINTER;
+    if (closed_) return CONNECT_E_CANNOTCONNECT;
     // A sink of the interface answers its id; all of them are called as IDispatch.
     ComPtr<IDispatch> events;
     sink->QueryInterface(events_, reinterpret_cast<void**>(events.GetAddressOf()));

@@ -16,7 +16,7 @@ namespace tarvik {
 // Where sinks of one event interface, all of them IDispatch, are connected.
 class ConnectionPoint : public ComObject<IConnectionPoint> {
   public:
-    // The container is not owned; it clears the point before it ends.
+    // The container is not owned; it closes the point before it ends.
     ConnectionPoint(REFIID events, IConnectionPointContainer* container)
         : events_(events), container_(container) {}
 
@@ -24,6 +24,8 @@ class ConnectionPoint : public ComObject<IConnectionPoint> {
     void Fire(DISPID id, std::span<VARIANT> arguments = {});
     bool HasSinks() const { return !sinks_.empty(); }
     void Clear();
+    // Also lets no sink in from now on.
+    void Close();
 
     STDMETHODIMP GetConnectionInterface(IID* id) override;
     STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override;
@@ -36,6 +38,7 @@ class ConnectionPoint : public ComObject<IConnectionPoint> {
     IConnectionPointContainer* container_;
     std::map<DWORD, ComPtr<IDispatch>> sinks_;
     DWORD last_ = 0;
+    bool closed_ = false;
 };
 
 }  // namespace tarvik

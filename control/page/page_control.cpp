@@ -46,14 +46,12 @@ bool AskAboutError(HWND owner, const ScriptError& error) {
 
 }  // namespace
 
-PageControl::PageControl()
-    : events_(MakeCom<ConnectionPoint>(DIID_DWebBrowserEvents2, this)),
-      mouse_(MakeCom<ConnectionPoint>(kElementEvents, nullptr)) {}
+PageControl::PageControl() : events_(MakeCom<ConnectionPoint>(DIID_DWebBrowserEvents2, this)) {}
 
 PageControl::~PageControl() {
     if (windows_) SetWindowLongPtrW(windows_->Server(), GWLP_USERDATA, 0);
     if (page_) page_->Close();
-    events_->Clear();
+    events_->Close();
 }
 
 Variant PageControl::BrowserOf(bool isTop, const std::wstring& url) {

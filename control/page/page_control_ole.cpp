@@ -98,6 +98,7 @@ void PageControl::MakePage(HWND parent, const RECT* position) {
     site->GetWindowContext(frame_.ReleaseAndGetAddressOf(), document.GetAddressOf(), &rectangle, &clip,
                            &info);
     if (!inPlaceSite_) throw StatusError(E_ABORT);
+    mouse_ = MakeCom<ConnectionPoint>(kElementEvents, nullptr);
     windows_.emplace(parent, rectangle, *this);
     const auto page = std::make_shared<Page>(windows_->Server(), *this, textIsSelectable_);
     page_ = page;
@@ -144,7 +145,8 @@ STDMETHODIMP PageControl::InPlaceDeactivate() {
     if (!site) return S_OK;
     const HRESULT status = Guard([&] {
         if (windows_) RevokeDragDrop(windows_->Server());
-        mouse_->Clear();
+        // Who was asked before this control went may still be on the way to connect himself.
+        if (mouse_) mouse_->Close();
         if (const auto page = page_) page->Close();
     });
     document_.Reset();

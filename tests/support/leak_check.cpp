@@ -109,6 +109,14 @@ Holdings Holdings::Now() {
     return now;
 }
 
+long Holdings::Take(std::string_view what) {
+    const auto isIt = [&](const Count& count) { return count.what == what; };
+    const auto found = std::find_if(counts_.begin(), counts_.end(), isIt);
+    const long count = found->count;
+    counts_.erase(found);
+    return count;
+}
+
 std::string Holdings::GrownSince(const Holdings& before) const {
     std::string grown;
     for (size_t i = 0; i < counts_.size(); ++i) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/com_object.h"
@@ -21,6 +22,9 @@ class Holdings {
     static Holdings Now();
     // For what only the test knows of; each time in the same order.
     void Add(const char* what, long count) { counts_.push_back({what, count}); }
+
+    // Counts otherwise from here on what may grow for a while.
+    long Take(std::string_view what);
 
     std::string GrownSince(const Holdings& before) const;
     const std::vector<Count>& Counts() const { return counts_; }
