@@ -6,8 +6,6 @@
 namespace tarvik {
 namespace {
 
-constexpr char kMd5OfNothing[] = "BSTR D41D8CD98F00B204E9800998ECF8427E";
-
 class Hash : public testing::Test {
   protected:
     ComPtr<IDispatch> Make(const wchar_t* algorithm) {
@@ -69,17 +67,7 @@ TEST_F(Hash, AnswersWrongCalls) {
         EXPECT_THAT(out.status, HasStatus(S_OK));
         EXPECT_EQ(ValueText(out.value), "EMPTY");
     }
-    EXPECT_EQ(Finish(hash.Get()), kMd5OfNothing);
-
-    DISPPARAMS none = {};
-    const auto withoutResult = [&](IDispatch* object, DISPID id) {
-        return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
-    };
-    EXPECT_THAT(withoutResult(hash.Get(), -6998), HasStatus(E_FAIL));
-    EXPECT_THAT(withoutResult(hash.Get(), -6997), HasStatus(DISP_E_UNKNOWNNAME));
-    for (const DISPID id : {-6999, -6998, -6997})
-        EXPECT_THAT(withoutResult(plugin_.Get(), id), HasStatus(E_NOTIMPL));
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"md5", 1, L"ignored").value), "DISPATCH");
+    EXPECT_EQ(Finish(hash.Get()), "BSTR D41D8CD98F00B204E9800998ECF8427E") << "of nothing";
 }
 
 }  // namespace
