@@ -4,8 +4,6 @@
 #include <exdispid.h>
 #include <mshtml.h>
 
-#include <algorithm>
-
 #include "atl/ax_host.h"
 #include "atl/ax_window.h"
 #include "atl/event_sink.h"
@@ -17,8 +15,6 @@
 namespace tarvik {
 namespace {
 
-constexpr IID kElementEvents = {0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
-constexpr DISPID kMouseDown = -605;
 constexpr DISPID kWindowStateChanged = 283;
 
 std::wstring NameIn(const VARIANT& url) {
@@ -129,9 +125,6 @@ TEST_F(Control, IsAWindowInsideAWindowLikeTheSystems) {
     EXPECT_EQ(ClassOf(Server()), L"Internet Explorer_Server");
     // By name, as late-bound callers ask.
     EXPECT_EQ(ValueText(ReadScriptProperty(browser_.Get(), L"LocationName")), "BSTR A title");
-    const Variant document = ReadScriptProperty(browser_.Get(), L"Document");
-    ASSERT_TRUE(document.Is(VT_DISPATCH));
-    EXPECT_EQ(ValueText(ReadScriptProperty(document.pdispVal, L"title")), "BSTR A title");
 }
 
 TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
@@ -229,65 +222,6 @@ TEST_F(Control, IsHiddenAndShownAsAnObject) {
     EXPECT_TRUE(IsWindowVisible(outer));
     EXPECT_THAT(events_.ids, ElementsAre(kWindowStateChanged, kWindowStateChanged));
     EXPECT_THAT(run(99), HasStatus(OLEOBJ_S_INVALIDVERB));
-}
-
-TEST_F(Control, ShowsItsDocumentsScriptAndElements) {
-    Host(
-        "<body style='margin:0'><div id='box' dragWindow='true' "
-        "style='width:100px;height:100px'><b>x</b></div><script>var answer = 42</script>");
-    ComPtr<IDispatch> script;
-    ASSERT_THAT(Document()->get_Script(script.GetAddressOf()), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(ReadScriptProperty(script.Get(), L"answer")), "I4 42");
-    const auto tag = [](const ComPtr<IHTMLElement>& of) {
-        Bstr name;
-        EXPECT_THAT(of->get_tagName(name.Receive()), HasStatus(S_OK));
-        return std::wstring(name.View());
-    };
-    ComPtr<IHTMLElement> element, parent;
-    ASSERT_THAT(Document()->elementFromPoint(50, 50, element.GetAddressOf()), HasStatus(S_OK));
-    ASSERT_TRUE(element);
-    EXPECT_EQ(tag(element), L"DIV");
-    Variant value;
-    for (const auto& [name, text] :
-         {std::pair{L"id", "BSTR box"}, {L"dragWindow", "BSTR true"}, {L"none", "NULL"}}) {
-        const Bstr attribute(name);
-        EXPECT_THAT(element->getAttribute(attribute.Get(), 0, value.Receive()), HasStatus(S_OK));
-        EXPECT_EQ(ValueText(value), text);
-    }
-    EXPECT_THAT(element->get_parentElement(parent.GetAddressOf()), HasStatus(S_OK));
-    ASSERT_TRUE(parent);
-    EXPECT_EQ(tag(parent), L"BODY");
-    // They go back into the page as what they are there.
-    const Variant same =
-        Evaluate(L"(function (box, body) { return box.id === 'box' && body === document.body; })");
-    const Variant box = Variant::Object(element.Get()), of = Variant::Object(parent.Get());
-    EXPECT_THAT(CallScriptFunction(same.pdispVal, {&box, &of}, &value), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(value), "BOOL true");
-    element.Reset();
-    EXPECT_THAT(Document()->elementFromPoint(-5, -5, element.GetAddressOf()), HasStatus(S_OK));
-    EXPECT_FALSE(element);
-}
-
-TEST_F(Control, TellsTheBodysSinksOfMouseButtons) {
-    Host("<body>press me");
-    ComPtr<IHTMLElement> body;
-    ASSERT_THAT(Document()->get_body(body.GetAddressOf()), HasStatus(S_OK));
-    GUID events = {};
-    ASSERT_THAT(Query<IProvideClassInfo2>(body.Get())->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events),
-                HasStatus(S_OK));
-    EXPECT_EQ(events, kElementEvents);
-    ComPtr<IConnectionPoint> point;
-    ASSERT_THAT(
-        Query<IConnectionPointContainer>(body.Get())->FindConnectionPoint(events, point.GetAddressOf()),
-        HasStatus(S_OK));
-    Events presses;
-    const auto sink = MakeCom<EventSink<Events>>(&presses, kElementEvents);
-    DWORD cookie = 0;
-    ASSERT_THAT(point->Advise(sink.Get(), &cookie), HasStatus(S_OK));
-    PostMessageW(Server(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
-    PostMessageW(Server(), WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
-    EXPECT_TRUE(PumpUntil([&] { return std::ranges::count(presses.ids, kMouseDown) == 1; }));
-    sink->Detach();
 }
 
 }  // namespace
