@@ -76,8 +76,8 @@ TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
 }
 
 TEST_F(WindowPlugin, HasTheSizeOfAnImageForGood) {
-    folder_.Write(L"shape.bmp", BitmapOf(std::vector<uint32_t>(60), 10));
-    PutMember(plugin_.Get(), L"shapeImage", L"shape.bmp");
+    const std::wstring image = folder_.Write(L"shape.bmp", BitmapOf(std::vector<uint32_t>(60), 10));
+    PutMember(plugin_.Get(), L"shapeImage", image.c_str());
     EXPECT_EQ(GetMember(plugin_.Get(), L"height").value.lVal, 6);
     EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"width", 50).value), "BOOL false");
     EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"caption", true).value), "BOOL false");
