@@ -170,17 +170,14 @@ TEST_F(MessageBus, ReachesAllWhoReceiveForTheIdentifier) {
     two_.Receive(L"both");
     EXPECT_EQ(ValueText(GetMember(one_.Msg(), L"uniqueID").value), "BSTR both");
     one_.Call(L"sendMsg", L"both", L"news");
-    HWND top = FindWindowExW(nullptr, nullptr, nullptr, nullptr);
-    while (top && top != one_.Window() && top != two_.Window())
-        top = FindWindowExW(nullptr, top, nullptr, nullptr);
-    const std::string topFirst = top == one_.Window() ? "12" : "21";
-    EXPECT_EQ(order, topFirst);
+    EXPECT_TRUE(order == "12" || order == "21") << order;
+    order.clear();
     one_.Call(L"sendMsg", L"one", L"news");
-    EXPECT_EQ(order, topFirst + '1') << "an earlier identifier stays";
+    EXPECT_EQ(order, "1") << "an earlier identifier stays";
 
     PutMember(two_.Msg(), L"uniqueID", 42);
     EXPECT_EQ(one_.Call(L"sendMsg", 42.0, L"news"), "BOOL true");
-    EXPECT_EQ(order, topFirst + "12");
+    EXPECT_EQ(order, "12");
     EXPECT_EQ(one_.Call(L"sendMsg", L"nobody", L"news"), "BOOL false");
     EXPECT_EQ(one_.Call(L"sendMsg", L"one", L"unknown"), "BOOL true");
     EXPECT_EQ(one_.Call(L"sendMsg", L"one", nullptr), "BOOL true");
