@@ -7,7 +7,7 @@
 #include "base/bstr.h"
 #include "base/variant.h"
 #include "control/page/html_members.h"
-#include "tests/plugins/window/silent_object.h"
+#include "tests/support/silent_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

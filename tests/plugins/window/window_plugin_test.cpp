@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "host/contract/menu.h"
-#include "tests/plugins/window/silent_object.h"
+#include "tests/support/silent_object.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
 
