@@ -143,14 +143,14 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_THAT(IdOf(external, L"broken", &id), HasStatus(E_ABORT));
     EXPECT_THAT(IdOf(external, L"throwing", &id), HasStatus(E_FAIL));
     EXPECT_THAT(IdOf(external, nullptr, &id), HasStatus(E_INVALIDARG));
-    EXPECT_EQ(ResultText(GetMember(external, L"kept")), "UNKNOWN");
+    EXPECT_EQ(GetText(external, L"kept"), "UNKNOWN");
     EXPECT_EQ(made, 1);
     GetMember(external, L"fresh");
     EXPECT_EQ(made, 3) << "the first read makes one for the name and one for script";
     GetMember(external, L"fresh");
     EXPECT_EQ(made, 4);
-    EXPECT_EQ(ResultText(CallMember(external, L"kept")), StatusText(E_NOTIMPL));
-    EXPECT_EQ(ResultText(GetMember(external, L"loadPlugin")), "EMPTY");
+    EXPECT_EQ(CallText(external, L"kept"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(GetText(external, L"loadPlugin"), "EMPTY");
     ComPtr<IDispatch> plugin;
     EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
     EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));

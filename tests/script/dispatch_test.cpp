@@ -85,7 +85,7 @@ class MemberTable : public testing::Test {
   protected:
     template <class... Args>
     std::string Call(const wchar_t* name, Args&&... args) {
-        return ResultText(CallMember(sample_.Get(), name, std::forward<Args>(args)...));
+        return CallText(sample_.Get(), name, std::forward<Args>(args)...);
     }
     HRESULT InvokeId(DISPID id, WORD flags, VARIANT* result) {
         DISPPARAMS none = {};
@@ -142,13 +142,13 @@ TEST_F(MemberTable, ReadsArgumentsInScriptOrderAndMayMissTheLast) {
 
 TEST_F(MemberTable, TestsTheKindOfAccess) {
     IDispatch* const sample = sample_.Get();
-    EXPECT_EQ(ResultText(GetMember(sample, L"size")), "I4 3");
-    EXPECT_EQ(ResultText(PutMember(sample, L"size", 9)), "EMPTY");
-    EXPECT_EQ(ResultText(GetMember(sample, L"fixed")), "I4 9");
-    EXPECT_EQ(ResultText(PutMember(sample, L"size", 0)), kInvalid);
-    EXPECT_EQ(ResultText(PutMember(sample, L"fixed", 1)), kNoSuchForm);
-    EXPECT_EQ(ResultText(GetMember(sample, L"sink")), kNoSuchForm);
-    EXPECT_EQ(ResultText(GetMember(sample, L"takeBool")), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"size"), "I4 3");
+    EXPECT_EQ(PutText(sample, L"size", 9), "EMPTY");
+    EXPECT_EQ(GetText(sample, L"fixed"), "I4 9");
+    EXPECT_EQ(PutText(sample, L"size", 0), kInvalid);
+    EXPECT_EQ(PutText(sample, L"fixed", 1), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"sink"), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"takeBool"), kNoSuchForm);
     EXPECT_EQ(Call(L"size"), kNoSuchForm);
     EXPECT_EQ(ResultText(InvokeMember(sample, L"size", DISPATCH_PROPERTYPUTREF, {})), kNoSuchForm);
     // A call and a read together, as engines ask when a value is wanted, is a call.

@@ -20,7 +20,7 @@ TEST(ScriptObjects, AreReadWrittenAndEnumeratedByRealScript) {
         L"for (var i in external.list) seen.push(i + external.list[i]);");
     EXPECT_EQ(ValueText(bench.Evaluate(L"seen.join()")), "BSTR true,undefined,b,a,list,2z,1y,0x")
         << "names are exact, and come newest first; elements from the highest index down";
-    EXPECT_EQ(ValueText(GetMember(object.Get(), L"b").value), "BSTR two");
+    EXPECT_EQ(GetText(object.Get(), L"b"), "BSTR two");
 }
 
 DISPID Ensure(IDispatchEx* object, const wchar_t* name, DISPID untouched) {
@@ -84,12 +84,12 @@ TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
     const auto array = MakeCom<CArray>();
     CallMember(array.Get(), L"push", L"zero");
     CallMember(array.Get(), L"push");
-    EXPECT_EQ(ValueText(GetMember(array.Get(), L"1").value), "EMPTY");
+    EXPECT_EQ(GetText(array.Get(), L"1"), "EMPTY");
     SetScriptProperty(array.Get(), L"4", Variant::Text(L"taken"));
     SetScriptProperty(array.Get(), L"length", Variant::I4(99));
-    EXPECT_EQ(ValueText(GetMember(array.Get(), L"length").value), "UI8 4");
+    EXPECT_EQ(GetText(array.Get(), L"length"), "UI8 4");
     EXPECT_THAT(CallMember(array.Get(), L"push", L"lost", 1, 2).status, HasStatus(S_OK));
-    EXPECT_EQ(ValueText(GetMember(array.Get(), L"4").value), "BSTR taken");
+    EXPECT_EQ(GetText(array.Get(), L"4"), "BSTR taken");
     EXPECT_THAT(PutMember(array.Get(), L"length", 1).status, HasStatus(E_INVALIDARG));
 }
 

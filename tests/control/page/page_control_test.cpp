@@ -15,8 +15,6 @@
 namespace tarvik {
 namespace {
 
-constexpr DISPID kWindowStateChanged = 283;
-
 std::wstring NameIn(const VARIANT& url) {
     const std::wstring text(Bstr::View(url.bstrVal));
     return text.substr(text.rfind(L'/') + 1);
@@ -111,22 +109,6 @@ class Control : public testing::Test {
     ComPtr<IWebBrowser2> browser_;
 };
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[100] = {};
-    GetClassNameW(window, name, 100);
-    return name;
-}
-
-TEST_F(Control, IsAWindowInsideAWindowLikeTheSystems) {
-    Host("<title>A title</title>");
-    const HWND outer = GetWindow(window_, GW_CHILD);
-    EXPECT_EQ(ClassOf(outer), L"Shell Embedding");
-    EXPECT_EQ(ClassOf(GetWindow(outer, GW_CHILD)), L"Shell DocObject View");
-    EXPECT_EQ(ClassOf(Server()), L"Internet Explorer_Server");
-    // By name, as late-bound callers ask.
-    EXPECT_EQ(ValueText(ReadScriptProperty(browser_.Get(), L"LocationName")), "BSTR A title");
-}
-
 TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
     Host("one");
     EXPECT_THAT(events_.ids,
@@ -206,22 +188,6 @@ TEST_F(Control, TellsOfNewWindowsThatClicksAskFor) {
     }
     EXPECT_EQ(events_.newWindows, expected);
     EXPECT_EQ(events_.complete, 1) << "the page stays";
-}
-
-TEST_F(Control, IsHiddenAndShownAsAnObject) {
-    Host("<body>here");
-    const auto object = Query<IOleObject>(browser_.Get());
-    const HWND outer = GetWindow(window_, GW_CHILD);
-    const auto run = [&](LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, window_, nullptr); };
-    events_.ids.clear();
-    EXPECT_THAT(run(OLEIVERB_SHOW), HasStatus(S_OK));
-    EXPECT_THAT(events_.ids, ElementsAre()) << "it was shown already";
-    EXPECT_THAT(run(OLEIVERB_HIDE), HasStatus(S_OK));
-    EXPECT_FALSE(IsWindowVisible(outer));
-    EXPECT_THAT(run(OLEIVERB_SHOW), HasStatus(S_OK));
-    EXPECT_TRUE(IsWindowVisible(outer));
-    EXPECT_THAT(events_.ids, ElementsAre(kWindowStateChanged, kWindowStateChanged));
-    EXPECT_THAT(run(99), HasStatus(OLEOBJ_S_INVALIDVERB));
 }
 
 }  // namespace

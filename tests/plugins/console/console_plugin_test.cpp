@@ -13,7 +13,7 @@ class Console : public testing::Test {
     HRESULT Log(Args&&... args) {
         return CallMember(plugin_.Get(), L"log", std::forward<Args>(args)...).status;
     }
-    std::string ShowJsError() { return ValueText(GetMember(plugin_.Get(), L"showJsError").value); }
+    std::string ShowJsError() { return GetText(plugin_.Get(), L"showJsError"); }
 
     ComPtr<CConsolePlugin> plugin_ = MakeCom<CConsolePlugin>();
     DebugChannel channel_;

@@ -13,7 +13,7 @@ class Hash : public testing::Test {
         EXPECT_THAT(made.status, HasStatus(S_OK));
         return made.value.pdispVal;
     }
-    static std::string Finish(IDispatch* hash) { return ValueText(CallMember(hash, L"finish").value); }
+    static std::string Finish(IDispatch* hash) { return CallText(hash, L"finish"); }
 
     const ObjectCheck noneIsLeft_;
     const ComPtr<CHashPlugin> plugin_ = MakeCom<CHashPlugin>();
@@ -51,7 +51,7 @@ TEST_F(Hash, AddsTextsUntilItIsFinished) {
     const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
     EXPECT_EQ(added.value.pdispVal, hash.Get());
     CallMember(hash.Get(), L"addData", L"bc");
-    EXPECT_EQ(ValueText(GetMember(hash.Get(), L"finish").value), "EMPTY") << "a read finishes nothing";
+    EXPECT_EQ(GetText(hash.Get(), L"finish"), "EMPTY") << "a read finishes nothing";
     CallMember(hash.Get(), L"addData", Variant::Text(std::wstring_view(L"\0\u00E9", 2)));
     const std::string digest = Finish(hash.Get());
     EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";

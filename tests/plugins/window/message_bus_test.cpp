@@ -96,7 +96,7 @@ class Side {
     void Receive(const wchar_t* identifier) const { PutMember(Msg(), L"uniqueID", identifier); }
     template <class... Args>
     std::string Call(const wchar_t* member, Args&&... args) const {
-        return ResultText(CallMember(Msg(), member, std::forward<Args>(args)...));
+        return CallText(Msg(), member, std::forward<Args>(args)...);
     }
     // Its function for a message, which is called with a payload and the context "in".
     ComPtr<Recorder> On(const wchar_t* name, Recorder::Answer answer = {}) const {
@@ -168,7 +168,7 @@ TEST_F(MessageBus, ReachesAllWhoReceiveForTheIdentifier) {
     two_.On(L"news", [&](const auto&) { return order += '2', Variant(); });
     one_.Receive(L"both");
     two_.Receive(L"both");
-    EXPECT_EQ(ValueText(GetMember(one_.Msg(), L"uniqueID").value), "BSTR both");
+    EXPECT_EQ(GetText(one_.Msg(), L"uniqueID"), "BSTR both");
     one_.Call(L"sendMsg", L"both", L"news");
     EXPECT_TRUE(order == "12" || order == "21") << order;
     order.clear();
@@ -183,7 +183,7 @@ TEST_F(MessageBus, ReachesAllWhoReceiveForTheIdentifier) {
     EXPECT_EQ(one_.Call(L"sendMsg", L"one", nullptr), "BOOL true");
     const std::wstring tooLong(300, L'x');
     two_.Receive(tooLong.c_str());
-    EXPECT_EQ(ValueText(GetMember(two_.Msg(), L"uniqueID").value), "BSTR 42");
+    EXPECT_EQ(GetText(two_.Msg(), L"uniqueID"), "BSTR 42");
     EXPECT_EQ(one_.Call(L"sendMsg", tooLong.c_str(), L"news"), "BOOL false");
 }
 
@@ -286,11 +286,9 @@ TEST_F(MessageBus, SurvivesTheEndOfItsWindow) {
 
 TEST_F(MessageBus, HasOneWindowForAName) {
     const auto claim = [](const Side& side, const wchar_t* name) {
-        return ValueText(CallMember(side.Plugin(), L"isUniqueWindow", name).value);
+        return CallText(side.Plugin(), L"isUniqueWindow", name);
     };
-    const auto show = [](const Side& side) {
-        return ValueText(CallMember(side.Plugin(), L"showExistedWindow").value);
-    };
+    const auto show = [](const Side& side) { return CallText(side.Plugin(), L"showExistedWindow"); };
     EXPECT_EQ(show(one_), "BOOL false") << "nothing was asked yet";
     EXPECT_EQ(claim(one_, L""), "BOOL false");
     EXPECT_EQ(claim(one_, L"tarvik test"), "BOOL true");

@@ -16,21 +16,21 @@ bool operator==(const RECT& place, const std::array<LONG, 4>& sides) {
 
 TEST_F(WindowPlugin, ComesMinimisesAndCloses) {
     CallMember(plugin_.Get(), L"show", true);
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"isForeWindow").value), "BOOL true");
+    EXPECT_EQ(CallText(plugin_.Get(), L"isForeWindow"), "BOOL true");
     CallMember(plugin_.Get(), L"minimize");
     EXPECT_TRUE(IsIconic(window_));
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"close").value), "BOOL true");
+    EXPECT_EQ(CallText(plugin_.Get(), L"close"), "BOOL true");
     EXPECT_TRUE(IsWindow(window_)) << "closing is posted";
     EXPECT_TRUE(PumpUntil([this] { return !IsWindow(window_); }));
 }
 
 TEST_F(WindowPlugin, ChangesOneSideAndKeepsTheOthers) {
     IDispatch* const window = plugin_.Get();
-    EXPECT_EQ(ValueText(CallMember(window, L"setWindowPos", 40, L"50", 400.4, 300).value), "BOOL true");
+    EXPECT_EQ(CallText(window, L"setWindowPos", 40, L"50", 400.4, 300), "BOOL true");
     EXPECT_TRUE(Place() == (std::array<LONG, 4>{40, 50, 440, 350}));
     for (const auto& [name, value] : {std::pair(L"width", 520), std::pair(L"height", 333),
                                       std::pair(L"left", 0), std::pair(L"top", -7)}) {
-        EXPECT_EQ(ValueText(PutMember(window, name, value).value), "BOOL true") << name;
+        EXPECT_EQ(PutText(window, name, value), "BOOL true") << name;
         EXPECT_EQ(GetMember(window, name).value.lVal, value) << name;
     }
     EXPECT_TRUE(Place() == (std::array<LONG, 4>{0, -7, 520, 326}));
@@ -48,7 +48,7 @@ TEST_F(WindowPlugin, CentresInTheWorkArea) {
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
     CallMember(plugin_.Get(), L"setWindowPos", 1, 1, 401, 300);
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"centerWindow").value), "BOOL true");
+    EXPECT_EQ(CallText(plugin_.Get(), L"centerWindow"), "BOOL true");
     EXPECT_TRUE(Place() ==
                 (std::array<LONG, 4>{width / 2 - 200, height / 2 - 150, width / 2 + 201, height / 2 + 150}));
     CallMember(plugin_.Get(), L"setWindowPos", 30, 30, width + 100, height + 100);
@@ -62,7 +62,7 @@ TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
         {L"minimizeBox", WS_MINIMIZEBOX}, {L"maximizeBox", WS_MAXIMIZEBOX}, {L"sysMenu", WS_SYSMENU}};
     for (const auto& [name, bits] : boxes) {
         EXPECT_TRUE(HasStyle(bits)) << name;
-        EXPECT_EQ(ValueText(PutMember(plugin_.Get(), name, false).value), "BOOL true") << name;
+        EXPECT_EQ(PutText(plugin_.Get(), name, false), "BOOL true") << name;
         EXPECT_FALSE(HasStyle(bits)) << name;
         PutMember(plugin_.Get(), name, true);
         EXPECT_TRUE(HasStyle(bits)) << name;
@@ -79,8 +79,8 @@ TEST_F(WindowPlugin, HasTheSizeOfAnImageForGood) {
     const std::wstring image = folder_.Write(L"shape.bmp", BitmapOf(std::vector<uint32_t>(60), 10));
     PutMember(plugin_.Get(), L"shapeImage", image.c_str());
     EXPECT_EQ(GetMember(plugin_.Get(), L"height").value.lVal, 6);
-    EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"width", 50).value), "BOOL false");
-    EXPECT_EQ(ValueText(PutMember(plugin_.Get(), L"caption", true).value), "BOOL false");
+    EXPECT_EQ(PutText(plugin_.Get(), L"width", 50), "BOOL false");
+    EXPECT_EQ(PutText(plugin_.Get(), L"caption", true), "BOOL false");
     EXPECT_EQ(GetMember(plugin_.Get(), L"width").value.lVal, 10);
 }
 
@@ -105,11 +105,11 @@ TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
 
 TEST_F(WindowPlugin, ShowsProgressInTheTaskBar) {
     const bool has = CallMember(plugin_.Get(), L"isSupportTaskbarProgress").value.boolVal == VARIANT_TRUE;
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 10).value), "BOOL true");
+    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgress", 3, 10), "BOOL true");
     EXPECT_THAT(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 0).status, HasStatus(E_INVALIDARG));
     EXPECT_EQ(CallMember(plugin_.Get(), L"setTaskbarProgressState", L"CYCLE").value.boolVal == VARIANT_TRUE,
               has);
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"setTaskbarProgressState", L"busy").value), "BOOL false");
+    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgressState", L"busy"), "BOOL false");
 }
 
 // A menu with a native one behind it, that answers commands up to a number.
@@ -126,7 +126,7 @@ class FakeMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
 };
 
 TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
-    EXPECT_EQ(ValueText(GetMember(plugin_.Get(), L"menu").value), "DISPATCH null");
+    EXPECT_EQ(GetText(plugin_.Get(), L"menu"), "DISPATCH null");
     const auto first = MakeCom<FakeMenu>();
     const auto second = MakeCom<FakeMenu>();
     for (const auto& menu : {first, second})
