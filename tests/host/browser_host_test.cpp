@@ -18,6 +18,19 @@ class BrowserHost : public testing::Test {
     IDocHostUIHandler* handler_ = host_.Get();
 };
 
+TEST_F(BrowserHost, IsOneObjectWithAllItsInterfaces) {
+    const auto identity = Query<IUnknown>(host_->AsUnknown());
+    for (const IID& id : {__uuidof(IOleClientSite), __uuidof(IOleInPlaceSiteEx), __uuidof(IDocHostUIHandler),
+                          __uuidof(IDispatch), __uuidof(IServiceProvider), __uuidof(IOleCommandTarget),
+                          __uuidof(IHTMLChangeSink), __uuidof(IDropTarget),
+                          __uuidof(IInternetSecurityManager), __uuidof(IWebbrowserHost)}) {
+        ComPtr<IUnknown> face;
+        ASSERT_THAT(host_->QueryInterface(id, reinterpret_cast<void**>(face.GetAddressOf())),
+                    HasStatus(S_OK));
+        EXPECT_EQ(Query<IUnknown>(face.Get()).Get(), identity.Get());
+    }
+}
+
 TEST_F(BrowserHost, AllowsEverythingAndTrustsEveryAddress) {
     ComPtr<IInternetSecurityManager> manager;
     const IID& id = __uuidof(IInternetSecurityManager);

@@ -51,7 +51,7 @@ TEST_F(Hash, AddsTextsUntilItIsFinished) {
     const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
     EXPECT_EQ(added.value.pdispVal, hash.Get());
     CallMember(hash.Get(), L"addData", L"bc");
-    EXPECT_EQ(GetText(hash.Get(), L"finish"), "EMPTY") << "a read finishes nothing";
+    EXPECT_EQ(GetText(hash.Get(), L"finish"), StatusText(E_NOTIMPL)) << "a read finishes nothing";
     CallMember(hash.Get(), L"addData", Variant::Text(std::wstring_view(L"\0\u00E9", 2)));
     const std::string digest = Finish(hash.Get());
     EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";
