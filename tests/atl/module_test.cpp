@@ -29,54 +29,37 @@ class Filter : public CMessageFilter {
     Answer answer_;
 };
 
-class MessageLoop : public testing::Test {
-  protected:
-    int RunWithProbes(int count) {
-        for (int i = 0; i < count; ++i)
-            PostThreadMessageW(GetCurrentThreadId(), kProbe, 0, 0);
-        PostThreadMessageW(GetCurrentThreadId(), WM_QUIT, 3, 0);
-        return loop_.Run();
-    }
-
-    std::vector<std::string> asked_;
-    CMessageLoop loop_;
-};
-
-TEST_F(MessageLoop, AsksTheNewestFilterFirstUntilOneTakesTheMessage) {
-    Filter oldest("oldest", asked_);
-    Filter taker("taker", asked_, [] { return true; });
-    Filter middle("middle", asked_);
-    Filter newest("newest", asked_, [&] {
-        loop_.RemoveMessageFilter(&newest);
-        loop_.RemoveMessageFilter(&middle);
-        return false;
-    });
-    for (Filter* filter : {&oldest, &taker, &middle, &newest})
-        loop_.AddMessageFilter(filter);
-    EXPECT_EQ(RunWithProbes(2), 3);
-    EXPECT_THAT(asked_, ElementsAre("newest", "taker", "taker")) << "filters may go while they are asked";
-}
-
-TEST_F(MessageLoop, KeepsTakenMessagesFromTheWindow) {
+TEST(MessageLoop, AsksTheNewestFilterFirstUntilOneTakesTheMessage) {
     static int delivered;
     delivered = 0;
-    const HWND window =
-        CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ASSERT_TRUE(window);
+    const UniqueWindow window(
+        CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
     const WNDPROC count = [](HWND target, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
         if (message == kProbe) ++delivered;
         return DefWindowProcW(target, message, wParam, lParam);
     };
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(count));
-    bool take = true;
-    Filter filter("filter", asked_, [&] { return std::exchange(take, false); });
-    loop_.AddMessageFilter(&filter);
-    PostMessageW(window, kProbe, 0, 0);
-    PostMessageW(window, kProbe, 0, 0);
-    RunWithProbes(0);
-    EXPECT_EQ(asked_.size(), 2u);
-    EXPECT_EQ(delivered, 1) << "the second one only";
-    DestroyWindow(window);
+    SetWindowLongPtrW(window.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(count));
+
+    std::vector<std::string> asked;
+    CMessageLoop loop;
+    int taken = 0;
+    Filter oldest("oldest", asked);
+    Filter taker("taker", asked, [&] { return ++taken < 3; });
+    Filter middle("middle", asked);
+    Filter newest("newest", asked, [&] {
+        loop.RemoveMessageFilter(&newest);
+        loop.RemoveMessageFilter(&middle);
+        return false;
+    });
+    for (Filter* filter : {&oldest, &taker, &middle, &newest})
+        loop.AddMessageFilter(filter);
+    for (int i = 0; i < 3; ++i)
+        PostMessageW(window.Get(), kProbe, 0, 0);
+    PostThreadMessageW(GetCurrentThreadId(), WM_QUIT, 3, 0);
+    EXPECT_EQ(loop.Run(), 3);
+    EXPECT_THAT(asked, ElementsAre("newest", "taker", "taker", "taker", "oldest"))
+        << "filters may go while they are asked";
+    EXPECT_EQ(delivered, 1) << "the one that none has taken";
 }
 
 }  // namespace

@@ -19,13 +19,11 @@ class BrowserHost : public testing::Test {
 };
 
 TEST_F(BrowserHost, IsOneObjectWithAllItsInterfaces) {
-    const IID ids[] = {__uuidof(IOleClientSite),           __uuidof(IOleInPlaceSiteEx),
-                       __uuidof(IDocHostUIHandler),        __uuidof(IDispatch),
-                       __uuidof(IServiceProvider),         __uuidof(IOleCommandTarget),
-                       __uuidof(IHTMLChangeSink),          __uuidof(IDropTarget),
-                       __uuidof(IInternetSecurityManager), __uuidof(IWebbrowserHost)};
     const auto identity = Query<IUnknown>(host_->AsUnknown());
-    for (const IID& id : ids) {
+    for (const IID& id : {__uuidof(IOleClientSite), __uuidof(IOleInPlaceSiteEx), __uuidof(IDocHostUIHandler),
+                          __uuidof(IDispatch), __uuidof(IServiceProvider), __uuidof(IOleCommandTarget),
+                          __uuidof(IHTMLChangeSink), __uuidof(IDropTarget),
+                          __uuidof(IInternetSecurityManager), __uuidof(IWebbrowserHost)}) {
         ComPtr<IUnknown> face;
         ASSERT_THAT(host_->QueryInterface(id, reinterpret_cast<void**>(face.GetAddressOf())),
                     HasStatus(S_OK));
@@ -49,35 +47,17 @@ TEST_F(BrowserHost, AllowsEverythingAndTrustsEveryAddress) {
     EXPECT_EQ(policy[1], 9u);
     EXPECT_EQ(static_cast<unsigned>(manager->GetSecurityId(L"", nullptr, nullptr, 0)), 0x800C0011u);
     void* none = &zone;
-    EXPECT_THAT(host_->QueryService(id, id, nullptr), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(host_->QueryService(id, IID_IUnknown, nullptr), HasStatus(E_POINTER));
     EXPECT_THAT(host_->QueryService(id, IID_IUnknown, &none), HasStatus(E_NOINTERFACE));
 }
 
 TEST_F(BrowserHost, SwallowsTheKeysOfABrowser) {
-    for (const WPARAM key :
-         {WPARAM{'L'}, WPARAM{'O'}, WPARAM{'M'}, WPARAM{'0'}, WPARAM{VK_OEM_MINUS}, WPARAM{VK_OEM_PLUS}}) {
-        EXPECT_TRUE(IsSwallowedKey(key, true)) << key;
-        EXPECT_FALSE(IsSwallowedKey(key, false)) << key;
-    }
-    EXPECT_TRUE(IsSwallowedKey(VK_F5, false));
+    EXPECT_TRUE(IsSwallowedKey(VK_OEM_PLUS, true));
+    EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, false));
     EXPECT_TRUE(IsSwallowedKey(VK_F5, true));
-    EXPECT_FALSE(IsSwallowedKey('N', true));
     MSG message = {nullptr, WM_KEYDOWN, VK_F5};
     EXPECT_THAT(handler_->TranslateAccelerator(&message, nullptr, 0), HasStatus(S_OK));
     message.message = WM_KEYUP;
     EXPECT_THAT(handler_->TranslateAccelerator(&message, nullptr, 0), HasStatus(S_FALSE));
-}
-
-TEST_F(BrowserHost, ShowsThePageAsADialog) {
-    DOCHOSTUIINFO info = {sizeof info};
-    info.dwFlags = 0x100;
-    EXPECT_THAT(host_->GetHostInfo(&info), HasStatus(S_OK));
-    EXPECT_EQ(info.dwFlags, 0x107u);
-    EXPECT_THAT(host_->GetHostInfo(nullptr), HasStatus(S_OK));
-    EXPECT_THAT(host_->ShowContextMenu(0, nullptr, nullptr, nullptr), HasStatus(S_OK)) << "no menu";
-    EXPECT_THAT(host_->GetDropTarget(nullptr, nullptr), HasStatus(E_POINTER));
-    EXPECT_THAT(host_->GetExternal(nullptr), HasStatus(E_POINTER));
 }
 
 TEST_F(BrowserHost, SilencesScriptErrorsForAPageThatSaysSo) {
@@ -100,12 +80,16 @@ TEST_F(BrowserHost, SilencesScriptErrorsForAPageThatSaysSo) {
     host_->Close();
 }
 
-TEST_F(BrowserHost, RefusesDropsWhereNothingIsBound) {
+TEST_F(BrowserHost, ShowsADialogWithoutMenusAndDrops) {
+    DOCHOSTUIINFO info = {sizeof info};
+    info.dwFlags = 0x100;
+    EXPECT_THAT(host_->GetHostInfo(&info), HasStatus(S_OK));
+    EXPECT_EQ(info.dwFlags, 0x107u);
+    EXPECT_THAT(host_->ShowContextMenu(0, nullptr, nullptr, nullptr), HasStatus(S_OK)) << "no menu";
     DWORD entered = DROPEFFECT_COPY, over = DROPEFFECT_COPY;
     EXPECT_THAT(host_->DragEnter(nullptr, 0, {}, &entered), HasStatus(S_OK));
     EXPECT_THAT(host_->DragOver(0, {}, &over), HasStatus(S_OK));
     EXPECT_EQ(entered | over, 0u);
-    EXPECT_THAT(host_->DragLeave(), HasStatus(E_NOTIMPL));
 }
 
 }  // namespace

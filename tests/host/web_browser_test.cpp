@@ -4,7 +4,6 @@
 
 #include <exdispid.h>
 
-#include "atl/ax_window.h"
 #include "tests/support/control_class.h"
 #include "tests/support/test.h"
 
@@ -16,37 +15,10 @@ class BrowserWindow : public testing::Test {
     BrowserWindow() { appModule.AddMessageLoop(&loop_); }
     ~BrowserWindow() override { appModule.RemoveMessageLoop(); }
 
-    static ComPtr<IWebBrowser2> ControlOf(HWND window) {
-        return Query<IWebBrowser2>(AtlAxGetControl(window).Get());
-    }
-
     CMessageLoop loop_;
     const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
 };
-
-TEST_F(BrowserWindow, HoldsAControlThatFillsIt) {
-    const ObjectCheck nothingLeft;
-    const auto browser = MakeCom<CWebBrowser>();
-    const HWND window = browser->CreateHidden(nullptr, page_.c_str());
-    ASSERT_TRUE(window);
-    EXPECT_FALSE(IsWindowVisible(window));
-    ASSERT_TRUE(ControlOf(window));
-    EXPECT_TRUE(Query<IWebbrowserHost>(AtlAxGetHost(window).Get()));
-
-    SetWindowPos(window, nullptr, 0, 0, 431, 287, SWP_NOMOVE | SWP_NOZORDER);
-    RECT client = {}, control = {};
-    GetClientRect(window, &client);
-    const HWND child = GetWindow(window, GW_CHILD);
-    ASSERT_TRUE(child);
-    GetClientRect(child, &control);
-    EXPECT_EQ(control.right, client.right);
-    EXPECT_EQ(control.bottom, client.bottom);
-
-    DestroyWindow(window);
-    PumpOnce();
-    EXPECT_FALSE(browser->GetWindowHandle());
-}
 
 TEST_F(BrowserWindow, IsNotMadeWithoutItsPageOrAControl) {
     const ObjectCheck nothingLeft;
@@ -87,8 +59,6 @@ TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
     DISPPARAMS parameters = {arguments, nullptr, 5, 0};
     browser->OnEvent(DISPID_NEWWINDOW3, parameters);
     EXPECT_EQ(cancel, VARIANT_TRUE);
-    parameters.cArgs = 0;
-    browser->OnEvent(DISPID_NEWWINDOW3, parameters);
 }
 
 }  // namespace

@@ -85,7 +85,7 @@ class MemberTable : public testing::Test {
   protected:
     template <class... Args>
     std::string Call(const wchar_t* name, Args&&... args) {
-        return ResultText(CallMember(sample_.Get(), name, std::forward<Args>(args)...));
+        return CallText(sample_.Get(), name, std::forward<Args>(args)...);
     }
     HRESULT InvokeId(DISPID id, WORD flags, VARIANT* result) {
         DISPPARAMS none = {};
@@ -142,13 +142,13 @@ TEST_F(MemberTable, ReadsArgumentsInScriptOrderAndMayMissTheLast) {
 
 TEST_F(MemberTable, TestsTheKindOfAccess) {
     IDispatch* const sample = sample_.Get();
-    EXPECT_EQ(ResultText(GetMember(sample, L"size")), "I4 3");
-    EXPECT_EQ(ResultText(PutMember(sample, L"size", 9)), "EMPTY");
-    EXPECT_EQ(ResultText(GetMember(sample, L"fixed")), "I4 9");
-    EXPECT_EQ(ResultText(PutMember(sample, L"size", 0)), kInvalid);
-    EXPECT_EQ(ResultText(PutMember(sample, L"fixed", 1)), kNoSuchForm);
-    EXPECT_EQ(ResultText(GetMember(sample, L"sink")), kNoSuchForm);
-    EXPECT_EQ(ResultText(GetMember(sample, L"takeBool")), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"size"), "I4 3");
+    EXPECT_EQ(PutText(sample, L"size", 9), "EMPTY");
+    EXPECT_EQ(GetText(sample, L"fixed"), "I4 9");
+    EXPECT_EQ(PutText(sample, L"size", 0), kInvalid);
+    EXPECT_EQ(PutText(sample, L"fixed", 1), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"sink"), kNoSuchForm);
+    EXPECT_EQ(GetText(sample, L"takeBool"), kNoSuchForm);
     EXPECT_EQ(Call(L"size"), kNoSuchForm);
     EXPECT_EQ(ResultText(InvokeMember(sample, L"size", DISPATCH_PROPERTYPUTREF, {})), kNoSuchForm);
     // A call and a read together, as engines ask when a value is wanted, is a call.
@@ -178,13 +178,11 @@ TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
     EXPECT_EQ(id, -9999);
     EXPECT_THAT(IdOf(sample_.Get(), L"TakeText", &id), HasStatus(DISP_E_UNKNOWNNAME));
     EXPECT_THAT(IdOf(sample_.Get(), L"", &id), HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(IdOf(sample_.Get(), nullptr, &id), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(IdOf(sample_.Get(), L"takeText", nullptr), HasStatus(E_INVALIDARG));
     Variant result;
     for (const DISPID unknown : {-10001, -9988, -9984, 0})
         EXPECT_THAT(InvokeId(unknown, DISPATCH_METHOD, &result), HasStatus(E_NOTIMPL)) << unknown;
-    UINT count = 0;
-    ITypeInfo* info = nullptr;
-    EXPECT_THAT(sample_->GetTypeInfoCount(&count), HasStatus(E_NOTIMPL));
-    EXPECT_THAT(sample_->GetTypeInfo(0, 0, &info), HasStatus(E_NOTIMPL));
 }
 
 TEST_F(MemberTable, LogsUnknownNamesAndItsOperations) {
@@ -194,31 +192,13 @@ TEST_F(MemberTable, LogsUnknownNamesAndItsOperations) {
     UINT count = 0;
     IdOf(sample_.Get(), L"none", &id);
     IdOf(sample_.Get(), L"size", &id);
-    sample_->GetTypeInfoCount(&count);
+    EXPECT_THAT(sample_->GetTypeInfoCount(&count), HasStatus(E_NOTIMPL));
     InvokeId(-9990, DISPATCH_METHOD, nullptr);
     processLog.flags = before;
     const std::string line = "\\(\\d\\d\\d\\d\\) CSample::";
     EXPECT_THAT(channel.texts,
                 ElementsAre(MatchesRegex(line + "GetIDsOfNames Not implement name: none\n"),
                             MatchesRegex(line + "GetTypeInfoCount\n"), MatchesRegex(line + "Invoke\n")));
-}
-
-TEST(NameLookUp, RefusesNullPointers) {
-    const auto table = MakeCom<CSample>();
-    const auto object = MakeCom<CObject>();
-    const auto array = MakeCom<CArray>();
-    for (IDispatch* const face : std::initializer_list<IDispatch*>{table.Get(), object.Get(), array.Get()}) {
-        DISPID id = 0;
-        LPOLESTR none = nullptr;
-        LPOLESTR name = const_cast<LPOLESTR>(L"push");
-        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &none, 1, kScriptLocale, &id), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, nullptr, 0, kScriptLocale, &id), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(face->GetIDsOfNames(IID_NULL, &name, 1, kScriptLocale, nullptr), HasStatus(E_INVALIDARG));
-        Variant value;
-        EXPECT_THAT(GetScriptProperty(face, nullptr, &value), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(CallScriptMember(face, nullptr, {}, nullptr), HasStatus(E_INVALIDARG));
-        EXPECT_THAT(SetScriptProperty(face, nullptr, value), HasStatus(E_INVALIDARG));
-    }
 }
 
 // Script may drop its last reference in a callback while the member that called it still runs.

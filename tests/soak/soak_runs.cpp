@@ -6,18 +6,15 @@
 #include <windows.h>
 #include <ole2.h>
 
-#include <array>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <random>
 #include <vector>
 
-#include "host/contract/stream.h"
 #include "host/web_browser.h"
 #include "script/worker_apartment.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/support/leak_check.h"
+#include "tests/soak/course.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/temp_folder.h"
@@ -67,122 +64,70 @@ class Ground {
 
 // What is asked of a plug-in, and how it must end.
 struct Errand {
-    ComPtr<IDispatch> plugin;
+    const wchar_t* plugin;
     const wchar_t* member;
-    OptionObject options;
+    const wchar_t* source;  // null: a new file
     End end;
     bool isCancelled = false;
+    const wchar_t* dest = nullptr;  // null: a new place
 };
 
-Errand Between(Ground& ground, const wchar_t* plugin, const wchar_t* member, const wchar_t* from,
-               const wchar_t* to, const wchar_t* source, End end) {
-    Errand errand = {ground.Plugin(plugin), member, {}, end};
-    errand.options.Set(from, ground.Path(source).c_str()).Set(to, ground.NewPath().c_str());
-    return errand;
-}
+constexpr wchar_t kStream[] = L"stream";  // as a destination
 
-Errand Cancelled(Errand errand, End end) {
-    errand.isCancelled = true;
-    errand.end = end;
-    return errand;
-}
+constexpr Errand kErrands[] = {
+    {L"minizip", L"zip", L"tree", End::kSuccess},
+    {L"minizip", L"zip", L"tree", End::kSuccess, false, kStream},
+    {L"minizip", L"zip", L"none", End::kFailure},
+    {L"minizip", L"zip", L"tree", End::kFailure, true},
+    {L"minizip", L"unzip", L"archive.zip", End::kSuccess},
+    {L"minizip", L"unzip", L"none", End::kFailure},
+    {L"minizip", L"unzip", L"archive.zip", End::kFailure, true},
+    {L"file", L"copyAsync", L"tree", End::kSuccess},
+    {L"file", L"copyAsync", L"none", End::kFailure},
+    {L"file", L"copyAsync", L"tree", End::kFailure, false, L"there"},
+    {L"file", L"moveAsync", nullptr, End::kSuccess},
+    {L"file", L"enumFiles", L"tree", End::kSuccess},
+    {L"file", L"enumFiles", L"tree", End::kSuccess, true},
+    {L"fileIO", L"readAsync", L"tree\\a", End::kSuccess},
+    {L"fileIO", L"readAsync", L"none", End::kFailure},
+    {L"fileIO", L"readAsync", L"tree\\a", End::kSilence, true},
+    {L"fileIO", L"writeAsync", L"tree\\a", End::kSuccess},
+    {L"fileIO", L"writeAsync", L"tree\\a", End::kSilence, true},
+};
 
-Errand Zip(Ground& ground) {
-    return Between(ground, L"minizip", L"zip", L"src", L"dest", L"tree", End::kSuccess);
+// Each member finds its own among them.
+OptionObject OptionsOf(const Errand& errand, Ground& ground, IDispatch* plugin) {
+    const std::wstring source = errand.source ? ground.Path(errand.source) : ground.NewFile();
+    const std::wstring dest = errand.dest ? ground.Path(errand.dest) : ground.NewPath();
+    OptionObject options;
+    options.Set(L"srcPath", source.c_str()).Set(L"destPath", dest.c_str()).Set(L"path", source.c_str());
+    options.Set(L"len", Variant::UI4(kFileSize));
+    if (errand.member == std::wstring(L"readAsync")) {
+        CallMember(plugin, L"open", source.c_str(), L"r");
+    } else if (errand.member == std::wstring(L"writeAsync")) {
+        CallMember(plugin, L"open", dest.c_str(), L"wn");
+        const auto content = ground.Plugin(L"stream");
+        CallMember(content.Get(), L"setSize", static_cast<int>(kFileSize));
+        options.Set(L"src", content);
+    } else {
+        options.Set(L"src", source.c_str()).Set(L"dest", dest.c_str());
+        if (errand.dest == kStream) options.Set(L"dest", ground.Plugin(L"stream"));
+    }
+    return options;
 }
-Errand ZipIntoStream(Ground& ground) {
-    Errand errand = Zip(ground);
-    errand.options.Set(L"dest", ground.Plugin(L"stream"));
-    return errand;
-}
-Errand ZipNothing(Ground& ground) {
-    return Between(ground, L"minizip", L"zip", L"src", L"dest", L"none", End::kFailure);
-}
-Errand ZipCancelled(Ground& ground) {
-    return Cancelled(Zip(ground), End::kFailure);
-}
-
-Errand Unzip(Ground& ground) {
-    return Between(ground, L"minizip", L"unzip", L"src", L"dest", L"archive.zip", End::kSuccess);
-}
-Errand UnzipNothing(Ground& ground) {
-    return Between(ground, L"minizip", L"unzip", L"src", L"dest", L"none", End::kFailure);
-}
-Errand UnzipCancelled(Ground& ground) {
-    return Cancelled(Unzip(ground), End::kFailure);
-}
-
-Errand Copy(Ground& ground) {
-    return Between(ground, L"file", L"copyAsync", L"srcPath", L"destPath", L"tree", End::kSuccess);
-}
-Errand CopyNothing(Ground& ground) {
-    return Between(ground, L"file", L"copyAsync", L"srcPath", L"destPath", L"none", End::kFailure);
-}
-Errand CopyOntoAnother(Ground& ground) {
-    Errand errand = Copy(ground);
-    errand.options.Set(L"destPath", ground.Path(L"there").c_str());
-    errand.end = End::kFailure;
-    return errand;
-}
-Errand Move(Ground& ground) {
-    Errand errand = Between(ground, L"file", L"moveAsync", L"srcPath", L"destPath", L"", End::kSuccess);
-    errand.options.Set(L"srcPath", ground.NewFile().c_str());
-    return errand;
-}
-
-Errand Transfer(Ground& ground, const wchar_t* member, const std::wstring& path, const wchar_t* mode,
-                End end) {
-    Errand errand = {ground.Plugin(L"fileIO"), member, {}, end};
-    CallMember(errand.plugin.Get(), L"open", path.c_str(), mode);
-    errand.options.Set(L"len", Variant::UI4(kFileSize));
-    return errand;
-}
-Errand Read(Ground& ground) {
-    return Transfer(ground, L"readAsync", ground.Path(L"tree\\a"), L"r", End::kSuccess);
-}
-Errand ReadNothing(Ground& ground) {
-    return Transfer(ground, L"readAsync", ground.Path(L"none"), L"r", End::kFailure);
-}
-Errand ReadCancelled(Ground& ground) {
-    return Cancelled(Read(ground), End::kSilence);
-}
-Errand Write(Ground& ground) {
-    Errand errand = Transfer(ground, L"writeAsync", ground.NewPath(), L"wn", End::kSuccess);
-    const auto source = ground.Plugin(L"stream");
-    CallMember(source.Get(), L"setSize", static_cast<int>(kFileSize));
-    errand.options.Set(L"src", source);
-    return errand;
-}
-Errand WriteCancelled(Ground& ground) {
-    return Cancelled(Write(ground), End::kSilence);
-}
-
-Errand Enumerate(Ground& ground) {
-    Errand errand = {ground.Plugin(L"file"), L"enumFiles", {}, End::kSuccess};
-    errand.options.Set(L"path", ground.Path(L"tree").c_str());
-    return errand;
-}
-Errand EnumerateCancelled(Ground& ground) {
-    return Cancelled(Enumerate(ground), End::kSuccess);
-}
-
-constexpr Errand (*kErrands[])(Ground&) = {Zip,         ZipIntoStream,     ZipNothing,     ZipCancelled,
-                                           Unzip,       UnzipNothing,      UnzipCancelled, Copy,
-                                           CopyNothing, CopyOntoAnother,   Move,           Read,
-                                           ReadNothing, ReadCancelled,     Write,          WriteCancelled,
-                                           Enumerate,   EnumerateCancelled};
 
 class Run {
   public:
-    explicit Run(Errand errand)
-        : end_(errand.end),
-          member_(errand.member),
+    Run(const Errand& errand, Ground& ground)
+        : errand_(errand),
           progress_(MakeCom<Recorder>([cancel = errand.isCancelled](const Recorder::Record&) {
               return cancel ? Variant::Bool(false) : Variant();
           })) {
-        errand.options.Set(L"progress", progress_).Set(L"success", success_).Set(L"fail", fail_);
-        errand.options.Set(L"callback", progress_).Set(L"completed", success_);
-        CallMember(errand.plugin.Get(), errand.member, static_cast<IDispatch*>(errand.options));
+        const auto plugin = ground.Plugin(errand.plugin);
+        const OptionObject options = OptionsOf(errand, ground, plugin.Get());
+        options.Set(L"progress", progress_).Set(L"success", success_).Set(L"fail", fail_);
+        options.Set(L"callback", progress_).Set(L"completed", success_);
+        CallMember(plugin.Get(), errand.member, static_cast<IDispatch*>(options));
     }
 
     // Nothing refers to the functions any more.
@@ -194,17 +139,16 @@ class Run {
         return true;
     }
     bool EndedAsItMust() const {
-        const bool ended = success_->calls.size() == (end_ == End::kSuccess) &&
-                           fail_->calls.size() == (end_ == End::kFailure);
+        const bool ended = success_->calls.size() == (errand_.end == End::kSuccess) &&
+                           fail_->calls.size() == (errand_.end == End::kFailure);
         if (!ended)
-            std::printf("%ls: %zu successes, %zu failures, wanted %d\n", member_, success_->calls.size(),
-                        fail_->calls.size(), static_cast<int>(end_));
+            std::printf("%ls: %zu successes, %zu failures, wanted %d\n", errand_.member,
+                        success_->calls.size(), fail_->calls.size(), static_cast<int>(errand_.end));
         return ended;
     }
 
   private:
-    End end_;
-    const wchar_t* member_;
+    const Errand& errand_;
     ComPtr<Recorder> progress_;
     ComPtr<Recorder> success_ = MakeCom<Recorder>();
     ComPtr<Recorder> fail_ = MakeCom<Recorder>();
@@ -214,7 +158,7 @@ bool RunRound(std::mt19937& random, bool closesWindow) {
     Ground ground;
     std::vector<std::unique_ptr<Run>> runs;
     for (int i = 0; i < kRuns; ++i)
-        runs.push_back(std::make_unique<Run>(kErrands[random() % std::size(kErrands)](ground)));
+        runs.push_back(std::make_unique<Run>(kErrands[random() % std::size(kErrands)], ground));
     if (closesWindow) ground.CloseWindow();
     const auto isOver = [](const auto& run) { return run->IsOver(); };
     const bool over = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kPatience);
@@ -226,33 +170,19 @@ bool RunRound(std::mt19937& random, bool closesWindow) {
 }
 
 // Threads and windows that have been told to end need a moment.
-void Settle() {
+Reading Settled() {
+    constexpr double kKeptBySystem =
+        5;  // it keeps a handle for later now and then; a run uses more than that
     PumpUntil([] { return false; }, std::chrono::milliseconds(300));
+    return {Holdings::Now(), {{"handles", static_cast<double>(CountHandles()), kKeptBySystem}}};
 }
 
 int Soak(int rounds, unsigned seed) {
     const WorkerApartment workers;
     std::mt19937 random(seed);
-    constexpr long kKeptBySystem = 5;  // it keeps a handle for later now and then; a run uses more than that
-    Holdings before;
-    long handles = 0;
-    for (int round = 1; round <= rounds; ++round) {
-        if (!RunRound(random, round % 2 == 0)) return std::printf("round %d went wrong\n", round), 1;
-        if (round == rounds / 2) {
-            Settle();
-            before = Holdings::Now();
-            handles = CountHandles();
-        }
-        if (round % 10 == 0 || round == rounds) {
-            std::printf("%d of %d rounds of %d runs\n", round, rounds, kRuns);
-            std::fflush(stdout);
-        }
-    }
-    Settle();
-    const std::string grown = Holdings::Now().GrownSince(before);
-    std::printf("left behind: %s; handles: %ld -> %ld\n", grown.empty() ? "nothing" : grown.c_str(), handles,
-                CountHandles());
-    return grown.empty() && CountHandles() <= handles + kKeptBySystem ? 0 : 1;
+    Course course("rounds", Settled);
+    const auto round = [&](int step) { return RunRound(random, step % 2 == 1); };
+    return course.Run(rounds / 2, rounds - rounds / 2, round) ? 0 : 1;
 }
 
 }  // namespace

@@ -13,15 +13,14 @@
 #include "plugins/zip/zip_plugin.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/soak/archive_mutator.h"
+#include "tests/soak/course.h"
 #include "tests/soak/guarded_bytes.h"
-#include "tests/support/leak_check.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
 std::atomic<int> currentRun{0};
 
@@ -104,24 +103,26 @@ bool Unpack(Bytes file, GuardedBytes::Tight tight, ULONG index, const std::wstri
 
 class Soak {
   public:
-    Soak(int runs, std::uint64_t seed) : runs_(runs), mutator_(seed) {}
+    explicit Soak(std::uint64_t seed) : mutator_(seed) {}
 
-    bool Run() {
-        for (int run = 1; run <= runs_; ++run) {
+    bool Run(int runs) {
+        Course course("runs", [this] {
+            if (!ground_.IsUntouchedElsewhere()) End("something was written elsewhere");
+            return Reading{Holdings::Now(),
+                           {{"handles", static_cast<double>(CountHandles()), 0},
+                            {"unpacked", static_cast<double>(unpacked_), kAny}}};
+        });
+        constexpr int kWarmUp = 100;
+        return course.Run(kWarmUp, runs, [this](int run) {
             currentRun = run;
             RunOnce();
-            if (!ground_.IsUntouched()) return Fail("something was written outside");
-            if (run == kWarmUp) handles_ = CountHandles();
-            if (run % 1000 != 0 && run != runs_) continue;
-            Report(run);
-            if (!ground_.IsUntouchedElsewhere()) return Fail("something was written elsewhere");
-            if (run > kWarmUp && CountHandles() > handles_) return Fail("handles were lost");
-        }
-        return true;
+            if (!ground_.IsUntouched()) End("something was written outside");
+            return true;
+        });
     }
 
   private:
-    static constexpr int kWarmUp = 100;
+    static constexpr double kAny = 1e9;
 
     void RunOnce() {
         ground_.Clear();
@@ -132,20 +133,10 @@ class Soak {
         unpacked_ += Unpack(file.Content(), tight, static_cast<ULONG>(mutator_.Below(3)), ground_.Dest());
         fs::remove_all(ground_.Dest());
     }
-    void Report(int run) const {
-        const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
-        std::printf("%d of %d: %d unpacked, %d refused, %ld handles, %.1f s\n", run, runs_, unpacked_,
-                    run - unpacked_, CountHandles(), seconds);
-        std::fflush(stdout);
-    }
-    static bool Fail(const char* why) { return std::printf("run %d: %s\n", currentRun.load(), why), false; }
 
-    int runs_;
     ArchiveMutator mutator_;
     const std::vector<std::string> good_ = GoodArchives();
     const Ground ground_;
-    const Clock::time_point start_ = Clock::now();
-    long handles_ = 0;
     int unpacked_ = 0;
 };
 
@@ -157,5 +148,5 @@ int wmain(int argc, wchar_t** argv) {
     const std::uint64_t seed = argc > 2 ? _wcstoui64(argv[2], nullptr, 10) : 1;
     AddVectoredExceptionHandler(1, tarvik::ReportFault);
     tarvik::WatchForHangs();
-    return tarvik::Soak(runs, seed).Run() ? 0 : 1;
+    return tarvik::Soak(seed).Run(runs) ? 0 : 1;
 }

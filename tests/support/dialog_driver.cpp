@@ -5,11 +5,13 @@
 #include <atomic>
 #include <thread>
 
+#include "tests/support/waiting.h"
+
 namespace tarvik {
 
 namespace {
 
-constexpr ULONGLONG kPatience = 10'000;
+constexpr unsigned long kPatience = 10'000;
 constexpr DWORD kPause = 10;
 constexpr int kFileName = 0x47C;  // cmb13 of the system's file dialogs
 
@@ -37,15 +39,6 @@ HWND DialogNow(HWND other) {
     return search.found;
 }
 
-bool WaitUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + kPatience;
-    while (!condition()) {
-        if (GetTickCount64() > end) return false;
-        Sleep(kPause);
-    }
-    return true;
-}
-
 }  // namespace
 
 void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND)>& person) {
@@ -69,7 +62,8 @@ void AnswerDialogs(const std::function<void()>& call, const std::function<void(H
 
 HWND NextDialog(HWND other) {
     HWND dialog = nullptr;
-    EXPECT_TRUE(WaitUntil([&] { return (dialog = DialogNow(other)) != nullptr; })) << "no dialog comes";
+    EXPECT_TRUE(WaitFor([&] { return (dialog = DialogNow(other)) != nullptr; }, kPatience))
+        << "no dialog comes";
     return dialog;
 }
 
@@ -82,7 +76,7 @@ std::wstring TextOf(HWND dialog, int item) {
 bool Press(HWND dialog, int button) {
     // Posted, as a click is: under Wine a dialog that a sent message ends may swallow a posted one.
     PostMessageW(dialog, WM_COMMAND, button, 0);
-    return WaitUntil([&] { return !IsWindow(dialog); });
+    return WaitFor([&] { return !IsWindow(dialog); }, kPatience);
 }
 
 void EnterFileName(HWND dialog, const std::wstring& name) {

@@ -29,5 +29,15 @@ using testing::MatchesRegex;
 inline std::string ResultText(const Outgoing& out) {
     return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
 }
+template <class... Args>
+std::string CallText(IDispatch* object, const wchar_t* name, Args&&... args) {
+    return ResultText(CallMember(object, name, std::forward<Args>(args)...));
+}
+inline std::string GetText(IDispatch* object, const wchar_t* name) {
+    return ResultText(GetMember(object, name));
+}
+inline std::string PutText(IDispatch* object, const wchar_t* name, Argument value) {
+    return ResultText(PutMember(object, name, std::move(value)));
+}
 
 }  // namespace tarvik

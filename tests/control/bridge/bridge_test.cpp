@@ -55,15 +55,10 @@ TEST_F(Bridge, PropertiesAndFailures) {
         try { f(); return 'no error'; } catch (e) { return [e instanceof Error, e.number, !!e.message]; }
     }</script>)");
     Check({
-        {"external.size", "3"},
         {"(external.size = 8, external.size)", "8"},
-        {"typeof external.nothing", "\"undefined\""},
-        {"'size' in external && !('nothing' in external)", "true"},
         {"(external['\\ud800'], '\\ud800' in external)", "false"},
         {"fails(() => external.fail(0x80004004 | 0))", "[true,-2147467260,true]"},
         {"fails(() => { external.size = 0; })", "[true,-2147024809,true]"},
-        {"fails(() => { external.nothing = 0; })", "[true,-2147352570,true]"},
-        {"fails(() => external.echo())", "[true,-2147467263,true]"},
         // What could not be read once is no method for ever, nor is what was empty.
         {"(external.size = 4, typeof external.size)", "\"function\""},
         {"(external.size = 5, external.size)", "5"},
@@ -139,17 +134,15 @@ TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
     });
 }
 
-TEST_F(Bridge, ScriptCallsNativeCallsScriptToAnyDepth) {
+// From script, and from outside while the page is idle. Calls of several windows are in the page tests.
+TEST_F(Bridge, CallsNestAndFail) {
     page_.Open(R"(<script>
         function down(n) { return n ? 1 + external.run(down, n - 1) : 0; }
         function boom() { throw new Error('boom'); }
     </script>)");
     EXPECT_EQ(page_.Evaluate("down(30)"), "30");
-    EXPECT_EQ(page_.Evaluate("external.run((a, b) => a + b, 2, 3)"), "5");
-    // From outside, while the page is idle.
-    const Variant down = page_.Get(L"down");
     Variant three = Variant::I4(3), result;
-    EXPECT_THAT(CallScriptFunction(down.pdispVal, {&three}, &result), HasStatus(S_OK));
+    EXPECT_THAT(CallScriptFunction(page_.Get(L"down").pdispVal, {&three}, &result), HasStatus(S_OK));
     EXPECT_EQ(ValueText(result), "I4 3");
     EXPECT_EQ(page_.Evaluate("(() => { try { external.run(boom); } catch (e) { return e.number; } })()"),
               "-2147352319");
@@ -174,8 +167,6 @@ TEST_F(Bridge, NeedsFewRoundTrips) {
     EXPECT_EQ(exchanges("external.fresh.note(1)"), 2u) << "another object of the same maker";
     EXPECT_EQ(exchanges("kept.echo(1)"), 2u);
     EXPECT_EQ(exchanges("kept.echo(1)"), 1u);
-    EXPECT_EQ(exchanges("kept.size"), 1u);
-    EXPECT_EQ(exchanges("kept.size = 5"), 1u);
     EXPECT_EQ(exchanges("kept.options({ a: 1, b: 2, c: 3 }, 'a b c d e')"), 3u)
         << "the method, the options, the call";
     EXPECT_EQ(exchanges("kept.options([7, 8, 9], 'length 0 1 2')"), 2u);

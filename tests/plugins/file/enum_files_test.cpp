@@ -38,8 +38,11 @@ TEST_F(EnumFiles, TellsEachEntryAndThenTheEnd) {
     EXPECT_THAT(List(options.Set(L"recursive", L"no boolean, so it counts as true")),
                 ElementsAre(kFile, kInnerFile, kInner, kCompleted));
     EXPECT_THAT(List(options.Set(L"recursive", false)), ElementsAre(kFile, kInner, kCompleted));
-    EXPECT_THAT(List(options.Set(L"recursive", true).Set(L"filter", L"\\.txt$")),
-                ElementsAre(kFile, kInnerFile, kCompleted));
+    EXPECT_THAT(List(options.Set(L"recursive", true).Set(L"filter", L"b\\.txt$")),
+                ElementsAre(kInnerFile, kCompleted));
+    EXPECT_THAT(List(options.Set(L"filter", L"(not an expression")),
+                ElementsAre(kFile, kInnerFile, kInner, kCompleted))
+        << "what does not compile filters nothing";
     EXPECT_THAT(List(options.Set(L"path", (folder_ / L"missing").c_str())), ElementsAre(kCompleted));
     EXPECT_THAT(List(options.Set(L"path", L"tree")), ElementsAre(kCompleted))
         << "a relative path does not count from the page";
@@ -49,6 +52,8 @@ TEST_F(EnumFiles, TellsEachEntryAndThenTheEnd) {
 TEST_F(EnumFiles, StopsAtFalseAndAtNothingElse) {
     const auto stop = [](const Recorder::Record&) { return Variant::Bool(false); };
     EXPECT_THAT(List(Tree(), stop), ElementsAre(kFile, kCompleted));
+    EXPECT_THAT(List(Tree().Set(L"filter", L"inner"), stop), ElementsAre(kInnerFile, kCompleted))
+        << "also from below";
     EXPECT_THAT(List(Tree(), [](const Recorder::Record&) { return Variant::I4(0); }).size(), 4u);
 }
 

@@ -6,8 +6,6 @@
 namespace tarvik {
 namespace {
 
-constexpr char kMd5OfNothing[] = "BSTR D41D8CD98F00B204E9800998ECF8427E";
-
 class Hash : public testing::Test {
   protected:
     ComPtr<IDispatch> Make(const wchar_t* algorithm) {
@@ -15,7 +13,7 @@ class Hash : public testing::Test {
         EXPECT_THAT(made.status, HasStatus(S_OK));
         return made.value.pdispVal;
     }
-    static std::string Finish(IDispatch* hash) { return ValueText(CallMember(hash, L"finish").value); }
+    static std::string Finish(IDispatch* hash) { return CallText(hash, L"finish"); }
 
     const ObjectCheck noneIsLeft_;
     const ComPtr<CHashPlugin> plugin_ = MakeCom<CHashPlugin>();
@@ -53,7 +51,7 @@ TEST_F(Hash, AddsTextsUntilItIsFinished) {
     const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
     EXPECT_EQ(added.value.pdispVal, hash.Get());
     CallMember(hash.Get(), L"addData", L"bc");
-    EXPECT_EQ(ValueText(GetMember(hash.Get(), L"finish").value), "EMPTY") << "a read finishes nothing";
+    EXPECT_EQ(GetText(hash.Get(), L"finish"), StatusText(E_NOTIMPL)) << "a read finishes nothing";
     CallMember(hash.Get(), L"addData", Variant::Text(std::wstring_view(L"\0\u00E9", 2)));
     const std::string digest = Finish(hash.Get());
     EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";
@@ -69,17 +67,7 @@ TEST_F(Hash, AnswersWrongCalls) {
         EXPECT_THAT(out.status, HasStatus(S_OK));
         EXPECT_EQ(ValueText(out.value), "EMPTY");
     }
-    EXPECT_EQ(Finish(hash.Get()), kMd5OfNothing);
-
-    DISPPARAMS none = {};
-    const auto withoutResult = [&](IDispatch* object, DISPID id) {
-        return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
-    };
-    EXPECT_THAT(withoutResult(hash.Get(), -6998), HasStatus(E_FAIL));
-    EXPECT_THAT(withoutResult(hash.Get(), -6997), HasStatus(DISP_E_UNKNOWNNAME));
-    for (const DISPID id : {-6999, -6998, -6997})
-        EXPECT_THAT(withoutResult(plugin_.Get(), id), HasStatus(E_NOTIMPL));
-    EXPECT_EQ(ValueText(CallMember(plugin_.Get(), L"md5", 1, L"ignored").value), "DISPATCH");
+    EXPECT_EQ(Finish(hash.Get()), "BSTR D41D8CD98F00B204E9800998ECF8427E") << "of nothing";
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "base/bstr.h"
 #include "base/variant.h"
 #include "control/page/html_members.h"
-#include "tests/plugins/window/silent_object.h"
+#include "tests/support/silent_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -23,9 +23,7 @@ class FakeElement : public SilentObject<As<ElementMembers, IHTMLElement, IDispat
         *out = Bstr(tag_).Detach();
         return S_OK;
     }
-    STDMETHODIMP getAttribute(BSTR name, LONG flags, VARIANT* out) override {
-        EXPECT_EQ(Bstr::View(name), L"dragWindow");
-        EXPECT_EQ(flags, 0);
+    STDMETHODIMP getAttribute(BSTR, LONG, VARIANT* out) override {
         if (!attribute_) return E_FAIL;
         Variant::Copy(*attribute_).MoveInto(out);
         return S_OK;
@@ -41,13 +39,9 @@ class FakeElement : public SilentObject<As<ElementMembers, IHTMLElement, IDispat
 // A document with one element at the place of the mouse.
 class FakeDocument : public SilentObject<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
   public:
-    STDMETHODIMP elementFromPoint(LONG x, LONG y, IHTMLElement** out) override {
-        asked = {x, y};
-        return HandOut(element, out);
-    }
+    STDMETHODIMP elementFromPoint(LONG, LONG, IHTMLElement** out) override { return HandOut(element, out); }
 
     ComPtr<IHTMLElement> element;
-    POINT asked = {};
 };
 
 class DragSink : public testing::Test {
@@ -101,23 +95,14 @@ TEST_F(DragSink, LetsTheNearestElementDecide) {
 }
 
 TEST_F(DragSink, NeverDragsByAControl) {
-    Add(L"BODY", Variant::Text(L"true"));
     for (const wchar_t* tag : {L"INPUT", L"textarea", L"Button"}) {
-        const ComPtr<IHTMLElement> body = document_->element;
+        document_->element.Reset();
+        Add(L"BODY", Variant::Text(L"true"));
         Add(tag, Variant::Text(L"true"));
         EXPECT_FALSE(Drags()) << tag;
         Add(L"B");
         EXPECT_FALSE(Drags()) << "inside of " << tag;
-        document_->element = ComPtr<IHTMLElement>(body.Get());
     }
-    EXPECT_TRUE(Drags());
-}
-
-TEST_F(DragSink, AsksForThePlaceInTheWindow) {
-    SetCursorPos(70, 65);
-    Drags();
-    EXPECT_EQ(document_->asked.x, 40);
-    EXPECT_EQ(document_->asked.y, 45);
 }
 
 }  // namespace

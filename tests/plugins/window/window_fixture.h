@@ -2,10 +2,32 @@
 
 #include <windows.h>
 
+#include <cstdint>
+#include <vector>
+
 #include "host/web_browser.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
+
+// The content of a bitmap file of 24-bit pixels, 0x__RRGGBB, from the top.
+inline std::string BitmapOf(const std::vector<uint32_t>& pixels, LONG width) {
+    const LONG height = static_cast<LONG>(pixels.size()) / width;
+    const LONG stride = (width * 3 + 3) & ~3;
+    BITMAPFILEHEADER file = {};
+    file.bfType = 0x4D42;
+    file.bfOffBits = sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER);
+    file.bfSize = file.bfOffBits + stride * height;
+    BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    std::string bytes(reinterpret_cast<const char*>(&file), sizeof file);
+    bytes.append(reinterpret_cast<const char*>(&info), sizeof info);
+    for (LONG y = height - 1; y >= 0; --y) {
+        for (LONG x = 0; x < width; ++x)
+            bytes.append(reinterpret_cast<const char*>(&pixels[y * width + x]), 3);
+        bytes.resize(bytes.size() + stride - width * 3);
+    }
+    return bytes;
+}
 
 // The plug-in `window` of a real browser window.
 class WindowPluginTest : public testing::Test {

