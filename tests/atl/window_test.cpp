@@ -1,6 +1,7 @@
 #include "atl/window.h"
 
 #include "atl/ax_window.h"
+#include "tests/support/silent_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -81,6 +82,16 @@ TEST_F(Windows, TellTheirEndWhenNoMessageIsLeftInside) {
     SendMessageW(window, kProbe, 0, 0);
     EXPECT_THAT(notes_, ElementsAre("second probe", "second destroy", "first destroy", "first probe",
                                     "first final", "second final"));
+}
+
+TEST_F(Windows, KeepTheOwnersOfTheirObjectsToTheEnd) {
+    const long before = liveComObjects;
+    Noting object("object", notes_), owned("owned", notes_);
+    const HWND window = Make(object);
+    owned.SubclassWindow(window, MakeCom<SilentObject<IDispatch>>().Get());
+    EXPECT_EQ(liveComObjects, before + 1);
+    DestroyWindow(window);
+    EXPECT_EQ(liveComObjects, before);
 }
 
 TEST_F(Windows, MakeOthersWhileTheyAreMade) {

@@ -217,14 +217,14 @@ TEST_F(MemberTable, LivesToTheEndOfTheCall) {
     EXPECT_TRUE(gone);
 }
 
-// The base of script objects without a table has answers of its own.
-TEST(DispatchBase, AnswersTwoInterfaces) {
-    const auto object = MakeCom<Recorder>();
+// The base of script objects that are no plug-ins has answers of its own.
+TEST_F(MemberTable, OfNoPluginAnswersTwoInterfaces) {
+    CDispatchBase* const object = sample_.Get();
     void* out = &out;
     EXPECT_THAT(object->QueryInterface(__uuidof(IStream), &out), HasStatus(E_NOTIMPL));
     EXPECT_EQ(out, nullptr);
     EXPECT_THAT(object->QueryInterface(IID_IDispatch, nullptr), HasStatus(E_INVALIDARG));
-    EXPECT_TRUE(Query<IDispatch>(object.Get()));
+    EXPECT_TRUE(Query<IDispatch>(object));
 }
 
 }  // namespace

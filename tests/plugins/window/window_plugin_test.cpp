@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "host/contract/menu.h"
+#include "plugins/window/window_plugin.h"
 #include "tests/support/silent_object.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
@@ -138,6 +139,15 @@ TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
         SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
     EXPECT_THAT(second->commands, ElementsAre(2000, 2999, 3000));
     EXPECT_TRUE(first->commands.empty());
+    DestroyWindow(window_);
+    EXPECT_TRUE(IsMenu(second->GetMenu())) << "a menu does not end with its window";
+}
+
+// Script that keeps `external` longer than the window is given plug-ins that never hear of one.
+TEST_F(WindowPlugin, DoesNothingWithoutAWindow) {
+    const auto late = MakeCom<CWindowPlugin>();
+    EXPECT_THAT(late->Initialize(nullptr, nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(PutMember(late.Get(), L"shapeImage", L"a.bmp").status, HasStatus(S_OK));
 }
 
 // A page's functions for the events of its window, each with an answer.
