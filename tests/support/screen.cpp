@@ -68,6 +68,18 @@ void Drag(POINT from, POINT to) {
     Sleep(kPause);
 }
 
+void PressKeys(const std::vector<WORD>& keys) {
+    std::vector<INPUT> input(2 * keys.size());
+    for (size_t i = 0; i < keys.size(); ++i) {
+        INPUT& press = input[i];
+        INPUT& release = input[input.size() - 1 - i];
+        press.type = release.type = INPUT_KEYBOARD;
+        press.ki.wVk = release.ki.wVk = keys[i];
+        release.ki.dwFlags = KEYEVENTF_KEYUP;
+    }
+    SendInput(static_cast<UINT>(input.size()), input.data(), sizeof(INPUT));
+}
+
 INPUT MouseInputOf(DWORD action, DWORD data) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
