@@ -15,11 +15,6 @@ POINT Middle(HWND window) {
     return {area.right / 2, area.bottom / 2};
 }
 
-// The pointer moves by input: a position that is set may come after the press that follows it.
-void Send(INPUT input) {
-    SendInput(1, &input, sizeof input);
-}
-
 }  // namespace
 
 HWND InnermostWindow(HWND window) {
@@ -66,6 +61,11 @@ void Drag(POINT from, POINT to) {
     }
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     Sleep(kPause);
+}
+
+// The pointer moves by input: a position that is set may come after the press that follows it.
+void Send(INPUT input) {
+    SendInput(1, &input, sizeof input);
 }
 
 void PressKeys(const std::vector<WORD>& keys) {

@@ -29,7 +29,8 @@ void Drag(POINT from, POINT to);
 // the focus.
 void PressKeys(const std::vector<WORD>& keys);
 
-// For SendInput. The pointer goes to a point of the screen.
+// Input by itself, and for SendInput. The pointer goes to a point of the screen.
+void Send(INPUT input);
 INPUT MouseInputOf(DWORD action, DWORD data = 0);
 INPUT MoveOf(POINT screen);
 
