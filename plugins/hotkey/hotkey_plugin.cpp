@@ -26,7 +26,7 @@ STDMETHODIMP CHotkeyPlugin::Initialize(TVK::ICore* core, IUnknown*) {
     return S_OK;
 }
 
-// A large letter may be on another key than the small one, which is meant.
+// Some keyboard layouts have a capital on another key than its small letter, which is the one that is meant.
 bool CHotkeyPlugin::Set(BSTR keys, IDispatch* function, std::optional<AnyValue> context) {
     if (!function) throw StatusError(E_INVALIDARG);
     std::wstring text(Bstr::View(keys));
@@ -36,7 +36,7 @@ bool CHotkeyPlugin::Set(BSTR keys, IDispatch* function, std::optional<AnyValue> 
                                            context ? Variant::Copy(*context->value) : Variant());
 }
 
-// The letters are taken as they are written; that is intended.
+// Unlike there, letters are taken as they are written; that is intended.
 bool CHotkeyPlugin::Clear(BSTR keys) {
     const auto combination = ReadKeyCombination(Bstr::View(keys));
     return combination && window_.Unregister(*combination);
