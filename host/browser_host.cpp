@@ -117,6 +117,7 @@ STDMETHODIMP CWebBrowserHost::DragEnter(IDataObject*, DWORD, POINTL, DWORD* effe
 STDMETHODIMP CWebBrowserHost::DragOver(DWORD, POINTL point, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::DragOver");
     if (!effect) return E_POINTER;
+    const ComPtr<IUnknown> alive(AsUnknown());  // the page is asked, and its window may go meanwhile
     return Guard([&] { *effect = DropBindingAt(point) ? DROPEFFECT_COPY : DROPEFFECT_NONE; });
 }
 

@@ -87,8 +87,7 @@ TEST_F(WindowFrameOnDesk, StaysAtAClickOnItsHandle) {
     INPUT click[] = {MoveOf(handle), MouseInputOf(MOUSEEVENTF_LEFTDOWN), MouseInputOf(MOUSEEVENTF_LEFTUP)};
     SendInput(3, click, sizeof *click);
     ASSERT_TRUE(program_.WaitForLine("pressed"));
-    INPUT move = MoveOf(aside);
-    SendInput(1, &move, sizeof move);
+    Send(MoveOf(aside));
     Sleep(300);
     EXPECT_THAT(Sides(), ElementsAre(200, 150, 400, 300));
 }

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <thread>
 
+#include "tests/support/screen.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -85,13 +86,7 @@ void EnterFileName(HWND dialog, const std::wstring& name) {
 }
 
 void PressKey(WORD key) {
-    INPUT input[2] = {};
-    for (INPUT& step : input) {
-        step.type = INPUT_KEYBOARD;
-        step.ki.wVk = key;
-    }
-    input[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(2, input, sizeof(INPUT));
+    PressKeys({key});
 }
 
 }  // namespace tarvik

@@ -15,11 +15,6 @@ POINT Middle(HWND window) {
     return {area.right / 2, area.bottom / 2};
 }
 
-// The pointer moves by input: a position that is set may come after the press that follows it.
-void Send(INPUT input) {
-    SendInput(1, &input, sizeof input);
-}
-
 }  // namespace
 
 HWND InnermostWindow(HWND window) {
@@ -66,6 +61,23 @@ void Drag(POINT from, POINT to) {
     }
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     Sleep(kPause);
+}
+
+// The pointer moves by input: a position that is set may come after the press that follows it.
+void Send(INPUT input) {
+    SendInput(1, &input, sizeof input);
+}
+
+void PressKeys(const std::vector<WORD>& keys) {
+    std::vector<INPUT> input(2 * keys.size());
+    for (size_t i = 0; i < keys.size(); ++i) {
+        INPUT& press = input[i];
+        INPUT& release = input[input.size() - 1 - i];
+        press.type = release.type = INPUT_KEYBOARD;
+        press.ki.wVk = release.ki.wVk = keys[i];
+        release.ki.dwFlags = KEYEVENTF_KEYUP;
+    }
+    SendInput(static_cast<UINT>(input.size()), input.data(), sizeof(INPUT));
 }
 
 INPUT MouseInputOf(DWORD action, DWORD data) {

@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <unknwn.h>
 
+#include <vector>
+
 #include "base/com_ptr.h"
 
 // What a person sees of windows and does to them, and a page's script behind them.
@@ -23,7 +25,12 @@ void Click(HWND window);
 // Presses the left button at one place of the screen and lets go at another, with moves in between.
 void Drag(POINT from, POINT to);
 
-// For SendInput. The pointer goes to a point of the screen.
+// Presses keys one after the other, and lets go of them from the last to the first. They go to whatever has
+// the focus.
+void PressKeys(const std::vector<WORD>& keys);
+
+// Input by itself, and for SendInput. The pointer goes to a point of the screen.
+void Send(INPUT input);
 INPUT MouseInputOf(DWORD action, DWORD data = 0);
 INPUT MoveOf(POINT screen);
 

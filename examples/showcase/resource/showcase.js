@@ -85,6 +85,21 @@ var Showcase = (function () {
       return bar;
     },
 
+    // A line of text below an example.
+    line: function (card) {
+      return card.querySelector('.line') || card.appendChild(element('div', 'line'));
+    },
+
+    // An element to drop files on, perhaps with another one inside of it. Gives the place for what comes of it.
+    dropArea: function (card, id, text, innerId, innerText) {
+      var area = card.querySelector('.drop') || card.appendChild(element('div', 'drop'));
+      area.innerHTML = '';
+      area.id = id;
+      area.appendChild(element('span', '', text));
+      if (innerId) area.appendChild(element('div', 'drop', innerText)).id = innerId;
+      return area.appendChild(element('pre'));
+    },
+
     // A field for a text and what is made of it: lines(text) gives the lines to show, at once and at each change.
     field: function (card, text, lines) {
       var box = card.querySelector('.field') || card.appendChild(element('div', 'field'));

@@ -1,0 +1,49 @@
+#include "plugins/dragfile/drag_file_plugin.h"
+
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr SmallMember<CDragFilePlugin> kMembers[] = {
+    {-6999, L"bind", &CDragFilePlugin::Bind},
+    {-6998, L"get", &CDragFilePlugin::Get},
+};
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CDragFilePlugin>(L"dragfile", TVK::kRetainedPlugin);
+
+}  // namespace
+
+std::span<const SmallMember<CDragFilePlugin>> CDragFilePlugin::Members() {
+    return kMembers;
+}
+
+HRESULT CDragFilePlugin::Bind(WORD, const Call& call) {
+    BSTR id = nullptr;
+    if (call.Count() < 2 || !Read(call.At(0), id)) return E_INVALIDARG;
+    const std::wstring name(Bstr::View(id));
+    IDispatch* function = nullptr;
+    const bool binds = Read(call.At(1), function) && function;
+    Binding binding{ComPtr<IDispatch>(binds ? function : nullptr),
+                    call.Count() > 2 ? Variant::Copy(call.At(2)) : Variant()};
+    // What is replaced is let go of last: its end may come back here.
+    const auto replaced = bindings_.extract(name);
+    if (binds) bindings_.emplace(name, std::move(binding));
+    return S_OK;
+}
+
+HRESULT CDragFilePlugin::Get(WORD, const Call& call) {
+    BSTR id = nullptr;
+    if (call.Count() == 0 || !Read(call.At(0), id) || !id) return E_INVALIDARG;
+    const auto found = bindings_.find(Bstr::View(id));
+    if (found == bindings_.end()) return S_OK;
+    const auto& [function, context] = found->second;
+    auto object = MakeCom<CObject>();
+    ThrowIfFailed(SetScriptProperty(object.Get(), L"callback", Variant::Object(function.Get())));
+    ThrowIfFailed(SetScriptProperty(object.Get(), L"context", context));
+    return Give(call.Result(), Variant::Object(object.Get()));
+}
+
+}  // namespace tarvik

@@ -1,0 +1,45 @@
+#include "plugins/hotkey/hotkey_plugin.h"
+
+#include <string>
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CHotkeyPlugin> kMembers[] = {
+    Method<&CHotkeyPlugin::Set>(-10000, L"set"),
+    Method<&CHotkeyPlugin::Clear>(-9999, L"clear"),
+};
+static_assert(IsInOrder(kMembers));
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CHotkeyPlugin>(L"hotkey", TVK::kRetainedPlugin);
+
+}  // namespace
+
+std::span<const Member<CHotkeyPlugin>> CHotkeyPlugin::Members() {
+    return kMembers;
+}
+
+STDMETHODIMP CHotkeyPlugin::Initialize(TVK::ICore* core, IUnknown*) {
+    if (!core) return E_INVALIDARG;
+    if (!window_.Window()) window_.SubclassWindow(core->GetWindowHandle(), AsUnknown());
+    return S_OK;
+}
+
+// Some keyboard layouts have a capital on another key than its small letter, which is the one that is meant.
+bool CHotkeyPlugin::Set(BSTR keys, IDispatch* function, std::optional<AnyValue> context) {
+    if (!function) throw StatusError(E_INVALIDARG);
+    std::wstring text(Bstr::View(keys));
+    CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
+    const auto combination = ReadKeyCombination(text);
+    return combination && window_.Register(*combination, ComPtr<IDispatch>(function),
+                                           context ? Variant::Copy(*context->value) : Variant());
+}
+
+// Unlike there, letters are taken as they are written; that is intended.
+bool CHotkeyPlugin::Clear(BSTR keys) {
+    const auto combination = ReadKeyCombination(Bstr::View(keys));
+    return combination && window_.Unregister(*combination);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,67 @@
+#include "plugins/hotkey/key_combination.h"
+
+#include <cwchar>
+
+namespace tarvik {
+
+namespace {
+
+struct Name {
+    std::wstring_view text;
+    UINT code;
+};
+
+constexpr Name kModifiers[] = {
+    {L"ctrl", MOD_CONTROL}, {L"shift", MOD_SHIFT}, {L"alt", MOD_ALT}, {L"win", MOD_WIN}};
+
+constexpr Name kKeys[] = {
+    {L"esc", VK_ESCAPE},    {L"pause", VK_CANCEL},  {L"print", VK_SNAPSHOT}, {L"scroll", VK_SCROLL},
+    {L"insert", VK_INSERT}, {L"delete", VK_DELETE}, {L"pageup", VK_PRIOR},   {L"pagedown", VK_NEXT},
+    {L"home", VK_HOME},     {L"end", VK_END},       {L"up", VK_UP},          {L"down", VK_DOWN},
+    {L"left", VK_LEFT},     {L"right", VK_RIGHT},   {L"tab", VK_TAB},        {L"back", VK_BACK},
+    {L"return", VK_RETURN}, {L"f1", VK_F1},         {L"f2", VK_F2},          {L"f3", VK_F3},
+    {L"f4", VK_F4},         {L"f5", VK_F5},         {L"f6", VK_F6},          {L"f7", VK_F7},
+    {L"f8", VK_F8},         {L"f9", VK_F9},         {L"f10", VK_F10},        {L"f11", VK_F11},
+    {L"f12", VK_F12}};
+
+bool BeginsWith(std::wstring_view text, std::wstring_view start) {
+    return text.size() >= start.size() && _wcsnicmp(text.data(), start.data(), start.size()) == 0;
+}
+
+std::optional<UINT> ReadModifier(std::wstring_view text) {
+    for (const auto& [name, flag] : kModifiers) {
+        if (BeginsWith(text, name)) return flag;
+    }
+    return std::nullopt;
+}
+
+std::optional<UINT> ReadCharacter(wchar_t character) {
+    constexpr BYTE kNoKey = 0xFF;
+    const BYTE key = LOBYTE(VkKeyScanW(character));
+    return key == kNoKey ? std::nullopt : std::optional<UINT>(key);
+}
+
+std::optional<UINT> ReadKey(std::wstring_view text) {
+    if (text.size() == 1) return ReadCharacter(text[0]);
+    for (const auto& [name, key] : kKeys) {
+        if (text.size() == name.size() && BeginsWith(text, name)) return key;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<KeyCombination> ReadKeyCombination(std::wstring_view text) {
+    KeyCombination keys;
+    for (size_t plus; (plus = text.find(L'+')) != text.npos; text.remove_prefix(plus + 1)) {
+        const auto modifier = ReadModifier(text.substr(0, plus));
+        if (!modifier) return std::nullopt;
+        keys.modifiers |= *modifier;
+    }
+    const auto key = ReadKey(text);
+    if (!key) return std::nullopt;
+    keys.key = *key;
+    return keys;
+}
+
+}  // namespace tarvik

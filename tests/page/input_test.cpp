@@ -1,0 +1,59 @@
+// Input that reaches a page by plug-ins, and input that a page makes.
+
+#include "tests/page/program.h"
+#include "tests/support/screen.h"
+
+namespace tarvik {
+namespace {
+
+class Input : public ProgramTest {};
+
+TEST_F(Input, OfAHotKeyReachesAHiddenWindow) {
+    Open(
+        "var keys = external.hotkey;"
+        "function end() { console.log('end'); external.window.quit(7); }"
+        "function press(context) { keys.clear('ctrl+alt+f9'); keys.set('f7', end);"
+        "  console.log('pressed ' + context.n); }"
+        "console.log('set ' + keys.set('ctrl+alt+F9', press, {n: 3}) + keys.set('ctrl+alt+f9', press));");
+    ASSERT_TRUE(program_.WaitForLine("set truefalse"));
+    PressKeys({VK_CONTROL, VK_MENU, VK_F9});
+    ASSERT_TRUE(program_.WaitForLine("pressed 3"));
+    PressKeys({VK_CONTROL, VK_MENU, VK_F9});
+    PressKeys({VK_F7});
+    EXPECT_EQ(program_.Wait(), 7u);
+    EXPECT_THAT(program_.Lines(), ElementsAre("set truefalse", "pressed 3", "end"));
+}
+
+// A hot key starts the page when it is on the screen. The test moves the pointer, because under Wine clicks
+// may come where it was before a program set its place.
+TEST_F(Input, OfAPageComesToThePage) {
+    Open(
+        "var w = external.window, mouse = external.mouse; w.title = 'Mouse'; w.caption = false;"
+        "w.setWindowPos(200, 150, 400, 300); w.show(true);"
+        "function tell(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY); }"
+        "document.onmousedown = tell; document.onmouseup = tell;"
+        "function click(button) { console.log('click ' + mouse.click(button, 5, 5)); }"
+        "function hold() { document.onmousedown = function () {"
+        "    console.log('held ' + mouse.isBtnDown() + mouse.isBtnDown(mouse.RBTN)); w.quit(7); };"
+        "  console.log('hold'); }"
+        "var buttons = [7, 1, mouse.MBTN];"
+        "function start() { setTimeout(start, 300); if (buttons.length) click(buttons.shift());"
+        "  else if (hold) { hold(); hold = null; } }"
+        "console.log('set ' + external.hotkey.set('f7', start));");
+    ASSERT_TRUE(program_.WaitForLine("set true"));
+    ASSERT_TRUE(WaitForColour(program_.WindowTitled(L"Mouse"), kBlue));
+    Send(MoveOf({300, 200}));
+    PressKeys({VK_F7});
+    EXPECT_TRUE(program_.WaitForLine("hold"));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
+    EXPECT_TRUE(program_.WaitForLine("held truefalse"));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
+    EXPECT_EQ(program_.Wait(), 7u);
+    EXPECT_THAT(program_.Lines(),
+                ElementsAre("set true", "click true", "mousedown 0 at 100, 50", "mouseup 0 at 100, 50",
+                            "click true", "mousedown 2 at 100, 50", "mouseup 2 at 100, 50", "click true",
+                            "mousedown 1 at 100, 50", "mouseup 1 at 100, 50", "hold", "held truefalse"));
+}
+
+}  // namespace
+}  // namespace tarvik
