@@ -1,0 +1,255 @@
+#include <filesystem>
+
+#include "script/properties.h"
+#include "tests/plugins/support/page_core.h"
+#include "tests/plugins/support/test_key.h"
+
+namespace tarvik {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr char kTrue[] = "BOOL true", kFalse[] = "BOOL false";
+
+class Config : public PluginsOfPage {
+  protected:
+    template <class... Args>
+    std::string Call(const wchar_t* name, Args&&... args) {
+        return ResultText(CallMember(config_.Get(), name, std::forward<Args>(args)...));
+    }
+    void StartAnew() { config_ = Plugin(L"config"); }
+
+    ComPtr<IDispatch> config_ = Plugin(L"config");
+};
+
+class ConfigKey : public Config {
+  protected:
+    ConfigKey() { Use(L""); }
+
+    // A store at the test's key, or below it.
+    std::string Use(const std::wstring& below) {
+        return Call(L"init", (key_.Name() + (below.empty() ? L"" : L"\\" + below)).c_str());
+    }
+    void Write(const std::wstring& name) {
+        EXPECT_EQ(Call(L"setValue", name.c_str(), L"x"), kTrue) << Narrow(name);
+    }
+
+    const TestKey key_;
+};
+
+class ConfigFile : public Config {
+  protected:
+    ConfigFile() { EXPECT_EQ(Call(L"init", L"settings.ini", true), kTrue); }
+
+    const std::wstring path_ = folder_ / L"settings.ini";
+};
+
+TEST_F(Config, DoesNothingBeforeInit) {
+    for (const wchar_t* name : {L"", L"\\", L"\\\\"})
+        EXPECT_EQ(Call(L"init", name), kFalse) << Narrow(name);
+    EXPECT_EQ(Call(L"init", L"", true), kFalse);
+    EXPECT_EQ(Call(L"init", Variant::Text(L"settings\0.ini"s), true), kFalse);
+    EXPECT_EQ(Call(L"init", Variant::Text(L"a\0b"s)), kFalse);
+    EXPECT_EQ(Call(L"init", L"a", 1), StatusText(E_INVALIDARG));
+    EXPECT_EQ(Call(L"clear"), kFalse);
+    EXPECT_EQ(Call(L"clear", L"a"), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"a", 1), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"a", L"b", 1), kFalse);
+    EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"a", L"b"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"a"), kFalse);
+    EXPECT_EQ(Call(L"deleteValue", L"a", L"b"), kFalse);
+}
+
+TEST_F(Config, TakesArgumentsOfTheRightKind) {
+    EXPECT_EQ(Call(L"setValue", L"a"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Call(L"setValue", L"a", L"b", 1, 2), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Call(L"setValue", 1, 2), StatusText(E_INVALIDARG));
+    EXPECT_EQ(Call(L"setValue", L"a", 2, 3), StatusText(E_INVALIDARG));
+    EXPECT_EQ(Call(L"queryValue", L"a", 2), StatusText(E_INVALIDARG));
+    Variant argument = Variant::Text(L"a");
+    DISPPARAMS parameters = {&argument, nullptr, 1, 0};
+    EXPECT_THAT(config_->Invoke(-9997, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, nullptr,
+                                nullptr, nullptr),
+                HasStatus(E_INVALIDARG));
+}
+
+TEST_F(ConfigKey, KeepsValues) {
+    EXPECT_EQ(Call(L"setValue", L"number", -1), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"text", Variant::Text(L"\u6f22\0x"s)), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"a\\b\\large", Variant::I8(-1)), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"refused", true), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"refused", 1.5), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"refused", nullptr), kFalse);
+
+    StartAnew();
+    EXPECT_EQ(Call(L"queryValue", L"number"), "NULL") << "a new object has seen no init";
+    Use(L"");
+    EXPECT_EQ(Call(L"queryValue", L"number"), "UI4 4294967295");
+    EXPECT_EQ(Call(L"queryValue", L"text"), "BSTR " + Narrow(L"\u6f22\0x"s));
+    EXPECT_EQ(Call(L"queryValue", L"a\\b\\large"), "UI8 18446744073709551615");
+    EXPECT_EQ(Call(L"queryValue", L"a\\none\\large"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"refused"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"s", L"k"), "NULL") << "the form of a file";
+
+    EXPECT_EQ(Call(L"deleteValue", L"a\\b\\large"), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"a\\b\\large"), "NULL");
+    for (const wchar_t* none : {L"a\\b\\large", L"a\\none\\large", L"none"})
+        EXPECT_EQ(Call(L"deleteValue", none), kTrue) << Narrow(none);
+}
+
+TEST_F(ConfigKey, MakesItsKeyOnlyToWrite) {
+    Use(L"store");
+    EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"a"), kTrue);
+    EXPECT_EQ(Call(L"clear"), kFalse);
+    EXPECT_FALSE(key_.Has(L"store"));
+    EXPECT_EQ(Call(L"setValue", L"\\a", 1), kFalse);
+    EXPECT_TRUE(key_.Has(L"store"));
+    for (const wchar_t* name : {L"", L"a\\"}) {
+        EXPECT_EQ(Call(L"setValue", name, 1), kFalse);
+        EXPECT_EQ(Call(L"deleteValue", name), kFalse);
+        EXPECT_EQ(Call(L"queryValue", name), "NULL");
+    }
+    EXPECT_EQ(Call(L"setValue", Variant::Text(L"a\0b"s), 1), kFalse);
+    EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
+}
+
+TEST_F(ConfigKey, ClearsKeys) {
+    for (const wchar_t* name : {L"v", L"a\\v", L"a\\b\\v", L"a\\b\\c\\v"})
+        Write(name);
+    EXPECT_EQ(Call(L"clear", L"v"), kFalse) << "a value is no key";
+    for (const wchar_t* name : {L"", L"\\a", L"a\\", L"none", L"none\\a"})
+        EXPECT_EQ(Call(L"clear", name), kFalse) << Narrow(name);
+    EXPECT_EQ(Call(L"clear", 5), kFalse);
+    EXPECT_EQ(Call(L"clear", Variant::Text(L"a\0b"s)), kFalse);
+    EXPECT_TRUE(key_.Has(L"a\\b\\c"));
+    EXPECT_EQ(Call(L"clear", L"a\\b"), kTrue);
+    EXPECT_TRUE(key_.Has(L"a"));
+    EXPECT_FALSE(key_.Has(L"a\\b"));
+    EXPECT_EQ(Call(L"queryValue", L"v"), "BSTR x");
+    EXPECT_EQ(Call(L"clear"), kTrue);
+    EXPECT_FALSE(key_.Has(L""));
+    Write(L"v");
+    EXPECT_TRUE(key_.Has(L""));
+}
+
+// The open key stays until it is cleared, whatever name comes later.
+TEST_F(ConfigKey, StaysAtItsOpenKey) {
+    Use(L"one");
+    Write(L"v");
+    Use(L"two");
+    Write(L"w");
+    EXPECT_EQ(Call(L"queryValue", L"v"), "BSTR x");
+    EXPECT_FALSE(key_.Has(L"two"));
+    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no two";
+    Write(L"v");
+    EXPECT_TRUE(key_.Has(L"two"));
+    EXPECT_EQ(Call(L"queryValue", L"w"), "NULL");
+}
+
+TEST_F(ConfigKey, OutlivesItsKey) {
+    Use(L"store");
+    Write(L"v");
+    const ComPtr<IDispatch> stale = config_;
+    StartAnew();
+    Use(L"store");
+    EXPECT_EQ(Call(L"clear"), kTrue);
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"queryValue", L"v")), "NULL");
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"setValue", L"v", 1)), kFalse);
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"setValue", L"a\\v", 1)), kFalse);
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"deleteValue", L"v")), kTrue);
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"clear")), kFalse);
+    EXPECT_EQ(ResultText(CallMember(stale.Get(), L"setValue", L"v", 1)), kTrue);
+}
+
+TEST_F(ConfigFile, KeepsTexts) {
+    EXPECT_EQ(Call(L"queryValue", L"s", L"text"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"s", L"text"), kTrue);
+    EXPECT_FALSE(FileExists(path_));
+    const struct {
+        Argument value;
+        std::string read;
+    } cases[] = {
+        {L"plain", "BSTR plain"},
+        {5, "BSTR 5"},
+        {true, "BSTR -1"},
+        {Variant(), "EMPTY"},  // an empty text
+        {L" 'a' \"b\" ", "BSTR 'a' \"b\""},
+        {L"\" a \"", "BSTR  a "},
+        {std::wstring(10'239, L'x').c_str(), "BSTR " + std::string(10'239, 'x')},
+        {std::wstring(10'240, L'x').c_str(), "BSTR " + std::string(10'239, 'x')},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Call(L"setValue", L"s", L"key", Variant::Copy(c.value)), kTrue) << c.read;
+        EXPECT_EQ(Call(L"queryValue", L"S", L"KEY"), c.read);
+    }
+    EXPECT_EQ(Call(L"queryValue", L"s", L"none"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"none", L"key"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
+    EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"s", L"key"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"key"), "NULL") << "the form of a key";
+    EXPECT_EQ(Call(L"setValue", L"key", 1), kFalse);
+}
+
+TEST_F(ConfigFile, RefusesWhatNoLineHolds) {
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", L"kept"), kTrue);
+    const std::string before = ReadFileBytes(path_);
+    for (const auto& text : {L"a\nk=lost"s, L"a\r"s, L"a\0b"s}) {
+        EXPECT_EQ(Call(L"setValue", L"s", L"k", Variant::Text(text)), kFalse);
+        EXPECT_EQ(Call(L"setValue", L"s", Variant::Text(text), 1), kFalse);
+        EXPECT_EQ(Call(L"setValue", Variant::Text(text), L"k", 1), kFalse);
+        EXPECT_EQ(Call(L"clear", Variant::Text(text)), kFalse);
+    }
+    EXPECT_EQ(Call(L"deleteValue", L"s", Variant::Text(L"k\0"s)), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"", L"k", 1), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"s", L"", 1), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", nullptr), kFalse);
+    EXPECT_EQ(Call(L"clear", L""), kFalse);
+    EXPECT_EQ(ReadFileBytes(path_), before);
+}
+
+TEST_F(ConfigFile, ClearsSectionsAndTheFile) {
+    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no file";
+    for (const wchar_t* section : {L"one", L"two"})
+        EXPECT_EQ(Call(L"setValue", section, L"k", L"v"), kTrue);
+    EXPECT_EQ(Call(L"clear", L"one"), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"one", L"k"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "BSTR v");
+    EXPECT_EQ(Call(L"clear"), kTrue);
+    EXPECT_FALSE(FileExists(path_));
+    EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "NULL");
+    EXPECT_EQ(Call(L"setValue", L"three", L"k", L"v"), kTrue);
+    EXPECT_EQ(ReadFileBytes(path_).find("two"), std::string::npos);
+}
+
+TEST_F(ConfigFile, LeavesThePathToTheLastInit) {
+    EXPECT_EQ(Call(L"init", L"", true), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kTrue) << "a failed init changes nothing";
+    EXPECT_EQ(Call(L"init", L"\u00e9\u6f22.ini", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 2), kTrue);
+    EXPECT_TRUE(FileExists(folder_ / L"\u00e9\u6f22.ini"));
+    EXPECT_EQ(Call(L"init", L"no\\such\\folder.ini", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
+    EXPECT_EQ(Call(L"queryValue", L"s", L"k"), "NULL");
+    const TestKey key;
+    EXPECT_EQ(Call(L"init", key.Name().c_str(), false), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
+}
+
+// Left in the current folder for check_ini.
+TEST_F(ConfigFile, IsReadByOthers) {
+    const std::wstring path = std::filesystem::absolute("settings.ini").wstring();
+    EXPECT_EQ(Call(L"init", path.c_str(), true), kTrue);
+    Call(L"clear");
+    EXPECT_EQ(Call(L"setValue", L"window", L"Title", L"Caf\u00e9 = 100 % [open]; all"), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"My profile", L"a key", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"width", 640), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"ratio", 1.5), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"none", L""), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"window", L"Title"), "BSTR " + Narrow(L"Caf\u00e9 = 100 % [open]; all"));
+}
+
+}  // namespace
+}  // namespace tarvik
