@@ -187,7 +187,7 @@ TEST_F(Registry, EndsInTreesWithoutAnEnd) {
             FindFunction<DeleteKey>(L"ntdll.dll", "NtDeleteKey")(Get());
         }
     } up;
-    if (RegCreateKeyExW(loop.Get(), L"up", 0, nullptr, REG_OPTION_CREATE_LINK,
+    if (RegCreateKeyExW(loop.Get(), L"up", 0, nullptr, REG_OPTION_CREATE_LINK | REG_OPTION_VOLATILE,
                         KEY_ALL_ACCESS | KEY_CREATE_LINK, nullptr, up.Receive(), nullptr) != ERROR_SUCCESS)
         GTEST_SKIP() << "the user may make no links";
     const std::wstring target = FullName(loop.Get());

@@ -37,7 +37,8 @@ class TestKey {
 
   private:
     const HKEY root_;
-    const std::wstring name_ = L"TarvikTest \u00e9\u6f22 " + std::to_wstring(GetCurrentProcessId());
+    const std::wstring name_ = L"TarvikTest \u00e9\u6f22 " + std::to_wstring(GetCurrentProcessId()) + L" " +
+                               std::to_wstring(GetTickCount64());
 };
 
 }  // namespace tarvik
