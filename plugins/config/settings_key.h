@@ -14,9 +14,8 @@ namespace tarvik {
 // Settings below HKEY_CURRENT_USER\Software\NAME. A setting's name is that of a value, with the names of keys
 // before it where it has backslashes. Failures are thrown as statuses; without a chosen name all is E_FAIL.
 //
-// The key is opened when it is first needed and kept. A name that is chosen later does not change that:
-// values go to the open key until it is cleared, and that is intended. So does, for ever, a key that is
-// deleted meanwhile: it takes no values.
+// The key is opened when it is first needed and kept until it is cleared, and that is intended: values go to
+// it whatever name is chosen meanwhile, and it takes none once somebody else has deleted it.
 class SettingsKey {
   public:
     void Choose(std::wstring name);
