@@ -47,14 +47,14 @@ TEST_F(Config, DoesNothingBeforeInit) {
         EXPECT_EQ(Call(L"init", Variant::Text(name)), kFalse) << Narrow(name);
     for (const auto& path : {L""s, L"settings\0.ini"s})
         EXPECT_EQ(Call(L"init", Variant::Text(path), true), kFalse) << Narrow(path);
+    for (const wchar_t* member : {L"clear", L"deleteValue"})
+        EXPECT_EQ(Call(member, L"a"), kFalse) << Narrow(member);
+    for (const wchar_t* member : {L"setValue", L"deleteValue"})
+        EXPECT_EQ(Call(member, L"a", L"b"), kFalse) << Narrow(member);
     EXPECT_EQ(Call(L"clear"), kFalse);
-    EXPECT_EQ(Call(L"clear", L"a"), kFalse);
-    EXPECT_EQ(Call(L"setValue", L"a", 1), kFalse);
     EXPECT_EQ(Call(L"setValue", L"a", L"b", 1), kFalse);
     EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
     EXPECT_EQ(Call(L"queryValue", L"a", L"b"), "NULL");
-    EXPECT_EQ(Call(L"deleteValue", L"a"), kFalse);
-    EXPECT_EQ(Call(L"deleteValue", L"a", L"b"), kFalse);
 }
 
 TEST_F(Config, TakesArgumentsOfTheRightKind) {
@@ -169,8 +169,8 @@ TEST_F(ConfigFile, KeepsTexts) {
     }
     EXPECT_EQ(Call(L"queryValue", L"s", L"none"), "NULL");
     EXPECT_EQ(Call(L"queryValue", L"none", L"key"), "NULL");
-    EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
-    EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
     EXPECT_EQ(Call(L"queryValue", L"s", L"key"), "NULL");
     EXPECT_EQ(Call(L"queryValue", L"key"), "NULL") << "the form of a key";
     EXPECT_EQ(Call(L"setValue", L"key", 1), kFalse);
@@ -179,17 +179,14 @@ TEST_F(ConfigFile, KeepsTexts) {
 TEST_F(ConfigFile, RefusesWhatNoLineHolds) {
     EXPECT_EQ(Call(L"setValue", L"s", L"k", L"kept"), kTrue);
     const std::string before = ReadFileBytes(path_);
-    for (const auto& text : {L"a\nk=lost"s, L"a\r"s, L"a\0b"s}) {
-        EXPECT_EQ(Call(L"setValue", L"s", L"k", Variant::Text(text)), kFalse);
+    for (const auto& text : {L""s, L"a\nk=lost"s, L"a\r"s, L"k\0b"s}) {
+        EXPECT_EQ(Call(L"setValue", L"s", L"k", Variant::Text(text.empty() ? L"\n"s : text)), kFalse);
         EXPECT_EQ(Call(L"setValue", L"s", Variant::Text(text), 1), kFalse);
         EXPECT_EQ(Call(L"setValue", Variant::Text(text), L"k", 1), kFalse);
+        EXPECT_EQ(Call(L"deleteValue", L"s", Variant::Text(text)), kFalse);
         EXPECT_EQ(Call(L"clear", Variant::Text(text)), kFalse);
     }
-    EXPECT_EQ(Call(L"deleteValue", L"s", Variant::Text(L"k\0"s)), kFalse);
-    EXPECT_EQ(Call(L"setValue", L"", L"k", 1), kFalse);
-    EXPECT_EQ(Call(L"setValue", L"s", L"", 1), kFalse);
     EXPECT_EQ(Call(L"setValue", L"s", L"k", nullptr), kFalse);
-    EXPECT_EQ(Call(L"clear", L""), kFalse);
     EXPECT_EQ(ReadFileBytes(path_), before);
 }
 
@@ -203,11 +200,9 @@ TEST_F(ConfigFile, ClearsSectionsAndTheFile) {
     EXPECT_EQ(Call(L"clear"), kTrue);
     EXPECT_FALSE(FileExists(path_));
     EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "NULL");
-    EXPECT_EQ(Call(L"setValue", L"three", L"k", L"v"), kTrue);
-    EXPECT_EQ(ReadFileBytes(path_).find("two"), std::string::npos);
 }
 
-TEST_F(ConfigFile, LeavesThePathToTheLastInit) {
+TEST_F(ConfigFile, IsTheOneOfTheLastInit) {
     EXPECT_EQ(Call(L"init", L"", true), kFalse);
     EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kTrue) << "a failed init changes nothing";
     EXPECT_EQ(Call(L"init", L"\u00e9\u6f22.ini", true), kTrue);
@@ -215,9 +210,7 @@ TEST_F(ConfigFile, LeavesThePathToTheLastInit) {
     EXPECT_TRUE(FileExists(folder_ / L"\u00e9\u6f22.ini"));
     EXPECT_EQ(Call(L"init", L"no\\such\\folder.ini", true), kTrue);
     EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
-    EXPECT_EQ(Call(L"queryValue", L"s", L"k"), "NULL");
-    const TestKey key;
-    EXPECT_EQ(Call(L"init", key.Name().c_str(), false), kTrue);
+    EXPECT_EQ(Call(L"init", L"a key"), kTrue);
     EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
 }
 
@@ -231,7 +224,6 @@ TEST_F(ConfigFile, IsReadByOthers) {
     EXPECT_EQ(Call(L"setValue", L"window", L"width", 640), kTrue);
     EXPECT_EQ(Call(L"setValue", L"window", L"ratio", 1.5), kTrue);
     EXPECT_EQ(Call(L"setValue", L"window", L"none", L""), kTrue);
-    EXPECT_EQ(Call(L"queryValue", L"window", L"Title"), "BSTR " + Narrow(L"Caf\u00e9 = 100 % [open]; all"));
 }
 
 }  // namespace
