@@ -96,11 +96,29 @@ HRESULT EnterForResult(SelfOf<Handler>& self, const Call& call) {
     return call.Result() ? Enter<Handler>(self, call) : E_INVALIDARG;
 }
 
+// Two forms of one member: which is meant shows in the number of arguments.
+template <auto Short, auto Long>
+HRESULT EnterForm(SelfOf<Short>& self, const Call& call) {
+    using S = Signature<decltype(Short)>;
+    static_assert(S::kMost < Signature<decltype(Long)>::kLeast);
+    return call.Count() <= S::kMost ? Enter<Short>(self, call) : Enter<Long>(self, call);
+}
+
+template <auto Short, auto Long>
+HRESULT EnterFormForResult(SelfOf<Short>& self, const Call& call) {
+    return call.Result() ? EnterForm<Short, Long>(self, call) : E_INVALIDARG;
+}
+
 }  // namespace detail
 
 template <auto Handler>
 constexpr auto Method(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::Enter<Handler>, nullptr, nullptr};
+}
+
+template <auto Short, auto Long>
+constexpr auto Method(DISPID id, const wchar_t* name) {
+    return Member<detail::SelfOf<Short>>{id, name, detail::EnterForm<Short, Long>, nullptr, nullptr};
 }
 
 template <auto Handler, size_t kLeast, size_t kMost>
@@ -112,6 +130,11 @@ constexpr auto RawMethod(DISPID id, const wchar_t* name) {
 template <auto Handler>
 constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::EnterForResult<Handler>, nullptr, nullptr};
+}
+
+template <auto Short, auto Long>
+constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
+    return Member<detail::SelfOf<Short>>{id, name, detail::EnterFormForResult<Short, Long>, nullptr, nullptr};
 }
 
 template <auto Get>

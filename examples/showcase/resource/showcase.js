@@ -114,6 +114,28 @@ var Showcase = (function () {
       input.focus();
     },
 
+    // The lines of a table in a field: rows of a name and of values, which are shown as script writes them.
+    table: function (head, rows) {
+      function line(cells) {
+        var text = '';
+        for (var i = 0; i < cells.length; i++) {
+          while (text.length < 16 * i - 6) text += ' ';
+          text += cells[i].length < 16 ? cells[i] : cells[i].substr(0, 12) + '...';
+        }
+        return text;
+      }
+      var lines = [line([''].concat(head))];
+      for (var k = 0; k < rows.length; k++)
+        lines.push(line([rows[k][0], JSON.stringify(rows[k][1]), JSON.stringify(rows[k][2])]));
+      return lines;
+    },
+
+    // Where the user's programs keep their files. The page's own folder may go when the program ends.
+    iniPath: function () {
+      return window.external.registry.queryValue('HKEY_CURRENT_USER\\Volatile Environment\\APPDATA') +
+        '\\tarvik-showcase.ini';
+    },
+
     start: function () {
       var win = window.external.window;
       for (var i = 0; i < pages.length; i++) document.getElementById('menu').appendChild(menuItem(i));

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+
+#include "host/registry/plugin_base.h"
+#include "plugins/config/settings_file.h"
+#include "plugins/config/settings_key.h"
+
+namespace tarvik {
+
+// `config`: an application's settings, in the registry or in an INI file, as the last `init` chose. Members
+// have a form for each, told apart by the number of arguments; the form of the other store fails. A failure
+// in the work is false, or null where a value is asked for.
+class CConfigPlugin : public TablePlugin<CConfigPlugin> {
+  public:
+    static constexpr char kClassName[] = "CConfigPlugin";
+    static std::span<const Member<CConfigPlugin>> Members();
+
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+
+    Outcome Init(BSTR text, std::optional<bool> isPath);
+    Outcome Clear(std::optional<AnyValue> name);
+    Outcome SetKeyValue(BSTR name, AnyValue value);
+    Outcome SetFileValue(BSTR section, BSTR key, AnyValue value);
+    Variant QueryKeyValue(BSTR name);
+    Variant QueryFileValue(BSTR section, BSTR key);
+    Outcome DeleteKeyValue(BSTR name);
+    Outcome DeleteFileValue(BSTR section, BSTR key);
+
+  private:
+    std::wstring FullPathOf(BSTR path) const;
+
+    ComPtr<TVK::ICore> core_;
+    SettingsKey key_;
+    SettingsFile file_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,226 @@
+#include <filesystem>
+
+#include "script/properties.h"
+#include "tests/plugins/support/page_core.h"
+#include "tests/plugins/support/test_key.h"
+
+namespace tarvik {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr char kTrue[] = "BOOL true", kFalse[] = "BOOL false";
+
+class Config : public PluginsOfPage {
+  protected:
+    template <class... Args>
+    std::string Call(const wchar_t* name, Args&&... args) {
+        return ResultText(CallMember(config_.Get(), name, std::forward<Args>(args)...));
+    }
+    ComPtr<IDispatch> config_ = Plugin(L"config");
+};
+
+class ConfigKey : public Config {
+  protected:
+    ConfigKey() { Use(L"store"); }
+
+    // Settings in a key below the test's.
+    void Use(const std::wstring& name) {
+        EXPECT_EQ(Call(L"init", (key_.Name() + L"\\" + name).c_str()), kTrue);
+    }
+    void Write(const std::wstring& name) {
+        EXPECT_EQ(Call(L"setValue", name.c_str(), L"x"), kTrue) << Narrow(name);
+    }
+
+    const TestKey key_;
+};
+
+class ConfigFile : public Config {
+  protected:
+    ConfigFile() { EXPECT_EQ(Call(L"init", L"settings.ini", true), kTrue); }
+
+    const std::wstring path_ = folder_ / L"settings.ini";
+};
+
+TEST_F(Config, DoesNothingBeforeInit) {
+    for (const auto& name : {L""s, L"\\\\"s, L"a\0b"s})
+        EXPECT_EQ(Call(L"init", Variant::Text(name)), kFalse) << Narrow(name);
+    EXPECT_EQ(Call(L"init", L"", true), kFalse);
+    for (const wchar_t* member : {L"clear", L"deleteValue"})
+        EXPECT_EQ(Call(member, L"a"), kFalse) << Narrow(member);
+    for (const wchar_t* member : {L"setValue", L"deleteValue"})
+        EXPECT_EQ(Call(member, L"a", L"b"), kFalse) << Narrow(member);
+    EXPECT_EQ(Call(L"clear"), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"a", L"b", 1), kFalse);
+    EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"a", L"b"), "NULL");
+}
+
+TEST_F(Config, TakesArgumentsOfTheRightKind) {
+    EXPECT_EQ(Call(L"init", L"a", 1), StatusText(E_INVALIDARG));
+    EXPECT_EQ(Call(L"setValue", L"a"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Call(L"setValue", L"a", L"b", 1, 2), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Call(L"setValue", 1, 2), StatusText(E_INVALIDARG));
+    EXPECT_EQ(Call(L"setValue", L"a", 2, 3), StatusText(E_INVALIDARG));
+    Variant argument = Variant::Text(L"a");
+    DISPPARAMS parameters = {&argument, nullptr, 1, 0};
+    EXPECT_THAT(config_->Invoke(-9997, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, nullptr,
+                                nullptr, nullptr),
+                HasStatus(E_INVALIDARG))
+        << "a question without a place for the answer";
+}
+
+TEST_F(ConfigKey, KeepsValues) {
+    EXPECT_EQ(Call(L"setValue", L"number", -1), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"text", L"\u6f22"), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"a\\b\\large", Variant::I8(-1)), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"refused", true), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"refused", 1.5), kFalse);
+    EXPECT_EQ(Call(L"setValue", Variant::Text(L"refused\0x"s), 1), kFalse);
+
+    config_ = Plugin(L"config");
+    EXPECT_EQ(Call(L"queryValue", L"number"), "NULL") << "a new object has seen no init";
+    Use(L"store");
+    EXPECT_EQ(Call(L"queryValue", L"number"), "UI4 4294967295");
+    EXPECT_EQ(Call(L"queryValue", L"text"), "BSTR " + Narrow(L"\u6f22"));
+    EXPECT_EQ(Call(L"queryValue", L"a\\b\\large"), "UI8 18446744073709551615");
+    EXPECT_EQ(Call(L"queryValue", L"a\\none\\large"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"refused"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"s", L"k"), "NULL") << "the form of a file";
+    for (const wchar_t* name : {L"a\\b\\large", L"a\\b\\large", L"a\\none\\large"})
+        EXPECT_EQ(Call(L"deleteValue", name), kTrue) << Narrow(name);
+    EXPECT_EQ(Call(L"queryValue", L"a\\b\\large"), "NULL");
+}
+
+TEST_F(ConfigKey, MakesItsKeyOnlyToWrite) {
+    EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"a"), kTrue);
+    EXPECT_EQ(Call(L"clear"), kFalse);
+    EXPECT_FALSE(key_.Has(L"store"));
+    for (const wchar_t* name : {L"", L"\\a", L"a\\"}) {
+        EXPECT_EQ(Call(L"setValue", name, 1), kFalse) << Narrow(name);
+        EXPECT_EQ(Call(L"deleteValue", name), kFalse) << Narrow(name);
+        EXPECT_EQ(Call(L"queryValue", name), "NULL") << Narrow(name);
+    }
+    EXPECT_TRUE(key_.Has(L"store")) << "also for a bad name";
+}
+
+TEST_F(ConfigKey, ClearsKeys) {
+    for (const wchar_t* name : {L"v", L"a\\v", L"a\\b\\c\\v"})
+        Write(name);
+    for (const auto& name : {L""s, L"v"s, L"\\a"s, L"a\\"s, L"none"s, L"none\\a"s, L"a\0b"s})
+        EXPECT_EQ(Call(L"clear", Variant::Text(name)), kFalse) << Narrow(name);
+    EXPECT_EQ(Call(L"clear", 5), kFalse);
+    EXPECT_TRUE(key_.Has(L"store\\a\\b\\c"));
+    EXPECT_EQ(Call(L"clear", L"a\\b"), kTrue);
+    EXPECT_TRUE(key_.Has(L"store\\a"));
+    EXPECT_FALSE(key_.Has(L"store\\a\\b"));
+    EXPECT_EQ(Call(L"queryValue", L"v"), "BSTR x");
+    EXPECT_EQ(Call(L"clear"), kTrue);
+    EXPECT_FALSE(key_.Has(L"store"));
+    Write(L"v");
+    EXPECT_TRUE(key_.Has(L"store"));
+}
+
+// The open key stays until it is cleared, whatever name comes later.
+TEST_F(ConfigKey, StaysAtItsOpenKey) {
+    Write(L"v");
+    Use(L"other");
+    Write(L"w");
+    EXPECT_EQ(Call(L"queryValue", L"v"), "BSTR x");
+    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no other";
+    Write(L"v");
+    EXPECT_TRUE(key_.Has(L"other"));
+    EXPECT_EQ(Call(L"queryValue", L"w"), "NULL");
+}
+
+TEST_F(ConfigKey, OutlivesItsKey) {
+    Write(L"v");
+    EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, key_.Path().c_str()), ERROR_SUCCESS);
+    EXPECT_EQ(Call(L"queryValue", L"v"), "NULL");
+    EXPECT_EQ(Call(L"setValue", L"v", 1), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"a\\v", 1), kFalse);
+    EXPECT_EQ(Call(L"deleteValue", L"v"), kTrue);
+    EXPECT_EQ(Call(L"clear"), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"v", 1), kTrue);
+}
+
+TEST_F(ConfigFile, KeepsTexts) {
+    EXPECT_EQ(Call(L"queryValue", L"s", L"text"), "NULL");
+    EXPECT_EQ(Call(L"deleteValue", L"s", L"text"), kTrue);
+    EXPECT_FALSE(FileExists(path_));
+    const struct {
+        Argument value;
+        std::string read;
+    } cases[] = {
+        {L"plain", "BSTR plain"},
+        {5, "BSTR 5"},
+        {true, "BSTR -1"},
+        {Variant(), "EMPTY"},  // an empty text
+        {L" 'a' \"b\" ", "BSTR 'a' \"b\""},
+        {L"\" a \"", "BSTR  a "},
+        {std::wstring(10'239, L'x').c_str(), "BSTR " + std::string(10'239, 'x')},
+        {std::wstring(10'240, L'x').c_str(), "BSTR " + std::string(10'239, 'x')},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Call(L"setValue", L"s", L"key", Variant::Copy(c.value)), kTrue) << c.read;
+        EXPECT_EQ(Call(L"queryValue", L"S", L"KEY"), c.read);
+    }
+    EXPECT_EQ(Call(L"queryValue", L"s", L"none"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"none", L"key"), "NULL");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(Call(L"deleteValue", L"s", L"key"), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"s", L"key"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"key"), "NULL") << "the form of a key";
+    EXPECT_EQ(Call(L"setValue", L"key", 1), kFalse);
+}
+
+TEST_F(ConfigFile, RefusesEmptyNamesAndWhatIsNoText) {
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", L"kept"), kTrue);
+    const std::string before = ReadFileBytes(path_);
+    EXPECT_EQ(Call(L"setValue", L"s", L"", 1), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"", L"k", 1), kFalse);
+    EXPECT_EQ(Call(L"deleteValue", L"s", L""), kFalse);
+    EXPECT_EQ(Call(L"clear", L""), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", nullptr), kFalse);
+    EXPECT_EQ(ReadFileBytes(path_), before);
+}
+
+TEST_F(ConfigFile, ClearsSectionsAndTheFile) {
+    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no file";
+    for (const wchar_t* section : {L"one", L"two"})
+        EXPECT_EQ(Call(L"setValue", section, L"k", L"v"), kTrue);
+    EXPECT_EQ(Call(L"clear", L"one"), kTrue);
+    EXPECT_EQ(Call(L"queryValue", L"one", L"k"), "NULL");
+    EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "BSTR v");
+    EXPECT_EQ(Call(L"clear"), kTrue);
+    EXPECT_FALSE(FileExists(path_));
+    EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "NULL");
+}
+
+TEST_F(ConfigFile, IsTheOneOfTheLastInit) {
+    EXPECT_EQ(Call(L"init", L"", true), kFalse);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kTrue) << "a failed init changes nothing";
+    EXPECT_EQ(Call(L"init", L"\u00e9\u6f22.ini", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 2), kTrue);
+    EXPECT_TRUE(FileExists(folder_ / L"\u00e9\u6f22.ini"));
+    EXPECT_EQ(Call(L"init", L"no\\such\\folder.ini", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
+    EXPECT_EQ(Call(L"init", L"a key"), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
+}
+
+// Left in the current folder for check_ini.
+TEST_F(ConfigFile, IsReadByOthers) {
+    const std::wstring path = std::filesystem::absolute("settings.ini").wstring();
+    EXPECT_EQ(Call(L"init", path.c_str(), true), kTrue);
+    Call(L"clear");
+    EXPECT_EQ(Call(L"setValue", L"window", L"Title", L"Caf\u00e9 = 100 % [open]; all"), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"My profile", L"a key", true), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"width", 640), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"ratio", 1.5), kTrue);
+    EXPECT_EQ(Call(L"setValue", L"window", L"none", L""), kTrue);
+}
+
+}  // namespace
+}  // namespace tarvik
