@@ -20,14 +20,15 @@ Showcase.add({
       title: 'A menu in a menu',
       text: 'A menu may be in several others. Here it opens at a place of the page.',
       button: 'Open it',
-      run: function (say) {
+      run: function (say, card) {
         var trees = window.external.menu.createMenu();
         trees.appendMenu({ name: 'Beech', callback: say, context: 'Beech' });
         trees.appendMenu({ name: 'Oak', callback: say, context: 'Oak' });
         var menu = window.external.menu.createMenu();
         menu.appendMenu({ name: 'Trees to plant', subMenu: trees });
         menu.appendMenu({ name: 'Trees to fell', subMenu: trees });
-        menu.popup(280, 60);
+        var place = card.querySelector('button').getBoundingClientRect();
+        menu.popup(Math.round(place.left), Math.round(place.bottom));
       }
     },
     {
