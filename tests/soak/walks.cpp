@@ -123,7 +123,7 @@ class Walks {
   private:
     // Wine keeps device contexts and pictures for as many dialogs and menus as have been open at a time.
     Reading Now() {
-        constexpr double kRise = 20;
+        constexpr double kRise = 40;
         Reading reading = census_.Now();
         const auto gdi = static_cast<double>(reading.holdings.Take("GDI handles"));
         reading.levels.push_back({"GDI handles", gdi, kRise});

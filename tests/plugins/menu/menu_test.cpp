@@ -23,7 +23,7 @@ class Menu {
     int Exec(UINT id) const { return object_->Exec(id); }
     // As script sees it.
     std::string Append(const OptionObject& options) const {
-        return ResultText(CallMember(*this, L"appendMenu", static_cast<IDispatch*>(options)));
+        return CallText(*this, L"appendMenu", static_cast<IDispatch*>(options));
     }
     // Whether it was done.
     bool Add(const wchar_t* name, IDispatch* function, const Argument& context = Variant()) const {
@@ -55,10 +55,10 @@ class MenuPlugin : public PluginOfWindow {
 TEST_F(MenuPlugin, MakesMenusOfThreeTypes) {
     for (const wchar_t* type : {L"popupMenu", L"TRAYMENU", L"windowMenu"})
         EXPECT_TRUE(IsMenu(Make(type).Native())) << type;
-    EXPECT_EQ(ResultText(CallMember(Make(), L"popup")), "BOOL false") << "nothing is in it";
+    EXPECT_EQ(CallText(Make(), L"popup"), "BOOL false") << "nothing is in it";
     const Menu bar = Make(L"windowmenu");
     bar.Add(L"a", function_.Get());
-    EXPECT_EQ(ResultText(CallMember(bar, L"popup", 10, 10)), "BOOL false");
+    EXPECT_EQ(CallText(bar, L"popup", 10, 10), "BOOL false");
     for (const wchar_t* wrong : {L"", L"menu"})
         EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", wrong).status, HasStatus(E_NOTIMPL));
     EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", 1).status, HasStatus(E_INVALIDARG));
@@ -95,7 +95,7 @@ TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
          {OptionObject(), OptionObject().Set(L"name", 5), OptionObject().Set(L"separator", 1),
           OptionObject().Set(L"name", L"h").Set(L"subMenu", function_)})
         EXPECT_EQ(menu.Append(bad), "BOOL true");
-    EXPECT_EQ(ResultText(CallMember(menu, L"getItemCount")), "I4 " + std::to_string(count));
+    EXPECT_EQ(CallText(menu, L"getItemCount"), "I4 " + std::to_string(count));
     EXPECT_THAT(CallMember(menu, L"appendMenu", L"i").status, HasStatus(E_INVALIDARG));
 }
 
@@ -131,9 +131,7 @@ TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
     menu.Add(L"\u00C4pfel", function_.Get());
     menu.Add(L"more", function_.Get());
     menu.AddMenu(L"More", inner);
-    const auto enable = [&](const wchar_t* name, bool on) {
-        return ResultText(CallMember(menu, L"enable", name, on));
-    };
+    const auto enable = [&](const wchar_t* name, bool on) { return CallText(menu, L"enable", name, on); };
     EXPECT_EQ(enable(L"\u00E4PFEL", false), "BOOL true");
     EXPECT_EQ(menu.State(1), static_cast<UINT>(MF_GRAYED));
     EXPECT_EQ(enable(L"\u00C4pfel", true), "BOOL true");
@@ -146,7 +144,7 @@ TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
     EXPECT_THAT(CallMember(menu, L"enable", L"more", 1).status, HasStatus(E_INVALIDARG));
 
     EXPECT_EQ(CallMember(menu, L"getSubMenu", L"mORE").value.pdispVal, static_cast<IDispatch*>(inner));
-    EXPECT_EQ(ResultText(CallMember(menu, L"getSubMenu", L"\u00C4pfel")), "EMPTY");
+    EXPECT_EQ(CallText(menu, L"getSubMenu", L"\u00C4pfel"), "EMPTY");
     EXPECT_THAT(CallMember(menu, L"getSubMenu", L"").status, HasStatus(E_INVALIDARG));
 
     const Menu above = Make();
