@@ -111,15 +111,13 @@ TEST_F(Menus, StandInTheBarOfTheWindow) {
     Keys({VK_DOWN, VK_DOWN, VK_RETURN});
     EXPECT_TRUE(program_.WaitForLine("chosen: Close"));
     Click(InnermostWindow(window_));
-    INPUT alt[2] = {};
-    for (INPUT& step : alt) {
-        step.type = INPUT_KEYBOARD;
-        step.ki.wVk = VK_MENU;
-    }
-    alt[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(1, &alt[0], sizeof *alt);
+    INPUT alt = {};
+    alt.type = INPUT_KEYBOARD;
+    alt.ki.wVk = VK_MENU;
+    SendInput(1, &alt, sizeof alt);
     Keys({'H'});
-    SendInput(1, &alt[1], sizeof *alt);
+    alt.ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(1, &alt, sizeof alt);
     EXPECT_TRUE(program_.WaitForLine("chosen: Help"));
     EXPECT_THAT(Chosen(), ElementsAre("chosen: 2", "chosen: false", "chosen: Close", "chosen: Help"));
 }

@@ -1,6 +1,5 @@
 #include "host/contract/menu.h"
 
-#include "app/log/log.h"
 #include "tests/plugins/support/plugin_of_window.h"
 #include "tests/support/silent_object.h"
 
@@ -10,30 +9,26 @@ namespace {
 // A menu object and what the system has of it.
 class Menu {
   public:
-    Menu() = default;
-    explicit Menu(IDispatch* object) : object_(Query<TVK::IMenu>(object)) {}
+    explicit Menu(IDispatch* object = nullptr) : object_(Query<TVK::IMenu>(object)) {}
 
     operator IDispatch*() const { return object_.Get(); }
     HMENU Native() const { return object_->GetMenu(); }
     UINT State(int position) const {
-        return GetMenuState(Native(), static_cast<UINT>(position), MF_BYPOSITION) & 0xFF &
-               ~static_cast<UINT>(MF_HILITE);
+        return GetMenuState(Native(), static_cast<UINT>(position), MF_BYPOSITION) & 0xFF;
     }
     UINT Id(int position) const { return GetMenuItemID(Native(), position); }
     int Exec(UINT id) const { return object_->Exec(id); }
-    // As script sees it.
-    std::string Append(const OptionObject& options) const {
-        return CallText(*this, L"appendMenu", static_cast<IDispatch*>(options));
+
+    // Whether it was done, which script hears the other way round.
+    bool Append(const OptionObject& options) const {
+        return CallText(*this, L"appendMenu", static_cast<IDispatch*>(options)) == "BOOL false";
     }
-    // Whether it was done.
-    bool Add(const wchar_t* name, IDispatch* function, const Argument& context = Variant()) const {
-        return Append(OptionObject()
-                          .Set(L"name", name)
-                          .Set(L"callback", function)
-                          .Set(L"context", Variant::Copy(context))) == "BOOL false";
+    bool Add(const wchar_t* name, IDispatch* function, Argument context = Variant()) const {
+        return Append(
+            OptionObject().Set(L"name", name).Set(L"callback", function).Set(L"context", std::move(context)));
     }
     bool AddMenu(const wchar_t* name, IDispatch* menu) const {
-        return Append(OptionObject().Set(L"name", name).Set(L"subMenu", menu)) == "BOOL false";
+        return Append(OptionObject().Set(L"name", name).Set(L"subMenu", menu));
     }
 
   private:
@@ -48,8 +43,8 @@ class MenuPlugin : public PluginOfWindow {
     Menu Make(Args... type) const {
         return Menu(CallMember(plugin_.Get(), L"createMenu", type...).value.pdispVal);
     }
-    // With what came of calls to `function_`.
-    ComPtr<Recorder> function_ = MakeCom<Recorder>();
+
+    const ComPtr<Recorder> function_ = MakeCom<Recorder>();
 };
 
 TEST_F(MenuPlugin, MakesMenusOfThreeTypes) {
@@ -59,55 +54,39 @@ TEST_F(MenuPlugin, MakesMenusOfThreeTypes) {
     const Menu bar = Make(L"windowmenu");
     bar.Add(L"a", function_.Get());
     EXPECT_EQ(CallText(bar, L"popup", 10, 10), "BOOL false");
-    for (const wchar_t* wrong : {L"", L"menu"})
-        EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", wrong).status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", L"menu").status, HasStatus(E_NOTIMPL));
     EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", 1).status, HasStatus(E_INVALIDARG));
     EXPECT_THAT(CallMember(bar, L"popup", L"10").status, HasStatus(E_NOTIMPL)) << "one is too few";
     EXPECT_THAT(CallMember(bar, L"popup", L"10", 10).status, HasStatus(E_INVALIDARG));
 }
 
 TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
-    const Menu menu = Make();
-    const OptionObject named = OptionObject().Set(L"name", L"Item");
+    const Menu menu = Make(), inner = Make();
+    const auto item = [&](const wchar_t* option, auto&& value) {
+        return OptionObject().Set(L"name", L"a").Set(L"callback", function_).Set(option, value);
+    };
     const std::pair<OptionObject, UINT> good[] = {
-        {OptionObject().Set(L"name", L"a").Set(L"callback", function_), MF_ENABLED},
-        {OptionObject().Set(L"name", L"b").Set(L"callback", function_).Set(L"gray", true), MF_GRAYED},
-        {OptionObject().Set(L"name", L"c").Set(L"callback", function_).Set(L"gray", 1), MF_ENABLED},
-        {OptionObject().Set(L"name", L"d").Set(L"callback", L"f"), MF_GRAYED},
-        {OptionObject().Set(L"name", L"e").Set(L"subMenu", 5).Set(L"callback", function_), MF_ENABLED},
-        {OptionObject().Set(L"name", L"f").Set(L"subMenu", static_cast<IDispatch*>(Make())), MF_POPUP},
-        {OptionObject()
-             .Set(L"name", L"g")
-             .Set(L"subMenu", static_cast<IDispatch*>(Make()))
-             .Set(L"gray", true),
-         MF_POPUP | MF_GRAYED},
+        {item(L"context", 1), MF_ENABLED},
+        {item(L"gray", true), MF_GRAYED},
+        {item(L"gray", 1), MF_ENABLED},
+        {item(L"subMenu", 5), MF_ENABLED},
+        {OptionObject().Set(L"name", L"a"), MF_GRAYED},
+        {item(L"gray", true).Set(L"subMenu", static_cast<IDispatch*>(inner)), MF_POPUP | MF_GRAYED},
     };
     int count = 0;
     for (const auto& [options, state] : good) {
-        EXPECT_EQ(menu.Append(options), "BOOL false");
+        EXPECT_TRUE(menu.Append(options)) << count;
         EXPECT_EQ(menu.State(count), state) << count;
         ++count;
     }
-    EXPECT_EQ(menu.Append(OptionObject().Set(L"separator", true)), "BOOL false");
-    EXPECT_TRUE(GetMenuState(menu.Native(), static_cast<UINT>(count), MF_BYPOSITION) & MF_SEPARATOR);
-    ++count;
     for (const OptionObject& bad :
-         {OptionObject(), OptionObject().Set(L"name", 5), OptionObject().Set(L"separator", 1),
-          OptionObject().Set(L"name", L"h").Set(L"subMenu", function_)})
-        EXPECT_EQ(menu.Append(bad), "BOOL true");
-    EXPECT_EQ(CallText(menu, L"getItemCount"), "I4 " + std::to_string(count));
-    EXPECT_THAT(CallMember(menu, L"appendMenu", L"i").status, HasStatus(E_INVALIDARG));
-}
-
-TEST_F(MenuPlugin, SpendsANumberOnEveryAppend) {
-    const Menu menu = Make(), other = Make();
-    menu.Add(L"a", function_.Get());
-    menu.Append(OptionObject());
-    menu.AddMenu(L"b", other);
-    other.Append(OptionObject().Set(L"separator", true));
-    other.Add(L"c", function_.Get());
+         {OptionObject(), OptionObject().Set(L"name", 5), item(L"subMenu", function_)})
+        EXPECT_FALSE(menu.Append(bad));
+    EXPECT_TRUE(menu.Append(OptionObject().Set(L"separator", true)));
+    EXPECT_EQ(CallText(menu, L"getItemCount"), "I4 " + std::to_string(count + 1));
+    EXPECT_TRUE(inner.Add(L"b", function_.Get()));
     EXPECT_GE(menu.Id(0), 2000u);
-    EXPECT_EQ(other.Id(1), menu.Id(0) + 4);
+    EXPECT_EQ(inner.Id(0), menu.Id(0) + 10) << "every call takes a number";
 }
 
 TEST_F(MenuPlugin, RunsTheFunctionOfACommand) {
@@ -120,7 +99,6 @@ TEST_F(MenuPlugin, RunsTheFunctionOfACommand) {
     innermost.Add(L"deep", function_.Get(), nullptr);
     for (const UINT id : {menu.Id(0), menu.Id(1), menu.Id(2), innermost.Id(0)})
         EXPECT_EQ(menu.Exec(id), 0);
-    EXPECT_EQ(menu.Exec(1), 1);
     EXPECT_EQ(inner.Exec(menu.Id(1)), 1) << "that of the menu above";
     EXPECT_THAT(function_->Texts(), ElementsAre("", "BSTR text", "NULL"));
 }
@@ -129,50 +107,20 @@ TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
     const Menu menu = Make(), inner = Make();
     menu.Append(OptionObject().Set(L"separator", true));
     menu.Add(L"\u00C4pfel", function_.Get());
-    menu.Add(L"more", function_.Get());
     menu.AddMenu(L"More", inner);
-    const auto enable = [&](const wchar_t* name, bool on) { return CallText(menu, L"enable", name, on); };
-    EXPECT_EQ(enable(L"\u00E4PFEL", false), "BOOL true");
-    EXPECT_EQ(menu.State(1), static_cast<UINT>(MF_GRAYED));
-    EXPECT_EQ(enable(L"\u00C4pfel", true), "BOOL true");
-    EXPECT_EQ(menu.State(1), static_cast<UINT>(MF_ENABLED));
-    EXPECT_EQ(enable(L"MORE", false), "BOOL true");
-    EXPECT_EQ(menu.State(2), static_cast<UINT>(MF_GRAYED));
-    EXPECT_EQ(menu.State(3), static_cast<UINT>(MF_POPUP)) << "the first of the name is meant";
-    EXPECT_EQ(enable(L"", false), "BOOL false");
-    EXPECT_EQ(enable(L"mor", false), "BOOL false");
-    EXPECT_THAT(CallMember(menu, L"enable", L"more", 1).status, HasStatus(E_INVALIDARG));
-
+    menu.Add(L"more", function_.Get());
+    for (const bool on : {false, true}) {
+        EXPECT_EQ(CallText(menu, L"enable", L"\u00E4PFEL", on), "BOOL true");
+        EXPECT_EQ(menu.State(1), static_cast<UINT>(on ? MF_ENABLED : MF_GRAYED));
+    }
+    EXPECT_EQ(CallText(menu, L"enable", L"MORE", false), "BOOL true");
+    EXPECT_EQ(menu.State(2), static_cast<UINT>(MF_POPUP | MF_GRAYED));
+    EXPECT_EQ(menu.State(3), static_cast<UINT>(MF_ENABLED)) << "the first of the name is meant";
+    for (const wchar_t* none : {L"", L"mor"})
+        EXPECT_EQ(CallText(menu, L"enable", none, false), "BOOL false");
     EXPECT_EQ(CallMember(menu, L"getSubMenu", L"mORE").value.pdispVal, static_cast<IDispatch*>(inner));
     EXPECT_EQ(CallText(menu, L"getSubMenu", L"\u00C4pfel"), "EMPTY");
     EXPECT_THAT(CallMember(menu, L"getSubMenu", L"").status, HasStatus(E_INVALIDARG));
-
-    const Menu above = Make();
-    above.AddMenu(L"file", menu);
-    CallMember(above, L"enable", L"File", false);
-    EXPECT_EQ(above.State(0), static_cast<UINT>(MF_POPUP | MF_GRAYED));
-}
-
-// Of a plug-in library, for example.
-class ForeignMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
-  public:
-    STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
-    STDMETHODIMP_(HMENU) GetMenu() override { return menu; }
-    STDMETHODIMP_(int) Exec(UINT id) override { return ++asked, id == 77 ? 0 : 1; }
-
-    HMENU menu = nullptr;
-    int asked = 0;
-};
-
-TEST_F(MenuPlugin, TakesMenusOfOthers) {
-    const UniqueMenu native(CreatePopupMenu());
-    const auto foreign = MakeCom<ForeignMenu>();
-    const Menu menu = Make(), inner = Make();
-    EXPECT_FALSE(menu.AddMenu(L"foreign", foreign.Get())) << "it has none";
-    foreign->menu = native.Get();
-    EXPECT_TRUE(menu.AddMenu(L"inner", inner) && inner.AddMenu(L"foreign", foreign.Get()));
-    EXPECT_EQ(menu.Exec(77), 0);
-    EXPECT_EQ(menu.Exec(78), 1);
 }
 
 TEST_F(MenuPlugin, IsNeverInItself) {
@@ -181,44 +129,51 @@ TEST_F(MenuPlugin, IsNeverInItself) {
     EXPECT_TRUE(first.AddMenu(L"second", second) && second.AddMenu(L"third", third));
     for (const Menu& menu : {first, second, third})
         EXPECT_FALSE(third.AddMenu(L"around", menu));
-    EXPECT_FALSE(first.AddMenu(L"itself", first));
     EXPECT_TRUE(first.AddMenu(L"third again", third)) << "several may share one";
 }
 
 TEST_F(MenuPlugin, OutlivesTheMenusThatItIsIn) {
-    const ObjectCheck nothingLeft;
     const Menu shared = Make();
     shared.Add(L"a", function_.Get());
     {
         const Menu first = Make(), second = Make();
-        first.AddMenu(L"shared", shared);
-        second.AddMenu(L"shared", shared);
-        second.AddMenu(L"first", first);
+        EXPECT_TRUE(first.AddMenu(L"shared", shared) && second.AddMenu(L"first", first) &&
+                    second.AddMenu(L"shared", shared));
     }
     EXPECT_EQ(GetMenuItemCount(shared.Native()), 1);
-    EXPECT_EQ(shared.Exec(shared.Id(0)), 0);
 }
+
+// Of a plug-in library, for example.
+class ForeignMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
+  public:
+    STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
+    STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
+    STDMETHODIMP_(int) Exec(UINT id) override { return ++asked, id == 77 ? 0 : 1; }
+
+    int asked = 0;
+
+  private:
+    UniqueMenu menu_{CreatePopupMenu()};
+};
 
 // Twice in each of ten menus: 1024 ways lead to the innermost one.
 TEST_F(MenuPlugin, AsksASharedMenuOnce) {
-    const UniqueMenu native(CreatePopupMenu());
     const auto innermost = MakeCom<ForeignMenu>();
-    innermost->menu = native.Get();
-    ComPtr<IDispatch> menu(innermost.Get());
-    Menu top;
+    Menu top(innermost.Get());
     for (int i = 0; i < 10; ++i) {
-        top = Make();
-        EXPECT_TRUE(top.AddMenu(L"one", menu.Get()) && top.AddMenu(L"two", menu.Get()));
-        menu = static_cast<IDispatch*>(top);
+        const Menu above = Make();
+        EXPECT_TRUE(above.AddMenu(L"one", top) && above.AddMenu(L"two", top));
+        top = above;
     }
     EXPECT_EQ(top.Exec(78), 1);
     EXPECT_EQ(innermost->asked, 1);
+    EXPECT_EQ(top.Exec(77), 0);
 }
 
-TEST_F(MenuPlugin, NestsDeep) {
+TEST_F(MenuPlugin, NestsDeeperThanTheStack) {
     const ObjectCheck nothingLeft;
-    Menu menu = Make();
-    const Menu top = menu;
+    const Menu top = Make();
+    Menu menu = top;
     for (int i = 0; i < 9500; ++i) {
         const Menu below = Make();
         ASSERT_TRUE(menu.AddMenu(L"below", below)) << i;
@@ -230,23 +185,21 @@ TEST_F(MenuPlugin, NestsDeep) {
 
 TEST_F(MenuPlugin, BearsWhatItsFunctionDoes) {
     Menu menu = Make();
-    int calls = 0;
+    const HMENU native = menu.Native();
     const auto drop = [&](const Recorder::Record&) {
         for (int i = 0; i < 100; ++i)
             menu.Add(L"new", function_.Get());
         menu = Menu();
         DestroyWindow(window_);
-        ++calls;
         return Variant();
     };
-    menu.Add(L"a", MakeCom<Recorder>(drop).Get(), L"context");
-    const HMENU native = menu.Native();
-    TVK::IMenu* const only = Query<TVK::IMenu>(static_cast<IDispatch*>(menu)).Get();
+    const auto function = MakeCom<Recorder>(drop);
+    menu.Add(L"a", function.Get(), L"context");
+    TVK::IMenu* const only = Query<TVK::IMenu>(menu).Get();
     EXPECT_EQ(only->Exec(menu.Id(0)), 0);
-    EXPECT_EQ(calls, 1);
-    EXPECT_FALSE(IsMenu(native)) << "its last reference was dropped meanwhile";
-    const Menu late = Make();
-    EXPECT_TRUE(IsMenu(late.Native())) << "of a plug-in whose window has gone";
+    EXPECT_THAT(function->Texts(), ElementsAre("BSTR context"));
+    EXPECT_FALSE(IsMenu(native));
+    EXPECT_TRUE(IsMenu(Make().Native())) << "by a plug-in whose window has gone";
 }
 
 }  // namespace
