@@ -3,10 +3,10 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
-#include "host/web_browser.h"
-#include "tests/support/test.h"
+#include "tests/plugins/support/plugin_of_window.h"
 
 namespace tarvik {
 
@@ -29,18 +29,9 @@ inline std::string BitmapOf(const std::vector<uint32_t>& pixels, LONG width) {
     return bytes;
 }
 
-// The plug-in `window` of a real browser window.
-class WindowPluginTest : public testing::Test {
+class WindowPluginTest : public PluginOfWindow {
   protected:
-    WindowPluginTest() {
-        window_ = browser_->CreateHidden(nullptr, folder_.Write(L"page.html", "<html></html>").c_str());
-        browser_->GetPlugin(L"window", plugin_.GetAddressOf());
-    }
-    ~WindowPluginTest() override {
-        if (IsWindow(window_)) DestroyWindow(window_);
-        PumpOnce();
-    }
-    void SetUp() override { ASSERT_TRUE(window_ && plugin_); }
+    WindowPluginTest() : PluginOfWindow(L"window") {}
 
     RECT Place() const {
         RECT rect = {};
@@ -48,11 +39,6 @@ class WindowPluginTest : public testing::Test {
         return rect;
     }
     bool HasStyle(LONG bits) const { return (GetWindowLongW(window_, GWL_STYLE) & bits) == bits; }
-
-    const TempFolder folder_;
-    const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
-    HWND window_ = nullptr;
-    ComPtr<IDispatch> plugin_;
 };
 
 }  // namespace tarvik

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/registry/plugin_base.h"
+
+namespace tarvik {
+
+// `menu`: makes menus.
+class CMenuManagePlugin : public TablePlugin<CMenuManagePlugin> {
+  public:
+    static constexpr char kClassName[] = "CMenuManagePlugin";
+    static std::span<const Member<CMenuManagePlugin>> Members();
+
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+
+    HRESULT CreateMenu(const Call& call);
+
+  private:
+    ComPtr<TVK::ICore> core_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,66 @@
+#include "plugins/tray/tray_plugin.h"
+
+#include "atl/module.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CTrayPlugin> kMembers[] = {
+    Method<&CTrayPlugin::AddTray>(-10000, L"addTray"),
+    Method<&CTrayPlugin::Show>(-9999, L"show"),
+    Method<&CTrayPlugin::Hide>(-9998, L"hide"),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kClick>>(-9997, L"onClick"),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kDoubleClick>>(-9996, L"onDbClick"),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kRightClick>>(-9995, L"onRClick"),
+};
+static_assert(IsInOrder(kMembers));
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CTrayPlugin>(L"tray", TVK::kRetainedPlugin);
+
+constexpr WORD kProgramIcon = 1000;
+
+HICON LoadSmallIcon(HINSTANCE module, const wchar_t* name, UINT flags) {
+    return static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                                         GetSystemMetrics(SM_CYSMICON), flags));
+}
+
+}  // namespace
+
+std::span<const Member<CTrayPlugin>> CTrayPlugin::Members() {
+    return kMembers;
+}
+
+STDMETHODIMP CTrayPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
+    if (!core || !browser) return E_INVALIDARG;
+    if (core_) return S_OK;
+    core_ = core;
+    tray_.SubclassWindow(core->GetWindowHandle(), AsUnknown());
+    return S_OK;
+}
+
+HRESULT CTrayPlugin::AddTray(BSTR tip, std::optional<BSTR> icon) {
+    const std::wstring path(Bstr::View(icon.value_or(nullptr)));
+    tray_.SetTip(std::wstring(Bstr::View(tip)));
+    tray_.SetIcon({});
+    SetLastError(ERROR_SUCCESS);
+    UniqueIcon loaded(path.empty()
+                          ? LoadSmallIcon(appModule.Instance(), MAKEINTRESOURCEW(kProgramIcon), 0)
+                          : LoadSmallIcon(nullptr, ResolvePath(core_.Get(), path).c_str(), LR_LOADFROMFILE));
+    if (!loaded) ThrowLastError();
+    tray_.SetIcon(std::move(loaded));
+    tray_.Add();
+    return S_OK;
+}
+
+HRESULT CTrayPlugin::Show() {
+    tray_.Add();
+    return S_OK;
+}
+
+HRESULT CTrayPlugin::Hide() {
+    tray_.Remove();
+    return S_OK;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,91 @@
+#include <windows.h>
+#include <shellapi.h>
+
+#include <filesystem>
+
+#include "plugins/tray/tray_subclass.h"
+#include "tests/plugins/support/plugin_of_window.h"
+
+namespace tarvik {
+namespace {
+
+class TrayPlugin : public PluginOfWindow {
+  protected:
+    TrayPlugin() : PluginOfWindow(L"tray") {}
+
+    template <class... Args>
+    HRESULT Call(const wchar_t* member, Args... arguments) const {
+        return CallMember(plugin_.Get(), member, arguments...).status;
+    }
+    BOOL Tell(DWORD what) const {
+        NOTIFYICONDATAW record = {};
+        record.cbSize = sizeof record;
+        record.hWnd = window_;
+        record.uID = kTrayIcon;
+        return Shell_NotifyIconW(what, &record);
+    }
+    // Only an icon that is there can be changed.
+    bool IsShown() const { return Tell(NIM_MODIFY) != FALSE; }
+    LRESULT Click(LPARAM mouse, WPARAM icon = kTrayIcon) const {
+        return SendMessageW(window_, kTrayMessage, icon, mouse);
+    }
+};
+
+TEST_F(TrayPlugin, ShowsAndHidesItsIcon) {
+    const std::wstring file = std::filesystem::path(ExecutablePath()).replace_extension(L".ico");
+    for (const std::wstring& icon : {std::wstring(), file, L"file:///" + file}) {
+        EXPECT_THAT(Call(L"addTray", std::wstring(500, L't').c_str(), icon.c_str()), HasStatus(S_OK));
+        EXPECT_TRUE(IsShown());
+        EXPECT_THAT(Call(L"hide"), HasStatus(S_OK));
+        EXPECT_FALSE(IsShown());
+    }
+    for (int i = 0; i < 2; ++i)
+        EXPECT_THAT(Call(L"show"), HasStatus(S_OK)) << "what the shell refuses is not told";
+    EXPECT_TRUE(IsShown());
+}
+
+TEST_F(TrayPlugin, AddsNothingWithoutItsPicture) {
+    const std::wstring bad = folder_.Write(L"bad.ico", "no icon at all");
+    EXPECT_TRUE(FAILED(Call(L"addTray", L"tip", bad.c_str())));
+    EXPECT_THAT(Call(L"addTray", L"tip", (folder_ / L"missing.ico").c_str()),
+                HasStatus(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)));
+    EXPECT_FALSE(IsShown());
+}
+
+TEST_F(TrayPlugin, TellsItsThreeClicks) {
+    const auto click = MakeCom<Recorder>(), twice = MakeCom<Recorder>(), right = MakeCom<Recorder>();
+    Click(WM_LBUTTONUP);  // nobody is told
+    PutMember(plugin_.Get(), L"onClick", click);
+    PutMember(plugin_.Get(), L"onDbClick", twice);
+    PutMember(plugin_.Get(), L"onRClick", right);
+    for (const UINT mouse : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP,
+                             WM_RBUTTONDOWN, WM_RBUTTONUP})
+        EXPECT_EQ(Click(mouse), 0);
+    EXPECT_EQ(Click(WM_LBUTTONUP, kTrayIcon + 1), -1);
+    EXPECT_THAT(click->Texts(), ElementsAre("", ""));
+    EXPECT_THAT(twice->Texts(), ElementsAre(""));
+    EXPECT_THAT(right->Texts(), ElementsAre(""));
+}
+
+TEST_F(TrayPlugin, ComesBackWithTheShell) {
+    for (const bool shown : {true, false}) {
+        Call(L"addTray", L"tip");
+        if (!shown) Call(L"hide");
+        Tell(NIM_DELETE);
+        SendMessageW(window_, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+        EXPECT_EQ(IsShown(), shown);
+    }
+}
+
+TEST_F(TrayPlugin, GoesWithItsWindowInsideItsFunction) {
+    Call(L"addTray", L"tip");
+    const auto close = [this](const Recorder::Record&) { return DestroyWindow(window_), Variant(); };
+    PutMember(plugin_.Get(), L"onClick", MakeCom<Recorder>(close));
+    plugin_.Reset();
+    Click(WM_LBUTTONUP);
+    EXPECT_FALSE(IsWindow(window_));
+    EXPECT_FALSE(IsShown());
+}
+
+}  // namespace
+}  // namespace tarvik
