@@ -134,6 +134,23 @@ var Showcase = (function () {
     iniPath: function () {
       return window.external.registry.queryValue('HKEY_CURRENT_USER\\Volatile Environment\\APPDATA') +
         '\\tarvik-showcase.ini';
+    // Fields for texts and a button: act(text, ...) is called with what they hold.
+    form: function (card, texts, button, act) {
+      var box = card.querySelector('.field') || card.appendChild(element('div', 'field'));
+      var inputs = [];
+      var go = element('button', '', button);
+      box.innerHTML = '';
+      for (var i = 0; i < texts.length; i++) {
+        inputs.push(box.appendChild(element('input')));
+        inputs[i].value = texts[i];
+      }
+      go.onclick = function () {
+        var values = [];
+        for (var i = 0; i < inputs.length; i++) values.push(inputs[i].value);
+        act.apply(null, values);
+      };
+      box.appendChild(go);
+      inputs[0].focus();
     },
 
     start: function () {

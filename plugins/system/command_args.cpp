@@ -1,0 +1,43 @@
+#include "plugins/system/command_args.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CCmdArgs> kMembers[] = {
+    Method<&CCmdArgs::GetOrgArgsCount>(-9000, L"getOrgArgsCount"),
+    Method<&CCmdArgs::GetOrgArg>(-8999, L"getOrgArg"),
+    Method<&CCmdArgs::IsSwitchExist>(-8998, L"isSwitchExist"),
+    Method<&CCmdArgs::GetArgPair>(-8997, L"getArgPair"),
+};
+static_assert(IsInOrder(kMembers));
+
+std::optional<Bstr> TextOrNone(const wchar_t* text) {
+    if (!text) return std::nullopt;
+    return Bstr(text);
+}
+
+}  // namespace
+
+std::span<const Member<CCmdArgs>> CCmdArgs::Members() {
+    return kMembers;
+}
+
+Integer CCmdArgs::GetOrgArgsCount() {
+    return {line_.argc};
+}
+
+std::optional<Bstr> CCmdArgs::GetOrgArg(ExactInt index) {
+    const bool isInside = index.value >= 0 && index.value < line_.argc;
+    return TextOrNone(isInside ? line_.argv[index.value] : nullptr);
+}
+
+bool CCmdArgs::IsSwitchExist(BSTR name) {
+    return line_.HasSwitch(name);
+}
+
+std::optional<Bstr> CCmdArgs::GetArgPair(BSTR name) {
+    return TextOrNone(line_.GetValue(name));
+}
+
+}  // namespace tarvik

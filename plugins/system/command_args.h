@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+
+#include "app/command_line/command_line.h"
+#include "script/dispatch.h"
+
+namespace tarvik {
+
+// `system.cmdArgs`: the command line that the program was started with.
+class CCmdArgs : public TableDispatch<CCmdArgs> {
+  public:
+    static constexpr char kClassName[] = "CCmdArgs";
+    static std::span<const Member<CCmdArgs>> Members();
+
+    CCmdArgs() = default;
+    explicit CCmdArgs(const wchar_t* text) : line_(text) {}
+
+    // Raw arguments, the first of which is the program.
+    Integer GetOrgArgsCount();
+    std::optional<Bstr> GetOrgArg(ExactInt index);
+    bool IsSwitchExist(BSTR name);
+    std::optional<Bstr> GetArgPair(BSTR name);
+
+  private:
+    const CCommandLine line_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,45 @@
+#include "plugins/system/create_shortcut.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include "base/text.h"
+#include "plugins/system/path_option.h"
+#include "plugins/system/shortcut_file.h"
+
+namespace tarvik {
+
+namespace {
+
+bool IsUrl(const std::wstring& target) {
+    return PathIsURLW(target.c_str()) != FALSE;
+}
+
+// A file can lend its name to its shortcut, a URL cannot. The name gets .lnk whatever it is for, so a URL's
+// ends in .lnk.url; that is intended.
+std::wstring PathOnDesktop(std::wstring name, const std::wstring& target) {
+    if (name.empty() && !IsUrl(target)) name = PathFindFileNameW(target.c_str());
+    if (name.empty()) throw StatusError(E_INVALIDARG);
+    wchar_t desktop[kPathLength] = {};
+    if (!SHGetSpecialFolderPathW(nullptr, desktop, CSIDL_DESKTOPDIRECTORY, FALSE)) ThrowLastError();
+    return std::wstring(desktop) + L"\\" + name + L".lnk";
+}
+
+}  // namespace
+
+HRESULT SaveShortcut(TVK::ICore* core, const Options& options) {
+    Shortcut shortcut;
+    shortcut.target = PathOption(core, options, L"src");
+    if (shortcut.target.empty()) return E_INVALIDARG;
+    shortcut.arguments = options.Text(L"arg").value_or(L"");
+    std::wstring dest = PathOption(core, options, L"dest");
+    shortcut.icon = PathOption(core, options, L"icon");
+    if (!shortcut.icon.empty()) shortcut.iconIndex = options.Integer(L"iconIndex").value_or(0);
+
+    const bool onDesktop = options.Flag(L"desktop");
+    if (onDesktop != dest.empty()) return E_INVALIDARG;
+    if (onDesktop) dest = PathOnDesktop(options.Text(L"destName").value_or(L""), shortcut.target);
+    return IsUrl(shortcut.target) ? SaveUrlFile(shortcut, dest) : SaveLinkFile(shortcut, dest);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "host/registry/plugin_base.h"
+#include "script/options.h"
+
+namespace tarvik {
+
+// A path made absolute against the page; a URL stays as it is, and nothing stays nothing.
+inline std::wstring PathOption(TVK::ICore* core, const Options& options, const wchar_t* name) {
+    const std::wstring path = options.Text(name).value_or(L"");
+    return path.empty() ? path : ResolveUrl(core, path);
+}
+
+}  // namespace tarvik

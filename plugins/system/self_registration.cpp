@@ -1,0 +1,22 @@
+#include "plugins/system/self_registration.h"
+
+#include <shlwapi.h>
+
+#include "base/owners.h"
+#include "base/status.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+HRESULT CallRegistration(const std::wstring& path, const char* function) {
+    if (!PathFileExistsW(path.c_str())) return E_INVALIDARG;
+    // By its full path: the loader would look for another one elsewhere.
+    const UniqueModule library(LoadLibraryW(FullPath(path).c_str()));
+    if (!library) return LastErrorStatus();
+    using Registration = HRESULT STDAPICALLTYPE();
+    const FARPROC found = GetProcAddress(library.Get(), function);
+    if (!found) return E_FAIL;
+    return reinterpret_cast<Registration*>(reinterpret_cast<void*>(found))();
+}
+
+}  // namespace tarvik

@@ -1,0 +1,75 @@
+#include "plugins/system/shell_execute.h"
+
+#include "base/owners.h"
+#include "plugins/system/path_option.h"
+#include "script/properties.h"
+#include "script/ticket.h"
+#include "script/worker.h"
+
+namespace tarvik {
+
+namespace {
+
+// Waits for a process on a thread of its own and tells its exit code. Nobody can end the wait.
+class ShellExitContext : public Worker {
+  public:
+    ShellExitContext(IDispatch* exitCallback, const VARIANT& context, IDispatch* plugin)
+        : exitCallback_(exitCallback), context_(context), plugin_(plugin) {}
+
+    void SetProcess(UniqueHandle process) { process_ = std::move(process); }
+
+    HRESULT Run() override {
+        // A program that was running already has taken the request over: there is no end to wait for.
+        if (!process_) return S_OK;
+        const Variant code = Variant::UI4(WaitForExit());
+        process_.Reset();
+        return CallScriptFunction(exitCallback_.Get(), {&code, &context_.Get()});
+    }
+
+  private:
+    DWORD WaitForExit() const {
+        WaitForSingleObject(process_.Get(), INFINITE);
+        DWORD code = 0;
+        return GetExitCodeProcess(process_.Get(), &code) ? code : static_cast<DWORD>(LastErrorStatus());
+    }
+
+    Ticket exitCallback_;
+    ValueTicket context_;
+    Ticket plugin_;
+    UniqueHandle process_;
+};
+
+}  // namespace
+
+HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, const Options& options) {
+    const std::wstring path = PathOption(core, options, L"path");
+    if (path.empty()) return E_INVALIDARG;
+    const std::wstring folder = PathOption(core, options, L"workDir");
+    const std::wstring parameters = options.Text(L"args").value_or(L"");
+    const bool elevate = options.Flag(L"requestAdmin");
+    const ComPtr<IDispatch> exitCallback = options.Object(L"exitCallback");
+    const Variant context = options.Value(L"context");
+
+    const wchar_t* const verb = elevate && !calls.IsAdministrator() ? L"runas" : nullptr;
+    if (!exitCallback) {
+        return calls.Open(verb, path.c_str(), parameters.c_str(), folder.c_str()) ? E_FAIL : S_OK;
+    }
+    // Made first: a process whose end cannot be told is not started.
+    auto wait = std::make_unique<ShellExitContext>(exitCallback.Get(), context, plugin);
+    SHELLEXECUTEINFOW info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SEE_MASK_NOCLOSEPROCESS;
+    info.lpVerb = verb;
+    info.lpFile = path.c_str();
+    info.lpParameters = parameters.c_str();
+    info.lpDirectory = folder.c_str();
+    info.nShow = SW_SHOWNORMAL;
+    if (!calls.Execute(info)) {
+        if (GetLastError() == ERROR_CANCELLED) return E_ABORT;
+        ThrowLastError();  // not LastErrorStatus: the system's message to the user may have cleared the error
+    }
+    wait->SetProcess(UniqueHandle(info.hProcess));
+    return StartWorker(std::move(wait));
+}
+
+}  // namespace tarvik

@@ -1,0 +1,80 @@
+#include "plugins/system/shortcut_file.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+#include <intshcut.h>
+#include <isguids.h>
+
+#include "base/text.h"
+#include "plugins/system/shell_object.h"
+#include "script/object.h"
+#include "script/properties.h"
+
+namespace tarvik {
+
+namespace {
+
+template <class Interface>
+ComPtr<Interface> Demand(IUnknown* object) {
+    const auto found = Query<Interface>(object);
+    if (!found) throw StatusError(E_NOINTERFACE);
+    return found;
+}
+
+void SetIcon(IUnknown* object, const Shortcut& shortcut) {
+    if (shortcut.icon.empty()) return;
+    std::wstring icon = shortcut.icon;
+    if (PathIsRelativeW(icon.c_str())) {
+        icon = ReadPath([&](wchar_t* buffer) {
+            GetCurrentDirectoryW(kPathLength, buffer);
+            PathAppendW(buffer, shortcut.icon.c_str());
+        });
+    }
+    ThrowIfFailed(Demand<IShellLinkW>(object)->SetIconLocation(icon.c_str(), shortcut.iconIndex));
+}
+
+HRESULT Save(IUnknown* object, std::wstring path, const wchar_t* extension) {
+    if (_wcsicmp(PathFindExtensionW(path.c_str()), extension) != 0) path += extension;
+    return Demand<IPersistFile>(object)->Save(path.c_str(), TRUE);
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    return ReadPath([&](wchar_t* buffer) {
+        path.copy(buffer, kPathLength - 1);
+        PathRemoveFileSpecW(buffer);
+    });
+}
+
+}  // namespace
+
+HRESULT SaveLinkFile(const Shortcut& shortcut, const std::wstring& path) {
+    const auto link = MakeShellObject<IShellLinkW>(CLSID_ShellLink);
+    ThrowIfFailed(link->SetPath(shortcut.target.c_str()));
+    ThrowIfFailed(link->SetWorkingDirectory(FolderOf(shortcut.target).c_str()));
+    ThrowIfFailed(link->SetArguments(shortcut.arguments.c_str()));
+    SetIcon(link.Get(), shortcut);
+    return Save(link.Get(), path, L".lnk");
+}
+
+HRESULT SaveUrlFile(const Shortcut& shortcut, const std::wstring& path) {
+    const auto link =
+        MakeShellObject<IUniformResourceLocatorW>(CLSID_InternetShortcut, IID_IUniformResourceLocatorW);
+    ThrowIfFailed(link->SetURL(shortcut.target.c_str(), 0));
+    SetIcon(link.Get(), shortcut);
+    return Save(link.Get(), path, L".url");
+}
+
+ComPtr<IDispatch> ReadLinkFile(const std::wstring& path) {
+    const auto link = MakeShellObject<IShellLinkW>(CLSID_ShellLink);
+    ThrowIfFailed(Demand<IPersistFile>(link.Get())->Load(path.c_str(), STGM_READ));
+    wchar_t target[kPathLength] = {};
+    wchar_t arguments[kPathLength] = {};
+    ThrowIfFailed(link->GetPath(target, kPathLength, nullptr, 0));
+    ThrowIfFailed(link->GetArguments(arguments, kPathLength));
+    const auto parsed = MakeCom<CObject>();
+    ThrowIfFailed(SetScriptProperty(parsed.Get(), L"path", Variant::Text(target)));
+    ThrowIfFailed(SetScriptProperty(parsed.Get(), L"args", Variant::Text(arguments)));
+    return ComPtr<IDispatch>(parsed.Get());
+}
+
+}  // namespace tarvik

@@ -1,0 +1,72 @@
+#include "plugins/system/taskbar_verb.h"
+
+#include <shellapi.h>
+#include <shldisp.h>
+#include <shlwapi.h>
+
+#include "base/bstr.h"
+#include "base/owners.h"
+#include "base/text.h"
+#include "base/variant.h"
+#include "plugins/system/shell_object.h"
+
+namespace tarvik {
+
+namespace {
+
+std::wstring ShellText(UINT id) {
+    const UniqueModule shell(LoadLibraryW(L"Shell32.dll"));
+    wchar_t text[kPathLength] = {};
+    if (shell) LoadStringW(shell.Get(), id, text, kPathLength);
+    return text;
+}
+
+// The shell gives nothing, and says that it succeeded, for what is not there.
+template <class Interface, class Get>
+ComPtr<Interface> Got(Get&& get) {
+    ComPtr<Interface> got;
+    ThrowIfFailed(get(got.GetAddressOf()));
+    if (!got) throw StatusError(E_FAIL);
+    return got;
+}
+
+ComPtr<FolderItemVerbs> VerbsOf(const std::wstring& path) {
+    const auto shell = MakeShellObject<IShellDispatch>(CLSID_Shell);
+    const std::wstring name = PathFindFileNameW(path.c_str());
+    const Variant place = Variant::Text(path.substr(0, path.size() - name.size()));
+    const Bstr itemName(name);
+    const auto folder = Got<Folder>([&](Folder** out) { return shell->NameSpace(place, out); });
+    const auto item =
+        Got<FolderItem>([&](FolderItem** out) { return folder->ParseName(itemName.Get(), out); });
+    return Got<FolderItemVerbs>([&](FolderItemVerbs** out) { return item->Verbs(out); });
+}
+
+}  // namespace
+
+HRESULT DoVerbOfText(const std::wstring& path, const std::wstring& text) {
+    const auto verbs = VerbsOf(path);
+    LONG count = 0;
+    ThrowIfFailed(verbs->get_Count(&count));
+    for (LONG i = 0; i < count; ++i) {
+        const auto verb =
+            Got<FolderItemVerb>([&](FolderItemVerb** out) { return verbs->Item(Variant::I4(i), out); });
+        Bstr name;
+        ThrowIfFailed(verb->get_Name(name.Receive()));
+        if (_wcsicmp(std::wstring(name.View()).c_str(), text.c_str()) == 0) return verb->DoIt();
+    }
+    return E_FAIL;
+}
+
+HRESULT DoTaskbarVerb(const TaskbarVerb& verb, const std::wstring& path) {
+    const std::wstring text = ShellText(verb.text);
+    if (text.empty()) return E_FAIL;
+    if (!PathFileExistsW(path.c_str())) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    // The extension is found and not used: only a path that is nothing but an extension goes by the name of
+    // the verb. That is intended; all others go by the menu, links too.
+    static_cast<void>(PathFindExtensionW(path.c_str()));
+    if (_wcsicmp(path.c_str(), L".lnk") != 0) return DoVerbOfText(path, text);
+    return HasStarted(ShellExecuteW(nullptr, verb.name, path.c_str(), nullptr, nullptr, SW_SHOW)) ? S_OK
+                                                                                                  : E_FAIL;
+}
+
+}  // namespace tarvik

@@ -1,0 +1,116 @@
+#include "plugins/system/environment.h"
+
+#include <shlobj.h>
+
+#include "tests/plugins/system/system_fixture.h"
+
+namespace tarvik {
+namespace {
+
+// Sets a variable, or takes it away, for as long as it lives.
+class Environment {
+  public:
+    Environment(const wchar_t* name, const wchar_t* value) : name_(name) {
+        before_.resize(GetEnvironmentVariableW(name, nullptr, 0));
+        existed_ = GetEnvironmentVariableW(name, before_.data(), static_cast<DWORD>(before_.size())) != 0;
+        SetEnvironmentVariableW(name, value);
+    }
+    ~Environment() { SetEnvironmentVariableW(name_, existed_ ? before_.c_str() : nullptr); }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+  private:
+    const wchar_t* const name_;
+    std::wstring before_;
+    bool existed_ = false;
+};
+
+TEST_F(System, PublishesTheSpecialFoldersInTheEnvironment) {
+    const Environment stale(L"DESKTOP", L"stale");
+    const auto published = [this](const wchar_t* name) {
+        const auto plugin = Plugin(L"system");
+        const Outgoing value = CallMember(plugin.Get(), L"getEnvirVar", name);
+        return value.value.Is(VT_BSTR) ? std::wstring(Bstr::View(value.value.bstrVal)) : L"no text";
+    };
+    for (const wchar_t* name :
+         {L"DESKTOP", L"STARTMENU", L"STARTUP", L"PROGRAMS", L"COMMON_DESKTOP", L"COMMON_STARTMENU",
+          L"COMMON_STARTUP", L"COMMON_PROGRAMS", L"SENDTO", L"MYDOCUMENTS"})
+        EXPECT_TRUE(FileExists(published(name))) << Narrow(name) << " " << Narrow(published(name));
+    {
+        const Environment given(L"LOCALAPPDATA", L"of the parent");
+        EXPECT_EQ(published(L"LOCALAPPDATA"), L"of the parent");
+    }
+    const Environment missing(L"LOCALAPPDATA", nullptr);
+    EXPECT_TRUE(FileExists(published(L"LOCALAPPDATA")));
+}
+
+TEST_F(System, ReadsTextsOfUpTo519Characters) {
+    for (const size_t length : {1, 518, 519, 520, 521, 5000}) {
+        SCOPED_TRACE(length);
+        const std::wstring text(length, L'\u00e9');
+        const Environment variable(L"TARVIK_TEST", text.c_str());
+        const std::string read = "BSTR " + (length < 520 ? Narrow(text) : std::string());
+        EXPECT_EQ(Ask(L"getEnvirVar", L"tarvik_test"), read);
+        EXPECT_EQ(Ask(L"expandEnvirPath", L"%TARVIK_TEST%"), read);
+    }
+    const Environment variable(L"TARVIK_TEST", L"value");
+    EXPECT_EQ(Ask(L"expandEnvirPath", L"a%TARVIK_TEST%b%TARVIK_NONE%"), "BSTR avalueb%TARVIK_NONE%");
+    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_NONE"), "NULL");
+    EXPECT_EQ(Ask(L"getEnvirVar", L""), "NULL");
+    EXPECT_EQ(Ask(L"getEnvirVar", 1), StatusText(E_INVALIDARG));
+}
+
+TEST_F(System, TellsFactsOfTheMachine) {
+    wchar_t user[LOCALE_NAME_MAX_LENGTH] = {}, system[LOCALE_NAME_MAX_LENGTH] = {};
+    GetUserDefaultLocaleName(user, LOCALE_NAME_MAX_LENGTH);
+    GetSystemDefaultLocaleName(system, LOCALE_NAME_MAX_LENGTH);
+    EXPECT_EQ(Get(L"userLanguage"), "BSTR " + Narrow(user));
+    EXPECT_EQ(Get(L"systemLanguage"), "BSTR " + Narrow(system));
+    EXPECT_EQ(Get(L"isX64Process"), "BOOL true");
+    EXPECT_EQ(Get(L"isX64System"), "BOOL false");
+}
+
+TEST_F(System, KnowsAnAdministratorAndKeepsNothingOfTheCheck) {
+    const std::string known = IsUserAnAdmin() ? "BOOL true" : "BOOL false";
+    EXPECT_EQ(Get(L"administrator"), known);
+    const long before = CountHandles();
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(Get(L"administrator"), known);
+    EXPECT_EQ(CountHandles(), before);
+    UniqueHandle token;
+    EXPECT_FALSE(OpenThreadToken(GetCurrentThread(), TOKEN_QUERY, TRUE, token.Receive()))
+        << "the thread is itself again";
+}
+
+TEST_F(System, GivesTheCommandLine) {
+    const Outgoing args = GetMember(plugin_.Get(), L"cmdArgs");
+    ASSERT_TRUE(args.value.Is(VT_DISPATCH));
+    EXPECT_EQ(GetMember(plugin_.Get(), L"cmdArgs").value.pdispVal, args.value.pdispVal);
+    const Outgoing program = CallMember(args.value.pdispVal, L"getOrgArg", 0);
+    EXPECT_THAT(ResultText(program), HasSubstr("test_system"));
+
+    const auto own = MakeCom<CCmdArgs>(L"app.exe -x /Key \"two words\" --odd 1 name=value");
+    const auto ask = [&](const wchar_t* member, auto&& argument) {
+        return ResultText(CallMember(own.Get(), member, std::forward<decltype(argument)>(argument)));
+    };
+    EXPECT_EQ(ResultText(CallMember(own.Get(), L"getOrgArgsCount")), "I4 7");
+    EXPECT_EQ(ask(L"getOrgArg", 3), "BSTR two words");
+    EXPECT_EQ(ask(L"getOrgArg", -1), "NULL");
+    EXPECT_EQ(ask(L"getOrgArg", 7), "NULL");
+    EXPECT_EQ(ask(L"getOrgArg", L"0"), StatusText(E_INVALIDARG));
+    for (const wchar_t* name : {L"x", L"X", L"/x", L"-x"})
+        EXPECT_EQ(ask(L"isSwitchExist", name), "BOOL true") << Narrow(name);
+    EXPECT_EQ(ask(L"isSwitchExist", L"--x"), "BOOL false");
+    EXPECT_EQ(ask(L"getArgPair", L"-KEY"), "BSTR two words");
+    EXPECT_EQ(ask(L"getArgPair", L"name"), "BSTR value");
+    EXPECT_EQ(ask(L"getArgPair", L"--odd"), "BSTR 1") << "one mark is dropped";
+    EXPECT_EQ(ask(L"getArgPair", L"-odd"), "NULL");
+    Variant null;
+    null.vt = VT_BSTR;
+    EXPECT_EQ(ask(L"getArgPair", Variant::Copy(null)), "NULL");
+    EXPECT_EQ(ResultText(InvokeMember(own.Get(), L"getOrgArgsCount", DISPATCH_PROPERTYGET, {})),
+              StatusText(E_NOTIMPL));
+}
+
+}  // namespace
+}  // namespace tarvik

@@ -1,0 +1,98 @@
+// What changes the session and the machine. Only calls that do nothing are made.
+#include "plugins/system/elevated_restart.h"
+#include "plugins/system/taskbar_verb.h"
+#include "tests/plugins/system/system_fixture.h"
+
+namespace tarvik {
+namespace {
+
+TEST_F(HarmlessSystem, AsksForThePowerState) {
+    const struct {
+        const wchar_t* member;
+        const char* told;
+    } rows[] = {
+        {L"reboot", "end 2, privileged"},
+        {L"shutdown", "end 8, privileged"},
+        {L"hiberhates", "hibernate, privileged"},
+        {L"suspended", "suspend, privileged"},
+        {L"lockWorkStation", "lock"},
+        {L"closeMonitor", "monitor off"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(Narrow(row.member));
+        calls_.works = true;
+        EXPECT_EQ(Ask(row.member), "BOOL true");
+        calls_.works = false;
+        EXPECT_EQ(Ask(row.member), row.member == std::wstring(L"closeMonitor") ? "BOOL true" : "BOOL false");
+        EXPECT_THAT(calls_.Told(), ElementsAre(row.told, row.told));
+        EXPECT_EQ(Ask(row.member, 1), StatusText(E_NOTIMPL));
+        EXPECT_EQ(ResultText(GetMember(plugin_.Get(), row.member)), StatusText(E_NOTIMPL));
+        EXPECT_THAT(calls_.Told(), IsEmpty());
+    }
+}
+
+TEST_F(HarmlessSystem, RestartsForMoreRights) {
+    const auto put = [this](Argument value) {
+        return PutMember(plugin_.Get(), L"administrator", std::move(value)).status;
+    };
+    EXPECT_THAT(put(false), HasStatus(S_OK));
+    EXPECT_THAT(put(1), HasStatus(E_INVALIDARG));
+    calls_.isAdministrator = true;
+    EXPECT_THAT(put(true), HasStatus(S_OK));
+    EXPECT_THAT(calls_.Told(), IsEmpty());
+
+    calls_.isAdministrator = false;
+    const std::string start = "open runas " + Narrow(ExecutablePath());
+    for (const bool consent : {true, false}) {
+        calls_.works = consent;
+        EXPECT_THAT(put(true), HasStatus(E_ABORT));
+        EXPECT_THAT(calls_.Told(), ElementsAre(start, "quit"));
+    }
+    EXPECT_EQ(RestartArguments(CCommandLine(L"\"my app.exe\" -f \"a b\" x")), L" -f a b x") << "not quoted";
+    EXPECT_EQ(RestartArguments(CCommandLine(L"app.exe")), L"");
+}
+
+TEST_F(HarmlessSystem, TellsKindsOfAccessApart) {
+    EXPECT_EQ(Ask(L"administrator"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Ask(L"cmdArgs"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(Ask(L"abort", 1, L"any", nullptr), StatusText(E_ABORT));
+    EXPECT_THAT(PutMember(plugin_.Get(), L"isX64Process", true).status, HasStatus(E_NOTIMPL));
+    EXPECT_THAT(plugin_->Initialize(nullptr, nullptr), HasStatus(E_INVALIDARG));
+    // A read whose answer nobody wants, and a write that has the flag of a read as well.
+    DISPPARAMS none = {};
+    const auto invoke = [&](DISPID id, WORD flags, DISPPARAMS* parameters) {
+        return plugin_->Invoke(id, IID_NULL, 0, flags, parameters, nullptr, nullptr, nullptr);
+    };
+    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYGET, &none), HasStatus(S_OK));
+    Variant wanted = Variant::Bool(true);
+    DISPPARAMS one = {&wanted, nullptr, 1, 0};
+    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYGET, &one), HasStatus(E_ABORT));
+}
+
+TEST_F(System, LetsALibraryRegisterItself) {
+    const std::wstring library = Helper(L"self_registering.dll");
+    EXPECT_EQ(Ask(L"registerDll", library.c_str()), "BOOL true");
+    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "BSTR yes");
+    EXPECT_EQ(Ask(L"unregisterDll", library.c_str()), "BOOL false") << "S_FALSE is not S_OK";
+    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "NULL");
+    EXPECT_FALSE(GetModuleHandleW(L"self_registering.dll"));
+
+    CopyFileW(library.c_str(), (folder_ / L"beside the page.dll").c_str(), TRUE);
+    EXPECT_EQ(Ask(L"registerDll", L"beside the page.dll"), "BOOL true");
+    Ask(L"unregisterDll", L"beside the page.dll");
+    folder_.Write(L"text.dll", "no library");
+    for (const wchar_t* path : {L"missing.dll", L"text.dll", L"C:\\windows\\system32\\version.dll"})
+        EXPECT_EQ(Ask(L"registerDll", path), "BOOL false") << Narrow(path);
+}
+
+TEST_F(System, FindsAnEntryOfAFilesMenuByItsText) {
+    const std::wstring file = folder_.Write(L"file.txt", "");
+    EXPECT_THAT(DoVerbOfText(file, L"no such entry"), HasStatus(E_FAIL));
+    EXPECT_THAT(DoVerbOfText(file, L"&COPY"), testing::AnyOf(S_OK, E_NOTIMPL)) << "Wine finds, and does not";
+    EXPECT_NE(Guard([&] { return DoVerbOfText(folder_ / L"missing.txt", L"x"); }), S_OK);
+    for (const wchar_t* member : {L"pinToTaskbar", L"unpinFromTaskbar"})
+        EXPECT_EQ(Ask(member, L"missing.txt"), "BOOL false");
+}
+
+}  // namespace
+}  // namespace tarvik
