@@ -10,7 +10,6 @@ set(FLOOR_host_contract "")
 set(FLOOR_host_registry base app/log script host/contract)
 set(FLOOR_plugins_registry_keys base)
 set(FLOOR_plugins base app/log script atl host/contract host/registry plugins/registry_keys)
-set(FLOOR_plugins base app/log script atl host/contract host/registry)
 set(FLOOR_plugins_system base app/log app/command_line script host/contract host/registry)  # gives pages the command line
 set(FLOOR_control_engine base)
 set(FLOOR_control_view base control/engine)

@@ -132,8 +132,9 @@ var Showcase = (function () {
 
     // Where the user's programs keep their files. The page's own folder may go when the program ends.
     iniPath: function () {
-      return window.external.registry.queryValue('HKEY_CURRENT_USER\\Volatile Environment\\APPDATA') +
-        '\\tarvik-showcase.ini';
+      return window.external.system.expandEnvirPath('%APPDATA%\\tarvik-showcase.ini');
+    },
+
     // Fields for texts and a button: act(text, ...) is called with what they hold.
     form: function (card, texts, button, act) {
       var box = card.querySelector('.field') || card.appendChild(element('div', 'field'));
