@@ -3,7 +3,8 @@
 // callback comes that should not or does not come that should, and when more of anything is left than at half
 // time.
 
-#include <windows.h>
+#include "tests/support/web_server.h"
+
 #include <ole2.h>
 
 #include <array>
@@ -166,11 +167,47 @@ Errand EnumerateCancelled(Ground& ground) {
     return Cancelled(Enumerate(ground), End::kSuccess);
 }
 
-constexpr Errand (*kErrands[])(Ground&) = {Zip,         ZipIntoStream,     ZipNothing,     ZipCancelled,
-                                           Unzip,       UnzipNothing,      UnzipCancelled, Copy,
-                                           CopyNothing, CopyOntoAnother,   Move,           Read,
-                                           ReadNothing, ReadCancelled,     Write,          WriteCancelled,
-                                           Enumerate,   EnumerateCancelled};
+Errand Download(Ground& ground, const wchar_t* name, End end) {
+    static const WebServer server([](const WebExchange& exchange) {
+        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kFileSize) + "\r\n\r\n");
+        exchange.Send(std::string(exchange.Path() == "/whole" ? kFileSize : 100, 'x'));
+    });
+    const auto client = CallMember(ground.Plugin(L"http").Get(), L"createClient");
+    Errand errand = {client.value.pdispVal, L"downloadToFile", {}, end};
+    errand.options.Set(L"url", server.Url(name).c_str()).Set(L"destPath", ground.NewPath().c_str());
+    return errand;
+}
+Errand DownloadWhole(Ground& ground) {
+    return Download(ground, L"whole", End::kSuccess);
+}
+Errand DownloadPart(Ground& ground) {
+    return Download(ground, L"part", End::kFailure);
+}
+Errand DownloadCancelled(Ground& ground) {
+    return Cancelled(DownloadWhole(ground), End::kSilence);
+}
+
+constexpr Errand (*kErrands[])(Ground&) = {Zip,
+                                           ZipIntoStream,
+                                           ZipNothing,
+                                           ZipCancelled,
+                                           Unzip,
+                                           UnzipNothing,
+                                           UnzipCancelled,
+                                           Copy,
+                                           CopyNothing,
+                                           CopyOntoAnother,
+                                           Move,
+                                           Read,
+                                           ReadNothing,
+                                           ReadCancelled,
+                                           Write,
+                                           WriteCancelled,
+                                           Enumerate,
+                                           EnumerateCancelled,
+                                           DownloadWhole,
+                                           DownloadPart,
+                                           DownloadCancelled};
 
 class Run {
   public:

@@ -86,13 +86,9 @@ WebServer::~WebServer() {
     ends_ = true;
     accepting_.join();
     closesocket(listener_);
-    {
-        const std::scoped_lock locked(lock_);
-        for (const SOCKET socket : open_)
-            shutdown(socket, SD_BOTH);
-    }
-    for (std::thread& thread : serving_)
-        thread.join();
+    for (const Connection& connection : open_)
+        shutdown(connection.socket, SD_BOTH);
+    open_.remove_if(Close);
 }
 
 std::wstring WebServer::Url(std::wstring_view name) const {
@@ -101,24 +97,28 @@ std::wstring WebServer::Url(std::wstring_view name) const {
 
 void WebServer::Accept() {
     while (!ends_) {
+        open_.remove_if([](Connection& connection) { return connection.isOver && Close(connection); });
         if (!IsReadable(listener_, 20)) continue;
         const SOCKET socket = accept(listener_, nullptr, nullptr);
         if (socket == INVALID_SOCKET) continue;
         ++connections_;
-        const std::scoped_lock locked(lock_);
-        open_.push_back(socket);
-        serving_.emplace_back([this, socket] { Serve(socket); });
+        Connection& connection = open_.emplace_back(socket);
+        connection.thread = std::thread([this, &connection] { Serve(connection); });
     }
 }
 
-void WebServer::Serve(SOCKET socket) {
-    WebExchange exchange(socket);
+void WebServer::Serve(Connection& connection) const {
+    WebExchange exchange(connection.socket);
     exchange.ReadHead();
     answer_(exchange);
-    const std::scoped_lock locked(lock_);
-    std::erase(open_, socket);
-    shutdown(socket, SD_SEND);
-    closesocket(socket);
+    shutdown(connection.socket, SD_SEND);
+    connection.isOver = true;
+}
+
+bool WebServer::Close(Connection& connection) {
+    connection.thread.join();
+    closesocket(connection.socket);
+    return true;
 }
 
 WORD ClosedPort() {

@@ -5,11 +5,10 @@
 
 #include <atomic>
 #include <functional>
-#include <mutex>
+#include <list>
 #include <string>
 #include <string_view>
 #include <thread>
-#include <vector>
 
 namespace tarvik {
 
@@ -54,17 +53,23 @@ class WebServer {
     int Connections() const { return connections_; }
 
   private:
+    struct Connection {
+        explicit Connection(SOCKET accepted) : socket(accepted) {}
+        SOCKET socket;
+        std::atomic<bool> isOver = false;
+        std::thread thread;
+    };
+
     void Accept();
-    void Serve(SOCKET socket);
+    void Serve(Connection& connection) const;
+    static bool Close(Connection& connection);  // waits for its end; true
 
     const Answer answer_;
     WORD port_ = 0;
     SOCKET listener_;
     std::atomic<bool> ends_ = false;
     std::atomic<int> connections_ = 0;
-    std::mutex lock_;
-    std::vector<SOCKET> open_;
-    std::vector<std::thread> serving_;
+    std::list<Connection> open_;  // of the accepting thread
     std::thread accepting_;
 };
 
