@@ -44,10 +44,10 @@ class NewFile {
     UniqueHandle file_;
 };
 
-// Whether a call failed because there is nobody any more to take it. Wine says it by the last of these.
+// Whether a call failed because there is nobody any more to take it.
 bool HasGone(HRESULT status) {
     return status == RPC_E_DISCONNECTED || status == CO_E_OBJNOTCONNECTED || status == RPC_E_SERVER_DIED ||
-           status == RPC_E_SERVER_DIED_DNE || status == HRESULT_FROM_WIN32(RPC_S_UNKNOWN_IF);
+           status == RPC_E_SERVER_DIED_DNE;
 }
 
 }  // namespace

@@ -34,8 +34,6 @@ class AsyncRun {
     bool IsOver() const;
     Ending End() const;
 
-    Recorder* Progress() const { return progress_.Get(); }
-
   private:
     const ComPtr<Recorder> progress_;
     const ComPtr<Recorder> success_ = MakeCom<Recorder>();

@@ -1,3 +1,4 @@
+#include "app/log/log.h"
 #include "script/properties.h"
 #include "tests/plugins/http/http_fixture.h"
 
@@ -20,10 +21,16 @@ TEST_F(Http, GivesClientsWithNumbersToCompareWith) {
 TEST_F(Http, RefusesWrongCalls) {
     EXPECT_THAT(CallMember(plugin_.Get(), L"createClient", 1).status, HasStatus(E_NOTIMPL));
     EXPECT_THAT(GetMember(plugin_.Get(), L"createXmlHttp").status, HasStatus(E_NOTIMPL));
+
     DISPPARAMS none = {};
+    DebugChannel channel;
+    const DWORD flags = std::exchange(processLog.flags, kLogError);
     EXPECT_THAT(
         plugin_->Invoke(-10000, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
         HasStatus(S_OK));
+    processLog.flags = flags;
+    EXPECT_THAT(channel.texts, ElementsAre(EndsWith("CHttpPlugin::CreateClient pResult is NULL.\n")));
+
     const auto client = NewClient();
     EXPECT_THAT(CallMember(client.Get(), L"downloadToFile", L"http://localhost/").status,
                 HasStatus(E_INVALIDARG));
