@@ -4,6 +4,7 @@
 
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {
@@ -97,6 +98,42 @@ TEST_F(PageTest, CopiesListsAndDeletesFiles) {
     Run(L"file", L"#" + program_.Work());
     EXPECT_EQ(ReadFileBytes(program_.Work() + L"\\copied\\a.txt"), "12345");
     EXPECT_FALSE(FileExists(program_.Work() + L"\\tree"));
+}
+
+class DownloadPage : public PageTest {
+  protected:
+    static void Serve(const WebExchange& exchange) {
+        if (exchange.Path() == "/text") return exchange.Answer("a text");
+        if (exchange.Path() == "/whole") return exchange.Answer(std::string(300'000, 'w'));
+        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n");
+        for (int piece = 0; piece < 200 && exchange.Send(std::string(1'000, 's')); ++piece)
+            Sleep(10);
+    }
+
+    // A download that is under way when its page goes comes to its end all the same.
+    void LeaveDuringIt(const std::wstring& how) {
+        const std::wstring path = program_.Folder() / L"slow";
+        Start(L"download", L"#" + server_.Url() + L"," + how + L"," + path);
+        EXPECT_TRUE(program_.WaitForLine("ok: the next page is there"));
+        EXPECT_TRUE(WaitFor([&] { return static_cast<bool>(HoldFile(path)); })) << "closed";
+        EXPECT_EQ(ReadFileBytes(path).size(), 200'000u);
+        EXPECT_EQ(program_.Quit(0), 0u);
+        ExpectNoFailure();
+    }
+
+    const WebServer server_{Serve};
+};
+
+TEST_F(DownloadPage, TellsItsProgressAndItsEnd) {
+    Run(L"download", L"#" + server_.Url());
+}
+
+TEST_F(DownloadPage, MayNavigateMeanwhile) {
+    LeaveDuringIt(L"leave");
+}
+
+TEST_F(DownloadPage, MayCloseMeanwhile) {
+    LeaveDuringIt(L"close");
 }
 
 }  // namespace

@@ -93,7 +93,26 @@ constexpr Errand kErrands[] = {
     {L"fileIO", L"readAsync", L"tree\\a", End::kSilence, true},
     {L"fileIO", L"writeAsync", L"tree\\a", End::kSuccess},
     {L"fileIO", L"writeAsync", L"tree\\a", End::kSilence, true},
+    {L"http", L"downloadToFile", L"whole", End::kSuccess},
+    {L"http", L"downloadToFile", L"part", End::kFailure},
+    {L"http", L"downloadToFile", L"whole", End::kSilence, true},
 };
+
+// Sends a file, or less of it than it says.
+std::wstring UrlOf(const wchar_t* name) {
+    static const WebServer server([](const WebExchange& exchange) {
+        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kFileSize) + "\r\n\r\n");
+        exchange.Send(std::string(exchange.Path() == "/whole" ? kFileSize : 100, 'x'));
+    });
+    return server.Url(name);
+}
+
+ComPtr<IDispatch> WorkerOf(const Errand& errand, Ground& ground) {
+    const auto plugin = ground.Plugin(errand.plugin);
+    if (errand.plugin != std::wstring(L"http")) return plugin;
+    const auto client = CallMember(plugin.Get(), L"createClient");
+    return ComPtr<IDispatch>(client.value.pdispVal);
+}
 
 // Each member finds its own among them.
 OptionObject OptionsOf(const Errand& errand, Ground& ground, IDispatch* plugin) {
@@ -102,6 +121,7 @@ OptionObject OptionsOf(const Errand& errand, Ground& ground, IDispatch* plugin) 
     OptionObject options;
     options.Set(L"srcPath", source.c_str()).Set(L"destPath", dest.c_str()).Set(L"path", source.c_str());
     options.Set(L"len", Variant::UI4(kFileSize));
+    if (errand.plugin == std::wstring(L"http")) options.Set(L"url", UrlOf(errand.source).c_str());
     if (errand.member == std::wstring(L"readAsync")) {
         CallMember(plugin, L"open", source.c_str(), L"r");
     } else if (errand.member == std::wstring(L"writeAsync")) {
@@ -123,7 +143,7 @@ class Run {
           progress_(MakeCom<Recorder>([cancel = errand.isCancelled](const Recorder::Record&) {
               return cancel ? Variant::Bool(false) : Variant();
           })) {
-        const auto plugin = ground.Plugin(errand.plugin);
+        const auto plugin = WorkerOf(errand, ground);
         const OptionObject options = OptionsOf(errand, ground, plugin.Get());
         options.Set(L"progress", progress_).Set(L"success", success_).Set(L"fail", fail_);
         options.Set(L"callback", progress_).Set(L"completed", success_);

@@ -7,26 +7,37 @@
 
 namespace tarvik {
 
-Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
-                Recorder::Answer answer) {
-    const auto progress = MakeCom<Recorder>(std::move(answer));
-    const auto success = MakeCom<Recorder>();
-    const auto fail = MakeCom<Recorder>();
-    options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
-    const auto holders = [&] { return fail->AddRef(), fail->Release(); };
-    const ULONG before = holders();
+AsyncRun::AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+                   Recorder::Answer answer)
+    : progress_(MakeCom<Recorder>(std::move(answer))) {
+    options.Set(L"progress", progress_).Set(L"success", success_).Set(L"fail", fail_);
     const Outgoing out = CallMember(plugin, member, static_cast<IDispatch*>(options));
     EXPECT_EQ(out.status, S_OK);
-    EXPECT_TRUE(PumpUntil([&] { return holders() == before; }, std::chrono::minutes(1)));
-    Ending ending;
-    ending.result = ValueText(out.value);
-    for (const std::string& text : success->Texts())
-        ending.text += "success: " + text;
-    for (const std::string& text : fail->Texts())
-        ending.text += "fail: " + text;
-    ending.progress = progress->Texts();
+    result_ = ValueText(out.value);
     options.Set(L"progress", nullptr).Set(L"success", nullptr).Set(L"fail", nullptr);
+}
+
+bool AsyncRun::IsOver() const {
+    const auto isFree = [](Recorder* function) { return function->AddRef(), function->Release() == 1; };
+    return isFree(progress_.Get()) && isFree(success_.Get()) && isFree(fail_.Get());
+}
+
+Ending AsyncRun::End() const {
+    Ending ending;
+    ending.result = result_;
+    for (const std::string& text : success_->Texts())
+        ending.text += "success: " + text;
+    for (const std::string& text : fail_->Texts())
+        ending.text += "fail: " + text;
+    ending.progress = progress_->Texts();
     return ending;
+}
+
+Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+                Recorder::Answer answer) {
+    const AsyncRun run(plugin, member, options, std::move(answer));
+    EXPECT_TRUE(PumpUntil([&] { return run.IsOver(); }, std::chrono::minutes(1)));
+    return run.End();
 }
 
 }  // namespace tarvik

@@ -23,6 +23,24 @@ struct Ending {
     std::vector<std::string> progress;
 };
 
+// One run of an asynchronous member, with these options and functions of its own, which it is called with at
+// once. The options are borrowed for the call. `answer` is that of `progress`.
+class AsyncRun {
+  public:
+    AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+             Recorder::Answer answer = {});
+
+    // The functions have been let go of. It takes messages to come to that.
+    bool IsOver() const;
+    Ending End() const;
+
+  private:
+    const ComPtr<Recorder> progress_;
+    const ComPtr<Recorder> success_ = MakeCom<Recorder>();
+    const ComPtr<Recorder> fail_ = MakeCom<Recorder>();
+    std::string result_;
+};
+
 // Calls the member with these options and functions of its own, and pumps messages until the run has let go
 // of them. `answer` is that of `progress`.
 Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,

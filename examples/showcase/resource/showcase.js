@@ -31,12 +31,17 @@ var Showcase = (function () {
     return lines.join('\n');
   }
 
-  // An example is { title, text, button, run(say, card) }: what it runs is what it shows.
+  // An example is { title, text, address, button, run(say, card) }: what it runs is what it shows. With an address there is a
+  // field for one.
   function card(example) {
     var box = element('article', 'card');
     var about = element('div', 'about');
     about.appendChild(element('h2', '', example.title));
     about.appendChild(element('p', '', example.text));
+    if (example.address) {
+      var input = about.appendChild(element('div', 'field')).appendChild(element('input'));
+      input.value = example.address;
+    }
     if (example.button) {
       var button = element('button', '', example.button);
       button.onclick = function () {
@@ -98,6 +103,16 @@ var Showcase = (function () {
       area.appendChild(element('span', '', text));
       if (innerId) area.appendChild(element('div', 'drop', innerText)).id = innerId;
       return area.appendChild(element('pre'));
+    },
+
+    // A button beside that of the card, for one run; tells whether it was pressed.
+    cancel: function (card) {
+      var old = card.querySelector('.cancel');
+      var button = element('button', 'cancel', 'Cancel');
+      if (old) card.removeChild(old);
+      card.insertBefore(button, card.querySelector('button').nextSibling);
+      button.onclick = function () { button.disabled = true; };
+      return function () { return button.disabled; };
     },
 
     // A field for a text and what is made of it: lines(text) gives the lines to show, at once and at each change.

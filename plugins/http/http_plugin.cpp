@@ -1,0 +1,59 @@
+#include "plugins/http/http_plugin.h"
+
+#include "app/log/log.h"
+#include "plugins/http/client.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr Member<CHttpPlugin> kMembers[] = {
+    RawMethod<&CHttpPlugin::CreateClient, 0, 0>(-10000, L"createClient"),
+    RawMethod<&CHttpPlugin::CreateXmlHttp, 0, 0>(-9999, L"createXmlHttp"),
+};
+static_assert(IsInOrder(kMembers));
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CHttpPlugin>(L"http", TVK::kTransientPlugin);
+
+// The platform's own object for requests.
+ComPtr<IDispatch> MakeXmlHttp() {
+    CLSID id = {};
+    ComPtr<IDispatch> made;
+    ThrowIfFailed(CLSIDFromProgID(L"Microsoft.XMLHTTP", &id));
+    ThrowIfFailed(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                   reinterpret_cast<void**>(made.GetAddressOf())));
+    return made;
+}
+
+template <class Make>
+HRESULT GiveNew(const Call& call, const char* label, Make make) {
+    if (!call.Result()) {
+        TARVIK_ERROR(label, L"pResult is NULL.");
+        return S_OK;
+    }
+    Variant made;
+    (void)Guard([&] { made = Variant::Object(make().Get()); });
+    return Give(call.Result(), std::move(made));
+}
+
+}  // namespace
+
+std::span<const Member<CHttpPlugin>> CHttpPlugin::Members() {
+    return kMembers;
+}
+
+STDMETHODIMP CHttpPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
+    if (!core || !browser) return E_INVALIDARG;
+    core_ = core;
+    return S_OK;
+}
+
+HRESULT CHttpPlugin::CreateClient(const Call& call) {
+    return GiveNew(call, "CHttpPlugin::CreateClient", [this] { return MakeCom<CClientDispatch>(core_); });
+}
+
+HRESULT CHttpPlugin::CreateXmlHttp(const Call& call) {
+    return GiveNew(call, "CHttpPlugin::CreateXmlHttp", MakeXmlHttp);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/registry/plugin_base.h"
+
+namespace tarvik {
+
+// `http`: gives objects that speak HTTP. What cannot be made comes out as nothing, and the call succeeds.
+class CHttpPlugin : public TablePlugin<CHttpPlugin> {
+  public:
+    static constexpr char kClassName[] = "CHttpPlugin";
+    static std::span<const Member<CHttpPlugin>> Members();
+
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+
+    HRESULT CreateClient(const Call& call);
+    HRESULT CreateXmlHttp(const Call& call);
+
+  private:
+    ComPtr<TVK::ICore> core_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,54 @@
+#include "plugins/http/web_response.h"
+
+#include <cwchar>
+
+#include "base/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr DWORD kPatience = 30'000;  // milliseconds
+
+void LimitWaiting(HINTERNET handle) {
+    DWORD limit = kPatience;
+    if (!InternetSetOptionW(handle, INTERNET_OPTION_RECEIVE_TIMEOUT, &limit, sizeof limit)) ThrowLastError();
+}
+
+// Wine heeds the limit at the request alone, which nobody else sees before the server has answered.
+void CALLBACK OnStatus(HINTERNET, DWORD_PTR, DWORD status, LPVOID information, DWORD) {
+    if (status != INTERNET_STATUS_HANDLE_CREATED) return;
+    const auto* const created = static_cast<const INTERNET_ASYNC_RESULT*>(information);
+    (void)Guard([&] { LimitWaiting(reinterpret_cast<HINTERNET>(created->dwResult)); });
+}
+constexpr DWORD_PTR kTellStatus = 1;  // a context of 0 would switch the routine off
+
+}  // namespace
+
+WebResponse::WebResponse(const std::wstring& url)
+    : session_(InternetOpenW(L"Tarvik", INTERNET_OPEN_TYPE_DIRECT, nullptr, nullptr, 0)) {
+    if (!session_) ThrowLastError();
+    LimitWaiting(session_.Get());
+    InternetSetStatusCallbackW(session_.Get(), OnStatus);
+    request_.Reset(
+        InternetOpenUrlW(session_.Get(), url.c_str(), nullptr, 0, INTERNET_FLAG_RESYNCHRONIZE, kTellStatus));
+    if (!request_) ThrowLastError();
+}
+
+std::uint32_t WebResponse::ContentLength() const {
+    wchar_t text[100] = {};
+    DWORD size = sizeof text;
+    if (!HttpQueryInfoW(request_.Get(), HTTP_QUERY_CONTENT_LENGTH, text, &size, nullptr)) ThrowLastError();
+    const long length = std::wcstol(text, nullptr, 10);
+    if (length == 0) throw StatusError(E_FAIL);
+    return static_cast<std::uint32_t>(length);
+}
+
+std::uint32_t WebResponse::Read(std::span<std::uint8_t> bytes) const {
+    DWORD count = 0;
+    if (!InternetReadFile(request_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count))
+        ThrowLastError();
+    return count;
+}
+
+}  // namespace tarvik

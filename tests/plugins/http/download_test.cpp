@@ -1,0 +1,195 @@
+#include "tests/plugins/http/http_fixture.h"
+
+#include <wininet.h>
+
+namespace tarvik {
+namespace {
+
+constexpr size_t kPiece = 65536;
+
+std::string BodyOf(size_t size) {
+    std::string body(size, '\0');
+    for (size_t i = 0; i < size; ++i)
+        body[i] = static_cast<char>(i * 31 + i / 251);
+    return body;
+}
+
+std::string WinInetFailure(DWORD error) {
+    return FailText(HRESULT_FROM_WIN32(error), "I4 7");
+}
+
+class Download : public Http {
+  protected:
+    OptionObject Options(const std::wstring& url, const wchar_t* name = L"got") const {
+        return OptionObject().Set(L"url", url.c_str()).Set(L"destPath", name).Set(L"context", 7);
+    }
+    Ending Run(const std::wstring& url, Recorder::Answer answer = {}) const {
+        return RunToEnd(client_.Get(), L"downloadToFile", Options(url), std::move(answer));
+    }
+    std::unique_ptr<AsyncRun> Start(const std::wstring& url, const wchar_t* name) const {
+        return std::make_unique<AsyncRun>(client_.Get(), L"downloadToFile", Options(url, name));
+    }
+    bool IsThere() const { return FileExists(got_); }
+
+    static constexpr char kDone[] = "success: I4 7";
+    const ComPtr<IDispatch> client_ = NewClient();
+    const std::wstring got_ = folder_ / L"got";
+};
+
+TEST_F(Download, StoresABodyOfAnySizeAndTellsEachPiece) {
+    for (const size_t size : {size_t{1}, kPiece - 1, kPiece, kPiece + 1, size_t{5'000'000}}) {
+        const std::string body = BodyOf(size);
+        std::string head;
+        const WebServer server([&](const WebExchange& exchange) {
+            head = exchange.Head();
+            exchange.Answer(body);
+        });
+        bool wasClosed = false;
+        ULONG told = 0;
+        const Ending end = Run(server.Url(L"a?b=c"), [&](const Recorder::Record& call) {
+            EXPECT_GT(call.arguments[0].ulVal, told);
+            EXPECT_LE(call.arguments[0].ulVal - told, kPiece);
+            told = call.arguments[0].ulVal;
+            if (told == size) wasClosed = static_cast<bool>(HoldFile(got_));
+            return Variant::I4(0);
+        });
+        const std::string number = "UI4 " + std::to_string(size);
+        EXPECT_EQ(end.result, "BOOL true");
+        ASSERT_EQ(end.text, kDone);
+        EXPECT_EQ(end.progress.back(), number + ", " + number + ", I4 7");
+        EXPECT_EQ(end.progress.size() == 1, size <= kPiece) << size;
+        EXPECT_TRUE(wasClosed) << "before the last call";
+        EXPECT_TRUE(ReadFileBytes(got_) == body) << size;
+        EXPECT_THAT(head, testing::StartsWith("GET /a?b=c HTTP/1.1\r\n"));
+        EXPECT_THAT(head, HasSubstr("User-Agent: Tarvik\r\n"));
+    }
+}
+
+TEST_F(Download, GoesByTheLengthThatTheServerTells) {
+    const std::string eFail = FailText(E_FAIL, "I4 7");
+    const struct {
+        const char* answer;
+        std::string end;
+        const char* content;  // null: the file is removed
+    } rows[] = {
+        {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nnone", kDone, "none"},
+        {"HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nmore than that", kDone, "mor"},
+        {"HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n", eFail, "old"},
+        {"HTTP/1.1 200 OK\r\nContent-Length: many\r\n\r\nbody", eFail, "old"},
+        {"HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nshort", eFail, nullptr},
+        {"HTTP/1.1 200 OK\r\nContent-Length: -9\r\n\r\nnegative", eFail, nullptr},
+        {"HTTP/1.1 200 OK\r\nContent-Length: 99999999999\r\n\r\nhuge", eFail, nullptr},
+        {"HTTP/1.1 200 OK\r\n\r\nto the end", WinInetFailure(ERROR_HTTP_HEADER_NOT_FOUND), "old"},
+        {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n\r\n",
+         WinInetFailure(ERROR_HTTP_HEADER_NOT_FOUND), "old"},
+    };
+    for (const auto& row : rows) {
+        const WebServer server([&](const WebExchange& exchange) { exchange.Send(row.answer); });
+        folder_.Write(L"got", "old");
+        EXPECT_EQ(Run(server.Url()).text, row.end) << row.answer;
+        EXPECT_EQ(IsThere(), row.content != nullptr) << row.answer;
+        if (row.content) {
+            EXPECT_EQ(ReadFileBytes(got_), row.content) << row.answer;
+        }
+    }
+}
+
+TEST_F(Download, FollowsRedirects) {
+    const WebServer server([](const WebExchange& exchange) {
+        if (exchange.Path() == "/new") return exchange.Answer("moved");
+        exchange.Send("HTTP/1.1 302 Found\r\nLocation: /new\r\nContent-Length: 4\r\n\r\nnone");
+    });
+    EXPECT_EQ(Run(server.Url(L"old")).text, kDone);
+    EXPECT_EQ(ReadFileBytes(got_), "moved");
+}
+
+TEST_F(Download, TellsWhyItFailed) {
+    const std::wstring closed = L"http://127.0.0.1:" + std::to_wstring(ClosedPort()) + L"/";
+    EXPECT_EQ(Run(closed).text, WinInetFailure(ERROR_INTERNET_CANNOT_CONNECT));
+    EXPECT_EQ(Run(L"no url").text, WinInetFailure(ERROR_INTERNET_UNRECOGNIZED_SCHEME));
+    const WebServer dumb([](const WebExchange&) {});
+    EXPECT_THAT(Run(dumb.Url()).text, testing::StartsWith("fail: I4 -2147"));
+    EXPECT_FALSE(IsThere());
+
+    const WebServer server([](const WebExchange& exchange) { exchange.Answer("body"); });
+    folder_.Write(L"got", "in use");
+    {
+        const UniqueHandle lock = HoldFile(got_);
+        EXPECT_EQ(Run(server.Url()).text, WinInetFailure(ERROR_SHARING_VIOLATION));
+    }
+    EXPECT_EQ(ReadFileBytes(got_), "in use");
+    for (const wchar_t* missing : {L"url", L"destPath"}) {
+        const Ending end =
+            RunToEnd(client_.Get(), L"downloadToFile", Options(server.Url()).Set(missing, L""));
+        EXPECT_EQ(end.result, "BOOL false");
+        EXPECT_EQ(end.text, FailText(E_INVALIDARG, "I4 7"));
+    }
+}
+
+TEST_F(Download, StopsAsProgressAnswers) {
+    const std::string body = BodyOf(3 * kPiece);
+    const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
+    const auto no = [](const Recorder::Record&) { return Variant::Bool(false); };
+    const Ending first = Run(server.Url(), no);
+    EXPECT_EQ(first.progress.size(), 1u);
+    EXPECT_EQ(first.text, "") << "a cancel is silent";
+    EXPECT_FALSE(IsThere());
+    const Ending last = Run(server.Url(), [&](const Recorder::Record& call) {
+        return Variant::Bool(call.arguments[0].ulVal < body.size());
+    });
+    EXPECT_EQ(last.text, "");
+    EXPECT_TRUE(ReadFileBytes(got_) == body) << "too late: the file is complete";
+
+    ScriptBench script(client_.Get());
+    const auto fail = MakeCom<Recorder>();
+    const OptionObject options = Options(server.Url()).Set(L"fail", fail);
+    options.Set(L"progress", script.Evaluate(L"(function () { throw new Error('no'); })"));
+    CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
+    EXPECT_TRUE(PumpUntil([&] { return fail->AddRef(), fail->Release() == 2; })) << "here and in the options";
+    EXPECT_THAT(fail->Texts(), ElementsAre(testing::StartsWith("I4 -")));
+    EXPECT_FALSE(IsThere()) << "removed before it is told";
+    EXPECT_EQ(script.Errors(), 1);
+}
+
+TEST_F(Download, RunsTwentyTimesAtOnce) {
+    const std::string body = BodyOf(10 * kPiece);
+    const auto runTwenty = [&] {
+        const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body + exchange.Path()); });
+        std::vector<std::unique_ptr<AsyncRun>> runs;
+        for (int i = 0; i < 20; ++i) {
+            const std::wstring name = std::to_wstring(i);
+            runs.push_back(Start(server.Url(name), name.c_str()));
+        }
+        const auto isOver = [](const auto& run) { return run->IsOver(); };
+        EXPECT_TRUE(PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, std::chrono::minutes(1)));
+        for (int i = 0; i < 20; ++i) {
+            EXPECT_EQ(runs[i]->End().text, kDone);
+            EXPECT_TRUE(ReadFileBytes(folder_ / std::to_wstring(i)) == body + "/" + std::to_string(i));
+        }
+    };
+    runTwenty();  // the system makes itself threads that stay
+    PumpUntil([] { return false; }, std::chrono::milliseconds(300));
+    const Holdings before = Holdings::Now();
+    runTwenty();
+    EXPECT_TRUE(PumpUntil([&] { return Holdings::Now().GrownSince(before).empty(); }))
+        << Holdings::Now().GrownSince(before);
+}
+
+TEST_F(Download, GivesUpAServerThatFallsSilent) {
+    constexpr ULONGLONG kPatience = 30'000;
+    const WebServer server([](const WebExchange& exchange) {
+        if (exchange.Path() == "/begun") exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc");
+        exchange.StayOpen();
+    });
+    const ULONGLONG start = GetTickCount64();
+    const auto silent = Start(server.Url(L"silent"), L"silent"),
+               begun = Start(server.Url(L"begun"), L"begun");
+    EXPECT_TRUE(PumpUntil([&] { return silent->IsOver() && begun->IsOver(); }, std::chrono::minutes(1)));
+    EXPECT_GE(GetTickCount64() - start, kPatience - 1'000);
+    for (const auto& run : {silent.get(), begun.get()})
+        EXPECT_THAT(run->End().text, testing::StartsWith("fail: I4 -2147"));
+    EXPECT_FALSE(FileExists(folder_ / L"begun"));
+}
+
+}  // namespace
+}  // namespace tarvik
