@@ -3,7 +3,8 @@
 // callback comes that should not or does not come that should, and when more of anything is left than at half
 // time.
 
-#include <windows.h>
+#include "tests/support/web_server.h"
+
 #include <ole2.h>
 
 #include <cstdio>
