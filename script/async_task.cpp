@@ -5,9 +5,9 @@
 namespace tarvik {
 
 AsyncTask::AsyncTask(const Options& options)
-    : progress_(options.Object(L"progress").Get()),
-      success_(options.Object(L"success").Get()),
-      fail_(options.Object(L"fail").Get()),
+    : progress_(options.Function(L"progress").Get()),
+      success_(options.Function(L"success").Get()),
+      fail_(options.Function(L"fail").Get()),
       context_(options.Value(L"context")) {}
 
 HRESULT AsyncTask::Run() {
@@ -33,7 +33,7 @@ void AsyncTask::Fail(HRESULT status) {
 void CallFail(const Options& options, HRESULT status) {
     const Variant code = Variant::I4(status);
     const Variant context = options.Value(L"context");
-    CallScriptFunction(options.Object(L"fail").Get(), {&code, &context});
+    CallScriptFunction(options.Function(L"fail").Get(), {&code, &context});
 }
 
 }  // namespace tarvik

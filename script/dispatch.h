@@ -53,6 +53,7 @@ using DispatchObject = typename detail::DispatchObject<Entries...>::Type;
 // IDispatch over a member table. Self has
 //     static constexpr char kClassName[]                      its name in the log,
 //     static std::span<const Member<Self>> Members()          its rows,
+//     static constexpr bool kTracesCalls = true               only if its calls are to be traced,
 // and derives from TableDispatch<Self, Entries of ComObject...>; the first entry is the identity.
 template <class Self, class... Entries>
 class TableDispatch : public DispatchObject<Entries...> {
@@ -78,7 +79,7 @@ class TableDispatch : public DispatchObject<Entries...> {
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override {
-        TraceOperation(Self::kClassName, "Invoke");
+        if constexpr (requires { Self::kTracesCalls; }) TraceOperation(Self::kClassName, "Invoke");
         const auto* row = FindById(Self::Members(), id);
         if (!row) return E_NOTIMPL;
         // A callback made by the member may drop script's last reference.

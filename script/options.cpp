@@ -31,4 +31,9 @@ ComPtr<IDispatch> Options::Object(const wchar_t* name) const {
     return ObjectIn(Value(name));
 }
 
+ComPtr<IDispatch> Options::Function(const wchar_t* name) const {
+    const Variant value = Value(name);
+    return ComPtr<IDispatch>(value.Is(VT_DISPATCH) ? value.pdispVal : nullptr);
+}
+
 }  // namespace tarvik

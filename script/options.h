@@ -20,7 +20,9 @@ class Options {
     std::optional<std::wstring> Text(const wchar_t* name) const;
     bool Flag(const wchar_t* name, bool absent = false) const;
     std::optional<LONG> Integer(const wchar_t* name) const;
-    ComPtr<IDispatch> Object(const wchar_t* name) const;  // also a function; null if absent
+    ComPtr<IDispatch> Object(const wchar_t* name) const;  // null if absent
+    // Stricter than Object: what script engines hand over as VT_UNKNOWN is none. Null if absent.
+    ComPtr<IDispatch> Function(const wchar_t* name) const;
 
     IDispatch* Given() const { return object_.Get(); }
 

@@ -32,8 +32,15 @@ IDispatch* Ticket::Get() noexcept {
     return object_.Get();
 }
 
-ValueTicket::ValueTicket(const VARIANT& value)
-    : object_(ObjectIn(value).Get()), value_(ObjectIn(value) ? Variant() : Variant::Copy(value)) {}
+// What is an object, but none of script's, cannot be taken along.
+ValueTicket::ValueTicket(const VARIANT& value) {
+    const bool isObject = value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN;
+    if (const ComPtr<IDispatch> object = ObjectIn(value)) {
+        object_ = Ticket(object.Get());
+    } else if (!isObject || !value.punkVal) {
+        value_ = Variant::Copy(value);
+    }
+}
 
 const VARIANT& ValueTicket::Get() noexcept {
     if (IDispatch* object = object_.Get(); object && value_.Is(VT_EMPTY)) value_ = Variant::Object(object);

@@ -39,8 +39,10 @@ HKEY SettingsKey::Store() {
 
 // The store's key is made before the name is looked at; that is intended.
 void SettingsKey::SetValue(std::wstring_view name, const VARIANT& value) {
-    if (!Store()) open_ = MakeKey(HKEY_CURRENT_USER, Path(), kWriteKey);
+    RequireChosen();
+    if (!open_) open_ = MakeKey(HKEY_CURRENT_USER, Path(), kWriteKey);
     const KeyPath at = Split(name);
+    if (at.key.empty()) return WriteValue(open_.Get(), at.leaf, value);
     WriteValue(MakeKey(open_.Get(), at.key, kWriteKey).Get(), at.leaf, value);
 }
 
@@ -48,6 +50,7 @@ Variant SettingsKey::QueryValue(std::wstring_view name) {
     const HKEY store = Store();
     if (!store) return Variant::Null();
     const KeyPath at = Split(name);
+    if (at.key.empty()) return ReadValue(store, at.leaf);
     const UniqueKey key = FindKey(store, at.key, kReadKey);
     return key ? ReadValue(key.Get(), at.leaf) : Variant::Null();
 }
@@ -56,8 +59,9 @@ void SettingsKey::DeleteValue(std::wstring_view name) {
     const HKEY store = Store();
     if (!store) return;
     const KeyPath at = Split(name);
-    const UniqueKey key = FindKey(store, at.key, kWriteKey);
-    if (key) (void)Guard([&] { tarvik::DeleteValue(key.Get(), at.leaf); });
+    const UniqueKey below = at.key.empty() ? UniqueKey() : FindKey(store, at.key, kWriteKey);
+    const HKEY key = at.key.empty() ? store : below.Get();
+    if (key) (void)Guard([&] { tarvik::DeleteValue(key, at.leaf); });
 }
 
 void SettingsKey::Clear() {

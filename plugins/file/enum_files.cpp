@@ -54,8 +54,8 @@ class FilesWalk : public Worker {
 }  // namespace
 
 HRESULT StartEnumFiles(const Options& options) {
-    const auto callback = options.Object(L"callback");
-    const auto completed = options.Object(L"completed");
+    const auto callback = options.Function(L"callback");
+    const auto completed = options.Function(L"completed");
     if (!callback || !completed) return S_OK;
     return StartWorker(std::make_unique<FilesWalk>(options, callback.Get(), completed.Get()));
 }

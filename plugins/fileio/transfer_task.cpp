@@ -34,7 +34,7 @@ void TransferTask::Report(IDispatch* function, std::initializer_list<const VARIA
 ReadTask::ReadTask(const Options& options, std::shared_ptr<SharedFile> file)
     : TransferTask(options, std::move(file)) {
     if (SourceIn(options)) throw StatusError(E_INVALIDARG);
-    if (auto progress = options.Object(L"progress"))
+    if (auto progress = options.Function(L"progress"))
         teller_ = Ticket(MakeCom<ChunkTeller>(std::move(progress), options.Value(L"context")).Get());
 }
 

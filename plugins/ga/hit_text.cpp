@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <shlwapi.h>
 
+#include "base/language.h"
 #include "base/status.h"
 
 namespace tarvik {
@@ -31,15 +32,10 @@ std::wstring MachineGuid() {
     return L'{' + std::wstring(guid) + L'}';
 }
 
-std::wstring LocaleText(LCTYPE type) {
-    wchar_t text[100] = {};
-    if (GetLocaleInfoW(GetUserDefaultLCID(), type, text, static_cast<int>(std::size(text))) == 0)
-        ThrowLastError();
-    return text;
-}
-
 std::wstring UserLanguage() {
-    return LocaleText(LOCALE_SISO639LANGNAME) + L'-' + LocaleText(LOCALE_SISO3166CTRYNAME);
+    const auto language = LanguageOf(GetUserDefaultLCID());
+    if (!language) ThrowLastError();
+    return *language;
 }
 
 std::wstring CommonText(const HitOrigin& origin) {

@@ -12,7 +12,7 @@ namespace {
 
 constexpr Member<CMenuDispatch> kMembers[] = {
     Method<&CMenuDispatch::AppendMenu>(-10000, L"appendMenu"),
-    RawMethod<&CMenuDispatch::Popup, 0, 2>(-9999, L"popup"),
+    Method<&CMenuDispatch::Popup, &CMenuDispatch::PopupAt>(-9999, L"popup"),
     Method<&CMenuDispatch::GetSubMenu>(-9998, L"getSubMenu"),
     Method<&CMenuDispatch::Enable>(-9997, L"enable"),
     ResultMethod<&CMenuDispatch::GetItemCount>(-9996, L"getItemCount"),
@@ -136,7 +136,7 @@ void CMenuDispatch::Append(UINT id, const Options& options) {
         item.target = subMenu;
         opens = reinterpret_cast<UINT_PTR>(HandleOf(subMenu.Get()));
     } else {
-        item.target = options.Object(L"callback");
+        item.target = options.Function(L"callback");
         if (item.target) item.context = options.Value(L"context");
         if (!item.target && !isSeparator) item.flags |= MF_GRAYED;
     }
@@ -156,23 +156,26 @@ HMENU CMenuDispatch::HandleOf(IDispatch* subMenu) const {
     return handle;
 }
 
-HRESULT CMenuDispatch::Popup(const Call& call) {
-    if (call.Count() == 1) return E_NOTIMPL;
-    ExactInt x, y;
-    if (call.Count() == 2 && !(Read(call.At(0), x) && Read(call.At(1), y))) return E_INVALIDARG;
-    if (type_ == TVK::kWindowMenu || ::GetMenuItemCount(menu_.Get()) <= 0) return Give(call.Result(), false);
+bool CMenuDispatch::Popup() {
+    POINT point = {};
+    GetCursorPos(&point);
+    return Show(point);
+}
+
+bool CMenuDispatch::PopupAt(ExactInt x, ExactInt y) {
     POINT point = {x.value, y.value};
-    if (call.Count() == 2) {
-        ClientToScreen(serverWindow_, &point);
-    } else {
-        GetCursorPos(&point);
-    }
+    ClientToScreen(serverWindow_, &point);
+    return Show(point);
+}
+
+bool CMenuDispatch::Show(POINT point) {
+    if (type_ == TVK::kWindowMenu || ::GetMenuItemCount(menu_.Get()) <= 0) return false;
     // Without both a menu of a tray icon would not go when the user clicks elsewhere.
     if (type_ == TVK::kTrayMenu) SetForegroundWindow(mainWindow_);
     const UINT chosen = TrackMenu(menu_.Get(), point, serverWindow_);
     if (type_ == TVK::kTrayMenu) PostMessageW(nullptr, WM_NULL, 0, 0);
     if (chosen) Exec(chosen);
-    return Give(call.Result(), true);
+    return true;
 }
 
 Variant CMenuDispatch::GetSubMenu(BSTR name) {

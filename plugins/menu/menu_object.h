@@ -29,7 +29,8 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
     bool AppendMenu(IDispatch* options);
     // At a point of the page, or where the pointer is. Returns when the menu has gone, and the item's
     // function has come to its end.
-    HRESULT Popup(const Call& call);
+    bool Popup();
+    bool PopupAt(ExactInt x, ExactInt y);
     Variant GetSubMenu(BSTR name);
     bool Enable(BSTR name, bool on);
     Integer GetItemCount();
@@ -39,7 +40,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
 
   private:
     struct Item {
-        std::wstring name;         // empty for a separator
+        std::wstring name;         // a separator needs none
         UINT flags = 0;            // MF_GRAYED, MF_POPUP, MF_SEPARATOR
         ComPtr<IDispatch> target;  // the function, or the submenu's object
         Variant context;           // empty: the function gets no argument
@@ -50,6 +51,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
 
     void Append(UINT id, const Options& options);
     HMENU HandleOf(IDispatch* subMenu) const;
+    bool Show(POINT point);
     bool RunItem(UINT commandId);
     void ListSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const;
     Item* FindItem(BSTR name, UINT flags);

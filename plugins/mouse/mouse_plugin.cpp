@@ -9,7 +9,7 @@ constexpr LONG kMiddle = 2;
 
 constexpr Member<CMousePlugin> kMembers[] = {
     Method<&CMousePlugin::IsButtonDown>(-10000, L"isBtnDown"),
-    RawMethod<&CMousePlugin::Click, 0, 3>(-9999, L"click"),
+    Method<&CMousePlugin::Click, &CMousePlugin::ClickAt>(-9999, L"click"),
     Property<&CMousePlugin::GetX, &CMousePlugin::SetX>(-9998, L"x"),
     Property<&CMousePlugin::GetY, &CMousePlugin::SetY>(-9997, L"y"),
     Constant<CMousePlugin, 0>(-9996, L"LBTN"),
@@ -43,20 +43,22 @@ POINT Pointer() {
     return point;
 }
 
-// Input that does not move: the system looks at the place only with MOUSEEVENTF_MOVE.
-HRESULT SendButton(DWORD action) {
+// Input that does not move: the system heeds the place only with MOUSEEVENTF_MOVE.
+HRESULT SendButton(DWORD action, POINT point) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
+    input.mi.dx = point.x;
+    input.mi.dy = point.y;
     input.mi.dwFlags = action;
     SetLastError(ERROR_SUCCESS);
     return SendInput(1, &input, sizeof input) == 0 ? LastErrorStatus() : S_OK;
 }
 
-HRESULT PressAndRelease(const Button& button) {
+HRESULT PressAndRelease(const Button& button, POINT point) {
     constexpr DWORD kHeld = 50;  // milliseconds; some programs take no notice of a shorter press
-    if (const HRESULT status = SendButton(button.press); status != S_OK) return status;
+    if (const HRESULT status = SendButton(button.press, point); status != S_OK) return status;
     Sleep(kHeld);
-    return SendButton(button.release);
+    return SendButton(button.release, point);
 }
 
 }  // namespace
@@ -69,13 +71,12 @@ bool CMousePlugin::IsButtonDown(std::optional<ExactInt> button) {
     return GetKeyState(ButtonOf(button.value_or(ExactInt{})).key) < 0;
 }
 
-HRESULT CMousePlugin::Click(const Call& call) {
-    ExactInt button;
-    if (call.Count() == 2) return E_NOTIMPL;
-    if (call.Count() > 0 && !Read(call.At(0), button)) return E_INVALIDARG;
-    LooseInt x, y;
-    if (call.Count() == 3 && !(Read(call.At(1), x) && Read(call.At(2), y))) return E_INVALIDARG;
-    return Give(call.Result(), Outcome{PressAndRelease(ButtonOf(button))});
+Outcome CMousePlugin::Click(std::optional<ExactInt> button) {
+    return {PressAndRelease(ButtonOf(button.value_or(ExactInt{})), Pointer())};
+}
+
+Outcome CMousePlugin::ClickAt(ExactInt button, LooseInt x, LooseInt y) {
+    return {PressAndRelease(ButtonOf(button), {x.value, y.value})};
 }
 
 Integer CMousePlugin::GetX() {

@@ -14,8 +14,9 @@ class CMousePlugin : public TablePlugin<CMousePlugin> {
 
     // An unknown button is the left one.
     bool IsButtonDown(std::optional<ExactInt> button);
-    // click(), click(button) or click(button, x, y). The click is where the pointer is, whatever x and y say.
-    HRESULT Click(const Call& call);
+    // The click is where the pointer is, whatever x and y say; that is intended.
+    Outcome Click(std::optional<ExactInt> button);
+    Outcome ClickAt(ExactInt button, LooseInt x, LooseInt y);
 
     Integer GetX();
     bool SetX(LooseInt x);

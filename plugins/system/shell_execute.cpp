@@ -47,7 +47,7 @@ HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, 
     const std::wstring folder = PathOption(core, options, L"workDir");
     const std::wstring parameters = options.Text(L"args").value_or(L"");
     const bool elevate = options.Flag(L"requestAdmin");
-    const ComPtr<IDispatch> exitCallback = options.Object(L"exitCallback");
+    const ComPtr<IDispatch> exitCallback = options.Function(L"exitCallback");
     const Variant context = options.Value(L"context");
 
     const wchar_t* const verb = elevate && !calls.IsAdministrator() ? L"runas" : nullptr;

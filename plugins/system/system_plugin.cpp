@@ -2,11 +2,11 @@
 
 #include <limits>
 
+#include "base/language.h"
 #include "base/module_function.h"
 #include "plugins/system/create_shortcut.h"
 #include "plugins/system/elevated_restart.h"
 #include "plugins/system/environment.h"
-#include "plugins/system/language.h"
 #include "plugins/system/self_registration.h"
 #include "plugins/system/shell_execute.h"
 #include "plugins/system/shortcut_file.h"

@@ -48,8 +48,9 @@ HRESULT DoVerbOfText(const std::wstring& path, const std::wstring& text) {
     LONG count = 0;
     ThrowIfFailed(verbs->get_Count(&count));
     for (LONG i = 0; i < count; ++i) {
-        const auto verb =
-            Got<FolderItemVerb>([&](FolderItemVerb** out) { return verbs->Item(Variant::I4(i), out); });
+        ComPtr<FolderItemVerb> verb;
+        ThrowIfFailed(verbs->Item(Variant::I4(i), verb.GetAddressOf()));
+        if (!verb) continue;
         Bstr name;
         ThrowIfFailed(verb->get_Name(name.Receive()));
         if (_wcsicmp(std::wstring(name.View()).c_str(), text.c_str()) == 0) return verb->DoIt();

@@ -21,6 +21,7 @@ static_assert(IsInOrder(kMembers));
 constexpr WORD kProgramIcon = 1000;
 
 HICON LoadSmallIcon(HINSTANCE module, const wchar_t* name, UINT flags) {
+    SetLastError(ERROR_SUCCESS);
     return static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
                                          GetSystemMetrics(SM_CYSMICON), flags));
 }
@@ -43,7 +44,6 @@ HRESULT CTrayPlugin::AddTray(BSTR tip, std::optional<BSTR> icon) {
     const std::wstring path(Bstr::View(icon.value_or(nullptr)));
     tray_.SetTip(std::wstring(Bstr::View(tip)));
     tray_.SetIcon({});
-    SetLastError(ERROR_SUCCESS);
     UniqueIcon loaded(path.empty()
                           ? LoadSmallIcon(appModule.Instance(), MAKEINTRESOURCEW(kProgramIcon), 0)
                           : LoadSmallIcon(nullptr, ResolvePath(core_.Get(), path).c_str(), LR_LOADFROMFILE));

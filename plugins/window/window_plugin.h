@@ -21,6 +21,7 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     ~CWindowPlugin() override;
 
     static constexpr char kClassName[] = "CWindowPlugin";
+    static constexpr bool kTracesCalls = true;
     static std::span<const Member<CWindowPlugin>> Members();
 
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;

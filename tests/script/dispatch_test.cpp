@@ -12,6 +12,7 @@ namespace {
 class CSample : public TableDispatch<CSample> {
   public:
     static constexpr char kClassName[] = "CSample";
+    static constexpr bool kTracesCalls = true;
     static std::span<const Member<CSample>> Members();
 
     bool TakeBool(bool value) { return Note(value ? "true" : "false"), value; }

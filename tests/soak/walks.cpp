@@ -121,12 +121,14 @@ class Walks {
     }
 
   private:
-    // Wine keeps device contexts and pictures for as many dialogs and menus as have been open at a time.
+    // Wine keeps device contexts, pictures and icons for as many dialogs and menus as have been open at a
+    // time.
     Reading Now() {
-        constexpr double kRise = 40;
         Reading reading = census_.Now();
-        const auto gdi = static_cast<double>(reading.holdings.Take("GDI handles"));
-        reading.levels.push_back({"GDI handles", gdi, kRise});
+        for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0)}) {
+            const auto count = static_cast<double>(reading.holdings.Take(what));
+            reading.levels.push_back({what, count, rise});
+        }
         return reading;
     }
     bool Walk() {

@@ -172,7 +172,10 @@ var Showcase = (function () {
     start: function () {
       var win = window.external.window;
       for (var i = 0; i < pages.length; i++) document.getElementById('menu').appendChild(menuItem(i));
-      document.getElementById('quit').onclick = function () { win.quit(0); };
+      document.getElementById('quit').onclick = function () {
+        window.external.tray.hide();  // an icon outlives a window that is not closed
+        win.quit(0);
+      };
       // The program outlives its windows.
       win.onClosed = function () { win.quit(0); };
       document.getElementById('clear').onclick = function () { log.innerHTML = ''; };

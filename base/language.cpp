@@ -1,4 +1,4 @@
-#include "plugins/system/language.h"
+#include "base/language.h"
 
 namespace tarvik {
 
