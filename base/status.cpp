@@ -6,9 +6,12 @@ HRESULT LastErrorStatus() noexcept {
     return HRESULT_FROM_WIN32(GetLastError());
 }
 
-void ThrowLastError() {
-    const HRESULT status = LastErrorStatus();
+void ThrowFailure(HRESULT status) {
     throw StatusError(FAILED(status) ? status : E_FAIL);
+}
+
+void ThrowLastError() {
+    ThrowFailure(LastErrorStatus());
 }
 
 HRESULT CaughtStatus() noexcept {

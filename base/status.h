@@ -28,7 +28,10 @@ inline void ThrowIfFailed(HRESULT status) {
 // counts as success; that is intended.
 HRESULT LastErrorStatus() noexcept;
 
-// Throws the last error of a failed platform call; E_FAIL where the call left none.
+// Throws the status of a failed call; E_FAIL where that is no failure, as of a call that left no error.
+[[noreturn]] void ThrowFailure(HRESULT status);
+
+// The same with the last error of a failed platform call.
 [[noreturn]] void ThrowLastError();
 
 // The status of the exception being handled. Call only inside a catch block.

@@ -33,6 +33,11 @@ std::wstring FullPath(const std::wstring& path) {
     return full;
 }
 
+bool SameIgnoringCase(std::wstring_view left, std::wstring_view right) {
+    return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
+                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+}
+
 // A backslash stands for itself, except in front of a quote.
 std::wstring QuoteArgument(std::wstring_view text) {
     std::wstring quoted = L"\"";

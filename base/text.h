@@ -29,6 +29,9 @@ std::wstring ReadPath(Fill&& fill) {
     return buffer;
 }
 
+// Letter for letter, without regard to their case in any language.
+bool SameIgnoringCase(std::wstring_view left, std::wstring_view right);
+
 // The text as one argument of a command line, quoted as programs of Windows read it.
 std::wstring QuoteArgument(std::wstring_view text);
 

@@ -78,7 +78,7 @@ void CAnalytics::Send(std::unique_ptr<CAnalytics> hit, const std::wstring& body)
                             length, length, reinterpret_cast<DWORD_PTR>(sent))) {
         const HRESULT status = LastErrorStatus();
         hit.reset(sent);
-        throw StatusError(FAILED(status) ? status : E_FAIL);
+        ThrowFailure(status);
     }
 }
 

@@ -28,7 +28,7 @@ std::wstring MachineGuid() {
     DWORD size = sizeof guid;
     if (RegGetValueW(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Cryptography", L"MachineGuid", RRF_RT_REG_SZ,
                      nullptr, guid, &size) != ERROR_SUCCESS)
-        throw StatusError(FAILED(status) ? status : E_FAIL);
+        ThrowFailure(status);
     return L'{' + std::wstring(guid) + L'}';
 }
 

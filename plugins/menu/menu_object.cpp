@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/log/log.h"
+#include "base/text.h"
 #include "plugins/menu/native_menu.h"
 #include "script/properties.h"
 
@@ -32,11 +33,6 @@ UINT NextCommandId() {
 [[noreturn]] void RefuseItem(const wchar_t* reason, HRESULT status) {
     TARVIK_ERROR("CMenuDispatch::AddMenu", reason);
     throw StatusError(status);
-}
-
-bool SameIgnoringCase(std::wstring_view left, std::wstring_view right) {
-    return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
 }  // namespace

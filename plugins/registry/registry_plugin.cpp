@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/text.h"
 #include "plugins/registry_keys/registry_value.h"
 
 namespace tarvik {
@@ -38,11 +39,6 @@ struct Place {
     std::wstring path;
 };
 
-bool SameLetters(std::wstring_view one, std::wstring_view other) {
-    return CompareStringOrdinal(one.data(), static_cast<int>(one.size()), other.data(),
-                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
-}
-
 // The character behind a root's name is skipped, whatever it is; that is intended.
 Place PlaceOf(BSTR text) {
     static const struct {
@@ -57,7 +53,7 @@ Place PlaceOf(BSTR text) {
     };
     const std::wstring_view path = Bstr::View(text);
     for (const auto& root : kRoots) {
-        if (!SameLetters(path.substr(0, root.name.size()), root.name)) continue;
+        if (!SameIgnoringCase(path.substr(0, root.name.size()), root.name)) continue;
         return {root.key, std::wstring(path.substr(std::min(root.name.size() + 1, path.size())))};
     }
     throw StatusError(E_INVALIDARG);
@@ -153,7 +149,7 @@ Bstr CRegistryPlugin::GetMode() {
 
 HRESULT CRegistryPlugin::SetMode(BSTR mode) {
     const auto known = std::ranges::find_if(
-        kModes, [&](const Mode& each) { return SameLetters(Bstr::View(mode), each.word); });
+        kModes, [&](const Mode& each) { return SameIgnoringCase(Bstr::View(mode), each.word); });
     if (known == std::end(kModes)) return E_INVALIDARG;
     view_ = known->view;
     return S_OK;

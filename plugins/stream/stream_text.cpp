@@ -8,11 +8,6 @@ namespace tarvik {
 
 namespace {
 
-bool SameWord(std::wstring_view left, std::wstring_view right) {
-    return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
-}
-
 UINT CodePageOf(TextEncoding encoding) {
     return encoding == TextEncoding::kUtf8 ? CP_UTF8 : CP_ACP;
 }
@@ -32,9 +27,9 @@ Bstr TextOfUnits(std::string_view bytes) {
 }  // namespace
 
 TextEncoding EncodingOf(std::wstring_view name) {
-    if (SameWord(name, L"utf8")) return TextEncoding::kUtf8;
-    if (SameWord(name, L"unicode")) return TextEncoding::kUnicode;
-    if (SameWord(name, L"ansi")) return TextEncoding::kAnsi;
+    if (SameIgnoringCase(name, L"utf8")) return TextEncoding::kUtf8;
+    if (SameIgnoringCase(name, L"unicode")) return TextEncoding::kUnicode;
+    if (SameIgnoringCase(name, L"ansi")) return TextEncoding::kAnsi;
     throw StatusError(E_INVALIDARG);
 }
 

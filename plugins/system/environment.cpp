@@ -36,7 +36,7 @@ bool Exists(const wchar_t* variable) {
 }
 
 // Where a text does not fit, the system is free to leave a part of it in the buffer.
-std::optional<Bstr> TextOf(const wchar_t* buffer, DWORD lengthWithTerminator) {
+Bstr TextOf(const wchar_t* buffer, DWORD lengthWithTerminator) {
     return Bstr(lengthWithTerminator <= kTextLength ? buffer : L"");
 }
 
