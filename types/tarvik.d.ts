@@ -20,6 +20,24 @@ interface External {
   readonly hash: Tarvik.Hash;
   /** The author's log; *retained*. */
   readonly console: Tarvik.Console;
+  /** Questions about files and folders; deleting, copying, moving and listing; *retained*. */
+  readonly file: Tarvik.File;
+  /** One open file, whose bytes go to streams and come from them; *transient*: each read gives a new one. */
+  readonly fileIO: Tarvik.FileIO;
+  /** A block of bytes with a position; *transient*: each read gives a new one, which is empty. */
+  readonly stream: Tarvik.Stream;
+  /** ZIP archives; *transient*: each read gives a new one. */
+  readonly minizip: Tarvik.MiniZip;
+  /** Command line, environment, programs, shortcuts and the power; *retained*. */
+  readonly system: Tarvik.System;
+  /** The system's registry; *transient*: each read gives a new one. */
+  readonly registry: Tarvik.Registry;
+  /** An application's settings; *transient*: each read gives a new one. */
+  readonly config: Tarvik.Config;
+  /** Downloads and requests; *transient*: each read gives a new one. */
+  readonly http: Tarvik.Http;
+  /** Tells a measurement service what is used; *retained*. */
+  readonly ga: Tarvik.Analytics;
 
   /**
    * Loads a plug-in library. Its name is then read like that of a built-in plug-in: `window.external.name`.
@@ -89,9 +107,21 @@ declare namespace Tarvik {
      * external.hash.sha1().addData('one ').addData('two').finish();  //= external.hash.sha1().addData('one two').finish()
      */
     sha1(): Digest;
-    /** A new digest by MD5. */
+
+    /**
+     * A new digest by MD5.
+     *
+     * @example
+     * external.hash.md5().finish();  //= 'D41D8CD98F00B204E9800998ECF8427E'
+     */
     md5(): Digest;
-    /** A new digest by MD4. */
+
+    /**
+     * A new digest by MD4.
+     *
+     * @example
+     * external.hash.md4().addData('a').finish();  //= 'BDE52CB31DE33E46245E05FBDBD6FB24'
+     */
     md4(): Digest;
   }
 
@@ -106,5 +136,1599 @@ declare namespace Tarvik {
     addData(text: string): Digest;
     /** The digest in upper-case hexadecimal digits. It is final: what is added later changes nothing. */
     finish(): string;
+  }
+
+  /**
+   * The plug-in `file`: questions about files and folders; deleting, copying, moving and listing.
+   *
+   * Paths count from the page and may be `file:` URLs; only the `path` of {@link File.enumFiles} counts from the
+   * current folder. The page stands still until a member is done; {@link File.copyAsync}, {@link File.moveAsync} and
+   * {@link File.enumFiles} return at once, and work on threads of their own.
+   */
+  interface File {
+    /**
+     * Whether there is a file or a folder.
+     *
+     * @example
+     * external.file.isFileExist('notes.txt');  //= true
+     * external.file.isFileExist('no such file');  //= false
+     */
+    isFileExist(path: string): boolean;
+
+    /**
+     * Whether there is a folder.
+     *
+     * @example
+     * external.file.isDir('notes.txt');  //= false
+     * external.file.isDir(external.system.expandEnvirPath('%TEMP%'));  //= true
+     */
+    isDir(path: string): boolean;
+
+    /**
+     * `true` only for a folder's full path that ends in `\.`, whatever the folder holds. A plain path gives `false`
+     * even for an empty folder. To find out what is in a folder, use {@link File.enumFiles}.
+     *
+     * @example
+     * external.file.mkDir('empty');
+     * external.file.isDirEmpty('empty');  //= false
+     * external.file.isDirEmpty(external.system.expandEnvirPath('%TEMP%\\.'));  //= true
+     * external.file.deleteFile('empty');
+     */
+    isDirEmpty(path: string): boolean;
+
+    /**
+     * The size of a file in bytes.
+     *
+     * @returns `undefined` for a folder, and if the file cannot be opened for reading.
+     *
+     * @example
+     * external.file.getSize('notes.txt');  //= 13
+     * external.file.getSize('no such file');  //= undefined
+     */
+    getSize(path: string): number | undefined;
+
+    /**
+     * Makes a folder, one level. `false` if it is there already.
+     *
+     * @example
+     * external.file.mkDir('beds');  //= true
+     * external.file.mkDir('beds');  //= false
+     * external.file.deleteFile('beds');
+     */
+    mkDir(path: string): boolean;
+
+    /**
+     * Deletes a file, or a folder with its contents. Contents that cannot be deleted stay. A link to a folder goes
+     * without what it leads to.
+     *
+     * @param delayed - `true` leaves it to the system, which does it at its next start.
+     * @returns `true` also if there is nothing to delete.
+     *
+     * @example
+     * external.file.copy('notes.txt', 'old.txt');
+     * external.file.deleteFile('old.txt');  //= true
+     * external.file.isFileExist('old.txt');  //= false
+     * function deleteLater(path) { return external.file.deleteFile(path, true); }
+     */
+    deleteFile(path: string, delayed?: boolean): boolean;
+
+    /**
+     * Copies by the system's shell, without a question. It goes into `dest` if that is a folder, replaces files and
+     * takes names with `*`. Paths have fewer than 260 characters.
+     *
+     * @example
+     * external.file.copy('notes.txt', 'copy.txt');  //= true
+     * external.file.getSize('copy.txt') === external.file.getSize('notes.txt');  //= true
+     * external.file.deleteFile('copy.txt');
+     */
+    copy(src: string, dest: string): boolean;
+
+    /**
+     * Copies a file, or a folder with its contents, on a thread of its own.
+     *
+     * A copy needs the folder above `destPath`, and takes along what a link to a folder leads to. What was copied
+     * stays, whatever ends the run.
+     *
+     * @returns Whether the run has started. If not, `fail` has been called.
+     *
+     * @example
+     * external.file.copyAsync({
+     *   srcPath: 'notes.txt', destPath: 'copy.txt', replaceExisting: true, context: 'It is there.',
+     *   progress: function (done, total) { document.title = Math.round(100 * done / total) + ' %'; },
+     *   success: function (context) {
+     *     external.file.deleteFile('copy.txt');  //= true
+     *   },
+     *   fail: function (code) { alert('It failed: ' + code); }
+     * });
+     *
+     * @example
+     * external.file.copyAsync({
+     *   srcPath: 'no such file', destPath: 'copy.txt',
+     *   fail: function (code, context) {
+     *     code;  //= -2147024894
+     *   }
+     * });
+     */
+    copyAsync(options: FileTransferOptions): boolean;
+
+    /**
+     * Moves by the system's shell, as {@link File.copy} copies. It renames, too.
+     *
+     * @example
+     * external.file.copy('notes.txt', 'before.txt');
+     * external.file.move('before.txt', 'after.txt');  //= true
+     * external.file.isFileExist('before.txt');  //= false
+     * external.file.deleteFile('after.txt');
+     */
+    move(src: string, dest: string): boolean;
+
+    /**
+     * Moves a file, or a folder with its contents, on a thread of its own.
+     *
+     * A move within a drive is one step: it tells no progress, and replaces a file if it is asked to, but never a
+     * folder. A move from drive to drive makes the folder above `destPath`, and refuses a tree that has a link to a
+     * folder in it, before anything is moved. What was moved stays so, whatever ends the run.
+     *
+     * @returns Whether the run has started. If not, `fail` has been called.
+     *
+     * @example
+     * external.file.copy('notes.txt', 'before.txt');
+     * external.file.moveAsync({
+     *   srcPath: 'before.txt', destPath: 'after.txt', replaceExisting: true,
+     *   success: function () {
+     *     external.file.isFileExist('before.txt');  //= false
+     *     external.file.deleteFile('after.txt');
+     *   }
+     * });
+     */
+    moveAsync(options: FileTransferOptions): boolean;
+
+    /**
+     * Lists a folder, on a thread of its own. The options are read there, so the object stays as it is until the end.
+     *
+     * @example
+     * var texts = [];
+     * external.file.enumFiles({
+     *   path: '.', recursive: false, filter: '\\.txt$',
+     *   callback: function (path, attributes, size) { texts.push(path + ': ' + size); },
+     *   completed: function () {
+     *     texts.indexOf('.\\notes.txt: 13') >= 0;  //= true
+     *   }
+     * });
+     */
+    enumFiles(options: EnumFilesOptions): void;
+  }
+
+  /**
+   * What {@link File.copyAsync} and {@link File.moveAsync} are given. A run that `progress` ends calls neither
+   * `success` nor `fail`.
+   *
+   * The `code` of `fail` is a status as a number with a sign:
+   *
+   * - 0x80070057: a path is missing;
+   * - 0x80070002: there is no `srcPath`;
+   * - 0x80070050, 0x800700b7: a file is there already, as a copy and as a move says it;
+   * - 0x80070020: a file is in use;
+   * - 0x80070032: a move found a link;
+   * - 0x80004005, 0x80070003: a file is where a folder should be, as a copy and as a move says it;
+   * - others 0x8007....: the low half is the system's error.
+   */
+  interface FileTransferOptions {
+    /** The file or folder. */
+    srcPath: string;
+    /** Its new name: `a\b` copied to `c\d` gives `c\d\...`. */
+    destPath: string;
+    /** `true` replaces files; without it a file that is there ends the run. */
+    replaceExisting?: boolean;
+    /** Is told the bytes of all files, those done and the sum. `false` or an error ends the run. */
+    progress?(processed: number, total: number, context: any): boolean | void;
+    /** Is called at the end of a run that did all. */
+    success?(context: any): void;
+    /** Is called at the end of a run that failed. */
+    fail?(code: number, context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /** What {@link File.enumFiles} is given. Both functions are needed; without one nothing happens. */
+  interface EnumFilesOptions {
+    /** The folder; a relative one counts from the current folder. */
+    path: string;
+    /** `false` leaves out what is in its folders. */
+    recursive?: boolean;
+    /**
+     * An expression that is looked for in each path, from `path` on, with the case of letters: `\.txt$`.
+     *
+     * It knows `.` any character, `[a-z]`, `( )`, `|`, `*`, `+`, `?`, `!` for not, `^` and `$` for the ends, and the
+     * abbreviations `\a` letter or digit, `\c` letter, `\d` digit, `\h` hexadecimal digit, `\w` letters, `\z` digits,
+     * `\b` blank or tab, `\q` a quoted text, `\n` a line end. A backslash makes any other character plain. One that is
+     * no expression leaves nothing out.
+     */
+    filter?: string;
+    /**
+     * Is called for each file and folder, for folders after what is in them. `false` ends the listing.
+     *
+     * @param attributes - The system's: 16 a folder, 1 read-only, 2 hidden, and others, added up.
+     * @param size - Bytes; 0 for a folder.
+     */
+    callback(path: string, attributes: number, size: number): boolean | void;
+    /** Is called at the end, in any case, also if there is no such folder. */
+    completed(): void;
+  }
+
+  /**
+   * The plug-in `fileIO`: one open file. Its bytes go to objects of {@link Stream} and come from them.
+   *
+   * @example
+   * var file = external.fileIO, bytes = external.stream;
+   * file.open('notes.txt', 'r');  //= true
+   * file.read(bytes, -1);  //= 13
+   * bytes.seek(0, bytes.BEGIN);
+   * bytes.readString();  //= 'Beans\r\nPeas\r\n'
+   * file.close();
+   */
+  interface FileIO {
+    /**
+     * Closes the file that is open and opens another. Others may read and write it meanwhile.
+     *
+     * @param path - A relative path counts from the page, and a `file:` URL is a path.
+     * @param mode - A word of letters: `r` to read and `w` to write; `e` for a file that must be there (which holds
+     *   without a letter), `n` for one that must not, `o` for either, and `c` to empty it or make it. Of several such
+     *   letters the last one holds.
+     * @returns Whether that worked.
+     *
+     * @example
+     * var file = external.fileIO;
+     * file.open('no such file', 'r');  //= false
+     * file.open('new.txt', 'rwn');  //= true
+     * file.close();
+     * external.file.deleteFile('new.txt');
+     */
+    open(path: string, mode: string): boolean;
+
+    /** Closes the file. A closed object moves no bytes and has a {@link FileIO.size} of 0. */
+    close(): void;
+
+    /**
+     * Moves bytes from the file to where the stream stands.
+     *
+     * @param length - How many bytes; -1 asks for all there is, up to 4 GiB.
+     * @returns How many bytes that were, also if it stopped early.
+     * @throws 0x80070057 if the length is 0 or more than 2147483647, or there is no stream.
+     *
+     * @example
+     * var file = external.fileIO, bytes = external.stream;
+     * file.open('notes.txt', 'r');
+     * file.read(bytes, 5);  //= 5
+     * file.read(bytes, 100);  //= 8
+     * file.close();
+     */
+    read(stream: Stream, length: number): number;
+
+    /**
+     * Moves bytes from where the stream stands to the file.
+     *
+     * @param length - How many bytes; -1 asks for all there is, up to 4 GiB.
+     * @returns How many bytes that were, also if it stopped early.
+     * @throws 0x80070057 if the length is 0 or more than 2147483647, or there is no stream.
+     *
+     * @example
+     * var file = external.fileIO, bytes = external.stream;
+     * bytes.writeString('Carrots');
+     * bytes.seek(0, bytes.BEGIN);
+     * file.open('list.txt', 'wc');
+     * file.write(bytes, -1);  //= 7
+     * file.close();
+     * external.file.deleteFile('list.txt');
+     */
+    write(stream: Stream, length: number): number;
+
+    /**
+     * Reads on a thread of its own, and tells each piece.
+     *
+     * To close the file meanwhile makes the run fail with 0x80070006; to drop the object does not. All runs on one
+     * object share one position.
+     *
+     * @returns Whether the run has started. If not, `fail` has been called: with 0x80070057 if there is no `len` of
+     *   the right kind, or a `src`.
+     *
+     * @example
+     * // A number that script wrote is refused.
+     * external.fileIO.readAsync({
+     *   len: 100,
+     *   progress: function (chunk) { console.log(chunk.readString()); },
+     *   fail: function (code) {
+     *     code;  //= -2147024809
+     *   }
+     * });
+     */
+    readAsync(options: ReadAsyncOptions): boolean;
+
+    /**
+     * Writes on a thread of its own.
+     *
+     * A `len` beyond what `src` has writes a last piece that is filled up, with bytes of no meaning. To close the file
+     * meanwhile makes the run fail with 0x80070006; to drop the object does not. All runs on one object share one
+     * position.
+     *
+     * @returns Whether the run has started. If not, `fail` has been called: with 0x80070057 if there is no `len` of
+     *   the right kind, or no `src`.
+     *
+     * @example
+     * // A number that script wrote is refused.
+     * external.fileIO.writeAsync({ src: external.stream, len: 100 });  //= false
+     */
+    writeAsync(options: WriteAsyncOptions): boolean;
+
+    /**
+     * Moves the position. It may lie beyond the end.
+     *
+     * @param offset - A whole number, which may be negative.
+     * @param origin - {@link FileIO.BEGIN}, {@link FileIO.CURRENT} or {@link FileIO.END}.
+     * @returns The new position; `undefined` if that failed.
+     *
+     * @example
+     * var file = external.fileIO, bytes = external.stream;
+     * file.open('notes.txt', 'r');
+     * file.seek(-6, file.END);  //= 7
+     * file.seek(1, file.CURRENT);  //= 8
+     * file.read(bytes, 3);  //= 3
+     * file.close();
+     */
+    seek(offset: number, origin: number): number | undefined;
+
+    /**
+     * The size of the file in bytes. The position stays when it is written, unless that fails, which is not told.
+     *
+     * @example
+     * var file = external.fileIO;
+     * file.open('new.dat', 'rwc');
+     * file.size = 1000;
+     * file.size;  //= 1000
+     * file.close();
+     * external.file.deleteFile('new.dat');
+     */
+    size: number;
+
+    /** For {@link FileIO.seek}: from the begin. */
+    readonly BEGIN: 0;
+    /** For {@link FileIO.seek}: from where the file stands. */
+    readonly CURRENT: 1;
+    /** For {@link FileIO.seek}: from the end. */
+    readonly END: 2;
+
+    /**
+     * No failure.
+     *
+     * @example
+     * external.fileIO.S_OK;  //= 0
+     */
+    readonly S_OK: 0;
+
+    /**
+     * The status 0x80004004, as a number to compare with.
+     *
+     * @example
+     * external.fileIO.E_ABORT;  //= -2147467260
+     */
+    readonly E_ABORT: -2147467260;
+  }
+
+  /** What {@link FileIO.readAsync} is given. */
+  interface ReadAsyncOptions {
+    /**
+     * How many bytes: an unsigned whole number of 32 bits. Script's own numbers are of another kind and are refused.
+     * Such a number comes from a native object, and it keeps its kind only where no page control carries it, or in an
+     * option object that a plug-in library made. On any engine, {@link FileIO.read} takes script's numbers.
+     */
+    len: number;
+    /**
+     * Is called for each piece of at most 65536 bytes. `false` ends the run with no further call.
+     *
+     * @param chunk - A new stream with that piece, at its begin.
+     */
+    progress?(chunk: Stream, context: any): boolean | void;
+    /** Is called at the end, also when the file was shorter than `len`. */
+    success?(context: any): void;
+    /** Is called at the end of a run that failed. An error in `progress` is a failure, too. */
+    fail?(code: number, context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /** What {@link FileIO.writeAsync} is given. */
+  interface WriteAsyncOptions {
+    /** Where the bytes come from. The page leaves it alone until the end. */
+    src: Stream;
+    /**
+     * How many bytes: an unsigned whole number of 32 bits, as for {@link ReadAsyncOptions.len}. On any engine,
+     * {@link FileIO.write} takes script's numbers.
+     */
+    len: number;
+    /** Is called for each piece of at most 65536 bytes. `false` ends the run with no further call. */
+    progress?(context: any): boolean | void;
+    /** Is called at the end, also when the stream was shorter than `len`. */
+    success?(context: any): void;
+    /** Is called at the end of a run that failed. An error in `progress` is a failure, too. */
+    fail?(code: number, context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /** How a text becomes bytes: UTF-8, UTF-16, or the system's code page. The case of letters does not count. */
+  type Encoding = 'utf8' | 'unicode' | 'ansi';
+
+  /**
+   * The plug-in `stream`: a block of bytes with a position, which grows as it is written. Each read of
+   * `window.external.stream` gives a new, empty one.
+   *
+   * Other plug-ins take such an object, or hand one over, where bytes are meant; leave it alone while one works on it.
+   * Numbers are little-endian. Counts and lengths are bytes; a 0 throws 0x80070057.
+   *
+   * @example
+   * var bytes = external.stream;
+   * bytes.writeUInt16(640);
+   * bytes.writeString('beds');
+   * bytes.seek(0, bytes.BEGIN);
+   * bytes.readUInt16();  //= 640
+   * bytes.readString('utf8', 4);  //= 'beds'
+   */
+  interface Stream {
+    /**
+     * Writes the next bytes to another stream, at that one's position. The position here stays.
+     *
+     * @param count - How many bytes; all without it.
+     * @returns How many bytes that were.
+     * @throws 0x80004002 if the target is no stream, 0x8007000E if there is not enough memory.
+     *
+     * @example
+     * var from = external.stream, to = external.stream;
+     * from.writeString('Beans and peas');
+     * from.seek(0, from.BEGIN);
+     * from.copyTo(to, 5);  //= 5
+     * to.getSize();  //= 5
+     */
+    copyTo(target: Stream, count?: number): number;
+
+    /**
+     * Moves the position. It may lead beyond the end, and a write there fills the gap with zeros.
+     *
+     * @param offset - Not negative.
+     * @param origin - {@link Stream.BEGIN}, {@link Stream.CURRENT} or {@link Stream.END}.
+     * @returns The new position.
+     * @throws 0x80070057 if the offset is negative, or there is no such origin.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt32(1);
+     * bytes.seek(0, bytes.BEGIN);  //= 0
+     * bytes.seek(2, bytes.CURRENT);  //= 2
+     * bytes.seek(6, bytes.END);  //= 10
+     * bytes.writeUInt8(255);
+     * bytes.getSize();  //= 11
+     */
+    seek(offset: number, origin: number): number;
+
+    /**
+     * Cuts the content, or adds zeros to it. The position stays.
+     *
+     * @returns `false` if there is not enough memory.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.setSize(8);  //= true
+     * bytes.readUInt32();  //= 0
+     */
+    setSize(size: number): boolean;
+
+    /**
+     * The number of bytes.
+     *
+     * @example
+     * external.stream.getSize();  //= 0
+     */
+    getSize(): number;
+
+    /**
+     * The byte at the position, which moves on.
+     *
+     * @returns `null` at the end.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt32(0x04030201);
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readUInt8();  //= 1
+     * bytes.readUInt16();  //= 0x0302
+     * bytes.readUInt16();  //= null
+     */
+    readUInt8(): number | null;
+
+    /**
+     * Writes the low 8 bits of a number.
+     *
+     * @returns `false` if there is not enough memory.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt8(0x1FF);  //= true
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readUInt8();  //= 0xFF
+     */
+    writeUInt8(value: number): boolean;
+
+    /**
+     * The number of 16 bits at the position, which moves on.
+     *
+     * @returns `null` if the end comes before; then the position stays.
+     */
+    readUInt16(): number | null;
+
+    /**
+     * Writes the low 16 bits of a number.
+     *
+     * @returns `false` if there is not enough memory.
+     */
+    writeUInt16(value: number): boolean;
+
+    /**
+     * The number of 32 bits at the position, which moves on.
+     *
+     * @returns `null` if the end comes before; then the position stays.
+     */
+    readUInt32(): number | null;
+
+    /**
+     * Writes a number of 32 bits. A negative one is read back as the unsigned number of the same bits.
+     *
+     * @returns `false` if there is not enough memory.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt32(-1);  //= true
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readUInt32();  //= 4294967295
+     */
+    writeUInt32(value: number): boolean;
+
+    /**
+     * The whole number of 64 bits at the position, which moves on. Above 2^53 it is rounded.
+     *
+     * @returns `null` if the end comes before; then the position stays.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt32(1);
+     * bytes.writeUInt32(2);
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readUInt64();  //= 8589934593
+     */
+    readUInt64(): number | null;
+
+    /**
+     * Writes the 8 bytes of a *floating-point* number, so {@link Stream.readUInt64} does not give it back; that is
+     * intended.
+     *
+     * @returns `false` if there is not enough memory.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.writeUInt64(1);  //= true
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readUInt64();  //= 0x3FF0000000000000
+     */
+    writeUInt64(value: number): boolean;
+
+    /**
+     * The text of the next bytes. Zeros at the end of these bytes are left out, and the position does not move over
+     * them; zeros in between are part of the text.
+     *
+     * @param encoding - `utf8` without it.
+     * @param length - How many bytes; all without it.
+     * @returns `null` at the end.
+     * @throws 0x80070057 if there is no such encoding.
+     *
+     * @example
+     * var bytes = external.stream, first = bytes.writeString('Käse'), second = bytes.writeString('Brot');
+     * bytes.seek(0, bytes.BEGIN);
+     * bytes.readString('utf8', first);  //= 'Käse'
+     * bytes.readString('utf8', second);  //= 'Brot'
+     * bytes.readString();  //= null
+     */
+    readString(encoding?: Encoding, length?: number): string | null;
+
+    /**
+     * Writes a text. Whoever writes several in a row notes their lengths, to read them back.
+     *
+     * @param encoding - `utf8` without it. `unicode` and `ansi` write a zero behind the text, `utf8` does not.
+     * @returns The number of bytes.
+     * @throws 0x80070057 if there is no such encoding, 0x8007000E if there is not enough memory.
+     *
+     * @example
+     * external.stream.writeString('Käse');  //= 5
+     * external.stream.writeString('Käse', 'unicode');  //= 10
+     */
+    writeString(text: string, encoding?: Encoding): number;
+
+    /**
+     * Sets the next bytes of the content to a value. It never makes the stream longer.
+     *
+     * @param value - Up to 255; more throws 0x80070057.
+     * @param count - How many bytes; all up to the end without it.
+     * @returns How many bytes that were.
+     *
+     * @example
+     * var bytes = external.stream;
+     * bytes.setSize(10);
+     * bytes.fill(32, 4);  //= 4
+     * bytes.fill(33);  //= 6
+     */
+    fill(value: number, count?: number): number;
+
+    /** For {@link Stream.seek}: from the begin. */
+    readonly BEGIN: 0;
+    /** For {@link Stream.seek}: from the position. */
+    readonly CURRENT: 1;
+    /** For {@link Stream.seek}: from the end. */
+    readonly END: 2;
+  }
+
+  /**
+   * The plug-in `minizip`: ZIP archives. Each run is on a thread of its own, and as many as are wanted go side by
+   * side.
+   *
+   * The options are read there, so the option object stays as it is until the end. Relative paths count from the
+   * current folder.
+   */
+  interface MiniZip {
+    /**
+     * Unpacks an archive, and returns at once.
+     *
+     * Exactly one of `success` and `fail` is called at the end. After a failure, what was unpacked stays, except in a
+     * `dest` that the run itself had made: that is removed.
+     *
+     * @throws 0x80070057 if there is no option object.
+     *
+     * @example
+     * external.minizip.unzip({
+     *   src: 'garden.zip', dest: 'garden', overWrite: true,
+     *   progress: function (name, total, done) { if (total) document.title = Math.round(100 * done / total) + ' %'; },
+     *   success: function () {
+     *     external.file.isFileExist('garden\\beds\\peas.txt');  //= true
+     *     external.file.deleteFile('garden');
+     *   },
+     *   fail: function (context, code) { alert('It failed: ' + code); }
+     * });
+     *
+     * @example
+     * external.minizip.unzip({
+     *   src: 'notes.txt', dest: 'garden',
+     *   fail: function (context, code) {
+     *     code;  //= -2147467259
+     *   }
+     * });
+     */
+    unzip(options: UnzipOptions): void;
+
+    /**
+     * Unpacks an archive that lies in memory. It is read where it is, by its address: a plug-in library makes the
+     * option object, and keeps the memory until the end.
+     *
+     * @example
+     * function unpack(options) {  // from a plug-in library, with buffer and length
+     *   options.dest = 'garden';
+     *   options.fail = function (none, context, code) { alert('It failed: ' + code); };
+     *   external.minizip.unzip(options);
+     * }
+     */
+    unzip(options: UnzipMemoryOptions): void;
+
+    /**
+     * Packs files and folders, and returns at once.
+     *
+     * Exactly one of `success` and `fail` is called at the end. After a failure the new file is removed, also where it
+     * had replaced one; a stream keeps what was written so far.
+     *
+     * - Names in the archive count from the folder in `src`, which has no entry of its own. A folder below it has one,
+     *   behind its contents. So an empty folder gives an empty archive.
+     * - A file named in `src` itself has its own name in the archive.
+     * - A folder is named without a backslash at its end: with one, the names directly below it lose their first
+     *   letter, and names of one letter end the run.
+     * - A file that vanishes while others are packed becomes an empty entry with its name and a slash.
+     * - `dest` should not lie in a folder of `src`. The archive is found there like any file, and the run ends with
+     *   0x80004005, since the archive grows while it is read; found as the first file, it is an empty entry.
+     * - An archive has at most 65,535 entries, and no name with a colon in it. It and each file stay below 4 GiB.
+     *
+     * @throws 0x80070057 if there is no option object.
+     *
+     * @example
+     * external.minizip.zip({
+     *   src: 'notes.txt', dest: 'notes.zip', overWrite: true,
+     *   progress: function (path, total) { document.title = path; },
+     *   success: function () {
+     *     external.file.deleteFile('notes.zip');  //= true
+     *   },
+     *   fail: function (code, context) { alert('It failed: ' + code); }
+     * });
+     *
+     * @example
+     * var bytes = external.stream;
+     * external.minizip.zip({
+     *   src: ['notes.txt', 'second.html'], dest: bytes,
+     *   success: function () {
+     *     bytes.seek(0, bytes.BEGIN);
+     *     bytes.readString('utf8', 2);  //= 'PK'
+     *   }
+     * });
+     */
+    zip(options: ZipOptions): void;
+  }
+
+  /** What both forms of {@link MiniZip.unzip} are given. */
+  interface UnzipRunOptions {
+    /** The folder to unpack into; it is made if it is missing. */
+    dest: string;
+    /** `true` replaces files; without it a file that is there ends the run. */
+    overWrite?: boolean;
+    /**
+     * Is told how the run goes on, and steers it: before each member with its name alone, and with each piece written.
+     * `false` ends the run; `0` before a member leaves it out.
+     *
+     * @param name - The member's name in the archive.
+     * @param total - Bytes of all members; missing before a member, as are the others.
+     * @param processed - Bytes that were written.
+     */
+    progress?(name: string, total?: number, processed?: number, context?: any): boolean | number | void;
+    /** Is called at the end of a run that did all. */
+    success?(context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /**
+   * What {@link MiniZip.unzip} is given to unpack a file.
+   *
+   * The `code` of `fail` is a status as a number with a sign:
+   *
+   * - 0x80070002 and others 0x8007....: a file could not be opened or made; the low half is the system's error;
+   * - 0x80070050: a file is there already;
+   * - 0x80070057: `dest` is missing;
+   * - 0x80004004: `progress` ended the run before a member;
+   * - 0x80004005: anything else: no archive or a broken one, a member whose path would leave `dest`, a full disk, an
+   *   end by `progress` within a member.
+   */
+  interface UnzipOptions extends UnzipRunOptions {
+    /** The file that holds the archive, at its end: a ZIP file, or any file with archives attached. */
+    src: string;
+    /** Which archive of the file, counted from the end: a whole number; 0, the last, without it. */
+    index?: number;
+    /** Is called at the end of a run that failed. The order of the arguments differs from that of other members. */
+    fail?(context: any, code: number): void;
+  }
+
+  /**
+   * What {@link MiniZip.unzip} is given to unpack memory. The codes are those of {@link UnzipOptions}; 0x80070057 says
+   * also that no memory can be read at `buffer`.
+   */
+  interface UnzipMemoryOptions extends UnzipRunOptions {
+    /** There is none. */
+    src?: undefined;
+    /** The address: a whole number of 64 bits. Script has no such numbers, so a plug-in library puts it here. */
+    buffer: any;
+    /** The size in bytes, likewise. */
+    length: any;
+    /** Is called at the end of a run that failed. */
+    fail?(none: null, context: any, code: number): void;
+  }
+
+  /**
+   * What {@link MiniZip.zip} is given.
+   *
+   * The `code` of `fail` is a status as a number with a sign:
+   *
+   * - 0x80070050: the archive is there already;
+   * - other 0x8007....: `dest` could not be made, or a file or folder named in `src` could not be opened; the low half
+   *   is the system's error;
+   * - 0x80004005: anything else: a path of `src` that leads nowhere, a file that cannot be read or changes while it is
+   *   read, a full disk, a `dest` of another kind, an end by `progress`.
+   */
+  interface ZipOptions {
+    /** Files and folders, in the order of the archive. */
+    src: string | string[];
+    /**
+     * The archive's path, or a stream. A stream takes the archive from its begin on, and is left alone by the page
+     * until the end is told. One that was longer than the archive keeps its end.
+     */
+    dest: string | Stream;
+    /** `true` replaces the file `dest`; without it a file that is there ends the run. */
+    overWrite?: boolean;
+    /**
+     * Is called after each write to the archive. `false` ends the run.
+     *
+     * @param path - The file or folder at hand.
+     * @param total - The bytes of all files. It and `processed` are numbers of 64 bits, which old engines hand on but
+     *   cannot calculate with.
+     * @param processed - Always 0.
+     */
+    progress?(path: string, total: number, processed: number, context: any): boolean | void;
+    /** Is called at the end of a run that did all. */
+    success?(context: any): void;
+    /**
+     * Is called at the end of a run that failed. The order of the arguments is the other way round than in `unzip`.
+     */
+    fail?(code: number, context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /**
+   * The plug-in `system`: command line, environment, programs, shortcuts and the power.
+   *
+   * Paths count from the page, but that of {@link System.parseShortcut} is a full one. The power is changed without a
+   * question: that is the page's. Properties are read without parentheses, and methods are not read:
+   * `system.administrator()` and `system.reboot` throw 0x80004001.
+   *
+   * The plug-in sets variables of the environment to the user's folders, at its first use: `DESKTOP`, `STARTMENU`,
+   * `STARTUP`, `PROGRAMS`, the same four for all users (`COMMON_DESKTOP` and so on), `SENDTO`, `MYDOCUMENTS`, and
+   * `LOCALAPPDATA` where it is missing. Programs that are started have them, too.
+   */
+  interface System {
+    /**
+     * Ends the session and starts the system again.
+     *
+     * @returns Whether that has begun.
+     *
+     * @example
+     * function onRestartButton() {
+     *   if (!external.system.reboot()) alert('The system does not restart.');
+     * }
+     */
+    reboot(): boolean;
+
+    /**
+     * Ends the session and the system.
+     *
+     * @returns Whether that has begun.
+     *
+     * @example
+     * function onOffButton() {
+     *   if (!external.system.shutdown()) alert('The system does not end.');
+     * }
+     */
+    shutdown(): boolean;
+
+    /**
+     * Puts the system to sleep, to its disk. The name is meant so.
+     *
+     * @returns Whether that was done.
+     *
+     * @example
+     * function onSleepButton(deeply) {
+     *   return deeply ? external.system.hiberhates() : external.system.suspended();
+     * }
+     */
+    hiberhates(): boolean;
+
+    /**
+     * Puts the system to sleep, in its memory. The name is meant so.
+     *
+     * @returns Whether that was done.
+     */
+    suspended(): boolean;
+
+    /**
+     * Switches the monitor off.
+     *
+     * @returns `true`.
+     *
+     * @example
+     * function onLeaveButton() {
+     *   external.system.lockWorkStation();
+     *   external.system.closeMonitor();
+     * }
+     */
+    closeMonitor(): boolean;
+
+    /**
+     * Locks the screen.
+     *
+     * @returns Whether it is being locked.
+     */
+    lockWorkStation(): boolean;
+
+    /**
+     * Throws, whatever it is given: the script goes no further.
+     *
+     * @throws 0x80004004
+     *
+     * @example
+     * try {
+     *   external.system.abort();
+     * } catch (error) {
+     *   error.number;  //= -2147467260
+     * }
+     */
+    abort(...ignored: any[]): never;
+
+    /**
+     * Opens a file, a program or an address.
+     *
+     * @returns With `exitCallback`: whether it was started. Without, the other way round: `false` if it was started,
+     *   `true` if not, also where the user refuses; an empty `path` gives `false`, too. Scripts rely on it.
+     *
+     * @example
+     * external.system.shellExecute({
+     *   path: external.system.getEnvirVar('COMSPEC'), args: '/c exit 3', context: 'cmd',
+     *   exitCallback: function (code, context) {
+     *     code;  //= 3
+     *   }
+     * });
+     *
+     * @example
+     * function openInBrowser(address) {
+     *   var failed = external.system.shellExecute({ path: address });
+     *   if (failed) alert('It cannot be opened.');
+     * }
+     */
+    shellExecute(options: ShellExecuteOptions): boolean;
+
+    /**
+     * Makes a shortcut. The program that it leads to will start in its own folder.
+     *
+     * @returns Whether it was saved; `false` for `dest` and `desktop` at once, and for neither of them.
+     *
+     * @example
+     * var link = external.system.expandEnvirPath('%TEMP%\\notes.lnk');
+     * external.system.createShortcut({ src: 'notes.txt', dest: link, arg: '-f beds' });  //= true
+     * external.system.parseShortcut(link).args;  //= '-f beds'
+     * external.file.deleteFile(link);
+     *
+     * @example
+     * function onDesktopButton(program) {
+     *   external.system.createShortcut({ src: program, desktop: true, destName: 'Garden planner' });
+     * }
+     */
+    createShortcut(options: CreateShortcutOptions): boolean;
+
+    /**
+     * Tells what a shortcut leads to.
+     *
+     * @param path - A full path.
+     * @returns `null` for what is no shortcut to a file.
+     *
+     * @example
+     * var link = external.system.expandEnvirPath('%TEMP%\\notes.lnk');
+     * external.system.createShortcut({ src: 'notes.txt', dest: link });
+     * /\\notes\.txt$/.test(external.system.parseShortcut(link).path);  //= true
+     * external.file.deleteFile(link);
+     * external.system.parseShortcut(link);  //= null
+     */
+    parseShortcut(path: string): ParsedShortcut | null;
+
+    /**
+     * A variable of the environment.
+     *
+     * @returns `null` if there is none, or it is empty; `''` for a value of 520 characters or more.
+     *
+     * @example
+     * external.system.getEnvirVar('NO SUCH VARIABLE');  //= null
+     * external.file.isDir(external.system.getEnvirVar('MYDOCUMENTS'));  //= true
+     */
+    getEnvirVar(name: string): string | null;
+
+    /**
+     * A text with the value for each `%name%`; unknown ones stay.
+     *
+     * @returns `''` where that is 520 characters or more.
+     *
+     * @example
+     * var folder = external.system.getEnvirVar('DESKTOP');
+     * external.system.expandEnvirPath('%DESKTOP%\\a.txt') === folder + '\\a.txt';  //= true
+     * external.system.expandEnvirPath('%NO SUCH%');  //= '%NO SUCH%'
+     */
+    expandEnvirPath(text: string): string | null;
+
+    /**
+     * Clicks the entry of a file's menu that pins it to the task bar.
+     *
+     * @returns `false` where the menu has no such entry, as in newer systems.
+     *
+     * @example
+     * external.system.pinToTaskbar('no such.exe');  //= false
+     * function onPinButton(program) {
+     *   if (!external.system.pinToTaskbar(program)) alert('Please pin it by hand.');
+     * }
+     */
+    pinToTaskbar(path: string): boolean;
+
+    /**
+     * Clicks the entry of a file's menu that takes it from the task bar.
+     *
+     * @returns `false` where the menu has no such entry, as in newer systems.
+     *
+     * @example
+     * external.system.unpinFromTaskbar('no such.exe');  //= false
+     */
+    unpinFromTaskbar(path: string): boolean;
+
+    /**
+     * Loads a library, has it enter itself in the registry, and frees it. Most libraries need an administrator's
+     * rights for it.
+     *
+     * @returns Whether it answered exactly 0.
+     *
+     * @example
+     * external.system.registerDll('no such.dll');  //= false
+     * function install(library) {
+     *   if (!external.system.registerDll(library)) alert('It needs an administrator.');
+     * }
+     */
+    registerDll(path: string): boolean;
+
+    /**
+     * Loads a library, has it take itself out of the registry, and frees it. Most libraries need an administrator's
+     * rights for it.
+     *
+     * @returns Whether it answered exactly 0.
+     *
+     * @example
+     * external.system.unregisterDll('no such.dll');  //= false
+     */
+    unregisterDll(path: string): boolean;
+
+    /**
+     * Whether the program has an administrator's rights.
+     *
+     * To write `true` starts the program again, with a question to the user for these rights, and ends this one, also
+     * when the user refuses; the line throws 0x80004004. Nothing happens if it has these rights already, nor by
+     * `false`. The new one gets the same command line, but without its quotes: an argument with a blank in it arrives
+     * as two.
+     *
+     * @example
+     * typeof external.system.administrator;  //= 'boolean'
+     * function onAdministratorButton() {
+     *   if (!external.system.administrator) external.system.administrator = true;
+     * }
+     */
+    administrator: boolean;
+
+    /** The command line of the program. */
+    readonly cmdArgs: CommandLine;
+
+    /**
+     * The system's language and country, like `en-US`; `undefined` if the system does not say.
+     *
+     * @example
+     * /^[a-z]+-/.test(external.system.systemLanguage);  //= true
+     */
+    readonly systemLanguage: string | undefined;
+
+    /**
+     * The user's language and country, like `en-US`; `undefined` if the system does not say.
+     *
+     * @example
+     * document.documentElement.lang = external.system.userLanguage || 'en';
+     */
+    readonly userLanguage: string | undefined;
+
+    /**
+     * Always `true`.
+     *
+     * @example
+     * external.system.isX64Process;  //= true
+     */
+    readonly isX64Process: boolean;
+
+    /**
+     * `false` for a 64-bit program on a 64-bit system, because the system only tells 32-bit programs that it has more.
+     *
+     * @example
+     * external.system.isX64System;  //= false
+     */
+    readonly isX64System: boolean;
+  }
+
+  /** What {@link System.shellExecute} is given. */
+  interface ShellExecuteOptions {
+    /** A file, a program by its full path or counting from the page, or an address. */
+    path: string;
+    /** What the program is given, as it stands: quotes around arguments with blanks are the page's. */
+    args?: string;
+    /** The folder that it starts in. */
+    workDir?: string;
+    /** `true` asks the user for an administrator's rights, if the program has not got them. */
+    requestAdmin?: boolean;
+    /**
+     * Is called when the program has ended, and by nothing else; not if a program that was running has taken the file
+     * or address over. With this option, the system may tell the user why something was not started, and the call
+     * waits for that; there is no word to the user who has refused the rights.
+     *
+     * @param code - The program's exit code.
+     */
+    exitCallback?(code: number, context: any): void;
+    /** Is handed to the function. */
+    context?: any;
+  }
+
+  /** What {@link System.createShortcut} is given. */
+  interface CreateShortcutOptions {
+    /** What it leads to: a file or an address. */
+    src: string;
+    /** Arguments for a program. */
+    arg?: string;
+    /** The shortcut's own path. `.lnk`, or `.url` for an address, is put behind if it is not there. */
+    dest?: string;
+    /** `true` puts it on the desktop, in place of `dest`. */
+    desktop?: boolean;
+    /**
+     * Its name on the desktop; for a file that of the file, with its extension: `b.exe` gives `b.exe.lnk`. An address
+     * needs one, and `n` gives `n.lnk.url`.
+     */
+    destName?: string;
+    /** A file with icons. */
+    icon?: string;
+    /** Which of the icons: a whole number; 0 without it. */
+    iconIndex?: number;
+  }
+
+  /** What {@link System.parseShortcut} answers. */
+  interface ParsedShortcut {
+    /** The file that the shortcut leads to. */
+    path: string;
+    /** The arguments for it. */
+    args: string;
+  }
+
+  /**
+   * The command line of the program. Names ignore the case of letters, and one `-` or `/` before them.
+   *
+   * @example
+   * var args = external.system.cmdArgs, all = [];
+   * for (var i = 0; i < args.getOrgArgsCount(); i++) all.push(args.getOrgArg(i));
+   * all.length > 0;  //= true
+   * args.isSwitchExist('no such switch');  //= false
+   * args.getArgPair('no such key');  //= null
+   */
+  interface CommandLine {
+    /** The number of arguments, the program included. */
+    getOrgArgsCount(): number;
+
+    /**
+     * One of the arguments; the program is at 0.
+     *
+     * @returns `null` outside.
+     */
+    getOrgArg(index: number): string | null;
+
+    /** Whether there is such a switch: `-s`, `/s` or a bare word. */
+    isSwitchExist(name: string): boolean;
+
+    /**
+     * The value of a pair: `-key value`, `/key value` or `key=value`.
+     *
+     * @returns `null` if there is none.
+     */
+    getArgPair(name: string): string | null;
+  }
+
+  /**
+   * The plug-in `registry`: the system's registry.
+   *
+   * A path begins with `HKEY_CLASSES_ROOT`, `HKEY_CURRENT_CONFIG`, `HKEY_CURRENT_USER`, `HKEY_LOCAL_MACHINE` or
+   * `HKEY_USERS`, in letters of any case, and whatever character follows that name is taken for its backslash. What
+   * stands behind the last backslash is the name of a value, or of the key to delete. A path that ends in a backslash
+   * means the key's default value. Names with zeros in them are refused.
+   *
+   * @example
+   * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
+   * registry.createKey(key);  //= true
+   * registry.setValue(key + '\\width', 640);  //= true
+   * registry.queryValue(key + '\\width');  //= 640
+   * registry.deleteKey(key);  //= true
+   * registry.isKeyExist(key);  //= false
+   */
+  interface Registry {
+    /**
+     * Makes a key, and those above it.
+     *
+     * @returns `true` also if it is there.
+     */
+    createKey(path: string): boolean;
+
+    /**
+     * Deletes a key with all that is below it. Where something cannot be deleted it stops, and what is gone by then
+     * stays gone.
+     *
+     * @returns Whether all of it was deleted; `false` also if there is no such key, and for a path that ends in a
+     *   backslash.
+     */
+    deleteKey(path: string): boolean;
+
+    /**
+     * Writes a value into a key that is there. What it is stored as depends on its kind:
+     *
+     * - a whole number of 32 bits as `REG_DWORD`;
+     * - another number as `REG_QWORD`, its whole part; beyond 64 bits it is refused;
+     * - a boolean as `REG_DWORD`, 1 or 0;
+     * - a string as `REG_SZ`;
+     * - anything else is refused.
+     *
+     * @returns Whether it was written.
+     *
+     * @example
+     * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
+     * registry.createKey(key);
+     * registry.setValue(key + '\\', 'The default value');  //= true
+     * registry.setValue(key + '\\maximized', true);  //= true
+     * registry.setValue(key + '\\beds', { count: 3 });  //= false
+     * registry.deleteKey(key);
+     */
+    setValue(path: string, value: string | number | boolean): boolean;
+
+    /**
+     * Deletes a value.
+     *
+     * @returns `false` also if there is none.
+     *
+     * @example
+     * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
+     * registry.createKey(key);
+     * registry.setValue(key + '\\width', 640);
+     * registry.deleteValue(key + '\\width');  //= true
+     * registry.isValueExist(key + '\\width');  //= false
+     * registry.deleteKey(key);
+     */
+    deleteValue(path: string): boolean;
+
+    /**
+     * A value: a string for `REG_SZ` and `REG_EXPAND_SZ`, a number for `REG_DWORD` and `REG_QWORD`.
+     *
+     * Numbers are unsigned: -1 reads back as 4294967295. Above 2^53 they are rounded. Strings have no zeros at their
+     * end, and those of `REG_EXPAND_SZ` keep their references like `%TEMP%` as they stand.
+     *
+     * @returns `null` if there is no such value, or one of another kind.
+     *
+     * @example
+     * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
+     * registry.createKey(key);
+     * registry.setValue(key + '\\left', -1);
+     * registry.queryValue(key + '\\left');  //= 4294967295
+     * registry.queryValue(key + '\\top');  //= null
+     * registry.deleteKey(key);
+     */
+    queryValue(path: string): string | number | null;
+
+    /** Whether there is a key that may be read. */
+    isKeyExist(path: string): boolean;
+
+    /** Whether there is a value, of whatever kind. */
+    isValueExist(path: string): boolean;
+
+    /**
+     * Which half of the registry of a 64-bit system is meant. It belongs to this object, and the next read of
+     * `window.external.registry` gives one in `default`. The case of letters does not count.
+     *
+     * @throws 0x80070057 if another word is written.
+     *
+     * @example
+     * var registry = external.registry;
+     * registry.mode;  //= 'default'
+     * registry.mode = 'force32';
+     * registry.isKeyExist('HKEY_LOCAL_MACHINE\\Software');  //= true
+     * external.registry.mode;  //= 'default'
+     */
+    mode: 'default' | 'force32' | 'force64';
+  }
+
+  /**
+   * The plug-in `config`: an application's settings, in the registry or in an INI file.
+   *
+   * Each read of `window.external.config` gives an object of its own, which is told by {@link Config.init} where the
+   * settings are; the number of arguments of the other members must fit that. Before `init`, and in the form of the
+   * other store, members answer `false` or `null`.
+   *
+   * In the registry, below `HKEY_CURRENT_USER\Software`:
+   *
+   * - Names may have backslashes, though not as the first or last character: `a\b` is the value `b` in the key `a`.
+   *   Keys are made when they are needed.
+   * - Values are strings and whole numbers of 32 bits, and nothing else: booleans and fractions are refused. Numbers
+   *   read as unsigned.
+   * - An object keeps its key open from the first use to `clear`. A second `init` with another name changes only what
+   *   the next `clear` clears and where values go after it. An object whose key another one clears writes nothing
+   *   until its own `clear`.
+   *
+   * In a file:
+   *
+   * - Anything that is or becomes a string can be written, and is read as a string: `true` as `-1`, a fraction as the
+   *   user's language writes it. An empty one is read as `undefined`, and a longer one than 10239 characters is cut.
+   * - The system leaves out blanks around a text, and quotes around it; to keep blanks, put it into double quotes.
+   *   Letters that the system's code page does not have become `?`, unless the file is there already and begins with
+   *   the mark of UTF-16.
+   * - Sections and keys are not empty, and their case does not count. What stands behind a line break is read as a
+   *   line of its own. A key with `=` in it or with `;` or `[` at its begin, and a section with `]`, are written and
+   *   not found again.
+   * - The file is made when it is first written, its folder is not.
+   *
+   * @example
+   * var config = external.config;
+   * config.init('settings.ini', true);  //= true
+   * config.setValue('window', 'width', 640);  //= true
+   * config.queryValue('window', 'width');  //= '640'
+   * config.clear();  //= true
+   *
+   * @example
+   * var config = external.config;
+   * config.init('Tarvik example');  //= true
+   * config.setValue('window\\width', 640);  //= true
+   * config.queryValue('window\\width');  //= 640
+   * config.clear();  //= true
+   */
+  interface Config {
+    /**
+     * Chooses where the settings are.
+     *
+     * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file; a relative one
+     *   counts from the page.
+     * @param isPath - `true` if it is a path.
+     * @returns `false` for an empty one, and for a name that is nothing but backslashes; then all stays as it was.
+     *
+     * @example
+     * external.config.init('');  //= false
+     */
+    init(store: string, isPath?: boolean): boolean;
+
+    /**
+     * Deletes all settings, or a part of them.
+     *
+     * @param part - A key with all that is below it, or a section of the file; without it, all the settings: the key,
+     *   or the file itself.
+     * @returns Whether that was done; `false` for a key and for a file that are not there.
+     *
+     * @example
+     * var config = external.config;
+     * config.init('settings.ini', true);
+     * config.setValue('window', 'width', 640);
+     * config.clear('window');  //= true
+     * config.queryValue('window', 'width');  //= null
+     * config.clear();  //= true
+     */
+    clear(part?: string): boolean;
+
+    /**
+     * Writes a setting in the registry.
+     *
+     * @returns Whether it was written.
+     */
+    setValue(name: string, value: string | number): boolean;
+
+    /**
+     * Writes a setting in the file.
+     *
+     * @returns Whether it was written.
+     */
+    setValue(section: string, key: string, value: any): boolean;
+
+    /**
+     * Reads a setting in the registry.
+     *
+     * @returns `null` if it is not there.
+     */
+    queryValue(name: string): string | number | null;
+
+    /**
+     * Reads a setting in the file.
+     *
+     * @returns `null` if it is not there, `undefined` for an empty one.
+     */
+    queryValue(section: string, key: string): string | null | undefined;
+
+    /**
+     * Deletes a setting in the registry.
+     *
+     * @returns `true` also if there is nothing to delete.
+     *
+     * @example
+     * var config = external.config;
+     * config.init('Tarvik example');
+     * config.setValue('width', 640);
+     * config.deleteValue('width');  //= true
+     * config.queryValue('width');  //= null
+     * config.clear();
+     */
+    deleteValue(name: string): boolean;
+
+    /**
+     * Deletes a setting in the file.
+     *
+     * @returns `true` also if there is nothing to delete.
+     *
+     * @example
+     * var config = external.config;
+     * config.init('settings.ini', true);
+     * config.deleteValue('window', 'width');  //= true
+     */
+    deleteValue(section: string, key: string): boolean;
+  }
+
+  /** The plug-in `http`: downloads and requests. */
+  interface Http {
+    /** A new client, which downloads to files. */
+    createClient(): HttpClient;
+
+    /**
+     * A new request object of the system, `Microsoft.XMLHTTP`, for everything else than downloads to files.
+     *
+     * @returns `undefined` if the system has none.
+     *
+     * @example
+     * var request = external.http.createXmlHttp();
+     * request.readyState;  //= 0
+     * function send(address, text) {
+     *   request.open('POST', address, false);
+     *   request.send(text);
+     *   return request.status === 200 ? request.responseText : null;
+     * }
+     */
+    createXmlHttp(): XmlHttp | undefined;
+  }
+
+  /** A client that downloads to files. It may do many downloads at once. */
+  interface HttpClient {
+    /**
+     * Stores what an address gives, on a thread of its own.
+     *
+     * - A download that `progress` ends is silent: neither `success` nor `fail` is called, and its file is removed.
+     *   There is no other way to end one.
+     * - The server's status code is not looked at: an error page is stored, and `success` called.
+     * - The length of the body is what the header `Content-Length` says. Without that header (as with chunked bodies),
+     *   and with a length of 0, the download fails; what comes beyond it is not read. Lengths of 2 GiB and more count
+     *   as 2147483647 bytes.
+     * - Proxies are not used. A server that says nothing for 30 seconds has failed.
+     * - A download goes on when its page or its window goes, and nobody is told. It ends with the program, and leaves
+     *   a part of the file then. After a failure the file is removed, if it was made.
+     *
+     * @returns Whether the download has started. If not, `fail` has been called.
+     *
+     * @example
+     * var client = external.http.createClient(), stopped = false;
+     * client.downloadToFile({
+     *   url: 'http://127.0.0.1:1/garden.zip', destPath: 'download.zip',
+     *   progress: function (done, total) { document.title = Math.round(100 * done / total) + ' %'; return !stopped; },
+     *   success: function () { document.title = 'Here it is.'; },
+     *   fail: function (code) {
+     *     code === client.E_ACCESSDENIED ? 'Not there, please.' : 'No connection.';  //= 'No connection.'
+     *   }
+     * });
+     */
+    downloadToFile(options: DownloadOptions): boolean;
+
+    /**
+     * No failure.
+     *
+     * @example
+     * var client = external.http.createClient();
+     * client.S_OK;  //= 0
+     * client.E_ABORT;  //= -2147467260
+     * client.E_ACCESSDENIED;  //= -2147024891
+     * client.E_FILENOTFOUND;  //= -2147024894
+     */
+    readonly S_OK: 0;
+    /** The status 0x80004004, to compare a `code` with. */
+    readonly E_ABORT: -2147467260;
+    /** The status 0x80070005, to compare a `code` with: the file may not be written. */
+    readonly E_ACCESSDENIED: -2147024891;
+    /** The status 0x80070002, to compare a `code` with: there is no such file. */
+    readonly E_FILENOTFOUND: -2147024894;
+  }
+
+  /**
+   * What {@link HttpClient.downloadToFile} is given.
+   *
+   * The `code` of `fail` is a status as a number with a sign:
+   *
+   * - 0x80070057: `url` or `destPath` is missing;
+   * - 0x80004005: the length is 0 or no number, or the body ended before it;
+   * - 0x80072F76: the server tells no length;
+   * - other 0x80072E.. to 0x80072F..: the network's error: 0x80072EE2 it took too long, 0x80072EE7 no such server,
+   *   0x80072EFD no connection;
+   * - other 0x8007....: the file could not be made or written; the low half is the system's error.
+   */
+  interface DownloadOptions {
+    /** The address, a full one. */
+    url: string;
+    /**
+     * The file; a relative path counts from the page, and a `file:` URL is a path. A file that is there is replaced as
+     * soon as the server has answered.
+     */
+    destPath: string;
+    /**
+     * Is told the bytes after each piece of at most 65536. `false`, and only that, ends the download. In the last
+     * call, whose two numbers are equal, the file is complete and closed: it can be used there, and a `false` comes
+     * too late to remove it.
+     */
+    progress?(done: number, total: number, context: any): boolean | void;
+    /** Is called at the end of a download that did all. */
+    success?(context: any): void;
+    /** Is called at the end of a download that failed. An error in `progress` is a failure, too. */
+    fail?(code: number, context: any): void;
+    /** Is handed to the functions. */
+    context?: any;
+  }
+
+  /** A request object of the system. These are its usual members; the system tells more about it. */
+  interface XmlHttp {
+    /** Begins a request. */
+    open(method: string, url: string, async?: boolean, user?: string, password?: string): void;
+    /** Adds a header to it. */
+    setRequestHeader(name: string, value: string): void;
+    /** Sends it, and waits for the answer unless it is asynchronous. */
+    send(body?: any): void;
+    /** Ends it. */
+    abort(): void;
+    /** A header of the answer. */
+    getResponseHeader(name: string): string;
+    /** All headers of the answer, one a line. */
+    getAllResponseHeaders(): string;
+    /** Is called at each step of an asynchronous request. */
+    set onreadystatechange(value: () => void);
+    /** How far it is, from 0, not begun, to 4, done. */
+    readonly readyState: number;
+    /** The server's status code. */
+    readonly status: number;
+    /** The words to it. */
+    readonly statusText: string;
+    /** The body of the answer as a text. */
+    readonly responseText: string;
+    /** The body of the answer as a document. */
+    readonly responseXML: any;
+  }
+
+  /**
+   * The plug-in `ga`: tells a measurement service which screens are seen and what is done there, by version 1 of the
+   * public measurement protocol.
+   *
+   * Each call sends one hit in the background. Script hears nothing of it, and a hit that fails is lost. The service
+   * is a setting of the host's build, `TARVIK_ANALYTICS_HOST`; as it comes, nothing is sent to anywhere but the
+   * machine itself.
+   *
+   * The texts should be plain ones: `trackingId` and `version` go out as they stand, and the others are escaped as for
+   * the path of a URL, so an `&` in them begins a new field. A text with nothing but characters to escape in it sends
+   * nothing. A hit also tells an identifier of the machine, the user's language and the size of the screen.
+   *
+   * @example
+   * var ga = external.ga;
+   * ga.set('UA-12345-1', 'Garden planner', '1.2');
+   * ga.page('beds');
+   * ga.event('plant', 'tomato');
+   * ga.event('harvest', 12);
+   */
+  interface Analytics {
+    /**
+     * Tells of a screen that is seen. An empty text sends nothing.
+     *
+     * @throws 0x80004005 if it is no string.
+     *
+     * @example
+     * try {
+     *   external.ga.page();
+     * } catch (error) {
+     *   error.number;  //= -2147467259
+     * }
+     */
+    page(screen: string): void;
+
+    /**
+     * Tells of something that is done. With fewer arguments, or another kind of `category`, nothing happens.
+     *
+     * @param action - A text, or a whole number. A boolean sends its bits, not a word.
+     */
+    event(category: string, action: string | number): void;
+
+    /**
+     * What all hits of this window tell of the application. Without it, or with an empty `name`, no hit is sent.
+     *
+     * @throws 0x80004005 if one of them is no string.
+     */
+    set(trackingId: string, name: string, version: string): void;
   }
 }
