@@ -128,7 +128,8 @@ declare namespace Tarvik {
   /** A digest under way. */
   interface Digest {
     /**
-     * Takes the UTF-8 form of a text. Only the sum of the pieces counts.
+     * Takes the UTF-8 form of a text. Only the sum of the pieces counts. With no argument, or more than one, nothing
+     * happens.
      *
      * @returns The object itself, so calls make a chain.
      * @throws 0x80004005 if it is no string.
@@ -286,6 +287,8 @@ declare namespace Tarvik {
     /**
      * Lists a folder, on a thread of its own. The options are read there, so the object stays as it is until the end.
      *
+     * @throws 0x80070057 if there is no option object.
+     *
      * @example
      * var texts = [];
      * external.file.enumFiles({
@@ -346,7 +349,7 @@ declare namespace Tarvik {
      */
     filter?: string;
     /**
-     * Is called for each file and folder, for folders after what is in them. `false` ends the listing.
+     * Is called for each file and folder, for folders after what is in them. `false` ends the listing, an error does not.
      *
      * @param attributes - The system's: 16 a folder, 1 read-only, 2 hidden, and others, added up.
      * @param size - Bytes; 0 for a folder.
@@ -563,7 +566,7 @@ declare namespace Tarvik {
    * `window.external.stream` gives a new, empty one.
    *
    * Other plug-ins take such an object, or hand one over, where bytes are meant; leave it alone while one works on it.
-   * Numbers are little-endian. Counts and lengths are bytes; a 0 throws 0x80070057.
+   * Numbers are little-endian. Counts and lengths are bytes; -1 means all, as without one, and a 0 throws 0x80070057.
    *
    * @example
    * var bytes = external.stream;
@@ -872,7 +875,7 @@ declare namespace Tarvik {
     overWrite?: boolean;
     /**
      * Is told how the run goes on, and steers it: before each member with its name alone, and with each piece written.
-     * `false` ends the run; `0` before a member leaves it out.
+     * `false` ends the run; `0` before a member leaves it out. An error counts as no answer.
      *
      * @param name - The member's name in the archive.
      * @param total - Bytes of all members; missing before a member, as are the others.
@@ -965,8 +968,7 @@ declare namespace Tarvik {
    * The plug-in `system`: command line, environment, programs, shortcuts and the power.
    *
    * Paths count from the page, but that of {@link System.parseShortcut} is a full one. The power is changed without a
-   * question: that is the page's. Properties are read without parentheses, and methods are not read:
-   * `system.administrator()` and `system.reboot` throw 0x80004001.
+   * question: that is the page's.
    *
    * The plug-in sets variables of the environment to the user's folders, at its first use: `DESKTOP`, `STARTMENU`,
    * `STARTUP`, `PROGRAMS`, the same four for all users (`COMMON_DESKTOP` and so on), `SENDTO`, `MYDOCUMENTS`, and
@@ -1119,7 +1121,7 @@ declare namespace Tarvik {
     /**
      * A text with the value for each `%name%`; unknown ones stay.
      *
-     * @returns `''` where that is 520 characters or more.
+     * @returns `''` where that is 520 characters or more, `null` if the system fails.
      *
      * @example
      * var folder = external.system.getEnvirVar('DESKTOP');
@@ -1360,7 +1362,7 @@ declare namespace Tarvik {
      * registry.createKey(key);
      * registry.setValue(key + '\\', 'The default value');  //= true
      * registry.setValue(key + '\\maximized', true);  //= true
-     * registry.setValue(key + '\\beds', { count: 3 });  //= false
+     * registry.setValue(key + '\\beds', null);  //= false
      * registry.deleteKey(key);
      */
     setValue(path: string, value: string | number | boolean): boolean;
@@ -1470,7 +1472,8 @@ declare namespace Tarvik {
      * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file; a relative one
      *   counts from the page.
      * @param isPath - `true` if it is a path.
-     * @returns `false` for an empty one, and for a name that is nothing but backslashes; then all stays as it was.
+     * @returns `false` for an empty one, for one with a zero in it, and for a name that is nothing but backslashes; then
+     *   all stays as it was.
      *
      * @example
      * external.config.init('');  //= false
@@ -1661,7 +1664,7 @@ declare namespace Tarvik {
     open(method: string, url: string, async?: boolean, user?: string, password?: string): void;
     /** Adds a header to it. */
     setRequestHeader(name: string, value: string): void;
-    /** Sends it, and waits for the answer unless it is asynchronous. */
+    /** Sends it, and waits for the answer unless it is asynchronous. Throws if there is no connection. */
     send(body?: any): void;
     /** Ends it. */
     abort(): void;
@@ -1710,7 +1713,7 @@ declare namespace Tarvik {
      *
      * @example
      * try {
-     *   external.ga.page();
+     *   external.ga.page(undefined);
      * } catch (error) {
      *   error.number;  //= -2147467259
      * }
