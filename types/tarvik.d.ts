@@ -349,7 +349,8 @@ declare namespace Tarvik {
      */
     filter?: string;
     /**
-     * Is called for each file and folder, for folders after what is in them. `false` ends the listing, an error does not.
+     * Is called for each file and folder, for folders after what is in them. `false` ends the listing; an error does
+     * not.
      *
      * @param attributes - The system's: 16 a folder, 1 read-only, 2 hidden, and others, added up.
      * @param size - Bytes; 0 for a folder.
@@ -478,7 +479,7 @@ declare namespace Tarvik {
      * file.read(bytes, 3);  //= 3
      * file.close();
      */
-    seek(offset: number, origin: number): number | undefined;
+    seek(offset: number, origin: 0 | 1 | 2): number | undefined;
 
     /**
      * The size of the file in bytes. The position stays when it is written, unless that fails, which is not told.
@@ -610,7 +611,7 @@ declare namespace Tarvik {
      * bytes.writeUInt8(255);
      * bytes.getSize();  //= 11
      */
-    seek(offset: number, origin: number): number;
+    seek(offset: number, origin: 0 | 1 | 2): number;
 
     /**
      * Cuts the content, or adds zeros to it. The position stays.
@@ -1472,8 +1473,8 @@ declare namespace Tarvik {
      * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file; a relative one
      *   counts from the page.
      * @param isPath - `true` if it is a path.
-     * @returns `false` for an empty one, for one with a zero in it, and for a name that is nothing but backslashes; then
-     *   all stays as it was.
+     * @returns `false` for an empty one, for one with a zero in it, and for a name that is nothing but backslashes;
+     *   then all stays as it was.
      *
      * @example
      * external.config.init('');  //= false
