@@ -104,7 +104,7 @@ declare namespace Tarvik {
      * A new digest by SHA-1.
      *
      * @example
-     * external.hash.sha1().addData('one ').addData('two').finish();  //= external.hash.sha1().addData('one two').finish()
+     * external.hash.sha1().addData('ab').addData('c').finish();  //= external.hash.sha1().addData('abc').finish()
      */
     sha1(): Digest;
 
@@ -128,8 +128,9 @@ declare namespace Tarvik {
   /** A digest under way. */
   interface Digest {
     /**
-     * Takes the UTF-8 form of a text. Only the sum of the pieces counts. With no argument, or more than one, nothing
-     * happens.
+     * Takes the UTF-8 form of a text.
+     *
+     * Only the sum of the pieces counts. With no argument, or more than one, nothing happens.
      *
      * @returns The object itself, so calls make a chain.
      * @throws 0x80004005 if it is no string.
@@ -166,8 +167,10 @@ declare namespace Tarvik {
     isDir(path: string): boolean;
 
     /**
-     * `true` only for a folder's full path that ends in `\.`, whatever the folder holds. A plain path gives `false`
-     * even for an empty folder. To find out what is in a folder, use {@link File.enumFiles}.
+     * `true` only for a folder's full path that ends in `\.`, whatever the folder holds.
+     *
+     * A plain path gives `false` even for an empty folder. To find out what is in a folder, use
+     * {@link File.enumFiles}.
      *
      * @example
      * external.file.mkDir('empty');
@@ -199,8 +202,9 @@ declare namespace Tarvik {
     mkDir(path: string): boolean;
 
     /**
-     * Deletes a file, or a folder with its contents. Contents that cannot be deleted stay. A link to a folder goes
-     * without what it leads to.
+     * Deletes a file, or a folder with its contents.
+     *
+     * Contents that cannot be deleted stay. A link to a folder goes without what it leads to.
      *
      * @param delayed - `true` leaves it to the system, which does it at its next start.
      * @returns `true` also if there is nothing to delete.
@@ -214,8 +218,10 @@ declare namespace Tarvik {
     deleteFile(path: string, delayed?: boolean): boolean;
 
     /**
-     * Copies by the system's shell, without a question. It goes into `dest` if that is a folder, replaces files and
-     * takes names with `*`. Paths have fewer than 260 characters.
+     * Copies by the system's shell, without a question.
+     *
+     * It goes into `dest` if that is a folder, replaces files and takes names with `*`. Paths have fewer than 260
+     * characters.
      *
      * @example
      * external.file.copy('notes.txt', 'copy.txt');  //= true
@@ -303,8 +309,9 @@ declare namespace Tarvik {
   }
 
   /**
-   * What {@link File.copyAsync} and {@link File.moveAsync} are given. A run that `progress` ends calls neither
-   * `success` nor `fail`.
+   * What {@link File.copyAsync} and {@link File.moveAsync} are given.
+   *
+   * A run that `progress` ends calls neither `success` nor `fail`.
    *
    * The `code` of `fail` is a status as a number with a sign:
    *
@@ -349,8 +356,9 @@ declare namespace Tarvik {
      */
     filter?: string;
     /**
-     * Is called for each file and folder, for folders after what is in them. `false` ends the listing; an error does
-     * not.
+     * Is called for each file and folder, for folders after what is in them.
+     *
+     * `false` ends the listing; an error does not.
      *
      * @param attributes - The system's: 16 a folder, 1 read-only, 2 hidden, and others, added up.
      * @param size - Bytes; 0 for a folder.
@@ -521,9 +529,11 @@ declare namespace Tarvik {
   /** What {@link FileIO.readAsync} is given. */
   interface ReadAsyncOptions {
     /**
-     * How many bytes: an unsigned whole number of 32 bits. Script's own numbers are of another kind and are refused.
-     * Such a number comes from a native object, and it keeps its kind only where no page control carries it, or in an
-     * option object that a plug-in library made. On any engine, {@link FileIO.read} takes script's numbers.
+     * How many bytes: an unsigned whole number of 32 bits.
+     *
+     * Script's own numbers are of another kind and are refused. Such a number comes from a native object, and it keeps
+     * its kind only where no page control carries it, or in an option object that a plug-in library made. On any
+     * engine, {@link FileIO.read} takes script's numbers.
      */
     len: number;
     /**
@@ -545,8 +555,9 @@ declare namespace Tarvik {
     /** Where the bytes come from. The page leaves it alone until the end. */
     src: Stream;
     /**
-     * How many bytes: an unsigned whole number of 32 bits, as for {@link ReadAsyncOptions.len}. On any engine,
-     * {@link FileIO.write} takes script's numbers.
+     * How many bytes: a number of the kind of {@link ReadAsyncOptions.len}.
+     *
+     * On any engine, {@link FileIO.write} takes script's numbers.
      */
     len: number;
     /** Is called for each piece of at most 65536 bytes. `false` ends the run with no further call. */
@@ -563,8 +574,9 @@ declare namespace Tarvik {
   type Encoding = 'utf8' | 'unicode' | 'ansi';
 
   /**
-   * The plug-in `stream`: a block of bytes with a position, which grows as it is written. Each read of
-   * `window.external.stream` gives a new, empty one.
+   * The plug-in `stream`: a block of bytes with a position, which grows as it is written.
+   *
+   * Each read of `window.external.stream` gives a new, empty one.
    *
    * Other plug-ins take such an object, or hand one over, where bytes are meant; leave it alone while one works on it.
    * Numbers are little-endian. Counts and lengths are bytes; -1 means all, as without one, and a 0 throws 0x80070057.
@@ -710,8 +722,9 @@ declare namespace Tarvik {
     readUInt64(): number | null;
 
     /**
-     * Writes the 8 bytes of a *floating-point* number, so {@link Stream.readUInt64} does not give it back; that is
-     * intended.
+     * Writes the 8 bytes of a *floating-point* number.
+     *
+     * So {@link Stream.readUInt64} does not give it back; that is intended.
      *
      * @returns `false` if there is not enough memory.
      *
@@ -724,8 +737,10 @@ declare namespace Tarvik {
     writeUInt64(value: number): boolean;
 
     /**
-     * The text of the next bytes. Zeros at the end of these bytes are left out, and the position does not move over
-     * them; zeros in between are part of the text.
+     * The text of the next bytes.
+     *
+     * Zeros at the end of these bytes are left out, and the position does not move over them; zeros in between are
+     * part of the text.
      *
      * @param encoding - `utf8` without it.
      * @param length - How many bytes; all without it.
@@ -778,8 +793,9 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `minizip`: ZIP archives. Each run is on a thread of its own, and as many as are wanted go side by
-   * side.
+   * The plug-in `minizip`: ZIP archives.
+   *
+   * Each run is on a thread of its own, and as many as are wanted go side by side.
    *
    * The options are read there, so the option object stays as it is until the end. Relative paths count from the
    * current folder.
@@ -815,8 +831,10 @@ declare namespace Tarvik {
     unzip(options: UnzipOptions): void;
 
     /**
-     * Unpacks an archive that lies in memory. It is read where it is, by its address: a plug-in library makes the
-     * option object, and keeps the memory until the end.
+     * Unpacks an archive that lies in memory.
+     *
+     * It is read where it is, by its address: a plug-in library makes the option object, and keeps the memory until
+     * the end.
      *
      * @example
      * function unpack(options) {  // from a plug-in library, with buffer and length
@@ -875,11 +893,13 @@ declare namespace Tarvik {
     /** `true` replaces files; without it a file that is there ends the run. */
     overWrite?: boolean;
     /**
-     * Is told how the run goes on, and steers it: before each member with its name alone, and with each piece written.
+     * Is told how the run goes on, and steers it.
+     *
+     * It is called before each member with its name alone, and with each piece written.
      * `false` ends the run; `0` before a member leaves it out. An error counts as no answer.
      *
      * @param name - The member's name in the archive.
-     * @param total - Bytes of all members; missing before a member, as are the others.
+     * @param total - Bytes of all members, 4294967295 at most; missing before a member, as are the others.
      * @param processed - Bytes that were written.
      */
     progress?(name: string, total?: number, processed?: number, context?: any): boolean | number | void;
@@ -911,8 +931,9 @@ declare namespace Tarvik {
   }
 
   /**
-   * What {@link MiniZip.unzip} is given to unpack memory. The codes are those of {@link UnzipOptions}; 0x80070057 says
-   * also that no memory can be read at `buffer`.
+   * What {@link MiniZip.unzip} is given to unpack memory.
+   *
+   * The codes are those of {@link UnzipOptions}; 0x80070057 says also that no memory can be read at `buffer`.
    */
   interface UnzipMemoryOptions extends UnzipRunOptions {
     /** There is none. */
@@ -940,8 +961,10 @@ declare namespace Tarvik {
     /** Files and folders, in the order of the archive. */
     src: string | string[];
     /**
-     * The archive's path, or a stream. A stream takes the archive from its begin on, and is left alone by the page
-     * until the end is told. One that was longer than the archive keeps its end.
+     * The archive's path, or a stream.
+     *
+     * A stream takes the archive from its begin on, and is left alone by the page until the end is told. One that was
+     * longer than the archive keeps its end.
      */
     dest: string | Stream;
     /** `true` replaces the file `dest`; without it a file that is there ends the run. */
@@ -1155,8 +1178,9 @@ declare namespace Tarvik {
     unpinFromTaskbar(path: string): boolean;
 
     /**
-     * Loads a library, has it enter itself in the registry, and frees it. Most libraries need an administrator's
-     * rights for it.
+     * Loads a library, has it enter itself in the registry, and frees it.
+     *
+     * Most libraries need an administrator's rights for it.
      *
      * @returns Whether it answered exactly 0.
      *
@@ -1169,8 +1193,9 @@ declare namespace Tarvik {
     registerDll(path: string): boolean;
 
     /**
-     * Loads a library, has it take itself out of the registry, and frees it. Most libraries need an administrator's
-     * rights for it.
+     * Loads a library, has it take itself out of the registry, and frees it.
+     *
+     * Most libraries need an administrator's rights for it.
      *
      * @returns Whether it answered exactly 0.
      *
@@ -1242,9 +1267,11 @@ declare namespace Tarvik {
     /** `true` asks the user for an administrator's rights, if the program has not got them. */
     requestAdmin?: boolean;
     /**
-     * Is called when the program has ended, and by nothing else; not if a program that was running has taken the file
-     * or address over. With this option, the system may tell the user why something was not started, and the call
-     * waits for that; there is no word to the user who has refused the rights.
+     * Is called when the program has ended; nothing else ends the wait.
+     *
+     * It is not called if a program that was running has taken the file or address over. With this option, the system
+     * may tell the user why something was not started, and the call waits for that; there is no word to the user who
+     * has refused the rights.
      *
      * @param code - The program's exit code.
      */
@@ -1264,8 +1291,10 @@ declare namespace Tarvik {
     /** `true` puts it on the desktop, in place of `dest`. */
     desktop?: boolean;
     /**
-     * Its name on the desktop; for a file that of the file, with its extension: `b.exe` gives `b.exe.lnk`. An address
-     * needs one, and `n` gives `n.lnk.url`.
+     * Its name on the desktop.
+     *
+     * Without it, a file lends its own, with its extension: `b.exe` gives `b.exe.lnk`. An address needs one, and `n`
+     * gives `n.lnk.url`.
      */
     destName?: string;
     /** A file with icons. */
@@ -1339,8 +1368,9 @@ declare namespace Tarvik {
     createKey(path: string): boolean;
 
     /**
-     * Deletes a key with all that is below it. Where something cannot be deleted it stops, and what is gone by then
-     * stays gone.
+     * Deletes a key with all that is below it.
+     *
+     * Where something cannot be deleted it stops, and what is gone by then stays gone.
      *
      * @returns Whether all of it was deleted; `false` also if there is no such key, and for a path that ends in a
      *   backslash.
@@ -1408,8 +1438,10 @@ declare namespace Tarvik {
     isValueExist(path: string): boolean;
 
     /**
-     * Which half of the registry of a 64-bit system is meant. It belongs to this object, and the next read of
-     * `window.external.registry` gives one in `default`. The case of letters does not count.
+     * Which half of the registry of a 64-bit system is meant.
+     *
+     * It belongs to this object, and the next read of `window.external.registry` gives one in `default`. The case of
+     * letters does not count.
      *
      * @throws 0x80070057 if another word is written.
      *
@@ -1641,14 +1673,16 @@ declare namespace Tarvik {
     /** The address, a full one. */
     url: string;
     /**
-     * The file; a relative path counts from the page, and a `file:` URL is a path. A file that is there is replaced as
-     * soon as the server has answered.
+     * The file; a relative path counts from the page, and a `file:` URL is a path.
+     *
+     * A file that is there is replaced as soon as the server has answered.
      */
     destPath: string;
     /**
-     * Is told the bytes after each piece of at most 65536. `false`, and only that, ends the download. In the last
-     * call, whose two numbers are equal, the file is complete and closed: it can be used there, and a `false` comes
-     * too late to remove it.
+     * Is told the bytes after each piece of at most 65536.
+     *
+     * `false`, and only that, ends the download. In the last call, whose two numbers are equal, the file is complete
+     * and closed: it can be used there, and a `false` comes too late to remove it.
      */
     progress?(done: number, total: number, context: any): boolean | void;
     /** Is called at the end of a download that did all. */
@@ -1688,9 +1722,9 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `ga`: tells a measurement service which screens are seen and what is done there, by version 1 of the
-   * public measurement protocol.
+   * The plug-in `ga`: tells a measurement service which screens are seen and what is done there.
    *
+   * It speaks version 1 of the public measurement protocol.
    * Each call sends one hit in the background. Script hears nothing of it, and a hit that fails is lost. The service
    * is a setting of the host's build, `TARVIK_ANALYTICS_HOST`; as it comes, nothing is sent to anywhere but the
    * machine itself.
