@@ -41,10 +41,15 @@ void PrintRow(const char* object, const Member<Self>& row) {
     if (row.put) PrintUse(object, row.name, "write");
 }
 
-// Members of small objects have all uses in one function; none of them has another than this.
+// Members of small objects have all their uses in one function. Only one of them is no method.
 template <class Self>
 void PrintRow(const char* object, const SmallMember<Self>& row) {
-    PrintUse(object, row.name, "call");
+    if (SameCharacters(row.name, L"showJsError")) {
+        PrintUse(object, row.name, "read");
+        PrintUse(object, row.name, "write");
+    } else {
+        PrintUse(object, row.name, "call");
+    }
 }
 
 template <class Object>
