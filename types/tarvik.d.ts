@@ -811,18 +811,18 @@ declare namespace Tarvik {
      *
      * @example
      * external.minizip.unzip({
-     *   src: 'garden.zip', dest: 'garden', overWrite: true,
+     *   src: 'garden.zip', dest: 'unpacked', overWrite: true,
      *   progress: function (name, total, done) { if (total) document.title = Math.round(100 * done / total) + ' %'; },
      *   success: function () {
-     *     external.file.isFileExist('garden\\beds\\peas.txt');  //= true
-     *     external.file.deleteFile('garden');
+     *     external.file.isFileExist('unpacked\\garden\\leeks.txt');  //= true
+     *     external.file.deleteFile('unpacked');
      *   },
      *   fail: function (context, code) { alert('It failed: ' + code); }
      * });
      *
      * @example
      * external.minizip.unzip({
-     *   src: 'notes.txt', dest: 'garden',
+     *   src: 'notes.txt', dest: 'unpacked',
      *   fail: function (context, code) {
      *     code;  //= -2147467259
      *   }
@@ -838,7 +838,7 @@ declare namespace Tarvik {
      *
      * @example
      * function unpack(options) {  // from a plug-in library, with buffer and length
-     *   options.dest = 'garden';
+     *   options.dest = 'unpacked';
      *   options.fail = function (none, context, code) { alert('It failed: ' + code); };
      *   external.minizip.unzip(options);
      * }
