@@ -105,16 +105,8 @@ declare function createWindow(options: Tarvik.CreateWindowOptions): Tarvik.Windo
  * The option `callback` of the {@link External.createWindow | createWindow} that opened the page's window. The host
  * never calls it: the page does, when and how the two pages agree on.
  *
- * Only the first page of such a window has it. There is no such global in the program's first window.
- *
- * @example
- * function tellOpener() { windowCallback('The bed ' + windowContext.bed + ' is sown.'); }  // in second.html
- * var other = createWindow({
- *   url: 'second.html',
- *   context: { bed: 'north' },
- *   callback: function (text) { console.log(text); }
- * });
- * other.close();
+ * Only the first page of such a window has it, `undefined` where the option was not given. There is no such global in
+ * the program's first window.
  */
 declare var windowCallback: any;
 
@@ -163,9 +155,6 @@ declare function abort(): never;
 /**
  * The global `console` is the plug-in `console`, in place of the engine's own. It has the members of
  * {@link Tarvik.Console} and no others.
- *
- * @example
- * console.log('The peas are sown.');
  */
 interface Console extends Tarvik.Console {}
 
@@ -187,7 +176,18 @@ declare namespace Tarvik {
     push(item: Item): void;
   }
 
-  /** The options of {@link External.createWindow | createWindow}. */
+  /**
+   * The options of {@link External.createWindow | createWindow}.
+   *
+   * @example
+   * function tellOpener() { windowCallback('The bed in the ' + windowContext.bed + ' is sown.'); }  // in second.html
+   * var other = createWindow({
+   *   url: 'second.html',
+   *   context: { bed: 'north' },
+   *   callback: function (text) { console.log(text); }
+   * });
+   * other.close();
+   */
   interface CreateWindowOptions {
     /**
      * The page; a relative one counts from the page that calls. Without it, the page of the program's first window.
@@ -204,9 +204,9 @@ declare namespace Tarvik {
   /**
    * The plug-in `window`: the window that a page lives in.
    *
-   * It is hidden until the page shows it. Closing it does not end the program, also when it is the last one:
-   * {@link quit} does. What a page sets stays when the next page comes, functions included; the function of a page
-   * that has gone fails and is passed over.
+   * It is hidden until the page shows it. Closing it does not end the program, also when it is the last one: the page
+   * calls {@link quit}, in {@link onClosed} for example. What a page sets stays when the next page comes, functions
+   * included; the function of a page that has gone fails and is passed over.
    *
    * Places and sizes are pixels of the screen, and sizes count the frame. Numbers are taken as the system converts
    * them: fractions are rounded, and what is no number counts as 0.
@@ -239,7 +239,7 @@ declare namespace Tarvik {
     show(visible: boolean): boolean;
 
     /**
-     * Closes the window, without asking {@link onClose}. It goes when the script that runs has come to its end.
+     * Closes the window, without asking {@link onClose}.
      *
      * @returns `true`.
      *
@@ -499,9 +499,8 @@ declare namespace Tarvik {
      *
      * @example
      * var win = window.external.window;
-     * document.body.setAttribute('dragWindow', 'true');
      * win.resize = false;
-     * win.caption = false;  // a plain board, which is moved by its whole area
+     * win.caption = false;  // a plain board, which <body dragWindow="true"> lets the user move
      * win.caption = true;
      * win.resize = true;
      */
@@ -693,7 +692,7 @@ declare namespace Tarvik {
    * desktop can send, so a message is to be read like anything that comes from outside.
    *
    * Functions stay when the page changes; those of a page that has gone fail, and keep the name. A page that leaves
-   * should take its own out. When the window has gone, every member throws 0x80004005.
+   * should take its own out. The object of a window that has gone may throw 0x80004005 at each use.
    *
    * @example
    * var msg = external.window.msg;
@@ -949,7 +948,7 @@ declare namespace Tarvik {
     log(text: string): void;
 
     /**
-     * Whether script errors are shown: `false` hides their dialog, any other value shows it; `undefined` at first.
+     * Whether script errors are shown: `false` hides their dialog, any other value, and none at first, shows it.
      * Without the dialog scripts go on; in it the user may stop them.
      *
      * @example
@@ -957,7 +956,7 @@ declare namespace Tarvik {
      * external.console.showJsError;  //= false
      * external.console.showJsError = true;
      */
-    showJsError: boolean | undefined;
+    showJsError: boolean;
   }
 
   /**
@@ -1054,9 +1053,9 @@ declare namespace Tarvik {
      * Where the pointer is, in pixels from the upper edge of the screen. Writing it keeps {@link x}.
      *
      * @example
-     * var mouse = window.external.mouse;
-     * mouse.y = 150;
-     * mouse.y;  //= 150
+     * var mouse = window.external.mouse, win = window.external.window;
+     * mouse.x = win.left + win.width / 2;
+     * mouse.y = win.top + win.height / 2;
      */
     y: number;
 
