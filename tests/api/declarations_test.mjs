@@ -1,0 +1,38 @@
+// declarations_test.mjs COMMAND...: compares the declarations with what the command, member_list, prints of the host,
+// and looks whether every member is shown in an example.
+import { execFileSync } from 'node:child_process';
+import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
+
+const declarations = readDeclarations();
+
+function declared() {
+  const interfaces = new Map(declarations.interfaces.map((one) => [one.name, one]));
+  const lines = [];
+  const take = (name, { members }) =>
+    members.forEach((member) => member.uses.forEach((use) => lines.push(`${name} ${member.name} ${use}`)));
+  for (const { name, type, uses } of declarations.external.members) {
+    const plugin = interfaces.get(type.replace('Tarvik.', ''));
+    if (uses.includes('call') || !plugin) continue;
+    take(name, plugin);
+    interfaces.delete(plugin.name);
+  }
+  for (const [name, object] of interfaces) if (objects.has(name)) take(name, object);
+  return lines;
+}
+
+const [command, ...rest] = process.argv.slice(2);
+const host = execFileSync(command, rest, { encoding: 'utf8' }).split(/\r?\n/).filter(Boolean);
+const objects = new Set(host.map((line) => line.split(' ')[0]));
+
+const faults = [];
+const page = declared();
+for (const line of host) if (!page.includes(line)) faults.push(`not declared: ${line}`);
+for (const line of page) if (!host.includes(line)) faults.push(`not in the host: ${line}`);
+
+const shown = examplesOf(declarations).map((example) => example.code).join('\n');
+for (const line of new Set(host.map((line) => line.split(' ')[1])))
+  if (!new RegExp(`\\.${line}\\b`).test(shown)) faults.push(`in no example: ${line}`);
+
+console.log(faults.join('\n'));
+console.log(`${host.length} uses of members, ${faults.length} faults`);
+process.exitCode = faults.length ? 1 : 0;
