@@ -22,8 +22,9 @@
  * a function.
  *
  * @example
- * var hash = window.external.hash;
- * window.external.noSuchPlugin;  //= undefined
+ * external.menu === external.menu;  //= true
+ * external.stream === external.stream;  //= false
+ * external.noSuchPlugin;  //= undefined
  */
 interface External {
   /** The window that the page lives in, its dialogs and its events; *retained*. */
@@ -1035,13 +1036,13 @@ declare namespace Tarvik {
      */
     click(button?: number): boolean;
     /**
-     * The same: the click is where the pointer is, not at `x` and `y`. To click elsewhere, write {@link x} and
-     * {@link y} of the mouse first.
+     * The same: the click is where the pointer is, not at `x` and `y`. To click elsewhere, write {@link Mouse.x} and
+     * {@link Mouse.y} of the mouse first.
      */
     click(button: number, x: number, y: number): boolean;
 
     /**
-     * Where the pointer is, in pixels from the left edge of the screen. Writing it keeps {@link y}.
+     * Where the pointer is, in pixels from the left edge of the screen. Writing it keeps {@link Mouse.y}.
      *
      * @example
      * var mouse = window.external.mouse;
@@ -1050,7 +1051,7 @@ declare namespace Tarvik {
      */
     x: number;
     /**
-     * Where the pointer is, in pixels from the upper edge of the screen. Writing it keeps {@link x}.
+     * Where the pointer is, in pixels from the upper edge of the screen. Writing it keeps {@link Mouse.x}.
      *
      * @example
      * var mouse = window.external.mouse, win = window.external.window;
