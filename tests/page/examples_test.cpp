@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "tests/page/program.h"
-#include "tests/plugins/zip/archive_writer.h"
 
 namespace tarvik {
 namespace {
@@ -17,11 +16,7 @@ class Examples : public ProgramTest {
         const fs::path work(program_.Work());
         const fs::path programs = fs::path(ExecutablePath()).parent_path();
         fs::copy(programs / "examples", work, fs::copy_options::recursive);
-        program_.Folder().Write(L"work\\notes.txt", "Beans\r\nPeas\r\n");
         program_.Folder().Write(L"work\\second.html", "<!DOCTYPE html><title>Second</title>");
-        program_.Folder().Write(
-            L"work\\garden.zip",
-            WriteArchive({{"beds/beans.txt", "Sow in May."}, {"beds/peas.txt", "Sow in March."}}));
     }
     // As a user who presses Escape, in whatever asks.
     void Refuse() {

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Processes',
+  icon: 'processes',
+  group: 'System',
+  plugins: ['system'],
   intro: 'shellExecute of the plug-in "system" opens files, programs and addresses. With a function, a page hears how a ' +
     'program has ended.',
   examples: [
