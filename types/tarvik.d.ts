@@ -318,20 +318,6 @@ declare namespace Tarvik {
     isSupportTaskbarProgress(): boolean;
 
     /**
-     * Asks the user for several files.
-     *
-     * @returns The full paths, in an `Array` of the page even for one; `null` if nothing was chosen. The list ends
-     *   before a path of 260 characters or more. Paths from the root of a drive have two backslashes, as in
-     *   `C:\\a.txt`.
-     *
-     * @example
-     * var paths = external.window.selectFile({ title: 'Plans to open', initDir: '.', multi: true });
-     * for (var i = 0; paths && i < paths.length; i++) console.log(paths[i]);
-     * paths;  //= null
-     */
-    selectFile(options: SelectFileOptions & { multi: true }): string[] | null;
-
-    /**
      * Asks the user for a file.
      *
      * The dialog belongs to the window, which is disabled until it is answered. The page's call waits that long, while
@@ -352,7 +338,20 @@ declare namespace Tarvik {
      * var path = external.window.selectFile({ title: 'Save the plan', saveMode: true, overwritePrompt: true });
      * path;  //= null
      */
-    selectFile(options?: SelectFileOptions): string | null;
+    selectFile(options?: SelectFileOptions & { multi?: false }): string | null;
+    /**
+     * Asks the user for several files, with the option `multi`.
+     *
+     * @returns The full paths, in an `Array` of the page even for one; `null` if nothing was chosen. The list ends
+     *   before a path of 260 characters or more. Paths from the root of a drive have two backslashes, as in
+     *   `C:\\a.txt`.
+     *
+     * @example
+     * var paths = external.window.selectFile({ title: 'Plans to open', initDir: '.', multi: true });
+     * for (var i = 0; paths && i < paths.length; i++) console.log(paths[i]);
+     * paths;  //= null
+     */
+    selectFile(options: SelectFileOptions): string[] | null;
 
     /**
      * Asks the user for a folder. The page's call waits, as with {@link selectFile}.
