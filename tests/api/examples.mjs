@@ -1,12 +1,18 @@
-// examples.mjs FOLDER: writes the examples of the declarations there, a page each, for the host, and all of them in one
-// file for the compiler. In a page, "expression;  //= value" becomes a comparison.
-import { mkdirSync, rmSync, writeFileSync } from 'node:fs';
-import { join } from 'node:path';
+// examples.mjs FOLDER DOCUMENT...: writes the examples of the declarations there, and those of the documents, which are
+// fenced as js: a page each, for the host, and all of them in one file for the compiler. In a page,
+// "expression;  //= value" becomes a comparison.
+import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { basename, join } from 'node:path';
 import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
 
-const folder = process.argv[2];
-const examples = examplesOf(readDeclarations());
+const [folder, ...documents] = process.argv.slice(2);
+const examples = [...examplesOf(readDeclarations()), ...documents.flatMap(examplesIn)];
 const assertion = /^(\s*)(.*?);\s*\/\/= (.*)$/gm;
+
+function examplesIn(path) {
+  const blocks = readFileSync(path, 'utf8').matchAll(/^```js\n([\s\S]*?)^```$/gm);
+  return [...blocks].map(([, code], index) => ({ of: `${basename(path)}, example ${index + 1}`, code }));
+}
 
 function page({ of, code }, index) {
   const next = index + 1 < examples.length ? `${index + 1}.html` : '';

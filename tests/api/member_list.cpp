@@ -1,5 +1,5 @@
-// Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a
-// member, and how it is used. reference_test.mjs compares it with the declarations.
+// Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a member, and how
+// it is used. reference_test.mjs compares it with the declarations.
 
 #include <cstdio>
 
@@ -41,19 +41,20 @@ void PrintRow(const char* object, const Member<Self>& row) {
     if (row.put) PrintUse(object, row.name, "write");
 }
 
-// Members of small objects have all uses in one function, which does not say what they are. All but one are
-// methods.
+// Members of small objects have all their uses in one function. Only one of them is no method.
 template <class Self>
 void PrintRow(const char* object, const SmallMember<Self>& row) {
-    if (row.name != std::wstring_view(L"showJsError")) return PrintUse(object, row.name, "call");
-    PrintUse(object, row.name, "read");
-    PrintUse(object, row.name, "write");
+    if (SameCharacters(row.name, L"showJsError")) {
+        PrintUse(object, row.name, "read");
+        PrintUse(object, row.name, "write");
+    } else {
+        PrintUse(object, row.name, "call");
+    }
 }
 
 template <class Object>
 void Print(const char* name) {
-    for (const auto& row : Object::Members())
-        PrintRow(name, row);
+    for (const auto& row : Object::Members()) PrintRow(name, row);
 }
 
 void PrintAll() {
