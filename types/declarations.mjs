@@ -20,7 +20,8 @@ function parseComment(comment) {
 }
 
 function commentOf(node, source) {
-  const comments = ts.getLeadingCommentRanges(source.text, node.pos) ?? [];
+  const statement = ts.isVariableDeclaration(node) ? node.parent.parent : node;
+  const comments = ts.getLeadingCommentRanges(source.text, statement.pos) ?? [];
   const last = comments.map((range) => source.text.slice(range.pos, range.end)).filter((text) => text.startsWith('/**')).pop();
   return parseComment(last ?? '');
 }
@@ -50,31 +51,30 @@ function membersOf(nodes, source) {
   return [...members.values()];
 }
 
-// { plugins: [member of External], interfaces: [{ name, comment, members }], globals: [member] }
+function globalsOf(statement) {
+  if (ts.isVariableStatement(statement)) return [...statement.declarationList.declarations];
+  return ts.isFunctionDeclaration(statement) ? [statement] : [];
+}
+
+// { host: what `external` is, interfaces: what else there is, each { name, comment, members }, globals: [member] }
 export function readDeclarations() {
   const source = ts.createSourceFile('tarvik.d.ts', readFileSync(file, 'utf8'), ts.ScriptTarget.ES5, true);
   const described = (node) => ({
     name: node.name.text, comment: commentOf(node, source), members: membersOf(node.members, source),
   });
   const space = source.statements.find(ts.isModuleDeclaration).body.statements;
-  const external = source.statements.filter(ts.isInterfaceDeclaration).find((node) => node.name.text === 'External');
-  return {
-    external: described(external),
-    interfaces: space.filter(ts.isInterfaceDeclaration).map(described),
-    globals: membersOf(source.statements.filter(ts.isFunctionDeclaration), source),
-  };
+  const [host, ...interfaces] = space.filter(ts.isInterfaceDeclaration).map(described);
+  return { host, interfaces, globals: membersOf(source.statements.flatMap(globalsOf), source) };
 }
 
 // Every example: { of, code }, in the order of the file.
-export function examplesOf({ external, interfaces, globals }) {
+export function examplesOf({ host, interfaces, globals }) {
   const examples = [];
   const take = (of, comment) => (comment.example ?? []).forEach((code) => examples.push({ of, code }));
   const takeMembers = (prefix, members) =>
     members.forEach((member) => member.comments.forEach((comment) => take(prefix + member.name, comment)));
-  take('External', external.comment);
-  takeMembers('External.', external.members);
   takeMembers('', globals);
-  for (const { name, comment, members } of interfaces) {
+  for (const { name, comment, members } of [host, ...interfaces]) {
     take(name, comment);
     takeMembers(name + '.', members);
   }

@@ -6,8 +6,10 @@
  * Beside it stands the library of the browser (`"lib": ["dom", "es5"]`).
  *
  * - A member that is called wrongly throws an {@link Tarvik.StatusError | Error} with a status as its `number`:
- *   0x80004001 for a wrong number of arguments and for a read of a method, 0x80070057 for an argument of the wrong
- *   kind. A member that fails in its work answers `false` or `null`. What differs is told with the member.
+ *   0x80004001 for a wrong number of arguments, 0x80070057 for an argument of the wrong kind. A member that fails in
+ *   its work answers `false` or `null`. What differs is told with the member.
+ * - A method that is read without a call, and a property that is only written, throw 0x80004001 on the system's
+ *   control, and read as a function on the page control.
  * - Options that are missing or of the wrong kind count as absent, and only `true` and `false` count as booleans.
  * - "Whole number" is one in 32 bits with a sign; others are refused where one is asked for.
  *
@@ -15,83 +17,11 @@
  */
 
 /**
- * The native powers of a page. A plug-in is read by its name, and the name is exact.
+ * `window.external`: what it has is told with {@link Tarvik.Host}. Two members of the browser's library are not there.
  *
- * A *retained* plug-in is one object for each window, and keeps its state when the page navigates; a *transient* one
- * is a new object at each read. What comes from here belongs to the host: it may be callable, and `typeof` may call it
- * a function.
- *
- * @example
- * external.menu === external.menu;  //= true
- * external.stream === external.stream;  //= false
- * external.noSuchPlugin;  //= undefined
+ * @hidden
  */
-interface External {
-  /** The window that the page lives in, its dialogs and its events; *retained*. */
-  readonly window: Tarvik.Window;
-  /** Menus that open at a place, and menu bars; *retained*. */
-  readonly menu: Tarvik.Menus;
-  /** The window's icon at the end of the task bar; *retained*. */
-  readonly tray: Tarvik.Tray;
-  /** Keys that are heard wherever the user works; *retained*. */
-  readonly hotkey: Tarvik.Hotkey;
-  /** The pointer and its buttons; *retained*. */
-  readonly mouse: Tarvik.Mouse;
-  /** Files that are dragged onto elements of the page; *retained*. */
-  readonly dragfile: Tarvik.DragFile;
-  /** Digests of texts; *retained*. */
-  readonly hash: Tarvik.Hash;
-  /** The author's log; *retained*. */
-  readonly console: Tarvik.Console;
-  /** Questions about files and folders; deleting, copying, moving and listing; *retained*. */
-  readonly file: Tarvik.File;
-  /** One open file, whose bytes go to streams and come from them; *transient*: each read gives a new one. */
-  readonly fileIO: Tarvik.FileIO;
-  /** A block of bytes with a position; *transient*: each read gives a new one, which is empty. */
-  readonly stream: Tarvik.Stream;
-  /** ZIP archives; *transient*: each read gives a new one. */
-  readonly minizip: Tarvik.MiniZip;
-  /** Command line, environment, programs, shortcuts and the power; *retained*. */
-  readonly system: Tarvik.System;
-  /** The system's registry; *transient*: each read gives a new one. */
-  readonly registry: Tarvik.Registry;
-  /** An application's settings; *transient*: each read gives a new one. */
-  readonly config: Tarvik.Config;
-  /** Downloads and requests; *transient*: each read gives a new one. */
-  readonly http: Tarvik.Http;
-  /** Tells a measurement service what is used; *retained*. */
-  readonly ga: Tarvik.Analytics;
-
-  /**
-   * Loads a plug-in library. Its name is then read like that of a built-in plug-in: `window.external.name`.
-   *
-   * @param path - The library's file; a relative path counts from the program's current folder.
-   * @returns `false` if the file is no image for this system, or one for 32-bit x86. A library that is an image but no
-   *   plug-in is `true` as well.
-   * @throws 0x80070057 without a path.
-   *
-   * @example
-   * window.external.loadPlugin('notes.txt');  //= false
-   */
-  loadPlugin(path: string): boolean;
-
-  /**
-   * Opens a further window of the program. It is hidden until its page, or this one, shows it.
-   *
-   * @returns The new window's plug-in `window`, or `null` if there is no such page. A relative `url` on a page from a
-   *   web server gives no window.
-   * @throws 0x80070057 without options.
-   *
-   * @example
-   * var other = createWindow({ url: 'second.html', inherit: true, context: 7 });
-   * other.isVisible();  //= false
-   * other.close();
-   */
-  createWindow(options: Tarvik.CreateWindowOptions): Tarvik.Window | null;
-
-  /** The plug-ins that libraries bring, by their names; `undefined` for a name that there is no plug-in for. */
-  [pluginName: string]: any;
-}
+interface External extends Tarvik.Host {}
 
 /**
  * The plug-in of a name: `window.external[pluginName]`.
@@ -102,10 +32,10 @@ interface External {
  * queryModule('mouse').LBTN;  //= 0
  * queryModule('noSuchPlugin');  //= undefined
  */
-declare function queryModule<Name extends keyof External>(pluginName: Name): External[Name];
+declare function queryModule<Name extends keyof Tarvik.Host>(pluginName: Name): Tarvik.Host[Name];
 
 /**
- * Loads a plug-in library: {@link External.loadPlugin | window.external.loadPlugin}.
+ * Loads a plug-in library: {@link Tarvik.Host.loadPlugin | window.external.loadPlugin}.
  *
  * @example
  * loadPlugin('no such library.dll');  //= false
@@ -113,7 +43,7 @@ declare function queryModule<Name extends keyof External>(pluginName: Name): Ext
 declare function loadPlugin(path: string): boolean;
 
 /**
- * Opens a further window: {@link External.createWindow | window.external.createWindow}.
+ * Opens a further window: {@link Tarvik.Host.createWindow | window.external.createWindow}.
  *
  * @example
  * createWindow({ url: 'no such page.html' });  //= null
@@ -121,7 +51,7 @@ declare function loadPlugin(path: string): boolean;
 declare function createWindow(options: Tarvik.CreateWindowOptions): Tarvik.Window | null;
 
 /**
- * The option `callback` of the {@link External.createWindow | createWindow} that opened the page's window. The host
+ * The option `callback` of the {@link Tarvik.Host.createWindow | createWindow} that opened the page's window. The host
  * never calls it: the page does, when and how the two pages agree on.
  *
  * Only the first page of such a window has it, `undefined` where the option was not given. There is no such global in
@@ -130,7 +60,7 @@ declare function createWindow(options: Tarvik.CreateWindowOptions): Tarvik.Windo
 declare var windowCallback: any;
 
 /**
- * The option `context` of the {@link External.createWindow | createWindow} that opened the page's window, as with
+ * The option `context` of the {@link Tarvik.Host.createWindow | createWindow} that opened the page's window, as with
  * {@link windowCallback}.
  */
 declare var windowContext: any;
@@ -178,6 +108,85 @@ declare function abort(): never;
 interface Console extends Tarvik.Console {}
 
 declare namespace Tarvik {
+  /**
+   * The native powers of a page. A plug-in is read by its name, and the name is exact.
+   *
+   * A *retained* plug-in is one object for each window, and keeps its state when the page navigates; a *transient* one
+   * is a new object at each read. What comes from here belongs to the host: it may be callable, and `typeof` may call it
+   * a function.
+   *
+   * @example
+   * external.menu === external.menu;  //= true
+   * external.stream === external.stream;  //= false
+   * external.noSuchPlugin;  //= undefined
+   */
+  interface Host {
+    /** The window that the page lives in, its dialogs and its events; *retained*. */
+    readonly window: Window;
+    /** Menus that open at a place, and menu bars; *retained*. */
+    readonly menu: Menus;
+    /** The window's icon at the end of the task bar; *retained*. */
+    readonly tray: Tray;
+    /** Keys that are heard wherever the user works; *retained*. */
+    readonly hotkey: Hotkey;
+    /** The pointer and its buttons; *retained*. */
+    readonly mouse: Mouse;
+    /** Files that are dragged onto elements of the page; *retained*. */
+    readonly dragfile: DragFile;
+    /** Digests of texts; *retained*. */
+    readonly hash: Hash;
+    /** The author's log; *retained*. */
+    readonly console: Console;
+    /** Questions about files and folders; deleting, copying, moving and listing; *retained*. */
+    readonly file: File;
+    /** One open file, whose bytes go to streams and come from them; *transient*: each read gives a new one. */
+    readonly fileIO: FileIO;
+    /** A block of bytes with a position; *transient*: each read gives a new one, which is empty. */
+    readonly stream: Stream;
+    /** ZIP archives; *transient*: each read gives a new one. */
+    readonly minizip: MiniZip;
+    /** Command line, environment, programs, shortcuts and the power; *retained*. */
+    readonly system: System;
+    /** The system's registry; *transient*: each read gives a new one. */
+    readonly registry: Registry;
+    /** An application's settings; *transient*: each read gives a new one. */
+    readonly config: Config;
+    /** Downloads and requests; *transient*: each read gives a new one. */
+    readonly http: Http;
+    /** Tells a measurement service what is used; *retained*. */
+    readonly ga: Analytics;
+
+    /**
+     * Loads a plug-in library. Its name is then read like that of a built-in plug-in: `window.external.name`.
+     *
+     * @param path - The library's file; a relative path counts from the program's current folder.
+     * @returns `false` if the file is no image for this system, or one for 32-bit x86. A library that is an image but no
+     *   plug-in is `true` as well.
+     * @throws 0x80070057 without a path.
+     *
+     * @example
+     * window.external.loadPlugin('notes.txt');  //= false
+     */
+    loadPlugin(path: string): boolean;
+
+    /**
+     * Opens a further window of the program. It is hidden until its page, or this one, shows it.
+     *
+     * @returns The new window's plug-in `window`, or `null` if there is no such page. A relative `url` on a page from a
+     *   web server gives no window.
+     * @throws 0x80070057 without options.
+     *
+     * @example
+     * var other = createWindow({ url: 'second.html', inherit: true, context: 7 });
+     * other.isVisible();  //= false
+     * other.close();
+     */
+    createWindow(options: CreateWindowOptions): Window | null;
+
+    /** The plug-ins that libraries bring, by their names; `undefined` for a name that there is no plug-in for. */
+    [pluginName: string]: any;
+  }
+
   /** What members throw. */
   interface StatusError extends Error {
     /** The status, a negative number: -2147467263 is 0x80004001. */
@@ -196,7 +205,7 @@ declare namespace Tarvik {
   }
 
   /**
-   * The options of {@link External.createWindow | createWindow}.
+   * The options of {@link Tarvik.Host.createWindow | createWindow}.
    *
    * @example
    * function tellOpener() { windowCallback('The bed in the ' + windowContext.bed + ' is sown.'); }  // in second.html

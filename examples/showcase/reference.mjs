@@ -4,7 +4,7 @@ import MarkdownIt from 'markdown-it';
 import { readDeclarations } from '../../types/declarations.mjs';
 
 const markdown = new MarkdownIt();
-const { external, interfaces, globals } = readDeclarations();
+const { host, interfaces, globals } = readDeclarations();
 
 // Links have nowhere to lead here: what they call their target stays.
 function html(text) {
@@ -48,15 +48,15 @@ function objectsOf(plugin) {
   return interfaces.slice(first, next < 0 ? undefined : next).map(objectOf);
 }
 
-const plugins = external.members
+const plugins = host.members
   .filter(({ uses }) => !uses.includes('call'))
   .map(({ name, type, comments }) => ({
-    name, type: type.replace('Tarvik.', ''), summary: html(comments[0].text.replace(/; \*(retained|transient)[\s\S]*$/, '.')).replace(/^<p>|<\/p>$/g, ''),
+    name, type, summary: html(comments[0].text.replace(/; \*(retained|transient)[\s\S]*$/, '.')).replace(/^<p>|<\/p>$/g, ''),
   }));
 
 const everyPage = {
   name: '', summary: 'What every page finds.',
-  objects: [{ ...objectOf({ ...external, name: 'external' }), members: external.members.filter(({ uses }) => uses.includes('call')).map(memberOf) },
+  objects: [{ ...objectOf({ ...host, name: 'external' }), members: host.members.filter(({ uses }) => uses.includes('call')).map(memberOf) },
     objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals })],
 };
 const reference = [everyPage, ...plugins.map((plugin) => ({ ...plugin, objects: objectsOf(plugin) }))];

@@ -10,8 +10,8 @@ function declared() {
   const lines = [];
   const take = (name, { members }) =>
     members.forEach((member) => member.uses.forEach((use) => lines.push(`${name} ${member.name} ${use}`)));
-  for (const { name, type, uses } of declarations.external.members) {
-    const plugin = interfaces.get(type.replace('Tarvik.', ''));
+  for (const { name, type, uses } of declarations.host.members) {
+    const plugin = interfaces.get(type);
     if (uses.includes('call') || !plugin) continue;
     take(name, plugin);
     interfaces.delete(plugin.name);

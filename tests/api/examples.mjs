@@ -25,6 +25,7 @@ function page({ of, code }, index) {
 <script src="check.js"></script>
 <script src="example.js"></script>
 <script>begin(${JSON.stringify(of)}, ${expected}, ${JSON.stringify(next)});</script>
+<body>
 <script>
 (function () {
 ${checked.replaceAll('</', '<\\/')}

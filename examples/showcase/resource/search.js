@@ -84,6 +84,7 @@ Showcase.search = (function () {
       }
     };
     input.onkeydown = function (event) {
+      /** @type {HTMLElement} */
       var first = document.querySelector('.hit');
       if (event.keyCode === 27) {
         input.value = '';

@@ -110,6 +110,7 @@ var Showcase = (function () {
     for (var i = 0; i < page.examples.length; i++) place.appendChild(card(page.examples[i]));
     for (var k = 0; k < (page.plugins || []).length; k++)
       if (Showcase.homeOf(page.plugins[k]) === page) Showcase.referenceView.show(place, page.plugins[k]);
+    /** @type {any} */
     var found = target && document.getElementById(target);
     if (!found) return;
     if (found.toggle) found.toggle(true);

@@ -16,6 +16,7 @@ Showcase.source = (function () {
     var pre = document.createElement('pre');
     code.replace(tokens, function () {
       var kind = kindOf(arguments);
+      /** @type {Node} */
       var node = document.createTextNode(arguments[0]);
       if (kind) {
         var word = document.createElement('span');

@@ -1,3 +1,4 @@
+// @ts-nocheck: one of its examples is wrong on purpose.
 Showcase.add({
   title: 'Start',
   icon: 'start',
