@@ -40,11 +40,9 @@ const objectOf = ({ name, comment, members }) => ({
   members: members.map(memberOf),
 });
 
-// The objects of a plug-in follow it in the file.
-function objectsOf(plugin) {
-  const names = new Set(plugins.map((one) => one.type));
-  const first = interfaces.findIndex((one) => one.name === plugin.type);
-  const next = interfaces.findIndex((one, index) => index > first && names.has(one.name));
+// The objects of a plug-in follow it in the file; those before the first one belong to every page.
+function objectsFrom(first) {
+  const next = interfaces.findIndex((one, index) => index > first && plugins.some(({ type }) => type === one.name));
   return interfaces.slice(first, next < 0 ? undefined : next).map(objectOf);
 }
 
@@ -57,7 +55,8 @@ const plugins = host.members
 const everyPage = {
   name: '', summary: 'What every page finds.',
   objects: [{ ...objectOf({ ...host, name: 'external' }), members: host.members.filter(({ uses }) => uses.includes('call')).map(memberOf) },
-    objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals })],
+    objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals }),
+    ...objectsFrom(0)],
 };
-const reference = [everyPage, ...plugins.map((plugin) => ({ ...plugin, objects: objectsOf(plugin) }))];
+const reference = [everyPage, ...plugins.map((plugin) => ({ ...plugin, objects: objectsFrom(interfaces.findIndex((one) => one.name === plugin.type)) }))];
 writeFileSync(process.argv[2], `Showcase.reference = ${JSON.stringify(reference)};\n`);
