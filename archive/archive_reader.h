@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "plugins/zip/archive_finder.h"
+#include "archive/archive_finder.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
-#include "plugins/zip/source_file.h"
+#include "archive/source_file.h"
 
 #include "base/status.h"
-#include "plugins/zip/file_time.h"
+#include "archive/file_time.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "base/owners.h"
-#include "plugins/zip/archive_finder.h"
+#include "archive/archive_finder.h"
 
 namespace tarvik {
 

@@ -1,4 +1,4 @@
-#include "plugins/zip/archive_finder.h"
+#include "archive/archive_finder.h"
 
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/test.h"

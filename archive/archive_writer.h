@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "plugins/zip/source_file.h"
+#include "archive/source_file.h"
 
 namespace tarvik {
 
@@ -17,7 +17,8 @@ class ArchiveWriter {
     // Anything but `count` makes the writer give up; an entry of a folder is also a write of 0 bytes.
     using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
 
-    ArchiveWriter(Write write, void* target);
+    // The archive begins at `start` of its target, and all its offsets count from the target's first byte.
+    ArchiveWriter(Write write, void* target, mz_uint64 start = 0);
     ~ArchiveWriter() { mz_zip_writer_end(&zip_); }
     ArchiveWriter(const ArchiveWriter&) = delete;
     ArchiveWriter& operator=(const ArchiveWriter&) = delete;

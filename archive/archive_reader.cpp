@@ -1,4 +1,4 @@
-#include "plugins/zip/archive_reader.h"
+#include "archive/archive_reader.h"
 
 #include "base/status.h"
 #include "base/text.h"

@@ -1,4 +1,4 @@
-#include "plugins/zip/file_time.h"
+#include "archive/file_time.h"
 
 namespace tarvik {
 

@@ -1,4 +1,4 @@
-#include "plugins/zip/member_path.h"
+#include "archive/member_path.h"
 
 #include <algorithm>
 #include <iterator>

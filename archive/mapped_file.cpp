@@ -1,4 +1,4 @@
-#include "plugins/zip/mapped_file.h"
+#include "archive/mapped_file.h"
 
 #include "base/status.h"
 

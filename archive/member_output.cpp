@@ -1,4 +1,4 @@
-#include "plugins/zip/member_output.h"
+#include "archive/member_output.h"
 
 #include <shlobj.h>
 #include <shlwapi.h>
@@ -7,7 +7,7 @@
 
 #include "base/shell_delete.h"
 #include "base/status.h"
-#include "plugins/zip/file_time.h"
+#include "archive/file_time.h"
 
 namespace tarvik {
 

@@ -1,4 +1,4 @@
-#include "plugins/zip/archive_finder.h"
+#include "archive/archive_finder.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "plugins/zip/archive_writer.h"
+#include "archive/archive_writer.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -55,10 +55,10 @@ size_t OnFileRead(void* file, mz_uint64, void* buffer, size_t count) {
 
 }  // namespace
 
-ArchiveWriter::ArchiveWriter(Write write, void* target) {
+ArchiveWriter::ArchiveWriter(Write write, void* target, mz_uint64 start) {
     zip_.m_pWrite = write;
     zip_.m_pIO_opaque = target;
-    Check(mz_zip_writer_init_v2(&zip_, 0, 0));
+    Check(mz_zip_writer_init_v2(&zip_, start, 0));
 }
 
 void ArchiveWriter::AddFile(const std::wstring& name, SourceFile& file) {
