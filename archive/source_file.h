@@ -17,6 +17,7 @@ class SourceFile {
 
     ULONGLONG Size() const { return size_; }
     std::time_t Modified() const { return modified_; }
+    ULONGLONG BytesRead() const { return read_; }
 
     // The bytes read, 0 at the end, and kFailed.
     static constexpr size_t kFailed = static_cast<size_t>(-1);
