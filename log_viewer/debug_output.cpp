@@ -44,8 +44,7 @@ DebugOutput::DebugOutput(UniqueHandle mapping)
 
 DebugMessage DebugOutput::Take() {
     const auto* const buffer = static_cast<const Buffer*>(view_.Get());
-    const size_t length = strnlen(buffer->text, std::size(buffer->text));
-    DebugMessage message{buffer->process, {buffer->text, length}, length + 1 >= std::size(buffer->text)};
+    DebugMessage message{buffer->process, {buffer->text, strnlen(buffer->text, std::size(buffer->text))}};
     SetEvent(bufferFree_.Get());
     return message;
 }

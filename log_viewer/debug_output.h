@@ -9,11 +9,10 @@
 
 namespace tarvik {
 
-// What a program wrote, in the system's code page. A text that is longer than the channel comes in pieces.
+// What a program wrote, in the system's code page. A text longer than 4,091 bytes comes as several messages.
 struct DebugMessage {
     DWORD process;
     std::string text;
-    bool isFull;  // as much as there is room for
 };
 
 // The reading end of the debugger's channel. A session has one: while it is open, programs wait for it with

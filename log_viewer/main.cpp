@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cwchar>
 
 #include "base/text.h"
@@ -7,7 +8,6 @@
 #include "cli/interrupt.h"
 #include "cli/program.h"
 #include "log_viewer/debug_output.h"
-#include "log_viewer/line_joiner.h"
 #include "log_viewer/process_names.h"
 
 namespace tarvik {
@@ -38,9 +38,20 @@ std::wstring TimeOfDay() {
     return text;
 }
 
+// A text has one line at least, and a line end at its end begins no further one.
+bool PrintLines(const std::wstring& start, std::wstring_view text) {
+    do {
+        const size_t end = std::min(text.find(L'\n'), text.size());
+        std::wstring_view line = text.substr(0, end);
+        if (line.ends_with(L'\r')) line.remove_suffix(1);
+        if (!Console::Out().Write(start + std::wstring(line) + L"\n")) return false;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    } while (!text.empty());
+    return true;
+}
+
 // Until the user wishes the end, or nobody reads what is printed.
 void Print(DebugOutput& output, const std::optional<std::wstring>& wanted) {
-    LineJoiner lines;
     ProcessNames names;
     const HANDLE events[] = {Interrupt::Event(), output.Ready()};
     while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0 + 1) {
@@ -49,9 +60,7 @@ void Print(DebugOutput& output, const std::optional<std::wstring>& wanted) {
         if (wanted && !IsMeant(*wanted, message.process, name)) continue;
         const std::wstring start =
             TimeOfDay() + L" " + std::to_wstring(message.process) + L" " + name + L": ";
-        for (const std::string& line : lines.Add(message)) {
-            if (!Console::Out().Write(start + Widen(line, CP_ACP) + L"\n")) return;
-        }
+        if (!PrintLines(start, Widen(message.text, CP_ACP))) return;
     }
 }
 

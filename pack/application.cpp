@@ -20,7 +20,7 @@ constexpr size_t kTemporaryFolder = 64;
 constexpr size_t kUnpackFolder = kTemporaryFolder + std::size(L"\\TV........\\") - 1;
 // The system makes no folder that has no room for a short file name in it.
 constexpr size_t kLongestFile = kPathLength - 1 - kUnpackFolder;
-constexpr size_t kLongestFolder = kLongestFile - std::size(L"NAME8.EXT");
+constexpr size_t kLongestFolder = kLongestFile - (std::size(L"8LETTERS.EXT") - 1);
 
 struct IgnoringCase {
     bool operator()(const std::wstring& left, const std::wstring& right) const {

@@ -46,11 +46,13 @@ void ResourceUpdate::Set(LPCWSTR type, WORD id, std::span<const std::uint8_t> da
                           const_cast<std::uint8_t*>(data.data()), static_cast<DWORD>(data.size())));
 }
 
+// The system fails for what is gone already.
 void ResourceUpdate::Remove(LPCWSTR type, WORD id) {
-    for (const Resource& resource : found_) {
-        if (resource.type == type && resource.id == id)
-            Check(UpdateResourceW(update_, type, MAKEINTRESOURCEW(id), resource.language, nullptr, 0));
-    }
+    std::erase_if(found_, [&](const Resource& resource) {
+        if (resource.type != type || resource.id != id) return false;
+        Check(UpdateResourceW(update_, type, MAKEINTRESOURCEW(id), resource.language, nullptr, 0));
+        return true;
+    });
 }
 
 std::vector<WORD> ResourceUpdate::Ids(LPCWSTR type) const {

@@ -21,7 +21,7 @@ class ResourceUpdate {
     // Takes the place of what is there, in whatever languages.
     void Set(LPCWSTR type, WORD id, std::span<const std::uint8_t> data);
     void Remove(LPCWSTR type, WORD id);
-    std::vector<WORD> Ids(LPCWSTR type) const;  // of the program as it was
+    std::vector<WORD> Ids(LPCWSTR type) const;  // of those that were there and stay
     void Apply();
 
     struct Resource {
