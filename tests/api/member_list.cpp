@@ -1,5 +1,5 @@
-// Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a member, and how
-// it is used. reference_test.mjs compares it with the declarations.
+// Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a
+// member, and how it is used. reference_test.mjs compares it with the declarations.
 
 #include <cstdio>
 
@@ -54,7 +54,8 @@ void PrintRow(const char* object, const SmallMember<Self>& row) {
 
 template <class Object>
 void Print(const char* name) {
-    for (const auto& row : Object::Members()) PrintRow(name, row);
+    for (const auto& row : Object::Members())
+        PrintRow(name, row);
 }
 
 void PrintAll() {

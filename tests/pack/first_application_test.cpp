@@ -1,7 +1,10 @@
 // What the guide's first page tells a newcomer to do, done to the letter.
 
+#include <windows.h>
 #include <shellapi.h>
 
+#include <filesystem>
+#include <memory>
 #include <regex>
 
 #include "tests/page/program.h"
@@ -64,7 +67,8 @@ TEST_F(FirstApplication, IsPackedFromThePageOfTheGuide) {
     const auto steps =
         BlocksOf(ReadFileBytes(fs::path(ExecutablePath()).parent_path() / L"first-application.md"));
     EXPECT_EQ(steps.size(), 5u);
-    for (const Block& step : steps) Do(step);
+    for (const Block& step : steps)
+        Do(step);
     EXPECT_GT(fs::file_size(fs::path(program_.Work()) / L"garden.exe"), 1'000'000u);
 }
 

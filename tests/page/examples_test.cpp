@@ -22,7 +22,8 @@ class Examples : public ProgramTest {
     void Refuse() {
         for (const wchar_t* asking : {L"#32770", L"#32768"}) {
             for (const HWND window : program_.Windows(asking)) {
-                for (const int button : {IDCANCEL, IDNO}) PostMessageW(window, WM_COMMAND, button, 0);
+                for (const int button : {IDCANCEL, IDNO})
+                    PostMessageW(window, WM_COMMAND, button, 0);
                 PostMessageW(window, WM_KEYDOWN, VK_ESCAPE, 0);
             }
         }
@@ -33,7 +34,8 @@ TEST_F(Examples, Run) {
     MakeFolder();
     program_.Start(L"-f 0.html");
     EXPECT_TRUE(WaitFor([&] { return Refuse(), !program_.IsRunning(); }, 110'000));
-    for (const std::string& line : program_.Lines()) EXPECT_FALSE(line.starts_with("FAILED")) << line;
+    for (const std::string& line : program_.Lines())
+        EXPECT_FALSE(line.starts_with("FAILED")) << line;
     EXPECT_EQ(program_.Wait(), 0u);
 }
 
