@@ -1,6 +1,7 @@
 #include "pack/attached_archive.h"
 
 #include "cli/failure.h"
+#include "cli/interrupt.h"
 #include "cli/progress_line.h"
 
 namespace tarvik {
@@ -13,15 +14,23 @@ Bytes Find(Bytes file, const std::wstring& program) {
     return *archive;
 }
 
+ArchiveReader Open(Bytes archive, const std::wstring& program) {
+    try {
+        return ArchiveReader(archive);
+    } catch (const StatusError&) {
+        FailAsBroken(program);
+    }
+}
+
 size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
     return Guard([&] { static_cast<ProgressLine*>(progress)->Advance(count); }) == S_OK ? count : 0;
 }
 
+// The reader compares a member's size and sum with those that are told of it.
 void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
     const auto& member = reader.Statistics(index);
-    if (reader.Name(member) != expected.name || member.m_uncomp_size != expected.size)
-        throw Failure(L"\"" + expected.path + L"\" changed while it was packed. Try again.");
-    if (expected.size > 0) reader.Extract(member, OnData, &progress);
+    if (reader.Name(member) != expected.name) throw StatusError(E_FAIL);
+    if (member.m_uncomp_size > 0) reader.Extract(member, OnData, &progress);
 }
 
 }  // namespace
@@ -29,7 +38,11 @@ void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, Pr
 AttachedArchive::AttachedArchive(const std::wstring& program)
     : file_(Explained(L"\"" + program + L"\" cannot be read", [&] { return MappedFile(program); })),
       archive_(Find(file_.Content(), program)),
-      reader_(archive_) {}
+      reader_(Open(archive_, program)) {}
+
+void FailAsBroken(const std::wstring& program) {
+    throw Failure(L"The archive in \"" + program + L"\" is broken.");
+}
 
 void CheckAttached(const std::wstring& program, const std::vector<Entry>& entries) {
     AttachedArchive attached(program);
@@ -37,8 +50,13 @@ void CheckAttached(const std::wstring& program, const std::vector<Entry>& entrie
     if (!attached.CountsFromTheStart() || reader.Count() != entries.size())
         throw Failure(L"The archive that was attached is not found again.");
     ProgressLine progress(L"Checking", TotalSize(entries));
-    for (mz_uint index = 0; index < reader.Count(); ++index)
-        CheckMember(reader, index, entries[index], progress);
+    try {
+        for (mz_uint index = 0; index < reader.Count(); ++index)
+            CheckMember(reader, index, entries[index], progress);
+    } catch (const StatusError&) {
+        Interrupt::Check();
+        FailAsBroken(program);
+    }
 }
 
 }  // namespace tarvik

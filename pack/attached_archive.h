@@ -28,6 +28,8 @@ class AttachedArchive {
     ArchiveReader reader_;
 };
 
+[[noreturn]] void FailAsBroken(const std::wstring& program);
+
 // Puts an archive of the entries behind a program, which is not fit to be run if that fails; throws a
 // Failure.
 void AttachArchive(const std::wstring& program, const std::vector<Entry>& entries);

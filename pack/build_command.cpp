@@ -40,17 +40,18 @@ std::wstring Text(const Arguments& arguments, const wchar_t* option, const std::
     return text;
 }
 
+std::optional<std::wstring> Path(const Arguments& arguments, const wchar_t* option) {
+    const auto path = arguments.Value(option);
+    if (!path) return std::nullopt;
+    if (path->empty()) throw UsageError(std::wstring(option) + L" takes a path.");
+    return FullPath(*path);
+}
+
 VersionInfo ReadVersionInfo(const Arguments& arguments, const std::wstring& output) {
     const std::wstring file = FileName(output);
     return {Text(arguments, L"--name", file.substr(0, file.rfind(L'.'))),
             ParseVersion(arguments.Value(L"--version").value_or(L"1.0")), Text(arguments, L"--company"),
             Text(arguments, L"--copyright")};
-}
-
-std::wstring ReadOutput(const Arguments& arguments) {
-    const auto output = arguments.Value(L"-o");
-    if (!output || output->empty()) throw UsageError(L"build needs the program to make: -o app.exe.");
-    return FullPath(*output);
 }
 
 void CheckOutput(const std::wstring& output, const std::wstring& folder, const std::wstring& host) {
@@ -76,21 +77,22 @@ void Decorate(const std::wstring& program, const VersionInfo& version, const std
 // Everything that can be refused is looked at before anything is written. The resources come first, because
 // they move what lies behind the program.
 void BuildProgram(const std::wstring& folder, const Arguments& arguments) {
-    const std::wstring output = ReadOutput(arguments);
-    const std::wstring host = FullPath(arguments.Value(L"--host").value_or(DefaultHost()));
-    const VersionInfo version = ReadVersionInfo(arguments, output);
+    const auto output = Path(arguments, L"-o");
+    if (!output) throw UsageError(L"build needs the program to make: -o app.exe.");
+    const std::wstring host = Path(arguments, L"--host").value_or(DefaultHost());
+    const VersionInfo version = ReadVersionInfo(arguments, *output);
     const std::vector<Entry> entries = ReadApplication(folder);
     CheckHost(host);
     std::optional<IconFile> icon;
-    if (const auto path = arguments.Value(L"--icon")) icon.emplace(FullPath(*path));
-    CheckOutput(output, FullPath(folder), host);
+    if (const auto path = Path(arguments, L"--icon")) icon.emplace(*path);
+    CheckOutput(*output, FullPath(folder), host);
 
-    UnfinishedFile program(host, output);
+    UnfinishedFile program(host, *output);
     Decorate(program.Path(), version, icon);
     AttachArchive(program.Path(), entries);
     CheckAttached(program.Path(), entries);
     const ULONGLONG size = program.Finish();
-    Console::Out().Write(output + L": " + Grouped(size) + L" bytes, with " + Grouped(entries.size()) +
+    Console::Out().Write(*output + L": " + Grouped(size) + L" bytes, with " + Grouped(entries.size()) +
                          L" files and folders\n");
 }
 

@@ -46,6 +46,7 @@ void ExtractProgram(const std::wstring& program, const Arguments& arguments) {
         ExtractArchive(attached.Content(), folder, false, listener);
     } catch (const StatusError& error) {
         Interrupt::Check();
+        if (error.Status() == E_FAIL) FailAsBroken(path);
         FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", error.Status());
     }
     Console::Out().Write(folder + L": " + Grouped(attached.Reader().Count()) + L" files and folders\n");

@@ -45,12 +45,28 @@ FileEntry EntryOf(Bytes file, size_t index) {
     return ReadAt<FileEntry>(file, sizeof(Directory) + index * sizeof(FileEntry));
 }
 
+// Whether the colours are all there; the mask behind them is missing in some files, which the system takes.
+bool IsBitmap(Bytes picture) {
+    const auto header = ReadAt<BITMAPINFOHEADER>(picture, 0);
+    constexpr LONG kMost = 0x10000;
+    constexpr WORD kDepths[] = {1, 4, 8, 16, 24, 32};
+    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kMost ||
+        header.biHeight <= 0 || header.biHeight > kMost ||
+        std::ranges::find(kDepths, header.biBitCount) == std::end(kDepths))
+        return false;
+    const size_t colours = header.biClrUsed         ? header.biClrUsed
+                           : header.biBitCount <= 8 ? 1U << header.biBitCount
+                                                    : 0;
+    const size_t row = (static_cast<size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
+    const size_t rows = static_cast<size_t>(header.biHeight) / 2;  // those of the mask are counted in
+    return sizeof header + colours * sizeof(RGBQUAD) + row * rows <= picture.size();
+}
+
 // A picture is a bitmap without its file header, or a whole PNG file.
 bool IsPicture(Bytes picture) {
     constexpr std::uint8_t kPng[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    if (picture.size() <= sizeof(BITMAPINFOHEADER)) return false;
-    return std::ranges::equal(picture.first(std::size(kPng)), kPng) ||
-           ReadAt<DWORD>(picture, 0) == sizeof(BITMAPINFOHEADER);
+    if (picture.size() < sizeof(BITMAPINFOHEADER)) return false;
+    return std::ranges::equal(picture.first(std::size(kPng)), kPng) || IsBitmap(picture);
 }
 
 bool IsGood(Bytes file) {

@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <ctime>
 #include <cwchar>
 
+#include "base/status.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/interrupt.h"
@@ -11,6 +13,8 @@
 namespace tarvik {
 
 namespace {
+
+constexpr size_t kTimeWidth = 19;
 
 std::wstring LocalTime(std::time_t time) {
     std::tm local = {};
@@ -25,11 +29,7 @@ std::wstring Column(const std::wstring& number) {
     return std::wstring(kWidth - std::min(kWidth, number.size()), L' ') + number;
 }
 
-}  // namespace
-
-void ListProgram(const std::wstring& program, const Arguments&) {
-    AttachedArchive attached(FullPath(program));
-    ArchiveReader& reader = attached.Reader();
+void Print(ArchiveReader& reader) {
     ULONGLONG total = 0;
     for (mz_uint index = 0; index < reader.Count(); ++index) {
         Interrupt::Check();
@@ -38,8 +38,20 @@ void ListProgram(const std::wstring& program, const Arguments&) {
         Console::Out().Write(LocalTime(member.m_time) + Column(Grouped(member.m_uncomp_size)) + L"  " +
                              reader.Name(member) + L"\n");
     }
-    Console::Out().Write(Column(Grouped(total)).insert(0, 19, L' ') + L"  in " + Grouped(reader.Count()) +
-                         L" files and folders\n");
+    Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(Grouped(total)) + L"  in " +
+                         Grouped(reader.Count()) + L" files and folders\n");
+}
+
+}  // namespace
+
+void ListProgram(const std::wstring& program, const Arguments&) {
+    const std::wstring path = FullPath(program);
+    AttachedArchive attached(path);
+    try {
+        Print(attached.Reader());
+    } catch (const StatusError&) {
+        FailAsBroken(path);
+    }
 }
 
 }  // namespace tarvik

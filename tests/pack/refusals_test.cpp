@@ -52,6 +52,7 @@ TEST_F(Refused, WrongCommandLines) {
         Options({L"-o", L"out.exe", L"--icon"}, 2, "--icon needs a value"),
         Options({L"--name=a", L"--name", L"b"}, 2, "--name is given twice"),
         Options({L"--help=yes"}, 2, "--help takes no value"),
+        Options({L"--icon", L""}, 2, "--icon takes a path"),
         Options({L"--name", longText}, 2, "--name takes a text of at most"),
         Options({L"--version", L""}, 2, "\"\" is no version"),
         Options({L"--version", L"1."}, 2, "\"1.\" is no version"),
@@ -84,11 +85,18 @@ TEST_F(Refused, FoldersAndOutputs) {
     });
 }
 
-TEST_F(Refused, FilesThatAnArchiveHasNoRoomFor) {
+TEST_F(Refused, FilesThatCouldNotBeUnpacked) {
     WriteApplication();
+    const auto expectRefusal = [&](const char* words) {
+        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr(words));
+        EXPECT_FALSE(FileExists(folder_ / L"out.exe"));
+    };
+    const std::wstring device = L"\\\\?\\" + (folder_ / L"app\\aux.txt");
+    std::ofstream(fs::path(device)) << "x";
+    expectRefusal("aux.txt\" has a name that Windows keeps");
+    EXPECT_TRUE(DeleteFileW(device.c_str()));
     fs::resize_file(folder_.Write(L"app\\film", ""), 0xFFFF'FFFF);
-    EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr("film\" is 4 GiB or larger"));
-    EXPECT_FALSE(FileExists(folder_ / L"out.exe"));
+    expectRefusal("film\" is 4 GiB or larger");
 }
 
 TEST_F(Refused, HostsAndIcons) {
@@ -110,6 +118,7 @@ TEST_F(Refused, HostsAndIcons) {
     folder_.Write(L"cursor.ico", std::string(icon).replace(2, 1, "\2"));
     folder_.Write(L"many.ico", std::string(icon).replace(4, 2, "\xFF\xFF"));
     folder_.Write(L"inside.ico", std::string(icon).replace(18, 1, "\1"));
+    folder_.Write(L"short.ico", IconFileOf(Picture().substr(0, 1000)));
     folder_.Write(L"nonsense.ico", IconFileOf(std::string(500, 'x')));
     const auto of = [](const wchar_t* option, const wchar_t* file, const char* words) {
         return Options({option, file}, 1, words);
@@ -128,6 +137,7 @@ TEST_F(Refused, HostsAndIcons) {
         of(L"--icon", L"cursor.ico", "cursor.ico\" is no icon"),
         of(L"--icon", L"many.ico", "many.ico\" is no icon"),
         of(L"--icon", L"inside.ico", "inside.ico\" is no icon"),
+        of(L"--icon", L"short.ico", "short.ico\" is no icon"),
         of(L"--icon", L"nonsense.ico", "nonsense.ico\" is no icon"),
     });
 }
@@ -141,8 +151,8 @@ TEST_F(Refused, ProgramsThatCarryNothingOrADamagedArchive) {
         {{L"list", Host().wstring()}, 1, "tarvik.exe\" has no archive attached"},
         {{L"list", L"missing.exe"}, 1, "missing.exe\" cannot be read"},
         {{L"extract", Host().wstring(), L"out"}, 1, "has no archive attached"},
-        {{L"extract", L"damaged.exe", L"out"}, 1, "\"page\" in "},
-        {{L"extract", L"climbing.exe", L"out"}, 1, "cannot be extracted"},
+        {{L"extract", L"damaged.exe", L"out"}, 1, "damaged.exe\" is broken"},
+        {{L"extract", L"climbing.exe", L"out"}, 1, "climbing.exe\" is broken"},
         {{L"extract", L"damaged.exe", L"."}, 1, "is not empty"},
     });
 }

@@ -1,5 +1,7 @@
 // From a new application to the program that is shipped, and back.
 
+#include <fstream>
+
 #include "tests/pack/pack_fixture.h"
 #include "tests/page/program.h"
 
@@ -19,6 +21,9 @@ TEST_F(PackTest, ANewApplicationIsPackedAndRunsAndComesBack) {
     const std::string list = Run({L"list", L"\u6f22.exe"});
     EXPECT_THAT(list, HasSubstr("      300,000  \u6f22/data\n"));
     EXPECT_THAT(list, HasSubstr("  in 9 files and folders\n"));
+    // A signature is put behind a program.
+    std::ofstream(fs::path(folder_ / L"\u6f22.exe"), std::ios::binary | std::ios::app)
+        << std::string(9000, '\0');
     Run({L"extract", L"\u6f22.exe", L"out"});
     EXPECT_EQ(ReadTree(folder_ / L"out"), ReadTree(folder_ / L"g\u00e4rten \u6f22"));
 
