@@ -1,5 +1,6 @@
 #include "base/text.h"
 
+#include "base/owners.h"
 #include "base/status.h"
 
 namespace tarvik {
@@ -36,6 +37,18 @@ std::wstring FullPath(const std::wstring& path) {
 bool SameIgnoringCase(std::wstring_view left, std::wstring_view right) {
     return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
                                 static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring SystemText(HRESULT status) {
+    wchar_t* buffer = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+        static_cast<DWORD>(status), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
+    const UniqueLocal owned(buffer);
+    std::wstring text(buffer ? buffer : L"", length);
+    while (!text.empty() && (text.back() <= L' ' || text.back() == L'.'))
+        text.pop_back();
+    return text;
 }
 
 // A backslash stands for itself, except in front of a quote.

@@ -32,6 +32,9 @@ std::wstring ReadPath(Fill&& fill) {
 // Letter for letter, without regard to their case in any language.
 bool SameIgnoringCase(std::wstring_view left, std::wstring_view right);
 
+// The system's words for a status, without a full stop; empty if it has none.
+std::wstring SystemText(HRESULT status);
+
 // The text as one argument of a command line, quoted as programs of Windows read it.
 std::wstring QuoteArgument(std::wstring_view text);
 

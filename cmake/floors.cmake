@@ -2,14 +2,18 @@
 # include of what a library does not link fails to compile (tarvik_library.cmake); this table says what it may link at
 # all. app/, tests/ and bench/ know everything, and nobody knows them.
 set(FLOOR_base "")
+set(FLOOR_archive base)
 set(FLOOR_app_log base)
 set(FLOOR_app_command_line base)
+set(FLOOR_cli base)
+set(FLOOR_log_viewer base)
 set(FLOOR_script base app/log)
 set(FLOOR_atl base)
 set(FLOOR_host_contract "")
 set(FLOOR_host_registry base app/log script host/contract)
 set(FLOOR_plugins_registry_keys base)
 set(FLOOR_plugins base app/log script atl host/contract host/registry plugins/registry_keys)
+set(FLOOR_plugins_zip base app/log script archive host/contract host/registry)
 set(FLOOR_plugins_system base app/log app/command_line script host/contract host/registry)  # gives pages the command line
 set(FLOOR_control_engine base)
 set(FLOOR_control_view base control/engine)

@@ -5,25 +5,13 @@
 #include <cstdio>
 
 #include "base/bstr.h"
-#include "base/owners.h"
+#include "base/text.h"
 
 namespace tarvik {
 
 namespace {
 
 constexpr HRESULT kApplicationError = static_cast<HRESULT>(0x800A0000);  // with an error number of a language
-
-std::wstring SystemText(HRESULT status) {
-    wchar_t* buffer = nullptr;
-    const DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-        static_cast<DWORD>(status), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
-    const UniqueLocal owned(buffer);
-    std::wstring text(buffer ? buffer : L"", length);
-    while (!text.empty() && (text.back() <= L' ' || text.back() == L'.'))
-        text.pop_back();
-    return text.empty() ? L"The native call failed" : text;
-}
 
 }  // namespace
 
@@ -44,7 +32,8 @@ std::wstring ExceptionInfo::Text(HRESULT status) const {
     if (SysStringLen(bstrDescription) > 0) return std::wstring(Bstr::View(bstrDescription));
     wchar_t number[16];
     swprintf(number, std::size(number), L" (0x%08lX)", static_cast<unsigned long>(status));
-    return SystemText(status) + number;
+    const std::wstring text = SystemText(status);
+    return (text.empty() ? L"The native call failed" : text) + number;
 }
 
 bool IsUnreachable(HRESULT status) {

@@ -2,7 +2,7 @@
 
 #include "base/status.h"
 #include "plugins/zip/archive_output.h"
-#include "plugins/zip/archive_writer.h"
+#include "archive/archive_writer.h"
 #include "plugins/zip/entry_name.h"
 #include "plugins/zip/source_list.h"
 #include "plugins/zip/zip_plugin.h"

@@ -5,24 +5,22 @@
 
 #include <string_view>
 
+#include "archive/extract_archive.h"
 #include "base/variant.h"
 
 namespace tarvik {
 
 // Tells script's `progress` how a run goes on, and reads from its answers how it shall go on. Without a
 // function everything goes on. A script error counts as no answer.
-class Progress {
+class Progress : public ExtractListener {
   public:
-    enum class Answer { kGoOn, kSkip, kStop };
-
     // Both are borrowed.
     Progress(IDispatch* function, const VARIANT& context) : function_(function), context_(context) {}
 
-    void SetTotal(ULONGLONG total) { total_ = total; }
+    void SetTotal(ULONGLONG total) override { total_ = total; }
 
-    Answer MemberStarts(std::wstring_view name);
-    // That many bytes were written; false ends the run.
-    bool DataWritten(ULONGLONG count);
+    Answer MemberStarts(std::wstring_view name) override;
+    bool DataWritten(ULONGLONG count) override;
 
   private:
     IDispatch* function_;

@@ -5,7 +5,7 @@
 
 #include "host/contract/stream.h"
 #include "host/registry/plugin_base.h"
-#include "plugins/zip/archive_finder.h"
+#include "archive/archive_finder.h"
 #include "plugins/zip/context.h"
 #include "script/options.h"
 

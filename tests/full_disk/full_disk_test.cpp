@@ -5,6 +5,7 @@
 #include "host/contract/stream.h"
 #include "host/web_browser.h"
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/console_program.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -59,6 +60,14 @@ TEST_F(FullDisk, LeavesNoHalfArchive) {
     OptionObject options;
     options.Set(L"src", source_.c_str()).Set(L"dest", place_.c_str());
     EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
+    EXPECT_TRUE(IsDiskEmpty());
+}
+
+TEST_F(FullDisk, LeavesNoHalfProgram) {
+    folder_.Write(L"app\\resource\\index.html", "<!doctype html>");
+    const ConsoleProgram pack(L"tarvik-pack", {L"build", L"app", L"-o", place_}, folder_.Path());
+    EXPECT_EQ(pack.Wait(), 1u);
+    EXPECT_THAT(pack.Error(), HasSubstr("cannot be made"));
     EXPECT_TRUE(IsDiskEmpty());
 }
 

@@ -1,35 +1,11 @@
 #include "tests/page/debug_listener.h"
 
-#include <iterator>
-
 #include "tests/support/test.h"
 
 namespace tarvik {
 
-namespace {
-
-constexpr DWORD kSize = 4096;
-
-// What writers put into the shared memory.
-struct Message {
-    DWORD process;
-    char text[kSize - sizeof(DWORD)];
-};
-
-UniqueHandle MakeEvent(const wchar_t* name, bool manual = false) {
-    return UniqueHandle(CreateEventW(nullptr, manual, FALSE, name));
-}
-
-}  // namespace
-
-DebugListener::DebugListener()
-    : mapping_(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kSize, L"DBWIN_BUFFER")) {
-    EXPECT_NE(GetLastError(), static_cast<DWORD>(ERROR_ALREADY_EXISTS)) << "somebody else listens";
-    view_ = UniqueView(MapViewOfFile(mapping_.Get(), FILE_MAP_READ, 0, 0, kSize));
-    bufferFree_ = MakeEvent(L"DBWIN_BUFFER_READY");
-    dataReady_ = MakeEvent(L"DBWIN_DATA_READY");
-    stop_ = MakeEvent(nullptr, true);
-    SetEvent(bufferFree_.Get());
+DebugListener::DebugListener() : stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+    EXPECT_TRUE(output_) << "somebody else listens";
     Start();
 }
 
@@ -60,20 +36,16 @@ void DebugListener::CatchUp() {
 }
 
 void DebugListener::Listen() {
-    const HANDLE events[] = {dataReady_.Get(), stop_.Get()};
+    const HANDLE events[] = {output_->Ready(), stop_.Get()};
     // What is there is heard before the stop.
-    while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0) {
-        Hear();
-        SetEvent(bufferFree_.Get());
-    }
+    while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0)
+        Hear(output_->Take());
 }
 
-void DebugListener::Hear() {
-    const auto* const message = static_cast<const Message*>(view_.Get());
-    std::string text(message->text, strnlen(message->text, std::size(message->text)));
-    if (text.ends_with('\n')) text.pop_back();
+void DebugListener::Hear(DebugMessage message) {
+    if (message.text.ends_with('\n')) message.text.pop_back();
     const std::lock_guard lock(lock_);
-    lines_.push_back({message->process, std::move(text)});
+    lines_.push_back({message.process, std::move(message.text)});
 }
 
 std::vector<std::string> DebugListener::Lines(DWORD process) const {

@@ -4,11 +4,13 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/owners.h"
+#include "log_viewer/debug_output.h"
 
 namespace tarvik {
 
@@ -35,12 +37,9 @@ class DebugListener {
     void Start();
     void Stop();
     void Listen();
-    void Hear();
+    void Hear(DebugMessage message);
 
-    UniqueHandle mapping_;
-    UniqueView view_;
-    UniqueHandle bufferFree_;
-    UniqueHandle dataReady_;
+    std::optional<DebugOutput> output_ = DebugOutput::Open();
     UniqueHandle stop_;
     mutable std::mutex lock_;
     std::vector<Line> lines_;

@@ -122,8 +122,8 @@ bool Program::WaitForLine(std::string_view line) const {
     return WaitFor([&] { return std::ranges::count(Lines(), line) > 0; });
 }
 
-std::vector<HWND> Program::Windows() const {
-    return TopWindows(processId_, L"TarvikBrowserWindow");
+std::vector<HWND> Program::Windows(const wchar_t* className) const {
+    return TopWindows(processId_, className);
 }
 
 HWND Program::WindowTitled(const std::wstring& title) const {
@@ -148,7 +148,7 @@ std::wstring Program::TextOf(HWND window) {
 HWND Program::Dialog() const {
     HWND dialog = nullptr;
     WaitFor([&] {
-        for (const HWND window : TopWindows(processId_, L"#32770")) {
+        for (const HWND window : Windows(L"#32770")) {
             if (IsWindowVisible(window)) dialog = window;
         }
         return dialog != nullptr;

@@ -46,8 +46,8 @@ class Program {
     // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
     const std::string& Mark() const { return mark_; }
 
-    // Browser windows, also hidden ones.
-    std::vector<HWND> Windows() const;
+    // Its top-level windows of a class, also hidden ones.
+    std::vector<HWND> Windows(const wchar_t* className = L"TarvikBrowserWindow") const;
     HWND WindowTitled(const std::wstring& title) const;  // waits for it
     // A window's text; empty if its program is too busy to tell, which must not stop a test.
     static std::wstring TextOf(HWND window);

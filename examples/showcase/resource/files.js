@@ -8,6 +8,7 @@ var chosen = null;    // the entry that is marked: { path, name, isFolder, size,
 var listing = 0;      // counts listings, so that a late call of an older one is known
 var cancelled = false;
 
+/** @returns {any} an element, of the kind that its id means */
 function by(id) {
   return document.getElementById(id);
 }

@@ -1,9 +1,9 @@
 #include <ctime>
 #include <filesystem>
 
-#include "plugins/zip/archive_writer.h"
+#include "archive/archive_writer.h"
+#include "archive/file_time.h"
 #include "plugins/zip/entry_name.h"
-#include "plugins/zip/file_time.h"
 #include "script/object.h"
 #include "tests/plugins/zip/zip_fixture.h"
 

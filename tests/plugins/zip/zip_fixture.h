@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugins/zip/archive_reader.h"
+#include "archive/archive_reader.h"
 #include "plugins/zip/zip_plugin.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/test.h"

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Archives',
+  icon: 'minizip',
+  group: 'Files',
+  plugins: ['minizip'],
   intro: 'The plug-in "minizip" unpacks ZIP archives in the background, also those attached to another file. The host ' +
     'itself was unpacked by it a moment ago.',
   examples: [
@@ -11,7 +14,7 @@ Showcase.add({
         var bar = card.querySelector('.bar i') ||
             card.appendChild(Showcase.bar()).firstChild;
         window.external.minizip.unzip({
-          src: 'resource\\samples\\garden.zip',
+          src: 'resource\\garden.zip',
           dest: 'garden',
           overWrite: true,
           progress: function (name, total, processed) {

@@ -1,5 +1,9 @@
+// @ts-nocheck: one of its examples is wrong on purpose.
 Showcase.add({
   title: 'Console',
+  icon: 'console',
+  group: 'System',
+  plugins: ['console'],
   intro: 'The plug-in "console" writes to the debugger\'s output channel and says what happens to script errors.',
   examples: [
     {

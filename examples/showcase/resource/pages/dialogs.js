@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Dialogs',
+  icon: 'dialogs',
+  group: 'Windows',
+  plugins: ['window'],
   intro: 'The plug-in "window" opens the system\'s dialogs. The page waits until they are answered; other windows go on.',
   examples: [
     {
@@ -72,8 +75,8 @@ Showcase.add({
       button: 'Choose a folder',
       run: function (say) {
         say(window.external.window.selectFolder({
-          title: 'Where are the samples?',
-          initDir: 'samples',
+          title: 'Where are the pages?',
+          initDir: 'pages',
           newFolderButton: true
         }));
       }

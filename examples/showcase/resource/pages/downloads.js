@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Downloads',
+  icon: 'http',
+  group: 'Data and network',
+  plugins: ['http'],
   intro: 'The plug-in "http" stores what an address gives in a file, in the background. For all other requests it hands out ' +
     'the system\'s own object. Any server will do; "python3 -m http.server" is one, for the folder that it is started in.',
   examples: [

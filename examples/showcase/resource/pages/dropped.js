@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Dropped files',
+  icon: 'dragfile',
+  group: 'Desktop',
+  plugins: ['dragfile'],
   intro: 'The plug-in "dragfile" makes elements of the page targets for files that the user drags from the desktop. Any ' +
     'other element refuses them.',
   examples: [

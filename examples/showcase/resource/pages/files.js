@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Files',
+  icon: 'file',
+  group: 'Files',
+  plugins: ['file'],
   intro: 'The plug-in "file" answers questions about paths, deletes, copies, moves and lists. What may take long runs in ' +
     'the background and tells how it goes.',
   examples: [
@@ -14,19 +17,19 @@ Showcase.add({
     {
       title: 'Copy and delete',
       text: 'Relative paths count from the page. progress may end the run by false; then nothing else is called.',
-      button: 'Copy the samples',
+      button: 'Copy the pages',
       run: function (say) {
         var file = window.external.file;
         file.copyAsync({
-          srcPath: 'samples',
-          destPath: 'samples again',
+          srcPath: 'pages',
+          destPath: 'pages again',
           replaceExisting: true,
           progress: function (processed, total) {
             say(processed + ' of ' + total + ' bytes');
           },
           success: function () {
-            say('The copy has ' + file.getSize('samples again\\garden.zip') + ' bytes.');
-            say('Deleted again: ' + file.deleteFile('samples again'));
+            say('The copy has ' + file.getSize('pages again\\files.js') + ' bytes.');
+            say('Deleted again: ' + file.deleteFile('pages again'));
           },
           fail: function (code) {
             say('Failed: 0x' + (code >>> 0).toString(16), 'fault');

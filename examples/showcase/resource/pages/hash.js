@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Hashes',
+  icon: 'hash',
+  group: 'Data and network',
+  plugins: ['hash'],
   intro: 'The plug-in "hash" gives digests of texts. It is for comparing and for naming things; none of its algorithms is ' +
     'fit to keep secrets any more.',
   examples: [

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Hot keys',
+  icon: 'hotkey',
+  group: 'Desktop',
+  plugins: ['hotkey'],
   intro: 'The plug-in "hotkey" calls a function when keys are pressed, wherever the user works, also while the window is ' +
     'hidden. A combination belongs to one window of the desktop.',
   examples: [

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Menus',
+  icon: 'menu',
+  group: 'Desktop',
+  plugins: ['menu'],
   intro: 'The plug-in "menu" builds the system\'s menus from script. Each item has a function, which is called when it ' +
     'is chosen.',
   examples: [

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Messages',
+  icon: 'messages',
+  group: 'Windows',
+  plugins: ['window'],
   intro: 'Windows send each other messages by name, in one program or between several. A message is for an identifier, ' +
     'and every window that has it gets the message.',
   examples: [

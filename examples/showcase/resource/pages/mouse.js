@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Mouse',
+  icon: 'mouse',
+  group: 'Desktop',
+  plugins: ['mouse'],
   intro: 'The plug-in "mouse" reads and moves the pointer of the whole desktop, and clicks where it is.',
   examples: [
     {

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Packing',
+  icon: 'pack',
+  group: 'Files',
+  plugins: ['minizip'],
   intro: 'The same plug-in, "minizip", packs files and folders into an archive that every program opens.',
   examples: [
     {
@@ -7,7 +10,7 @@ Showcase.add({
       text: 'progress is called after each write, with the path at hand and the size of all files.',
       button: 'Pack some files',
       run: function (say, card) {
-        var files = ['index.html', 'showcase.css', 'showcase.js', 'samples\\garden.zip'];
+        var files = ['index.html', 'showcase.css', 'showcase.js', 'garden.zip'];
         for (var i = 0; i < files.length; i++) files[i] = 'resource\\' + files[i];
         var bar = card.querySelector('.bar i') ||
             card.appendChild(Showcase.bar()).firstChild;

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Processes',
+  icon: 'processes',
+  group: 'System',
+  plugins: ['system'],
   intro: 'shellExecute of the plug-in "system" opens files, programs and addresses. With a function, a page hears how a ' +
     'program has ended.',
   examples: [
@@ -28,12 +31,12 @@ Showcase.add({
       run: function (say, card) {
         var system = window.external.system;
         Showcase.form(card, ['%ComSpec%', '/c ping -n 3 127.0.0.1'], 'Run', function (path, args) {
-          var start = new Date();
+          var start = new Date().getTime();
           var started = system.shellExecute({
             path: system.expandEnvirPath(path),
             args: args,
             exitCallback: function (code) {
-              say(path + ': exit code ' + code + ' after ' + (new Date() - start) + ' ms');
+              say(path + ': exit code ' + code + ' after ' + (new Date().getTime() - start) + ' ms');
             }
           });
           say(path + (started ? ' is running' : ' could not be started'), started ? '' : 'fault');

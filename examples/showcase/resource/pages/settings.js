@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Settings',
+  icon: 'config',
+  group: 'Data and network',
+  plugins: ['config', 'registry'],
   intro: 'What a program wants to find again next time it keeps in the registry or in an INI file. The plug-in "config" does ' +
     'both, with the same members; "registry" reaches every key there is.',
   examples: [

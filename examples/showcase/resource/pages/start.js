@@ -1,7 +1,9 @@
+// @ts-nocheck: one of its examples is wrong on purpose.
 Showcase.add({
   title: 'Start',
-  intro: 'This window is one HTML page. The host opened it, and everything it can do beyond a page it does through ' +
-    'window.external. Each card runs the very source that stands beside it.',
+  icon: 'start',
+  intro: 'This window is one HTML page. What it can do beyond a page it does through window.external, which has these ' +
+    'plug-ins. Each card runs the very source that stands beside it.',
   examples: [
     {
       title: 'A first call',

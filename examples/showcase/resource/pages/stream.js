@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Streams',
+  icon: 'stream',
+  group: 'Files',
+  plugins: ['stream', 'fileIO'],
   intro: 'A stream is a block of bytes with a position, which grows as it is written. Each read of the plug-in "stream" ' +
     'gives a new one.',
   examples: [

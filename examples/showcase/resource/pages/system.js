@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'System',
+  icon: 'system',
+  group: 'System',
+  plugins: ['system'],
   intro: 'The plug-in "system" knows the machine, the user\'s folders and how the program was started.',
   examples: [
     {

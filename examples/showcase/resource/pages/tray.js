@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'Tray',
+  icon: 'tray',
+  group: 'Desktop',
+  plugins: ['tray'],
   intro: 'The plug-in "tray" shows one icon for the window at the end of the task bar.',
   examples: [
     {
@@ -41,7 +44,7 @@ Showcase.add({
       run: function (say) {
         var tray = window.external.tray;
         tray.hide();
-        tray.addTray('A leaf of the showcase', 'samples/leaf.ico');
+        tray.addTray('A leaf of the showcase', 'leaf.ico');
         say('It is a leaf now.');
       }
     },

@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'The window',
+  icon: 'window',
+  group: 'Windows',
+  plugins: ['window'],
   intro: 'The plug-in "window" drives the top-level window that a page lives in.',
   examples: [
     {

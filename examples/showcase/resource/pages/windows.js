@@ -1,5 +1,8 @@
 Showcase.add({
   title: 'More windows',
+  icon: 'windows',
+  group: 'Windows',
+  plugins: [''],
   intro: 'createWindow opens a further window of the application. Both run in one process, and each may call the ' +
     'functions of the other directly.',
   examples: [

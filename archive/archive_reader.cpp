@@ -1,0 +1,47 @@
+#include "archive/archive_reader.h"
+
+#include "base/status.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr mz_uint kNameIsUtf8 = 0x800;
+
+void Check(bool good) {
+    if (!good) throw StatusError(E_FAIL);
+}
+
+}  // namespace
+
+ArchiveReader::ArchiveReader(Bytes archive) {
+    Check(mz_zip_reader_init_mem(&zip_, archive.data(), archive.size(),
+                                 MZ_ZIP_FLAG_DO_NOT_SORT_CENTRAL_DIRECTORY));
+}
+
+const mz_zip_archive_file_stat& ArchiveReader::Statistics(mz_uint index) {
+    Check(mz_zip_reader_file_stat(&zip_, index, &statistics_));
+    // The reader adds these without a look at an overflow: 64-bit fields of a damaged archive would lead it
+    // out of the memory block.
+    Check(statistics_.m_local_header_ofs <= zip_.m_archive_size &&
+          statistics_.m_comp_size <= zip_.m_archive_size);
+    return statistics_;
+}
+
+std::wstring ArchiveReader::Name(const mz_zip_archive_file_stat& member) {
+    // The statistics cut long names.
+    const mz_uint length = mz_zip_reader_get_filename(&zip_, member.m_file_index, nullptr, 0);
+    std::string name(length, '\0');
+    mz_zip_reader_get_filename(&zip_, member.m_file_index, name.data(), length);
+    name.pop_back();
+    return Widen(name, member.m_bit_flag & kNameIsUtf8 ? CP_UTF8 : CP_ACP);
+}
+
+void ArchiveReader::Extract(const mz_zip_archive_file_stat& member, Write write, void* target) {
+    // The reader passes over these as if they were done.
+    Check(!member.m_is_directory && member.m_comp_size > 0);
+    Check(mz_zip_reader_extract_to_callback(&zip_, member.m_file_index, write, target, 0));
+}
+
+}  // namespace tarvik

@@ -1,0 +1,89 @@
+#include "archive/archive_writer.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "base/status.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+// Headers that are complete are understood by more programs than sizes behind the data.
+constexpr mz_uint kLevel = 6 | static_cast<mz_uint>(MZ_ZIP_FLAG_WRITE_HEADER_SET_SIZE);
+
+// What an archive can tell, in any time zone. The writer cannot take other times.
+std::time_t Archivable(std::time_t time) {
+    constexpr std::time_t kDay = 24 * 60 * 60;
+    constexpr std::time_t kStartOf1980 = 315'532'800;
+    constexpr std::time_t kStartOf2108 = 4'354'819'200;
+    return std::clamp(time, kStartOf1980 + kDay, kStartOf2108 - 2 * kDay);
+}
+
+template <class Number>
+void Append(std::string& bytes, Number number) {
+    bytes.append(reinterpret_cast<const char*>(&number), sizeof number);  // little-endian, as the machine
+}
+
+// A name of an entry. Other letters than those of ASCII are told twice, since not every program that knows
+// the flag for UTF-8 heeds it where there is no extra field.
+struct EncodedName {
+    explicit EncodedName(const std::wstring& wide) : name(Narrow(wide)) {
+        if (std::ranges::all_of(name, [](char letter) { return letter >= 0; })) return;
+        constexpr std::uint16_t kUnicodePath = 0x7075;
+        constexpr std::uint8_t kVersion = 1;
+        const size_t size = sizeof kVersion + sizeof(std::uint32_t) + name.size();
+        if (size > 0xFFFF - 4) throw StatusError(E_FAIL);
+        Append(extra, kUnicodePath);
+        Append(extra, static_cast<std::uint16_t>(size));
+        Append(extra, kVersion);
+        const auto* bytes = reinterpret_cast<const mz_uint8*>(name.data());
+        Append(extra, static_cast<std::uint32_t>(mz_crc32(MZ_CRC32_INIT, bytes, name.size())));
+        extra += name;
+    }
+
+    mz_uint ExtraSize() const { return static_cast<mz_uint>(extra.size()); }
+
+    std::string name;
+    std::string extra;
+};
+
+size_t OnFileRead(void* file, mz_uint64, void* buffer, size_t count) {
+    return static_cast<SourceFile*>(file)->Read(buffer, count);
+}
+
+}  // namespace
+
+ArchiveWriter::ArchiveWriter(Write write, void* target, mz_uint64 start) {
+    zip_.m_pWrite = write;
+    zip_.m_pIO_opaque = target;
+    Check(mz_zip_writer_init_v2(&zip_, start, 0));
+}
+
+void ArchiveWriter::AddFile(const std::wstring& name, SourceFile& file) {
+    Check(file.Size() < MZ_UINT32_MAX);
+    const EncodedName entry(name);
+    const std::time_t modified = Archivable(file.Modified());
+    Check(mz_zip_writer_add_read_buf_callback(&zip_, entry.name.c_str(), OnFileRead, &file, file.Size(),
+                                              &modified, nullptr, 0, kLevel, entry.extra.data(),
+                                              entry.ExtraSize(), entry.extra.data(), entry.ExtraSize()));
+}
+
+void ArchiveWriter::AddFolder(const std::wstring& name) {
+    const EncodedName entry(name);
+    Check(mz_zip_writer_add_mem_ex_v2(&zip_, entry.name.c_str(), nullptr, 0, nullptr, 0, kLevel, 0, 0,
+                                      nullptr, entry.extra.data(), entry.ExtraSize(), entry.extra.data(),
+                                      entry.ExtraSize()));
+}
+
+void ArchiveWriter::Finish() {
+    Check(mz_zip_writer_finalize_archive(&zip_));
+}
+
+// Past a limit the writer goes over to the larger format without a word.
+void ArchiveWriter::Check(bool good) {
+    if (!good || mz_zip_is_zip64(&zip_)) throw StatusError(E_FAIL);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "base/owners.h"
+#include "archive/archive_finder.h"
+
+namespace tarvik {
+
+// A whole file, mapped for reading. A file on a medium that vanishes raises an in-page exception at the next
+// touch of a page that is not in memory; it is not caught.
+class MappedFile {
+  public:
+    explicit MappedFile(const std::wstring& path);  // throws the status of what failed
+
+    Bytes Content() const { return {static_cast<const std::uint8_t*>(view_.Get()), size_}; }
+
+  private:
+    UniqueView view_;
+    std::size_t size_ = 0;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,66 @@
+#include "archive/member_output.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+
+#include "base/shell_delete.h"
+#include "base/status.h"
+#include "archive/file_time.h"
+
+namespace tarvik {
+
+namespace {
+
+// The folder of a member's path, with a separator at its end; empty if none has to be made. Only the slash of
+// archives separates here: a name stored with backslashes gets no folders.
+std::wstring FolderOf(std::wstring_view path) {
+    const size_t slash = path.rfind(L'/');
+    if (slash == std::wstring_view::npos || slash == 0) return {};
+    std::wstring folder(path.substr(0, slash + 1));
+    std::ranges::replace(folder, L'/', L'\\');
+    return folder;
+}
+
+}  // namespace
+
+DestinationFolder::DestinationFolder(const std::wstring& path)
+    : path_(path),
+      made_(!PathFileExistsW(path.c_str()) && SHCreateDirectory(nullptr, path.c_str()) == ERROR_SUCCESS) {}
+
+DestinationFolder::~DestinationFolder() {
+    if (made_) DeleteFolder(path_);
+}
+
+std::wstring MemberOutput::Place(std::wstring_view name) {
+    std::wstring path = folder_ + L'\\';
+    path += name;
+    if (std::wstring folder = FolderOf(path); !folder.empty() && !made_.contains(folder)) {
+        SHCreateDirectory(nullptr, folder.c_str());
+        made_.insert(std::move(folder));
+    }
+    return path;
+}
+
+UniqueHandle MemberOutput::Open(const std::wstring& path) const {
+    UniqueHandle file(
+        IsFolderPath(path)
+            ? CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_ATTRIBUTE_DIRECTORY, nullptr)
+            : CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                          overWrite_ ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) ThrowLastError();
+    return file;
+}
+
+bool IsFolderPath(std::wstring_view path) {
+    return path.ends_with(L'/');
+}
+
+void SetTimes(HANDLE file, std::time_t modified) {
+    const FILETIME time = ToFileTime(modified);
+    SetFileTime(file, &time, nullptr, &time);
+}
+
+}  // namespace tarvik

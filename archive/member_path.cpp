@@ -1,0 +1,52 @@
+#include "archive/member_path.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::wstring_view kSeparators = L"/\\";
+constexpr std::wstring_view kForbidden(L":\0", 2);
+constexpr std::wstring_view kDevices[] = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
+constexpr std::wstring_view kNumberedDevices[] = {L"COM", L"LPT"};
+constexpr std::wstring_view kDeviceNumbers = L"123456789\u00B9\u00B2\u00B3";
+
+wchar_t Upper(wchar_t letter) {
+    return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
+}
+
+// The system looks for devices before the first dot, without the blanks there, in any case of letters.
+bool IsDevice(std::wstring_view component) {
+    std::wstring_view stem = component.substr(0, component.find(L'.'));
+    stem = stem.substr(0, stem.find_last_not_of(L' ') + 1);
+    std::wstring name;
+    std::ranges::transform(stem, std::back_inserter(name), Upper);
+    if (std::ranges::find(kDevices, name) != std::end(kDevices)) return true;
+    return name.size() == 4 && kDeviceNumbers.find(name[3]) != std::wstring_view::npos &&
+           std::ranges::find(kNumberedDevices, std::wstring_view(name).substr(0, 3)) !=
+               std::end(kNumberedDevices);
+}
+
+// Dots and blanks at the end of a component are dropped by the system, so ".. " and "..." climb as well.
+bool Climbs(std::wstring_view component) {
+    return component != L"." && component.find_first_not_of(L". ") == std::wstring_view::npos;
+}
+
+}  // namespace
+
+bool StaysInside(std::wstring_view name) {
+    if (name.empty() || name.find_first_of(kForbidden) != std::wstring_view::npos) return false;
+    if (kSeparators.find(name.front()) != std::wstring_view::npos) return false;
+    while (!name.empty()) {
+        const std::size_t end = std::min(name.find_first_of(kSeparators), name.size());
+        const std::wstring_view component = name.substr(0, end);
+        if (!component.empty() && (Climbs(component) || IsDevice(component))) return false;
+        name.remove_prefix(std::min(end + 1, name.size()));
+    }
+    return true;
+}
+
+}  // namespace tarvik

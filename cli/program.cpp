@@ -1,0 +1,36 @@
+#include "cli/program.h"
+
+#include <string>
+
+#include "base/status.h"
+#include "base/text.h"
+#include "cli/console.h"
+#include "cli/failure.h"
+#include "cli/interrupt.h"
+
+namespace tarvik {
+
+namespace {
+
+int Complain(std::wstring_view name, const std::wstring& text, int code) {
+    Console::Error().Write(std::wstring(name) + L": " + text + L"\n");
+    return code;
+}
+
+}  // namespace
+
+int RunProgram(std::wstring_view name, const std::function<void()>& work) {
+    const Interrupt interrupt;
+    try {
+        work();
+        return kGood;
+    } catch (const UsageError& error) {
+        return Complain(name, error.Text() + L" " + std::wstring(name) + L" --help tells more.", kWrongUsage);
+    } catch (const Failure& failure) {
+        return Complain(name, failure.Text(), kFailed);
+    } catch (...) {
+        return Complain(name, SystemText(CaughtStatus()) + L".", kFailed);
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,62 @@
+// reference.mjs FILE: writes the reference of the showcase, a script that hands it what types/tarvik.d.ts declares.
+import { writeFileSync } from 'node:fs';
+import MarkdownIt from 'markdown-it';
+import { readDeclarations } from '../../types/declarations.mjs';
+
+const markdown = new MarkdownIt();
+const { host, interfaces, globals } = readDeclarations();
+
+// Links have nowhere to lead here: what they call their target stays.
+function html(text) {
+  const plain = text.replace(/\{@link ([^}|]*?)\s*(?:\|\s*([^}]*?)\s*)?\}/g, (_, target, label) => label ?? `\`${target}\``);
+  return markdown.render(plain).trim();
+}
+
+function firstSentence(text) {
+  return html(/^[\s\S]*?[.:](?=\s|$)/.exec(text)?.[0] ?? text).replace(/^<p>|<\/p>$/g, '');
+}
+
+function detailsOf({ text, param = [], returns = [], throws = [] }) {
+  const rows = [
+    ...param.map((one) => one.replace(/^(\w+)\s+-\s+/, '`$1`: ')),
+    ...returns.map((one) => `**Answer**: ${one}`),
+    ...throws.map((one) => `**Throws** ${one}`),
+  ];
+  return html(text) + (rows.length ? html(rows.map((row) => `- ${row.replace(/\n/g, '\n  ')}`).join('\n')) : '');
+}
+
+const memberOf = ({ name, forms, comments }) => ({
+  name,
+  forms: forms.map((form) => form.replace('declare function ', '').replaceAll('Tarvik.', '')),
+  summary: firstSentence(comments[0].text),
+  details: comments.map(detailsOf).join(''),
+  examples: comments.flatMap((comment) => comment.example ?? []),
+});
+
+const objectOf = ({ name, comment, members }) => ({
+  name,
+  details: html(comment.text),
+  examples: comment.example ?? [],
+  members: members.map(memberOf),
+});
+
+// The objects of a plug-in follow it in the file; those before the first one belong to every page.
+function objectsFrom(first) {
+  const next = interfaces.findIndex((one, index) => index > first && plugins.some(({ type }) => type === one.name));
+  return interfaces.slice(first, next < 0 ? undefined : next).map(objectOf);
+}
+
+const plugins = host.members
+  .filter(({ uses }) => !uses.includes('call'))
+  .map(({ name, type, comments }) => ({
+    name, type, summary: html(comments[0].text.replace(/; \*(retained|transient)[\s\S]*$/, '.')).replace(/^<p>|<\/p>$/g, ''),
+  }));
+
+const everyPage = {
+  name: '', summary: 'What every page finds.',
+  objects: [{ ...objectOf({ ...host, name: 'external' }), members: host.members.filter(({ uses }) => uses.includes('call')).map(memberOf) },
+    objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals }),
+    ...objectsFrom(0)],
+};
+const reference = [everyPage, ...plugins.map((plugin) => ({ ...plugin, objects: objectsFrom(interfaces.findIndex((one) => one.name === plugin.type)) }))];
+writeFileSync(process.argv[2], `Showcase.reference = ${JSON.stringify(reference)};\n`);

@@ -1,0 +1,78 @@
+// The members of the plug-ins, below the examples of their page. Showcase.reference is made of the host's declarations;
+// without it the pages are just shorter.
+Showcase.referenceView = (function () {
+  var element = Showcase.element;
+
+  function show(value) {
+    return value === undefined ? 'undefined' : typeof value === 'object' && value !== null ? '[object]' : JSON.stringify(value);
+  }
+
+  // In the source of an example, "expression;  //= value" tells what comes of it.
+  function run(code) {
+    var source = code.replace(/^(\s*)(.*?);\s*\/\/= .*$/gm, function (line, indent, expression) {
+      return indent + 'say(' + JSON.stringify(expression) + ', ' + expression + ');';
+    });
+    try {
+      new Function('say', source)(function (expression, value) {
+        Showcase.write(expression + '  is  ' + show(value));
+      });
+      if (source === code) Showcase.write('Done.');
+    } catch (error) {
+      Showcase.write(Showcase.fault(error), 'fault');
+    }
+  }
+
+  function example(code) {
+    var box = element('div', 'sample');
+    var button = element('button', 'run', 'Run');
+    button.onclick = function () { run(code); };
+    box.appendChild(Showcase.source(code));
+    box.appendChild(button);
+    return box;
+  }
+
+  function fill(box, item) {
+    for (var i = 0; i < (item.forms || []).length; i++) box.appendChild(element('code', 'form', item.forms[i]));
+    var details = box.appendChild(element('div', 'details'));
+    details.innerHTML = item.details;
+    for (var k = 0; k < item.examples.length; k++) box.appendChild(example(item.examples[k]));
+  }
+
+  // A row that opens.
+  function memberRow(member) {
+    var row = element('div', 'member');
+    var head = row.appendChild(element('div', 'head'));
+    var body = null;
+    head.appendChild(element('code', '', member.name));
+    head.appendChild(element('span')).innerHTML = member.summary;
+    row.toggle = function (open) {
+      if (!body) fill(body = row.appendChild(element('div', 'inside')), member);
+      row.className = open ? 'member open' : 'member';
+    };
+    Showcase.press(head, function () { row.toggle(row.className === 'member'); });
+    return row;
+  }
+
+  function section(plugin, object) {
+    var box = element('section', 'object');
+    box.appendChild(element('h2', '', object.name === plugin.type ? plugin.name : object.name));
+    fill(box, { details: object.details, examples: object.examples });
+    for (var i = 0; i < object.members.length; i++) {
+      var row = box.appendChild(memberRow(object.members[i]));
+      row.id = [plugin.name, object.name, object.members[i].name].join('.');
+    }
+    return box;
+  }
+
+  return {
+    plugin: function (name) {
+      var all = Showcase.reference;
+      for (var i = 0; i < all.length; i++) if (all[i].name === name) return all[i];
+      return null;
+    },
+    show: function (page, name) {
+      var plugin = this.plugin(name);
+      for (var i = 0; plugin && i < plugin.objects.length; i++) page.appendChild(section(plugin, plugin.objects[i]));
+    }
+  };
+})();

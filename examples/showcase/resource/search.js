@@ -1,0 +1,110 @@
+// Finds examples and members by words of theirs, while they are typed.
+Showcase.search = (function () {
+  var element = Showcase.element;
+  var most = 40;
+  var entries = null;
+
+  function plain(html) {
+    return html.replace(/<[^>]*>/g, '').replace(/&lt;/g, '<').replace(/&gt;/g, '>').replace(/&quot;/g, '"').replace(/&amp;/g, '&');
+  }
+
+  function add(page, title, text, target) {
+    entries.push({ page: page, title: title, text: text, target: target, words: (title + ' ' + text).toLowerCase() });
+  }
+
+  function addMembers(plugin) {
+    var page = Showcase.homeOf(plugin.name);
+    for (var i = 0; i < plugin.objects.length; i++) {
+      var object = plugin.objects[i];
+      var prefix = object.name === plugin.type ? plugin.name : object.name;
+      for (var k = 0; k < object.members.length; k++) {
+        var member = object.members[k];
+        add(page, prefix + '.' + member.name, plain(member.summary), [plugin.name, object.name, member.name].join('.'));
+      }
+    }
+  }
+
+  function collect() {
+    var pages = Showcase.pages;
+    entries = [];
+    for (var i = 0; i < pages.length; i++) {
+      add(pages[i], pages[i].title, pages[i].intro);
+      for (var k = 0; k < pages[i].examples.length; k++)
+        add(pages[i], pages[i].examples[k].title, pages[i].examples[k].text, pages[i].examples[k].title);
+    }
+    for (var n = 0; n < Showcase.reference.length; n++) addMembers(Showcase.reference[n]);
+  }
+
+  // Those with the words in their title come first.
+  function find(text) {
+    var words = text.toLowerCase().split(/\s+/);
+    var inTitle = [], elsewhere = [];
+    if (!entries) collect();
+    for (var i = 0; i < entries.length; i++) {
+      var all = true, title = true;
+      for (var k = 0; k < words.length; k++) {
+        if (entries[i].words.indexOf(words[k]) < 0) all = false;
+        if (entries[i].title.toLowerCase().indexOf(words[k]) < 0) title = false;
+      }
+      if (all) (title ? inTitle : elsewhere).push(entries[i]);
+    }
+    return inTitle.concat(elsewhere);
+  }
+
+  function row(entry) {
+    var item = element('div', 'hit');
+    item.appendChild(element('b', '', entry.title));
+    item.appendChild(element('span', '', entry.text));
+    Showcase.press(item, function () { Showcase.open(entry.page, entry.target); });
+    return item;
+  }
+
+  function showHits(text) {
+    var hits = find(text);
+    var page = Showcase.clear('');
+    page.appendChild(element('h1', '', hits.length ? hits.length + (hits.length === 1 ? ' place' : ' places') : 'Nothing'));
+    page.appendChild(element('p', 'intro', 'with "' + text + '"'));
+    for (var i = 0; i < hits.length && i < most; i++) page.appendChild(row(hits[i]));
+  }
+
+  function step(from, forward) {
+    var next = forward ? from.nextSibling : from.previousSibling;
+    if (next && next.className === 'hit') next.focus();
+  }
+
+  return function (input) {
+    var before = null;
+    input.oninput = function () {
+      var text = input.value.replace(/^\s+|\s+$/g, '');
+      if (!before) before = Showcase.current();
+      if (text) showHits(text);
+      else if (before) {
+        Showcase.open(before);
+        before = null;
+      }
+    };
+    input.onkeydown = function (event) {
+      /** @type {HTMLElement} */
+      var first = document.querySelector('.hit');
+      if (event.keyCode === 27) {
+        input.value = '';
+        input.oninput();
+      }
+      if (first && event.keyCode === 13) first.click();
+      if (first && event.keyCode === 40) first.focus();
+    };
+    document.addEventListener('keydown', function (event) {
+      var at = document.activeElement;
+      if (at.className === 'hit' && (event.keyCode === 38 || event.keyCode === 40)) {
+        step(at, event.keyCode === 40);
+        event.preventDefault();
+      }
+      // Ctrl+F, and a slash where no text is typed.
+      if (event.ctrlKey && event.keyCode === 70 || event.keyCode === 191 && !/INPUT|TEXTAREA/.test(at.tagName)) {
+        input.focus();
+        input.select();
+        event.preventDefault();
+      }
+    });
+  };
+})();

@@ -1,0 +1,38 @@
+#include "log_viewer/process_names.h"
+
+#include "base/owners.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+std::wstring Ask(DWORD process) {
+    constexpr DWORD kLongestPath = 32'768;
+    const UniqueHandle handle(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
+    std::wstring path(kLongestPath, L'\0');
+    DWORD length = kLongestPath;
+    if (!handle || !QueryFullProcessImageNameW(handle.Get(), 0, path.data(), &length)) return {};
+    path.resize(length);
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+}  // namespace
+
+// An id may belong to another program by now, so it is asked each time.
+const std::wstring& ProcessNames::Of(DWORD process) {
+    std::wstring& name = names_[process];
+    if (std::wstring now = Ask(process); !now.empty()) {
+        name = std::move(now);
+    } else if (name.empty()) {
+        name = L"?";
+    }
+    return name;
+}
+
+bool IsMeant(std::wstring_view nameOrId, DWORD process, std::wstring_view name) {
+    return nameOrId == std::to_wstring(process) || SameIgnoringCase(nameOrId, name) ||
+           SameIgnoringCase(std::wstring(nameOrId) + L".exe", name);
+}
+
+}  // namespace tarvik

@@ -1,0 +1,109 @@
+#include "pack/application.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+#include "archive/archive_writer.h"
+#include "archive/member_path.h"
+#include "base/folder_reader.h"
+#include "base/text.h"
+#include "cli/failure.h"
+
+namespace tarvik {
+
+namespace {
+
+// The host unpacks into a folder of ten letters in the user's temporary folder, whose path has this much
+// room: C:\Users, a name of 20 letters that is followed by a domain's, AppData\Local\Temp.
+constexpr size_t kTemporaryFolder = 64;
+constexpr size_t kUnpackFolder = kTemporaryFolder + std::size(L"\\TV........\\") - 1;
+// The system makes no folder that has no room for a short file name in it.
+constexpr size_t kLongestFile = kPathLength - 1 - kUnpackFolder;
+constexpr size_t kLongestFolder = kLongestFile - (std::size(L"8LETTERS.EXT") - 1);
+
+struct IgnoringCase {
+    bool operator()(const std::wstring& left, const std::wstring& right) const {
+        return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_LESS_THAN;
+    }
+};
+
+class Reader {
+  public:
+    // A prefix is a path with a separator at its end.
+    void Read(const std::wstring& pathPrefix, const std::wstring& namePrefix) {
+        FolderReader reader(pathPrefix + L'*');
+        while (reader.Next()) {
+            const WIN32_FIND_DATAW& found = reader.Entry();
+            const std::wstring path = pathPrefix + found.cFileName;
+            const ULARGE_INTEGER size = {{found.nFileSizeLow, found.nFileSizeHigh}};
+            Entry entry{namePrefix + found.cFileName, path, size.QuadPart};
+            if (IsFolder(found)) {
+                entry.name += L'/';
+                entry.size = 0;
+                Check(entry);
+                Read(path + L'\\', entry.name);
+            } else {
+                Check(entry);
+            }
+            entries_.push_back(std::move(entry));
+        }
+        if (FAILED(reader.Status()))
+            FailAs(L"The folder \"" + pathPrefix + L"\" cannot be read", reader.Status());
+    }
+
+    std::vector<Entry> Result() && { return std::move(entries_); }
+
+  private:
+    void Check(const Entry& entry) {
+        const auto refuse = [&](const std::wstring& why) {
+            throw Failure(L"\"" + entry.path + L"\" " + why);
+        };
+        const size_t most = entry.name.back() == L'/' ? kLongestFolder : kLongestFile;
+        if (entry.name.size() > most) {
+            refuse(L"is too deep: it is " + std::to_wstring(entry.name.size()) +
+                   L" characters behind the application's folder, and only " + std::to_wstring(most) +
+                   L" can be unpacked for every user. Shorten names.");
+        }
+        if (!StaysInside(entry.name)) refuse(L"has a name that Windows keeps for a device. Rename it.");
+        if (Widen(Narrow(entry.name)) != entry.name) refuse(L"has a name that is no text. Rename it.");
+        if (entry.size >= MZ_UINT32_MAX) refuse(L"is 4 GiB or larger. Ship it beside the program.");
+        if (!names_.insert(entry.name).second)
+            refuse(L"differs from another name only in the case of letters. Rename one of them.");
+        if (names_.size() > ArchiveWriter::kMostEntries)
+            refuse(L"is one too many: an application has at most 65,535 files and folders.");
+    }
+
+    std::vector<Entry> entries_;
+    std::set<std::wstring, IgnoringCase> names_;
+};
+
+std::wstring WithBackslash(std::wstring folder) {
+    if (folder.back() != L'\\') folder += L'\\';
+    return folder;
+}
+
+}  // namespace
+
+std::vector<Entry> ReadApplication(const std::wstring& folder) {
+    const std::wstring path = FullPath(folder);
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        FailWithLastError(L"The folder \"" + path + L"\" cannot be read");
+    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw Failure(L"\"" + path + L"\" is no folder.");
+    Reader reader;
+    reader.Read(WithBackslash(path), L"");
+    auto entries = std::move(reader).Result();
+    if (std::ranges::none_of(entries,
+                             [](const Entry& entry) { return SameIgnoringCase(entry.name, kFirstPage); }))
+        throw Failure(L"\"" + path +
+                      L"\" holds no resource\\index.html, the page that an application begins with.");
+    return entries;
+}
+
+ULONGLONG TotalSize(const std::vector<Entry>& entries) {
+    return std::accumulate(entries.begin(), entries.end(), 0ULL,
+                           [](ULONGLONG sum, const Entry& entry) { return sum + entry.size; });
+}
+
+}  // namespace tarvik

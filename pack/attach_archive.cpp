@@ -1,0 +1,105 @@
+#include <exception>
+#include <utility>
+
+#include "archive/archive_writer.h"
+#include "cli/failure.h"
+#include "cli/progress_line.h"
+#include "pack/attached_archive.h"
+
+namespace tarvik {
+
+namespace {
+
+// The program that is written to, behind its end.
+class Target {
+  public:
+    explicit Target(const std::wstring& program, ProgressLine& progress)
+        : program_(program),
+          progress_(progress),
+          file_(CreateFileW(program.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {
+        if (!file_) FailWithLastError(L"\"" + program + L"\" cannot be written");
+    }
+
+    ULONGLONG Size() const {
+        LARGE_INTEGER size = {};
+        GetFileSizeEx(file_.Get(), &size);
+        return static_cast<ULONGLONG>(size.QuadPart);
+    }
+    void Reads(const SourceFile* source) {
+        source_ = source;
+        told_ = 0;
+    }
+    // What went wrong in the last write that the writer gave up for; null if it was nothing.
+    std::exception_ptr Error() const { return error_; }
+
+    static size_t OnWrite(void* target, mz_uint64 offset, const void* data, size_t count) noexcept {
+        constexpr size_t kGiveUp = static_cast<size_t>(-1);
+        auto& self = *static_cast<Target*>(target);
+        try {
+            self.Write(offset, data, static_cast<DWORD>(count));
+            return count;
+        } catch (...) {
+            self.error_ = std::current_exception();
+            return kGiveUp;
+        }
+    }
+
+  private:
+    void Write(ULONGLONG offset, const void* data, DWORD count) {
+        LARGE_INTEGER place;
+        place.QuadPart = static_cast<LONGLONG>(offset);
+        DWORD written = 0;
+        if (!SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN) ||
+            !WriteFile(file_.Get(), data, count, &written, nullptr) || written != count)
+            FailWithLastError(L"\"" + program_ + L"\" cannot be written");
+        const ULONGLONG done = source_ ? source_->BytesRead() : 0;
+        progress_.Advance(done - std::exchange(told_, done));
+    }
+
+    const std::wstring& program_;
+    ProgressLine& progress_;
+    UniqueHandle file_;
+    const SourceFile* source_ = nullptr;
+    ULONGLONG told_ = 0;
+    std::exception_ptr error_;
+};
+
+void Add(ArchiveWriter& writer, const Entry& entry, Target& target) {
+    if (entry.name.back() == L'/') {
+        target.Reads(nullptr);
+        writer.AddFolder(entry.name);
+    } else {
+        SourceFile source(entry.path);
+        target.Reads(&source);
+        writer.AddFile(entry.name, source);
+        target.Reads(nullptr);
+    }
+}
+
+// Of the writer's failures only its own need words.
+template <class Work>
+void Do(const Target& target, const std::wstring& what, Work&& work) {
+    try {
+        work();
+    } catch (const StatusError&) {
+        if (target.Error()) std::rethrow_exception(target.Error());
+        throw Failure(what);
+    }
+}
+
+}  // namespace
+
+void AttachArchive(const std::wstring& program, const std::vector<Entry>& entries) {
+    ProgressLine progress(L"Packing", TotalSize(entries));
+    Target target(program, progress);
+    ArchiveWriter writer(Target::OnWrite, &target, target.Size());
+    for (const Entry& entry : entries) {
+        Do(target,
+           L"\"" + entry.path +
+               L"\" cannot be packed: it is in use, it changed meanwhile, or the program would have 4 GiB.",
+           [&] { Add(writer, entry, target); });
+    }
+    Do(target, L"The program would have 4 GiB, and may not.", [&] { writer.Finish(); });
+}
+
+}  // namespace tarvik

@@ -1,0 +1,62 @@
+#include "pack/attached_archive.h"
+
+#include "cli/failure.h"
+#include "cli/interrupt.h"
+#include "cli/progress_line.h"
+
+namespace tarvik {
+
+namespace {
+
+Bytes Find(Bytes file, const std::wstring& program) {
+    const auto archive = FindArchive(file, 0);
+    if (!archive) throw Failure(L"\"" + program + L"\" has no archive attached.");
+    return *archive;
+}
+
+ArchiveReader Open(Bytes archive, const std::wstring& program) {
+    try {
+        return ArchiveReader(archive);
+    } catch (const StatusError&) {
+        FailAsBroken(program);
+    }
+}
+
+size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
+    return Guard([&] { static_cast<ProgressLine*>(progress)->Advance(count); }) == S_OK ? count : 0;
+}
+
+// The reader compares a member's size and sum with those that are told of it.
+void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
+    const auto& member = reader.Statistics(index);
+    if (reader.Name(member) != expected.name) throw StatusError(E_FAIL);
+    if (member.m_uncomp_size > 0) reader.Extract(member, OnData, &progress);
+}
+
+}  // namespace
+
+AttachedArchive::AttachedArchive(const std::wstring& program)
+    : file_(Explained(L"\"" + program + L"\" cannot be read", [&] { return MappedFile(program); })),
+      archive_(Find(file_.Content(), program)),
+      reader_(Open(archive_, program)) {}
+
+void FailAsBroken(const std::wstring& program) {
+    throw Failure(L"The archive in \"" + program + L"\" is broken.");
+}
+
+void CheckAttached(const std::wstring& program, const std::vector<Entry>& entries) {
+    AttachedArchive attached(program);
+    ArchiveReader& reader = attached.Reader();
+    if (!attached.CountsFromTheStart() || reader.Count() != entries.size())
+        throw Failure(L"The archive that was attached is not found again.");
+    ProgressLine progress(L"Checking", TotalSize(entries));
+    try {
+        for (mz_uint index = 0; index < reader.Count(); ++index)
+            CheckMember(reader, index, entries[index], progress);
+    } catch (const StatusError&) {
+        Interrupt::Check();
+        FailAsBroken(program);
+    }
+}
+
+}  // namespace tarvik

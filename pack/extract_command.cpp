@@ -1,0 +1,55 @@
+#include <optional>
+
+#include "archive/extract_archive.h"
+#include "base/text.h"
+#include "cli/console.h"
+#include "cli/failure.h"
+#include "cli/interrupt.h"
+#include "cli/progress_line.h"
+#include "pack/attached_archive.h"
+#include "pack/commands.h"
+#include "pack/numbers.h"
+#include "pack/paths.h"
+
+namespace tarvik {
+
+namespace {
+
+class Listener : public ExtractListener {
+  public:
+    void SetTotal(ULONGLONG bytes) override { progress_.emplace(L"Extracting", bytes); }
+    Answer MemberStarts(std::wstring_view name) override {
+        member_ = name;
+        return Interrupt::IsWished() ? Answer::kStop : Answer::kGoOn;
+    }
+    bool DataWritten(ULONGLONG count) override {
+        if (Interrupt::IsWished()) return false;
+        progress_->Advance(count);
+        return true;
+    }
+    const std::wstring& Member() const { return member_; }
+
+  private:
+    std::optional<ProgressLine> progress_;
+    std::wstring member_;
+};
+
+}  // namespace
+
+void ExtractProgram(const std::wstring& program, const Arguments& arguments) {
+    const std::wstring path = FullPath(program);
+    const std::wstring folder = FullPath(arguments.Operands()[1]);
+    CheckIsFree(folder);
+    AttachedArchive attached(path);
+    Listener listener;
+    try {
+        ExtractArchive(attached.Content(), folder, false, listener);
+    } catch (const StatusError& error) {
+        Interrupt::Check();
+        if (error.Status() == E_FAIL) FailAsBroken(path);
+        FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", error.Status());
+    }
+    Console::Out().Write(folder + L": " + Grouped(attached.Reader().Count()) + L" files and folders\n");
+}
+
+}  // namespace tarvik

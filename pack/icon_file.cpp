@@ -1,0 +1,128 @@
+#include "pack/icon_file.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "cli/failure.h"
+
+namespace tarvik {
+
+namespace {
+
+#pragma pack(push, 2)
+struct Directory {
+    WORD reserved;
+    WORD type;
+    WORD count;
+};
+// The same in a file and in a resource, up to its last field: that is the picture's place or its id.
+struct DirectoryEntry {
+    BYTE width, height, colours, reserved;
+    WORD planes, bits;
+    DWORD size;
+};
+struct FileEntry {
+    DirectoryEntry entry;
+    DWORD offset;
+};
+struct GroupEntry {
+    DirectoryEntry entry;
+    WORD id;
+};
+#pragma pack(pop)
+
+constexpr WORD kIcons = 1;
+
+template <class Value>
+Value ReadAt(Bytes file, size_t offset) {
+    Value value;
+    std::memcpy(&value, file.data() + offset, sizeof value);
+    return value;
+}
+
+FileEntry EntryOf(Bytes file, size_t index) {
+    return ReadAt<FileEntry>(file, sizeof(Directory) + index * sizeof(FileEntry));
+}
+
+// Whether the colours are all there; the mask behind them is missing in some files, which the system takes.
+bool IsBitmap(Bytes picture) {
+    const auto header = ReadAt<BITMAPINFOHEADER>(picture, 0);
+    constexpr LONG kMost = 0x10000;
+    constexpr WORD kDepths[] = {1, 4, 8, 16, 24, 32};
+    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kMost ||
+        header.biHeight <= 0 || header.biHeight > kMost ||
+        std::ranges::find(kDepths, header.biBitCount) == std::end(kDepths))
+        return false;
+    const size_t colours = header.biClrUsed         ? header.biClrUsed
+                           : header.biBitCount <= 8 ? 1U << header.biBitCount
+                                                    : 0;
+    const size_t row = (static_cast<size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
+    const size_t rows = static_cast<size_t>(header.biHeight) / 2;  // those of the mask are counted in
+    return sizeof header + colours * sizeof(RGBQUAD) + row * rows <= picture.size();
+}
+
+// A picture is a bitmap without its file header, or a whole PNG file.
+bool IsPicture(Bytes picture) {
+    constexpr std::uint8_t kPng[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    if (picture.size() < sizeof(BITMAPINFOHEADER)) return false;
+    return std::ranges::equal(picture.first(std::size(kPng)), kPng) || IsBitmap(picture);
+}
+
+bool IsGood(Bytes file) {
+    if (file.size() < sizeof(Directory)) return false;
+    const auto directory = ReadAt<Directory>(file, 0);
+    const size_t start = sizeof(Directory) + directory.count * sizeof(FileEntry);
+    if (directory.reserved != 0 || directory.type != kIcons || directory.count == 0 || start > file.size())
+        return false;
+    for (size_t index = 0; index < directory.count; ++index) {
+        const FileEntry entry = EntryOf(file, index);
+        if (entry.offset < start || entry.offset > file.size() ||
+            entry.entry.size > file.size() - entry.offset ||
+            !IsPicture(file.subspan(entry.offset, entry.entry.size)))
+            return false;
+    }
+    return true;
+}
+
+template <class Value>
+void Append(std::vector<std::uint8_t>& bytes, const Value& value) {
+    const auto* const first = reinterpret_cast<const std::uint8_t*>(&value);
+    bytes.insert(bytes.end(), first, first + sizeof value);
+}
+
+// The pictures of a program with one group are that group's; with several, nobody need know whose they are.
+WORD MakeRoom(ResourceUpdate& update, WORD group) {
+    const auto groups = update.Ids(RT_GROUP_ICON);
+    const auto pictures = update.Ids(RT_ICON);
+    if (std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
+        for (const WORD id : pictures)
+            update.Remove(RT_ICON, id);
+        return 1;
+    }
+    return static_cast<WORD>(std::ranges::max(pictures) + 1);
+}
+
+}  // namespace
+
+IconFile::IconFile(const std::wstring& path)
+    : file_(Explained(L"The icon \"" + path + L"\" cannot be read", [&] { return MappedFile(path); })) {
+    if (!IsGood(file_.Content()))
+        throw Failure(L"\"" + path + L"\" is no icon file, or a broken one. Take an .ico file.");
+}
+
+void IconFile::PutInto(ResourceUpdate& update, WORD group) const {
+    const Bytes file = file_.Content();
+    const auto directory = ReadAt<Directory>(file, 0);
+    WORD id = MakeRoom(update, group);
+    std::vector<std::uint8_t> resource;
+    Append(resource, directory);
+    for (size_t index = 0; index < directory.count; ++index, ++id) {
+        const FileEntry entry = EntryOf(file, index);
+        update.Set(RT_ICON, id, file.subspan(entry.offset, entry.entry.size));
+        Append(resource, GroupEntry{entry.entry, id});
+    }
+    update.Set(RT_GROUP_ICON, group, resource);
+}
+
+}  // namespace tarvik

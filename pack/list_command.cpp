@@ -1,0 +1,57 @@
+#include <algorithm>
+#include <ctime>
+#include <cwchar>
+
+#include "base/status.h"
+#include "base/text.h"
+#include "cli/console.h"
+#include "cli/interrupt.h"
+#include "pack/attached_archive.h"
+#include "pack/commands.h"
+#include "pack/numbers.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr size_t kTimeWidth = 19;
+
+std::wstring LocalTime(std::time_t time) {
+    std::tm local = {};
+    localtime_s(&local, &time);
+    wchar_t text[32] = {};
+    wcsftime(text, std::size(text), L"%Y-%m-%d %H:%M:%S", &local);
+    return text;
+}
+
+std::wstring Column(const std::wstring& number) {
+    constexpr size_t kWidth = 13;
+    return std::wstring(kWidth - std::min(kWidth, number.size()), L' ') + number;
+}
+
+void Print(ArchiveReader& reader) {
+    ULONGLONG total = 0;
+    for (mz_uint index = 0; index < reader.Count(); ++index) {
+        Interrupt::Check();
+        const auto& member = reader.Statistics(index);
+        total += member.m_uncomp_size;
+        Console::Out().Write(LocalTime(member.m_time) + Column(Grouped(member.m_uncomp_size)) + L"  " +
+                             reader.Name(member) + L"\n");
+    }
+    Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(Grouped(total)) + L"  in " +
+                         Grouped(reader.Count()) + L" files and folders\n");
+}
+
+}  // namespace
+
+void ListProgram(const std::wstring& program, const Arguments&) {
+    const std::wstring path = FullPath(program);
+    AttachedArchive attached(path);
+    try {
+        Print(attached.Reader());
+    } catch (const StatusError&) {
+        FailAsBroken(path);
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,60 @@
+#include <windows.h>
+
+#include <string>
+
+#include "archive/member_output.h"
+#include "base/text.h"
+#include "cli/console.h"
+#include "cli/failure.h"
+#include "pack/commands.h"
+#include "pack/paths.h"
+
+namespace tarvik {
+
+namespace {
+
+struct StarterFile {
+    const wchar_t* resource;
+    std::wstring_view name;
+};
+
+constexpr StarterFile kFiles[] = {
+    {L"INDEX_HTML", L"resource\\index.html"},
+    {L"STARTER_JS", L"resource\\starter.js"},
+    {L"STARTER_CSS", L"resource\\starter.css"},
+};
+
+std::string_view Content(const wchar_t* name) {
+    const HRSRC resource = FindResourceW(nullptr, name, RT_RCDATA);
+    const HGLOBAL loaded = resource ? LoadResource(nullptr, resource) : nullptr;
+    if (!loaded) FailWithLastError(L"The starter application is missing");
+    return {static_cast<const char*>(LockResource(loaded)), SizeofResource(nullptr, resource)};
+}
+
+void Write(const std::wstring& path, std::string_view content) {
+    const UniqueHandle file(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    if (!file ||
+        !WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr))
+        FailWithLastError(L"\"" + path + L"\" cannot be written");
+}
+
+}  // namespace
+
+void NewApplication(const std::wstring& name, const Arguments&) {
+    const std::wstring folder = FullPath(name);
+    CheckIsFree(folder);
+    DestinationFolder made(folder);
+    if (!CreateDirectoryW((folder + L"\\resource").c_str(), nullptr))
+        FailWithLastError(L"The folder \"" + folder + L"\" cannot be made");
+    for (const auto& [resource, file] : kFiles)
+        Write(folder + L'\\' + std::wstring(file), Content(resource));
+    made.Keep();
+    const std::wstring quoted = QuoteArgument(name);
+    Console::Out().Write(folder + L": an application that begins with resource\\index.html\n" +
+                         L"  run it:   tarvik -d " + quoted + L"\n" + L"  pack it:  tarvik-pack build " +
+                         quoted + L" -o app.exe\n");
+}
+
+}  // namespace tarvik

@@ -1,0 +1,43 @@
+// examples.mjs FOLDER DOCUMENT...: writes the examples of the declarations there, and those of the documents, which are
+// fenced as js: a page each, for the host, and all of them in one file for the compiler. In a page,
+// "expression;  //= value" becomes a comparison.
+import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { basename, join } from 'node:path';
+import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
+
+const [folder, ...documents] = process.argv.slice(2);
+const examples = [...examplesOf(readDeclarations()), ...documents.flatMap(examplesIn)];
+const assertion = /^(\s*)(.*?);\s*\/\/= (.*)$/gm;
+
+function examplesIn(path) {
+  const blocks = readFileSync(path, 'utf8').matchAll(/^```js\n([\s\S]*?)^```$/gm);
+  return [...blocks].map(([, code], index) => ({ of: `${basename(path)}, example ${index + 1}`, code }));
+}
+
+function page({ of, code }, index) {
+  const next = index + 1 < examples.length ? `${index + 1}.html` : '';
+  const expected = code.match(assertion)?.length ?? 0;
+  const checked = code.replace(assertion, (_, indent, actual, value) =>
+    `${indent}same(${JSON.stringify(`${of}: ${actual}`)}, ${actual}, ${value});`);
+  return `<!DOCTYPE html>
+<meta charset="utf-8">
+<title>${of}</title>
+<script src="check.js"></script>
+<script src="example.js"></script>
+<script>begin(${JSON.stringify(of)}, ${expected}, ${JSON.stringify(next)});</script>
+<body>
+<script>
+(function () {
+${checked.replaceAll('</', '<\\/')}
+})();
+ended();
+</script>
+`;
+}
+
+rmSync(folder, { recursive: true, force: true });
+mkdirSync(folder, { recursive: true });
+examples.forEach((example, index) => writeFileSync(join(folder, `${index}.html`), page(example, index)));
+const functions = examples.map(({ of, code }) => `// ${of}\n(function () {\n${code}\n})();\n`);
+writeFileSync(join(folder, 'all.js'), functions.join('\n'));
+console.log(`${examples.length} examples`);

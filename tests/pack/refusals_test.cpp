@@ -1,0 +1,161 @@
+// What is refused, with what words, before anything is written.
+
+#include <fstream>
+
+#include "tests/pack/pack_fixture.h"
+#include "tests/plugins/zip/archive_writer.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Refusal {
+    std::vector<std::wstring> arguments;
+    DWORD code;
+    std::string words;
+};
+
+class Refused : public PackTest {
+  protected:
+    void ExpectRefusals(std::initializer_list<Refusal> refusals) const {
+        const auto before = ReadTree(folder_.Path());
+        for (const Refusal& refusal : refusals) {
+            SCOPED_TRACE(refusal.words);
+            EXPECT_THAT(Run(refusal.arguments, refusal.code), HasSubstr(refusal.words));
+            EXPECT_TRUE(ReadTree(folder_.Path()) == before) << "something was written";
+        }
+    }
+    // The same options of a build that would be good without them.
+    static Refusal Options(std::vector<std::wstring> options, DWORD code, std::string words) {
+        options.insert(options.begin(), {L"build", L"app"});
+        if (std::ranges::find(options, L"-o") == options.end())
+            options.insert(options.end(), {L"-o", L"out.exe"});
+        return {std::move(options), code, std::move(words)};
+    }
+    void WriteApplication() const { folder_.Write(L"app\\resource\\index.html", "<!doctype html>"); }
+};
+
+TEST_F(Refused, WrongCommandLines) {
+    WriteApplication();
+    const std::wstring longText(1001, L'x');
+    ExpectRefusals({
+        {{}, 2, "A command is missing"},
+        {{L"pack"}, 2, "no command pack"},
+        {{L"new"}, 2, "tarvik-pack new FOLDER"},
+        {{L"new", L""}, 2, "tarvik-pack new FOLDER"},
+        {{L"list", L"a.exe", L"b.exe"}, 2, "tarvik-pack list APP"},
+        {{L"list", L"a.exe", L"--icon", L"b"}, 2, "no option --icon"},
+        {{L"build", L"app"}, 2, "-o app.exe"},
+        Options({L"--icno", L"a.ico"}, 2, "no option --icno"),
+        Options({L"-x"}, 2, "no option -x"),
+        Options({L"-o", L"out.exe", L"--icon"}, 2, "--icon needs a value"),
+        Options({L"--name=a", L"--name", L"b"}, 2, "--name is given twice"),
+        Options({L"--help=yes"}, 2, "--help takes no value"),
+        Options({L"--icon", L""}, 2, "--icon takes a path"),
+        Options({L"--name", longText}, 2, "--name takes a text of at most"),
+        Options({L"--version", L""}, 2, "\"\" is no version"),
+        Options({L"--version", L"1."}, 2, "\"1.\" is no version"),
+        Options({L"--version", L"1.65536"}, 2, "\"1.65536\" is no version"),
+        Options({L"--version", L"1.2.3.4.5"}, 2, "\"1.2.3.4.5\" is no version"),
+        Options({L"--version", L"1.-2"}, 2, "\"1.-2\" is no version"),
+    });
+}
+
+TEST_F(Refused, FoldersAndOutputs) {
+    WriteApplication();
+    folder_.Write(L"other\\page.html", "");
+    fs::copy_file(Host(), folder_ / L"host.exe");
+    const auto build = [](const wchar_t* folder, const wchar_t* output) {
+        return std::vector<std::wstring>{L"build", folder, L"-o", output};
+    };
+    const std::wstring outside = fs::path(folder_.Path()).filename().wstring();
+    ExpectRefusals({
+        {{L"new", L"other"}, 1, "is not empty"},
+        {{L"new", L"host.exe"}, 1, "is a file"},
+        {build(L"missing", L"out.exe"), 1, "missing\" cannot be read"},
+        {build(L"host.exe", L"out.exe"), 1, "host.exe\" is no folder"},
+        {build(L"other", L"out.exe"), 1, "holds no resource\\index.html"},
+        {build(L"app", L"missing\\out.exe"), 1, "missing\\out.exe"},
+        {build(L"app", L"other"), 1, "is a folder"},
+        {build(L"app", L"app\\out.exe"), 1, "lies in the folder that is packed"},
+        {build(L"app", L"APP\\resource\\out.exe"), 1, "lies in the folder that is packed"},
+        Options({L"--host", L"host.exe", L"-o", (L"..\\" + outside + L"\\HOST.exe")}, 1,
+                "is the host itself"),
+    });
+}
+
+TEST_F(Refused, FilesThatCouldNotBeUnpacked) {
+    WriteApplication();
+    const auto expectRefusal = [&](const char* words) {
+        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr(words));
+        EXPECT_FALSE(FileExists(folder_ / L"out.exe"));
+    };
+    const std::wstring device = L"\\\\?\\" + (folder_ / L"app\\aux.txt");
+    std::ofstream(fs::path(device)) << "x";
+    expectRefusal("aux.txt\" has a name that Windows keeps");
+    EXPECT_TRUE(DeleteFileW(device.c_str()));
+    fs::resize_file(folder_.Write(L"app\\film", ""), 0xFFFF'FFFF);
+    expectRefusal("film\" is 4 GiB or larger");
+}
+
+TEST_F(Refused, HostsAndIcons) {
+    WriteApplication();
+    const std::string host = ReadFileBytes(Host().wstring());
+    std::string isSigned = host;
+    const size_t headers = *reinterpret_cast<const DWORD*>(host.data() + 0x3C);
+    isSigned[headers + offsetof(IMAGE_NT_HEADERS64, OptionalHeader.DataDirectory) +
+             IMAGE_DIRECTORY_ENTRY_SECURITY * sizeof(IMAGE_DATA_DIRECTORY) + sizeof(DWORD)] = 1;
+    folder_.Write(L"signed.exe", isSigned);
+    folder_.Write(L"packed.exe", host + WriteArchive({{"page", "x"}}));
+    folder_.Write(L"text.exe", "no program");
+    folder_.Write(L"cut.exe", host.substr(0, headers + 100));
+    folder_.Write(L"empty", "");
+    const std::string icon = IconFileOf(Picture());
+    folder_.Write(L"good.ico", icon);
+    folder_.Write(L"cut.ico", icon.substr(0, icon.size() - 1));
+    folder_.Write(L"none.ico", std::string("\0\0\1\0\0\0", 6));
+    folder_.Write(L"cursor.ico", std::string(icon).replace(2, 1, "\2"));
+    folder_.Write(L"many.ico", std::string(icon).replace(4, 2, "\xFF\xFF"));
+    folder_.Write(L"inside.ico", std::string(icon).replace(18, 1, "\1"));
+    folder_.Write(L"short.ico", IconFileOf(Picture().substr(0, 1000)));
+    folder_.Write(L"nonsense.ico", IconFileOf(std::string(500, 'x')));
+    const auto of = [](const wchar_t* option, const wchar_t* file, const char* words) {
+        return Options({option, file}, 1, words);
+    };
+    ExpectRefusals({
+        of(L"--host", L"missing.exe", "missing.exe\" cannot be read"),
+        of(L"--host", L"signed.exe", "signed.exe\" is signed"),
+        of(L"--host", L"packed.exe", "packed.exe\" already has an archive"),
+        of(L"--host", L"text.exe", "text.exe\" is no program"),
+        of(L"--host", L"cut.exe", "cut.exe\" is no program"),
+        of(L"--host", L"empty", "empty\" cannot be read"),
+        of(L"--icon", L"missing.ico", "missing.ico\" cannot be read"),
+        of(L"--icon", L"empty", "empty\" cannot be read"),
+        of(L"--icon", L"cut.ico", "cut.ico\" is no icon"),
+        of(L"--icon", L"none.ico", "none.ico\" is no icon"),
+        of(L"--icon", L"cursor.ico", "cursor.ico\" is no icon"),
+        of(L"--icon", L"many.ico", "many.ico\" is no icon"),
+        of(L"--icon", L"inside.ico", "inside.ico\" is no icon"),
+        of(L"--icon", L"short.ico", "short.ico\" is no icon"),
+        of(L"--icon", L"nonsense.ico", "nonsense.ico\" is no icon"),
+    });
+}
+
+TEST_F(Refused, ProgramsThatCarryNothingOrADamagedArchive) {
+    ArchiveMember damaged = {"page", "x"};
+    damaged.sum = 1;
+    folder_.Write(L"damaged.exe", "host" + WriteArchive({damaged}));
+    folder_.Write(L"climbing.exe", "host" + WriteArchive({{"../page", "x"}}));
+    ExpectRefusals({
+        {{L"list", Host().wstring()}, 1, "tarvik.exe\" has no archive attached"},
+        {{L"list", L"missing.exe"}, 1, "missing.exe\" cannot be read"},
+        {{L"extract", Host().wstring(), L"out"}, 1, "has no archive attached"},
+        {{L"extract", L"damaged.exe", L"out"}, 1, "damaged.exe\" is broken"},
+        {{L"extract", L"climbing.exe", L"out"}, 1, "climbing.exe\" is broken"},
+        {{L"extract", L"damaged.exe", L"."}, 1, "is not empty"},
+    });
+}
+
+}  // namespace
+}  // namespace tarvik

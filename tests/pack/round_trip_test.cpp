@@ -1,0 +1,104 @@
+// From a new application to the program that is shipped, and back.
+
+#include <fstream>
+
+#include "tests/pack/pack_fixture.h"
+#include "tests/page/program.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST_F(PackTest, ANewApplicationIsPackedAndRunsAndComesBack) {
+    EXPECT_THAT(Run({L"new", L"g\u00e4rten \u6f22"}), HasSubstr("g\u00e4rten \u6f22: an application"));
+    folder_.Write(L"g\u00e4rten \u6f22\\.git\\empty", "");
+    folder_.Write(L"g\u00e4rten \u6f22\\\u6f22\\data", std::string(300'000, 'x'));
+    fs::create_directory(folder_ / L"g\u00e4rten \u6f22\\nothing");
+    EXPECT_THAT(Run({L"build", L"g\u00e4rten \u6f22", L"-o", L"\u6f22.exe"}), HasSubstr("\u6f22.exe: "));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 2) << "nothing else is left there";
+
+    const std::string list = Run({L"list", L"\u6f22.exe"});
+    EXPECT_THAT(list, HasSubstr("      300,000  \u6f22/data\n"));
+    EXPECT_THAT(list, HasSubstr("  in 9 files and folders\n"));
+    // A signature is put behind a program.
+    std::ofstream(fs::path(folder_ / L"\u6f22.exe"), std::ios::binary | std::ios::app)
+        << std::string(9000, '\0');
+    Run({L"extract", L"\u6f22.exe", L"out"});
+    EXPECT_EQ(ReadTree(folder_ / L"out"), ReadTree(folder_ / L"g\u00e4rten \u6f22"));
+
+    Program program;
+    program.UseExecutable(folder_ / L"\u6f22.exe");
+    program.Start();
+    const HWND window = program.WindowTitled(L"My application");
+    ASSERT_TRUE(window);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(program.Wait(), 0u);
+}
+
+class Decorated : public PackTest {
+  protected:
+    void SetUp() override {
+        Run({L"new", L"app"});
+        folder_.Write(L"small.ico", IconFileOf(Picture()));
+        Run({L"build", L"app", L"-o", L"Gute App.v2.exe", L"--icon", L"small.ico", L"--version=3.0.65535",
+             L"--company", L"G\u00e4rtner & \u6f22", L"--copyright", L"\u00a9 2026"});
+        const DWORD size = GetFileVersionInfoSizeW(program_.c_str(), nullptr);
+        version_.resize(size);
+        EXPECT_TRUE(GetFileVersionInfoW(program_.c_str(), 0, size, version_.data()));
+    }
+
+    template <class Value>
+    const Value* Query(const std::wstring& path) const {
+        void* value = nullptr;
+        UINT length = 0;
+        EXPECT_TRUE(VerQueryValueW(version_.data(), path.c_str(), &value, &length)) << Narrow(path);
+        return static_cast<const Value*>(value);
+    }
+    std::wstring Text(const std::wstring& name) const {
+        const auto* const text = Query<wchar_t>(L"\\StringFileInfo\\040904B0\\" + name);
+        return text ? text : L"";
+    }
+
+    const std::wstring program_ = folder_ / L"Gute App.v2.exe";
+    std::vector<BYTE> version_;
+};
+
+TEST_F(Decorated, TellsItsVersionAndNames) {
+    const auto* const fixed = Query<VS_FIXEDFILEINFO>(L"\\");
+    ASSERT_TRUE(fixed);
+    EXPECT_EQ(fixed->dwFileVersionMS, 0x0003'0000u);
+    EXPECT_EQ(fixed->dwProductVersionLS, 0xFFFF'0000u);
+    const auto* const translation = Query<DWORD>(L"\\VarFileInfo\\Translation");
+    ASSERT_TRUE(translation);
+    EXPECT_EQ(*translation, 0x04B0'0409u);
+    EXPECT_EQ(Text(L"ProductName"), L"Gute App.v2");
+    EXPECT_EQ(Text(L"FileDescription"), L"Gute App.v2");
+    EXPECT_EQ(Text(L"CompanyName"), L"G\u00e4rtner & \u6f22");
+    EXPECT_EQ(Text(L"LegalCopyright"), L"\u00a9 2026");
+    EXPECT_EQ(Text(L"FileVersion"), L"3.0.65535.0");
+    EXPECT_EQ(Text(L"ProductVersion"), L"3.0.65535.0");
+}
+
+std::string ResourceOf(HMODULE module, WORD id, LPCWSTR type) {
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), type);
+    if (!resource) return {};
+    return {static_cast<const char*>(LockResource(LoadResource(module, resource))),
+            SizeofResource(module, resource)};
+}
+
+TEST_F(Decorated, HasItsIconInPlaceOfTheHosts) {
+    const UniqueModule module(LoadLibraryExW(program_.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    ASSERT_TRUE(module);
+    // A group says the same as the file, but that a picture's id stands for its place.
+    const std::string file = IconFileOf(Picture());
+    EXPECT_EQ(ResourceOf(module.Get(), 1000, RT_GROUP_ICON), file.substr(0, 18) + std::string("\1\0", 2));
+    EXPECT_EQ(ResourceOf(module.Get(), 1, RT_ICON), Picture());
+    EXPECT_THAT(ResourceOf(module.Get(), 1, RT_MANIFEST), HasSubstr("<assembly")) << "the rest stays";
+    const UniqueIcon icon(static_cast<HICON>(
+        LoadImageW(module.Get(), MAKEINTRESOURCEW(1000), IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR)));
+    EXPECT_TRUE(icon);
+}
+
+}  // namespace
+}  // namespace tarvik

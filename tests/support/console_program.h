@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "base/owners.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvik {
+
+// A console program of the build, in a console of its own that nobody sees. What it prints is collected.
+class ConsoleProgram {
+  public:
+    ConsoleProgram(const std::wstring& name, const std::vector<std::wstring>& arguments,
+                   const std::wstring& folder);
+    ~ConsoleProgram();
+
+    DWORD Id() const { return processId_; }
+    std::string Out() const { return ReadFileBytes(output_ / L"out"); }  // so far, in UTF-8
+    std::string Error() const { return ReadFileBytes(output_ / L"error"); }
+    // The exit code; fails the test if it does not end within the time (milliseconds).
+    DWORD Wait(DWORD limit = 60'000) const;
+    void PressCtrlC() const;
+
+  private:
+    const TempFolder output_;
+    UniqueHandle process_;
+    DWORD processId_ = 0;
+};
+
+}  // namespace tarvik
