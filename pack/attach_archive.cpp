@@ -78,7 +78,7 @@ void Add(ArchiveWriter& writer, const Entry& entry, Target& target) {
 
 // Of the writer's failures only its own need words.
 template <class Work>
-void Do(const Target& target, const std::wstring& what, Work&& work) {
+void Attempt(const Target& target, const std::wstring& what, Work&& work) {
     try {
         work();
     } catch (const StatusError&) {
@@ -94,12 +94,13 @@ void AttachArchive(const std::wstring& program, const std::vector<Entry>& entrie
     Target target(program, progress);
     ArchiveWriter writer(Target::OnWrite, &target, target.Size());
     for (const Entry& entry : entries) {
-        Do(target,
-           L"\"" + entry.path +
-               L"\" cannot be packed: it is in use, it changed meanwhile, or the program would have 4 GiB.",
-           [&] { Add(writer, entry, target); });
+        Attempt(
+            target,
+            L"\"" + entry.path +
+                L"\" cannot be packed: it is in use, it changed meanwhile, or the program would have 4 GiB.",
+            [&] { Add(writer, entry, target); });
     }
-    Do(target, L"The program would have 4 GiB, and may not.", [&] { writer.Finish(); });
+    Attempt(target, L"The program would have 4 GiB, and may not.", [&] { writer.Finish(); });
 }
 
 }  // namespace tarvik

@@ -95,7 +95,7 @@ void Append(std::vector<std::uint8_t>& bytes, const Value& value) {
 WORD MakeRoom(ResourceUpdate& update, WORD group) {
     const auto groups = update.Ids(RT_GROUP_ICON);
     const auto pictures = update.Ids(RT_ICON);
-    if (std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
+    if (pictures.empty() || std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
         for (const WORD id : pictures)
             update.Remove(RT_ICON, id);
         return 1;
