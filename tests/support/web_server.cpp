@@ -57,8 +57,9 @@ bool WebExchange::Send(std::string_view bytes) const {
 }
 
 void WebExchange::Answer(std::string_view body, std::string_view status) const {
-    Send("HTTP/1.1 " + std::string(status) + "\r\nContent-Length: " + std::to_string(body.size()) +
-         "\r\n\r\n");
+    // The system would keep the connection, and a handle with it, for a minute.
+    Send("HTTP/1.1 " + std::string(status) +
+         "\r\nConnection: close\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n");
     Send(body);
 }
 
