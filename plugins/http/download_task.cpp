@@ -32,9 +32,14 @@ class NewFile {
     NewFile& operator=(const NewFile&) = delete;
 
     void Write(std::span<const std::uint8_t> bytes) {
-        DWORD written = 0;
-        if (!WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
-            ThrowLastError();
+        // A disk that has little room may take a part; what is wrong is told with the rest.
+        while (!bytes.empty()) {
+            DWORD written = 0;
+            if (!WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
+                written == 0)
+                ThrowLastError();
+            bytes = bytes.subspan(written);
+        }
     }
     // Closes it: from here on it belongs to script.
     void Keep() { file_.Reset(); }
