@@ -6,6 +6,7 @@
 
 #include "base/bstr.h"
 #include "base/owners.h"
+#include "base/status.h"
 
 namespace tarvik {
 
@@ -48,8 +49,7 @@ std::wstring ExceptionInfo::Text(HRESULT status) const {
 }
 
 bool IsUnreachable(HRESULT status) {
-    return status == RPC_E_DISCONNECTED || status == RPC_E_SERVER_DIED || status == RPC_E_SERVER_DIED_DNE ||
-           status == RPC_E_CALL_REJECTED || status == CO_E_OBJNOTCONNECTED;
+    return IsDisconnected(status) || status == RPC_E_CALL_REJECTED;
 }
 
 bool IsRefusal(HRESULT status) {

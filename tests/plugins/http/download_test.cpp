@@ -151,6 +151,21 @@ TEST_F(Download, StopsAsProgressAnswers) {
     EXPECT_EQ(script.Errors(), 1);
 }
 
+TEST_F(Download, GoesOnWithoutItsPage) {
+    const std::string body = BodyOf(3 * kPiece);
+    const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
+    const auto success = MakeCom<Recorder>();
+    const OptionObject options = Options(server.Url()).Set(L"success", success);
+    {
+        ScriptBench script(client_.Get());
+        options.Set(L"progress", script.Evaluate(L"(function () { return false; })"));
+        CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
+    }  // before the first call, which this thread has yet to take
+    EXPECT_TRUE(PumpUntil([&] { return success->AddRef(), success->Release() == 2; }));
+    EXPECT_THAT(success->Texts(), ElementsAre("I4 7"));
+    EXPECT_TRUE(ReadFileBytes(got_) == body);
+}
+
 TEST_F(Download, RunsAHundredTimesAtOnce) {
     constexpr int kRuns = 100;
     const std::string body = BodyOf(3 * kPiece);
