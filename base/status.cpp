@@ -14,6 +14,11 @@ void ThrowLastError() {
     ThrowFailure(LastErrorStatus());
 }
 
+bool IsDisconnected(HRESULT status) noexcept {
+    return status == RPC_E_DISCONNECTED || status == RPC_E_SERVER_DIED || status == RPC_E_SERVER_DIED_DNE ||
+           status == CO_E_OBJNOTCONNECTED || status == HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
+}
+
 HRESULT CaughtStatus() noexcept {
     try {
         throw;

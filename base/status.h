@@ -34,6 +34,10 @@ HRESULT LastErrorStatus() noexcept;
 // The same with the last error of a failed platform call.
 [[noreturn]] void ThrowLastError();
 
+// Whether a call failed because the apartment, process or page that its object lived in has gone: what
+// proxies answer then, and the page control.
+bool IsDisconnected(HRESULT status) noexcept;
+
 // The status of the exception being handled. Call only inside a catch block.
 HRESULT CaughtStatus() noexcept;
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "base/bstr.h"
+#include "base/status.h"
 #include "base/text.h"
 
 namespace tarvik {
@@ -37,8 +38,7 @@ std::wstring ExceptionInfo::Text(HRESULT status) const {
 }
 
 bool IsUnreachable(HRESULT status) {
-    return status == RPC_E_DISCONNECTED || status == RPC_E_SERVER_DIED || status == RPC_E_SERVER_DIED_DNE ||
-           status == RPC_E_CALL_REJECTED || status == CO_E_OBJNOTCONNECTED;
+    return IsDisconnected(status) || status == RPC_E_CALL_REJECTED;
 }
 
 bool IsRefusal(HRESULT status) {

@@ -32,9 +32,14 @@ class NewFile {
     NewFile& operator=(const NewFile&) = delete;
 
     void Write(std::span<const std::uint8_t> bytes) {
-        DWORD written = 0;
-        if (!WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
-            ThrowLastError();
+        // A disk that has little room may take a part; what is wrong is told with the rest.
+        while (!bytes.empty()) {
+            DWORD written = 0;
+            if (!WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
+                written == 0)
+                ThrowLastError();
+            bytes = bytes.subspan(written);
+        }
     }
     // Closes it: from here on it belongs to script.
     void Keep() { file_.Reset(); }
@@ -44,10 +49,12 @@ class NewFile {
     UniqueHandle file_;
 };
 
-// Whether a call failed because there is nobody any more to take it.
+// Whether a call failed because there is nobody any more to take it. An engine that has been closed answers
+// E_UNEXPECTED to calls of its functions, the old ones 0x800A1393; an error in a function that runs is
+// neither of them, whatever its number: 0x80020101 or DISP_E_EXCEPTION.
 bool HasGone(HRESULT status) {
-    return status == RPC_E_DISCONNECTED || status == CO_E_OBJNOTCONNECTED || status == RPC_E_SERVER_DIED ||
-           status == RPC_E_SERVER_DIED_DNE;
+    constexpr auto kFreedScript = static_cast<HRESULT>(0x800A1393);
+    return IsDisconnected(status) || status == E_UNEXPECTED || status == kFreedScript;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/console_program.h"
 #include "tests/support/test.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {
@@ -78,6 +79,18 @@ TEST_F(FullDisk, EndsAnUnpacking) {
     EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"unzip", options).text,
               "fail: EMPTY, I4 " + std::to_string(E_FAIL));
     EXPECT_TRUE(IsDiskEmpty()) << "the run had made the folder";
+}
+
+TEST_F(FullDisk, LeavesNoHalfDownload) {
+    const auto client = CallMember(Plugin(L"http").Get(), L"createClient");
+    // Of the last piece of the second one, the disk takes a part.
+    for (const size_t size : {noise_.size(), size_t{1'024'500}}) {
+        const WebServer server([&](const WebExchange& exchange) { exchange.Answer(noise_.substr(0, size)); });
+        OptionObject options;
+        options.Set(L"url", server.Url().c_str()).Set(L"destPath", place_.c_str());
+        EXPECT_EQ(RunToEnd(client.value.pdispVal, L"downloadToFile", options).text, FailText(kDiskFull));
+        EXPECT_TRUE(IsDiskEmpty());
+    }
 }
 
 TEST_F(FullDisk, EndsTransfersAndKeepsWhatIsWritten) {

@@ -57,8 +57,9 @@ bool WebExchange::Send(std::string_view bytes) const {
 }
 
 void WebExchange::Answer(std::string_view body, std::string_view status) const {
-    Send("HTTP/1.1 " + std::string(status) + "\r\nContent-Length: " + std::to_string(body.size()) +
-         "\r\n\r\n");
+    // Or the system would keep the connection for a minute, and the body for good.
+    constexpr char kKeepNothing[] = "\r\nConnection: close\r\nCache-Control: no-store\r\nContent-Length: ";
+    Send("HTTP/1.1 " + std::string(status) + kKeepNothing + std::to_string(body.size()) + "\r\n\r\n");
     Send(body);
 }
 

@@ -62,9 +62,11 @@ TEST_F(Analytics, LosesAHitThatDoesNotArrive) {
     const std::string failed = "CAnalytics::StatusCallback 00200000\n";
     Page(PluginTo(ClosedPort()).Get(), L"home");
     EXPECT_EQ(Line(), failed);
-    const WebServer closes([](const WebExchange&) {});
-    Page(PluginTo(closes.Port()).Get(), L"home");
-    EXPECT_EQ(Line(), failed);
+    for (const char* begun : {"", "\x16\x03\x03\x01", "HTTP/1.1 400 Bad Request\r\n\r\n"}) {
+        const WebServer closes([&](const WebExchange& exchange) { exchange.Send(begun); });
+        Page(PluginTo(closes.Port()).Get(), L"home");
+        EXPECT_EQ(Line(), failed) << begun;
+    }
     {
         const WebServer silent([](const WebExchange& exchange) { exchange.StayOpen(); });
         Page(PluginTo(silent.Port()).Get(), L"home");

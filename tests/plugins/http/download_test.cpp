@@ -151,28 +151,46 @@ TEST_F(Download, StopsAsProgressAnswers) {
     EXPECT_EQ(script.Errors(), 1);
 }
 
-TEST_F(Download, RunsTwentyTimesAtOnce) {
-    const std::string body = BodyOf(10 * kPiece);
-    const auto runTwenty = [&] {
+TEST_F(Download, GoesOnWithoutItsPage) {
+    const std::string body = BodyOf(3 * kPiece);
+    const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
+    const auto success = MakeCom<Recorder>();
+    const OptionObject options = Options(server.Url()).Set(L"success", success);
+    {
+        ScriptBench script(client_.Get());
+        options.Set(L"progress", script.Evaluate(L"(function () { return false; })"));
+        CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
+    }  // before the first call, which this thread has yet to take
+    EXPECT_TRUE(PumpUntil([&] { return success->AddRef(), success->Release() == 2; }));
+    EXPECT_THAT(success->Texts(), ElementsAre("I4 7"));
+    EXPECT_TRUE(ReadFileBytes(got_) == body);
+}
+
+TEST_F(Download, RunsAHundredTimesAtOnce) {
+    constexpr int kRuns = 100;
+    const std::string body = BodyOf(3 * kPiece);
+    const auto runThem = [&] {
         const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body + exchange.Path()); });
         std::vector<std::unique_ptr<AsyncRun>> runs;
-        for (int i = 0; i < 20; ++i) {
+        for (int i = 0; i < kRuns; ++i) {
             const std::wstring name = std::to_wstring(i);
             runs.push_back(Start(server.Url(name), name.c_str()));
         }
         const auto isOver = [](const auto& run) { return run->IsOver(); };
         EXPECT_TRUE(PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, std::chrono::minutes(1)));
-        for (int i = 0; i < 20; ++i) {
+        for (int i = 0; i < kRuns; ++i) {
             EXPECT_EQ(runs[i]->End().text, kDone);
             EXPECT_TRUE(ReadFileBytes(folder_ / std::to_wstring(i)) == body + "/" + std::to_string(i));
         }
     };
-    runTwenty();  // the system makes itself threads that stay
+    runThem();  // the system makes itself threads that stay
     PumpUntil([] { return false; }, std::chrono::milliseconds(300));
     const Holdings before = Holdings::Now();
-    runTwenty();
+    const long handles = CountHandles();
+    runThem();
     EXPECT_TRUE(PumpUntil([&] { return Holdings::Now().GrownSince(before).empty(); }))
         << Holdings::Now().GrownSince(before);
+    EXPECT_LT(CountHandles(), handles + kRuns) << "one for each run";
 }
 
 TEST_F(Download, GivesUpAServerThatFallsSilent) {

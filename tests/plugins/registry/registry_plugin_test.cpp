@@ -1,5 +1,7 @@
 #include "plugins/registry/registry_plugin.h"
 
+#include <sddl.h>
+
 #include <array>
 #include <atomic>
 #include <cmath>
@@ -159,6 +161,29 @@ TEST_F(Registry, DeletesTrees) {
     EXPECT_EQ(Call(L"deleteKey", L"tree"), kFalse);
     EXPECT_FALSE(key_.Has(L"tree"));
     EXPECT_TRUE(key_.Has(L"other"));
+}
+
+TEST_F(Registry, StopsWhereRightsEnd) {
+    Call(L"createKey", L"tree\\locked\\in");
+    Call(L"setValue", L"tree\\locked\\v", L"kept");
+    const UniqueKey locked = OpenKey(HKEY_CURRENT_USER, key_.Path() + L"\\tree\\locked", WRITE_DAC);
+    const auto allow = [&](const wchar_t* rights) {
+        UniqueLocal descriptor;
+        ConvertStringSecurityDescriptorToSecurityDescriptorW(rights, SDDL_REVISION_1, descriptor.Receive(),
+                                                             nullptr);
+        EXPECT_EQ(RegSetKeySecurity(locked.Get(), DACL_SECURITY_INFORMATION, descriptor.Get()), 0);
+    };
+    allow(L"D:(A;;KR;;;WD)");
+    EXPECT_EQ(Call(L"setValue", L"tree\\locked\\v", L"lost"), kFalse);
+    EXPECT_EQ(Call(L"deleteValue", L"tree\\locked\\v"), kFalse);
+    EXPECT_EQ(Call(L"deleteKey", L"tree\\locked\\in"), kFalse);
+    EXPECT_EQ(Call(L"deleteKey", L"tree"), kFalse);
+    EXPECT_EQ(Call(L"queryValue", L"tree\\locked\\v"), "BSTR kept");
+    EXPECT_TRUE(key_.Has(L"tree\\locked\\in"));
+    allow(L"D:");
+    EXPECT_EQ(Call(L"queryValue", L"tree\\locked\\v"), "NULL");
+    EXPECT_EQ(Call(L"isKeyExist", L"tree\\locked"), kFalse);
+    allow(L"D:(A;;KA;;;WD)");
 }
 
 // The full name, as links need it.

@@ -16,4 +16,12 @@ struct LinkFile {
 
 LinkFile ReadLink(const std::wstring& path);
 
+// A link to C:\windows\notepad.exe in all the ways in which Windows tells a target: shell items, a place in a
+// volume, a relative path, and a path with a variable in the blocks at the end.
+struct FullLink {
+    std::string upToTexts;
+    std::string blocks;
+};
+FullLink WriteFullLink(const std::wstring& arguments);
+
 }  // namespace tarvik

@@ -100,6 +100,21 @@ TEST_F(Shortcuts, ReadsOnlyLinksAndThoseByTheirFullPath) {
     EXPECT_EQ(Ask(L"parseShortcut", nullptr), StatusText(E_INVALIDARG));
 }
 
+TEST_F(Shortcuts, ReadsWhatOthersWrite) {
+    const FullLink link = WriteFullLink(L"-a \u6f22");
+    const auto parse = [&](const std::string& bytes) {
+        return CallMember(plugin_.Get(), L"parseShortcut", folder_.Write(L"link", bytes).c_str());
+    };
+    for (const std::string& whole : {link.upToTexts + link.blocks, link.upToTexts}) {
+        const Outgoing parsed = parse(whole);
+        ASSERT_EQ(ResultText(parsed), "DISPATCH");
+        EXPECT_EQ(GetText(parsed.value.pdispVal, L"path"), "BSTR C:\\windows\\notepad.exe");
+        EXPECT_EQ(GetText(parsed.value.pdispVal, L"args"), "BSTR -a \xe6\xbc\xa2");
+    }
+    for (size_t length = 0; length < link.upToTexts.size(); length += 13)
+        EXPECT_EQ(ResultText(parse(link.upToTexts.substr(0, length))), "NULL") << length;
+}
+
 TEST_F(Shortcuts, AreIniFilesForUrls) {
     const OptionObject options;
     options.Set(L"src", kUrl).Set(L"dest", L"link").Set(L"arg", L"unused").Set(L"iconIndex", 3);
