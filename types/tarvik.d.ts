@@ -2673,6 +2673,7 @@ declare namespace Tarvik {
      * - Proxies are not used. A server that says nothing for 30 seconds has failed.
      * - A download goes on when its page or its window goes, and nobody is told. It ends with the program, and leaves
      *   a part of the file then. After a failure the file is removed, if it was made.
+     * - The system may keep a copy of the body in its cache of the internet, which takes room a second time.
      *
      * @returns Whether the download has started. If not, `fail` has been called.
      *
