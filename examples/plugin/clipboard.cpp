@@ -121,7 +121,7 @@ class Clipboard : public TVK::Plugin<Clipboard> {
         return names;
     }
 
-    TVK::Value OnChange() { return onChange_ ? TVK::Value(onChange_) : TVK::Value(nullptr); }
+    TVK::Object OnChange() { return onChange_; }
     void SetOnChange(const TVK::Object& function) { onChange_ = function; }
 
   private:

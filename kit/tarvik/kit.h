@@ -82,8 +82,8 @@ class Plugin : public Counted<PluginFaces<Self>, IPlugin, IDispatch> {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override {
         if (!parameters) return E_INVALIDARG;
-        const Ptr<IUnknown> alive(
-            static_cast<IPlugin*>(this));  // a callback may drop script's last reference
+        // A callback made by the member may drop script's last reference.
+        const Ptr<IUnknown> alive(static_cast<IPlugin*>(this));
         return Guard([&] {
             Value answer;
             Self::Members().Invoke(static_cast<Self&>(*this), id, flags, *parameters, answer);

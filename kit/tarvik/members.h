@@ -99,8 +99,8 @@ void Enter(SelfOf<Handler>& self, const DISPPARAMS& parameters, Value& result) {
     using S = Signature<decltype(Handler)>;
     if (parameters.cArgs < S::kLeast || parameters.cArgs > S::kMost) throw Failure(E_NOTIMPL);
     typename S::Values values{};
-    size_t next = 0;
-    const auto read = [&](auto& value) {
+    [[maybe_unused]] size_t next = 0;
+    [[maybe_unused]] const auto read = [&](auto& value) {
         return next >= parameters.cArgs || Read(ArgumentAt(parameters, next++), value);
     };
     if (!std::apply([&](auto&... value) { return (read(value) && ...); }, values))

@@ -32,16 +32,17 @@ class Value : public VARIANT {
     // A boolean; a whole number in 32 bits; or any other number.
     template <class Number, std::enable_if_t<std::is_arithmetic_v<Number>, int> = 0>
     Value(Number number) noexcept : VARIANT{} {
-        const auto wide = static_cast<double>(number);
         if constexpr (std::is_same_v<Number, bool>) {
             vt = VT_BOOL;
             boolVal = number ? VARIANT_TRUE : VARIANT_FALSE;
-        } else if (std::is_integral_v<Number> && wide >= INT_MIN && wide <= INT_MAX) {
-            vt = VT_I4;
-            lVal = static_cast<LONG>(number);
         } else {
             vt = VT_R8;
-            dblVal = wide;
+            dblVal = static_cast<double>(number);
+            const bool isLong = dblVal >= INT_MIN && dblVal <= INT_MAX;
+            if (isLong && std::is_integral_v<Number>) {
+                vt = VT_I4;
+                lVal = static_cast<LONG>(number);
+            }
         }
     }
     Value(std::wstring_view text) : VARIANT{} {
@@ -51,7 +52,7 @@ class Value : public VARIANT {
     }
     Value(const std::wstring& text) : Value(std::wstring_view(text)) {}
     Value(const wchar_t* text) : Value(std::wstring_view(text)) {}
-    Value(const Object& object) noexcept;
+    Value(const Object& object) noexcept;  // an empty one is null
     // What there is, or null.
     template <class T>
     Value(const std::optional<T>& value) : Value(value ? Value(*value) : Value(nullptr)) {}
@@ -135,7 +136,7 @@ class Object {
     Value CallMember(DISPID id, Arguments&&... arguments) const {
         constexpr size_t kCount = sizeof...(Arguments);
         Value reversed[kCount + 1];
-        size_t next = kCount;
+        [[maybe_unused]] size_t next = kCount;
         ((reversed[--next] = Value(std::forward<Arguments>(arguments))), ...);
         DISPPARAMS parameters = {reversed, nullptr, kCount, 0};
         Value result;
@@ -147,7 +148,7 @@ class Object {
 };
 
 inline Value::Value(const Object& object) noexcept : VARIANT{} {
-    vt = VT_DISPATCH;
+    vt = object ? VT_DISPATCH : VT_NULL;
     pdispVal = object.Get();
     if (pdispVal) pdispVal->AddRef();
 }
