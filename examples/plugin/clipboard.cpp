@@ -17,8 +17,8 @@ class OpenClipboardScope {
   public:
     explicit OpenClipboardScope(HWND owner) {
         for (int tries = 0; !OpenClipboard(owner); ++tries) {
-            if (tries == 20) TVK::ThrowLastError();
-            Sleep(5);
+            if (tries == 100) TVK::ThrowLastError();
+            Sleep(10);
         }
     }
     OpenClipboardScope(const OpenClipboardScope&) = delete;
@@ -138,7 +138,9 @@ class Clipboard : public TVK::Plugin<Clipboard> {
         const TVK::Ptr<IUnknown> alive(static_cast<TVK::IPlugin*>(this));
         const TVK::Object function = onChange_;
         if (!function) return;
-        const HRESULT status = TVK::Guard([&] { function(Text()); });
+        std::optional<std::wstring> text;
+        if (FAILED(TVK::Guard([&] { text = Text(); }))) return;  // the clipboard's fault, not the function's
+        const HRESULT status = TVK::Guard([&] { function(text); });
         if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = TVK::Object();
     }
 
