@@ -1,16 +1,5 @@
-# Cross-builds 64-bit Windows programs on Debian; the posix thread model is the one with <thread> and <mutex>.
-set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR AMD64)
-
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# The kit's toolchain, and how the tests run.
+include(${CMAKE_CURRENT_LIST_DIR}/../kit/cmake/mingw-w64.cmake)
 
 # The time is a little less than that of the tests: a test that hangs is ended by the tool, together with the programs
 # that it started.

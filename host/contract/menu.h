@@ -16,11 +16,14 @@ enum MenuType : int {
 MIDL_INTERFACE("6CA55863-199D-4ED3-BF7F-E0E3E0AEE56D")
 IMenu : public IDispatch {
   public:
-    // Makes the native menu, a menu bar for kWindowMenu. Called once, by the maker of the object.
+    // Makes the native menu, a menu bar for kWindowMenu, or tells the system's error. Called once, by the
+    // maker of the object. `serverWindow` is the page's, from which points count and which gets the messages
+    // of a menu that is shown; `mainWindow` is the top-level one. Both stay the caller's.
     STDMETHOD(Init)(HWND serverWindow, HWND mainWindow, int menuType) = 0;
-    // Stays the object's own; it ends with the object.
+    // Stays the object's own; it ends with the object. Null before Init.
     STDMETHOD_(HMENU, GetMenu)() = 0;
-    // Runs the item's function. 0 if the command was this menu's or a submenu's, 1 if it was not.
+    // Runs the item's function, which may let go of the menu: the caller holds a reference. 0 if the command
+    // was this menu's or a submenu's, 1 if it was not; no failure of the function is told.
     STDMETHOD_(int, Exec)(UINT commandId) = 0;
 };
 

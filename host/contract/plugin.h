@@ -10,6 +10,10 @@
 //
 // Everything here is used on the main thread, the thread of the windows. A plug-in that works on another
 // thread takes script objects there by marshalling (CoMarshalInterThreadInterfaceInStream).
+//
+// Arguments are borrowed for the call: who keeps an interface takes a reference. What an out parameter
+// receives belongs to the caller, an interface with one reference, a string to be freed (SysFreeString);
+// after a failure it is null. No C++ exception may leave a library.
 
 #include <windows.h>
 #include <oaidl.h>
@@ -17,26 +21,29 @@
 
 namespace TVK {
 
-// The services that a browser window gives to its plug-ins.
+// The services that a browser window gives to its plug-ins. A plug-in may keep it as long as it lives itself.
 struct ICore : public IUnknown {
-    // Opens a further browser window at `url`, resolved as below; null means the page that a first window
-    // would open. `inherit` makes it owned by this one. `callback` and `context` become the globals
-    // windowCallback and windowContext of its script; null leaves the global out. `out` receives the new
-    // window's `window` plug-in with one reference; it may be null.
+    // Opens a further browser window, hidden, at `url`, resolved as below; null means the page that a first
+    // window would open. `inherit` makes it owned by this one. `callback` and `context` become the globals
+    // windowCallback and windowContext of its script; null leaves the global out. `out` may be null; it
+    // receives the `window` plug-in of the new window. Fails only if there is no window.
     STDMETHOD(CreateBrowserWindow)
     (const wchar_t* url, BOOL inherit, const VARIANT* callback, const VARIANT* context, IDispatch** out) = 0;
 
-    // The top-level window. It is valid as long as the browser window lives.
+    // The top-level window. It is valid as long as the browser window lives, and stays the host's.
     STDMETHOD_(HWND, GetWindowHandle)() = 0;
 
-    // A plug-in of this same window by its script name, with one reference.
+    // A plug-in of this same window by its script name, which is made if it is not there yet. Fails for a
+    // name that there is not, and when the window is going.
     STDMETHOD(GetPlugin)(const wchar_t* name, IDispatch** out) = 0;
 
-    // Makes a URL or path absolute against the current page: URLs and full paths stay as they are. The caller
-    // frees the string. Relative addresses on http pages give an empty string; that is intended.
+    // Makes a URL or path absolute against the current page: URLs and full paths stay as they are. Relative
+    // paths on a page of a file give a file URL. Relative addresses on http pages give an empty string; that
+    // is intended. E_POINTER without `out`.
     STDMETHOD(ResolveUrl)(const wchar_t* url, BSTR* out) = 0;
 
-    // Makes a script object: "object" or "array", in any case of letters; E_NOINTERFACE for other names.
+    // Makes a new script object: "object" or "array", in any case of letters; E_NOINTERFACE for other names,
+    // E_INVALIDARG for a null pointer.
     STDMETHOD(CreateScriptObject)(const wchar_t* typeName, IDispatch** out) = 0;
 };
 
@@ -44,9 +51,10 @@ struct ICore : public IUnknown {
 MIDL_INTERFACE("111EE8F2-9143-42CC-83D2-9F23C3D84412")
 IPlugin : public IUnknown {
   public:
-    // Called once, right after creation. `browser` answers IWebBrowser2.
+    // Called once, right after creation. `browser` answers IWebBrowser2. The status is not looked at.
     STDMETHOD(Initialize)(ICore * core, IUnknown * browser) = 0;
-    // The window has a new document, or a frame in it has, which also tells so; the argument is always null.
+    // The window has a new document, or a frame in it has, which also tells so; the argument is always null,
+    // and the status is not looked at. Comes to retained plug-ins, as the next one does.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
     // The document, or that of a frame, finished loading; the argument is always null.
     STDMETHOD(OnDocumentComplete)(void* reserved) = 0;
@@ -59,19 +67,21 @@ enum PluginFlags : int {
     kTransientPlugin = 1,  // a new object at every read of window.external[name]
 };
 
-// What a library answers about its plug-in.
+// What a library answers about its plug-in. It is asked once, when the library is loaded, and released then.
 MIDL_INTERFACE("5DC680BA-377B-4E7C-A737-5FEDD763A63A")
 IPluginDescriptor : public IUnknown {
   public:
-    // `kind` must come back as kPluginKind; a status other than 0 refuses the library. `reserved` is 0.
+    // `kind` must come back as kPluginKind; another one, or a status other than 0, refuses the library.
+    // `reserved` is 0.
     STDMETHOD(GetKind)(int* kind, int reserved) = 0;
-    // The name under which script reaches the plug-in; the host frees it.
+    // The name under which script reaches the plug-in, case and all; the host frees it.
     STDMETHOD(GetName)(BSTR * name) = 0;
     // PluginFlags; the other bits have no meaning yet.
     STDMETHOD(GetFlags)(int* flags) = 0;
 };
 
-// A factory makes an object and answers the interface asked for. CreateInterface is one.
+// A factory makes an object and answers the interface asked for, with one reference. A failure goes to the
+// script that asked for the plug-in. CreateInterface is a factory.
 using PluginFactory = HRESULT(STDAPICALLTYPE*)(REFIID iid, void** out);
 
 // The three operations of IPlugin for a plug-in that needs none of them: derive as

@@ -29,13 +29,14 @@ IStream : public IDispatch {
     // Any place is allowed, also beyond the end: a write there fills the gap with zeros. E_INVALIDARG for
     // another origin.
     STDMETHOD(Seek)(uint64_t offset, uint32_t origin, uint64_t * newPosition) = 0;
-    // Writes from the position on to `target`, without moving the position here: that is intended. A count of
-    // 0xFFFFFFFF means all.
+    // Writes from the position on to `target`, which is borrowed, without moving the position here: that is
+    // intended. A count of 0xFFFFFFFF means all. A failure is that of the target's Write.
     STDMETHOD(CopyTo)(IStream * target, uint32_t count, uint32_t * written) = 0;
-    // The position stays. New content is zero.
+    // The position stays. New content is zero. E_OUTOFMEMORY changes nothing.
     STDMETHOD(SetSize)(uint64_t size) = 0;
     STDMETHOD_(uint64_t, GetSize)() = 0;
-    // The first byte; null for a stream that never held one. Valid until the stream next grows.
+    // The first byte; null for a stream that never held one. It stays the stream's, and is valid until the
+    // stream next grows.
     STDMETHOD_(uint8_t*, GetBuffer)() = 0;
 };
 

@@ -8,13 +8,14 @@ namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::UnorderedElementsAre;
 
 class Libraries : public ProgramTest {
   protected:
-    void Install(const std::string& name, const std::wstring& file) {
+    void Install(const fs::path& library, const std::wstring& file) {
         const fs::path target = fs::path(program_.Work()) / file;
         fs::create_directories(target.parent_path());
-        fs::copy_file(samples_ / (name + ".dll"), target);
+        fs::copy_file((samples_ / library) += ".dll", target);
     }
 
     // What a page logs until it ends the program by end().
@@ -56,6 +57,49 @@ TEST_F(Libraries, AreLoadedByAPageForAllWindows) {
                     "setTimeout(function () { log('there ' + context.look()); end(); }); } });"),
                 ElementsAre("before undefined undefined", "loaded true 42", "again true 42",
                             "there function 42", "good", "second"));
+}
+
+// The libraries of examples/plugin. The clipboard stays when the page goes, with a function of that page; the
+// first search does not, and the last one runs when the program ends.
+TEST_F(Libraries, OfTheExampleWorkForPagesThatComeAndGo) {
+    for (const std::wstring name : {L"clipboard", L"search"})
+        Install(L"..\\..\\examples\\plugin\\plugins\\" + name, L"plugins\\" + name + L".dll");
+    program_.Folder().Write(L"work\\texts\\a.txt", "first\r\nlast\n");
+    program_.Folder().Write(L"work\\texts\\b\\c.txt", "none\nthe last");
+    Write(L"next.html",
+          "function log(text) { console.log(text); }"
+          "var clipboard = external.clipboard; clipboard.text = 'unheard';"
+          "var wait = setInterval(function () {"
+          "  if (clipboard.onchange !== null) return;"
+          "  clearInterval(wait);"
+          "  log('dropped ' + clipboard.text);"
+          "  external.search.find({folder: '..', text: 'x', progress: function () { external.window.quit(4); "
+          "}});"
+          "}, 50);");
+    EXPECT_THAT(
+        Run("var clipboard = external.clipboard;"
+            "clipboard.onchange = function (text) { log('copied ' + text); find(); };"
+            "clipboard.text = 'last';"
+            "function find() {"
+            "  clipboard.onchange = function (text) { log('wrong ' + text); };"
+            "  var stream = external.stream; stream.writeString('one\\nlast one', 'utf8');"
+            "  var lines = external.search.lines(stream, clipboard.text);"
+            "  log(lines.length + ' in a stream, ' + lines[0].line + ': ' + lines[0].text);"
+            "  try { external.search.find({folder: '.'}); } catch (error) { log('refused ' + error.number); }"
+            "  external.search.find({folder: '../missing', text: 'x', fail: function (code) { log('failed ' "
+            "+ code); }});"
+            "  external.search.find({folder: '../texts', text: clipboard.text,"
+            "    hit: function (path, line, text) { log(path.slice(-5) + line + text); },"
+            "    progress: function (path, files) { log('' + files); },"
+            "    success: function (files, hits) { log(files + ' ' + hits); leave(); }});"
+            "}"
+            "function leave() {"
+            "  external.search.find({folder: '..', text: 'x',"
+            "    progress: function () { location.href = 'next.html'; }, fail: log, success: log});"
+            "}"),
+        UnorderedElementsAre("copied last", "1 in a stream, 2: last one", "refused -2147024809",
+                             "failed -2147024894", "0", "a.txt2last", "1", "c.txt2the last", "2 2",
+                             "dropped unheard"));
 }
 
 }  // namespace

@@ -1,0 +1,153 @@
+// window.external.clipboard: the system's clipboard.
+//
+//     text              the text there, or null; writing it puts a text there
+//     formats()         an array of the names of what is there
+//     onchange          a function (text), called after each change, also by this page; null for none
+//
+// A retained plug-in: each window has one, which stays when the window shows another page.
+
+#include <tarvik/kit.h>
+
+#include <commctrl.h>
+
+namespace {
+
+// The clipboard, open. Another program may hold it for a moment.
+class OpenClipboardScope {
+  public:
+    explicit OpenClipboardScope(HWND owner) {
+        for (int tries = 0; !OpenClipboard(owner); ++tries) {
+            if (tries == 100) TVK::ThrowLastError();
+            Sleep(10);
+        }
+    }
+    OpenClipboardScope(const OpenClipboardScope&) = delete;
+    OpenClipboardScope& operator=(const OpenClipboardScope&) = delete;
+    ~OpenClipboardScope() { CloseClipboard(); }
+};
+
+// Memory of the system's, locked as long as it is read or written.
+class LockedMemory {
+  public:
+    explicit LockedMemory(HGLOBAL memory)
+        : memory_(memory), text_(static_cast<wchar_t*>(GlobalLock(memory))) {
+        if (!text_) TVK::ThrowLastError();
+    }
+    LockedMemory(const LockedMemory&) = delete;
+    LockedMemory& operator=(const LockedMemory&) = delete;
+    ~LockedMemory() { GlobalUnlock(memory_); }
+
+    wchar_t* Text() const { return text_; }
+    size_t Length() const { return wcsnlen(text_, GlobalSize(memory_) / sizeof(wchar_t)); }
+
+  private:
+    HGLOBAL memory_;
+    wchar_t* text_;
+};
+
+HGLOBAL CopyOf(const std::wstring& text) {
+    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    if (!memory) throw std::bad_alloc();
+    memcpy(LockedMemory(memory).Text(), text.c_str(), bytes);
+    return memory;
+}
+
+std::wstring NameOf(UINT format) {
+    wchar_t name[100];
+    if (GetClipboardFormatNameW(format, name, ARRAYSIZE(name)) > 0) return name;
+    switch (format) {  // the system's own have no names
+        case CF_UNICODETEXT:
+            return L"text";
+        case CF_BITMAP:
+            return L"bitmap";
+        case CF_HDROP:
+            return L"files";
+        default:
+            return L"#" + std::to_wstring(format);
+    }
+}
+
+class Clipboard : public TVK::Plugin<Clipboard> {
+  public:
+    static TVK::Members<Clipboard> Members() {
+        static constexpr TVK::Member<Clipboard> members[] = {
+            TVK::Property<&Clipboard::Text, &Clipboard::SetText>(L"text"),
+            TVK::Property<&Clipboard::OnChange, &Clipboard::SetOnChange>(L"onchange"),
+            TVK::Method<&Clipboard::Formats>(L"formats"),
+        };
+        return members;
+    }
+
+    Clipboard() {
+        // A window that is never seen hears of the changes. It belongs to the main thread, which made it.
+        listener_ =
+            CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        if (!listener_) TVK::ThrowLastError();
+        SetWindowSubclass(listener_, Hear, 0, reinterpret_cast<DWORD_PTR>(this));
+        AddClipboardFormatListener(listener_);
+    }
+
+    // Runs when the window goes. After it nothing may call in here any more.
+    ~Clipboard() override {
+        RemoveWindowSubclass(listener_, Hear, 0);
+        DestroyWindow(listener_);
+    }
+
+    std::optional<std::wstring> Text() {
+        const OpenClipboardScope open(listener_);
+        const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+        if (!memory) return std::nullopt;
+        const LockedMemory locked(memory);
+        return std::wstring(locked.Text(), locked.Length());
+    }
+
+    void SetText(const std::wstring& text) {
+        const OpenClipboardScope open(listener_);
+        if (!EmptyClipboard()) TVK::ThrowLastError();
+        const HGLOBAL memory = CopyOf(text);
+        if (SetClipboardData(CF_UNICODETEXT, memory)) return;  // which takes the memory
+        const DWORD error = GetLastError();
+        GlobalFree(memory);
+        throw TVK::Failure(HRESULT_FROM_WIN32(error));
+    }
+
+    // Objects of script are made by the host.
+    TVK::Object Formats() {
+        const TVK::Object names = NewArray();
+        const OpenClipboardScope open(listener_);
+        for (UINT format = EnumClipboardFormats(0); format != 0; format = EnumClipboardFormats(format))
+            names.Call(L"push", NameOf(format));
+        return names;
+    }
+
+    TVK::Object OnChange() { return onChange_; }
+    void SetOnChange(const TVK::Object& function) { onChange_ = function; }
+
+  private:
+    static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR self) {
+        if (message == WM_CLIPBOARDUPDATE) reinterpret_cast<Clipboard*>(self)->TellChange();
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    // The function belongs to a page, which may be gone, while this plug-in lives on: one that fails is
+    // dropped. The function in turn may set another one, or let go of this plug-in: both are held for the
+    // call.
+    void TellChange() {
+        const TVK::Ptr<IUnknown> alive(static_cast<TVK::IPlugin*>(this));
+        const TVK::Object function = onChange_;
+        if (!function) return;
+        std::optional<std::wstring> text;
+        if (FAILED(TVK::Guard([&] { text = Text(); }))) return;  // the clipboard's fault, not the function's
+        const HRESULT status = TVK::Guard([&] { function(text); });
+        if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = TVK::Object();
+    }
+
+    HWND listener_ = nullptr;
+    TVK::Object onChange_;
+};
+
+}  // namespace
+
+TARVIK_PLUGIN(Clipboard, L"clipboard", TVK::kRetainedPlugin)
