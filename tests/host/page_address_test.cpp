@@ -58,18 +58,5 @@ TEST_F(PageFolder, AcceptsUrlsAndFilesThatExist) {
     EXPECT_TRUE(PageExists(L"#own.html"));
 }
 
-TEST_F(PageFolder, ChoosesThePageOfTheCurrentFolderOrTheExecutable) {
-    EXPECT_EQ(ChoosePage(L"asked"), L"asked");
-    EXPECT_EQ(ChoosePage(L""), L"");
-    fs::current_path(folder_.Path());
-    const fs::path beside = fs::path(ExecutablePath()).parent_path();
-    EXPECT_EQ(ChoosePage(nullptr), ExecutablePath() + L"\\..\\resource\\index.html");
-    EXPECT_EQ(fs::current_path(), beside);
-
-    fs::current_path(folder_.Path());
-    folder_.Write(L"resource\\other.html", "");
-    EXPECT_EQ(ChoosePage(nullptr), fs::current_path().wstring() + L"\\resource\\index.html");
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -16,8 +16,8 @@ struct Message {
     char text[kSize - sizeof(DWORD)];
 };
 
-UniqueHandle MakeEvent(const wchar_t* name, bool manual = false) {
-    return UniqueHandle(CreateEventW(nullptr, manual, FALSE, name));
+UniqueHandle MakeEvent(const wchar_t* name) {
+    return UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, name));
 }
 
 }  // namespace
@@ -28,40 +28,29 @@ DebugListener::DebugListener()
     view_ = UniqueView(MapViewOfFile(mapping_.Get(), FILE_MAP_READ, 0, 0, kSize));
     bufferFree_ = MakeEvent(L"DBWIN_BUFFER_READY");
     dataReady_ = MakeEvent(L"DBWIN_DATA_READY");
-    stop_ = MakeEvent(nullptr, true);
+    stop_ = MakeEvent(nullptr);
     SetEvent(bufferFree_.Get());
-    Start();
-}
-
-DebugListener::~DebugListener() {
-    Stop();
-}
-
-std::shared_ptr<DebugListener> DebugListener::Shared() {
-    static std::weak_ptr<DebugListener> current;
-    auto shared = current.lock();
-    if (!shared) current = shared = std::make_shared<DebugListener>();
-    return shared;
-}
-
-void DebugListener::Start() {
     thread_ = std::thread(&DebugListener::Listen, this);
 }
 
-void DebugListener::Stop() {
+DebugListener::~DebugListener() {
     SetEvent(stop_.Get());
     thread_.join();
-    ResetEvent(stop_.Get());
 }
 
+DebugListener& DebugListener::Shared() {
+    static DebugListener shared;
+    return shared;
+}
+
+// As one that has something to write, which waits until what is there has been heard.
 void DebugListener::CatchUp() {
-    Stop();
-    Start();
+    constexpr DWORD kPatience = 10'000;
+    if (WaitForSingleObject(bufferFree_.Get(), kPatience) == WAIT_OBJECT_0) SetEvent(bufferFree_.Get());
 }
 
 void DebugListener::Listen() {
     const HANDLE events[] = {dataReady_.Get(), stop_.Get()};
-    // What is there is heard before the stop.
     while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0) {
         Hear();
         SetEvent(bufferFree_.Get());

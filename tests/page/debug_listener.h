@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -12,15 +11,12 @@
 
 namespace tarvik {
 
-// Hears what processes write to the debugger's channel, as a viewer of such output does, while the object
-// lives. There can be one such listener at a time in a session, so all programs of a test share it. Being a
-// debugger would hear it too, but Wine's exceptions of C++ do not survive one.
+// Hears what processes write to the debugger's channel, as a viewer of such output does, from its first use to
+// the end of this process. There can be one such listener at a time in a session. Being a debugger would hear
+// it too, but Wine's exceptions of C++ do not survive one.
 class DebugListener {
   public:
-    static std::shared_ptr<DebugListener> Shared();
-
-    DebugListener();
-    ~DebugListener();
+    static DebugListener& Shared();
 
     // The texts of a process so far, without the line ends.
     std::vector<std::string> Lines(DWORD process) const;
@@ -32,8 +28,8 @@ class DebugListener {
         DWORD process;
         std::string text;
     };
-    void Start();
-    void Stop();
+    DebugListener();
+    ~DebugListener();
     void Listen();
     void Hear();
 

@@ -14,6 +14,18 @@ std::string NoticeIn(HWND window) {
 
 using Process = EngineProcesses::Process;
 
+// Whether something is written in the middle of a window.
+bool ShowsText(HWND window) {
+    RECT area = {};
+    GetClientRect(window, &area);
+    const COLORREF paper = PixelOnScreen(window, {2, 2});
+    int inked = 0;
+    for (LONG y = -10; y < 10; ++y)
+        for (LONG x = -50; x < 50; ++x)
+            inked += PixelOnScreen(window, {area.right / 2 + x, area.bottom / 2 + y}) != paper;
+    return inked > 50;
+}
+
 class EngineLife : public ProgramTest {
   protected:
     void SetUp() override {
@@ -53,6 +65,7 @@ TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
     const HWND window = OpenWith(L"/nonexistent");
     ExpectNotice(window, "/nonexistent");
     EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
+    EXPECT_TRUE(WaitFor([&] { return ShowsText(InnermostWindow(window)); }));
     // Clicked, it tries again, with the same result.
     Click(InnermostWindow(window));
     ExpectNotice(window, "TARVIK_BROWSER");

@@ -30,6 +30,7 @@ TEST_F(Input, OfAPageComesToThePage) {
     Open(
         "var w = external.window, mouse = external.mouse; w.title = 'Mouse'; w.caption = false;"
         "w.setWindowPos(200, 150, 400, 300); w.show(true);"
+        "mouse.x = 250; mouse.y = '170.2'; console.log('pointer at ' + mouse.x + ', ' + mouse.y);"
         "function tell(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY); }"
         "document.onmousedown = tell; document.onmouseup = tell;"
         "function click(button) { console.log('click ' + mouse.click(button, 5, 5)); }"
@@ -50,7 +51,7 @@ TEST_F(Input, OfAPageComesToThePage) {
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     EXPECT_EQ(program_.Wait(), 7u);
     EXPECT_THAT(program_.Lines(),
-                ElementsAre("set true", "click true", "mousedown 0 at 100, 50", "mouseup 0 at 100, 50",
+                ElementsAre("pointer at 250, 170", "set true", "click true", "mousedown 0 at 100, 50", "mouseup 0 at 100, 50",
                             "click true", "mousedown 2 at 100, 50", "mouseup 2 at 100, 50", "click true",
                             "mousedown 1 at 100, 50", "mouseup 1 at 100, 50", "hold", "held truefalse"));
 }

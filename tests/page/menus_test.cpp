@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "tests/page/program.h"
-#include "tests/support/dialog_driver.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {
@@ -50,7 +49,7 @@ class Menus : public ProgramTest {
     }
     void Keys(std::initializer_list<WORD> keys) const {
         for (const WORD key : keys)
-            PressKey(key);
+            PressKeys({key});
     }
     void ClickAt(POINT screen, DWORD down = MOUSEEVENTF_LEFTDOWN, DWORD up = MOUSEEVENTF_LEFTUP) const {
         INPUT click[] = {MoveOf(screen), MouseInputOf(down), MouseInputOf(up)};

@@ -97,7 +97,7 @@ DWORD Program::Wait(DWORD limit) {
         return STILL_ACTIVE;
     }
     // Everything it said has been heard only then.
-    console_->CatchUp();
+    console_.CatchUp();
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(process_.Get(), &code);
     return code;

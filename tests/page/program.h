@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -41,7 +40,7 @@ class Program {
 
     DWORD Id() const { return processId_; }
     // What was written to the debugger's channel, a line each.
-    std::vector<std::string> Lines() const { return console_->Lines(processId_); }
+    std::vector<std::string> Lines() const { return console_.Lines(processId_); }
     bool WaitForLine(std::string_view line) const;
     // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
     const std::string& Mark() const { return mark_; }
@@ -62,7 +61,7 @@ class Program {
     std::wstring executable_;
     std::map<std::wstring, std::wstring> environment_;
 
-    const std::shared_ptr<DebugListener> console_ = DebugListener::Shared();
+    DebugListener& console_ = DebugListener::Shared();
     UniqueHandle job_;  // ends with this process
     UniqueHandle process_;
     DWORD processId_ = 0;

@@ -65,21 +65,6 @@ TEST(ScriptObject, RefusesWhatItCannotDo) {
     EXPECT_EQ(object->Count(), 1u);
 }
 
-TEST(ScriptObject, OwnsItsValues) {
-    const long before = liveComObjects;
-    {
-        const auto outer = MakeCom<CObject>();
-        SetScriptProperty(outer.Get(), L"p", Variant::Pointer(outer.Get()));
-        EXPECT_EQ(ReadScriptProperty(outer.Get(), L"p").byref, outer.Get()) << "a raw pointer, not owned";
-        SetScriptProperty(outer.Get(), L"o", Variant::Object(MakeCom<CObject>().Get()));
-        SetScriptProperty(outer.Get(), L"u", Variant::Unknown(MakeCom<CArray>().Get()));
-        EXPECT_EQ(liveComObjects, before + 3);
-        PutMember(outer.Get(), L"o", 1);
-        EXPECT_EQ(liveComObjects, before + 2);
-    }
-    EXPECT_EQ(liveComObjects, before);
-}
-
 TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
     const auto array = MakeCom<CArray>();
     CallMember(array.Get(), L"push", L"zero");

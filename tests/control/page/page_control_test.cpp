@@ -193,39 +193,5 @@ TEST_F(Control, TellsOfNewWindowsThatClicksAskFor) {
     EXPECT_EQ(events_.complete, 1) << "the page stays";
 }
 
-TEST_F(Control, IsHiddenAndShownAsAnObject) {
-    Host("<body>here");
-    const auto object = Query<IOleObject>(browser_.Get());
-    const auto run = [&](LONG verb) { return object->DoVerb(verb, nullptr, nullptr, 0, window_, nullptr); };
-    events_.ids.clear();
-    for (const bool shown : {false, true}) {
-        EXPECT_THAT(run(shown ? OLEIVERB_SHOW : OLEIVERB_HIDE), HasStatus(S_OK));
-        EXPECT_EQ(IsWindowVisible(GetWindow(window_, GW_CHILD)) != FALSE, shown);
-    }
-    EXPECT_THAT(run(OLEIVERB_SHOW), HasStatus(S_OK));
-    EXPECT_THAT(events_.ids, ElementsAre(kWindowStateChanged, kWindowStateChanged)) << "nothing new at last";
-    EXPECT_THAT(run(99), HasStatus(OLEOBJ_S_INVALIDVERB));
-}
-
-// What else their elements do, the page tests show by windows that are dragged by them.
-TEST_F(Control, TellsWhatElementsSayAndKnowsThemAgain) {
-    Host("<body style='margin:0'><div id='box' dragWindow='True' style='height:100px'>x</div>");
-    ComPtr<IHTMLElement> element;
-    ASSERT_THAT(Document()->elementFromPoint(50, 50, element.GetAddressOf()), HasStatus(S_OK));
-    ASSERT_TRUE(element);
-    Variant value;
-    for (const auto& [name, text] : {std::pair{L"dragWindow", "BSTR True"}, {L"none", "NULL"}}) {
-        EXPECT_THAT(element->getAttribute(Bstr(name).Get(), 0, value.Receive()), HasStatus(S_OK));
-        EXPECT_EQ(ValueText(value), text);
-    }
-    const Variant isBox = Evaluate(L"(function (element) { return element === box; })");
-    const Variant box = Variant::Object(element.Get());
-    EXPECT_THAT(CallScriptFunction(isBox.pdispVal, {&box}, &value), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(value), "BOOL true");
-    element.Reset();
-    EXPECT_THAT(Document()->elementFromPoint(-5, -5, element.GetAddressOf()), HasStatus(S_OK));
-    EXPECT_FALSE(element);
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -56,20 +56,6 @@ TEST_F(Config, DoesNothingBeforeInit) {
     EXPECT_EQ(Call(L"queryValue", L"a", L"b"), "NULL");
 }
 
-TEST_F(Config, TakesArgumentsOfTheRightKind) {
-    EXPECT_EQ(Call(L"init", L"a", 1), StatusText(E_INVALIDARG));
-    EXPECT_EQ(Call(L"setValue", L"a"), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Call(L"setValue", L"a", L"b", 1, 2), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Call(L"setValue", 1, 2), StatusText(E_INVALIDARG));
-    EXPECT_EQ(Call(L"setValue", L"a", 2, 3), StatusText(E_INVALIDARG));
-    Variant argument = Variant::Text(L"a");
-    DISPPARAMS parameters = {&argument, nullptr, 1, 0};
-    EXPECT_THAT(config_->Invoke(-9997, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, nullptr,
-                                nullptr, nullptr),
-                HasStatus(E_INVALIDARG))
-        << "a question without a place for the answer";
-}
-
 TEST_F(ConfigKey, KeepsValues) {
     EXPECT_EQ(Call(L"setValue", L"number", -1), kTrue);
     EXPECT_EQ(Call(L"setValue", L"text", L"\u6f22"), kTrue);
@@ -132,17 +118,6 @@ TEST_F(ConfigKey, StaysAtItsOpenKey) {
     Write(L"v");
     EXPECT_TRUE(key_.Has(L"other"));
     EXPECT_EQ(Call(L"queryValue", L"w"), "NULL");
-}
-
-TEST_F(ConfigKey, OutlivesItsKey) {
-    Write(L"v");
-    EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, key_.Path().c_str()), ERROR_SUCCESS);
-    EXPECT_EQ(Call(L"queryValue", L"v"), "NULL");
-    EXPECT_EQ(Call(L"setValue", L"v", 1), kFalse);
-    EXPECT_EQ(Call(L"setValue", L"a\\v", 1), kFalse);
-    EXPECT_EQ(Call(L"deleteValue", L"v"), kTrue);
-    EXPECT_EQ(Call(L"clear"), kFalse);
-    EXPECT_EQ(Call(L"setValue", L"v", 1), kTrue);
 }
 
 TEST_F(ConfigFile, KeepsTexts) {

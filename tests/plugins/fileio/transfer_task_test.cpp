@@ -102,18 +102,5 @@ TEST_F(Transfer, RefusesAtOnceWhatItCannotStart) {
     }
 }
 
-// With real script: an error in a function is the run's failure.
-TEST_F(Transfer, FailsWithItsProgress) {
-    Call(L"open", (folder_ / L"file").c_str(), L"wc");
-    ScriptBench bench(plugin_.Get());
-    const auto fail = MakeCom<Recorder>();
-    const OptionObject options = Options(7).Set(L"src", StreamOf("content")).Set(L"fail", fail);
-    options.Set(L"progress", bench.Evaluate(L"(function (context) { nothing.at.all(); })"));
-    Call(L"writeAsync", static_cast<IDispatch*>(options));
-    EXPECT_TRUE(PumpUntil([&] { return fail->calls.size() == 1; }));
-    EXPECT_THAT(fail->Texts(), ElementsAre(MatchesRegex("I4 -2\\d+, BSTR mine")));
-    EXPECT_GT(bench.Errors(), 0);
-}
-
 }  // namespace
 }  // namespace tarvik

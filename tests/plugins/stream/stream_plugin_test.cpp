@@ -2,7 +2,6 @@
 
 #include "script/object.h"
 #include "script/properties.h"
-#include "script/ticket.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -131,6 +130,9 @@ TEST_F(Stream, FillsGapsWithZerosAlsoWhereContentWas) {
     EXPECT_EQ(Call(L"writeUInt8", 'x'), "BOOL true");
     EXPECT_EQ(Content(), "0123\0\0\0\0x"s);
     EXPECT_EQ(Call(L"seek", 1, 1), "R8 10.000000");
+    Call(L"seek", 30'000'000, 0);
+    EXPECT_EQ(Call(L"writeUInt8", 'y'), "BOOL true");
+    EXPECT_EQ(Content().substr(0, 10), "0123\0\0\0\0x\0"s) << "wherever it had to go to grow";
 }
 
 TEST_F(Stream, FillsOnlyContent) {
@@ -200,55 +202,6 @@ TEST_F(Stream, StaysAsItWasWhereMemoryIsNotEnough) {
     EXPECT_EQ(Call(L"writeUInt32", 1), "BOOL false") << "past 64 bits";
     EXPECT_EQ(Position(), UINT64_MAX);
     EXPECT_EQ(Content(), "abc");
-}
-
-// Plug-ins use it without script.
-TEST_F(Stream, ServesPlugIns) {
-    const auto native = Query<TVK::IStream>(stream_->AsUnknown());
-    ASSERT_TRUE(native);
-    char buffer[8] = {};
-    uint32_t count = 7;
-    EXPECT_THAT(native->Write(nullptr, 0, &count), HasStatus(S_OK));
-    EXPECT_EQ(count, 0u);
-    EXPECT_EQ(native->GetBuffer(), nullptr);
-    for (const HRESULT refused : {native->Write(nullptr, 1, nullptr), native->Read(nullptr, 1, nullptr),
-                                  native->CopyTo(nullptr, 0, nullptr), native->Seek(1, 3, nullptr)})
-        EXPECT_THAT(refused, HasStatus(E_INVALIDARG));
-    EXPECT_THAT(native->Write("abcd", 4, &count), HasStatus(S_OK));
-    EXPECT_EQ(count, 4u);
-    native->Seek(1, TVK::kFromBegin, nullptr);
-    EXPECT_THAT(native->Read(buffer, 8, &count), HasStatus(S_OK));
-    EXPECT_EQ(std::string(buffer, count), "bcd");
-    EXPECT_THAT(native->SetSize(UINT64_MAX), HasStatus(E_OUTOFMEMORY));
-    EXPECT_EQ(native->GetSize(), 4u);
-}
-
-TEST_F(Stream, IsTheSameObjectOnAnyThread) {
-    Ticket ticket(stream_.Get());
-    OnWorker([&] {
-        Ticket used = std::move(ticket);
-        const auto stream = Query<TVK::IStream>(used.Get());
-        ASSERT_EQ(stream.Get(), stream_.Get());
-        stream->Write("x", 1, nullptr);
-    });
-    EXPECT_EQ(Content(), "x");
-}
-
-TEST(GrowingBlock, KeepsItsContentWhereverItGoes) {
-    constexpr uint64_t kMebibyte = 0x100000;
-    GrowingBlock block;
-    EXPECT_TRUE(block.Reserve(1, 0));
-    EXPECT_EQ(block.Capacity(), kMebibyte);
-    block.Data()[5] = 'x';
-    for (const uint64_t size : {2 * kMebibyte, 21 * kMebibyte}) {
-        EXPECT_TRUE(block.Reserve(size, 6));
-        EXPECT_EQ(block.Capacity(), size);
-        EXPECT_EQ(block.Data()[5], 'x');
-    }
-    for (const uint64_t tooMuch : {uint64_t{1} << 50, uint64_t{INT64_MAX}, UINT64_MAX})
-        EXPECT_FALSE(block.Reserve(tooMuch, 6));
-    EXPECT_EQ(block.Capacity(), 21 * kMebibyte);
-    EXPECT_EQ(block.Data()[5], 'x');
 }
 
 }  // namespace

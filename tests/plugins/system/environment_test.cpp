@@ -60,16 +60,6 @@ TEST_F(System, ReadsTextsOfUpTo519Characters) {
     EXPECT_EQ(Ask(L"getEnvirVar", 1), StatusText(E_INVALIDARG));
 }
 
-TEST_F(System, TellsFactsOfTheMachine) {
-    wchar_t user[LOCALE_NAME_MAX_LENGTH] = {}, system[LOCALE_NAME_MAX_LENGTH] = {};
-    GetUserDefaultLocaleName(user, LOCALE_NAME_MAX_LENGTH);
-    GetSystemDefaultLocaleName(system, LOCALE_NAME_MAX_LENGTH);
-    EXPECT_EQ(Get(L"userLanguage"), "BSTR " + Narrow(user));
-    EXPECT_EQ(Get(L"systemLanguage"), "BSTR " + Narrow(system));
-    EXPECT_EQ(Get(L"isX64Process"), "BOOL true");
-    EXPECT_EQ(Get(L"isX64System"), "BOOL false");
-}
-
 TEST_F(System, KnowsAnAdministratorAndKeepsNothingOfTheCheck) {
     const std::string known = IsUserAnAdmin() ? "BOOL true" : "BOOL false";
     EXPECT_EQ(Get(L"administrator"), known);

@@ -52,23 +52,6 @@ TEST_F(HarmlessSystem, RestartsForMoreRights) {
     EXPECT_EQ(RestartArguments(CCommandLine(L"app.exe")), L"");
 }
 
-TEST_F(HarmlessSystem, TellsKindsOfAccessApart) {
-    EXPECT_EQ(Ask(L"administrator"), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Ask(L"cmdArgs"), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Ask(L"abort", 1, L"any", nullptr), StatusText(E_ABORT));
-    EXPECT_THAT(PutMember(plugin_.Get(), L"isX64Process", true).status, HasStatus(E_NOTIMPL));
-    EXPECT_THAT(plugin_->Initialize(nullptr, nullptr), HasStatus(E_INVALIDARG));
-    // A read whose answer nobody wants, and a write that has the flag of a read as well.
-    DISPPARAMS none = {};
-    const auto invoke = [&](DISPID id, WORD flags, DISPPARAMS* parameters) {
-        return plugin_->Invoke(id, IID_NULL, 0, flags, parameters, nullptr, nullptr, nullptr);
-    };
-    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYGET, &none), HasStatus(S_OK));
-    Variant wanted = Variant::Bool(true);
-    DISPPARAMS one = {&wanted, nullptr, 1, 0};
-    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYGET, &one), HasStatus(E_ABORT));
-}
-
 TEST_F(System, LetsALibraryRegisterItself) {
     const std::wstring library = Helper(L"self_registering.dll");
     EXPECT_EQ(Ask(L"registerDll", library.c_str()), "BOOL true");

@@ -107,18 +107,6 @@ TEST_F(Frame, KeepsWhetherItCanBeSized) {
     EXPECT_EQ(Border(), kBorder);
 }
 
-TEST(HitCode, TellsTheSidesAndCornersOfTheBand) {
-    constexpr RECT kClient = {0, 0, 100, 60};
-    // What a point's distances from the sides say: x and y each in the near band, between, or in the far one.
-    constexpr LRESULT kCodes[3][3] = {
-        {HTTOPLEFT, HTTOP, HTTOPRIGHT}, {HTLEFT, 0, HTRIGHT}, {HTBOTTOMLEFT, HTBOTTOM, HTBOTTOMRIGHT}};
-    const auto part = [](LONG at, LONG size) { return at <= 6 ? 0 : at >= size - 6 ? 2 : 1; };
-    for (LONG y = 0; y < kClient.bottom; ++y) {
-        for (LONG x = 0; x < kClient.right; ++x)
-            ASSERT_EQ(HitCode(kClient, {x, y}), kCodes[part(y, 60)][part(x, 100)]) << x << ' ' << y;
-    }
-}
-
 TEST_F(Frame, TakesTheShapeOfWhatIsNotWhite) {
     std::mt19937 random(1);
     constexpr uint32_t kPixels[] = {0xFFFFFF, 0xFFFFFF, 0xFFFFFE, 0xFEFFFF, 0, 0x123456};

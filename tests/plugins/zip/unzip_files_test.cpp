@@ -105,24 +105,6 @@ TEST_F(Unzip, RefusesBrokenArchives) {
     }
 }
 
-// The hour is compared where real archives are unpacked.
-TEST_F(Unzip, SetsTheTimeOfFilesAndFolders) {
-    constexpr std::uint16_t kDate = (2021 - 1980) << 9 | 7 << 5 | 30;
-    constexpr std::uint16_t kNoon = 12 << 11;
-    const std::string archive = WriteArchive(
-        {{.name = "folder/", .time = kNoon, .date = kDate}, {.name = "file", .time = kNoon, .date = kDate}});
-    EXPECT_EQ(RunOn(archive).text, kSuccess);
-    for (const wchar_t* name : {L"\\folder", L"\\file"}) {
-        WIN32_FILE_ATTRIBUTE_DATA data = {};
-        GetFileAttributesExW((Dest() + name).c_str(), GetFileExInfoStandard, &data);
-        for (const FILETIME& time : {data.ftCreationTime, data.ftLastWriteTime}) {
-            WORD date = 0, hour = 0;
-            FileTimeToDosDateTime(&time, &date, &hour);
-            EXPECT_EQ(date, kDate);
-        }
-    }
-}
-
 TEST_F(Unzip, EndsAtANameThatLeavesWithNothingWrittenOutside) {
     CreateDirectoryW(Dest().c_str(), nullptr);
     using namespace std::string_literals;

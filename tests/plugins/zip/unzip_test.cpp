@@ -4,16 +4,6 @@
 namespace tarvik {
 namespace {
 
-TEST_F(Unzip, AndZipRefuseWrongCallsAtOnce) {
-    for (const wchar_t* name : {L"unzip", L"zip"}) {
-        for (const Outgoing& out :
-             {CallMember(plugin_.Get(), name), CallMember(plugin_.Get(), name, L"a.zip"),
-              CallMember(plugin_.Get(), name, Variant::Object(nullptr))})
-            EXPECT_THAT(out.status, HasStatus(E_INVALIDARG));
-        EXPECT_THAT(GetMember(plugin_.Get(), name).status, HasStatus(E_NOTIMPL));
-    }
-}
-
 TEST_F(Unzip, AnswersMissingOptions) {
     const std::string archive = "program" + WriteArchive({{"a", "1"}});
     const std::string noPath = UnzipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));

@@ -1,9 +1,7 @@
-#include <ctime>
 #include <filesystem>
 
 #include "plugins/zip/archive_writer.h"
 #include "plugins/zip/entry_name.h"
-#include "plugins/zip/file_time.h"
 #include "script/object.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
@@ -18,25 +16,6 @@ std::string Noise(size_t size) {
     for (unsigned seed = 7; bytes.size() < size; seed = seed * 1'103'515'245 + 12'345)
         bytes += static_cast<char>(seed >> 16);
     return bytes;
-}
-
-// Give or take a time zone. Others are compared after a round trip, in check_archives.
-TEST_F(Zip, TellsTheNearestTimeThatTheFormatCanTell) {
-    const std::wstring path = folder_.Write(L"source\\a", "1");
-    constexpr std::time_t kTwoDays = 2 * 24 * 60 * 60;
-    for (const auto& [time, packed] : {std::pair(-1'000'000ll, 315'532'800ll),
-                                       {1'627'652'758ll, 1'627'652'758ll},
-                                       {5'000'000'000ll, 4'354'819'200ll}}) {
-        {
-            const FILETIME fileTime = ToFileTime(time);
-            const UniqueHandle file(
-                CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-            SetFileTime(file.Get(), nullptr, nullptr, &fileTime);
-        }
-        EXPECT_EQ(Pack(PackingOf(path).Set(L"overWrite", true)).text, kSuccess);
-        const std::string archive = ReadFileBytes(Archive());
-        EXPECT_NEAR(ArchiveReader(BytesOf(archive)).Statistics(0).m_time, packed, kTwoDays);
-    }
 }
 
 TEST(EntryName, FollowsTheSourceThatScriptNamed) {
