@@ -11,9 +11,9 @@
 
 namespace tarvik {
 
-// Hears what processes write to the debugger's channel, as a viewer of such output does, from its first use to
-// the end of this process. There can be one such listener at a time in a session. Being a debugger would hear
-// it too, but Wine's exceptions of C++ do not survive one.
+// Hears what processes write to the debugger's channel, as a viewer of such output does, from its first use
+// to the end of this process. There can be one such listener at a time in a session. Being a debugger would
+// hear it too, but Wine's exceptions of C++ do not survive one.
 class DebugListener {
   public:
     static DebugListener& Shared();

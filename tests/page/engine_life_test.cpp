@@ -73,12 +73,6 @@ TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
     EXPECT_TRUE(Close(window));
 }
 
-TEST_F(EngineLife, AProgramThatIsNoEngineIsToldToo) {
-    ExpectNotice(OpenWith(L"/bin/false"), "/bin/false");
-    EXPECT_EQ(program_.Quit(3), 3u);
-    ExpectNothingLeft();
-}
-
 // In a call of one page, while another one is idle.
 TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
     OpenShown(
@@ -141,18 +135,6 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
     EXPECT_TRUE(Close(window));
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
-}
-
-TEST_F(EngineLife, AKilledEngineIsToldBehindADialog) {
-    Open("external.window.title = 'Engine'; external.window.show(true); _alert('stop');");
-    const HWND dialog = program_.Dialog();
-    ASSERT_TRUE(dialog);
-    engine_.Kill(&Process::IsEngine);
-    const HWND window = program_.WindowTitled(L"Engine");
-    ExpectNotice(window, "web engine has stopped");
-    EXPECT_TRUE(program_.IsRunning());
-    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
 }
 
 // A page that computes for ever does not go on behind a window that was closed.

@@ -51,9 +51,10 @@ TEST_F(Input, OfAPageComesToThePage) {
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     EXPECT_EQ(program_.Wait(), 7u);
     EXPECT_THAT(program_.Lines(),
-                ElementsAre("pointer at 250, 170", "set true", "click true", "mousedown 0 at 100, 50", "mouseup 0 at 100, 50",
-                            "click true", "mousedown 2 at 100, 50", "mouseup 2 at 100, 50", "click true",
-                            "mousedown 1 at 100, 50", "mouseup 1 at 100, 50", "hold", "held truefalse"));
+                ElementsAre("pointer at 250, 170", "set true", "click true", "mousedown 0 at 100, 50",
+                            "mouseup 0 at 100, 50", "click true", "mousedown 2 at 100, 50",
+                            "mouseup 2 at 100, 50", "click true", "mousedown 1 at 100, 50",
+                            "mouseup 1 at 100, 50", "hold", "held truefalse"));
 }
 
 }  // namespace

@@ -83,20 +83,6 @@ TEST_F(Menus, AnswerWhatIsChosen) {
     EXPECT_TRUE(OpenMenus().empty());
 }
 
-TEST_F(Menus, OpenOneAfterTheOtherInAFunction) {
-    OpenPage(
-        "var second = menu('trayMenu', ['two']);"
-        "popup(menu('trayMenu', [{ name: 'one', callback: function () {"
-        "  say('one'); say('inner ' + second.popup()); } }]), 30, 40);");
-    ASSERT_TRUE(WaitForMenus(1));
-    Keys({VK_DOWN, VK_RETURN});
-    ASSERT_TRUE(program_.WaitForLine("chosen: one"));
-    ASSERT_TRUE(WaitForMenus(1));
-    Keys({VK_ESCAPE});
-    ASSERT_TRUE(program_.WaitForLine("opened: true"));
-    EXPECT_THAT(Chosen(), ElementsAre("chosen: one", "chosen: inner true", "opened: true"));
-}
-
 TEST_F(Menus, StandInTheBarOfTheWindow) {
     OpenPage(
         "var file = menu('popupMenu', ['Open', 'Close']), bar = menu('windowMenu', ["

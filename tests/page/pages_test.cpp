@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "tests/page/program.h"
-#include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/web_server.h"
 
 namespace tarvik {
@@ -36,56 +35,8 @@ TEST_P(APage, Passes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, APage,
-                         testing::Values("errors", "gone", "navigation", "plugins", "start",
-                                         "windows"),
+                         testing::Values("errors", "gone", "navigation", "plugins", "start", "windows"),
                          [](const auto& info) { return info.param; });
-
-// A page beside archive.zip, which holds ten files.
-class UnzipPage : public PageTest {
-  protected:
-    static constexpr int kFiles = 10;
-
-    UnzipPage() {
-        std::vector<ArchiveMember> members;
-        for (int i = 0; i < kFiles; ++i)
-            members.push_back(
-                {"folder/" + std::to_string(i) + ".txt", std::string(50'000, static_cast<char>('a' + i))});
-        program_.Folder().Write(L"work\\archive.zip", WriteArchive(members));
-    }
-
-    std::ptrdiff_t FilesIn(const std::wstring& folder) const {
-        const fs::path path = fs::path(program_.Work()) / folder / "folder";
-        return fs::exists(path) ? std::distance(fs::directory_iterator(path), {}) : 0;
-    }
-
-    // Runs that are under way when their page goes come to their end all the same.
-    void LeaveDuringRuns(const std::wstring& fragment) {
-        Start(L"unzip_away", fragment);
-        EXPECT_TRUE(program_.WaitForLine("ok: the next page has runs of its own"));
-        int begun = 0;
-        for (int run = 0; run < 20; ++run) {
-            const std::wstring folder = L"away" + std::to_wstring(run);
-            // One that fails takes its folder away again.
-            const auto isSettled = [&] {
-                return !fs::exists(fs::path(program_.Work()) / folder) || FilesIn(folder) == kFiles;
-            };
-            EXPECT_TRUE(WaitFor(isSettled)) << run << ": " << FilesIn(folder);
-            begun += FilesIn(folder) == kFiles;
-        }
-        EXPECT_GE(begun, 8);
-        EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-        EXPECT_EQ(program_.Quit(0), 0u);
-        ExpectNoFailure();
-    }
-};
-
-TEST_F(UnzipPage, MayNavigateDuringRuns) {
-    LeaveDuringRuns(L"");
-}
-
-TEST_F(UnzipPage, MayCloseDuringRuns) {
-    LeaveDuringRuns(L"#close");
-}
 
 TEST_F(PageTest, CopiesListsAndDeletesFiles) {
     program_.Folder().Write(L"work\\tree\\a.txt", "12345");

@@ -146,9 +146,10 @@ std::unique_ptr<AsyncRun> Start(const Errand& errand, Ground& ground) {
 
 // With one call of the right function and none of the other.
 bool EndedAsItMust(const Errand& errand, const std::string& text) {
-    const bool ended = errand.end == End::kSilence   ? text.empty()
-                       : errand.end == End::kFailure ? text.rfind("fail: ") == 0
-                                                     : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
+    const bool ended = errand.end == End::kSilence ? text.empty()
+                       : errand.end == End::kFailure
+                           ? text.rfind("fail: ") == 0
+                           : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
     if (!ended) std::printf("%ls ended with \"%s\"\n", errand.member, text.c_str());
     return ended;
 }

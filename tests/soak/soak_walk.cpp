@@ -1,8 +1,9 @@
-// Walks at random through what a page does: `soak_walk [walks [seed]]`. In two windows side by side the same page does
-// one thing after the other, also inside of its callbacks and while native code waits for it. Pages set callbacks and
-// take them away, raise events, send messages to each other, ask people, build menus that share others, open them also
-// while another one is open, show icons, navigate, close and quit; a person answers or not, or the window goes. Fails
-// when a page no longer goes on, and when more of anything is left than after the first few walks.
+// Walks at random through what a page does: `soak_walk [walks [seed]]`. In two windows side by side the same
+// page does one thing after the other, also inside of its callbacks and while native code waits for it. Pages
+// set callbacks and take them away, raise events, send messages to each other, ask people, build menus that
+// share others, open them also while another one is open, show icons, navigate, close and quit; a person
+// answers or not, or the window goes. Fails when a page no longer goes on, and when more of anything is left
+// than after the first few walks.
 
 #include <windows.h>
 

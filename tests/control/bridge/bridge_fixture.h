@@ -63,14 +63,10 @@ class Desk : public TableDispatch<Desk> {
 };
 
 inline constexpr Member<Desk> kDeskMembers[] = {
-    Method<&Desk::Echo>(-10000, L"echo"),
-    Method<&Desk::Note>(-9999, L"note"),
-    Method<&Desk::Fail>(-9998, L"fail"),
-    RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
-    ReadOnly<&Desk::GetKept>(-9996, L"kept"),
-    Property<&Desk::GetSize, &Desk::SetSize>(-9995, L"size"),
-    Method<&Desk::Options>(-9994, L"options"),
-    Property<&Desk::GetText, &Desk::SetText>(-9993, L"text"),
+    Method<&Desk::Echo>(-10000, L"echo"),      Method<&Desk::Note>(-9999, L"note"),
+    Method<&Desk::Fail>(-9998, L"fail"),       RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
+    ReadOnly<&Desk::GetKept>(-9996, L"kept"),  Property<&Desk::GetSize, &Desk::SetSize>(-9995, L"size"),
+    Method<&Desk::Options>(-9994, L"options"), Property<&Desk::GetText, &Desk::SetText>(-9993, L"text"),
 };
 
 inline std::span<const Member<Desk>> Desk::Members() {

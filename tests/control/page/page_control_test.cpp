@@ -15,8 +15,6 @@
 namespace tarvik {
 namespace {
 
-constexpr DISPID kWindowStateChanged = 283;
-
 std::wstring NameIn(const VARIANT& url) {
     const std::wstring text(Bstr::View(url.bstrVal));
     return text.substr(text.rfind(L'/') + 1);
@@ -133,11 +131,6 @@ TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
     browser_->Navigate2(&url, &none, &none, &none, &none);
     EXPECT_TRUE(PumpUntil([&] { return events_.complete == 2; }));
     EXPECT_EQ(ValueText(Evaluate(L"document.body.textContent")), "BSTR two");
-    EXPECT_THAT(browser_->GoBack(), HasStatus(S_OK));
-    EXPECT_TRUE(PumpUntil([&] { return events_.complete == 3; }));
-    EXPECT_EQ(ValueText(Evaluate(L"document.body.textContent")), "BSTR one");
-    EXPECT_THAT(browser_->Refresh(), HasStatus(S_OK));
-    EXPECT_TRUE(PumpUntil([&] { return events_.complete == 4; }));
 }
 
 TEST_F(Control, TellsOfDocumentsInFrames) {
@@ -175,13 +168,9 @@ TEST_F(Control, TellsOfNewWindowsThatClicksAskFor) {
         int key;
         const wchar_t* opened;
     } const kClicks[] = {
-        {10, WM_LBUTTONDOWN, VK_CONTROL, L"one.html"},
-        {10, WM_LBUTTONDOWN, VK_SHIFT, L"one.html"},
-        {30, WM_LBUTTONDOWN, VK_CONTROL, L"two.html"},
-        {50, WM_LBUTTONDOWN, VK_CONTROL, nullptr},
-        {30, WM_MBUTTONDOWN, 0, L"two.html"},
+        {10, WM_LBUTTONDOWN, VK_CONTROL, L"one.html"}, {30, WM_LBUTTONDOWN, VK_CONTROL, L"two.html"},
+        {50, WM_LBUTTONDOWN, VK_CONTROL, nullptr},     {30, WM_MBUTTONDOWN, 0, L"two.html"},
         {70, WM_LBUTTONDOWN, 0, L"blank.html"},
-        {70, WM_LBUTTONDOWN, VK_CONTROL, L"blank.html"},
     };
     std::vector<std::wstring> expected;
     for (const auto& [y, press, key, opened] : kClicks) {

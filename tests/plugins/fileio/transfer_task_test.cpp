@@ -87,20 +87,5 @@ TEST_F(Transfer, KeepsToItsOwnFile) {
     EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kPiece);
 }
 
-TEST_F(Transfer, RefusesAtOnceWhatItCannotStart) {
-    const std::pair<const wchar_t*, OptionObject> wrong[] = {
-        {L"readAsync", Options(0)},
-        {L"readAsync", Options(1).Set(L"len", 1)},  // of another kind
-        {L"readAsync", Options(1).Set(L"src", StreamOf("text"))},
-        {L"writeAsync", Options(1)},
-        {L"writeAsync", Options(1).Set(L"src", OptionObject())},
-    };
-    for (const auto& [member, options] : wrong) {
-        const Ending end = Run(member, options);
-        EXPECT_EQ(end.result, "BOOL false");
-        EXPECT_EQ(end.text, FailText(E_INVALIDARG, kMine));
-    }
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -13,9 +13,7 @@ class HotkeyPlugin : public PluginOfWindow {
     }
     std::string Clear(const wchar_t* keys) { return CallText(plugin_.Get(), L"clear", keys); }
     // As the system tells of it; the number that it gives in front says nothing.
-    void Press(WORD modifiers, WORD key) {
-        SendMessageW(window_, WM_HOTKEY, 5, MAKELPARAM(modifiers, key));
-    }
+    void Press(WORD modifiers, WORD key) { SendMessageW(window_, WM_HOTKEY, 5, MAKELPARAM(modifiers, key)); }
 
     const ComPtr<Recorder> first_ = MakeCom<Recorder>();
     const ComPtr<Recorder> second_ = MakeCom<Recorder>();

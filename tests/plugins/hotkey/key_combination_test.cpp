@@ -23,8 +23,8 @@ TEST(KeyCombination, IsReadAsModifiersAndAKey) {
     };
     for (const auto& c : good)
         EXPECT_EQ(ReadKeyCombination(c.text), (KeyCombination{c.modifiers, c.key})) << Narrow(c.text);
-    for (const wchar_t* bad : {L"", L"ctrl", L"ctrl+", L"+a", L"a+b", L"control+a", L"xctrl+a", L" ctrl+a", L"f13", L"enter",
-                               L"pageup ", L"\u2603", L"ctrl++a"})
+    for (const wchar_t* bad : {L"", L"ctrl", L"ctrl+", L"+a", L"a+b", L"control+a", L"xctrl+a", L" ctrl+a",
+                               L"f13", L"enter", L"pageup ", L"\u2603", L"ctrl++a"})
         EXPECT_FALSE(ReadKeyCombination(bad)) << Narrow(bad);
     EXPECT_EQ(ReadKeyCombination(L":"), ReadKeyCombination(L";")) << "a character adds no shift";
 }

@@ -1,6 +1,5 @@
 // What changes the session and the machine. Only calls that do nothing are made.
 #include "plugins/system/elevated_restart.h"
-#include "plugins/system/taskbar_verb.h"
 #include "tests/plugins/system/system_fixture.h"
 
 namespace tarvik {
@@ -66,15 +65,6 @@ TEST_F(System, LetsALibraryRegisterItself) {
     folder_.Write(L"text.dll", "no library");
     for (const wchar_t* path : {L"missing.dll", L"text.dll", L"C:\\windows\\system32\\version.dll"})
         EXPECT_EQ(Ask(L"registerDll", path), "BOOL false") << Narrow(path);
-}
-
-TEST_F(System, FindsAnEntryOfAFilesMenuByItsText) {
-    const std::wstring file = folder_.Write(L"file.txt", "");
-    EXPECT_THAT(DoVerbOfText(file, L"no such entry"), HasStatus(E_FAIL));
-    EXPECT_THAT(DoVerbOfText(file, L"&COPY"), testing::AnyOf(S_OK, E_NOTIMPL)) << "Wine finds, and does not";
-    EXPECT_NE(Guard([&] { return DoVerbOfText(folder_ / L"missing.txt", L"x"); }), S_OK);
-    for (const wchar_t* member : {L"pinToTaskbar", L"unpinFromTaskbar"})
-        EXPECT_EQ(Ask(member, L"missing.txt"), "BOOL false");
 }
 
 }  // namespace

@@ -3,9 +3,6 @@
 
 #include <windows.h>
 
-#include <thread>
-
-#include "atl/window.h"
 #include "host/web_browser.h"
 #include "tests/support/test.h"
 
@@ -13,8 +10,6 @@ namespace tarvik {
 namespace {
 
 constexpr UINT kMessage = 3025;
-const HANDLE receives = reinterpret_cast<HANDLE>(0x10102);
-const std::wstring withZero(L"a\0b", 3);
 
 std::wstring BlockName(HWND target) {
     wchar_t name[64];
@@ -44,29 +39,6 @@ HRESULT SendByHand(HWND target, std::wstring_view text) {
     return SendByHand(target, text, text.size() * sizeof(wchar_t));
 }
 
-// A window that is none of the program's, and keeps the blocks that it is sent.
-class PlainWindow : public CWindowImpl {
-  public:
-    explicit PlainWindow(const wchar_t* identifier) {
-        Create(L"PlainWindow", L"STATIC", nullptr, nullptr, 0, nullptr);
-        SetPropW(Window(), identifier, receives);
-    }
-    ~PlainWindow() override { DestroyWindow(Window()); }
-
-    std::vector<std::wstring> blocks;
-
-  protected:
-    bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) override {
-        if (message != kMessage) return false;
-        EXPECT_EQ(wParam, GetCurrentProcessId());
-        const UniqueHandle block(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(Window()).c_str()));
-        const UniqueView view(MapViewOfFile(block.Get(), FILE_MAP_READ, 0, 0, lParam));
-        EXPECT_TRUE(view);
-        if (view) blocks.emplace_back(static_cast<const wchar_t*>(view.Get()), lParam / sizeof(wchar_t));
-        return true;
-    }
-};
-
 // A browser window and its end of the bus.
 class Side {
   public:
@@ -84,7 +56,6 @@ class Side {
     void ForgetPlugin() { plugin_.Reset(); }
 
     HWND Window() const { return window_; }
-    IDispatch* Plugin() const { return plugin_.Get(); }
     IDispatch* Msg() const { return msg_.Get(); }
 
     void Receive(const wchar_t* identifier) const { PutMember(Msg(), L"uniqueID", identifier); }
@@ -140,21 +111,13 @@ TEST_F(MessageBus, ReceivesForEveryIdentifierItWasGiven) {
     EXPECT_EQ(news->calls.size(), 3u);
 }
 
-TEST_F(MessageBus, WritesTheBlockForAnyReader) {
-    PlainWindow plain(L"plain");
-    one_.Call(L"sendMsg", L"plain", L"name", withZero.c_str());
-    one_.Call(L"sendMsg", L"plain", L"name", Variant::Text(withZero));
-    one_.Call(L"sendMsg", L"plain", L"name", L"");
-    one_.Call(L"sendMsg", L"plain", L"name");
-    const std::wstring none(L"name\0\0", 6);
-    EXPECT_THAT(plain.blocks,
-                ElementsAre(std::wstring(L"name\0a\0", 7), std::wstring(L"name\0a\0b\0", 9), none, none));
-    EXPECT_FALSE(IsBlockThere(plain.Window()));
-
+// Nothing goes into memory of somebody else.
+TEST_F(MessageBus, WritesIntoItsOwnBlockOnly) {
+    const auto news = one_.On(L"news");
     const UniqueHandle squatter(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 0x1000,
-                                                   BlockName(plain.Window()).c_str()));
-    EXPECT_EQ(one_.Call(L"sendMsg", L"plain", L"name", L"secret"), "BOOL true");
-    EXPECT_EQ(plain.blocks.size(), 4u) << "nothing goes into memory of somebody else";
+                                                   BlockName(one_.Window()).c_str()));
+    EXPECT_EQ(two_.Call(L"sendMsg", L"one", L"news", L"secret"), "BOOL true");
+    EXPECT_THAT(news->calls, IsEmpty());
 }
 
 TEST_F(MessageBus, BelievesNoSender) {
@@ -191,36 +154,6 @@ TEST_F(MessageBus, MayChangeItsTableWhileItRuns) {
     for (int i = 0; i < 2; ++i)
         two_.Call(L"sendMsg", L"one", L"news", L"text");
     EXPECT_THAT(second->Texts(), ElementsAre("BSTR text, I4 7"));
-}
-
-// While a message waits for a busy window, another window has one sent there, too.
-TEST_F(MessageBus, KeepsAMessageThatWaitsFromALaterOne) {
-    const UniqueHandle ready(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    const UniqueHandle go(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    std::vector<std::wstring> blocks;
-    std::thread receiver([&] {
-        PlainWindow plain(L"busy");
-        SetEvent(ready.Get());
-        WaitForSingleObject(go.Get(), 10'000);
-        Sleep(100);  // the later one is about to be sent
-        PumpUntil([&] { return plain.blocks.size() == 2; });
-        blocks = plain.blocks;
-    });
-    WaitForSingleObject(ready.Get(), 10'000);
-    one_.On(L"relay", [&](const auto&) {
-        SetEvent(go.Get());
-        one_.Call(L"sendMsg", L"busy", L"later");
-        return Variant();
-    });
-    std::thread relay([&] {
-        Sleep(50);  // the first is waiting
-        SendByHand(one_.Window(), std::wstring(L"relay\0\0", 7));
-    });
-    one_.Call(L"sendMsg", L"busy", L"first");
-    receiver.join();
-    PumpUntil([&] { return !IsBlockThere(one_.Window()); });
-    relay.join();
-    EXPECT_THAT(blocks, ElementsAre(std::wstring(L"first\0\0", 7), std::wstring(L"later\0\0", 7)));
 }
 
 TEST_F(MessageBus, SurvivesTheEndOfItsWindow) {

@@ -83,15 +83,6 @@ TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
     EXPECT_EQ(limits(), (std::array<LONG, 4>{0, 0, 0, 0})) << "-1 is no limit";
 }
 
-TEST_F(WindowPlugin, ShowsProgressInTheTaskBar) {
-    const bool has = CallMember(plugin_.Get(), L"isSupportTaskbarProgress").value.boolVal == VARIANT_TRUE;
-    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgress", 3, 10), "BOOL true");
-    EXPECT_THAT(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 0).status, HasStatus(E_INVALIDARG));
-    EXPECT_EQ(CallMember(plugin_.Get(), L"setTaskbarProgressState", L"CYCLE").value.boolVal == VARIANT_TRUE,
-              has);
-    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgressState", L"busy"), "BOOL false");
-}
-
 // A page's functions for the events of its window, each with an answer.
 class WindowEvents : public WindowPluginTest {
   protected:

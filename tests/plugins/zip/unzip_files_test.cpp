@@ -57,14 +57,6 @@ TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
     EXPECT_EQ(RunOn(WriteArchive({{.name = "no such time", .time = 0xFFFF, .date = 0}})).text, kSuccess);
 }
 
-// Those that say they are UTF-8 come from the usual programs in real_archives_test.cpp.
-TEST_F(Unzip, ReadsNamesOfTheSystemsOldCharacters) {
-    const std::string name(120, 'n');
-    EXPECT_EQ(RunOn(WriteArchive({{"caf\xE9", "2"}, {name, "3"}})).text, kSuccess);
-    EXPECT_TRUE(GetACP() != 1252 || FileExists(Dest() + L"\\caf\u00E9"));
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\" + Widen(name)), "3");
-}
-
 std::string Damaged(std::string archive, size_t at) {
     archive[at] ^= 0x55;
     return archive;

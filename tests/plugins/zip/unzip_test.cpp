@@ -83,15 +83,5 @@ TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
     }
 }
 
-TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
-    folder_.Write(L"out\\above\\a.txt", "mine");
-    const auto skip = [](const Recorder::Record&) { return Variant::I4(0); };
-    EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}, {"new/b.txt", "2"}}), skip).text,
-              kSuccess);
-    const std::vector<std::pair<std::u8string, std::string>> expected = {
-        {u8"above/", ""}, {u8"above/a.txt", "mine"}, {u8"new/", ""}, {u8"only/", ""}};
-    EXPECT_EQ(ReadTree(Dest()), expected) << "folders are made before they can be skipped";
-}
-
 }  // namespace
 }  // namespace tarvik

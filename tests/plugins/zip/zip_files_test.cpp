@@ -45,23 +45,6 @@ TEST(EntryName, FollowsTheSourceThatScriptNamed) {
     }
 }
 
-TEST(ArchiveWriter, StopsAtTheLimitsOfTheFormat) {
-    for (const bool isTooMany : {false, true}) {
-        ArchiveWriter archive([](void*, mz_uint64, const void*, size_t count) { return count; }, nullptr);
-        for (size_t i = 0; i < ArchiveWriter::kMostEntries; ++i)
-            archive.AddFolder(L"a/");
-        if (isTooMany) {
-            EXPECT_THROW(archive.AddFolder(L"a/"), StatusError);
-        } else {
-            archive.Finish();
-        }
-    }
-    const TempFolder folder;
-    const std::vector<std::wstring> two = {folder.Write(L"a", "1"), folder.Write(L"b", "12")};
-    EXPECT_EQ(FindSources(two, 2).totalSize, 3u);
-    EXPECT_THROW(FindSources(two, 1), StatusError);
-}
-
 // Answers of progress change what is packed while it is packed.
 TEST_F(Zip, FindsOutWhatChangesBelowIt) {
     folder_.Write(L"source\\a", "1");
