@@ -2,6 +2,9 @@
 
 #include "host/web_browser.h"
 
+#include <exdisp.h>
+
+#include "base/com_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -15,6 +18,7 @@ class BrowserWindow : public testing::Test {
     // Makes a browser window, shows it, gives it another size and the focus.
     void Use(CWebBrowser* browser) const {
         const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+        EXPECT_EQ(IsWindow(window) != FALSE, window != nullptr);
         ShowWindow(window, SW_SHOW);
         SetWindowPos(window, nullptr, 0, 0, 250, 150, SWP_NOMOVE | SWP_NOZORDER);
         SendMessageW(window, WM_SETFOCUS, 0, 0);
@@ -31,6 +35,35 @@ class BrowserWindow : public testing::Test {
 TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
     const ObjectCheck nothingLeft;
     EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, (folder_ / L"none.html").c_str()));
+}
+
+// The system's class of web browser controls, with what happens before one is made.
+class ClosingClass : public ComObject<IClassFactory> {
+  public:
+    explicit ClosingClass(CWebBrowser* closed) : closed_(closed) {
+        CoGetClassObject(CLSID_WebBrowser, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                         reinterpret_cast<void**>(system_.GetAddressOf()));
+    }
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
+        DestroyWindow(closed_->GetWindowHandle());
+        return system_->CreateInstance(outer, iid, out);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+  private:
+    CWebBrowser* const closed_;
+    ComPtr<IClassFactory> system_;
+};
+
+TEST_F(BrowserWindow, MayCloseBeforeItsControlIsMade) {
+    const ObjectCheck nothingLeft;
+    const auto browser = MakeCom<CWebBrowser>();
+    DWORD cookie = 0;
+    CoRegisterClassObject(CLSID_WebBrowser, MakeCom<ClosingClass>(browser.Get()).Get(), CLSCTX_INPROC_SERVER,
+                          REGCLS_MULTIPLEUSE, &cookie);
+    EXPECT_FALSE(browser->CreateHidden(nullptr, page_.c_str()));
+    CoRevokeClassObject(cookie);
 }
 
 // Closed in the calls that make and use it, as script of its page could close it: at each moment of which the

@@ -46,7 +46,7 @@ TEST(AsyncTask, TellsAnyFailureAndTakesWhatIsNoFunctionAsAbsent) {
     {
         const auto fail = MakeCom<Recorder>();
         EXPECT_TRUE(Start(OptionObject().Set(L"fail", fail).Set(L"success", 5).Set(L"context", 7)));
-        EXPECT_TRUE(PumpUntil([&] { return !fail->calls.empty(); }));
+        ASSERT_TRUE(PumpUntil([&] { return !fail->calls.empty(); }));
         EXPECT_EQ(fail->Texts()[0], "I4 " + std::to_string(E_OUTOFMEMORY) + ", I4 7");
         EXPECT_TRUE(Start(OptionObject().Set(L"progress", L"text").Set(L"fail", nullptr)));
     }
