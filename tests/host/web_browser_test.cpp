@@ -3,6 +3,7 @@
 #include "host/web_browser.h"
 
 #include <exdisp.h>
+#include <exdispid.h>
 
 #include "base/com_object.h"
 #include "tests/support/test.h"
@@ -92,6 +93,17 @@ TEST_F(BrowserWindow, MayCloseAtAnyMoment) {
     PostMessageW(nullptr, WM_APP, 0, 0);
     PostQuitMessage(0);
     loop_.Run();
+}
+
+// Addresses that the page asks new windows for are not opened by the control.
+TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    VARIANT arguments[5] = {};
+    arguments[3].vt = VT_BOOL | VT_BYREF;
+    arguments[3].pboolVal = &cancel;
+    DISPPARAMS parameters = {arguments, nullptr, 5, 0};
+    MakeCom<CWebBrowser>()->OnEvent(DISPID_NEWWINDOW3, parameters);
+    EXPECT_EQ(cancel, VARIANT_TRUE);
 }
 
 }  // namespace

@@ -14,15 +14,16 @@ std::string NoticeIn(HWND window) {
 
 using Process = EngineProcesses::Process;
 
-// Whether something is written in the middle of a window.
+// Whether something dark is written on pale paper in the middle of a window.
 bool ShowsText(HWND window) {
+    constexpr int kPale = 230, kDark = 150;
     RECT area = {};
     GetClientRect(window, &area);
-    const COLORREF paper = PixelOnScreen(window, {2, 2});
+    if (GetGValue(PixelOnScreen(window, {2, 2})) < kPale) return false;
     int inked = 0;
     for (LONG y = -10; y < 10; ++y)
         for (LONG x = -50; x < 50; ++x)
-            inked += PixelOnScreen(window, {area.right / 2 + x, area.bottom / 2 + y}) != paper;
+            inked += GetGValue(PixelOnScreen(window, {area.right / 2 + x, area.bottom / 2 + y})) < kDark;
     return inked > 50;
 }
 

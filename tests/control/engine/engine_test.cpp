@@ -1,5 +1,6 @@
 #include "base/status.h"
 #include "control/engine/launch.h"
+#include "control/engine/transport.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
