@@ -107,7 +107,6 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     static std::wstring ReadText(const Json& text);
 
     // The number of completed exchanges.
-    unsigned long Exchanges() const { return exchanges_; }
 
     // A script object has gone, and with it the references that the page gave.
     void Forget(int number);

@@ -22,7 +22,6 @@ class ConnectionPoint : public ComObject<IConnectionPoint> {
 
     // Arguments in the order of the event's documentation. Sinks may come and go meanwhile.
     void Fire(DISPID id, std::span<VARIANT> arguments = {});
-    bool HasSinks() const { return !sinks_.empty(); }
     void Clear();
     // Also lets no sink in from now on.
     void Close();

@@ -18,8 +18,6 @@ class PageControlClass {
     PageControlClass(const PageControlClass&) = delete;
     PageControlClass& operator=(const PageControlClass&) = delete;
 
-    bool IsOffered() const { return cookie_ != 0; }
-
   private:
     const bool initialized_;
     DWORD cookie_ = 0;

@@ -16,7 +16,6 @@ class GrowingBlock {
 
     // Null before the first growth; may move with any growth.
     uint8_t* Data() const noexcept { return static_cast<uint8_t*>(pages_.Get()); }
-    uint64_t Capacity() const noexcept { return capacity_; }
 
   private:
     UniquePages pages_;

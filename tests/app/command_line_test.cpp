@@ -48,14 +48,5 @@ TEST(CommandLine, TakesFieldsThatAreTooLongAsAWhole) {
     EXPECT_TRUE(CCommandLine((L"a " + longer + L"=v").c_str()).HasSwitch((longer + L"=v").c_str()));
 }
 
-TEST(CommandLine, KeepsTheRawArguments) {
-    const CCommandLine line(L"\"C:\\my app.exe\" a=1 \"b c\"");
-    ASSERT_EQ(line.argc, 3);
-    EXPECT_STREQ(line.argv[0], L"C:\\my app.exe");
-    EXPECT_STREQ(line.argv[2], L"b c");
-    EXPECT_FALSE(line.HasSwitch(nullptr));
-    EXPECT_EQ(line.GetValue(nullptr), nullptr);
-}
-
 }  // namespace
 }  // namespace tarvik

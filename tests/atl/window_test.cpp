@@ -1,7 +1,6 @@
 #include "atl/window.h"
 
 #include "atl/ax_window.h"
-#include "tests/support/silent_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -88,35 +87,10 @@ TEST_F(Windows, KeepTheOwnersOfTheirObjectsToTheEnd) {
     const long before = liveComObjects;
     Noting object("object", notes_), owned("owned", notes_);
     const HWND window = Make(object);
-    owned.SubclassWindow(window, MakeCom<SilentObject<IDispatch>>().Get());
+    owned.SubclassWindow(window, MakeCom<Recorder>().Get());
     EXPECT_EQ(liveComObjects, before + 1);
     DestroyWindow(window);
     EXPECT_EQ(liveComObjects, before);
-}
-
-TEST_F(Windows, MakeOthersWhileTheyAreMade) {
-    class Nesting : public Noting {
-      public:
-        using Noting::Noting;
-        Noting* inner = nullptr;
-
-      protected:
-        bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
-            if (message == WM_NCCREATE) Make(*inner);
-            return Noting::ProcessWindowMessage(message, wParam, lParam, result);
-        }
-    };
-    Nesting outer("outer", notes_);
-    Noting inner("inner", notes_);
-    outer.inner = &inner;
-    const HWND window = Make(outer);
-    ASSERT_TRUE(window && inner.Window());
-    EXPECT_NE(window, inner.Window());
-    SendMessageW(window, kProbe, 0, 0);
-    SendMessageW(inner.Window(), kProbe, 0, 0);
-    EXPECT_THAT(notes_, ElementsAre("outer probe", "inner probe"));
-    DestroyWindow(inner.Window());
-    DestroyWindow(window);
 }
 
 }  // namespace

@@ -66,27 +66,6 @@ class PluginManage : public testing::Test {
     CPluginManage plugins_;
 };
 
-TEST_F(PluginManage, KeepsRetainedPluginsAndMakesTransientOnesAnew) {
-    const DISPID kept = Create(plugins_, L"kept");
-    const DISPID fresh = Create(plugins_, L"fresh");
-    EXPECT_EQ(fresh, kept - 1);
-    EXPECT_EQ(liveComObjects, before_ + 1) << "the first transient instance is not kept";
-    {
-        ComPtr<TVK::IPlugin> one, same, other, another;
-        plugins_.GetPluginObject(kept, one.GetAddressOf());
-        plugins_.GetPluginObject(kept, same.GetAddressOf());
-        EXPECT_EQ(one.Get(), same.Get());
-        plugins_.GetPluginObject(fresh, other.GetAddressOf());
-        plugins_.GetPluginObject(fresh, another.GetAddressOf());
-        EXPECT_NE(other.Get(), another.Get());
-    }
-    EXPECT_THAT(told, ElementsAre("1 initialize", "2 initialize", "3 initialize", "4 initialize"));
-    plugins_.Reset();
-    EXPECT_EQ(liveComObjects, before_);
-    EXPECT_EQ(plugins_.GetPluginId(L"kept"), CPluginManage::kNotCreatedYet);
-    EXPECT_EQ(plugins_.GetPluginId(L"Kept"), CPluginManage::kUnknownName);
-}
-
 // More plug-ins than there are numbers before those of loadPlugin and createWindow.
 TEST_F(PluginManage, PassesByTheNumbersOfExternalsOwnMembers) {
     CPluginManage other;  // the numbers are of the process
@@ -111,15 +90,6 @@ TEST_F(PluginManage, VisitsTheNewestFirst) {
         plugins_.Reset();  // a window may close in the middle
     });
     EXPECT_THAT(told, ElementsAre("3 throws", "1 navigate"));
-}
-
-TEST_F(PluginManage, LeavesNoTraceOfAFailure) {
-    ComPtr<TVK::IPlugin> out;
-    EXPECT_THAT(plugins_.CreatePlugin(L"broken", nullptr, nullptr, out.GetAddressOf()), HasStatus(E_ABORT));
-    EXPECT_EQ(plugins_.GetPluginId(L"broken"), CPluginManage::kNotCreatedYet);
-    EXPECT_THAT(plugins_.CreatePlugin(L"none", nullptr, nullptr, nullptr), HasStatus(E_FAIL));
-    EXPECT_THAT(plugins_.GetPluginObject(-1, out.GetAddressOf()), HasStatus(E_FAIL));
-    EXPECT_THAT(plugins_.GetPluginObject(-1, nullptr), HasStatus(E_INVALIDARG));
 }
 
 // The object that pages see, without a window.
@@ -155,24 +125,6 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
     EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));
     host_->Close();
-}
-
-// Also when the page is there before the window has got its control.
-TEST_F(External, GivesPluginsTheBrowser) {
-    AtlAxWinInit();
-    const HWND window = CreateWindowExW(0, kAxWindowClass, nullptr, WS_OVERLAPPEDWINDOW, 0, 0, 100, 100,
-                                        nullptr, nullptr, nullptr, nullptr);
-    const auto core = MakeCom<CWebBrowser>();
-    host_->SetContext(core.Get(), nullptr);
-    ASSERT_THAT(
-        host_->CreateControlLicEx(L"about:blank", window, nullptr, nullptr, IID_NULL, nullptr, nullptr),
-        HasStatus(S_OK));
-    GetMember(external_.Get(), L"fresh");
-    GetMember(external_.Get(), L"kept");
-    EXPECT_THAT(told, ElementsAre("1 initialize with browser", "2 initialize with browser",
-                                  "3 initialize with browser"));
-    host_->Close();
-    DestroyWindow(window);
 }
 
 TEST_F(External, TellsALatePluginWhatItMissed) {

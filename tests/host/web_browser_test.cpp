@@ -2,9 +2,10 @@
 
 #include "host/web_browser.h"
 
+#include <exdisp.h>
 #include <exdispid.h>
 
-#include "tests/support/control_class.h"
+#include "base/com_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -15,34 +16,79 @@ class BrowserWindow : public testing::Test {
     BrowserWindow() { appModule.AddMessageLoop(&loop_); }
     ~BrowserWindow() override { appModule.RemoveMessageLoop(); }
 
+    // Makes a browser window, shows it, gives it another size and the focus.
+    void Use(CWebBrowser* browser) const {
+        const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+        EXPECT_EQ(IsWindow(window) != FALSE, window != nullptr);
+        ShowWindow(window, SW_SHOW);
+        SetWindowPos(window, nullptr, 0, 0, 250, 150, SWP_NOMOVE | SWP_NOZORDER);
+        SendMessageW(window, WM_SETFOCUS, 0, 0);
+        PumpUntil([&] { return !IsWindow(window); }, std::chrono::milliseconds(100));
+        if (IsWindow(window)) DestroyWindow(window);
+        PumpOnce();
+    }
+
     CMessageLoop loop_;
     const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
 };
 
-TEST_F(BrowserWindow, IsNotMadeWithoutItsPageOrAControl) {
+TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
     const ObjectCheck nothingLeft;
     EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, (folder_ / L"none.html").c_str()));
-    const ControlClass none([]() -> ComPtr<IUnknown> { return nullptr; });
-    EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, page_.c_str()));
 }
 
-// Closed by its own page, as far as this control goes: by what runs while it is made.
-TEST_F(BrowserWindow, MayCloseWhileItIsMade) {
-    const long before = liveComObjects;
-    {
-        const auto browser = MakeCom<CWebBrowser>();
-        const ControlClass* controls = nullptr;
-        const ControlClass closing([&] {
-            DestroyWindow(browser->GetWindowHandle());
-            return controls->SystemControl();
-        });
-        controls = &closing;
-        EXPECT_FALSE(browser->CreateHidden(nullptr, page_.c_str()));
-        ComPtr<IDispatch> plugin;
-        EXPECT_THAT(browser->GetPlugin(L"console", plugin.GetAddressOf()), HasStatus(E_UNEXPECTED));
+// The system's class of web browser controls, with what happens before one is made.
+class ClosingClass : public ComObject<IClassFactory> {
+  public:
+    explicit ClosingClass(CWebBrowser* closed) : closed_(closed) {
+        CoGetClassObject(CLSID_WebBrowser, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                         reinterpret_cast<void**>(system_.GetAddressOf()));
     }
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
+        DestroyWindow(closed_->GetWindowHandle());
+        return system_->CreateInstance(outer, iid, out);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+  private:
+    CWebBrowser* const closed_;
+    ComPtr<IClassFactory> system_;
+};
+
+TEST_F(BrowserWindow, MayCloseBeforeItsControlIsMade) {
+    const ObjectCheck nothingLeft;
+    const auto browser = MakeCom<CWebBrowser>();
+    DWORD cookie = 0;
+    CoRegisterClassObject(CLSID_WebBrowser, MakeCom<ClosingClass>(browser.Get()).Get(), CLSCTX_INPROC_SERVER,
+                          REGCLS_MULTIPLEUSE, &cookie);
+    EXPECT_FALSE(browser->CreateHidden(nullptr, page_.c_str()));
+    CoRevokeClassObject(cookie);
+}
+
+// Closed in the calls that make and use it, as script of its page could close it: at each moment of which the
+// system tells.
+TEST_F(BrowserWindow, MayCloseAtAnyMoment) {
+    static CWebBrowser* closed;
+    static int left;
+    const HOOKPROC onMoment = [](int, WPARAM, LPARAM) -> LRESULT {
+        if (left-- == 0) DestroyWindow(closed->GetWindowHandle());
+        return 0;
+    };
+    const long before = liveComObjects;
+    int moments = 0;
+    do {
+        const auto browser = MakeCom<CWebBrowser>();
+        closed = browser.Get();
+        left = moments;
+        const HHOOK hook = SetWindowsHookExW(WH_CBT, onMoment, nullptr, GetCurrentThreadId());
+        Use(browser.Get());
+        UnhookWindowsHookEx(hook);
+    } while (left < 0 && ++moments < 100);
     EXPECT_EQ(liveComObjects, before);
+    EXPECT_GT(moments, 5);
+    EXPECT_LT(moments, 100);
     // No filter of a window that is gone is asked.
     PostMessageW(nullptr, WM_APP, 0, 0);
     PostQuitMessage(0);
@@ -51,13 +97,12 @@ TEST_F(BrowserWindow, MayCloseWhileItIsMade) {
 
 // Addresses that the page asks new windows for are not opened by the control.
 TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
-    const auto browser = MakeCom<CWebBrowser>();
     VARIANT_BOOL cancel = VARIANT_FALSE;
     VARIANT arguments[5] = {};
     arguments[3].vt = VT_BOOL | VT_BYREF;
     arguments[3].pboolVal = &cancel;
     DISPPARAMS parameters = {arguments, nullptr, 5, 0};
-    browser->OnEvent(DISPID_NEWWINDOW3, parameters);
+    MakeCom<CWebBrowser>()->OnEvent(DISPID_NEWWINDOW3, parameters);
     EXPECT_EQ(cancel, VARIANT_TRUE);
 }
 

@@ -94,6 +94,15 @@ TEST_F(Dialogs, EachErrorIsShown) {
     }
 }
 
+TEST_F(Dialogs, ErrorsAreSilentWhereThePageSaysSo) {
+    Open(
+        "console.showJsError = false; setTimeout(function () { console.showJsError = true; loud(); }, 500);"
+        "silent();");
+    const std::wstring text = TextOf(program_.Dialog(), kBoxText);
+    EXPECT_NE(text.find(L"loud is not defined"), std::wstring::npos) << Narrow(text);
+    Press(IDYES);
+}
+
 // A run whose callback fails, and holds up its window so long that it serves all messages meanwhile, must not
 // wait for the person.
 TEST_F(Dialogs, RunsGoOnBehindAnError) {

@@ -1,10 +1,12 @@
 // Files that a person drags from another program onto a page.
 
+#include <shlobj.h>
+
 #include <atomic>
 #include <thread>
 
+#include "base/com_object.h"
 #include "tests/page/program.h"
-#include "tests/support/dragged_files.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {
@@ -27,6 +29,25 @@ class Source : public ComObject<IDropSource> {
     std::atomic<DWORD> answer{0};
 };
 
+// Files of one folder as the desktop gives them.
+ComPtr<IDataObject> FilesOfDesk(const std::vector<std::wstring>& paths) {
+    ComPtr<IShellFolder> folder;
+    std::vector<PIDLIST_ABSOLUTE> items;
+    std::vector<PCUITEMID_CHILD> names;
+    for (const std::wstring& path : paths) {
+        EXPECT_EQ(SHParseDisplayName(path.c_str(), nullptr, &items.emplace_back(), 0, nullptr), S_OK);
+        SHBindToParent(items.back(), IID_IShellFolder,
+                       reinterpret_cast<void**>(folder.ReleaseAndGetAddressOf()), &names.emplace_back());
+    }
+    ComPtr<IDataObject> files;
+    EXPECT_EQ(folder->GetUIObjectOf(nullptr, static_cast<UINT>(names.size()), names.data(), IID_IDataObject,
+                                    nullptr, reinterpret_cast<void**>(files.GetAddressOf())),
+              S_OK);
+    for (const PIDLIST_ABSOLUTE item : items)
+        ILFree(item);
+    return files;
+}
+
 class DraggedOntoAPage : public ProgramTest {
   protected:
     // Four strips of 60 pixels: bound, inside of a bound one, inside of a second one without an id, and not
@@ -43,7 +64,8 @@ class DraggedOntoAPage : public ProgramTest {
             "function tell(name) { return function (files, context) { var list = [];"
             "  for (var i = 0; i < files.length; i++) list.push(files[i]);"
             "  console.log(name + ' ' + list.join('|') + ' ' + context); }; }"
-            "drag.bind('outer', tell('outer'), 7); drag.bind('inner', tell('inner'));"
+            "drag.bind('outer', tell('wrong')); drag.bind('outer', tell('outer'), 7);"
+            "drag.bind('inner', tell('wrong'), 5); drag.bind('inner', tell('inner'));"
             "drag.bind('none', tell('none')); drag.bind('none', null);"
             "w.caption = false; w.setWindowPos(200, 150, 400, 300); w.show(true);</script>");
         program_.Start();
@@ -55,7 +77,7 @@ class DraggedOntoAPage : public ProgramTest {
     // What the page answers on the way, and how the drag ends.
     std::pair<DWORD, HRESULT> DragTo(LONG y, const std::vector<std::wstring>& paths) {
         const auto source = MakeCom<Source>();
-        const auto files = MakeCom<DraggedFiles>(paths);
+        const auto files = FilesOfDesk(paths);
         DWORD answer = 0;
         std::atomic<bool> isOver{false};
         SetForegroundWindow(desk_.Get());
@@ -89,11 +111,13 @@ class DraggedOntoAPage : public ProgramTest {
 TEST_F(DraggedOntoAPage, GoToTheNearestElementThatIsBound) {
     OpenStrips();
     const std::pair taken(static_cast<DWORD>(DROPEFFECT_COPY), DRAGDROP_S_DROP);
-    EXPECT_EQ(DragTo(90, {L"C:\\a.txt", L"D:\\b c.txt"}), taken);
-    EXPECT_TRUE(program_.WaitForLine("inner C:\\a.txt|D:\\b c.txt undefined"));
-    EXPECT_EQ(DragTo(210, {L"C:\\lost.txt"}).first, static_cast<DWORD>(DROPEFFECT_NONE));
-    EXPECT_EQ(DragTo(130, {L"C:\\d.txt"}), taken);
-    EXPECT_TRUE(program_.WaitForLine("outer C:\\d.txt 7"));
+    const std::wstring first = program_.Folder().Write(L"a.txt", "");
+    const std::wstring second = program_.Folder().Write(L"b c.txt", "");
+    EXPECT_EQ(DragTo(90, {first, second}), taken);
+    EXPECT_TRUE(program_.WaitForLine("inner " + Narrow(first) + "|" + Narrow(second) + " undefined"));
+    EXPECT_EQ(DragTo(210, {first}).first, static_cast<DWORD>(DROPEFFECT_NONE));
+    EXPECT_EQ(DragTo(130, {second}), taken);
+    EXPECT_TRUE(program_.WaitForLine("outer " + Narrow(second) + " 7"));
     EXPECT_EQ(program_.Lines().size(), 2u);
 }
 

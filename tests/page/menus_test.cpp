@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "tests/page/program.h"
-#include "tests/support/dialog_driver.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {
@@ -50,7 +49,7 @@ class Menus : public ProgramTest {
     }
     void Keys(std::initializer_list<WORD> keys) const {
         for (const WORD key : keys)
-            PressKey(key);
+            PressKeys({key});
     }
     void ClickAt(POINT screen, DWORD down = MOUSEEVENTF_LEFTDOWN, DWORD up = MOUSEEVENTF_LEFTUP) const {
         INPUT click[] = {MoveOf(screen), MouseInputOf(down), MouseInputOf(up)};
@@ -82,20 +81,6 @@ TEST_F(Menus, AnswerWhatIsChosen) {
     ASSERT_TRUE(program_.WaitForLine("opened: true"));
     EXPECT_THAT(Chosen(), ElementsAre("chosen: four", "opened: true"));
     EXPECT_TRUE(OpenMenus().empty());
-}
-
-TEST_F(Menus, OpenOneAfterTheOtherInAFunction) {
-    OpenPage(
-        "var second = menu('trayMenu', ['two']);"
-        "popup(menu('trayMenu', [{ name: 'one', callback: function () {"
-        "  say('one'); say('inner ' + second.popup()); } }]), 30, 40);");
-    ASSERT_TRUE(WaitForMenus(1));
-    Keys({VK_DOWN, VK_RETURN});
-    ASSERT_TRUE(program_.WaitForLine("chosen: one"));
-    ASSERT_TRUE(WaitForMenus(1));
-    Keys({VK_ESCAPE});
-    ASSERT_TRUE(program_.WaitForLine("opened: true"));
-    EXPECT_THAT(Chosen(), ElementsAre("chosen: one", "chosen: inner true", "opened: true"));
 }
 
 TEST_F(Menus, StandInTheBarOfTheWindow) {

@@ -118,17 +118,6 @@ TEST_F(NotUnpacked, WhenAFolderIsNamed) {
     EXPECT_TRUE(FileExists(program_.Folder() / L"app\\resource\\index.html"));
 }
 
-TEST_F(NotUnpacked, WhereTheNameWouldBeTooLong) {
-    Install(archive_);
-    program_.Folder().Write(L"resource\\index.html", kTeller);
-    program_.SetVariable(L"TEMP", program_.Temp() + std::wstring(300, L'x'));
-    const fs::path root = fs::path(program_.Temp()).root_path();
-    const auto before = Unpacked(root);
-    program_.Start();
-    EXPECT_THAT(Told(), EndsWith("/resource/index.html"));
-    EXPECT_EQ(Unpacked(root), before);
-}
-
 // With the system's own control, which shows nothing everywhere that these tests run.
 TEST_F(Start, OpensAWindowOfTheSystemsControl) {
     program_.SetVariable(L"TARVIK_ENGINE", L"mshtml");
@@ -162,12 +151,6 @@ TEST_F(BadPage, ALoopWithoutEndHoldsNeitherItsWindowNorOthers) {
     ASSERT_TRUE(program_.WaitForLine("loop"));
     const auto clock = program_.Lines().size();
     EXPECT_TRUE(WaitFor([&] { return program_.Lines().size() > clock + 2; }));
-    EXPECT_TRUE(Close(window, 5000));
-}
-
-TEST_F(BadPage, ALoopOfCallsDoesNotHoldItsWindow) {
-    const HWND window = OpenBad("console.log('loop'); for (;;) external.window.title;");
-    ASSERT_TRUE(program_.WaitForLine("loop"));
     EXPECT_TRUE(Close(window, 5000));
 }
 

@@ -46,40 +46,6 @@ TEST(ScriptObject, NumbersPropertiesDownwardsThroughTheProcess) {
     EXPECT_THAT(first->GetMemberName(a - 1, name.Receive()), HasStatus(DISP_E_UNKNOWNNAME));
 }
 
-TEST(ScriptObject, RefusesWhatItCannotDo) {
-    const auto object = MakeCom<CObject>();
-    SetScriptProperty(object.Get(), L"a", Variant::I4(1));
-    DISPID id = 0;
-    DISPPARAMS none = {};
-    ASSERT_THAT(IdOf(object.Get(), L"a", &id), HasStatus(S_OK));
-    const auto invoke = [&](DISPID member, WORD flags) {
-        return object->Invoke(member, IID_NULL, kScriptLocale, flags, &none, nullptr, nullptr, nullptr);
-    };
-    EXPECT_THAT(invoke(id, DISPATCH_METHOD), HasStatus(E_NOTIMPL));
-    EXPECT_THAT(invoke(id, DISPATCH_PROPERTYGET), HasStatus(E_INVALIDARG)) << "no place for the result";
-    EXPECT_THAT(invoke(id, DISPATCH_PROPERTYPUT), HasStatus(E_INVALIDARG)) << "no value";
-    EXPECT_THAT(invoke(0, DISPATCH_PROPERTYGET), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(IdOf(object.Get(), nullptr, &id), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(object->GetDispID(nullptr, fdexNameEnsure, nullptr), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(object->DeleteMemberByDispID(id), HasStatus(E_NOTIMPL));
-    EXPECT_EQ(object->Count(), 1u);
-}
-
-TEST(ScriptObject, OwnsItsValues) {
-    const long before = liveComObjects;
-    {
-        const auto outer = MakeCom<CObject>();
-        SetScriptProperty(outer.Get(), L"p", Variant::Pointer(outer.Get()));
-        EXPECT_EQ(ReadScriptProperty(outer.Get(), L"p").byref, outer.Get()) << "a raw pointer, not owned";
-        SetScriptProperty(outer.Get(), L"o", Variant::Object(MakeCom<CObject>().Get()));
-        SetScriptProperty(outer.Get(), L"u", Variant::Unknown(MakeCom<CArray>().Get()));
-        EXPECT_EQ(liveComObjects, before + 3);
-        PutMember(outer.Get(), L"o", 1);
-        EXPECT_EQ(liveComObjects, before + 2);
-    }
-    EXPECT_EQ(liveComObjects, before);
-}
-
 TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
     const auto array = MakeCom<CArray>();
     CallMember(array.Get(), L"push", L"zero");
@@ -91,17 +57,6 @@ TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
     EXPECT_THAT(CallMember(array.Get(), L"push", L"lost", 1, 2).status, HasStatus(S_OK));
     EXPECT_EQ(GetText(array.Get(), L"4"), "BSTR taken");
     EXPECT_THAT(PutMember(array.Get(), L"length", 1).status, HasStatus(E_INVALIDARG));
-}
-
-TEST(ScriptObjects, AreMadeByTheirTypeNames) {
-    for (const auto& [type, pushed] : {std::pair(L"Array", S_OK), std::pair(L"OBJECT", DISP_E_UNKNOWNNAME)}) {
-        ComPtr<IDispatch> made;
-        EXPECT_THAT(CreateScriptObject(type, made.GetAddressOf()), HasStatus(S_OK));
-        EXPECT_THAT(CallMember(made.Get(), L"push", 1).status, HasStatus(pushed));
-    }
-    IDispatch* none = nullptr;
-    EXPECT_THAT(CreateScriptObject(L"map", &none), HasStatus(E_NOINTERFACE));
-    EXPECT_THAT(CreateScriptObject(nullptr, &none), HasStatus(E_NOINTERFACE));
 }
 
 TEST(ScriptValues, AreMovedOutAndMadeFromNarrowText) {

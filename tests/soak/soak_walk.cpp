@@ -1,24 +1,130 @@
-// A walk at random through what a page does with its window: `soak_walk [walks [seed]]`. Pages set callbacks
-// and take them away, raise events, send messages to each other, ask people, navigate, close and quit.
+// Walks at random through what a page does: `soak_walk [walks [seed]]`. In two windows side by side the same
+// page does one thing after the other, also inside of its callbacks and while native code waits for it. Pages
+// set callbacks and take them away, raise events, send messages to each other, ask people, build menus that
+// share others, open them also while another one is open, show icons, navigate, close and quit; a person
+// answers or not, or the window goes. Fails when a page no longer goes on, and when more of anything is left
+// than after the first few walks.
 
 #include <windows.h>
 
-#include <iterator>
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <random>
+#include <string>
 #include <string_view>
 
-#include "tests/soak/walks.h"
+#include "atl/module.h"
+#include "base/com_ptr.h"
+#include "base/status.h"
+#include "control/page/register.h"
+#include "host/registry/plugin_base.h"
+#include "host/web_browser.h"
+#include "tests/soak/course.h"
+#include "tests/soak/engine_census.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
 
+namespace tarvik {
 namespace {
 
+constexpr auto kPatience = std::chrono::seconds(60);
+constexpr UINT kPause = 50;
+constexpr int kStepsOfAWalk = 60;
+
+std::mt19937 chance;
+int steps = 0;
+
+int Random(int below) {
+    return static_cast<int>(chance() % static_cast<unsigned>(below));
+}
+
+// What others do to a window, at any moment.
+void Strike(HWND window) {
+    constexpr WPARAM kCommands[] = {SC_CLOSE, SC_MINIMIZE, SC_MAXIMIZE, SC_RESTORE};
+    switch (Random(8)) {
+        case 0:
+            DestroyWindow(window);
+            break;
+        case 1:
+            SendMessageW(window, WM_CLOSE, 0, 0);
+            break;
+        case 2:
+            PostMessageW(window, WM_ENDSESSION, TRUE, 0);
+            break;
+        default:
+            PostMessageW(window, WM_SYSCOMMAND, kCommands[Random(std::size(kCommands))], 0);
+    }
+}
+
+// `external.walk`
+class WalkPlugin : public TablePlugin<WalkPlugin> {
+  public:
+    static constexpr char kClassName[] = "WalkPlugin";
+    static std::span<const Member<WalkPlugin>> Members();
+
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown*) override {
+        window_ = core ? core->GetWindowHandle() : nullptr;
+        return S_OK;
+    }
+    Integer Random(ExactInt below) { return {tarvik::Random(below.value)}; }
+    void Step() { ++steps; }
+    void Strike() { tarvik::Strike(window_); }
+    void Send(ExactInt message, ExactInt first, ExactInt second) {
+        SendMessageW(window_, static_cast<UINT>(message.value), static_cast<WPARAM>(first.value),
+                     second.value);
+    }
+
+  private:
+    HWND window_ = nullptr;
+};
+
+constexpr Member<WalkPlugin> kMembers[] = {
+    Method<&WalkPlugin::Random>(-10000, L"random"),
+    Method<&WalkPlugin::Step>(-9999, L"step"),
+    Method<&WalkPlugin::Strike>(-9998, L"strike"),
+    Method<&WalkPlugin::Send>(-9997, L"send"),
+};
+
+std::span<const Member<WalkPlugin>> WalkPlugin::Members() {
+    return kMembers;
+}
+
+[[maybe_unused]] const bool registered = RegisterBuiltIn<WalkPlugin>(L"walk", TVK::kRetainedPlugin);
+
+constexpr const char* kHead =
+    R"page(<!doctype html><title>Walk</title><body><p dragWindow=true>walk</p><script>
+  console.showJsError = false;
+  var w = external.window, walk = external.walk, depth = 0;
+  function any(list) { return list[walk.random(list.length)]; }
+  function coin() { return walk.random(2) === 1; }
+  function handler() { return coin() && function () { act(); return coin(); }; }
+  function act() {
+    if (depth > 3) return;
+    ++depth;
+    try { any(acts)(); } finally { --depth; }
+  }
+)page";
+
 constexpr const char* kActs = R"page(
-  var msg = w.msg;
+  var msg = w.msg, menus = [], t = external.tray;
   var events = ['onClose', 'onClosed', 'onMinimize', 'onMaximize', 'onRestore', 'onActivate', 'onInactivate',
                 'onShutdown'];
   function set() { w[any(events)] = handler() || null; }
   function register() { msg.registerMsg('step', handler() || function () { return coin(); }); }
   function send() { msg.sendMsg(any(['walk', 'nobody']), 'step', 'x'.repeat(walk.random(5000))); }
+  function make() {
+    if (menus.length < 12) menus.push(external.menu.createMenu(any(['popupMenu', 'trayMenu', 'windowMenu'])));
+  }
+  function item() {
+    return { name: any(['a', 'b', '&c', '']), gray: walk.random(8) === 0, separator: walk.random(8) === 0,
+             callback: handler() || null, context: any([undefined, null, 5, 'text', menus]) };
+  }
+  function append() { for (var i = walk.random(30); i >= 0; --i) any(menus).appendMenu(item()); }
+  function nest() { any(menus).appendMenu({ name: any(['a', 'more']), subMenu: any(menus) }); }
+  function popup() { if (coin()) any(menus).popup(); else any(menus).popup(walk.random(9999) - 5000, 20); }
   var acts = [
-    set, set, set, register, register, send, send, send,
+    set, set, set, register, register, send, send, send, make, make, append, append, nest, nest, popup, popup, popup,
     function () { msg.unregisterMsg('step'); },
     function () { msg.uniqueID = any(['walk', 'other']); },
     function () { w[any(['caption', 'resize', 'topMost', 'sysMenu', 'minimizeBox'])] = coin(); },
@@ -32,10 +138,22 @@ constexpr const char* kActs = R"page(
     function () { w.close(); },
     function () { if (walk.random(4) === 0) w.quit(0); },
     function () { location.href = 'walk.html?' + walk.random(1000); },
-    function () { setTimeout(act); }
+    function () { setTimeout(act); },
+    function () { any(menus).enable(any(['A', 'more']), coin()); },
+    function () { menus.push(any(menus).getSubMenu('More') || any(menus)); },
+    function () { any(menus).appendMenu({ get name() { act(); return 'act'; }, callback: act }); },
+    function () { menus.splice(walk.random(menus.length), 1 + walk.random(3)); make(); },
+    function () { w.menu = any(menus); },
+    function () { for (var i = 0; i < 20; ++i) walk.send(0x111, 2000 + walk.random(1200), 0); },
+    function () { t.addTray('tip'); },
+    function () { t[any(['show', 'hide'])](); },
+    function () { t[any(['onClick', 'onDbClick', 'onRClick'])] = handler() || act; },
+    function () { walk.send(4024, 200, any([0x202, 0x203, 0x205])); }
   ];
   msg.uniqueID = 'walk';
-)page";
+  make();
+  setInterval(function () { walk.step(); act(); }, 1);
+</script>)page";
 
 // Answers the dialogs of this thread.
 BOOL CALLBACK AnswerDialog(HWND window, LPARAM) {
@@ -45,12 +163,102 @@ BOOL CALLBACK AnswerDialog(HWND window, LPARAM) {
     return TRUE;
 }
 
-void CALLBACK OnPerson(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), AnswerDialog, 0);
+// Looks around in the menu that is open, and chooses something or goes away.
+void UseMenu(HWND owner) {
+    constexpr WPARAM kKeys[] = {VK_DOWN, VK_UP, VK_RIGHT, VK_RETURN, VK_ESCAPE};
+    if (Random(30) == 0) return Strike(GetAncestor(owner, GA_ROOT));
+    if (Random(4) == 0) {
+        EndMenu();
+        return;
+    }
+    for (int presses = Random(5); presses >= 0; --presses)
+        PostMessageW(owner, WM_KEYDOWN, kKeys[Random(5)], 0);
 }
 
+void CALLBACK OnPerson(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), AnswerDialog, 0);
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetCurrentThreadId(), &info);
+    if (info.hwndMenuOwner) UseMenu(info.hwndMenuOwner);
+}
+
+class Walker {
+  public:
+    explicit Walker(const std::wstring& page)
+        : browser_(MakeCom<CWebBrowser>()), window_(browser_->CreateHidden(nullptr, page.c_str())) {}
+    ~Walker() {
+        if (IsOpen()) DestroyWindow(window_);
+    }
+    Walker(const Walker&) = delete;
+    Walker& operator=(const Walker&) = delete;
+
+    bool IsOpen() const { return browser_->GetWindowHandle() != nullptr; }
+
+  private:
+    ComPtr<CWebBrowser> browser_;
+    HWND window_;
+};
+
+class Walks {
+  public:
+    Walks() { appModule.AddMessageLoop(&loop_); }
+    ~Walks() {
+        appModule.RemoveMessageLoop();
+        KillTimer(nullptr, person_);
+    }
+
+    bool Run(int walks) {
+        const Walker quiet(folder_.Write(L"quiet.html", "<!doctype html>"));
+        PumpUntil([] { return false; }, std::chrono::seconds(3));
+        census_.WatchPage();
+        Course course("walks", [this] { return Now(); });
+        const bool good = course.Run(5, walks, [this](int) { return Walk(); });
+        census_.ForgetPage();
+        return good;
+    }
+
+  private:
+    // Wine keeps device contexts, pictures and icons for as many dialogs and menus as have been open at a
+    // time.
+    Reading Now() {
+        Reading reading = census_.Now();
+        for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0)}) {
+            const auto count = static_cast<double>(reading.holdings.Take(what));
+            reading.levels.push_back({what, count, rise});
+        }
+        return reading;
+    }
+    bool Walk() {
+        const int end = steps + kStepsOfAWalk;
+        std::array<std::optional<Walker>, 2> walkers;
+        const auto isThrough = [&] {
+            for (auto& walker : walkers) {
+                if (!walker || !walker->IsOpen()) walker.emplace(page_);
+            }
+            return steps >= end;
+        };
+        if (PumpUntil(isThrough, kPatience)) return true;
+        return std::printf("%d steps are missing\n", end - steps), false;
+    }
+
+    CMessageLoop loop_;
+    const UINT_PTR person_ = SetTimer(nullptr, 0, kPause, OnPerson);
+    const TempFolder folder_;
+    const std::wstring page_ = folder_.Write(L"walk.html", std::string(kHead) + kActs);
+    EngineCensus census_;
+    const PageControlClass control_;
+};
+
 }  // namespace
+}  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    return tarvik::RunWalks(argc, argv, kActs, OnPerson);
+    SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium");
+    const int walks = argc > 1 ? _wtoi(argv[1]) : 100;
+    tarvik::chance.seed(argc > 2 ? static_cast<unsigned>(_wtoi(argv[2])) : 1);
+    bool good = false;
+    const HRESULT status = tarvik::Guard([&] { good = tarvik::Walks().Run(walks); });
+    if (FAILED(status)) std::printf("ended with 0x%08lX\n", static_cast<unsigned long>(status));
+    return good ? 0 : 1;
 }

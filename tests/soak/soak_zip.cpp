@@ -1,20 +1,18 @@
-// Damaged archives, one after the other: `soak_zip [runs [seed]]`. Fails for a fault, for a run that does not
-// end, for a file outside the destination, and for handles that are not given back.
+// Damaged archives, one after the other: `soak_zip [runs [seed]]`. Fails for a fault, for a file outside the
+// destination, and for handles that are not given back.
 
 #include <windows.h>
 
-#include <atomic>
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
-#include <set>
-#include <thread>
+#include <iterator>
+#include <random>
 
 #include "plugins/zip/zip_plugin.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/soak/archive_mutator.h"
 #include "tests/soak/course.h"
-#include "tests/soak/guarded_bytes.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvik {
@@ -22,39 +20,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::atomic<int> currentRun{0};
+std::mt19937_64 chance;
 
-void End(const char* why) {
-    std::printf("run %d: %s\n", currentRun.load(), why);
-    std::fflush(stdout);
-    TerminateProcess(GetCurrentProcess(), 2);
+size_t Below(size_t limit) {
+    return limit ? chance() % limit : 0;
 }
 
-LONG CALLBACK ReportFault(EXCEPTION_POINTERS* fault) {
-    if (fault->ExceptionRecord->ExceptionCode != EXCEPTION_ACCESS_VIOLATION) return EXCEPTION_CONTINUE_SEARCH;
-    End("access violation");
-    return EXCEPTION_CONTINUE_SEARCH;
-}
-
-void WatchForHangs() {
-    std::thread([] {
-        for (int seen = -1; seen != currentRun; std::this_thread::sleep_for(std::chrono::seconds(60)))
-            seen = currentRun;
-        End("does not end");
-    }).detach();
+template <class List>
+auto Any(const List& list) {
+    return list[Below(std::size(list))];
 }
 
 std::vector<std::string> GoodArchives() {
     std::string noise;
-    std::mt19937 random(1);
     for (int i = 0; i < 5000; ++i)
-        noise += static_cast<char>(random() % 64 + ' ');
+        noise += static_cast<char>(Below(64) + ' ');
     const std::string text(9000, 't');
-    ArchiveLayout commented;
-    commented.comment = "a comment";
     return {
         WriteArchive({{"folder/name/", ""}, {"folder/name/text.txt", text}, {"folder/empty.txt", ""}}),
-        WriteArchive({{"stored-file.bin", noise, 0}, {"packed-file.bin", noise}}, commented),
+        WriteArchive({{"stored-file.bin", noise, 0}, {"packed-file.bin", noise}}, {.comment = "a comment"}),
         WriteArchive({{.name = "wide-stored.bin", .content = noise, .method = 0, .wide = true},
                       {.name = "wide-packed.bin", .content = noise, .wide = true}}),
         std::string(3000, 'M') + WriteArchive({{"first-archive.txt", "1"}}) +
@@ -63,90 +47,110 @@ std::vector<std::string> GoodArchives() {
     };
 }
 
-// guard\deep\out: climbing names end up in one of the folders above `out`, which hold nothing else.
-class Ground {
+// Half of the time inside a header.
+size_t Place(const std::string& archive) {
+    const size_t place = Below(archive.size());
+    const size_t header = Below(2) == 0 ? archive.find("PK", place) : std::string::npos;
+    return header == std::string::npos ? place : std::min(header + Below(50), archive.size() - 1);
+}
+
+// A number in the place of 1, 2, 4 or 8 bytes.
+void SetField(std::string& archive, size_t place) {
+    constexpr std::int64_t kValues[] = {-101,   -1,         0,          1,          2,          22,
+                                        46,     0x7F,       0x80,       0xFF,       0x7FFF,     0x8000,
+                                        0xFFFF, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFF, 0x100000000};
+    const auto value = static_cast<std::uint64_t>(Any(kValues));
+    const size_t width = size_t{1} << Below(4);
+    for (size_t i = 0; i < width && place + i < archive.size(); ++i)
+        archive[place + i] = static_cast<char>(value >> 8 * i);
+}
+
+std::string Damaged(std::string archive) {
+    do {
+        if (archive.empty()) return archive;
+        const size_t place = Place(archive);
+        const std::string block = archive.substr(Place(archive), 1 + Below(200));
+        switch (Below(6)) {
+            case 0:
+                archive[place] ^= static_cast<char>(1 << Below(8));
+                break;
+            case 1:
+                archive.resize(place);
+                break;
+            case 2:
+                archive.insert(place, block);
+                break;
+            case 3:
+                archive.replace(place, block.size(), block);
+                break;
+            default:
+                SetField(archive, place);
+                break;
+        }
+    } while (Below(3) == 0);
+    return archive;
+}
+
+// A copy of bytes tight against a page that nobody may touch, so that the first byte read behind them is a
+// fault.
+class GuardedBytes {
   public:
-    std::wstring Dest() const { return folder_ / L"guard\\deep\\out"; }
-    void Clear() const {
-        fs::remove_all(Dest());
-        fs::create_directories(fs::path(Dest()).parent_path());
+    explicit GuardedBytes(Bytes bytes) : size_(bytes.size()) {
+        constexpr size_t kPage = 4096;
+        const size_t room = (size_ / kPage + 1) * kPage;
+        memory_ = static_cast<std::uint8_t*>(VirtualAlloc(nullptr, room + kPage, MEM_RESERVE, PAGE_NOACCESS));
+        VirtualAlloc(memory_, room, MEM_COMMIT, PAGE_READWRITE);
+        start_ = memory_ + room - size_;
+        if (size_) std::memcpy(start_, bytes.data(), size_);
     }
-    bool IsUntouched() const {
-        return std::distance(fs::recursive_directory_iterator(folder_.Path()), {}) == 2;
-    }
-    bool IsUntouchedElsewhere() const { return Elsewhere() == elsewhere_; }
+    ~GuardedBytes() { VirtualFree(memory_, 0, MEM_RELEASE); }
+    GuardedBytes(const GuardedBytes&) = delete;
+    GuardedBytes& operator=(const GuardedBytes&) = delete;
+
+    Bytes Content() const { return {start_, size_}; }
 
   private:
-    static std::set<fs::path> Elsewhere() {
-        std::set<fs::path> files;
-        for (const fs::path& folder : {fs::current_path(), fs::path(L"C:\\")})
-            files.insert(fs::directory_iterator(folder), {});
-        return files;
-    }
-
-    const TempFolder folder_;
-    const std::set<fs::path> elsewhere_ = Elsewhere();
+    size_t size_;
+    std::uint8_t* memory_;
+    std::uint8_t* start_;
 };
 
-// The road of both sources, on bytes that lie tight between guards.
-bool Unpack(Bytes file, GuardedBytes::Tight tight, ULONG index, const std::wstring& dest) {
+// The road of both sources, on bytes before a guard.
+bool Unpack(const std::string& archive, ULONG index, const std::wstring& dest) {
     const auto plugin = MakeCom<CZipPlugin>();
     const Variant noContext;
     const ExtractOptions options{dest, false, nullptr, &noContext};
+    const GuardedBytes file(BytesOf(archive));
     const HRESULT status = Guard([&] {
-        const auto found = FindArchive(file, index);
-        const GuardedBytes archive(found.value_or(file), tight);
-        plugin->ExtractMemory(archive.Content(), options);
+        const GuardedBytes found(FindArchive(file.Content(), index).value_or(file.Content()));
+        plugin->ExtractMemory(found.Content(), options);
     });
     return SUCCEEDED(status);
 }
 
-class Soak {
-  public:
-    explicit Soak(std::uint64_t seed) : mutator_(seed) {}
-
-    bool Run(int runs) {
-        Course course("runs", [this] {
-            if (!ground_.IsUntouchedElsewhere()) End("something was written elsewhere");
-            return Reading{Holdings::Now(),
-                           {{"handles", static_cast<double>(CountHandles()), 0},
-                            {"unpacked", static_cast<double>(unpacked_), kAny}}};
-        });
-        constexpr int kWarmUp = 100;
-        return course.Run(kWarmUp, runs, [this](int run) {
-            currentRun = run;
-            RunOnce();
-            if (!ground_.IsUntouched()) End("something was written outside");
-            return true;
-        });
-    }
-
-  private:
-    static constexpr double kAny = 1e9;
-
-    void RunOnce() {
-        ground_.Clear();
-        const std::string archive = mutator_.Mutate(good_[mutator_.Below(good_.size())]);
-        const auto tight =
-            mutator_.Below(2) == 0 ? GuardedBytes::Tight::kAtEnd : GuardedBytes::Tight::kAtStart;
-        const GuardedBytes file(BytesOf(archive), tight);
-        unpacked_ += Unpack(file.Content(), tight, static_cast<ULONG>(mutator_.Below(3)), ground_.Dest());
-        fs::remove_all(ground_.Dest());
-    }
-
-    ArchiveMutator mutator_;
-    const std::vector<std::string> good_ = GoodArchives();
-    const Ground ground_;
-    int unpacked_ = 0;
-};
+bool Soak(int runs) {
+    const std::vector<std::string> good = GoodArchives();
+    const TempFolder folder;
+    const std::wstring dest = folder / L"out";
+    int unpacked = 0;
+    Course course("runs", [&] {
+        return Reading{Holdings::Now(),
+                       {{"handles", static_cast<double>(CountHandles()), 0},
+                        {"unpacked", static_cast<double>(unpacked), 1e9}}};
+    });
+    constexpr int kWarmUp = 100;
+    const bool level = course.Run(kWarmUp, runs, [&](int) {
+        unpacked += Unpack(Damaged(Any(good)), static_cast<ULONG>(Below(3)), dest);
+        fs::remove_all(dest);
+        return fs::is_empty(folder.Path());
+    });
+    return level && unpacked > 0;
+}
 
 }  // namespace
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    const int runs = argc > 1 ? _wtoi(argv[1]) : 100'000;
-    const std::uint64_t seed = argc > 2 ? _wcstoui64(argv[2], nullptr, 10) : 1;
-    AddVectoredExceptionHandler(1, tarvik::ReportFault);
-    tarvik::WatchForHangs();
-    return tarvik::Soak(seed).Run(runs) ? 0 : 1;
+    tarvik::chance.seed(argc > 2 ? _wcstoui64(argv[2], nullptr, 10) : 1);
+    return tarvik::Soak(argc > 1 ? _wtoi(argv[1]) : 100'000) ? 0 : 1;
 }

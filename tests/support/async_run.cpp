@@ -11,10 +11,12 @@ AsyncRun::AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject&
                    Recorder::Answer answer)
     : progress_(MakeCom<Recorder>(std::move(answer))) {
     options.Set(L"progress", progress_).Set(L"success", success_).Set(L"fail", fail_);
+    options.Set(L"callback", progress_).Set(L"completed", success_);
     const Outgoing out = CallMember(plugin, member, static_cast<IDispatch*>(options));
     EXPECT_EQ(out.status, S_OK);
     result_ = ValueText(out.value);
-    options.Set(L"progress", nullptr).Set(L"success", nullptr).Set(L"fail", nullptr);
+    for (const wchar_t* function : {L"progress", L"success", L"fail", L"callback", L"completed"})
+        options.Set(function, nullptr);
 }
 
 bool AsyncRun::IsOver() const {

@@ -24,7 +24,8 @@ struct Ending {
 };
 
 // One run of an asynchronous member, with these options and functions of its own, which it is called with at
-// once. The options are borrowed for the call. `answer` is that of `progress`.
+// once; `callback` and `completed` of some members are its `progress` and `success`. The options are borrowed
+// for the call. `answer` is that of `progress`.
 class AsyncRun {
   public:
     AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject& options,

@@ -5,7 +5,6 @@
 #include <atomic>
 #include <thread>
 
-#include "tests/support/screen.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -83,10 +82,6 @@ bool Press(HWND dialog, int button) {
 void EnterFileName(HWND dialog, const std::wstring& name) {
     SetDlgItemTextW(dialog, kFileName, name.c_str());
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-}
-
-void PressKey(WORD key) {
-    PressKeys({key});
 }
 
 }  // namespace tarvik

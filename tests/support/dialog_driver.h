@@ -24,7 +24,4 @@ bool Press(HWND dialog, int button);
 // Types the name of a file or several, and presses the button that takes it.
 void EnterFileName(HWND dialog, const std::wstring& name);
 
-// Presses and lets go of a key, in whatever has the focus.
-void PressKey(WORD key);
-
 }  // namespace tarvik

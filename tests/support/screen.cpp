@@ -75,6 +75,7 @@ void PressKeys(const std::vector<WORD>& keys) {
         INPUT& release = input[input.size() - 1 - i];
         press.type = release.type = INPUT_KEYBOARD;
         press.ki.wVk = release.ki.wVk = keys[i];
+        press.ki.wScan = release.ki.wScan = static_cast<WORD>(MapVirtualKeyW(keys[i], MAPVK_VK_TO_VSC));
         release.ki.dwFlags = KEYEVENTF_KEYUP;
     }
     SendInput(static_cast<UINT>(input.size()), input.data(), sizeof(INPUT));

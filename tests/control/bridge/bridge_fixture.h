@@ -44,10 +44,7 @@ class Desk : public TableDispatch<Desk> {
         return Variant::Text(texts);
     }
     Variant kept;
-    void Keep(AnyValue value) { kept = Variant::Copy(*value.value); }
     Variant GetKept() { return Variant::Copy(kept); }
-    ComPtr<IDispatch> GetSelf() { return ComPtr<IDispatch>(this); }
-    ComPtr<IDispatch> GetFresh() { return MakeCom<Desk>(); }
     Variant text;  // empty at first
     Variant GetText() { return Variant::Copy(text); }
     void SetText(AnyValue value) { text = Variant::Copy(*value.value); }
@@ -66,17 +63,10 @@ class Desk : public TableDispatch<Desk> {
 };
 
 inline constexpr Member<Desk> kDeskMembers[] = {
-    Method<&Desk::Echo>(-10000, L"echo"),
-    Method<&Desk::Note>(-9999, L"note"),
-    Method<&Desk::Fail>(-9998, L"fail"),
-    RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
-    Method<&Desk::Keep>(-9996, L"keep"),
-    ReadOnly<&Desk::GetKept>(-9995, L"kept"),
-    ReadOnly<&Desk::GetSelf>(-9994, L"self"),
-    Property<&Desk::GetSize, &Desk::SetSize>(-9993, L"size"),
-    ReadOnly<&Desk::GetFresh>(-9992, L"fresh"),
-    Method<&Desk::Options>(-9991, L"options"),
-    Property<&Desk::GetText, &Desk::SetText>(-9990, L"text"),
+    Method<&Desk::Echo>(-10000, L"echo"),      Method<&Desk::Note>(-9999, L"note"),
+    Method<&Desk::Fail>(-9998, L"fail"),       RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
+    ReadOnly<&Desk::GetKept>(-9996, L"kept"),  Property<&Desk::GetSize, &Desk::SetSize>(-9995, L"size"),
+    Method<&Desk::Options>(-9994, L"options"), Property<&Desk::GetText, &Desk::SetText>(-9993, L"text"),
 };
 
 inline std::span<const Member<Desk>> Desk::Members() {

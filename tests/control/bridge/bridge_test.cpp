@@ -1,5 +1,3 @@
-#include <chrono>
-
 #include "script/object.h"
 #include "script/properties.h"
 #include "tests/control/bridge/bridge_fixture.h"
@@ -35,19 +33,6 @@ TEST_F(Bridge, PassesEveryKindOfValueBothWays) {
     page_.Evaluate("[0, 1.5, 3000000000, '', undefined, null, true, {}].forEach(v => external.note(v))");
     EXPECT_THAT(page_.desk->notes, ElementsAre("I4 0", HasSubstr("R8 1.5"), HasSubstr("R8 3"), "BSTR ",
                                                "EMPTY", "NULL", "BOOL true", HasSubstr("DISPATCH")));
-}
-
-TEST_F(Bridge, ObjectsKeepTheirIdentity) {
-    page_.Open("<iframe srcdoc='<script>external.note(external === top.external)</script>'></iframe>");
-    EXPECT_THAT(page_.desk->notes, ElementsAre("BOOL true"));
-    EXPECT_EQ(page_.Evaluate(R"([external.self === external, external.echo(external) === external,
-        external.note === external.note, external.echo(window) === window,
-        ...[{}, () => 1].map(o => external.echo(o) === o)])"),
-              "[true,true,true,true,true,true]");
-    page_.Evaluate("window.kept = { name: 'x' }, external.keep(kept), 0");
-    const Variant again = page_.Get(L"kept");
-    ASSERT_TRUE(page_.desk->kept.Is(VT_DISPATCH));
-    EXPECT_EQ(again.pdispVal, page_.desk->kept.pdispVal);
 }
 
 TEST_F(Bridge, PropertiesAndFailures) {
@@ -134,48 +119,10 @@ TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
     });
 }
 
-// From script, and from outside while the page is idle. Calls of several windows are in the page tests.
-TEST_F(Bridge, CallsNestAndFail) {
-    page_.Open(R"(<script>
-        function down(n) { return n ? 1 + external.run(down, n - 1) : 0; }
-        function boom() { throw new Error('boom'); }
-    </script>)");
-    EXPECT_EQ(page_.Evaluate("down(30)"), "30");
-    Variant three = Variant::I4(3), result;
-    EXPECT_THAT(CallScriptFunction(page_.Get(L"down").pdispVal, {&three}, &result), HasStatus(S_OK));
-    EXPECT_EQ(ValueText(result), "I4 3");
-    EXPECT_EQ(page_.Evaluate("(() => { try { external.run(boom); } catch (e) { return e.number; } })()"),
-              "-2147352319");
-}
-
 TEST_F(Bridge, StopsAtNoStatementOfThePage) {
     page_.Open("<script>debugger; external.note('on');</script>");
     EXPECT_EQ(page_.Evaluate("external.run(() => { debugger; return 1; })"), "1");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR on"));
-}
-
-// A name is looked up once for each object, and what is a method is found out once for all plug-ins of a
-// name.
-TEST_F(Bridge, NeedsFewRoundTrips) {
-    page_.Open("<script>var kept = external.self;</script>");
-    const auto exchanges = [this](const char* expression) {
-        const unsigned long before = page_.bridge->World()->Exchanges();
-        EXPECT_THAT(page_.Evaluate(expression), testing::Not(HasSubstr("threw")));
-        return page_.bridge->World()->Exchanges() - before;
-    };
-    EXPECT_EQ(exchanges("external.fresh.note(1)"), 3u);
-    EXPECT_EQ(exchanges("external.fresh.note(1)"), 2u) << "another object of the same maker";
-    EXPECT_EQ(exchanges("kept.echo(1)"), 2u);
-    EXPECT_EQ(exchanges("kept.echo(1)"), 1u);
-    EXPECT_EQ(exchanges("kept.options({ a: 1, b: 2, c: 3 }, 'a b c d e')"), 3u)
-        << "the method, the options, the call";
-    EXPECT_EQ(exchanges("kept.options([7, 8, 9], 'length 0 1 2')"), 2u);
-    const auto array = MakeCom<CArray>();
-    for (int i = 0; i < 5; ++i)
-        array->Push(nullptr);
-    page_.desk->kept = Variant::Object(array.Get());
-    page_.Evaluate("window.list = external.kept, 0");
-    EXPECT_EQ(exchanges("(() => { for (const name in list); })()"), 1u);
 }
 
 // What an object has told of its members is not taken for true when script has run since.
@@ -194,27 +141,6 @@ TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
     page_.Evaluate("(() => { o.a = 9; external.note(external.options(o, 'a')); })()");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR I4 9"));
     EXPECT_EQ(read(), "I4 9");
-}
-
-// References that script or native code no longer needs are given back, whoever held them.
-TEST_F(Bridge, LeavesNothingBehindAfterManyCalls) {
-    page_.Open(R"(<script>var seen = [];
-        function call() {
-            const box = {}, back = () => external.fresh;
-            seen.push(new WeakRef(box), new WeakRef(back), new WeakRef(external.run(back)));
-            external.echo(box);
-        }
-        function left() { return seen.filter(ref => ref.deref()).length; }
-    </script>)");
-    page_.Evaluate("call()");
-    const long before = liveComObjects;
-    for (int i = 0; i < 100; ++i)
-        page_.Evaluate("call()");
-    EXPECT_TRUE(PumpUntil([&] {
-        page_.target.Call("HeapProfiler.collectGarbage");
-        return page_.Evaluate("left()") == "0" && liveComObjects < before + 10;
-    })) << page_.Evaluate("left()")
-        << " left, and " << liveComObjects - before << " native objects";
 }
 
 // Everything else is for the host to decide; an element's id is no name of a frame.

@@ -1,36 +1,10 @@
 #include "base/status.h"
-#include "control/engine/devtools.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
 namespace {
-
-Json Evaluate(PageTarget& page, const char* expression) {
-    return page.Call("Runtime.evaluate",
-                     {{"expression", expression}, {"returnByValue", true}})["result"]["value"];
-}
-
-TEST(Engine, EndOfTheEngineEndsWhatWaits) {
-    const auto devtools = DevTools::Acquire();
-    PageTarget page(devtools);
-    bool answered = false;
-    bool told = false;
-    devtools->Listen(page.Session(), [&](std::string_view method, const Json&) {
-        if (method == "Inspector.disconnected") told = true;
-    });
-    page.Post("Runtime.evaluate", {{"expression", "new Promise(() => 0)"}, {"awaitPromise", true}},
-              [&](const Json* result) { answered = result == nullptr; });
-    devtools->Post("", "Browser.crash", Json::object());
-    EXPECT_FALSE(devtools->WaitUntil([] { return false; }, 10000));
-    EXPECT_TRUE(answered);
-    EXPECT_TRUE(told);
-    EXPECT_FALSE(devtools->IsOpen());
-    EXPECT_THROW(page.Call("Runtime.evaluate", {{"expression", "1"}}), StatusError);
-    PageTarget another(DevTools::Acquire());
-    EXPECT_EQ(Evaluate(another, "1 + 1"), 2);
-}
 
 // As after a program that was killed. Nothing is started here: there is no such engine.
 TEST(Engine, RemovesProfilesThatWereLeft) {

@@ -28,20 +28,6 @@ constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Pag
 constexpr COLORREF kReady = RGB(1, 128, 254);
 constexpr RECT kArea = {60, 50, 560, 450};
 
-INPUT KeyInputOf(WORD key, DWORD flags) {
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    return input;
-}
-
-void Send(std::vector<INPUT> inputs) {
-    ASSERT_EQ(SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)), inputs.size());
-    PumpOnce();
-}
-
 }  // namespace
 
 HostedPage::HostedPage() {
@@ -109,7 +95,8 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
 }
 
 void HostedPage::MoveQuickly(POINT screen) const {
-    Send({MoveOf(screen)});
+    Send(MoveOf(screen));
+    PumpOnce();
 }
 
 // The system underneath has a pointer of its own, and on a busy machine takes a move back a moment later.
@@ -133,19 +120,14 @@ void HostedPage::Click(POINT screen, DWORD press, int times) const {
 }
 
 void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
-    std::vector<INPUT> inputs;
     for (const DWORD action : actions)
-        inputs.push_back(MouseInputOf(action, data));
-    Send(std::move(inputs));
+        Send(MouseInputOf(action, data));
+    PumpOnce();
 }
 
 void HostedPage::Press(std::initializer_list<WORD> keys) const {
-    std::vector<INPUT> inputs;
-    for (const WORD key : keys)
-        inputs.push_back(KeyInputOf(key, 0));
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
-        inputs.push_back(KeyInputOf(*key, KEYEVENTF_KEYUP));
-    Send(std::move(inputs));
+    PressKeys(keys);
+    PumpOnce();
 }
 
 void HostedPage::Type(std::wstring_view text) const {
@@ -156,10 +138,14 @@ void HostedPage::Type(std::wstring_view text) const {
             (HIBYTE(key) & 1) ? Press({VK_SHIFT, virtualKey}) : Press({virtualKey});
             continue;
         }
-        INPUT down = KeyInputOf(0, KEYEVENTF_UNICODE),
-              up = KeyInputOf(0, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
-        down.ki.wScan = up.ki.wScan = unit;
-        Send({down, up});
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wScan = unit;
+        for (const DWORD flags : {KEYEVENTF_UNICODE, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}) {
+            input.ki.dwFlags = flags;
+            Send(input);
+        }
+        PumpOnce();
     }
 }
 

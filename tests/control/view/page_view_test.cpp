@@ -38,6 +38,14 @@ TEST_F(HostedPage, TakesWhatIsTyped) {
     // What an input method makes is text, too.
     SendMessageW(PageWindow(), WM_IME_CHAR, 0x8A9E, 1);
     EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E"));
+    // What AltGr makes is text; with Ctrl and Alt the engine would take it for a command.
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = keys[VK_MENU] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageW(PageWindow(), WM_CHAR, L'\u20AC', 1);
+    keys[VK_CONTROL] = keys[VK_MENU] = 0;
+    SetKeyboardState(keys);
+    EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E\u20AC"));
     Press({VK_SHIFT, VK_TAB});
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
 }

@@ -25,36 +25,6 @@ std::string ImageFor(WORD machine) {
     return image.append(reinterpret_cast<const char*>(&header), sizeof header);
 }
 
-// From load to end, in one test: libraries are of the process.
-TEST(PluginLibrary, GivesPluginsUntilTheProcessEnds) {
-    EXPECT_FALSE(HasPluginLibraries());
-    ASSERT_THAT(LoadPluginLibrary(Sample(L"good.dll")), HasStatus(S_OK));
-    EXPECT_TRUE(HasPluginLibraries());
-    const PluginEntry* const entry = FindPlugin(L"sample");
-    ASSERT_TRUE(entry);
-    EXPECT_TRUE(entry->IsTransient());
-    EXPECT_FALSE(FindPlugin(L"Sample"));
-    {
-        ComPtr<TVK::IPlugin> plugin;
-        ASSERT_THAT(entry->factory(__uuidof(TVK::IPlugin), reinterpret_cast<void**>(plugin.GetAddressOf())),
-                    HasStatus(S_OK));
-        EXPECT_THAT(plugin->OnDocumentComplete(nullptr), HasStatus(E_NOTIMPL));
-        const auto face = Query<IDispatch>(plugin.Get());
-        EXPECT_EQ(GetText(face.Get(), L"answer"), "I4 42");
-    }
-    // A name that is taken stays with its first owner; the library is kept all the same.
-    const auto factory = entry->factory;
-    EXPECT_THAT(LoadPluginLibrary(Sample(L"again.dll")), HasStatus(S_OK));
-    EXPECT_EQ(FindPlugin(L"sample")->factory, factory);
-    EXPECT_TRUE(GetModuleHandleW(L"again.dll"));
-
-    DebugChannel channel;
-    FreePluginLibraries();
-    EXPECT_THAT(channel.texts, ElementsAre("good", "again"));
-    EXPECT_FALSE(GetModuleHandleW(L"good.dll"));
-    EXPECT_FALSE(HasPluginLibraries());
-}
-
 // The caller cannot tell these from a success, and nothing of them stays.
 TEST(PluginLibrary, IsFreedInSilenceWhenItHasNoPlugin) {
     for (const wchar_t* name :

@@ -38,18 +38,6 @@ TEST_F(Console, WritesNothingButText) {
     EXPECT_THAT(channel_.texts, IsEmpty());
 }
 
-TEST_F(Console, KeepsAnyValueThatSaysWhetherErrorsAreShown) {
-    EXPECT_EQ(ShowJsError(), "EMPTY");
-    PutMember(plugin_.Get(), L"showJsError", L"text");
-    EXPECT_EQ(ShowJsError(), "BSTR text");
-    EXPECT_THAT(CallMember(plugin_.Get(), L"showJsError", true).status, HasStatus(E_FAIL));
-    const long before = liveComObjects;
-    PutMember(plugin_.Get(), L"showJsError", MakeCom<CObject>());
-    EXPECT_EQ(liveComObjects, before + 1);
-    plugin_.Reset();
-    EXPECT_EQ(liveComObjects, before - 1) << "the value goes with the plug-in";
-}
-
 // As all small plug-ins.
 TEST_F(Console, KnowsItsNamesAndIdsOnly) {
     DISPID id = 0;

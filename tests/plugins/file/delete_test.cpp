@@ -46,41 +46,25 @@ TEST_F(File, DeletesALinkWithoutWhatItLeadsTo) {
     EXPECT_TRUE(FileExists(kept));
 }
 
-// The system's list of what its next start does to files, which is put back at the end.
-class PendingRenames {
-  public:
-    PendingRenames() : before_(Read()) {}
-    ~PendingRenames() {
-        if (before_.empty()) {
-            RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue);
-        } else {
-            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_MULTI_SZ, before_.data(),
-                            static_cast<DWORD>(before_.size() * sizeof(wchar_t)));
-        }
-    }
-
-    static std::wstring Read() {
-        DWORD size = 0;
-        RegGetValueW(HKEY_LOCAL_MACHINE, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr, nullptr, &size);
-        std::wstring list(size / sizeof(wchar_t), L'\0');
-        const bool read = RegGetValueW(HKEY_LOCAL_MACHINE, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr,
-                                       list.data(), &size) == ERROR_SUCCESS;
-        return read ? list : std::wstring();
-    }
-
-  private:
-    static constexpr wchar_t kKey[] = L"System\\CurrentControlSet\\Control\\Session Manager";
-    static constexpr wchar_t kValue[] = L"PendingFileRenameOperations";
-
-    std::wstring before_;
-};
-
+// The system keeps a list of what its next start does to files, which is put back at the end.
 TEST_F(File, LeavesADelayedDeleteToTheNextStart) {
-    const PendingRenames restored;
+    constexpr wchar_t kKey[] = L"System\\CurrentControlSet\\Control\\Session Manager";
+    constexpr wchar_t kValue[] = L"PendingFileRenameOperations";
+    const auto read = [&] {
+        std::wstring list(32'000, L'\0');
+        DWORD size = static_cast<DWORD>(list.size() * sizeof(wchar_t));
+        const auto error =
+            RegGetValueW(HKEY_LOCAL_MACHINE, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr, list.data(), &size);
+        list.resize(error == ERROR_SUCCESS ? size / sizeof(wchar_t) : 0);
+        return list;
+    };
+    const std::wstring before = read();
     folder_.Write(L"tree\\inner\\a.txt", "a");
     if (Ask(L"deleteFile", L"tree", true) != "BOOL true") GTEST_SKIP() << "no right to ask for it here";
+    const std::wstring pending = read();
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_MULTI_SZ, before.data(),
+                    static_cast<DWORD>(before.size() * sizeof(wchar_t)));
     EXPECT_TRUE(FileExists(folder_ / L"tree\\inner\\a.txt"));
-    const std::wstring pending = PendingRenames::Read();
     size_t last = 0;
     for (const wchar_t* name : {L"tree\\inner\\a.txt", L"tree\\inner", L"tree"}) {
         const size_t at = pending.find(folder_ / name + std::wstring(2, L'\0'));

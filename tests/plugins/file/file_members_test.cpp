@@ -61,14 +61,11 @@ TEST_F(File, SurvivesLongPaths) {
     for (const size_t length : {259, 260, 5000}) {
         SCOPED_TRACE(length);
         const std::wstring path = folder_ / std::wstring(length - folder_.Path().size() - 1, L'n');
-        const std::wstring relative(length, L'n');
-        for (const wchar_t* form : {path.c_str(), relative.c_str()}) {
-            EXPECT_EQ(Ask(L"isFileExist", form), "BOOL false");
-            EXPECT_EQ(Ask(L"getSize", form), "EMPTY");
-            EXPECT_EQ(Ask(L"deleteFile", form), "BOOL true");
-            EXPECT_EQ(Ask(L"copy", form, L"x"), "BOOL false");
+        for (const std::wstring& form : {path, std::wstring(length, L'n')}) {
+            EXPECT_EQ(Ask(L"isFileExist", form.c_str()), "BOOL false");
+            EXPECT_EQ(Ask(L"deleteFile", form.c_str()), "BOOL true");
+            EXPECT_EQ(Ask(L"copy", form.c_str(), L"x"), "BOOL false");
         }
-        EXPECT_EQ(Run(L"copyAsync", path, L"x").text, FailText(SystemError(2)));
         const std::wstring file = folder_.Write(L"short", "1");
         EXPECT_EQ(Ask(L"move", file.c_str(), path.c_str()), length < 260 ? "BOOL true" : "BOOL false");
         EXPECT_EQ(Ask(L"getSize", path.c_str()), length < 260 ? "I8 1" : "EMPTY");

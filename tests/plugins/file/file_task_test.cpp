@@ -128,32 +128,5 @@ TEST_F(FileRun, MovesNothingOutOfALink) {
     EXPECT_EQ(ReadFileBytes(folder_ / L"copied\\link\\kept.txt"), "a");
 }
 
-TEST_F(FileRun, DoesNotStartWithoutBothPaths) {
-    const auto paths = [](const wchar_t* src, auto dest) {
-        return OptionObject().Set(L"srcPath", src).Set(L"destPath", std::move(dest));
-    };
-    for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
-        for (const OptionObject& options :
-             {OptionObject(), paths(L"a", Variant()), paths(L"a", 5), paths(L"", L"b"), paths(L"a", L"")}) {
-            const Ending ending = Run(member, options);
-            EXPECT_EQ(ending.result, "BOOL false");
-            EXPECT_EQ(ending.text, FailText(E_INVALIDARG));
-        }
-        EXPECT_THAT(CallMember(plugin_.Get(), member, L"a").status, HasStatus(E_INVALIDARG));
-    }
-}
-
-TEST_F(FileRun, ObeysProgressWhereThePlatformTellsIt) {
-    folder_.Write(L"large\\a.txt", std::string(100'000, 'a'));
-    folder_.Write(L"large\\b.txt", "b");
-    const OptionObject options =
-        OptionObject().Set(L"srcPath", L"large").Set(L"destPath", L"copied").Set(L"context", 7);
-    const Ending ending = Run(L"copyAsync", options, [](const auto&) { return Variant::Bool(false); });
-    if (ending.progress.empty()) GTEST_SKIP() << "this platform's copy never calls its progress routine";
-    EXPECT_THAT(ending.progress, ElementsAre(EndsWith(", R8 100001.000000, I4 7")));
-    EXPECT_EQ(ending.text, "") << "a cancel is silent";
-    EXPECT_FALSE(FileExists(folder_ / L"copied\\b.txt"));
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -45,25 +45,10 @@ TEST_F(FileIO, OpensAsTheLettersSay) {
     EXPECT_EQ(Get(L"size"), "R8 0.000000") << "a failed open leaves the object closed";
 }
 
-TEST_F(FileIO, OpensWithoutRights) {
-    EXPECT_TRUE(Open(folder_.Write(L"file", "four"), L""));
-    EXPECT_EQ(Get(L"size"), "R8 4.000000");
-    EXPECT_EQ(Call(L"read", NewStream(), 4), "I4 0");
-    EXPECT_EQ(Call(L"write", NewStream(L"text"), 4), "I4 0");
-}
-
 // Whether the system itself lets a path be opened: where that differs between systems.
 bool SystemOpens(const std::wstring& path) {
     return static_cast<bool>(
         UniqueHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr)));
-}
-
-TEST_F(FileIO, OpensPathsUpToTheSystemsLength) {
-    const std::wstring start = folder_ / L"";
-    for (const size_t length : {259, 260}) {
-        const std::wstring path = start + std::wstring(length - start.size(), L'n');
-        EXPECT_EQ(Open(path, L"wo"), SystemOpens(path)) << length;
-    }
 }
 
 TEST_F(FileIO, IsRefusedWhatOthersHoldOrProtect) {
@@ -110,21 +95,6 @@ TEST_F(FileIO, SeeksAndChangesItsSize) {
     Call(L"close");
     EXPECT_EQ(ReadFileBytes(path), std::string("\0\0\0x", 4)) << "the position outlives the content";
     EXPECT_EQ(Call(L"seek", 0, 0), "EMPTY") << "closed";
-}
-
-TEST_F(FileIO, HasTheNumbersThatScriptNeeds) {
-    for (const auto& [name, value] :
-         {std::pair(L"BEGIN", "I4 0"), std::pair(L"CURRENT", "I4 1"), std::pair(L"END", "I4 2"),
-          std::pair(L"S_OK", "I4 0"), std::pair(L"E_ABORT", "I4 -2147467260")})
-        EXPECT_EQ(Get(name), value);
-}
-
-TEST_F(FileIO, RefusesWrongArguments) {
-    EXPECT_EQ(Call(L"read", OptionObject(), 1), StatusText(E_INVALIDARG)) << "no stream";
-    EXPECT_EQ(Call(L"read", Variant::Object(nullptr), 1), StatusText(E_INVALIDARG));
-    EXPECT_EQ(Call(L"write", NewStream(), 0), StatusText(E_INVALIDARG));
-    EXPECT_EQ(Call(L"seek", 0, 0.0), StatusText(E_INVALIDARG)) << "the origin must be I4";
-    EXPECT_EQ(PutText(plugin_.Get(), L"size", -1), StatusText(E_INVALIDARG));
 }
 
 }  // namespace

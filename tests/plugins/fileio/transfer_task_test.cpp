@@ -87,33 +87,5 @@ TEST_F(Transfer, KeepsToItsOwnFile) {
     EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kPiece);
 }
 
-TEST_F(Transfer, RefusesAtOnceWhatItCannotStart) {
-    const std::pair<const wchar_t*, OptionObject> wrong[] = {
-        {L"readAsync", Options(0)},
-        {L"readAsync", Options(1).Set(L"len", 1)},  // of another kind
-        {L"readAsync", Options(1).Set(L"src", StreamOf("text"))},
-        {L"writeAsync", Options(1)},
-        {L"writeAsync", Options(1).Set(L"src", OptionObject())},
-    };
-    for (const auto& [member, options] : wrong) {
-        const Ending end = Run(member, options);
-        EXPECT_EQ(end.result, "BOOL false");
-        EXPECT_EQ(end.text, FailText(E_INVALIDARG, kMine));
-    }
-}
-
-// With real script: an error in a function is the run's failure.
-TEST_F(Transfer, FailsWithItsProgress) {
-    Call(L"open", (folder_ / L"file").c_str(), L"wc");
-    ScriptBench bench(plugin_.Get());
-    const auto fail = MakeCom<Recorder>();
-    const OptionObject options = Options(7).Set(L"src", StreamOf("content")).Set(L"fail", fail);
-    options.Set(L"progress", bench.Evaluate(L"(function (context) { nothing.at.all(); })"));
-    Call(L"writeAsync", static_cast<IDispatch*>(options));
-    EXPECT_TRUE(PumpUntil([&] { return fail->calls.size() == 1; }));
-    EXPECT_THAT(fail->Texts(), ElementsAre(MatchesRegex("I4 -2\\d+, BSTR mine")));
-    EXPECT_GT(bench.Errors(), 0);
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -1,7 +1,6 @@
 #include "host/contract/menu.h"
 
 #include "tests/plugins/support/plugin_of_window.h"
-#include "tests/support/silent_object.h"
 
 namespace tarvik {
 namespace {
@@ -47,19 +46,6 @@ class MenuPlugin : public PluginOfWindow {
     const ComPtr<Recorder> function_ = MakeCom<Recorder>();
 };
 
-TEST_F(MenuPlugin, MakesMenusOfThreeTypes) {
-    for (const wchar_t* type : {L"popupMenu", L"TRAYMENU", L"windowMenu"})
-        EXPECT_TRUE(IsMenu(Make(type).Native())) << type;
-    EXPECT_EQ(CallText(Make(), L"popup"), "BOOL false") << "nothing is in it";
-    const Menu bar = Make(L"windowmenu");
-    bar.Add(L"a", function_.Get());
-    EXPECT_EQ(CallText(bar, L"popup", 10, 10), "BOOL false");
-    EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", L"menu").status, HasStatus(E_NOTIMPL));
-    EXPECT_THAT(CallMember(plugin_.Get(), L"createMenu", 1).status, HasStatus(E_INVALIDARG));
-    EXPECT_THAT(CallMember(bar, L"popup", L"10").status, HasStatus(E_NOTIMPL)) << "one is too few";
-    EXPECT_THAT(CallMember(bar, L"popup", L"10", 10).status, HasStatus(E_INVALIDARG));
-}
-
 TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
     const Menu menu = Make(), inner = Make();
     const auto item = [&](const wchar_t* option, auto&& value) {
@@ -87,20 +73,6 @@ TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
     EXPECT_TRUE(inner.Add(L"b", function_.Get()));
     EXPECT_GE(menu.Id(0), 2000u);
     EXPECT_EQ(inner.Id(0), menu.Id(0) + 10) << "every call takes a number";
-}
-
-TEST_F(MenuPlugin, RunsTheFunctionOfACommand) {
-    const Menu menu = Make(), inner = Make(), innermost = Make();
-    menu.Add(L"none", nullptr);
-    menu.Add(L"plain", function_.Get());
-    menu.Add(L"with context", function_.Get(), L"text");
-    menu.AddMenu(L"more", inner);
-    inner.AddMenu(L"still more", innermost);
-    innermost.Add(L"deep", function_.Get(), nullptr);
-    for (const UINT id : {menu.Id(0), menu.Id(1), menu.Id(2), innermost.Id(0)})
-        EXPECT_EQ(menu.Exec(id), 0);
-    EXPECT_EQ(inner.Exec(menu.Id(1)), 1) << "that of the menu above";
-    EXPECT_THAT(function_->Texts(), ElementsAre("", "BSTR text", "NULL"));
 }
 
 TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
@@ -143,33 +115,6 @@ TEST_F(MenuPlugin, OutlivesTheMenusThatItIsIn) {
     EXPECT_EQ(GetMenuItemCount(shared.Native()), 1);
 }
 
-// Of a plug-in library, for example.
-class ForeignMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
-  public:
-    STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
-    STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
-    STDMETHODIMP_(int) Exec(UINT id) override { return ++asked, id == 77 ? 0 : 1; }
-
-    int asked = 0;
-
-  private:
-    UniqueMenu menu_{CreatePopupMenu()};
-};
-
-// Twice in each of ten menus: 1024 ways lead to the innermost one.
-TEST_F(MenuPlugin, AsksASharedMenuOnce) {
-    const auto innermost = MakeCom<ForeignMenu>();
-    Menu top(innermost.Get());
-    for (int i = 0; i < 10; ++i) {
-        const Menu above = Make();
-        EXPECT_TRUE(above.AddMenu(L"one", top) && above.AddMenu(L"two", top));
-        top = above;
-    }
-    EXPECT_EQ(top.Exec(78), 1);
-    EXPECT_EQ(innermost->asked, 1);
-    EXPECT_EQ(top.Exec(77), 0);
-}
-
 TEST_F(MenuPlugin, NestsDeeperThanTheStack) {
     const ObjectCheck nothingLeft;
     const Menu top = Make();
@@ -181,25 +126,6 @@ TEST_F(MenuPlugin, NestsDeeperThanTheStack) {
     }
     menu.Add(L"a", function_.Get());
     EXPECT_EQ(top.Exec(menu.Id(0)), 0);
-}
-
-TEST_F(MenuPlugin, BearsWhatItsFunctionDoes) {
-    Menu menu = Make();
-    const HMENU native = menu.Native();
-    const auto drop = [&](const Recorder::Record&) {
-        for (int i = 0; i < 100; ++i)
-            menu.Add(L"new", function_.Get());
-        menu = Menu();
-        DestroyWindow(window_);
-        return Variant();
-    };
-    const auto function = MakeCom<Recorder>(drop);
-    menu.Add(L"a", function.Get(), L"context");
-    TVK::IMenu* const only = Query<TVK::IMenu>(menu).Get();
-    EXPECT_EQ(only->Exec(menu.Id(0)), 0);
-    EXPECT_THAT(function->Texts(), ElementsAre("BSTR context"));
-    EXPECT_FALSE(IsMenu(native));
-    EXPECT_TRUE(IsMenu(Make().Native())) << "by a plug-in whose window has gone";
 }
 
 }  // namespace

@@ -19,18 +19,5 @@ TEST(MousePlugin, MovesThePointerInOneDirection) {
     EXPECT_EQ(place(), "I4 250I4 170");
 }
 
-TEST(MousePlugin, RefusesWrongArguments) {
-    const auto plugin = MakeCom<CMousePlugin>();
-    for (const wchar_t* name : {L"isBtnDown", L"click"}) {
-        Argument wrong[] = {L"1", 1.5, nullptr, true};
-        for (Argument& button : wrong)
-            EXPECT_THAT(CallMember(plugin.Get(), name, std::move(button)).status, HasStatus(E_INVALIDARG));
-        EXPECT_THAT(CallMember(plugin.Get(), name, L"1", 1).status, HasStatus(E_NOTIMPL));
-        EXPECT_THAT(CallMember(plugin.Get(), name, 0, 1, 1, 1).status, HasStatus(E_NOTIMPL));
-    }
-    EXPECT_THAT(InvokeMember(plugin.Get(), L"x", DISPATCH_PROPERTYPUT, {}).status, HasStatus(E_NOTIMPL));
-    EXPECT_THAT(PutMember(plugin.Get(), L"LBTN", 1).status, HasStatus(E_NOTIMPL));
-}
-
 }  // namespace
 }  // namespace tarvik

@@ -3,11 +3,8 @@
 #include <sddl.h>
 
 #include <array>
-#include <atomic>
 #include <cmath>
-#include <thread>
 
-#include "base/module_function.h"
 #include "tests/plugins/support/test_key.h"
 
 namespace tarvik {
@@ -97,26 +94,6 @@ TEST_F(Registry, ReadsWhatOthersWrote) {
     }
 }
 
-TEST_F(Registry, ReadsWholeTextsWhileTheyChange) {
-    key_.Write(L"v", REG_SZ, "");
-    std::atomic<bool> isOver = false;
-    std::thread other([&] {
-        for (int turn = 0; !isOver; ++turn) {
-            const char letter = static_cast<char>('a' + turn % 7);
-            key_.Write(L"v", REG_SZ, std::string(turn % 7 * 1800, letter) + "\0\0"s);
-        }
-    });
-    int torn = 0;
-    for (int i = 0; i < 2000; ++i) {
-        const Outgoing read = CallMember(plugin_.Get(), L"queryValue", Variant::Text(At(L"v")));
-        const std::wstring text(read.value.Is(VT_BSTR) ? Bstr::View(read.value.bstrVal) : L"no text");
-        if (text.find_first_not_of(text[0]) != std::wstring::npos) ++torn;
-    }
-    isOver = true;
-    other.join();
-    EXPECT_EQ(torn, 0);
-}
-
 TEST_F(Registry, ReadsPaths) {
     const auto isKey = [&](const std::wstring& path) {
         return ResultText(CallMember(plugin_.Get(), L"isKeyExist", path.c_str()));
@@ -184,38 +161,6 @@ TEST_F(Registry, StopsWhereRightsEnd) {
     EXPECT_EQ(Call(L"queryValue", L"tree\\locked\\v"), "NULL");
     EXPECT_EQ(Call(L"isKeyExist", L"tree\\locked"), kFalse);
     allow(L"D:(A;;KA;;;WD)");
-}
-
-// The full name, as links need it.
-std::wstring FullName(HKEY key) {
-    using QueryKey = LONG WINAPI(HANDLE, int, void*, ULONG, ULONG*);
-    constexpr int kNameInformation = 3;
-    struct {
-        ULONG bytes;
-        wchar_t name[200];
-    } full = {};
-    ULONG size = 0;
-    FindFunction<QueryKey>(L"ntdll.dll", "NtQueryKey")(key, kNameInformation, &full, sizeof full, &size);
-    return {full.name, full.bytes / sizeof(wchar_t)};
-}
-
-// A key that leads to the one above it: the way down has no end.
-TEST_F(Registry, EndsInTreesWithoutAnEnd) {
-    const UniqueKey loop = MakeKey(HKEY_CURRENT_USER, key_.Path() + L"\\loop", kReadKey | KEY_CREATE_SUB_KEY);
-    struct Link : UniqueKey {
-        ~Link() {
-            using DeleteKey = LONG WINAPI(HANDLE);
-            FindFunction<DeleteKey>(L"ntdll.dll", "NtDeleteKey")(Get());
-        }
-    } up;
-    if (RegCreateKeyExW(loop.Get(), L"up", 0, nullptr, REG_OPTION_CREATE_LINK | REG_OPTION_VOLATILE,
-                        KEY_ALL_ACCESS | KEY_CREATE_LINK, nullptr, up.Receive(), nullptr) != ERROR_SUCCESS)
-        GTEST_SKIP() << "the user may make no links";
-    const std::wstring target = FullName(loop.Get());
-    RegSetValueExW(up.Get(), L"SymbolicLinkValue", 0, REG_LINK, reinterpret_cast<const BYTE*>(target.data()),
-                   static_cast<DWORD>(target.size() * sizeof(wchar_t)));
-    ASSERT_TRUE(key_.Has(L"loop\\up\\up\\up"));
-    EXPECT_EQ(Call(L"deleteKey", L"loop"), kFalse);
 }
 
 TEST_F(Registry, SeesTheHalfOfItsMode) {

@@ -1,6 +1,5 @@
 // What changes the session and the machine. Only calls that do nothing are made.
 #include "plugins/system/elevated_restart.h"
-#include "plugins/system/taskbar_verb.h"
 #include "tests/plugins/system/system_fixture.h"
 
 namespace tarvik {
@@ -25,9 +24,6 @@ TEST_F(HarmlessSystem, AsksForThePowerState) {
         calls_.works = false;
         EXPECT_EQ(Ask(row.member), row.member == std::wstring(L"closeMonitor") ? "BOOL true" : "BOOL false");
         EXPECT_THAT(calls_.Told(), ElementsAre(row.told, row.told));
-        EXPECT_EQ(Ask(row.member, 1), StatusText(E_NOTIMPL));
-        EXPECT_EQ(ResultText(GetMember(plugin_.Get(), row.member)), StatusText(E_NOTIMPL));
-        EXPECT_THAT(calls_.Told(), IsEmpty());
     }
 }
 
@@ -52,23 +48,6 @@ TEST_F(HarmlessSystem, RestartsForMoreRights) {
     EXPECT_EQ(RestartArguments(CCommandLine(L"app.exe")), L"");
 }
 
-TEST_F(HarmlessSystem, TellsKindsOfAccessApart) {
-    EXPECT_EQ(Ask(L"administrator"), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Ask(L"cmdArgs"), StatusText(E_NOTIMPL));
-    EXPECT_EQ(Ask(L"abort", 1, L"any", nullptr), StatusText(E_ABORT));
-    EXPECT_THAT(PutMember(plugin_.Get(), L"isX64Process", true).status, HasStatus(E_NOTIMPL));
-    EXPECT_THAT(plugin_->Initialize(nullptr, nullptr), HasStatus(E_INVALIDARG));
-    // A read whose answer nobody wants, and a write that has the flag of a read as well.
-    DISPPARAMS none = {};
-    const auto invoke = [&](DISPID id, WORD flags, DISPPARAMS* parameters) {
-        return plugin_->Invoke(id, IID_NULL, 0, flags, parameters, nullptr, nullptr, nullptr);
-    };
-    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYGET, &none), HasStatus(S_OK));
-    Variant wanted = Variant::Bool(true);
-    DISPPARAMS one = {&wanted, nullptr, 1, 0};
-    EXPECT_THAT(invoke(-9984, DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYGET, &one), HasStatus(E_ABORT));
-}
-
 TEST_F(System, LetsALibraryRegisterItself) {
     const std::wstring library = Helper(L"self_registering.dll");
     EXPECT_EQ(Ask(L"registerDll", library.c_str()), "BOOL true");
@@ -83,15 +62,6 @@ TEST_F(System, LetsALibraryRegisterItself) {
     folder_.Write(L"text.dll", "no library");
     for (const wchar_t* path : {L"missing.dll", L"text.dll", L"C:\\windows\\system32\\version.dll"})
         EXPECT_EQ(Ask(L"registerDll", path), "BOOL false") << Narrow(path);
-}
-
-TEST_F(System, FindsAnEntryOfAFilesMenuByItsText) {
-    const std::wstring file = folder_.Write(L"file.txt", "");
-    EXPECT_THAT(DoVerbOfText(file, L"no such entry"), HasStatus(E_FAIL));
-    EXPECT_THAT(DoVerbOfText(file, L"&COPY"), testing::AnyOf(S_OK, E_NOTIMPL)) << "Wine finds, and does not";
-    EXPECT_NE(Guard([&] { return DoVerbOfText(folder_ / L"missing.txt", L"x"); }), S_OK);
-    for (const wchar_t* member : {L"pinToTaskbar", L"unpinFromTaskbar"})
-        EXPECT_EQ(Ask(member, L"missing.txt"), "BOOL false");
 }
 
 }  // namespace

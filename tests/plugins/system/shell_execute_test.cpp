@@ -90,8 +90,6 @@ TEST_F(ShellExecution, StartsNothingOfWhatCannotBeStarted) {
         }
     }
     EXPECT_EQ(Ask(L"shellExecute", static_cast<IDispatch*>(nullptr)), "BOOL false");
-    EXPECT_EQ(Ask(L"shellExecute", L"notepad"), StatusText(E_INVALIDARG));
-    EXPECT_EQ(Ask(L"shellExecute"), StatusText(E_NOTIMPL));
     EXPECT_EQ(ended_->calls.size(), 0u);
 }
 

@@ -52,21 +52,6 @@ TEST_F(TrayPlugin, AddsNothingWithoutItsPicture) {
     EXPECT_FALSE(IsShown());
 }
 
-TEST_F(TrayPlugin, TellsItsThreeClicks) {
-    const auto click = MakeCom<Recorder>(), twice = MakeCom<Recorder>(), right = MakeCom<Recorder>();
-    Click(WM_LBUTTONUP);  // nobody is told
-    PutMember(plugin_.Get(), L"onClick", click);
-    PutMember(plugin_.Get(), L"onDbClick", twice);
-    PutMember(plugin_.Get(), L"onRClick", right);
-    for (const UINT mouse : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP,
-                             WM_RBUTTONDOWN, WM_RBUTTONUP})
-        EXPECT_EQ(Click(mouse), 0);
-    EXPECT_EQ(Click(WM_LBUTTONUP, kTrayIcon + 1), -1);
-    EXPECT_THAT(click->Texts(), ElementsAre("", ""));
-    EXPECT_THAT(twice->Texts(), ElementsAre(""));
-    EXPECT_THAT(right->Texts(), ElementsAre(""));
-}
-
 TEST_F(TrayPlugin, ComesBackWithTheShell) {
     for (const bool shown : {true, false}) {
         Call(L"addTray", L"tip");
@@ -75,16 +60,6 @@ TEST_F(TrayPlugin, ComesBackWithTheShell) {
         SendMessageW(window_, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
         EXPECT_EQ(IsShown(), shown);
     }
-}
-
-TEST_F(TrayPlugin, GoesWithItsWindowInsideItsFunction) {
-    Call(L"addTray", L"tip");
-    const auto close = [this](const Recorder::Record&) { return DestroyWindow(window_), Variant(); };
-    PutMember(plugin_.Get(), L"onClick", MakeCom<Recorder>(close));
-    plugin_.Reset();
-    Click(WM_LBUTTONUP);
-    EXPECT_FALSE(IsWindow(window_));
-    EXPECT_FALSE(IsShown());
 }
 
 }  // namespace

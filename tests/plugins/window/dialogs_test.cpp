@@ -13,7 +13,6 @@
 #include "base/owners.h"
 #include "control/page/register.h"
 #include "host/web_browser.h"
-#include "plugins/window/name_buffer.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/dialog_driver.h"
 #include "tests/support/test.h"
@@ -21,7 +20,6 @@
 namespace tarvik {
 namespace {
 
-using testing::ElementsAreArray;
 using testing::UnorderedElementsAreArray;
 
 constexpr int kBoxText = 0xFFFF;
@@ -105,28 +103,6 @@ TEST_F(Dialogs, BoxesShowAndAnswer) {
     EXPECT_EQ(CallText(plugin_.Get(), L"messageBox", Variant::Object(nullptr)), "BOOL false");
 }
 
-TEST_F(Dialogs, ABoxMayOpenAnother) {
-    const OptionObject inner;
-    inner.Set(L"caption", L"Inner");
-    const OptionObject outer;
-    outer.Set(L"caption", L"Outer")
-        .Set(L"onOk", MakeCom<Recorder>([&](const Recorder::Record&) {
-                 return std::move(
-                     CallMember(plugin_.Get(), L"messageBox", static_cast<IDispatch*>(inner)).value);
-             }));
-    std::vector<std::wstring> titles;
-    EXPECT_EQ(Ask(L"messageBox", outer,
-                  [&](HWND first) {
-                      titles.push_back(TitleOf(first));
-                      Press(first, IDOK);
-                      const HWND second = NextDialog();
-                      titles.push_back(TitleOf(second));
-                      PressKey(VK_RETURN);
-                  }),
-              "BOOL true");
-    EXPECT_THAT(titles, ElementsAre(L"Outer", L"Inner"));
-}
-
 TEST_F(Dialogs, FlagsDecideWhichFilesAreTaken) {
     const struct {
         std::vector<const wchar_t*> flags;
@@ -179,17 +155,6 @@ TEST_F(Dialogs, FilesAreFiltered) {
         Press(dialog, IDCANCEL);
     });
     EXPECT_THAT(kinds, ElementsAre(L"Text files", L"All files"));
-}
-
-// A dialog that came all the same would have nobody to answer it.
-TEST_F(Dialogs, AskNothingWithoutAPlaceForTheAnswer) {
-    for (const wchar_t* member : {L"selectFile", L"selectFolder"}) {
-        DISPID id = 0;
-        DISPPARAMS none = {};
-        EXPECT_EQ(IdOf(plugin_.Get(), member, &id), S_OK);
-        EXPECT_EQ(plugin_->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), S_OK);
-        EXPECT_THAT(CallMember(plugin_.Get(), member, L"x").status, HasStatus(E_INVALIDARG));
-    }
 }
 
 // What shows pages must be there before the window is.
@@ -286,38 +251,6 @@ TEST_F(PageDialogs, TakeAnyNumberOfFiles) {
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
     });
     EXPECT_THAT(Paths(), UnorderedElementsAreArray(files));
-    std::wstring typed;
-    for (const std::wstring& file : files)
-        typed += L'"' + file.substr(file.rfind(L'\\') + 1) + L"\" ";
-    Ask(L"selectFile", options, [&](HWND dialog) { EnterFileName(dialog, typed); });
-    EXPECT_THAT(Paths(), testing::AnyOf(ElementsAreArray(files), IsEmpty())) << "typed, it may be too much";
-}
-
-// A file dialog as far as it is asked.
-LRESULT CALLBACK AnswerAsDialog(HWND window, UINT message, WPARAM size, LPARAM buffer) {
-    if (message != CDM_GETSPEC && message != CDM_GETFOLDERPATH)
-        return DefWindowProcW(window, message, size, buffer);
-    const std::wstring text = message == CDM_GETSPEC ? L"\"link.lnk\" \"link\" \"a.txt\"" : TitleOf(window);
-    if (size > text.size()) wcscpy(reinterpret_cast<wchar_t*>(buffer), text.c_str());
-    return static_cast<LRESULT>(text.size()) + 1;
-}
-
-// Those take the place of their names in what the dialog leaves.
-TEST(SelectedNames, HaveRoomForTheTargetsOfShortcuts) {
-    const TempFolder folder;
-    const std::wstring target = L"C:\\" + std::wstring(200, L't');
-    ComPtr<IShellLinkW> link;
-    CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
-                     reinterpret_cast<void**>(link.GetAddressOf()));
-    link->SetPath(target.c_str());
-    ASSERT_EQ(Query<IPersistFile>(link.Get())->Save((folder / L"link.lnk").c_str(), TRUE), S_OK);
-    const UniqueWindow dialog(CreateWindowW(L"STATIC", folder.Path().c_str(), WS_POPUP, 0, 0, 0, 0, nullptr,
-                                            nullptr, nullptr, nullptr));
-    SetWindowLongPtrW(dialog.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerAsDialog));
-    NameBuffer names;
-    names.Fit(dialog.Get());
-    const size_t plain = folder.Path().size() + wcslen(L"\"link.lnk\" \"link\" \"a.txt\"") + 3;
-    EXPECT_EQ(names.Size(), plain + 2 * target.size() - wcslen(L"link.lnk") - wcslen(L"link"));
 }
 
 }  // namespace

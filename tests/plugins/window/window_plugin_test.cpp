@@ -1,8 +1,6 @@
 #include <windows.h>
 
-#include "host/contract/menu.h"
 #include "plugins/window/window_plugin.h"
-#include "tests/support/silent_object.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
 
@@ -13,16 +11,6 @@ using WindowPlugin = WindowPluginTest;
 
 bool operator==(const RECT& place, const std::array<LONG, 4>& sides) {
     return sides == std::array<LONG, 4>{place.left, place.top, place.right, place.bottom};
-}
-
-TEST_F(WindowPlugin, ComesMinimisesAndCloses) {
-    CallMember(plugin_.Get(), L"show", true);
-    EXPECT_EQ(CallText(plugin_.Get(), L"isForeWindow"), "BOOL true");
-    CallMember(plugin_.Get(), L"minimize");
-    EXPECT_TRUE(IsIconic(window_));
-    EXPECT_EQ(CallText(plugin_.Get(), L"close"), "BOOL true");
-    EXPECT_TRUE(IsWindow(window_)) << "closing is posted";
-    EXPECT_TRUE(PumpUntil([this] { return !IsWindow(window_); }));
 }
 
 TEST_F(WindowPlugin, ChangesOneSideAndKeepsTheOthers) {
@@ -76,15 +64,6 @@ TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
     }
 }
 
-TEST_F(WindowPlugin, HasTheSizeOfAnImageForGood) {
-    const std::wstring image = folder_.Write(L"shape.bmp", BitmapOf(std::vector<uint32_t>(60), 10));
-    PutMember(plugin_.Get(), L"shapeImage", image.c_str());
-    EXPECT_EQ(GetMember(plugin_.Get(), L"height").value.lVal, 6);
-    EXPECT_EQ(PutText(plugin_.Get(), L"width", 50), "BOOL false");
-    EXPECT_EQ(PutText(plugin_.Get(), L"caption", true), "BOOL false");
-    EXPECT_EQ(GetMember(plugin_.Get(), L"width").value.lVal, 10);
-}
-
 TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
     const auto limits = [this] {
         MINMAXINFO info = {};
@@ -102,52 +81,6 @@ TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
         EXPECT_THAT(PutMember(plugin_.Get(), name, -1).status, HasStatus(S_OK)) << name;
     }
     EXPECT_EQ(limits(), (std::array<LONG, 4>{0, 0, 0, 0})) << "-1 is no limit";
-}
-
-TEST_F(WindowPlugin, ShowsProgressInTheTaskBar) {
-    const bool has = CallMember(plugin_.Get(), L"isSupportTaskbarProgress").value.boolVal == VARIANT_TRUE;
-    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgress", 3, 10), "BOOL true");
-    EXPECT_THAT(CallMember(plugin_.Get(), L"setTaskbarProgress", 3, 0).status, HasStatus(E_INVALIDARG));
-    EXPECT_EQ(CallMember(plugin_.Get(), L"setTaskbarProgressState", L"CYCLE").value.boolVal == VARIANT_TRUE,
-              has);
-    EXPECT_EQ(CallText(plugin_.Get(), L"setTaskbarProgressState", L"busy"), "BOOL false");
-}
-
-// A menu with a native one behind it, that answers commands up to a number.
-class FakeMenu : public SilentObject<As<TVK::IMenu, IDispatch, TVK::IMenu>> {
-  public:
-    STDMETHODIMP Init(HWND, HWND, int) override { return S_OK; }
-    STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
-    STDMETHODIMP_(int) Exec(UINT id) override { return commands.push_back(id), 0; }
-
-    std::vector<UINT> commands;
-
-  private:
-    UniqueMenu menu_{CreateMenu()};
-};
-
-TEST_F(WindowPlugin, PassesCommandsToItsMenu) {
-    EXPECT_EQ(GetText(plugin_.Get(), L"menu"), "DISPATCH null");
-    const auto first = MakeCom<FakeMenu>();
-    const auto second = MakeCom<FakeMenu>();
-    for (const auto& menu : {first, second})
-        PutMember(plugin_.Get(), L"menu", static_cast<IDispatch*>(menu.Get()));
-    EXPECT_EQ(::GetMenu(window_), second->GetMenu());
-    EXPECT_THAT(PutMember(plugin_.Get(), L"menu", MakeCom<Recorder>()).status, HasStatus(S_OK));
-    EXPECT_EQ(GetMember(plugin_.Get(), L"menu").value.pdispVal, second.Get()) << "what is no menu is none";
-    for (const UINT id : {1999u, 2000u, 2999u, 3000u, 3001u})
-        SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
-    EXPECT_THAT(second->commands, ElementsAre(2000, 2999, 3000));
-    EXPECT_TRUE(first->commands.empty());
-    DestroyWindow(window_);
-    EXPECT_TRUE(IsMenu(second->GetMenu())) << "a menu does not end with its window";
-}
-
-// Script that keeps `external` longer than the window is given plug-ins that never hear of one.
-TEST_F(WindowPlugin, DoesNothingWithoutAWindow) {
-    const auto late = MakeCom<CWindowPlugin>();
-    EXPECT_THAT(late->Initialize(nullptr, nullptr), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(PutMember(late.Get(), L"shapeImage", L"a.bmp").status, HasStatus(S_OK));
 }
 
 // A page's functions for the events of its window, each with an answer.
@@ -202,34 +135,6 @@ TEST_F(WindowEvents, RefuseByARealFalseOnly) {
     EXPECT_TRUE(IsZoomed(window_)) << "a double click on the caption is another command";
     EXPECT_EQ(After(WM_CLOSE, 0), L"onInactivate onClosed ") << "and so is being closed";
     EXPECT_FALSE(IsWindow(window_));
-}
-
-TEST_F(WindowEvents, MayChangeTheirOwnFunctions) {
-    const auto last = MakeCom<Recorder>();
-    const auto first = MakeCom<Recorder>([&](const Recorder::Record&) {
-        PutMember(plugin_.Get(), L"onMinimize", last);
-        return Variant::Bool(false);
-    });
-    PutMember(plugin_.Get(), L"onMinimize", first);
-    for (int i = 0; i < 2; ++i)
-        SendMessageW(window_, WM_SYSCOMMAND, SC_MINIMIZE, 0);
-    EXPECT_EQ(first->calls.size(), 1u);
-    EXPECT_EQ(last->calls.size(), 1u);
-    PutMember(plugin_.Get(), L"onMinimize", static_cast<IDispatch*>(nullptr));
-    SendMessageW(window_, WM_SYSCOMMAND, SC_MINIMIZE, 0);
-    EXPECT_EQ(last->calls.size(), 1u) << "a null reference takes the function away";
-}
-
-TEST_F(WindowEvents, MayCloseTheWindow) {
-    const long before = liveComObjects;
-    PutMember(plugin_.Get(), L"onClose", MakeCom<Recorder>([this](const Recorder::Record&) {
-                  DestroyWindow(window_);
-                  return Variant();
-              }));
-    plugin_.Reset();
-    SendMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
-    EXPECT_FALSE(IsWindow(window_));
-    EXPECT_LT(liveComObjects, before) << "the plug-in goes with its window";
 }
 
 }  // namespace

@@ -57,14 +57,6 @@ TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
     EXPECT_EQ(RunOn(WriteArchive({{.name = "no such time", .time = 0xFFFF, .date = 0}})).text, kSuccess);
 }
 
-// Those that say they are UTF-8 come from the usual programs in real_archives_test.cpp.
-TEST_F(Unzip, ReadsNamesOfTheSystemsOldCharacters) {
-    const std::string name(120, 'n');
-    EXPECT_EQ(RunOn(WriteArchive({{"caf\xE9", "2"}, {name, "3"}})).text, kSuccess);
-    EXPECT_TRUE(GetACP() != 1252 || FileExists(Dest() + L"\\caf\u00E9"));
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\" + Widen(name)), "3");
-}
-
 std::string Damaged(std::string archive, size_t at) {
     archive[at] ^= 0x55;
     return archive;
@@ -102,24 +94,6 @@ TEST_F(Unzip, RefusesBrokenArchives) {
     for (const auto& [what, member] : members) {
         EXPECT_EQ(RunOn(WriteArchive({member})).text, UnzipFailText(E_FAIL)) << what;
         EXPECT_FALSE(FileExists(Dest())) << what;
-    }
-}
-
-// The hour is compared where real archives are unpacked.
-TEST_F(Unzip, SetsTheTimeOfFilesAndFolders) {
-    constexpr std::uint16_t kDate = (2021 - 1980) << 9 | 7 << 5 | 30;
-    constexpr std::uint16_t kNoon = 12 << 11;
-    const std::string archive = WriteArchive(
-        {{.name = "folder/", .time = kNoon, .date = kDate}, {.name = "file", .time = kNoon, .date = kDate}});
-    EXPECT_EQ(RunOn(archive).text, kSuccess);
-    for (const wchar_t* name : {L"\\folder", L"\\file"}) {
-        WIN32_FILE_ATTRIBUTE_DATA data = {};
-        GetFileAttributesExW((Dest() + name).c_str(), GetFileExInfoStandard, &data);
-        for (const FILETIME& time : {data.ftCreationTime, data.ftLastWriteTime}) {
-            WORD date = 0, hour = 0;
-            FileTimeToDosDateTime(&time, &date, &hour);
-            EXPECT_EQ(date, kDate);
-        }
     }
 }
 

@@ -4,16 +4,6 @@
 namespace tarvik {
 namespace {
 
-TEST_F(Unzip, AndZipRefuseWrongCallsAtOnce) {
-    for (const wchar_t* name : {L"unzip", L"zip"}) {
-        for (const Outgoing& out :
-             {CallMember(plugin_.Get(), name), CallMember(plugin_.Get(), name, L"a.zip"),
-              CallMember(plugin_.Get(), name, Variant::Object(nullptr))})
-            EXPECT_THAT(out.status, HasStatus(E_INVALIDARG));
-        EXPECT_THAT(GetMember(plugin_.Get(), name).status, HasStatus(E_NOTIMPL));
-    }
-}
-
 TEST_F(Unzip, AnswersMissingOptions) {
     const std::string archive = "program" + WriteArchive({{"a", "1"}});
     const std::string noPath = UnzipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
@@ -91,16 +81,6 @@ TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
         EXPECT_EQ(Run(options.Set(L"dest", kept.Path().c_str()), answer).text, c.ending);
         EXPECT_EQ(ReadTree(kept.Path()).size(), c.filesLeft);
     }
-}
-
-TEST_F(Unzip, SkipsWhatProgressAnsweredWithZero) {
-    folder_.Write(L"out\\above\\a.txt", "mine");
-    const auto skip = [](const Recorder::Record&) { return Variant::I4(0); };
-    EXPECT_EQ(RunOn(WriteArchive({{"only/", ""}, {"above/a.txt", "1"}, {"new/b.txt", "2"}}), skip).text,
-              kSuccess);
-    const std::vector<std::pair<std::u8string, std::string>> expected = {
-        {u8"above/", ""}, {u8"above/a.txt", "mine"}, {u8"new/", ""}, {u8"only/", ""}};
-    EXPECT_EQ(ReadTree(Dest()), expected) << "folders are made before they can be skipped";
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <ctime>
 #include <filesystem>
 
 #include "archive/archive_writer.h"
@@ -18,25 +17,6 @@ std::string Noise(size_t size) {
     for (unsigned seed = 7; bytes.size() < size; seed = seed * 1'103'515'245 + 12'345)
         bytes += static_cast<char>(seed >> 16);
     return bytes;
-}
-
-// Give or take a time zone. Others are compared after a round trip, in check_archives.
-TEST_F(Zip, TellsTheNearestTimeThatTheFormatCanTell) {
-    const std::wstring path = folder_.Write(L"source\\a", "1");
-    constexpr std::time_t kTwoDays = 2 * 24 * 60 * 60;
-    for (const auto& [time, packed] : {std::pair(-1'000'000ll, 315'532'800ll),
-                                       {1'627'652'758ll, 1'627'652'758ll},
-                                       {5'000'000'000ll, 4'354'819'200ll}}) {
-        {
-            const FILETIME fileTime = ToFileTime(time);
-            const UniqueHandle file(
-                CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-            SetFileTime(file.Get(), nullptr, nullptr, &fileTime);
-        }
-        EXPECT_EQ(Pack(PackingOf(path).Set(L"overWrite", true)).text, kSuccess);
-        const std::string archive = ReadFileBytes(Archive());
-        EXPECT_NEAR(ArchiveReader(BytesOf(archive)).Statistics(0).m_time, packed, kTwoDays);
-    }
 }
 
 TEST(EntryName, FollowsTheSourceThatScriptNamed) {
@@ -64,23 +44,6 @@ TEST(EntryName, FollowsTheSourceThatScriptNamed) {
             EXPECT_THROW(name(), StatusError);
         }
     }
-}
-
-TEST(ArchiveWriter, StopsAtTheLimitsOfTheFormat) {
-    for (const bool isTooMany : {false, true}) {
-        ArchiveWriter archive([](void*, mz_uint64, const void*, size_t count) { return count; }, nullptr);
-        for (size_t i = 0; i < ArchiveWriter::kMostEntries; ++i)
-            archive.AddFolder(L"a/");
-        if (isTooMany) {
-            EXPECT_THROW(archive.AddFolder(L"a/"), StatusError);
-        } else {
-            archive.Finish();
-        }
-    }
-    const TempFolder folder;
-    const std::vector<std::wstring> two = {folder.Write(L"a", "1"), folder.Write(L"b", "12")};
-    EXPECT_EQ(FindSources(two, 2).totalSize, 3u);
-    EXPECT_THROW(FindSources(two, 1), StatusError);
 }
 
 // Answers of progress change what is packed while it is packed.
