@@ -83,6 +83,18 @@ TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
     DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
 }
 
+// The page hears of the press when the button is up again.
+TEST_F(WindowFrameOnDesk, StaysAtAClickOnItsHandle) {
+    OpenStrips("w.caption = false; document.onmousedown = function () { console.log('pressed'); };");
+    const POINT handle = InPage(100, 30), aside = InPage(200, 200);
+    INPUT click[] = {MoveOf(handle), MouseInputOf(MOUSEEVENTF_LEFTDOWN), MouseInputOf(MOUSEEVENTF_LEFTUP)};
+    SendInput(3, click, sizeof *click);
+    ASSERT_TRUE(program_.WaitForLine("pressed"));
+    Send(MoveOf(aside));
+    Sleep(300);
+    EXPECT_THAT(Sides(), ElementsAre(200, 150, 400, 300));
+}
+
 TEST_F(WindowFrameOnDesk, MovesOnceAPressAfterANavigation) {
     OpenStrips(
         "w.caption = false; window.addEventListener('load', function () { setTimeout(function () {"

@@ -59,6 +59,7 @@ void Drag(POINT from, POINT to) {
         Send(MoveOf({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps}));
         Sleep(kPause);
     }
+    Sleep(4 * kPause);  // a window that follows is at its place before the button goes up
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     Sleep(kPause);
 }
