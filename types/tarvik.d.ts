@@ -1861,12 +1861,15 @@ declare namespace Tarvik {
      * @throws 0x80070057 if there is no option object.
      *
      * @example
+     * var names = [];
      * external.minizip.unzip({
      *   src: 'garden.zip', dest: 'unpacked', overWrite: true,
-     *   progress: function (name, total, done) { if (total) document.title = Math.round(100 * done / total) + ' %'; },
+     *   progress: function (name, total, done) {
+     *     if (total === undefined) names.push(name);
+     *     else document.title = Math.round(100 * done / total) + ' %';
+     *   },
      *   success: function () {
-     *     external.file.isFileExist('unpacked\\garden\\leeks.txt');  //= true
-     *     external.file.deleteFile('unpacked');
+     *     names.length;  //= 4
      *   },
      *   fail: function (context, code) { alert('It failed: ' + code); }
      * });
