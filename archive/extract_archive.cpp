@@ -4,6 +4,7 @@
 #include "archive/member_output.h"
 #include "archive/member_path.h"
 #include "base/status.h"
+#include "base/write_file.h"
 
 namespace tarvik {
 
@@ -16,13 +17,12 @@ struct MemberWriteContext {
 
 // Anything but `count` makes the reader give up. Its offset is that of the file's pointer.
 size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noexcept {
-    DWORD written = 0;
-    const HRESULT status = Guard([&] {
-        const auto& member = *static_cast<const MemberWriteContext*>(target);
-        if (!WriteFile(member.file, data, static_cast<DWORD>(count), &written, nullptr)) ThrowLastError();
-        return member.listener.DataWritten(count) ? S_OK : E_ABORT;
-    });
-    return status == S_OK ? written : 0;
+    const auto& member = *static_cast<const MemberWriteContext*>(target);
+    if (const HRESULT status = Guard([&] { WriteAll(member.file, data, count); }); FAILED(status)) {
+        member.listener.WriteFails(status);
+        return 0;
+    }
+    return Guard([&] { return member.listener.DataWritten(count) ? S_OK : E_ABORT; }) == S_OK ? count : 0;
 }
 
 ULONGLONG TotalSize(ArchiveReader& archive) {

@@ -18,10 +18,12 @@ class ExtractListener {
     virtual void SetTotal(ULONGLONG bytes) = 0;
     virtual Answer MemberStarts(std::wstring_view name) = 0;
     virtual bool DataWritten(ULONGLONG count) = 0;  // false ends the run
+    virtual void WriteFails(HRESULT) noexcept {}    // why the run ends now
 };
 
-// Extracts what lies in memory into a folder. A failure is thrown, E_ABORT if the listener ended the run;
-// then a folder that was made for it is gone again, and another one keeps what was extracted so far.
+// Extracts what lies in memory into a folder. A failure is thrown: E_ABORT if the listener answered kStop,
+// and E_FAIL for all that ends a member half-way. Then a folder that was made for it is gone again, and
+// another one keeps what was extracted so far.
 void ExtractArchive(Bytes archive, const std::wstring& folder, bool overWrite, ExtractListener& listener);
 
 }  // namespace tarvik

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "base/owners.h"
 #include "archive/archive_finder.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

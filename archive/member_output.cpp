@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
+#include "archive/file_time.h"
 #include "base/shell_delete.h"
 #include "base/status.h"
-#include "archive/file_time.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "archive/source_file.h"
 
-#include "base/status.h"
 #include "archive/file_time.h"
+#include "base/status.h"
 
 namespace tarvik {
 

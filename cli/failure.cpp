@@ -6,14 +6,16 @@
 
 namespace tarvik {
 
-void FailAs(const std::wstring& what, HRESULT status) {
+std::wstring Reason(HRESULT status) {
     std::wstring reason = SystemText(status);
-    if (reason.empty()) {
-        wchar_t number[16];
-        swprintf(number, std::size(number), L"0x%08lX", static_cast<unsigned long>(status));
-        reason = number;
-    }
-    throw Failure(what + L": " + reason + L".");
+    if (!reason.empty()) return reason;
+    wchar_t number[16];
+    swprintf(number, std::size(number), L"0x%08lX", static_cast<unsigned long>(status));
+    return number;
+}
+
+void FailAs(const std::wstring& what, HRESULT status) {
+    throw Failure(what + L": " + Reason(status) + L".");
 }
 
 void FailWithLastError(const std::wstring& what) {

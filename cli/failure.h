@@ -24,6 +24,9 @@ class UsageError : public Failure {
     using Failure::Failure;
 };
 
+// The system's words for a status, or its number if there are none.
+std::wstring Reason(HRESULT status);
+
 // What could not be done, and the system's reason; without a status, the last error.
 [[noreturn]] void FailAs(const std::wstring& what, HRESULT status);
 [[noreturn]] void FailWithLastError(const std::wstring& what);

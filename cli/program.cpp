@@ -3,7 +3,6 @@
 #include <string>
 
 #include "base/status.h"
-#include "base/text.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"
@@ -29,7 +28,7 @@ int RunProgram(std::wstring_view name, const std::function<void()>& work) {
     } catch (const Failure& failure) {
         return Complain(name, failure.Text(), kFailed);
     } catch (...) {
-        return Complain(name, SystemText(CaughtStatus()) + L".", kFailed);
+        return Complain(name, Reason(CaughtStatus()) + L".", kFailed);
     }
 }
 

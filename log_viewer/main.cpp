@@ -71,9 +71,11 @@ void Run(const Arguments& arguments) {
     } else if (arguments.Has(L"--version")) {
         Console::Out().Write(L"tarvik-log " TARVIK_VERSION L"\n");
     } else {
+        const auto wanted = arguments.Value(L"--process");
+        if (wanted && wanted->empty()) throw UsageError(L"--process takes a file name or an id.");
         auto output = Explained(L"The debugger's channel cannot be read", [] { return DebugOutput::Open(); });
         if (!output) throw Failure(L"Another viewer reads the debugger's channel already. End it first.");
-        Print(*output, arguments.Value(L"--process"));
+        Print(*output, wanted);
     }
 }
 

@@ -8,10 +8,10 @@
 
 namespace tarvik {
 
-// A file or a folder of an application.
+// A file or a folder of an application. Its name is that in the archive: from the application's folder, with
+// slashes; that of a folder ends in one.
 struct Entry {
-    std::wstring
-        name;  // in the archive: from the application's folder, with slashes; that of a folder ends in one
+    std::wstring name;
     std::wstring path;
     ULONGLONG size = 0;
 };

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "archive/archive_writer.h"
+#include "base/write_file.h"
 #include "cli/failure.h"
 #include "cli/progress_line.h"
 #include "pack/attached_archive.h"
@@ -22,7 +23,7 @@ class Target {
 
     ULONGLONG Size() const {
         LARGE_INTEGER size = {};
-        GetFileSizeEx(file_.Get(), &size);
+        if (!GetFileSizeEx(file_.Get(), &size)) FailWithLastError(L"\"" + program_ + L"\" cannot be read");
         return static_cast<ULONGLONG>(size.QuadPart);
     }
     void Reads(const SourceFile* source) {
@@ -36,7 +37,7 @@ class Target {
         constexpr size_t kGiveUp = static_cast<size_t>(-1);
         auto& self = *static_cast<Target*>(target);
         try {
-            self.Write(offset, data, static_cast<DWORD>(count));
+            self.Write(offset, data, count);
             return count;
         } catch (...) {
             self.error_ = std::current_exception();
@@ -45,13 +46,13 @@ class Target {
     }
 
   private:
-    void Write(ULONGLONG offset, const void* data, DWORD count) {
+    void Write(ULONGLONG offset, const void* data, size_t count) {
         LARGE_INTEGER place;
         place.QuadPart = static_cast<LONGLONG>(offset);
-        DWORD written = 0;
-        if (!SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN) ||
-            !WriteFile(file_.Get(), data, count, &written, nullptr) || written != count)
-            FailWithLastError(L"\"" + program_ + L"\" cannot be written");
+        Explained(L"\"" + program_ + L"\" cannot be written", [&] {
+            if (!SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN)) ThrowLastError();
+            WriteAll(file_.Get(), data, count);
+        });
         const ULONGLONG done = source_ ? source_->BytesRead() : 0;
         progress_.Advance(done - std::exchange(told_, done));
     }

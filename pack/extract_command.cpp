@@ -27,11 +27,15 @@ class Listener : public ExtractListener {
         progress_->Advance(count);
         return true;
     }
+    void WriteFails(HRESULT status) noexcept override { writeError_ = status; }
+
     const std::wstring& Member() const { return member_; }
+    std::optional<HRESULT> WriteError() const { return writeError_; }
 
   private:
     std::optional<ProgressLine> progress_;
     std::wstring member_;
+    std::optional<HRESULT> writeError_;
 };
 
 }  // namespace
@@ -46,8 +50,9 @@ void ExtractProgram(const std::wstring& program, const Arguments& arguments) {
         ExtractArchive(attached.Content(), folder, false, listener);
     } catch (const StatusError& error) {
         Interrupt::Check();
-        if (error.Status() == E_FAIL) FailAsBroken(path);
-        FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", error.Status());
+        const HRESULT status = listener.WriteError().value_or(error.Status());
+        if (status == E_FAIL) FailAsBroken(path);
+        FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", status);
     }
     Console::Out().Write(folder + L": " + Grouped(attached.Reader().Count()) + L" files and folders\n");
 }

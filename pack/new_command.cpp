@@ -4,6 +4,7 @@
 
 #include "archive/member_output.h"
 #include "base/text.h"
+#include "base/write_file.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "pack/commands.h"
@@ -32,12 +33,12 @@ std::string_view Content(const wchar_t* name) {
 }
 
 void Write(const std::wstring& path, std::string_view content) {
-    const UniqueHandle file(
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-    DWORD written = 0;
-    if (!file ||
-        !WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr))
-        FailWithLastError(L"\"" + path + L"\" cannot be written");
+    Explained(L"\"" + path + L"\" cannot be written", [&] {
+        const UniqueHandle file(
+            CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!file) ThrowLastError();
+        WriteAll(file.Get(), content.data(), content.size());
+    });
 }
 
 }  // namespace

@@ -106,8 +106,6 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     // A text as the page writes it.
     static std::wstring ReadText(const Json& text);
 
-    // The number of completed exchanges.
-
     // A script object has gone, and with it the references that the page gave.
     void Forget(int number);
 
@@ -157,7 +155,7 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     bool leaving_ = false;
     bool blocked_ = false;
     int openCalls_ = 0;
-    unsigned long exchanges_ = 0;
+    unsigned long exchanges_ = 0;  // that are completed
 
     NativeObjects natives_;
     struct Held {

@@ -10,6 +10,8 @@
 
 #include <commctrl.h>
 
+#include <memory>
+
 namespace {
 
 // The clipboard, open. Another program may hold it for a moment.
@@ -45,11 +47,16 @@ class LockedMemory {
     wchar_t* text_;
 };
 
-HGLOBAL CopyOf(const std::wstring& text) {
+struct FreeMemory {
+    void operator()(HGLOBAL memory) const { GlobalFree(memory); }
+};
+using Memory = std::unique_ptr<void, FreeMemory>;
+
+Memory CopyOf(const std::wstring& text) {
     const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    Memory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
     if (!memory) throw std::bad_alloc();
-    memcpy(LockedMemory(memory).Text(), text.c_str(), bytes);
+    memcpy(LockedMemory(memory.get()).Text(), text.c_str(), bytes);
     return memory;
 }
 
@@ -103,13 +110,10 @@ class Clipboard : public TVK::Plugin<Clipboard> {
     }
 
     void SetText(const std::wstring& text) {
+        Memory memory = CopyOf(text);  // before anything is emptied
         const OpenClipboardScope open(listener_);
-        if (!EmptyClipboard()) TVK::ThrowLastError();
-        const HGLOBAL memory = CopyOf(text);
-        if (SetClipboardData(CF_UNICODETEXT, memory)) return;  // which takes the memory
-        const DWORD error = GetLastError();
-        GlobalFree(memory);
-        throw TVK::Failure(HRESULT_FROM_WIN32(error));
+        if (!EmptyClipboard() || !SetClipboardData(CF_UNICODETEXT, memory.get())) TVK::ThrowLastError();
+        static_cast<void>(memory.release());  // it is the clipboard's now
     }
 
     // Objects of script are made by the host.

@@ -1,13 +1,14 @@
 // window.external.search: looks for a text in files, on a thread of its own.
 //
-//     find(options)         looks through a folder and the folders in it; returns at once. It ends the run
-//     before
-//       folder, text        where, counted from the page, and for what; both are needed
-//       hit(path, line, text)     called for each line that has the text
-//       progress(path, files)     called before each file, with the number of those before it; false ends the
-//       run success(files, hits), fail(status)    one of them is called at the end, neither after a stop
-//     stop()                ends the run
-//     lines(stream, text)   the same for what is in a stream: an array of { line, text }, at once
+//     find(options)            looks through a folder and the folders in it; returns at once. A run that this
+//                              object has under way ends. The options:
+//       folder, text           where, counted from the page, and for what; both are needed
+//       hit(path, line, text)  called for each line that has the text
+//       progress(path, files)  called before each file, with the number of those before it; false is a stop
+//       success(files, hits)   called at the end
+//       fail(status)           called instead where it fails; after a stop neither is called
+//     stop()                   ends the run
+//     lines(stream, text)      the same for what is in a stream: an array of { line, text }, at once
 //
 // A transient plug-in: each read of window.external.search is a new object, so two searches are not in each
 // other's way.

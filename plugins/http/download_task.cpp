@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/owners.h"
+#include "base/write_file.h"
 #include "plugins/http/web_response.h"
 #include "script/properties.h"
 
@@ -31,16 +32,7 @@ class NewFile {
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
-    void Write(std::span<const std::uint8_t> bytes) {
-        // A disk that has little room may take a part; what is wrong is told with the rest.
-        while (!bytes.empty()) {
-            DWORD written = 0;
-            if (!WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
-                written == 0)
-                ThrowLastError();
-            bytes = bytes.subspan(written);
-        }
-    }
+    void Write(std::span<const std::uint8_t> bytes) { WriteAll(file_.Get(), bytes.data(), bytes.size()); }
     // Closes it: from here on it belongs to script.
     void Keep() { file_.Reset(); }
 

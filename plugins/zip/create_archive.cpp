@@ -1,8 +1,8 @@
 #include <memory>
 
+#include "archive/archive_writer.h"
 #include "base/status.h"
 #include "plugins/zip/archive_output.h"
-#include "archive/archive_writer.h"
 #include "plugins/zip/entry_name.h"
 #include "plugins/zip/source_list.h"
 #include "plugins/zip/zip_plugin.h"

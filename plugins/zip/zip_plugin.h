@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "archive/archive_finder.h"
 #include "host/contract/stream.h"
 #include "host/registry/plugin_base.h"
-#include "archive/archive_finder.h"
 #include "plugins/zip/context.h"
 #include "script/options.h"
 

@@ -8,7 +8,7 @@ import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
 
 const declarations = readDeclarations();
 
-function declared() {
+function declaredUses() {
   const interfaces = new Map(declarations.interfaces.map((one) => [one.name, one]));
   const lines = [];
   const take = (name, { members }) =>
@@ -37,13 +37,13 @@ const host = execFileSync(command, rest, { encoding: 'utf8' }).split(/\r?\n/).fi
 const objects = new Set(host.map((line) => line.split(' ')[0]));
 
 const faults = [];
-const page = declared();
-for (const line of host) if (!page.includes(line)) faults.push(`not declared: ${line}`);
-for (const line of page) if (!host.includes(line)) faults.push(`not in the host: ${line}`);
+const declared = declaredUses();
+for (const line of host) if (!declared.includes(line)) faults.push(`not declared: ${line}`);
+for (const line of declared) if (!host.includes(line)) faults.push(`not in the host: ${line}`);
 
 const shown = examplesOf(declarations).map((example) => example.code).join('\n');
-for (const line of new Set(host.map((line) => line.split(' ')[1])))
-  if (!new RegExp(`\\.${line}\\b`).test(shown)) faults.push(`in no example: ${line}`);
+for (const member of new Set(host.map((line) => line.split(' ')[1])))
+  if (!new RegExp(`\\.${member}\\b`).test(shown)) faults.push(`in no example: ${member}`);
 
 const { pages, reference } = readShowcase(showcase);
 const described = new Set(reference.flatMap(({ name, type, objects }) => objects.flatMap((object) =>

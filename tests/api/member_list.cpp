@@ -1,5 +1,5 @@
 // Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a
-// member, and how it is used. reference_test.mjs compares it with the declarations.
+// member, and how it is used. declarations_test.mjs compares it with the declarations.
 
 #include <cstdio>
 

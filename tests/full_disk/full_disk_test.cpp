@@ -72,6 +72,15 @@ TEST_F(FullDisk, LeavesNoHalfProgram) {
     EXPECT_TRUE(IsDiskEmpty());
 }
 
+TEST_F(FullDisk, IsToldOfAnExtraction) {
+    folder_.Write(L"app.exe", "host" + WriteArchive({{"one", "1"}, {"two", noise_}}));
+    const ConsoleProgram pack(L"tarvik-pack", {L"extract", L"app.exe", place_}, folder_.Path());
+    EXPECT_EQ(pack.Wait(), 1u);
+    EXPECT_THAT(pack.Error(), HasSubstr("\"two\" in"));
+    EXPECT_THAT(pack.Error(), HasSubstr(Narrow(SystemText(kDiskFull))));
+    EXPECT_TRUE(IsDiskEmpty());
+}
+
 TEST_F(FullDisk, EndsAnUnpacking) {
     OptionObject options;
     options.Set(L"src", folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}})).c_str());

@@ -75,9 +75,11 @@ TEST_F(LogViewer, RefusesToBeTheSecondReader) {
 }
 
 TEST_F(LogViewer, RefusesWhatItDoesNotKnow) {
-    const ConsoleProgram program(L"tarvik-log", {L"--procces", L"a"}, folder_.Path());
-    EXPECT_EQ(program.Wait(), 2u);
-    EXPECT_THAT(program.Error(), HasSubstr("--procces"));
+    for (const wchar_t* const option : {L"--procces=a", L"--process="}) {
+        const ConsoleProgram program(L"tarvik-log", {option}, folder_.Path());
+        EXPECT_EQ(program.Wait(), 2u);
+        EXPECT_THAT(program.Error(), HasSubstr("--proc"));
+    }
 }
 
 }  // namespace

@@ -73,15 +73,11 @@ Showcase.search = (function () {
   }
 
   return function (input) {
-    var before = null;
     input.oninput = function () {
       var text = input.value.replace(/^\s+|\s+$/g, '');
-      if (!before) before = Showcase.current();
+      // A page is marked in the menu, and a list of hits is none.
       if (text) showHits(text);
-      else if (before) {
-        Showcase.open(before);
-        before = null;
-      }
+      else if (!document.querySelector('#menu .chosen')) Showcase.open(Showcase.current());
     };
     input.onkeydown = function (event) {
       /** @type {HTMLElement} */
