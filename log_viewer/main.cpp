@@ -24,7 +24,8 @@ name of its program, and the text. Ctrl+C ends it.
   tarvik-log --help, --version
 
 Programs that a debugger runs are heard by that alone. The channel has one
-reader in a session, so no other viewer of it can run meanwhile.
+reader in a session, so no other viewer of it can run meanwhile. A viewer that
+runs with more rights than a program may not hear it.
 )";
 
 constexpr Option kOptions[] = {{L"--process"}, {L"--help", false}, {L"--version", false}};
