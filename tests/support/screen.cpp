@@ -3,6 +3,8 @@
 #include <exdisp.h>
 #include <mshtml.h>
 
+#include <cstdlib>
+
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -13,6 +15,19 @@ POINT Middle(HWND window) {
     RECT area = {};
     GetClientRect(window, &area);
     return {area.right / 2, area.bottom / 2};
+}
+
+constexpr DWORD kPause = 60;  // milliseconds, for programs to follow
+
+// Until it is there and stays: under Wine an earlier place may come back.
+void MovePointer(POINT to) {
+    POINT at = {};
+    for (int tries = 0; tries < 10; ++tries) {
+        Send(MoveOf(to));
+        Sleep(kPause);
+        GetCursorPos(&at);
+        if (std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1) return;
+    }
 }
 
 }  // namespace
@@ -50,15 +65,14 @@ void Click(HWND window) {
 
 void Drag(POINT from, POINT to) {
     constexpr int kSteps = 5;
-    constexpr DWORD kPause = 60;
-    Send(MoveOf(from));
-    Sleep(kPause);
+    MovePointer(from);
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
     Sleep(5 * kPause);  // a page hears of the press before the button goes up
     for (int step = 1; step <= kSteps; ++step) {
         Send(MoveOf({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps}));
         Sleep(kPause);
     }
+    MovePointer(to);
     Sleep(4 * kPause);  // a window that follows is at its place before the button goes up
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     Sleep(kPause);
