@@ -55,7 +55,10 @@ Showcase.search = (function () {
     var item = element('div', 'hit');
     item.appendChild(element('b', '', entry.title));
     item.appendChild(element('span', '', entry.text));
-    Showcase.press(item, function () { Showcase.open(entry.page, entry.target); });
+    Showcase.press(item, function () {
+      document.getElementById('page').focus();
+      Showcase.open(entry.page, entry.target);
+    });
     return item;
   }
 
@@ -73,15 +76,10 @@ Showcase.search = (function () {
   }
 
   return function (input) {
-    var before = null;
     input.oninput = function () {
       var text = input.value.replace(/^\s+|\s+$/g, '');
-      if (!before) before = Showcase.current();
       if (text) showHits(text);
-      else if (before) {
-        Showcase.open(before);
-        before = null;
-      }
+      else if (!document.querySelector('.chosen')) Showcase.open(Showcase.current());  // places are shown, and no page
     };
     input.onkeydown = function (event) {
       /** @type {HTMLElement} */

@@ -100,7 +100,7 @@ var Showcase = (function () {
     return page;
   }
 
-  // Opens a page; a target is an example's title or a member, which is brought into view.
+  // Opens a page; a target is an example's title or a member, which is brought into view and gets the keys.
   function open(page, target) {
     var place = clear(page.title);
     shown = page;
@@ -115,6 +115,8 @@ var Showcase = (function () {
     if (!found) return;
     if (found.toggle) found.toggle(true);
     found.scrollIntoView();
+    var first = found.querySelector('[tabindex], button');
+    if (first) first.focus();
   }
 
   function menuItem(page) {
