@@ -91,12 +91,22 @@ var Showcase = (function () {
     return grid;
   }
 
+  // Scrolls a list no further than it must.
+  function reveal(item, list) {
+    var place = item.getBoundingClientRect(), seen = list.getBoundingClientRect();
+    if (place.top < seen.top || place.bottom > seen.bottom) item.scrollIntoView(place.top < seen.top);
+  }
+
   function clear(title) {
     var page = document.getElementById('page');
     var items = document.querySelectorAll('#menu .item');
     page.innerHTML = '';
     page.scrollTop = 0;
-    for (var i = 0; i < items.length; i++) items[i].className = items[i].textContent === title ? 'item chosen' : 'item';
+    for (var i = 0; i < items.length; i++) {
+      var isChosen = items[i].textContent === title;
+      items[i].className = isChosen ? 'item chosen' : 'item';
+      if (isChosen) reveal(items[i], document.getElementById('menu'));
+    }
     return page;
   }
 
