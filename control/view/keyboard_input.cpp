@@ -45,7 +45,8 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnKey(virtualKey, lParam, false);
             return true;
         case WM_SYSKEYDOWN:
-            OnKey(virtualKey, lParam, true);
+            // The engine closes its page at Alt+F4, before the window has told it that it goes.
+            if (virtualKey != VK_F4) OnKey(virtualKey, lParam, true);
             return false;
         case WM_SYSKEYUP:
             OnKey(virtualKey, lParam, false);
