@@ -70,11 +70,12 @@ start_ground() {
   quietly wine cmd /c exit || die "Wine does not run here"
 }
 
-# The server picks a free number itself and writes it down once it takes clients.
+# The server picks a free number itself and writes it down once it takes clients. As it comes, it starts anew whenever its
+# last client goes, and refuses who comes meanwhile: Wine's desktop would have no screen then.
 start_display() {
   local number=$build/ground/number tries=0
   rm -f "$number"
-  setsid Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$number" </dev/null >/dev/null 2>&1 6>&- 7>&- &
+  setsid Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$number" </dev/null >/dev/null 2>&1 6>&- 7>&- &
   printf '%s\n' $! >"$build/ground/xvfb"
   until [ -s "$number" ]; do
     tries=$((tries + 1))

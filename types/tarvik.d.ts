@@ -9,7 +9,8 @@
  *   0x80004001 for a wrong number of arguments, 0x80070057 for an argument of the wrong kind. A member that fails in
  *   its work answers `false` or `null`. What differs is told with the member.
  * - A method that is read without a call, and a property that is only written, throw 0x80004001 on the system's
- *   control, and read as a function on the page control.
+ *   control, and read as a function on the page control. A property that is called throws as well: 0x80004001 there,
+ *   and mostly a `TypeError` here.
  * - Options that are missing or of the wrong kind count as absent, and only `true` and `false` count as booleans.
  * - "Whole number" is one in 32 bits with a sign; others are refused where one is asked for.
  *
@@ -2390,7 +2391,7 @@ declare namespace Tarvik {
     isSwitchExist(name: string): boolean;
 
     /**
-     * The value of a pair: `-key value`, `/key value` or `key=value`.
+     * The value of a pair: `-key value`, `/key value` or `key=value`. Behind a `=` it has up to 99 characters.
      *
      * @returns `null` if there is none.
      */

@@ -33,6 +33,14 @@ bool IsPaste(UINT virtualKey) {
            (virtualKey == VK_INSERT && IsHeld(VK_SHIFT));
 }
 
+// The engine takes these for its own windows before a page hears of them: it would close the page, or open
+// others.
+bool IsKeptByEngine(UINT virtualKey) {
+    if (virtualKey == VK_F4) return IsHeld(VK_MENU) || IsHeld(VK_CONTROL);
+    return IsHeld(VK_CONTROL) && !IsHeld(VK_MENU) &&
+           (virtualKey == 'W' || virtualKey == 'T' || virtualKey == 'N');
+}
+
 }  // namespace
 
 bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -59,6 +67,7 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
+    if (IsKeptByEngine(virtualKey)) return;
     if (down && IsPaste(virtualKey)) BringClipboard(window_, queue_, page_);
     const std::string code = CodeOf(lParam);
     const KeyPlace place = PlaceOfKey(code);

@@ -13,7 +13,7 @@ function html(text) {
 }
 
 function firstSentence(text) {
-  return html(/^[\s\S]*?[.:](?=\s|$)/.exec(text)?.[0] ?? text).replace(/^<p>|<\/p>$/g, '');
+  return html(/^[\s\S]*?(\.(?=\s|$)|:(?=\n\n))/.exec(text)?.[0] ?? text).replace(/^<p>|<\/p>$/g, '');
 }
 
 function detailsOf({ text, param = [], returns = [], throws = [] }) {

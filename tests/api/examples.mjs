@@ -1,6 +1,6 @@
 // examples.mjs FOLDER DOCUMENT...: writes the examples of the declarations there, and those of the documents, which are
-// fenced as js: a page each, for the host, and all of them in one file for the compiler. In a page,
-// "expression;  //= value" becomes a comparison.
+// fenced as js: a page each, for the host, and all of them in one file for the compiler, with the scripts of the pages
+// that the documents have. In a page, "expression;  //= value" becomes a comparison.
 import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { basename, join } from 'node:path';
 import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
@@ -9,9 +9,18 @@ const [folder, ...documents] = process.argv.slice(2);
 const examples = [...examplesOf(readDeclarations()), ...documents.flatMap(examplesIn)];
 const assertion = /^(\s*)(.*?);\s*\/\/= (.*)$/gm;
 
+function blocksIn(path, kind) {
+  const blocks = readFileSync(path, 'utf8').matchAll(new RegExp(`^\`\`\`${kind}\\b.*\\n([^]*?)^\`\`\`$`, 'gm'));
+  return [...blocks].map(([, code]) => code);
+}
+
 function examplesIn(path) {
-  const blocks = readFileSync(path, 'utf8').matchAll(/^```js\n([\s\S]*?)^```$/gm);
-  return [...blocks].map(([, code], index) => ({ of: `${basename(path)}, example ${index + 1}`, code }));
+  return blocksIn(path, 'js').map((code, index) => ({ of: `${basename(path)}, example ${index + 1}`, code }));
+}
+
+function scriptsIn(path) {
+  const scripts = blocksIn(path, 'html').flatMap((page) => [...page.matchAll(/<script>([^]*?)<\/script>/g)]);
+  return scripts.map(([, code]) => ({ of: basename(path), code }));
 }
 
 function page({ of, code }, index) {
@@ -38,6 +47,6 @@ ended();
 rmSync(folder, { recursive: true, force: true });
 mkdirSync(folder, { recursive: true });
 examples.forEach((example, index) => writeFileSync(join(folder, `${index}.html`), page(example, index)));
-const functions = examples.map(({ of, code }) => `// ${of}\n(function () {\n${code}\n})();\n`);
+const functions = [...examples, ...documents.flatMap(scriptsIn)].map(({ of, code }) => `// ${of}\n(function () {\n${code}\n})();\n`);
 writeFileSync(join(folder, 'all.js'), functions.join('\n'));
 console.log(`${examples.length} examples`);

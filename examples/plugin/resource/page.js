@@ -61,6 +61,7 @@
   clipboard.text = find('own').value;
   find('search').onsubmit();
 
+  external.window.onClosed = function () { external.window.quit(0); };
   external.window.title = document.title;
   external.window.width = 760;
   external.window.height = 620;

@@ -55,7 +55,10 @@ Showcase.search = (function () {
     var item = element('div', 'hit');
     item.appendChild(element('b', '', entry.title));
     item.appendChild(element('span', '', entry.text));
-    Showcase.press(item, function () { Showcase.open(entry.page, entry.target); });
+    Showcase.press(item, function () {
+      document.getElementById('page').focus();
+      Showcase.open(entry.page, entry.target);
+    });
     return item;
   }
 

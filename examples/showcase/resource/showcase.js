@@ -91,16 +91,26 @@ var Showcase = (function () {
     return grid;
   }
 
+  // Scrolls a list no further than it must.
+  function reveal(item, list) {
+    var place = item.getBoundingClientRect(), seen = list.getBoundingClientRect();
+    if (place.top < seen.top || place.bottom > seen.bottom) item.scrollIntoView(place.top < seen.top);
+  }
+
   function clear(title) {
     var page = document.getElementById('page');
     var items = document.querySelectorAll('#menu .item');
     page.innerHTML = '';
     page.scrollTop = 0;
-    for (var i = 0; i < items.length; i++) items[i].className = items[i].textContent === title ? 'item chosen' : 'item';
+    for (var i = 0; i < items.length; i++) {
+      var isChosen = items[i].textContent === title;
+      items[i].className = isChosen ? 'item chosen' : 'item';
+      if (isChosen) reveal(items[i], document.getElementById('menu'));
+    }
     return page;
   }
 
-  // Opens a page; a target is an example's title or a member, which is brought into view.
+  // Opens a page; a target is an example's title or a member, which is brought into view and gets the keys.
   function open(page, target) {
     var place = clear(page.title);
     shown = page;
@@ -115,6 +125,8 @@ var Showcase = (function () {
     if (!found) return;
     if (found.toggle) found.toggle(true);
     found.scrollIntoView();
+    var first = found.querySelector('[tabindex], button');
+    if (first) first.focus();
   }
 
   function menuItem(page) {
