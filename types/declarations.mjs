@@ -80,3 +80,8 @@ export function examplesOf({ host, interfaces, globals }) {
   }
   return examples;
 }
+
+// In an example, "expression;  //= value" states what comes of it. Such lines become what `write` makes of the two.
+export function writeStatements(code, write) {
+  return code.replace(/^(\s*)(.*?);\s*\/\/= (.*)$/gm, (_, indent, expression, value) => indent + write(expression, value));
+}

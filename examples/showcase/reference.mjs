@@ -1,7 +1,7 @@
 // reference.mjs FILE: writes the reference of the showcase, a script that hands it what types/tarvik.d.ts declares.
 import { writeFileSync } from 'node:fs';
 import MarkdownIt from 'markdown-it';
-import { readDeclarations } from '../../types/declarations.mjs';
+import { readDeclarations, writeStatements } from '../../types/declarations.mjs';
 
 const markdown = new MarkdownIt();
 const { host, interfaces, globals } = readDeclarations();
@@ -12,8 +12,10 @@ function html(text) {
   return markdown.render(plain).trim();
 }
 
+const htmlLine = (text) => html(text).replace(/^<p>|<\/p>$/g, '');
+
 function firstSentence(text) {
-  return html(/^[\s\S]*?(\.(?=\s|$)|:(?=\n\n))/.exec(text)?.[0] ?? text).replace(/^<p>|<\/p>$/g, '');
+  return htmlLine(/^[\s\S]*?(\.(?=\s|$)|:(?=\n\n))/.exec(text)?.[0] ?? text);
 }
 
 function detailsOf({ text, param = [], returns = [], throws = [] }) {
@@ -25,18 +27,23 @@ function detailsOf({ text, param = [], returns = [], throws = [] }) {
   return html(text) + (rows.length ? html(rows.map((row) => `- ${row.replace(/\n/g, '\n  ')}`).join('\n')) : '');
 }
 
+// What is shown, and what is run: a line that states a value says it.
+const examplesOf = ({ example = [] }) => example.map((code) => ({
+  code, run: writeStatements(code, (expression) => `say(${JSON.stringify(expression)}, ${expression});`),
+}));
+
 const memberOf = ({ name, forms, comments }) => ({
   name,
   forms: forms.map((form) => form.replace('declare function ', '').replaceAll('Tarvik.', '')),
   summary: firstSentence(comments[0].text),
   details: comments.map(detailsOf).join(''),
-  examples: comments.flatMap((comment) => comment.example ?? []),
+  examples: comments.flatMap(examplesOf),
 });
 
 const objectOf = ({ name, comment, members }) => ({
   name,
   details: html(comment.text),
-  examples: comment.example ?? [],
+  examples: examplesOf(comment),
   members: members.map(memberOf),
 });
 
@@ -49,14 +56,18 @@ function objectsFrom(first) {
 const plugins = host.members
   .filter(({ uses }) => !uses.includes('call'))
   .map(({ name, type, comments }) => ({
-    name, type, summary: html(comments[0].text.replace(/; \*(retained|transient)[\s\S]*$/, '.')).replace(/^<p>|<\/p>$/g, ''),
+    name, type, summary: htmlLine(comments[0].text.replace(/; \*(retained|transient)[\s\S]*$/, '.')),
   }));
 
 const everyPage = {
   name: '', summary: 'What every page finds.',
-  objects: [{ ...objectOf({ ...host, name: 'external' }), members: host.members.filter(({ uses }) => uses.includes('call')).map(memberOf) },
+  objects: [
+    objectOf({ ...host, name: 'external', members: host.members.filter(({ uses }) => uses.includes('call')) }),
     objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals }),
-    ...objectsFrom(0)],
+    ...objectsFrom(0),
+  ],
 };
-const reference = [everyPage, ...plugins.map((plugin) => ({ ...plugin, objects: objectsFrom(interfaces.findIndex((one) => one.name === plugin.type)) }))];
+const described = plugins.map((plugin) => (
+  { ...plugin, objects: objectsFrom(interfaces.findIndex((one) => one.name === plugin.type)) }));
+const reference = [everyPage, ...described];
 writeFileSync(process.argv[2], `Showcase.reference = ${JSON.stringify(reference)};\n`);

@@ -3,11 +3,10 @@
 // that the documents have. In a page, "expression;  //= value" becomes a comparison.
 import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { basename, join } from 'node:path';
-import { examplesOf, readDeclarations } from '../../types/declarations.mjs';
+import { examplesOf, readDeclarations, writeStatements } from '../../types/declarations.mjs';
 
 const [folder, ...documents] = process.argv.slice(2);
 const examples = [...examplesOf(readDeclarations()), ...documents.flatMap(examplesIn)];
-const assertion = /^(\s*)(.*?);\s*\/\/= (.*)$/gm;
 
 function blocksIn(path, kind) {
   const blocks = readFileSync(path, 'utf8').matchAll(new RegExp(`^\`\`\`${kind}\\b.*\\n([^]*?)^\`\`\`$`, 'gm'));
@@ -25,9 +24,11 @@ function scriptsIn(path) {
 
 function page({ of, code }, index) {
   const next = index + 1 < examples.length ? `${index + 1}.html` : '';
-  const expected = code.match(assertion)?.length ?? 0;
-  const checked = code.replace(assertion, (_, indent, actual, value) =>
-    `${indent}same(${JSON.stringify(`${of}: ${actual}`)}, ${actual}, ${value});`);
+  let expected = 0;
+  const checked = writeStatements(code, (actual, value) => {
+    ++expected;
+    return `same(${JSON.stringify(`${of}: ${actual}`)}, ${actual}, ${value});`;
+  });
   return `<!DOCTYPE html>
 <meta charset="utf-8">
 <title>${of}</title>

@@ -7,26 +7,23 @@ Showcase.referenceView = (function () {
     return value === undefined ? 'undefined' : typeof value === 'object' && value !== null ? '[object]' : JSON.stringify(value);
   }
 
-  // In the source of an example, "expression;  //= value" tells what comes of it.
-  function run(code) {
-    var source = code.replace(/^(\s*)(.*?);\s*\/\/= .*$/gm, function (line, indent, expression) {
-      return indent + 'say(' + JSON.stringify(expression) + ', ' + expression + ');';
-    });
+  function run(sample) {
     try {
-      new Function('say', source)(function (expression, value) {
+      new Function('say', sample.run)(function (expression, value) {
         Showcase.write(expression + '  is  ' + show(value));
       });
-      if (source === code) Showcase.write('Done.');
+      if (sample.run === sample.code) Showcase.write('Done.');
     } catch (error) {
       Showcase.write(Showcase.fault(error), 'fault');
     }
   }
 
-  function example(code) {
+  // A sample is { code, run }: what it shows, and the same with a word about each value that it states.
+  function example(sample) {
     var box = element('div', 'sample');
     var button = element('button', 'run', 'Run');
-    button.onclick = function () { run(code); };
-    box.appendChild(Showcase.source(code));
+    button.onclick = function () { run(sample); };
+    box.appendChild(Showcase.source(sample.code));
     box.appendChild(button);
     return box;
   }
