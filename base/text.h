@@ -20,6 +20,11 @@ std::wstring ExecutablePath();
 // A path completed from the current folder; throws the status of a failure.
 std::wstring FullPath(const std::wstring& path);
 
+// What stands behind the last backslash of a path; all of it if there is none.
+inline std::wstring FileNameOf(const std::wstring& path) {
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
 // Calls a function that fills a buffer of kPathLength characters, and returns the text up to the terminator.
 template <class Fill>
 std::wstring ReadPath(Fill&& fill) {

@@ -81,9 +81,6 @@ Variant Variant::Pointer(void* address) noexcept {
 Variant Variant::Null() noexcept {
     return Make(VT_NULL, [](Variant&) {});
 }
-Variant Variant::Missing() noexcept {
-    return Make(VT_ERROR, [](Variant& v) { v.scode = DISP_E_PARAMNOTFOUND; });
-}
 
 Variant Variant::Copy(const VARIANT& source) {
     Variant copy;

@@ -32,7 +32,6 @@ class Variant : public VARIANT {
     static Variant Unknown(IUnknown* object) noexcept;  // takes a reference; may be null
     static Variant Pointer(void* address) noexcept;     // VT_PTR, not owned
     static Variant Null() noexcept;
-    static Variant Missing() noexcept;  // an optional argument left out
 
     // A full copy; a value by reference is followed, because the reference ends with its call. A failure
     // throws the status; the source stays as it was.

@@ -14,7 +14,7 @@ std::wstring Ask(DWORD process) {
     DWORD length = kLongestPath;
     if (!handle || !QueryFullProcessImageNameW(handle.Get(), 0, path.data(), &length)) return {};
     path.resize(length);
-    return path.substr(path.rfind(L'\\') + 1);
+    return FileNameOf(path);
 }
 
 }  // namespace

@@ -23,10 +23,6 @@ namespace {
 constexpr WORD kMainIcon = 1000;  // what the host gives its windows
 constexpr WORD kVersion = 1;      // what the system looks for
 
-std::wstring FileName(const std::wstring& path) {
-    return path.substr(path.rfind(L'\\') + 1);
-}
-
 std::wstring DefaultHost() {
     const std::wstring self = ExecutablePath();
     return self.substr(0, self.rfind(L'\\') + 1) + L"tarvik.exe";
@@ -48,7 +44,7 @@ std::optional<std::wstring> Path(const Arguments& arguments, const wchar_t* opti
 }
 
 VersionInfo ReadVersionInfo(const Arguments& arguments, const std::wstring& output) {
-    const std::wstring file = FileName(output);
+    const std::wstring file = FileNameOf(output);
     return {Text(arguments, L"--name", file.substr(0, file.rfind(L'.'))),
             ParseVersion(arguments.Value(L"--version").value_or(L"1.0")), Text(arguments, L"--company"),
             Text(arguments, L"--copyright")};
