@@ -11,8 +11,17 @@ namespace {
 constexpr DISPID kPush = -8999;
 constexpr DISPID kLength = -8998;
 
-// Ids of all properties ever made in the process; main-thread data, like the objects.
+// The last id given to a property, of all properties in the process; main-thread data, like the objects.
 DISPID lastPropertyId = -6000;
+
+// Passes over the ids of the members that arrays have beside their properties.
+DISPID NextPropertyId() {
+    DISPID next = lastPropertyId;
+    do {
+        --next;
+    } while (next == kPush || next == kLength);
+    return next;
+}
 
 }  // namespace
 
@@ -38,9 +47,9 @@ STDMETHODIMP CObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
     LPOLESTR text = name ? name : const_cast<LPOLESTR>(L"");
     if (!(flags & fdexNameEnsure)) return GetIDsOfNames(IID_NULL, &text, 1, kScriptLocale, out);
     return Guard([&] {
-        const auto [entry, added] = names_.try_emplace(text, lastPropertyId - 1);
+        const auto [entry, added] = names_.try_emplace(text, NextPropertyId());
         if (!added) return S_FALSE;
-        --lastPropertyId;
+        lastPropertyId = entry->second;
         values_.emplace(entry->second, Property{&entry->first, Variant()});
         *out = entry->second;
         return S_OK;

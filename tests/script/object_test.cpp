@@ -73,6 +73,19 @@ TEST(ScriptValues, AreMovedOutAndMadeFromNarrowText) {
     EXPECT_EQ(NarrowToBstr(nullptr), nullptr);
 }
 
+// The ids of elements fall through those of `length` and `push`.
+TEST(ScriptArray, KeepsItsOwnMembersApartFromThousandsOfElements) {
+    constexpr int kElements = 4000;
+    const auto array = MakeCom<CArray>();
+    for (int i = 0; i < kElements; ++i) {
+        const Variant value = Variant::I4(i);
+        array->Push(&value);
+        ASSERT_EQ(GetText(array.Get(), L"length"), "UI8 " + std::to_string(i + 1));
+    }
+    for (int i = 0; i < kElements; ++i)
+        ASSERT_EQ(GetText(array.Get(), std::to_wstring(i).c_str()), "I4 " + std::to_string(i));
+}
+
 // A value by reference, as some engines pass variables, must not outlive the call by its address.
 TEST(ScriptObject, KeepsAValueThatCameByReference) {
     const auto object = MakeCom<CObject>();
