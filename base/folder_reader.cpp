@@ -7,13 +7,13 @@
 namespace tarvik {
 
 FolderReader::FolderReader(const std::wstring& pattern) : find_(FindFirstFileW(pattern.c_str(), &entry_)) {
-    if (!find_) status_ = LastErrorStatus();
+    if (!find_) status_ = LastFailureStatus();
 }
 
 bool FolderReader::Next() {
     while (find_) {
         if (std::exchange(isRead_, true) && !FindNextFileW(find_.Get(), &entry_)) {
-            if (GetLastError() != ERROR_NO_MORE_FILES) status_ = LastErrorStatus();
+            if (GetLastError() != ERROR_NO_MORE_FILES) status_ = LastFailureStatus();
             find_.Reset();
             break;
         }

@@ -6,12 +6,13 @@ HRESULT LastErrorStatus() noexcept {
     return HRESULT_FROM_WIN32(GetLastError());
 }
 
-void ThrowFailure(HRESULT status) {
-    throw StatusError(FAILED(status) ? status : E_FAIL);
+HRESULT LastFailureStatus() noexcept {
+    const HRESULT status = LastErrorStatus();
+    return FAILED(status) ? status : E_FAIL;
 }
 
 void ThrowLastError() {
-    ThrowFailure(LastErrorStatus());
+    throw StatusError(LastFailureStatus());
 }
 
 bool IsDisconnected(HRESULT status) noexcept {

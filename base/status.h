@@ -24,14 +24,12 @@ inline void ThrowIfFailed(HRESULT status) {
     if (FAILED(status)) throw StatusError(status);
 }
 
-// The thread's last platform error as a status. An error of 0 stays 0, so a failing call that leaves no error
-// counts as success; that is intended.
+// The status of a failed platform call is the thread's last error. The rule for a call that fails and leaves
+// none:
+// - Where the work can go on without the call, the call counts as success, as the contract requires: S_OK.
 HRESULT LastErrorStatus() noexcept;
-
-// Throws the status of a failed call; E_FAIL where that is no failure, as of a call that left no error.
-[[noreturn]] void ThrowFailure(HRESULT status);
-
-// The same with the last error of a failed platform call.
+// - Where the work needs what the call did not give, it fails: E_FAIL.
+HRESULT LastFailureStatus() noexcept;
 [[noreturn]] void ThrowLastError();
 
 // Whether a call failed because the apartment, process or page that its object lived in has gone: what

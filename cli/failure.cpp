@@ -19,7 +19,7 @@ void FailAs(const std::wstring& what, HRESULT status) {
 }
 
 void FailWithLastError(const std::wstring& what) {
-    FailAs(what, LastErrorStatus());
+    FailAs(what, LastFailureStatus());
 }
 
 }  // namespace tarvik

@@ -27,9 +27,9 @@ UniqueHandle MakeEvent(const wchar_t* name) {
 std::optional<DebugOutput> DebugOutput::Open() {
     UniqueHandle mapping(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kSize, L"DBWIN_BUFFER"));
-    const DWORD error = GetLastError();
-    if (!mapping) ThrowFailure(HRESULT_FROM_WIN32(error));
-    if (error == ERROR_ALREADY_EXISTS) return std::nullopt;
+    const bool isTaken = GetLastError() == ERROR_ALREADY_EXISTS;
+    if (!mapping) ThrowLastError();
+    if (isTaken) return std::nullopt;
     return DebugOutput(std::move(mapping));
 }
 

@@ -7,7 +7,7 @@ namespace tarvik {
 UnfinishedFile::UnfinishedFile(const std::wstring& source, const std::wstring& output)
     : output_(output), path_(output + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp") {
     if (!CopyFileW(source.c_str(), path_.c_str(), TRUE)) {
-        const HRESULT status = LastErrorStatus();
+        const HRESULT status = LastFailureStatus();
         if (status != HRESULT_FROM_WIN32(ERROR_FILE_EXISTS)) DeleteFileW(path_.c_str());
         FailAs(L"\"" + path_ + L"\" cannot be made", status);
     }

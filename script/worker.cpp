@@ -22,7 +22,7 @@ DWORD WINAPI RunWorker(void* argument) {
 
 HRESULT StartWorker(std::unique_ptr<Worker> worker) {
     const UniqueHandle thread(CreateThread(nullptr, 0, RunWorker, worker.get(), 0, nullptr));
-    if (!thread) return LastErrorStatus();
+    if (!thread) return LastFailureStatus();
     // The thread owns it, and may have ended by now.
     static_cast<void>(worker.release());
     return S_OK;

@@ -67,7 +67,7 @@ void FileTask::Rename() const {
 
 void FileTask::TakeFolder(const std::wstring& src, const std::wstring& dest) const {
     if (!CreateDirectoryW(dest.c_str(), nullptr)) {
-        const HRESULT status = LastErrorStatus();
+        const HRESULT status = LastFailureStatus();
         const DWORD attributes = GetFileAttributesW(dest.c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES) throw StatusError(status);
         if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw StatusError(E_FAIL);

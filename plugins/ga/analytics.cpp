@@ -76,9 +76,9 @@ void CAnalytics::Send(std::unique_ptr<CAnalytics> hit, const std::wstring& body)
     CAnalytics* const sent = hit.release();
     if (!WinHttpSendRequest(sent->request_.Get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, sent->body_.data(),
                             length, length, reinterpret_cast<DWORD_PTR>(sent))) {
-        const HRESULT status = LastErrorStatus();
+        const HRESULT status = LastFailureStatus();
         hit.reset(sent);
-        ThrowFailure(status);
+        throw StatusError(status);
     }
 }
 

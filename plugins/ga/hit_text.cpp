@@ -23,12 +23,12 @@ std::wstring Escape(const std::wstring& text) {
 std::wstring MachineGuid() {
     HW_PROFILE_INFOW profile = {};
     if (GetCurrentHwProfileW(&profile)) return profile.szHwProfileGuid;
-    const HRESULT status = LastErrorStatus();
+    const HRESULT status = LastFailureStatus();
     wchar_t guid[HW_PROFILE_GUIDLEN] = {};
     DWORD size = sizeof guid;
     if (RegGetValueW(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Cryptography", L"MachineGuid", RRF_RT_REG_SZ,
                      nullptr, guid, &size) != ERROR_SUCCESS)
-        ThrowFailure(status);
+        throw StatusError(status);
     return L'{' + std::wstring(guid) + L'}';
 }
 

@@ -69,7 +69,7 @@ STDMETHODIMP CMenuDispatch::Init(HWND serverWindow, HWND mainWindow, int menuTyp
     mainWindow_ = mainWindow;
     type_ = menuType;
     menu_.Reset(menuType == TVK::kWindowMenu ? CreateMenu() : CreatePopupMenu());
-    return menu_ ? S_OK : Guard(ThrowLastError);
+    return menu_ ? S_OK : LastFailureStatus();
 }
 
 // Menus may nest as deep as script likes and share submenus: each is asked once, and without recursion.

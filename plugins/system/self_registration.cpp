@@ -12,7 +12,7 @@ HRESULT CallRegistration(const std::wstring& path, const char* function) {
     if (!PathFileExistsW(path.c_str())) return E_INVALIDARG;
     // By its full path: the loader would look for another one elsewhere.
     const UniqueModule library(LoadLibraryW(FullPath(path).c_str()));
-    if (!library) return LastErrorStatus();
+    if (!library) return LastFailureStatus();
     using Registration = HRESULT STDAPICALLTYPE();
     const FARPROC found = GetProcAddress(library.Get(), function);
     if (!found) return E_FAIL;

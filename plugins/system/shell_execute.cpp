@@ -66,7 +66,7 @@ HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, 
     info.nShow = SW_SHOWNORMAL;
     if (!calls.Execute(info)) {
         if (GetLastError() == ERROR_CANCELLED) return E_ABORT;
-        ThrowLastError();  // not LastErrorStatus: the system's message to the user may have cleared the error
+        ThrowLastError();  // the system's message to the user may have cleared the error
     }
     wait->SetProcess(UniqueHandle(info.hProcess));
     return StartWorker(std::move(wait));
