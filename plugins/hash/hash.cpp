@@ -16,9 +16,9 @@ constexpr SmallMember<CHashBase> kMembers[] = {
 
 std::vector<BYTE> DigestOf(HCRYPTHASH hash) {
     DWORD length = 0;
-    if (!CryptGetHashParam(hash, HP_HASHVAL, nullptr, &length, 0)) return {};
+    if (!CryptGetHashParam(hash, HP_HASHVAL, nullptr, &length, 0)) ThrowLastError();
     std::vector<BYTE> digest(length);
-    if (!CryptGetHashParam(hash, HP_HASHVAL, digest.data(), &length, 0)) return {};
+    if (!CryptGetHashParam(hash, HP_HASHVAL, digest.data(), &length, 0)) ThrowLastError();
     return digest;
 }
 
@@ -39,8 +39,10 @@ std::span<const SmallMember<CHashBase>> CHashBase::Members() {
 }
 
 CHashBase::CHashBase(ALG_ID algorithm) {
-    CryptAcquireContextW(provider_.Receive(), nullptr, MS_DEF_PROV_W, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT);
-    CryptCreateHash(provider_.Get(), algorithm, 0, 0, hash_.Receive());
+    const wchar_t* const provider = MS_DEF_PROV_W;
+    if (!CryptAcquireContextW(provider_.Receive(), nullptr, provider, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT) ||
+        !CryptCreateHash(provider_.Get(), algorithm, 0, 0, hash_.Receive()))
+        status_ = LastFailureStatus();
 }
 
 HRESULT CHashBase::AddData(WORD, const Call& call) {
@@ -48,15 +50,20 @@ HRESULT CHashBase::AddData(WORD, const Call& call) {
     BSTR text = nullptr;
     if (!Read(call.At(0), text)) return E_FAIL;
     const std::string bytes = Narrow(Bstr::View(text));
-    CryptHashData(hash_.Get(), reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()),
-                  0);
+    if (!isFinished_ && SUCCEEDED(status_) &&
+        !CryptHashData(hash_.Get(), reinterpret_cast<const BYTE*>(bytes.data()),
+                       static_cast<DWORD>(bytes.size()), 0))
+        status_ = LastFailureStatus();
     return Give(call.Result(), Variant::Object(this));
 }
 
 HRESULT CHashBase::Finish(WORD flags, const Call& call) {
     // The page control reads a member before it calls it: a read must not finish the digest.
     if (flags == DISPATCH_PROPERTYGET) return E_NOTIMPL;
-    return call.Result() ? Give(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get())))) : E_FAIL;
+    if (!call.Result()) return E_FAIL;
+    ThrowIfFailed(status_);
+    isFinished_ = true;
+    return Give(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get()))));
 }
 
 }  // namespace tarvik

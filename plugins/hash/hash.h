@@ -25,16 +25,16 @@ struct HashTraits {
 
 }  // namespace detail
 
-// A digest in the making. Where the system has no such algorithm the digest is the empty text; script sees no
-// other failure.
+// A digest in the making. A failure of the system's provider is reported by Finish.
 class CHashBase : public SmallDispatch<CHashBase, SameCharacters> {
   public:
     static std::span<const SmallMember<CHashBase>> Members();
 
     // Takes the UTF-8 form of one text, and answers the object itself. With another number of arguments it
-    // does nothing, and that is intended. After Finish the digest stays what it is.
+    // does nothing; that is by design. After Finish the digest stays what it is.
     HRESULT AddData(WORD flags, const Call& call);
-    // The digest in upper-case hexadecimal digits, the same each time.
+    // The digest in upper-case hexadecimal digits, the same each time. If it cannot be computed, the status
+    // of the failure: an empty text would look like a digest.
     HRESULT Finish(WORD flags, const Call& call);
 
   protected:
@@ -43,6 +43,8 @@ class CHashBase : public SmallDispatch<CHashBase, SameCharacters> {
   private:
     Owner<detail::ProviderTraits> provider_;  // outlives the hash
     Owner<detail::HashTraits> hash_;
+    HRESULT status_ = S_OK;  // the first failure of the provider
+    bool isFinished_ = false;
 };
 
 template <ALG_ID kAlgorithm>

@@ -1,5 +1,6 @@
 #include "plugins/hash/hash_plugin.h"
 
+#include "plugins/hash/hash.h"
 #include "script/properties.h"
 #include "tests/support/test.h"
 
@@ -57,6 +58,13 @@ TEST_F(Hash, AddsTextsUntilItIsFinished) {
     EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";
     EXPECT_EQ(CallMember(hash.Get(), L"addData", L"more").value.pdispVal, hash.Get());
     EXPECT_EQ(Finish(hash.Get()), digest);
+}
+
+TEST_F(Hash, ReportsADigestThatCannotBeComputed) {
+    constexpr ALG_ID kUnknown = 0x80FF;
+    const auto hash = MakeCom<CHash<kUnknown>>();
+    EXPECT_EQ(CallMember(hash.Get(), L"addData", L"a").value.pdispVal, hash.Get());
+    EXPECT_THAT(CallMember(hash.Get(), L"finish").status, HasStatus(NTE_BAD_ALGID));
 }
 
 }  // namespace
