@@ -569,7 +569,7 @@ declare namespace Tarvik {
 
     /**
      * Gives the window the size of a picture, a bitmap file, and the shape of all its pixels that are not exactly
-     * white (255, 255, 255). A relative path counts from the page.
+     * white (255, 255, 255). A relative path counts from the page, and a `file:` URL is taken too.
      *
      * That is for good: from then on {@link caption}, {@link resize}, {@link width} and {@link height} change nothing.
      * A further picture replaces the shape. A file that is no bitmap changes nothing, and there is no word of it.
@@ -1188,7 +1188,11 @@ declare namespace Tarvik {
      * @throws 0x80004005 if it is no string.
      */
     addData(text: string): Digest;
-    /** The digest in upper-case hexadecimal digits. It is final: what is added later changes nothing. */
+    /**
+     * The digest in upper-case hexadecimal digits. It is final: what is added later changes nothing.
+     *
+     * @throws The system's status if the digest cannot be computed, as where it has switched an algorithm off.
+     */
     finish(): string;
   }
 

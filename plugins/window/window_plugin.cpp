@@ -346,7 +346,7 @@ HRESULT CWindowPlugin::SetResizable(bool resizable) {
 }
 
 HRESULT CWindowPlugin::ShapeImage(BSTR path) {
-    const std::wstring full = ResolveUrl(core_.Get(), std::wstring(Bstr::View(path)));
+    const std::wstring full = ResolvePath(core_.Get(), std::wstring(Bstr::View(path)));
     (void)Guard([&] { return frame_.ShapeImage(full.c_str()); });
     return S_OK;
 }

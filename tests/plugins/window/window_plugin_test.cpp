@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+
 #include "plugins/window/window_plugin.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
@@ -44,6 +46,16 @@ TEST_F(WindowPlugin, CentresInTheWorkArea) {
     CallMember(plugin_.Get(), L"centerWindow");
     EXPECT_EQ(Place().left, area.left) << "one that is too large begins where the work area does";
     EXPECT_EQ(Place().top, area.top);
+}
+
+TEST_F(WindowPlugin, TakesAFileUrlForItsShape) {
+    const TempFolder folder;
+    std::wstring path = folder.Write(L"a shape.bmp", BitmapOf(std::vector<uint32_t>(30 * 20), 30));
+    std::ranges::replace(path, L'\\', L'/');
+    path.replace(path.find(L' '), 1, L"%20");
+    PutMember(plugin_.Get(), L"shapeImage", (L"file:///" + path).c_str());
+    EXPECT_EQ(Place().right - Place().left, 30);
+    EXPECT_EQ(Place().bottom - Place().top, 20);
 }
 
 TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
