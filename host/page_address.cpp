@@ -2,10 +2,12 @@
 
 #include <windows.h>
 #include <shlwapi.h>
+#include <wininet.h>
 
 #include <algorithm>
 
 #include "app/command_line/command_line.h"
+#include "base/status.h"
 #include "base/text.h"
 
 namespace tarvik {
@@ -42,9 +44,7 @@ std::wstring Unescape(const std::wstring& text) {
     return Widen(bytes);
 }
 
-std::wstring BesideFilePage(std::wstring location, const std::wstring& url) {
-    const size_t query = location.find(L'?');
-    location.erase(std::min(location.size(), query != std::wstring::npos ? query : location.find(L'#')));
+std::wstring BesideFilePage(const std::wstring& location, const std::wstring& url) {
     std::wstring path = location.substr(kFileScheme.size());
     std::replace(path.begin(), path.end(), L'/', L'\\');
     return ReadPath([&](wchar_t* buffer) {
@@ -53,6 +53,17 @@ std::wstring BesideFilePage(std::wstring location, const std::wstring& url) {
         PathAddBackslashW(buffer);
         PathAppendW(buffer, url.c_str());
     });
+}
+
+// A control reads a `#` in a path as the start of a fragment, so such a path is opened by its URL. Others
+// stay as they are: the control completes them as it always has.
+std::wstring AddressOfFile(const std::wstring& path) {
+    if (path.find(L'#') == std::wstring::npos) return path;
+    std::wstring url(INTERNET_MAX_URL_LENGTH, L'\0');
+    auto length = static_cast<DWORD>(url.size());
+    ThrowIfFailed(UrlCreateFromPathW(FullPath(path).c_str(), url.data(), &length, 0));
+    url.resize(length);
+    return url;
 }
 
 }  // namespace
@@ -72,16 +83,24 @@ std::wstring ChoosePage(const wchar_t* asked) {
     return executable + L"\\..\\resource\\index.html";
 }
 
-bool PageExists(const std::wstring& page) {
-    if (PathIsURLW(page.c_str())) return true;
-    const size_t hash = page.find(L'#');
-    const bool whole = hash == 0 || hash == std::wstring::npos;
-    return PathFileExistsW(whole ? page.c_str() : page.substr(0, hash).c_str()) != FALSE;
+std::wstring PageAddress(const std::wstring& page) {
+    if (PathIsURLW(page.c_str())) return page;
+    for (size_t end = page.size(); end != 0 && end != std::wstring::npos; end = page.rfind(L'#', end - 1)) {
+        const std::wstring file = page.substr(0, end);
+        if (PathFileExistsW(file.c_str())) return AddressOfFile(file) + page.substr(end);
+    }
+    return {};
+}
+
+bool HasFirstPage() {
+    return !PageAddress(ChoosePage(nullptr)).empty();
 }
 
 std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location) {
     if (PathIsURLW(url.c_str()) || !PathIsRelativeW(url.c_str())) return url;
-    const std::wstring plain = Unescape(location);
+    // Before unescaping: a `?` or `#` that stands there escaped belongs to the file's name. And at the first
+    // of the two: the fragments of pages that route by them hold question marks.
+    const std::wstring plain = Unescape(location.substr(0, location.find_first_of(L"?#")));
     if (StartsWith(plain, kFileScheme)) return BesideFilePage(plain, url);
     if (StartsWith(plain, L"http://") || StartsWith(plain, L"https://")) return {};
     return url;

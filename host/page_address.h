@@ -9,11 +9,15 @@ namespace tarvik {
 // there, which then makes the executable's folder the current one.
 std::wstring ChoosePage(const wchar_t* asked);
 
-// Whether a window may open it: a URL, or a path that exists. What follows a `#` does not count.
-bool PageExists(const std::wstring& page);
+// What a window opens for a page: a URL, or a path that exists, with a `#fragment` perhaps. Empty if there is
+// no such page. A file's name may itself hold a `#`: the longest path that exists is the file.
+std::wstring PageAddress(const std::wstring& page);
+
+// Whether the first window of the process finds its page.
+bool HasFirstPage();
 
 // Makes what script passes absolute against a page's location. URLs and full paths stay as they are. A
-// relative address gives a path beside a file page, and nothing on a web page; both are intended.
+// relative address gives a path beside a file page, and nothing on a web page; both are by design.
 std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location);
 
 }  // namespace tarvik

@@ -17,6 +17,8 @@ constexpr Resolution kResolutions[] = {
     {L"file:///C:/x/y/index.html?q=1#z", L"a/b.html", L"C:\\x\\y\\a/b.html"},
     {L"file:///C:/x/y/index.html?q=1#z", L"..\\c.html", L"C:\\x\\c.html"},
     {L"file:///C:/x/y/index.html#a?b", L"c.html", L"C:\\x\\y\\c.html"},
+    {L"file:///C:/x/index.html#/route?x=1", L"data.txt", L"C:\\x\\data.txt"},
+    {L"file:///C:/a%23b/100%25%3F/index.html?q#f", L"c.html", L"C:\\a#b\\100%?\\c.html"},
     {L"FILE:///C:/my%20x/%C3%A4/index.html#z", L"c.html", L"C:\\my x\\\u00e4\\c.html"},
     {L"file:///C:/100%/index.html", L"c.html", L"C:\\100%\\c.html"},
     {L"http://e/x/index.html", L"c.html", L""},
@@ -31,14 +33,25 @@ TEST(PageAddress, ResolvesAgainstTheLocationOfThePage) {
     }
 }
 
-TEST(PageAddress, AcceptsUrlsAndFilesThatExist) {
+TEST(PageAddress, TakesUrlsAndFilesThatExist) {
     const TempFolder folder;
     const std::wstring page = folder.Write(L"page.html", "");
-    EXPECT_TRUE(PageExists(page + L"#top"));
-    EXPECT_TRUE(PageExists(L"http://nowhere/page.html"));
-    EXPECT_FALSE(PageExists(page + L"?query"));
-    EXPECT_FALSE(PageExists(folder.Write(L"a#b.html", ""))) << "what follows the # is no part of the name";
-    EXPECT_FALSE(PageExists(L""));
+    EXPECT_EQ(PageAddress(page), page);
+    EXPECT_EQ(PageAddress(page + L"#top#2"), page + L"#top#2");
+    EXPECT_EQ(PageAddress(L"http://nowhere/page.html"), L"http://nowhere/page.html");
+    for (const std::wstring& missing :
+         {page + L"?query", folder / L"no#page.html", std::wstring(L"#"), std::wstring()})
+        EXPECT_EQ(PageAddress(missing), L"") << Narrow(missing);
+}
+
+TEST(PageAddress, MakesAUrlOfAPathWithAHash) {
+    const TempFolder folder;
+    const std::wstring page = folder.Write(L"C# %41\\page.html", "");
+    for (const wchar_t* fragment : {L"", L"#/route?x=1"}) {
+        const std::wstring address = PageAddress(page + fragment);
+        EXPECT_THAT(Narrow(address), EndsWith("/C%23%20%2541/page.html" + Narrow(fragment)));
+        EXPECT_EQ(ResolveAgainst(L"page.html", address), page);
+    }
 }
 
 }  // namespace
