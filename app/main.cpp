@@ -4,10 +4,12 @@
 #include <string>
 
 #include "app/command_line/command_line.h"
+#include "app/log/report.h"
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/com_ptr.h"
 #include "control/page/register.h"
+#include "host/page_address.h"
 #include "host/registry/plugin_library.h"
 #include "host/web_browser.h"
 #include "script/worker_apartment.h"
@@ -16,23 +18,42 @@ namespace tarvik {
 
 namespace {
 
+void UseFolder(const wchar_t* folder) {
+    if (!SetCurrentDirectoryW(folder))
+        ReportToAuthor(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
+}
+
+void UnpackAttached(std::wstring& unpackFolder) {
+    if (!HasAttachedArchive()) return;
+    PageControlClass::Prepare();  // unpacking takes a while, in which the engine can start
+    // It waits without pumping messages, and so must not be done in a single-threaded apartment.
+    const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    (void)SelfUnpack(unpackFolder);
+    if (SUCCEEDED(apartment)) CoUninitialize();
+}
+
 // The application is the folder that `d` names, or what is attached to the executable. Neither is an error:
 // the first window then looks beside the executable.
-void ChooseFolder(const CCommandLine& commandLine, std::wstring& unpackFolder) {
-    // Unpacking waits without pumping messages, and so must not be done in a single-threaded apartment.
-    const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+void ChooseFolder(std::wstring& unpackFolder) {
+    const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {
-        SetCurrentDirectoryW(folder);
+        UseFolder(folder);
     } else {
-        (void)SelfUnpack(unpackFolder);
+        UnpackAttached(unpackFolder);
     }
-    if (SUCCEEDED(apartment)) CoUninitialize();
+    if (HasFirstPage()) {
+        PageControlClass::Prepare();
+    } else {
+        PageControlClass::Forget();
+    }
 }
 
 int RunApplication(HINSTANCE instance) {
     appModule.Init(instance);
     const PageControlClass pageControl;
-    const WorkerApartment workers;
+    // Lives as long as the process: to end it, calls of workers would have to be served, and with them a
+    // page's script that may never return.
+    [[maybe_unused]] static const auto* const workers = new WorkerApartment;
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
     auto first = MakeCom<CWebBrowser>();
@@ -49,10 +70,8 @@ int RunApplication(HINSTANCE instance) {
 }  // namespace tarvik
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
-    tarvik::PageControlClass::Prepare();
     std::wstring unpackFolder;
-    const tarvik::CCommandLine commandLine;
-    tarvik::ChooseFolder(commandLine, unpackFolder);
+    tarvik::ChooseFolder(unpackFolder);
     const int exitCode = tarvik::RunApplication(instance);
     tarvik::FreePluginLibraries();
     tarvik::RemoveUnpacked(unpackFolder);

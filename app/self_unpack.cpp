@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cwchar>
 
+#include "archive/mapped_file.h"
 #include "base/owners.h"
 #include "base/shell_delete.h"
 #include "base/text.h"
@@ -73,6 +74,12 @@ void UnpackInto(const std::wstring& folder) {
 }
 
 }  // namespace
+
+bool HasAttachedArchive() {
+    bool isFound = false;
+    (void)Guard([&] { isFound = FindArchive(MappedFile(ExecutablePath()).Content(), 0).has_value(); });
+    return isFound;
+}
 
 HRESULT SelfUnpack(std::wstring& folder) {
     const HRESULT status = Guard([&] {

@@ -7,9 +7,11 @@
 #include <urlmon.h>
 
 #include "app/log/log.h"
+#include "app/log/report.h"
 #include "atl/ax_window.h"
 #include "base/bstr.h"
 #include "base/module_function.h"
+#include "base/text.h"
 #include "base/variant.h"
 #include "host/browser_host.h"
 #include "host/page_address.h"
@@ -28,6 +30,16 @@ void SilenceNavigation() {
     using SetFeature = HRESULT WINAPI(INTERNETFEATURELIST, DWORD, BOOL);
     auto* const set = FindFunction<SetFeature>(L"Urlmon.dll", "CoInternetSetFeatureEnabled");
     if (set) set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
+}
+
+std::wstring TextOfMissingPage(const std::wstring& page, bool isAsked) {
+    if (page.empty()) return L"createWindow: url must be absolute on a web page. No window was opened.";
+    const std::wstring text = L"The page \"" + FullPath(page) + L"\" does not exist. ";
+    if (isAsked) return text + L"No window was opened.";
+    return text + L"The program has no window and runs until it is ended.\nusage: " +
+           FileNameOf(ExecutablePath()) +
+           L" [-d FOLDER] [-f PAGE]\nFOLDER holds resource\\index.html; PAGE is the path or URL of another "
+           L"page.";
 }
 
 }  // namespace
@@ -67,11 +79,13 @@ LRESULT CWebBrowser::OnCreate(const wchar_t* asked) {
 
 HRESULT CWebBrowser::OpenPage(const wchar_t* asked) {
     const std::wstring page = ChoosePage(asked);
-    if (!PageExists(page)) {
+    const std::wstring address = PageAddress(page);
+    if (address.empty()) {
         TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
+        ReportToAuthor(TextOfMissingPage(page, asked != nullptr));
         return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
-    if (const HRESULT status = CreateControl(page); FAILED(status)) return status;
+    if (const HRESULT status = CreateControl(address); FAILED(status)) return status;
     if (CMessageLoop* loop = appModule.GetMessageLoop()) loop->AddMessageFilter(this);
     return S_OK;
 }

@@ -56,6 +56,7 @@ std::shared_ptr<DevTools> DevTools::Acquire() {
 }
 
 void DevTools::Prepare() {
+    if (prepared.valid()) return;
     const std::wstring engine = FindEngine();
     if (!engine.empty()) prepared = std::async(std::launch::async, Launch, engine);
 }

@@ -23,8 +23,8 @@ class DevTools {
     static std::shared_ptr<DevTools> Acquire();
     static std::wstring LastStartError();
 
-    // Starts the engine's program in the background, for the first user soon after. Forget, at the program's
-    // end, ends it if nobody came, or if somebody is still there.
+    // Starts the engine's program in the background, once, for the first user soon after. Forget ends it if
+    // no control came; at the program's end also if one is still there.
     static void Prepare();
     static void Forget();
 

@@ -54,6 +54,10 @@ void PageControlClass::Prepare() {
     if (IsPageControlAsked().value_or(IsWine())) DevTools::Prepare();
 }
 
+void PageControlClass::Forget() {
+    DevTools::Forget();
+}
+
 PageControlClass::PageControlClass() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
     const auto asked = IsPageControlAsked();
     if (asked ? !*asked : SystemShowsPages()) {

@@ -10,8 +10,10 @@ namespace tarvik {
 class PageControlClass {
   public:
     // Where this control will be the one, most likely: starts its engine, which takes a moment, in the
-    // background. May come long before the object.
+    // background. May come long before the object, and more than once.
     static void Prepare();
+    // Ends what Prepare has started, if no control has used it.
+    static void Forget();
 
     PageControlClass();
     ~PageControlClass();

@@ -6,6 +6,7 @@
 
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/engine_processes.h"
 
 namespace tarvik {
 namespace {
@@ -67,6 +68,7 @@ const Place kPlaces[] = {
     {L"work\\resource\\index.html", L"", "/work/resource/index.html"},
     {L"an app \u00e4\u6f22%20\\resource\\index.html", L"-d \"..\\an app \u00e4\u6f22%20\"",
      "/an%20app%20%C3%A4%E6%BC%A2%2520/resource/index.html"},
+    {L"C# app\\resource\\index.html", L"-d \"..\\C# app\"", "/C%23%20app/resource/index.html"},
     {L"work\\sub\\page.html", L"-f sub\\page.html#part/2", "/work/sub/page.html#part/2"},
     {L"work\\page.html", L"-f file:///PATH#part", "/work/page.html#part"},
     {L"unused.html",
@@ -126,11 +128,33 @@ TEST_F(Start, OpensAWindowOfTheSystemsControl) {
     EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
 }
 
-TEST_F(Start, LingersWithoutAWindowWhenThereIsNoPage) {
+// It stays, by design, but alone, and says why.
+class WithoutAPage : public Start {
+  protected:
+    void ExpectNoPage() {
+        EXPECT_TRUE(WaitFor([&] { return Says("\\resource\\index.html\" does not exist"); }));
+        EXPECT_FALSE(WaitFor([&] { return !program_.IsRunning(); }, 1000));
+        EXPECT_TRUE(program_.Windows().empty());
+        EngineProcesses engine(program_.Mark());
+        EXPECT_TRUE(WaitFor([&] { return engine.Look().empty(); }));
+        EXPECT_EQ(program_.Quit(4), 4u);
+    }
+    bool Says(std::string_view text) const {
+        return std::ranges::any_of(
+            program_.Lines(), [&](const std::string& line) { return line.find(text) != std::string::npos; });
+    }
+};
+
+TEST_F(WithoutAPage, ReportsTheFolderThatIsMissing) {
     program_.Start(L"-d ..\\missing");
-    EXPECT_FALSE(WaitFor([&] { return !program_.IsRunning(); }, 2000));
-    EXPECT_TRUE(program_.Windows().empty());
-    EXPECT_EQ(program_.Quit(4), 4u);
+    ExpectNoPage();
+    EXPECT_TRUE(Says("\"..\\missing\" (-d)"));
+}
+
+TEST_F(WithoutAPage, EndsTheEngineThatWasStartedMeanwhile) {
+    Install(WriteArchive({{"readme.txt", "no page"}}));
+    program_.Start();
+    ExpectNoPage();
 }
 
 class BadPage : public Start {
@@ -168,6 +192,17 @@ TEST_F(BadPage, ALoopInACallEndsWithItsWindow) {
     PostMessageW(program_.WindowTitled(L"Loop"), WM_CLOSE, 0, 0);
     EXPECT_EQ(program_.Wait(), 4u);
     EXPECT_THAT(program_.Lines(), ElementsAre("loop", "failed true"));
+}
+
+// Nobody waits for runs at the end, so their calls are no longer served.
+TEST_F(BadPage, ALoopInARunDoesNotHoldTheEnd) {
+    for (const wchar_t* name : {L"1.txt", L"2.txt", L"3.txt"})
+        program_.Folder().Write(std::wstring(L"work\\") + name, "");
+    Open(
+        "var n = 0; external.file.enumFiles({path: '.', filter: 'txt$', callback: function () {"
+        "if (n++) { console.log('loop'); for (;;); } external.window.quit(4); }, completed: function () {} "
+        "});");
+    EXPECT_EQ(program_.Wait(), 4u);
 }
 
 TEST_F(BadPage, ADeepStackIsNoObstacle) {

@@ -1,0 +1,45 @@
+#include "app/log/report.h"
+
+#include "base/owners.h"
+#include "base/status.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+bool IsUsable(HANDLE handle) {
+    return handle && handle != INVALID_HANDLE_VALUE;
+}
+
+void WriteToErrors(HANDLE errors, const std::wstring& text) {
+    DWORD written = 0;
+    if (WriteConsoleW(errors, text.c_str(), static_cast<DWORD>(text.size()), &written, nullptr)) return;
+    const std::string bytes = Narrow(text);
+    WriteFile(errors, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+// A program with windows has no console of its own, but may borrow that of its parent.
+void WriteToConsoleOfParent(const std::wstring& text) {
+    if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    const UniqueHandle console(
+        CreateFileW(L"CONOUT$", GENERIC_WRITE, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (console) WriteToErrors(console.Get(), text);
+    FreeConsole();
+}
+
+}  // namespace
+
+void ReportToAuthor(const std::wstring& text) noexcept {
+    (void)Guard([&] {
+        const std::wstring lines = text + L'\n';
+        OutputDebugStringW(lines.c_str());
+        if (const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE); IsUsable(errors)) {
+            WriteToErrors(errors, lines);
+        } else {
+            WriteToConsoleOfParent(lines);
+        }
+    });
+}
+
+}  // namespace tarvik
