@@ -20,6 +20,7 @@ namespace tarvik {
 //   $        as the very last character: the end of the text; elsewhere itself
 //   \a \b \c \d \h   a letter or digit, a blank or tab, a letter, a digit, a hexadecimal digit
 //   \n \q \w \z      a line end, a quoted text, letters, digits
+//                    in a set, an abbreviation stands for its characters; \q has none and is refused there
 //   \ before any other character: that character
 class Pattern {
   public:

@@ -11,27 +11,28 @@ struct SyntaxError {};
 
 using Kind = PatternNode::Kind;
 
+// Written in the language itself.
 struct Abbreviation {
     wchar_t letter;
-    const wchar_t* meaning;
+    const wchar_t* set;         // in a set: its characters; null if no set has them
+    const wchar_t* expression;  // outside of sets; null if that is the set
 };
 
-// Written in the language itself.
 constexpr Abbreviation kAbbreviations[] = {
-    {L'a', L"[a-zA-Z0-9]"},
-    {L'b', L"[ \t]"},
-    {L'c', L"[a-zA-Z]"},
-    {L'd', L"[0-9]"},
-    {L'h', L"[0-9a-fA-F]"},
-    {L'n', L"(\r\n|\r|\n)"},
-    {L'q', L"(\"[^\"]*\"|'[^']*')"},
-    {L'w', L"[a-zA-Z]+"},
-    {L'z', L"[0-9]+"},
+    {L'a', L"[a-zA-Z0-9]", nullptr},
+    {L'b', L"[ \t]", nullptr},
+    {L'c', L"[a-zA-Z]", nullptr},
+    {L'd', L"[0-9]", nullptr},
+    {L'h', L"[0-9a-fA-F]", nullptr},
+    {L'n', L"[\r\n]", L"(\r\n|\r|\n)"},
+    {L'q', nullptr, L"(\"[^\"]*\"|'[^']*')"},
+    {L'w', L"[a-zA-Z]", L"[a-zA-Z]+"},
+    {L'z', L"[0-9]", L"[0-9]+"},
 };
 
-const wchar_t* MeaningOf(wchar_t letter) {
+const Abbreviation* FindAbbreviation(wchar_t letter) {
     for (const Abbreviation& abbreviation : kAbbreviations) {
-        if (abbreviation.letter == letter) return abbreviation.meaning;
+        if (abbreviation.letter == letter) return &abbreviation;
     }
     return nullptr;
 }
@@ -173,11 +174,14 @@ class Compiler {
     PatternNode Escaped() {
         const wchar_t character = Next();
         if (character >= L'0' && character <= L'9') return BackReference(character - L'0');
-        const wchar_t* meaning = MeaningOf(character);
-        return meaning ? Meant(meaning) : Character(character);
+        const Abbreviation* const found = FindAbbreviation(character);
+        if (!found) return Character(character);
+        return Expanded(found->expression ? found->expression : found->set);
     }
 
-    static PatternNode Meant(const wchar_t* meaning) { return Unwrapped(Compiler(meaning).Group(-1)); }
+    static PatternNode Expanded(const wchar_t* expression) {
+        return Unwrapped(Compiler(expression).Group(-1));
+    }
 
     PatternNode BackReference(int capture) {
         PatternNode node;
@@ -198,31 +202,33 @@ class Compiler {
     }
 
     void AddToSet(PatternSet& set) {
-        const wchar_t low = Next();
-        if (low == L'\\' && AddAbbreviation(set)) return;
-        const wchar_t from = low == L'\\' ? Next() : low;
+        if (AddAbbreviation(set)) return;
+        const wchar_t from = SetCharacter();
         // A minus in the last place is plain.
         const bool range = IsAt(L"-") && at_ + 1 < text_.size() && text_[at_ + 1] != L']';
-        if (!range) {
-            set.ranges.emplace_back(from, from);
-            return;
-        }
-        Next();
-        const wchar_t end = Next();
-        const wchar_t to = end == L'\\' ? Next() : end;
+        if (range) Next();
+        const wchar_t to = range ? SetCharacter() : from;
         if (to < from) throw SyntaxError();
         set.ranges.emplace_back(from, to);
     }
 
-    // Those that stand for one character of a set add it to the set around them.
     bool AddAbbreviation(PatternSet& set) {
-        const wchar_t* meaning = AtEnd() ? nullptr : MeaningOf(text_[at_]);
-        if (!meaning) return false;
-        const PatternNode node = Meant(meaning);
-        if (node.kind != Kind::kSet) return false;
-        ++at_;
+        const bool escaped = IsAt(L"\\") && at_ + 1 < text_.size();
+        const Abbreviation* const found = escaped ? FindAbbreviation(text_[at_ + 1]) : nullptr;
+        if (!found || !found->set) return false;
+        at_ += 2;
+        const PatternNode node = Expanded(found->set);
         set.ranges.insert(set.ranges.end(), node.set.ranges.begin(), node.set.ranges.end());
         return true;
+    }
+
+    // No abbreviation is a single character.
+    wchar_t SetCharacter() {
+        const wchar_t character = Next();
+        if (character != L'\\') return character;
+        const wchar_t escaped = Next();
+        if (FindAbbreviation(escaped)) throw SyntaxError();
+        return escaped;
     }
 
     std::wstring_view text_;

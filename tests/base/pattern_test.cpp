@@ -39,6 +39,9 @@ constexpr Case kCases[] = {
     {L"[]a]+", L"xa]", L"a]"},
     {L"[\\d_]+", L"a1_2b", L"1_2"},
     {L"[\\]]", L"a]", L"]"},
+    {L"[\\w.\\z]+", L"-\\.aZ9wz!", L".aZ9wz"},
+    {L"[^\\n]+", L"\nn.\r", L"n."},
+    {L"[\\d-z]+", L"a1-z", L"1-z"},
     // Repeats.
     {L"ab*", L"xabbb", L"abbb"},
     {L"ab?c", L"abbc ac", L"ac"},
@@ -88,7 +91,7 @@ TEST(Pattern, Finds) {
 
 TEST(PatternCompile, RefusesWhatIsNoExpression) {
     for (const wchar_t* text : {L"(a", L"a)", L"{a", L"a}", L"[a", L"[", L"[z-a]", L"*a", L"a|+", L"\\",
-                                L"\\0", L"{a}\\1", L"!", L"[a-"}) {
+                                L"\\0", L"{a}\\1", L"!", L"[a-", L"[\\q]", L"[a-\\w]", L"[\\"}) {
         EXPECT_FALSE(Pattern::Compile(text)) << Narrow(text);
     }
     EXPECT_FALSE(Pattern::Compile(std::wstring(100'000, L'(')));
