@@ -3,9 +3,11 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <regex>
+#include <string>
 
 #include "tests/page/program.h"
 #include "tests/support/console_program.h"
@@ -39,6 +41,9 @@ std::vector<std::wstring> WordsOf(const std::wstring& line) {
 
 class FirstApplication : public ProgramTest {
   protected:
+    FirstApplication() { ForgetBeds(); }
+    ~FirstApplication() override { ForgetBeds(); }
+
     void Do(const Block& step) {
         if (step.kind == "html") program_.Folder().Write(L"work\\" + Widen(step.file), step.text);
         if (step.kind != "bat") return;
@@ -55,10 +60,32 @@ class FirstApplication : public ProgramTest {
     }
 
   private:
+    static constexpr const wchar_t* kSettings = L"Software\\Garden planner";
+
+    static void ForgetBeds() { RegDeleteTreeW(HKEY_CURRENT_USER, kSettings); }
+    // As the application keeps them: a list in JSON. It begins with one.
+    static std::wstring Beds() {
+        wchar_t beds[100] = L"[]";
+        DWORD size = sizeof beds;
+        RegGetValueW(HKEY_CURRENT_USER, kSettings, L"beds", RRF_RT_REG_SZ, nullptr, beds, &size);
+        return beds;
+    }
+    static void AddBed() {
+        const std::wstring before = Beds();
+        for (int tries = 0; tries < 3 && Beds() == before; ++tries) {
+            PressKeys({'S'});
+            PressKeys({VK_RETURN});
+            WaitFor([&] { return Beds() != before; }, 5000);
+        }
+        EXPECT_NE(Beds(), before);
+    }
     void RunUntilItsWindowCloses(const std::wstring& arguments) {
+        const auto beds = std::ranges::count(Beds(), L',') + 1;
         program_.Start(arguments);
-        EXPECT_TRUE(program_.WaitForLine("Garden planner has 1 beds"));
-        EXPECT_TRUE(Close(program_.WindowTitled(L"Garden planner")));
+        EXPECT_TRUE(program_.WaitForLine("Garden planner has " + std::to_string(beds) + " beds"));
+        const HWND window = program_.WindowTitled(L"Garden planner");
+        AddBed();
+        EXPECT_TRUE(Close(window));
         EXPECT_EQ(program_.Wait(), 0u);
     }
 };
