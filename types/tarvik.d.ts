@@ -9,8 +9,11 @@
  *   0x80004001 for a wrong number of arguments, 0x80070057 for an argument of the wrong kind. A member that fails in
  *   its work answers `false` or `null`. What differs is told with the member.
  * - A method that is read without a call, and a property that is only written, throw 0x80004001 on the system's
- *   control, and read as a function on the page control. A property that is called throws as well: 0x80004001 there,
- *   and mostly a `TypeError` here.
+ *   control, and read as a function on the page control. Some methods do not distinguish a read from a call without
+ *   arguments: `loadPlugin`, `createWindow`, `addData` of a digest, and those of `console`, `dragfile` and `ga`. On the
+ *   system's control a read of these gives `undefined`, or throws what such a call throws.
+ * - A property that is called throws, too: 0x80004001 on the system's control, and mostly a `TypeError` on the page
+ *   control.
  * - Options that are missing or of the wrong kind count as absent, and only `true` and `false` count as booleans.
  * - "Whole number" is one in 32 bits with a sign; others are refused where one is asked for.
  *
@@ -238,7 +241,7 @@ declare namespace Tarvik {
    * included; the function of a page that has gone fails and is passed over.
    *
    * Places and sizes are pixels of the screen, and sizes count the frame. Numbers are taken as the system converts
-   * them: fractions are rounded, and what is no number counts as 0.
+   * them: fractions are rounded, `'12'` counts as 12 and `true` as -1. What cannot be converted counts as 0.
    *
    * Functions are replaced by others, and cannot be taken out: `null` is refused with 0x80070057.
    *
@@ -394,13 +397,15 @@ declare namespace Tarvik {
     selectFolder(options?: SelectFolderOptions): string | null;
 
     /**
-     * Takes a name for the window, and tells whether no other window has it. An application that shall run only once
-     * asks for its name at the start.
+     * Takes a name for the window, and returns whether no other window holds it. An application that shall run only
+     * once asks for its name at the start.
      *
-     * The window keeps the name until it closes or asks for another one; the same name again is no other one. All
-     * programs of the desktop share the names.
+     * Every window that asks for a name holds it until it closes or asks for another one, also if it gets `false`; script
+     * that keeps the object of a closed window keeps its name, too. So the name stays taken as long as any of them holds
+     * it, and the owner that asks for it a second time gets `false` if another window has asked meanwhile. All programs
+     * of the desktop share the names.
      *
-     * @returns `false` if another window has the name, and for an empty one. A name that the system refuses, such as
+     * @returns `false` if another window holds the name, and for an empty one. A name that the system refuses, such as
      *   one with a backslash, is `true` for everybody.
      *
      * @example
@@ -415,10 +420,11 @@ declare namespace Tarvik {
     isUniqueWindow(name: string): boolean;
 
     /**
-     * Brings up the window that has the name, also a hidden or minimized one.
+     * Brings up a window that was given the name for which this one was refused, also a hidden or minimized window.
      *
-     * @returns Whether it has shown a window. Without an {@link isUniqueWindow} that was `false` before, it does
-     *   nothing.
+     * A window that has asked for another name since is still found. Of several windows the topmost one is shown.
+     *
+     * @returns Whether it has shown a window; `false` unless the last {@link isUniqueWindow} of this window was `false`.
      *
      * @example
      * var other = createWindow({ url: 'second.html' });
@@ -521,9 +527,10 @@ declare namespace Tarvik {
     /**
      * Whether the window has a frame. Without one the page fills the window.
      *
-     * Its outermost 6 pixels size the window then, unless {@link resize} is `false`, and the user drags it by elements
-     * that are marked with the attribute `dragWindow`: the nearest element with `true` or `false` decides. Fields and
-     * buttons (`input`, `textarea`, `button`) never drag it. A shaped window has no frame for good.
+     * Its outermost pixels size the window then, 7 at the left and the top and 6 at the right and the bottom, unless
+     * {@link resize} is `false`. The user drags it by elements that are marked with the attribute `dragWindow`: the
+     * nearest element with `true` or `false` decides. Fields and buttons (`input`, `textarea`, `button`) never drag it.
+     * A shaped window has no frame for good.
      *
      * @example
      * var win = window.external.window;
@@ -544,7 +551,8 @@ declare namespace Tarvik {
     set topMost(value: boolean);
 
     /**
-     * The smallest width that the user can size the window to; -1 takes the limit away, 0 is refused with 0x80070057.
+     * The smallest width that the window can be sized to, by the user or by script; -1 takes the limit away, 0 is refused
+     * with 0x80070057. The window keeps its size until it is next sized.
      *
      * @example
      * var win = window.external.window;
@@ -554,16 +562,16 @@ declare namespace Tarvik {
      * win.maxHeight = -1;  // none
      */
     set minWidth(value: number);
-    /** The smallest height that the user can size the window to; -1 takes it away, 0 is refused with 0x80070057. */
+    /** The smallest height, as {@link minWidth}. */
     set minHeight(value: number);
-    /** The largest width that the user can size the window to; -1 takes it away, 0 is refused with 0x80070057. */
+    /** The largest width, as {@link minWidth}. */
     set maxWidth(value: number);
-    /** The largest height that the user can size the window to; -1 takes it away, 0 is refused with 0x80070057. */
+    /** The largest height, as {@link minWidth}. */
     set maxHeight(value: number);
 
     /**
-     * Whether the user can size the window: by its frame, or where it has none by the outermost 6 pixels of the page.
-     * It changes nothing on a shaped window.
+     * Whether the user can size the window: by its frame, or where it has none by the outermost pixels of the page (see
+     * {@link caption}). It changes nothing on a shaped window.
      */
     set resize(value: boolean);
 
@@ -634,7 +642,7 @@ declare namespace Tarvik {
     set onMaximize(value: () => boolean | void);
     /**
      * Called when the user brings the window back from being minimized or maximized. It refuses by answering `false`,
-     * and only by that.
+     * and only by that. A double click on the caption restores without it.
      */
     set onRestore(value: () => boolean | void);
 
@@ -740,7 +748,7 @@ declare namespace Tarvik {
      *   an answer is a message. It may itself send, also back to where the message came from.
      * @param context - Is handed to the function.
      * @returns `false` if there is a function for the name already, which stays.
-     * @throws 0x80070057 if the name is no string or the function is missing.
+     * @throws 0x80004001 without a function, 0x80070057 if it is `null` or no object, or the name is no string.
      *
      * @example
      * var msg = external.window.msg;
@@ -1012,7 +1020,7 @@ declare namespace Tarvik {
      * @param context - Is handed to the function.
      * @returns `false` if the text is no combination, this window has it already, or the system refuses it, for
      *   example because another program has it.
-     * @throws 0x80070057 if the keys are no string or the function is missing.
+     * @throws 0x80004001 without a function, 0x80070057 if it is `null` or no object, or the keys are no string.
      *
      * @example
      * external.hotkey.set('ctrl+no such key', function () {});  //= false
@@ -1042,7 +1050,8 @@ declare namespace Tarvik {
    */
   interface Mouse {
     /**
-     * Whether a button is held down now. By the time that a page hears of a short press, the button may be up again.
+     * Whether a button was down when the program took its last message. Script that waits for a change in a loop may
+     * never see it. By the time that a page hears of a short press, the button may be up again.
      *
      * @throws 0x80070057 if the button is no whole number.
      *
@@ -1118,7 +1127,8 @@ declare namespace Tarvik {
      * exactly.
      *
      * @param callback - Called with the full paths of files and folders, and the context. A path has fewer than 260
-     *   characters; a longer one is cut. With anything but a function the element takes no files any more.
+     *   characters; a longer one is cut. An object that is no function binds, too: files can be dropped, and nothing is
+     *   called. Anything else, such as `null`, unbinds the element.
      * @param context - Is handed to the function.
      * @throws 0x80070057 if the id is no string, and with fewer than two arguments.
      */
@@ -1237,7 +1247,7 @@ declare namespace Tarvik {
     isDirEmpty(path: string): boolean;
 
     /**
-     * The size of a file in bytes.
+     * The size of a file in bytes. It is a number of 64 bits, which old engines hand on but cannot calculate with.
      *
      * @returns `undefined` for a folder, and if the file cannot be opened for reading.
      *
@@ -1348,6 +1358,7 @@ declare namespace Tarvik {
 
     /**
      * Lists a folder, on a thread of its own. The options are read there, so the object stays as it is until the end.
+     * {@link EnumFilesOptions.filter} describes the language of filters.
      *
      * @throws 0x80070057 if there is no option object.
      *
@@ -1358,6 +1369,18 @@ declare namespace Tarvik {
      *   callback: function (path, attributes, size) { texts.push(path + ': ' + size); },
      *   completed: function () {
      *     texts.indexOf('.\\notes.txt: 13') >= 0;  //= true
+     *   }
+     * });
+     *
+     * @example
+     * // Everything but texts.
+     * var paths = [];
+     * external.file.enumFiles({
+     *   path: '.', recursive: false, filter: '^!(.*\\.txt!.)',
+     *   callback: function (path) { paths.push(path); },
+     *   completed: function () {
+     *     paths.indexOf('.\\garden.zip') >= 0;  //= true
+     *     paths.indexOf('.\\notes.txt') >= 0;  //= false
      *   }
      * });
      */
@@ -1386,7 +1409,10 @@ declare namespace Tarvik {
     destPath: string;
     /** `true` replaces files; without it a file that is there ends the run. */
     replaceExisting?: boolean;
-    /** Is told the bytes of all files, those done and the sum. `false` or an error ends the run. */
+    /**
+     * Is told the bytes of all files, those done and the sum. `false` or an error ends the run, and so does leaving the
+     * page.
+     */
     progress?(processed: number, total: number, context: any): boolean | void;
     /** Is called at the end of a run that did all. */
     success?(context: any): void;
@@ -1403,12 +1429,27 @@ declare namespace Tarvik {
     /** `false` leaves out what is in its folders. */
     recursive?: boolean;
     /**
-     * An expression that is looked for in each path, from `path` on, with the case of letters: `\.txt$`.
+     * An expression that is searched for in each path, from `path` on, with the case of letters: `\.txt$` lets texts
+     * pass. A text that is no expression lets everything pass.
      *
-     * It knows `.` any character, `[a-z]`, `( )`, `|`, `*`, `+`, `?`, `!` for not, `^` and `$` for the ends, and the
-     * abbreviations `\a` letter or digit, `\c` letter, `\d` digit, `\h` hexadecimal digit, `\w` letters, `\z` digits,
-     * `\b` blank or tab, `\q` a quoted text, `\n` a line end. A backslash makes any other character plain. One that is
-     * no expression leaves nothing out.
+     * A match may begin anywhere in the path. In a string of script each backslash is written twice. The language is one
+     * of its own:
+     *
+     * - `.` is any character, `[a-z_]` one of a set, `[^a-z_]` one that is not in it.
+     * - `(...)` is a group, `{...}` one that is captured, too. `\0` to `\9` are what the first to the tenth `{...}`
+     *   captured.
+     * - `a|b` is either of the two. What stands before a `*` may be there any number of times, before a `+` once or more,
+     *   before a `?` once or not at all.
+     * - `!` before a character, set or group matches where the path does not go on with it. It takes no character itself,
+     *   so `!.` is the end of the path.
+     * - `^` as the first character is the start of the path, `$` as the last one its end. Elsewhere they are plain.
+     * - `\a` is a letter or digit, `\b` a blank or tab, `\c` a letter, `\d` a digit, `\h` a hexadecimal digit, `\n` a
+     *   line end, `\q` a quoted text, `\w` one or more letters, `\z` one or more digits. In a set they are their
+     *   characters; `\q` is no expression there.
+     * - A backslash makes any other character plain. Braces in names need one, too: `\{1\}`.
+     *
+     * So an exclusion is written from the start on: `^!(.*\.tmp)` leaves out paths with `.tmp` in them, `^!(.*\.tmp!.)`
+     * those that end with it.
      */
     filter?: string;
     /**
@@ -1694,7 +1735,7 @@ declare namespace Tarvik {
     setSize(size: number): boolean;
 
     /**
-     * The number of bytes.
+     * The number of bytes. It is a number of 64 bits, which old engines hand on but cannot calculate with.
      *
      * @example
      * external.stream.getSize();  //= 0
@@ -1977,8 +2018,8 @@ declare namespace Tarvik {
    * - 0x80070050: a file is there already;
    * - 0x80070057: `dest` is missing;
    * - 0x80004004: `progress` ended the run before a member;
-   * - 0x80004005: anything else: no archive or a broken one, a member whose path would leave `dest`, a full disk, an
-   *   end by `progress` within a member.
+   * - 0x80004005: anything else: no archive or a broken one, a member with a refused name, a full disk, an end by
+   *   `progress` within a member.
    */
   interface UnzipOptions extends UnzipRunOptions {
     /** The file that holds the archive, at its end: a ZIP file, or any file with archives attached. */
@@ -2031,7 +2072,7 @@ declare namespace Tarvik {
     /**
      * Is called after each write to the archive. `false` ends the run.
      *
-     * @param path - The file or folder at hand.
+     * @param path - The file or folder at hand; `''` for an archive without entries.
      * @param total - The bytes of all files. It and `processed` are numbers of 64 bits, which old engines hand on but
      *   cannot calculate with.
      * @param processed - Always 0.
@@ -2358,7 +2399,7 @@ declare namespace Tarvik {
     destName?: string;
     /** A file with icons. */
     icon?: string;
-    /** Which of the icons: a whole number; 0 without it. */
+    /** Which of the icons in `icon`: a whole number; 0 without it. Without `icon` it has no effect. */
     iconIndex?: number;
   }
 
@@ -2431,8 +2472,8 @@ declare namespace Tarvik {
      *
      * Where something cannot be deleted it stops, and what is gone by then stays gone.
      *
-     * @returns Whether all of it was deleted; `false` also if there is no such key, and for a path that ends in a
-     *   backslash.
+     * @returns Whether all of it was deleted; `false` also if there is no such key, for a path that ends in a backslash,
+     *   and for a root alone.
      */
     deleteKey(path: string): boolean;
 
@@ -2561,8 +2602,8 @@ declare namespace Tarvik {
     /**
      * Chooses where the settings are.
      *
-     * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file; a relative one
-     *   counts from the page.
+     * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file, which counts from
+     *   the page and may be a `file:` URL.
      * @param isPath - `true` if it is a path.
      * @returns `false` for an empty one, for one with a zero in it, and for a name that is nothing but backslashes;
      *   then all stays as it was.
@@ -2577,7 +2618,7 @@ declare namespace Tarvik {
      *
      * @param part - A key with all that is below it, or a section of the file; without it, all the settings: the key,
      *   or the file itself.
-     * @returns Whether that was done; `false` for a key and for a file that are not there.
+     * @returns Whether that was done; `false` for an empty `part`, and for a key and for a file that are not there.
      *
      * @example
      * var config = external.config;
@@ -2680,7 +2721,8 @@ declare namespace Tarvik {
      *   as 2147483647 bytes.
      * - Proxies are not used. A server that says nothing for 30 seconds has failed.
      * - A download goes on when its page or its window goes, and nobody is told. It ends with the program, and leaves
-     *   a part of the file then. After a failure the file is removed, if it was made.
+     *   a part of the file then. After a failure the file is removed, if it was made; after an error in the last call of
+     *   `progress` the whole file stays.
      * - The system may keep a copy of the body in its cache of the internet, which takes room a second time.
      *
      * @returns Whether the download has started. If not, `fail` has been called.
@@ -2741,8 +2783,8 @@ declare namespace Tarvik {
     /**
      * Is told the bytes after each piece of at most 65536.
      *
-     * `false`, and only that, ends the download. In the last call, whose two numbers are equal, the file is complete
-     * and closed: it can be used there, and a `false` comes too late to remove it.
+     * `false`, and only that, ends the download; an error lets it fail. In the last call, whose two numbers are equal,
+     * the file is complete and closed: it can be used there, and it stays whatever that call does.
      */
     progress?(done: number, total: number, context: any): boolean | void;
     /** Is called at the end of a download that did all. */

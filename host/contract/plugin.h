@@ -26,7 +26,8 @@ struct ICore : public IUnknown {
     // Opens a further browser window, hidden, at `url`, resolved as below; null means the page that a first
     // window would open. `inherit` makes it owned by this one. `callback` and `context` become the globals
     // windowCallback and windowContext of its script; null leaves the global out. `out` may be null; it
-    // receives the `window` plug-in of the new window. Fails only if there is no window.
+    // receives the `window` plug-in of the new window. Without a window it is null, and the status may be a
+    // success all the same.
     STDMETHOD(CreateBrowserWindow)
     (const wchar_t* url, BOOL inherit, const VARIANT* callback, const VARIANT* context, IDispatch** out) = 0;
 
@@ -38,8 +39,8 @@ struct ICore : public IUnknown {
     STDMETHOD(GetPlugin)(const wchar_t* name, IDispatch** out) = 0;
 
     // Makes a URL or path absolute against the current page: URLs and full paths stay as they are. Relative
-    // paths on a page of a file give a file URL. Relative addresses on http pages give an empty string; that
-    // is intended. E_POINTER without `out`.
+    // paths on a page of a file give a full path, not a URL. Relative addresses on http pages give an empty
+    // string; that is by design. E_POINTER without `out`.
     STDMETHOD(ResolveUrl)(const wchar_t* url, BSTR* out) = 0;
 
     // Makes a new script object: "object" or "array", in any case of letters; E_NOINTERFACE for other names,
@@ -51,10 +52,13 @@ struct ICore : public IUnknown {
 MIDL_INTERFACE("111EE8F2-9143-42CC-83D2-9F23C3D84412")
 IPlugin : public IUnknown {
   public:
-    // Called once, right after creation. `browser` answers IWebBrowser2. The status is not looked at.
+    // Called once, right after creation. `browser` answers IWebBrowser2. Either may be null for a plug-in
+    // that script asks for while its window is being destroyed. The status is not looked at.
     STDMETHOD(Initialize)(ICore * core, IUnknown * browser) = 0;
     // The window has a new document, or a frame in it has, which also tells so; the argument is always null,
-    // and the status is not looked at. Comes to retained plug-ins, as the next one does.
+    // and the status is not looked at. Comes to retained plug-ins, as the next one does. A plug-in that is
+    // first used later gets the calls that have been; of a transient one only the object that is made to look
+    // its name up, and is released at once, gets them.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
     // The document, or that of a frame, finished loading; the argument is always null.
     STDMETHOD(OnDocumentComplete)(void* reserved) = 0;
