@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/same_file.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/failure.h"
@@ -58,7 +59,7 @@ void CheckOutput(const std::wstring& output, const std::wstring& folder, const s
     if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY)
         refuse(L"is a folder. Name a file.");
     if (LiesIn(output, folder)) refuse(L"lies in the folder that is packed. Name one outside.");
-    if (IsSame(output, host)) refuse(L"is the host itself. Name another one.");
+    if (IsSameFile(output, host)) refuse(L"is the host itself. Name another one.");
 }
 
 void Decorate(const std::wstring& program, const VersionInfo& version, const std::optional<IconFile>& icon) {

@@ -4,9 +4,6 @@
 
 namespace tarvik {
 
-// Whether two paths, which may be written in different ways, lead to one file or folder that is there.
-bool IsSame(const std::wstring& left, const std::wstring& right);
-
 // Whether a full path, of which the last part need not be there, leads into a folder, at whatever depth.
 bool LiesIn(const std::wstring& path, const std::wstring& folder);
 
