@@ -1,5 +1,7 @@
 #include "archive/source_file.h"
 
+#include <algorithm>
+
 #include "archive/file_time.h"
 #include "base/status.h"
 
@@ -18,11 +20,17 @@ SourceFile::SourceFile(const std::wstring& path)
 }
 
 size_t SourceFile::Read(void* buffer, size_t count) {
+    const auto wanted = static_cast<DWORD>(std::min<ULONGLONG>(count, size_ - read_));
+    if (wanted == 0) return 0;
     DWORD read = 0;
-    if (!ReadFile(file_.Get(), buffer, static_cast<DWORD>(count), &read, nullptr)) return kFailed;
+    if (!ReadFile(file_.Get(), buffer, wanted, &read, nullptr) || read == 0) return kFailed;
     read_ += read;
-    const bool isWrong = read == 0 ? read_ != size_ : read_ > size_;
-    return isWrong ? kFailed : read;
+    return read;
+}
+
+bool SourceFile::HasGrown() const {
+    LARGE_INTEGER size = {};
+    return GetFileSizeEx(file_.Get(), &size) && static_cast<ULONGLONG>(size.QuadPart) > size_;
 }
 
 }  // namespace tarvik

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// A file that is read from its start to its end. Others may go on writing to it meanwhile; if it turns out
-// shorter or longer than it was when it was opened, that is a failure. One that was empty then is not read.
+// A file that is read up to the size that it has when it is opened. Others may write to it meanwhile: what
+// they append is not read, and a file that they cut off fails.
 class SourceFile {
   public:
     explicit SourceFile(const std::wstring& path);  // throws E_FAIL
@@ -18,6 +18,8 @@ class SourceFile {
     ULONGLONG Size() const { return size_; }
     std::time_t Modified() const { return modified_; }
     ULONGLONG BytesRead() const { return read_; }
+
+    bool HasGrown() const;
 
     // The bytes read, 0 at the end, and kFailed.
     static constexpr size_t kFailed = static_cast<size_t>(-1);

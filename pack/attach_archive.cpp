@@ -73,6 +73,8 @@ void Add(ArchiveWriter& writer, const Entry& entry, Target& target) {
         SourceFile source(entry.path);
         target.Reads(&source);
         writer.AddFile(entry.name, source);
+        // A file that grows is still being written. A program must not carry the first part of it.
+        if (source.HasGrown()) throw StatusError(E_FAIL);
         target.Reads(nullptr);
     }
 }

@@ -1957,8 +1957,10 @@ declare namespace Tarvik {
      * - A folder is named without a backslash at its end: with one, the names directly below it lose their first
      *   letter, and names of one letter end the run.
      * - A file that vanishes while others are packed becomes an empty entry with its name and a slash.
-     * - `dest` should not lie in a folder of `src`. The archive is found there like any file, and the run ends with
-     *   0x80004005, since the archive grows while it is read; found as the first file, it is an empty entry.
+     * - Two files of the same name that are listed in `src` are both packed, under that one name. `unzip` then finds the
+     *   second file there already: that ends its run, or replaces the first file with `overWrite`.
+     * - `dest` may lie in a folder of `src`: the archive leaves itself out.
+     * - A file that grows while it is read is packed up to the size that it had at first.
      * - An archive has at most 65,535 entries, and no name with a colon in it. It and each file stay below 4 GiB.
      *
      * @throws 0x80070057 if there is no option object.
@@ -2054,7 +2056,7 @@ declare namespace Tarvik {
    * - 0x80070050: the archive is there already;
    * - other 0x8007....: `dest` could not be made, or a file or folder named in `src` could not be opened; the low half
    *   is the system's error;
-   * - 0x80004005: anything else: a path of `src` that leads nowhere, a file that cannot be read or changes while it is
+   * - 0x80004005: anything else: a path of `src` that leads nowhere, a file that cannot be read or shrinks while it is
    *   read, a full disk, a `dest` of another kind, an end by `progress`.
    */
   interface ZipOptions {

@@ -1,5 +1,6 @@
 #include "plugins/zip/archive_output.h"
 
+#include "base/same_file.h"
 #include "base/status.h"
 #include "base/text.h"
 
@@ -35,6 +36,11 @@ size_t FileOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
     if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN))
         WriteFile(file_.Get(), data, count, &written, nullptr);
     return written;
+}
+
+// Few files have the same name, so few are opened for this.
+bool FileOutput::LiesAt(const std::wstring& path) const {
+    return SameIgnoringCase(FileNameOf(path), FileNameOf(path_)) && IsSameFile(path, path_);
 }
 
 size_t StreamOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {

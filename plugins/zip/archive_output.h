@@ -16,6 +16,7 @@ class ArchiveOutput {
     virtual ~ArchiveOutput() = default;
     virtual size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) = 0;  // the bytes written
     virtual void Keep() = 0;                                                      // the archive is complete
+    virtual bool LiesAt(const std::wstring& path) const = 0;  // the path may be written in any way
 };
 
 // A new file. It goes again, unless it is kept.
@@ -25,6 +26,7 @@ class FileOutput : public ArchiveOutput {
     ~FileOutput() override;
     size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) override;
     void Keep() override { file_.Reset(); }
+    bool LiesAt(const std::wstring& path) const override;
 
   private:
     std::wstring path_;
@@ -36,6 +38,7 @@ class StreamOutput : public ArchiveOutput {
     explicit StreamOutput(TVK::IStream* stream) : stream_(stream) {}
     size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) override;
     void Keep() override {}
+    bool LiesAt(const std::wstring&) const override { return false; }
 
   private:
     ComPtr<TVK::IStream> stream_;

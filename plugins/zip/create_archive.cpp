@@ -65,10 +65,8 @@ void AddEntry(ArchiveWriter& archive, const Source& source) {
 }  // namespace
 
 void CZipPlugin::CreateArchive(const CreateOptions& options) {
-    // An archive inside one of its sources is found there, too. It grows while it is read, which fails,
-    // except where it was still empty.
     const auto output = OpenOutput(options);
-    const SourceList list = FindSources(options.sources, ArchiveWriter::kMostEntries);
+    const SourceList list = FindSources(options.sources, ArchiveWriter::kMostEntries, *output);
     ArchiveWriteContext write{*output, options.progress, *options.context, Variant::UI8(list.totalSize)};
     ArchiveWriter archive(OnArchiveWrite, &write);
     for (const Source& source : list.sources) {

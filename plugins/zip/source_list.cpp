@@ -18,7 +18,7 @@ ULONGLONG SizeOf(const std::wstring& path) {
 
 class Finder {
   public:
-    explicit Finder(size_t most) : most_(most) {}
+    Finder(size_t most, const ArchiveOutput& archive) : most_(most), archive_(archive) {}
 
     void Add(const std::wstring& path) {
         const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -37,7 +37,7 @@ class Finder {
     void AddContents(const std::wstring& folder) {
         const HRESULT status =
             WalkFolder(folder, nullptr, true, [&](const std::wstring& path, DWORD, ULONGLONG size) {
-                Add(folder.size(), path, size);
+                if (!archive_.LiesAt(path)) Add(folder.size(), path, size);
                 return S_OK;
             });
         if (FAILED(status) && status != E_FAIL) throw StatusError(status);  // E_FAIL: it is empty
@@ -51,12 +51,13 @@ class Finder {
 
     SourceList list_;
     size_t most_;
+    const ArchiveOutput& archive_;
 };
 
 }  // namespace
 
-SourceList FindSources(const std::vector<std::wstring>& paths, size_t most) {
-    Finder finder(most);
+SourceList FindSources(const std::vector<std::wstring>& paths, size_t most, const ArchiveOutput& archive) {
+    Finder finder(most, archive);
     for (const std::wstring& path : paths)
         finder.Add(path);
     return std::move(finder).Result();
