@@ -20,8 +20,10 @@ class ArchiveReader {
     ArchiveReader& operator=(const ArchiveReader&) = delete;
 
     mz_uint Count() { return mz_zip_reader_get_num_files(&zip_); }
-    const mz_zip_archive_file_stat& Statistics(mz_uint index);  // valid until the next call
-    std::wstring Name(const mz_zip_archive_file_stat& member);
+    // Null where the directory's entry contradicts itself; valid until another member is looked up.
+    const mz_zip_archive_file_stat* FindStatistics(mz_uint index);
+    const mz_zip_archive_file_stat& Statistics(mz_uint index);
+    std::wstring Name(mz_uint index);  // also of a member without statistics
     // Hands the content of a file that is not empty out in order, then checks its size and sum.
     void Extract(const mz_zip_archive_file_stat& member, Write write, void* target);
 

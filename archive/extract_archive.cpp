@@ -28,43 +28,64 @@ size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noe
 ULONGLONG TotalSize(ArchiveReader& archive) {
     ULONGLONG total = 0;
     for (mz_uint index = 0; index < archive.Count(); ++index) {
-        const auto& member = archive.Statistics(index);
-        if (!IsMarkedAsFolder(member)) total += member.m_uncomp_size;
+        const auto* member = archive.FindStatistics(index);
+        if (member && !IsMarkedAsFolder(*member)) total += member->m_uncomp_size;
     }
     return total;
 }
 
-void ExtractMember(ArchiveReader& archive, mz_uint index, MemberOutput& output, ExtractListener& listener) {
-    const auto& member = archive.Statistics(index);
-    const std::wstring name = archive.Name(member);
-    if (!StaysInside(name)) throw StatusError(E_FAIL);
-    const std::wstring path = output.Place(name);
-    switch (listener.MemberStarts(name)) {
-        case ExtractListener::Answer::kStop:
-            throw StatusError(E_ABORT);
-        case ExtractListener::Answer::kSkip:
+class Extraction {
+  public:
+    Extraction(ArchiveReader& archive, MemberOutput& output, ExtractListener& listener)
+        : archive_(archive), output_(output), listener_(listener) {}
+
+    void Run() {
+        listener_.SetTotal(TotalSize(archive_));
+        for (mz_uint index = 0; index < archive_.Count(); ++index)
+            Extract(index);
+    }
+
+  private:
+    void Extract(mz_uint index) {
+        const std::wstring name = archive_.Name(index);
+        const auto* member = archive_.FindStatistics(index);
+        if (!member || !StaysInside(name)) {
+            // The listener may skip it, so nothing is made for it before.
+            if (IsWanted(name)) throw StatusError(E_FAIL);
             return;
-        case ExtractListener::Answer::kGoOn:
-            break;
+        }
+        const std::wstring path = output_.Place(name);
+        if (IsWanted(name)) Write(*member, path);
     }
-    const UniqueHandle file = output.Open(path);
-    if (!IsFolderPath(path) && member.m_uncomp_size > 0) {
-        MemberWriteContext context{file.Get(), listener};
-        archive.Extract(member, OnMemberData, &context);
-        SetEndOfFile(file.Get());
+
+    bool IsWanted(const std::wstring& name) {
+        const auto answer = listener_.MemberStarts(name);
+        if (answer == ExtractListener::Answer::kStop) throw StatusError(E_ABORT);
+        return answer == ExtractListener::Answer::kGoOn;
     }
-    SetTimes(file.Get(), member.m_time);
-}
+
+    void Write(const mz_zip_archive_file_stat& member, const std::wstring& path) {
+        const UniqueHandle file = output_.Open(path);
+        if (!IsFolderPath(path) && member.m_uncomp_size > 0) {
+            MemberWriteContext context{file.Get(), listener_};
+            archive_.Extract(member, OnMemberData, &context);
+            SetEndOfFile(file.Get());
+        }
+        SetTimes(file.Get(), member.m_time);
+    }
+
+    ArchiveReader& archive_;
+    MemberOutput& output_;
+    ExtractListener& listener_;
+};
 
 }  // namespace
 
 void ExtractArchive(Bytes bytes, const std::wstring& dest, bool overWrite, ExtractListener& listener) {
     DestinationFolder folder(dest);
     ArchiveReader archive(bytes);
-    listener.SetTotal(TotalSize(archive));
     MemberOutput output(dest, overWrite);
-    for (mz_uint index = 0; index < archive.Count(); ++index)
-        ExtractMember(archive, index, output, listener);
+    Extraction(archive, output, listener).Run();
     folder.Keep();
 }
 

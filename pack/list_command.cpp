@@ -36,7 +36,7 @@ void Print(ArchiveReader& reader) {
         const auto& member = reader.Statistics(index);
         total += member.m_uncomp_size;
         Console::Out().Write(LocalTime(member.m_time) + Column(Grouped(member.m_uncomp_size)) + L"  " +
-                             reader.Name(member) + L"\n");
+                             reader.Name(index) + L"\n");
     }
     Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(Grouped(total)) + L"  in " +
                          Grouped(reader.Count()) + L" files and folders\n");

@@ -1904,6 +1904,10 @@ declare namespace Tarvik {
      * Exactly one of `success` and `fail` is called at the end. After a failure, what was unpacked stays, except in a
      * `dest` that the run itself had made: that is removed.
      *
+     * - Nothing is written outside `dest`. A member with a refused name ends the run, unless `progress` returns `0` for
+     *   it. Refused are a path that would leave `dest`, an empty name, a colon or a NUL in it, and the names of devices,
+     *   such as `con` and `aux.txt`. The same holds for a member whose entry in the archive's directory is broken.
+     *
      * @throws 0x80070057 if there is no option object.
      *
      * @example
@@ -1998,7 +2002,8 @@ declare namespace Tarvik {
      * Is told how the run goes on, and steers it.
      *
      * It is called before each member with its name alone, and with each piece written.
-     * `false` ends the run; `0` before a member leaves it out. An error counts as no answer.
+     * `false` ends the run; `0` before a member leaves it out, also one that would end the run. An error counts as no
+     * answer.
      *
      * @param name - The member's name in the archive.
      * @param total - Bytes of all members, 4294967295 at most; missing before a member, as are the others.

@@ -89,7 +89,8 @@ TEST_F(Unzip, RefusesBrokenArchives) {
         {"content of a folder", {.name = "a", .content = c, .attributes = 0x10}},
         {"packed size beyond 64 bits", {.name = "a", .content = c, .method = 0, .packedSize64 = kHuge}},
         {"packed size of nothing", {.name = "a", .content = c, .packedSize64 = 0}},
-        {"header beyond the archive", {.name = "a", .content = c, .headerOffset64 = kHuge}},
+        {"header beyond the archive",
+         {.name = "a", .content = c, .method = 0, .packedSize64 = 3000, .headerOffset64 = kHuge}},
     };
     for (const auto& [what, member] : members) {
         EXPECT_EQ(RunOn(WriteArchive({member})).text, UnzipFailText(E_FAIL)) << what;
@@ -97,21 +98,40 @@ TEST_F(Unzip, RefusesBrokenArchives) {
     }
 }
 
-TEST_F(Unzip, EndsAtANameThatLeavesWithNothingWrittenOutside) {
-    CreateDirectoryW(Dest().c_str(), nullptr);
+std::vector<ArchiveMember> RefusedMembers() {
+    constexpr std::uint64_t kHuge = ~std::uint64_t{0} - 8;
     using namespace std::string_literals;
+    std::vector<ArchiveMember> members = {
+        {.name = "evil/size", .content = "evil", .packedSize64 = kHuge},
+        {.name = "evil/place", .content = "evil", .method = 0, .packedSize64 = 4, .headerOffset64 = kHuge},
+    };
     for (const std::string& name :
-         {"../evil"s, "..\\evil"s, "/evil"s, "C:\\evil"s, "good:stream"s, "go\0od"s}) {
-        SCOPED_TRACE(name);
-        const OptionObject options =
-            OptionsFor(WriteArchive({{"good", "1"}, {name, "evil"}, {"after", "2"}}));
+         {"../evil"s, "..\\evil"s, "/evil"s, "C:\\evil"s, "good:stream"s, "evil/../../a"s, "nul"s, "go\0od"s})
+        members.push_back({name, "evil"});
+    return members;
+}
+
+TEST_F(Unzip, EndsAtARefusedMemberUnlessProgressSkipsIt) {
+    CreateDirectoryW(Dest().c_str(), nullptr);
+    for (const ArchiveMember& member : RefusedMembers()) {
+        SCOPED_TRACE(member.name);
+        const std::string call = "BSTR " + member.name;
+        const OptionObject options = OptionsFor(WriteArchive({{"good", "1"}, member, {"other", "2"}}));
         auto expected = ReadTree(folder_.Path());
         expected.emplace_back(u8"out/good", "1");
         const Ending ending = Run(options);
         EXPECT_EQ(ending.text, UnzipFailText(E_FAIL));
-        EXPECT_THAT(ending.progress, ElementsAre("BSTR good", "BSTR good, UI4 6, UI4 1, EMPTY"));
+        EXPECT_THAT(ending.progress, ElementsAre("BSTR good", HasSubstr("BSTR good, "), call));
+        EXPECT_EQ(ReadTree(folder_.Path()), expected);
+
+        expected.emplace_back(u8"out/other", "2");
+        const auto skip = [&](const Recorder::Record& record) {
+            return Recorder::Text(record) == call ? Variant::I4(0) : Variant();
+        };
+        EXPECT_EQ(Run(options.Set(L"overWrite", true), skip).text, kSuccess);
         EXPECT_EQ(ReadTree(folder_.Path()), expected);
         DeleteFileW((Dest() + L"\\good").c_str());
+        DeleteFileW((Dest() + L"\\other").c_str());
     }
 }
 
