@@ -1,5 +1,7 @@
 #include "archive/extract_archive.h"
 
+#include <set>
+
 #include "archive/archive_reader.h"
 #include "archive/member_output.h"
 #include "archive/member_path.h"
@@ -25,22 +27,29 @@ size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noe
     return Guard([&] { return member.listener.DataWritten(count) ? S_OK : E_ABORT; }) == S_OK ? count : 0;
 }
 
-ULONGLONG TotalSize(ArchiveReader& archive) {
-    ULONGLONG total = 0;
+// What the directory says of all members together.
+struct Summary {
+    ULONGLONG totalSize = 0;
+    std::set<std::wstring> names;
+};
+
+Summary Summarize(ArchiveReader& archive) {
+    Summary summary;
     for (mz_uint index = 0; index < archive.Count(); ++index) {
+        summary.names.insert(archive.Name(index));
         const auto* member = archive.FindStatistics(index);
-        if (member && !IsMarkedAsFolder(*member)) total += member->m_uncomp_size;
+        if (member && !IsMarkedAsFolder(*member)) summary.totalSize += member->m_uncomp_size;
     }
-    return total;
+    return summary;
 }
 
 class Extraction {
   public:
     Extraction(ArchiveReader& archive, MemberOutput& output, ExtractListener& listener)
-        : archive_(archive), output_(output), listener_(listener) {}
+        : archive_(archive), output_(output), listener_(listener), summary_(Summarize(archive)) {}
 
     void Run() {
-        listener_.SetTotal(TotalSize(archive_));
+        listener_.SetTotal(summary_.totalSize);
         for (mz_uint index = 0; index < archive_.Count(); ++index)
             Extract(index);
     }
@@ -54,7 +63,7 @@ class Extraction {
             if (IsWanted(name)) throw StatusError(E_FAIL);
             return;
         }
-        const std::wstring path = output_.Place(name);
+        const std::wstring path = output_.Place(IsFolder(*member, name) ? name + L'/' : name);
         if (IsWanted(name)) Write(*member, path);
     }
 
@@ -62,6 +71,14 @@ class Extraction {
         const auto answer = listener_.MemberStarts(name);
         if (answer == ExtractListener::Answer::kStop) throw StatusError(E_ABORT);
         return answer == ExtractListener::Answer::kGoOn;
+    }
+
+    // Some programs write a folder's entry without the slash.
+    bool IsFolder(const mz_zip_archive_file_stat& member, const std::wstring& name) const {
+        if (member.m_uncomp_size > 0) return false;
+        const std::wstring prefix = name + L'/';
+        const auto inside = summary_.names.lower_bound(prefix);
+        return inside != summary_.names.end() && inside->starts_with(prefix);
     }
 
     void Write(const mz_zip_archive_file_stat& member, const std::wstring& path) {
@@ -77,6 +94,7 @@ class Extraction {
     ArchiveReader& archive_;
     MemberOutput& output_;
     ExtractListener& listener_;
+    const Summary summary_;
 };
 
 }  // namespace

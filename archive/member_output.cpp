@@ -23,6 +23,10 @@ std::wstring FolderOf(std::wstring_view path) {
     return folder;
 }
 
+bool IsFile(const std::wstring& path) {
+    return PathFileExistsW(path.c_str()) && !PathIsDirectoryW(path.c_str());
+}
+
 }  // namespace
 
 DestinationFolder::DestinationFolder(const std::wstring& path)
@@ -50,8 +54,16 @@ UniqueHandle MemberOutput::Open(const std::wstring& path) const {
                           OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_ATTRIBUTE_DIRECTORY, nullptr)
             : CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                           overWrite_ ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) ThrowLastError();
-    return file;
+    if (file) return file;
+    const HRESULT status = LastFailureStatus();
+    throw StatusError(MeetsOtherType(path) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : status);
+}
+
+bool MemberOutput::MeetsOtherType(const std::wstring& path) const {
+    for (size_t end = folder_.size(); end < path.size(); end = path.find_first_of(L"/\\", end + 1)) {
+        if (IsFile(path.substr(0, end))) return true;
+    }
+    return !IsFolderPath(path) && PathIsDirectoryW(path.c_str());
 }
 
 bool IsFolderPath(std::wstring_view path) {

@@ -34,9 +34,13 @@ class MemberOutput {
 
     // The member's path. Its folders are made at once; whether that worked shows when it is opened.
     std::wstring Place(std::wstring_view name);
-    UniqueHandle Open(const std::wstring& path) const;  // throws the status of the failure
+    // Throws the status of the failure: ERROR_ALREADY_EXISTS where a file lies in the place of a folder, or a
+    // folder in the place of the file; the system has several errors for that.
+    UniqueHandle Open(const std::wstring& path) const;
 
   private:
+    bool MeetsOtherType(const std::wstring& path) const;
+
     const std::wstring& folder_;
     bool overWrite_;
     std::unordered_set<std::wstring> made_;

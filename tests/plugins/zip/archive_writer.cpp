@@ -32,19 +32,39 @@ std::string Pack(const ArchiveMember& member) {
     return {static_cast<const char*>(packed.get()), length};
 }
 
-// The fields that the local header and the central directory share, from the version on.
-std::string CommonFields(const ArchiveMember& member, std::uint32_t packedSize) {
+std::uint32_t SumOf(const ArchiveMember& member) {
     const auto* content = reinterpret_cast<const unsigned char*>(member.content.data());
     const auto sum = static_cast<std::uint32_t>(mz_crc32(MZ_CRC32_INIT, content, member.content.size()));
+    return member.sum.value_or(sum);
+}
+
+std::uint32_t SizeOf(const ArchiveMember& member) {
+    return member.size.value_or(static_cast<std::uint32_t>(member.content.size()));
+}
+
+// The fields that the local header and the central directory share, from the version on.
+std::string CommonFields(const ArchiveMember& member, std::uint32_t packedSize) {
     return Fields({{2, 20},
                    {2, member.flags},
                    {2, member.method},
                    {2, member.time},
                    {2, member.date},
-                   {4, member.sum.value_or(sum)},
+                   {4, SumOf(member)},
                    {4, packedSize},
-                   {4, member.size.value_or(static_cast<std::uint32_t>(member.content.size()))},
+                   {4, SizeOf(member)},
                    {2, member.name.size()}});
+}
+
+std::string MemberWithHeader(const ArchiveMember& member, const std::string& packed) {
+    const auto packedSize = static_cast<std::uint32_t>(packed.size());
+    const bool sizesBehind = (member.flags & kSizesBehind) != 0;
+    ArchiveMember local = member;
+    local.name = member.localName.value_or(member.name);
+    if (sizesBehind) local.sum = local.size = 0;
+    std::string out =
+        "PK\3\4" + CommonFields(local, sizesBehind ? 0 : packedSize) + Fields({{2, 0}}) + local.name + packed;
+    if (sizesBehind) out += "PK\7\b" + Fields({{4, SumOf(member)}, {4, packedSize}, {4, SizeOf(member)}});
+    return out;
 }
 
 std::string WideFields(const ArchiveMember& member) {
@@ -79,7 +99,7 @@ std::string WriteArchive(const std::vector<ArchiveMember>& members, const Archiv
             member.headerOffset64 = offset;
         }
         directory += DirectoryEntry(member, packedSize, offset);
-        out += "PK\3\4" + CommonFields(member, packedSize) + Fields({{2, 0}}) + member.name + packed;
+        out += MemberWithHeader(member, packed);
     }
     const auto directoryOffset = static_cast<std::uint32_t>(layout.offsetBase + out.size());
     const auto directorySize = static_cast<std::uint32_t>(directory.size());

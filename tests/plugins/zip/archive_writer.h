@@ -24,6 +24,7 @@ struct ArchiveMember {
     // Written into the central directory as 64-bit values, with all ones in the places of the usual fields.
     std::optional<std::uint64_t> packedSize64 = {};
     std::optional<std::uint64_t> headerOffset64 = {};
+    std::optional<std::string> localName = {};  // in the member's own header, which lies before its content
 };
 
 struct ArchiveLayout {
@@ -38,6 +39,7 @@ std::string WriteArchive(const std::vector<ArchiveMember>& members, const Archiv
 
 inline constexpr std::uint16_t kUtf8Name = 0x800;
 inline constexpr std::uint16_t kEncrypted = 0x1;
+inline constexpr std::uint16_t kSizesBehind = 0x8;  // the sizes and the sum follow the content
 
 inline std::span<const std::uint8_t> BytesOf(std::string_view text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
