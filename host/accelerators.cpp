@@ -12,7 +12,7 @@ struct Row {
     WPARAM key;
 };
 
-// A row that does not ask for Ctrl does not look at it, so Ctrl+F5 is swallowed too; that is intended.
+// A row without Ctrl matches in any case, so Ctrl+F5 is swallowed too, by design.
 constexpr Row kRows[] = {
     {true, 'L'}, {true, 'O'},          {true, 'M'},         {false, VK_F5},
     {true, '0'}, {true, VK_OEM_MINUS}, {true, VK_OEM_PLUS},
@@ -20,9 +20,12 @@ constexpr Row kRows[] = {
 
 }  // namespace
 
-bool IsSwallowedKey(WPARAM key, bool control) {
+// Ctrl and Alt together are AltGr, which types characters on many keyboards: the German one has } on AltGr+0.
+// So a row with Ctrl does not match while Alt is held, or a page could not get those characters.
+bool IsSwallowedKey(WPARAM key, bool control, bool alt) {
+    const bool controlAlone = control && !alt;
     return std::any_of(std::begin(kRows), std::end(kRows),
-                       [&](const Row& row) { return row.key == key && (control || !row.needsControl); });
+                       [&](const Row& row) { return row.key == key && (controlAlone || !row.needsControl); });
 }
 
 }  // namespace tarvik

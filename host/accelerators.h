@@ -5,7 +5,7 @@
 namespace tarvik {
 
 // Whether a key of the engine's own (open, reload, zoom ...) is kept from it: such keys make no sense in an
-// application. `control` tells whether Ctrl is held.
-bool IsSwallowedKey(WPARAM key, bool control);
+// application. `control` and `alt` tell whether Ctrl and Alt are held.
+bool IsSwallowedKey(WPARAM key, bool control, bool alt);
 
 }  // namespace tarvik

@@ -57,7 +57,7 @@ STDMETHODIMP CWebBrowserHost::GetHostInfo(DOCHOSTUIINFO* info) {
 
 STDMETHODIMP CWebBrowserHost::TranslateAccelerator(MSG* message, const GUID*, DWORD) {
     if (!message || message->message != WM_KEYDOWN) return S_FALSE;
-    if (IsSwallowedKey(message->wParam, GetKeyState(VK_CONTROL) < 0)) return S_OK;
+    if (IsSwallowedKey(message->wParam, GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0)) return S_OK;
     TARVIK_TRACE_TEXT("CWebBrowserHost::TranslateAccelerator", L"wParam: %08X",
                       static_cast<unsigned>(message->wParam));
     return S_FALSE;

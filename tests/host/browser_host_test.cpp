@@ -7,9 +7,10 @@ namespace tarvik {
 namespace {
 
 TEST(BrowserHost, SwallowsTheKeysOfABrowser) {
-    EXPECT_TRUE(IsSwallowedKey(VK_OEM_PLUS, true));
-    EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, false));
-    EXPECT_TRUE(IsSwallowedKey(VK_F5, true));
+    EXPECT_TRUE(IsSwallowedKey(VK_OEM_PLUS, true, false));
+    EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, false, false));
+    EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, true, true)) << "AltGr";
+    EXPECT_TRUE(IsSwallowedKey(VK_F5, true, true));
     const auto host = MakeCom<CWebBrowserHost>();
     IDocHostUIHandler* const handler = host.Get();
     MSG message = {nullptr, WM_KEYDOWN, VK_F5};

@@ -6,7 +6,22 @@
 namespace tarvik {
 namespace {
 
-class Input : public ProgramTest {};
+class Input : public ProgramTest {
+  protected:
+    // Opens a page that reports the keys that it gets, but no modifiers, and gives it the keyboard by a
+    // click.
+    void OpenForKeys() {
+        Open(
+            "var w = external.window; w.title = 'Keys'; w.setWindowPos(200, 150, 400, 300); w.show(true);"
+            "document.onkeydown = function (e) { if (e.keyCode < 16 || e.keyCode > 18)"
+            "  console.log('key ' + e.keyCode + (e.ctrlKey ? ' Ctrl' : '') + (e.altKey ? ' Alt' : '')); };"
+            "document.onmouseup = function () { console.log('clicked'); };");
+        const HWND window = program_.WindowTitled(L"Keys");
+        ASSERT_TRUE(WaitForColour(window, kBlue));
+        Drag({300, 300}, {300, 300});
+        ASSERT_TRUE(program_.WaitForLine("clicked"));
+    }
+};
 
 TEST_F(Input, OfAHotKeyReachesAHiddenWindow) {
     Open(
@@ -53,6 +68,18 @@ TEST_F(Input, OfAPageComesToThePage) {
                 ElementsAre("set true", "click true", "mousedown 0 at 100, 50", "mouseup 0 at 100, 50",
                             "click true", "mousedown 2 at 100, 50", "mouseup 2 at 100, 50", "click true",
                             "mousedown 1 at 100, 50", "mouseup 1 at 100, 50", "hold", "held truefalse"));
+}
+
+// The host swallows Ctrl+M and Ctrl+0, but keyboards type characters with AltGr, which is Ctrl and Alt.
+TEST_F(Input, OfAltGrReachesThePage) {
+    OpenForKeys();
+    PressKeys({VK_LCONTROL, 'M'});
+    PressKeys({VK_LCONTROL, VK_RMENU, 'M'});
+    PressKeys({VK_LCONTROL, VK_RMENU, '0'});
+    PressKeys({VK_LCONTROL, '0'});
+    PressKeys({'A'});
+    ASSERT_TRUE(program_.WaitForLine("key 65"));
+    EXPECT_THAT(program_.Lines(), ElementsAre("clicked", "key 77 Ctrl Alt", "key 48 Ctrl Alt", "key 65"));
 }
 
 }  // namespace
