@@ -48,9 +48,14 @@ void ChooseFolder(std::wstring& unpackFolder) {
     }
 }
 
+bool FilterMessage(MSG* message) {
+    CMessageLoop* const loop = appModule.GetMessageLoop();
+    return loop && loop->PreTranslateMessage(message);
+}
+
 int RunApplication(HINSTANCE instance) {
     appModule.Init(instance);
-    const PageControlClass pageControl;
+    const PageControlClass pageControl(FilterMessage);
     // Lives as long as the process: to end it, calls of workers would have to be served, and with them a
     // page's script that may never return.
     [[maybe_unused]] static const auto* const workers = new WorkerApartment;

@@ -23,9 +23,10 @@ class CMessageLoop {
     // Runs until WM_QUIT; the result is its parameter.
     int Run();
 
-  private:
+    // Queries the filters; true if one takes the message. For a loop that runs inside this one.
     bool PreTranslateMessage(MSG* message);
 
+  private:
     std::vector<CMessageFilter*> filters_;
 };
 

@@ -27,8 +27,10 @@ HWND MakeMessageWindow(WNDPROC procedure, void* object) {
     return window;
 }
 
-// As any loop inside another, it does not ask the filters of the program's own loop. False when the program
-// is to quit; who runs that loop hears of it too.
+DevTools::MessageFilter messageFilter = nullptr;
+
+// Does what the program's own loop would do. False when the program is to quit; then that loop gets WM_QUIT,
+// too.
 bool PumpAll() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -36,6 +38,7 @@ bool PumpAll() {
             PostQuitMessage(static_cast<int>(message.wParam));
             return false;
         }
+        if (messageFilter && messageFilter(&message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -43,6 +46,10 @@ bool PumpAll() {
 }
 
 }  // namespace
+
+void DevTools::SetMessageFilter(MessageFilter filter) {
+    messageFilter = filter;
+}
 
 Connection::Connection(std::unique_ptr<Transport> transport)
     : transport_(std::move(transport)),

@@ -28,6 +28,11 @@ class DevTools {
     static void Prepare();
     static void Forget();
 
+    // A long wait stands in for the program's message loop, and queries this before it dispatches a message.
+    // True takes the message. Null: none.
+    using MessageFilter = bool (*)(MSG* message);
+    static void SetMessageFilter(MessageFilter filter);
+
     virtual ~DevTools() = default;
 
     // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the

@@ -58,7 +58,8 @@ void PageControlClass::Forget() {
     DevTools::Forget();
 }
 
-PageControlClass::PageControlClass() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
+PageControlClass::PageControlClass(MessageFilter filter) : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
+    DevTools::SetMessageFilter(filter);
     const auto asked = IsPageControlAsked();
     if (asked ? !*asked : SystemShowsPages()) {
         DevTools::Forget();
@@ -71,6 +72,7 @@ PageControlClass::PageControlClass() : initialized_(SUCCEEDED(OleInitialize(null
 
 PageControlClass::~PageControlClass() {
     if (cookie_) CoRevokeClassObject(cookie_);
+    DevTools::SetMessageFilter(nullptr);
     DevTools::Forget();
     if (initialized_) OleUninitialize();
 }

@@ -15,7 +15,10 @@ class PageControlClass {
     // Ends what Prepare has started, if no control has used it.
     static void Forget();
 
-    PageControlClass();
+    // The filter of the program's message loop: true takes the message. Waits for a page that take long query
+    // it, too.
+    using MessageFilter = bool (*)(MSG* message);
+    explicit PageControlClass(MessageFilter filter = nullptr);
     ~PageControlClass();
     PageControlClass(const PageControlClass&) = delete;
     PageControlClass& operator=(const PageControlClass&) = delete;

@@ -10,12 +10,13 @@ class Input : public ProgramTest {
   protected:
     // Opens a page that reports the keys that it gets, but no modifiers, and gives it the keyboard by a
     // click.
-    void OpenForKeys() {
+    void OpenForKeys(const std::string& script = "") {
         Open(
             "var w = external.window; w.title = 'Keys'; w.setWindowPos(200, 150, 400, 300); w.show(true);"
             "document.onkeydown = function (e) { if (e.keyCode < 16 || e.keyCode > 18)"
             "  console.log('key ' + e.keyCode + (e.ctrlKey ? ' Ctrl' : '') + (e.altKey ? ' Alt' : '')); };"
-            "document.onmouseup = function () { console.log('clicked'); };");
+            "document.onmouseup = function () { console.log('clicked'); };" +
+            script);
         const HWND window = program_.WindowTitled(L"Keys");
         ASSERT_TRUE(WaitForColour(window, kBlue));
         Drag({300, 300}, {300, 300});
@@ -80,6 +81,19 @@ TEST_F(Input, OfAltGrReachesThePage) {
     PressKeys({'A'});
     ASSERT_TRUE(program_.WaitForLine("key 65"));
     EXPECT_THAT(program_.Lines(), ElementsAre("clicked", "key 77 Ctrl Alt", "key 48 Ctrl Alt", "key 65"));
+}
+
+// A page that computes holds up native code, which then handles messages itself.
+TEST_F(Input, IsFilteredDuringALongWait) {
+    OpenForKeys(
+        "external.hotkey.set('f7', function () { console.log('busy');"
+        "  for (var end = Date.now() + 4000; Date.now() < end;); console.log('free'); });");
+    PressKeys({VK_F7});
+    ASSERT_TRUE(program_.WaitForLine("busy"));
+    PressKeys({VK_F5});
+    PressKeys({'A'});
+    ASSERT_TRUE(program_.WaitForLine("key 65"));
+    EXPECT_THAT(program_.Lines(), ElementsAre("clicked", "busy", "free", "key 65"));
 }
 
 }  // namespace
