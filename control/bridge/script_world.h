@@ -62,7 +62,7 @@ class ScriptWorld : public std::enable_shared_from_this<ScriptWorld> {
     }
     // A dialog of the page's own holds it up: calls fail with RPC_E_CALL_REJECTED instead of waiting for it.
     void SetBlocked(bool blocked) { blocked_ = blocked; }
-    // From now on presses of a mouse button are reported.
+    // From now on presses of a mouse button that reach the document's body are reported.
     void ListenToMouse();
 
     // From the engine.

@@ -83,6 +83,18 @@ TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
     DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
 }
 
+// A press that does not bubble to the body of the page reaches nobody outside.
+TEST_F(WindowFrameOnDesk, StaysAtPressesThatAreStoppedOrInAFrame) {
+    OpenStrips(
+        "w.caption = false; document.body.insertAdjacentHTML('beforeend',"
+        "  '<div dragWindow=true style=\"height:60px\"><iframe style=\"width:200px;height:50px\"></iframe>' +"
+        "  '<b style=\"position:absolute;left:220px;width:60px;height:50px\">stopped</b></div>');"
+        "document.querySelectorAll('b')[1].onmousedown = function (e) { e.stopPropagation(); };");
+    DragAndExpect(InPage(100, 210), 50, 40, {200, 150, 400, 300});
+    DragAndExpect(InPage(250, 210), 50, 40, {200, 150, 400, 300});
+    DragAndExpect(InPage(320, 210), 50, 40, {250, 190, 400, 300});
+}
+
 // The page hears of the press when the button is up again.
 TEST_F(WindowFrameOnDesk, StaysAtAClickOnItsHandle) {
     OpenStrips("w.caption = false; document.onmousedown = function () { console.log('pressed'); };");

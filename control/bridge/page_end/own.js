@@ -48,7 +48,9 @@ const takeAside = () => {
     bind: methodOf(Function.prototype, 'bind'),
     deref: methodOf(WeakRef.prototype, 'deref'),
     composedPath: methodOf(Event.prototype, 'composedPath'),
+    addEventListener: methodOf(EventTarget.prototype, 'addEventListener'),
     baseAddress: getterOf(Node.prototype, 'baseURI'),  // a form named so would stand before it
+    body: getterOf(Document.prototype, 'body'),
     address: getterOf(URL.prototype, 'href'),
   };
 };

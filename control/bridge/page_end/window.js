@@ -1,7 +1,6 @@
 // What the page's windows, its frames' included, have of the host: adopts each in turn.
 const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => {
   const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath, toLowerCase } = own;
-  let listening = false;  // somebody native wants to hear of mouse buttons
 
   const textOf = (value) => value === undefined ? '' : '' + value;
 
@@ -42,8 +41,13 @@ const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => 
     });
   };
 
-  const onMouseDown = () => {
-    if (listening) binding('["mousedown"]');
+  const onMouseDown = () => binding('["mousedown"]');
+
+  // Native sinks receive the presses that bubble to the body, as on the system's control: a page can stop a press on its
+  // way, and a press in a frame stays in its document. Adding the listener again has no effect.
+  const listen = () => {
+    const body = own.body(document);
+    if (body) own.addEventListener(body, 'mousedown', onMouseDown);
   };
 
   const adopt = (view) => {
@@ -54,8 +58,7 @@ const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => 
     define(view, 'confirm', ask('"confirm"'));
     define(view, 'prompt', ask('"prompt"'));
     view.addEventListener('contextmenu', onContextMenu, true);
-    view.addEventListener('mousedown', onMouseDown, true);
   };
 
-  return { adopt, listen: () => { listening = true; } };
+  return { adopt, listen };
 };
