@@ -1542,10 +1542,19 @@ declare namespace Tarvik {
      *   the right kind, or a `src`.
      *
      * @example
-     * // A number that script wrote is refused.
+     * // On the page control. The example of `writeAsync` runs on both engines.
+     * var file = external.fileIO, bytes = external.stream;
+     * file.open('notes.txt', 'r');
+     * file.readAsync({
+     *   len: window['BigInt'](100),  // not in ES5, so the compiler does not know the name
+     *   progress: function (chunk) { chunk.copyTo(bytes); },
+     *   success: function () {
+     *     bytes.getSize();  //= 13
+     *     file.close();
+     *   }
+     * });
      * external.fileIO.readAsync({
-     *   len: 100,
-     *   progress: function (chunk) { console.log(chunk.readString()); },
+     *   len: 100,  // a plain number
      *   fail: function (code) {
      *     code;  //= -2147024809
      *   }
@@ -1564,8 +1573,31 @@ declare namespace Tarvik {
      *   the right kind, or no `src`.
      *
      * @example
-     * // A number that script wrote is refused.
-     * external.fileIO.writeAsync({ src: external.stream, len: 100 });  //= false
+     * // Copies a file.
+     * function unsigned(number) {
+     *   if (window['BigInt']) return window['BigInt'](number);  // on the page control
+     *   var bytes = external.stream;  // on the old engine
+     *   bytes.writeUInt32(number);
+     *   bytes.seek(0, bytes.BEGIN);
+     *   return bytes.readUInt32();
+     * }
+     * var from = external.fileIO, to = external.fileIO, bytes = external.stream;
+     * from.open('notes.txt', 'r');
+     * to.open('copy of notes.txt', 'wn');  //= true
+     * from.readAsync({
+     *   len: unsigned(from.size),
+     *   progress: function (chunk) { chunk.copyTo(bytes); },
+     *   success: function () {
+     *     bytes.seek(0, bytes.BEGIN);
+     *     to.writeAsync({ src: bytes, len: unsigned(bytes.getSize()), success: copied });
+     *   }
+     * });
+     * function copied() {
+     *   to.size;  //= 13
+     *   to.close();
+     *   from.close();
+     *   external.file.deleteFile('copy of notes.txt');  //= true
+     * }
      */
     writeAsync(options: WriteAsyncOptions): boolean;
 
@@ -1628,11 +1660,11 @@ declare namespace Tarvik {
     /**
      * How many bytes: an unsigned whole number of 32 bits.
      *
-     * Script's own numbers are of another kind and are refused. Such a number comes from a native object, and it keeps
-     * its kind only where no page control carries it, or in an option object that a plug-in library made. On any
-     * engine, {@link FileIO.read} takes script's numbers.
+     * JavaScript's plain numbers are of another type and are refused. On the page control, `BigInt(n)` makes an unsigned
+     * number. The old engine has no BigInt, but keeps the type of a number that a member returns: there, `len` comes
+     * from {@link Stream.readUInt32}. On both engines, {@link FileIO.read} takes plain numbers.
      */
-    len: number;
+    len: number | bigint;
     /**
      * Is called for each piece of at most 65536 bytes. `false` ends the run with no further call.
      *
@@ -1652,11 +1684,11 @@ declare namespace Tarvik {
     /** Where the bytes come from. The page leaves it alone until the end. */
     src: Stream;
     /**
-     * How many bytes: a number of the kind of {@link ReadAsyncOptions.len}.
+     * How many bytes: a number of the type of {@link ReadAsyncOptions.len}.
      *
-     * On any engine, {@link FileIO.write} takes script's numbers.
+     * On both engines, {@link FileIO.write} takes plain numbers.
      */
-    len: number;
+    len: number | bigint;
     /** Is called for each piece of at most 65536 bytes. `false` ends the run with no further call. */
     progress?(context: any): boolean | void;
     /** Is called at the end, also when the stream was shorter than `len`. */

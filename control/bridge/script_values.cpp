@@ -29,6 +29,14 @@ Variant ReadNumber(const Json& number) {
     return fits ? Variant::I4(number.get<LONG>()) : Variant::R8(value);
 }
 
+// A BigInt is how a page passes one of the unsigned types, which some members insist on. Only negative ones
+// need a signed type.
+Variant ReadBigInt(const Json& number) {
+    if (!number.is_number_unsigned()) return Variant::I8(number.get<LONGLONG>());
+    const auto value = number.get<ULONGLONG>();
+    return value <= ULONG_MAX ? Variant::UI4(static_cast<ULONG>(value)) : Variant::UI8(value);
+}
+
 }  // namespace
 
 std::wstring ScriptWorld::ReadText(const Json& text) {
@@ -46,6 +54,7 @@ Variant ScriptWorld::ReadValue(const Json& value) {
     if (value.is_number()) return ReadNumber(value);
     const std::string& tag = value.at(0).get_ref<const std::string&>();
     if (tag == "n") return Variant::R8(SpecialNumber(value.at(1)));
+    if (tag == "i") return ReadBigInt(value.at(1));
     if (tag == "s") return Variant::Text(ReadText(value));
     if (tag == "f") return Variant::Object(Script(value.at(1), value.at(2)).Get());
     if (tag != "o") return Variant();

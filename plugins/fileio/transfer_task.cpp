@@ -8,8 +8,8 @@ namespace tarvik {
 
 namespace {
 
-// A number of any other kind is refused, and script writes no number of this one: it comes from a native
-// source, such as readUInt32 of a stream. That is intended.
+// A number of any other type is refused by design. A page passes a BigInt, or on the system's control a
+// number from a native source, such as readUInt32 of a stream.
 ULONG LengthIn(const Options& options) {
     const Variant length = options.Value(L"len");
     if (!length.Is(VT_UI4) || length.ulVal == 0) throw StatusError(E_INVALIDARG);

@@ -26,7 +26,7 @@ const takeAside = () => {
   return {
     __proto__: null,
     apply, construct, ownKeys, is, getOwnPropertyDescriptor, getPrototypeOf, hasOwn,
-    Date, Error, Number, Proxy, URL, WeakRef,
+    Date, Error, Proxy, RangeError, URL, WeakRef,
     eval, reportError, setTimeout,
     isInteger: Number.isInteger,
     stringify: JSON.stringify,

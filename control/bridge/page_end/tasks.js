@@ -1,6 +1,6 @@
 // What the host has run. Each takes (object, name or this, arguments) and gives an outcome as JSON.
 const makeTasks = (values, own) => {
-  const { encodeText, encode } = values;
+  const { encodeText, encode, isEncodable } = values;
   const { apply, construct, ownKeys, hasOwn, getOwnPropertyDescriptor, getPrototypeOf, objectPrototype } = own;
   const globalEval = own.eval;
 
@@ -20,7 +20,7 @@ const makeTasks = (values, own) => {
   };
 
   // Values that can be had without running script, and that are worth to be sent when perhaps nobody wants them.
-  const isAtHand = (description) => description && hasOwn(description, 'value') &&
+  const isAtHand = (description) => description && hasOwn(description, 'value') && isEncodable(description.value) &&
       !(typeof description.value === 'string' && description.value.length > kShortText);
 
   // All that an object of few members says for a name: who asks for one will ask for the next. Nothing if that leaves open

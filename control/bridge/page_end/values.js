@@ -1,8 +1,9 @@
 // Values to the host: primitives as JSON, everything else as a tagged array: ["u"] undefined, ["n", text] a number that
-// JSON cannot write, ["s", units] a string that is not well-formed, ["o", id] a native object, ["f", number, callable] a
-// script object.
+// JSON cannot write, ["i", integer] a BigInt, ["s", units] a string that is not well-formed, ["o", id] a native object,
+// ["f", number, callable] a script object.
 const makeEncoders = (records, numberOf, held, own) => {
-  const { is, Number, isWellFormed, charCodeAt, stringify } = own;
+  const { is, define, RangeError, isWellFormed, charCodeAt, stringify } = own;
+  const kOverflow = -2147352566;  // DISP_E_OVERFLOW
   let lastNumber = kWindow;
 
   const encodeText = (text) => {
@@ -33,25 +34,42 @@ const makeEncoders = (records, numberOf, held, own) => {
     return value - value === 0 ? '' + value : '["n","' + value + '"]';
   };
 
+  const isEncodable = (value) =>
+    typeof value !== 'bigint' || (value >= -0x8000000000000000n && value <= 0xFFFFFFFFFFFFFFFFn);
+
+  const requireEncodable = (value) => {
+    if (isEncodable(value)) return;
+    const error = new RangeError('A BigInt of more than 64 bits cannot be passed to native code.');
+    define(error, 'number', kOverflow);
+    throw error;
+  };
+
+  const encodeBigInt = (value) => {
+    requireEncodable(value);
+    return '["i",' + value + ']';
+  };
+
   const encode = (value) => {
     switch (typeof value) {
       case 'string': return encodeText(value);
       case 'boolean': return value ? 'true' : 'false';
       case 'number': return encodeNumber(value);
-      case 'bigint': return encodeNumber(Number(value));
+      case 'bigint': return encodeBigInt(value);
       case 'object': return value === null ? 'null' : encodeObject(value);
       case 'function': return encodeObject(value);
       default: return '["u"]';
     }
   };
 
+  // Refuses before it counts references, which a call that is never sent could not release.
   const encodeAll = (values) => {
+    for (let i = 0; i < values.length; ++i) requireEncodable(values[i]);
     let text = '';
     for (let i = 0; i < values.length; ++i) text += (i ? ',' : '') + encode(values[i]);
     return '[' + text + ']';
   };
 
-  return { encodeText, encode, encodeAll };
+  return { encodeText, encode, encodeAll, isEncodable };
 };
 
 // Values from the host are JavaScript, with ["o", id, callable], ["f", number], ["d", milliseconds] and ["a", values].

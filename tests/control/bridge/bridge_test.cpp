@@ -35,6 +35,24 @@ TEST_F(Bridge, PassesEveryKindOfValueBothWays) {
                                                "EMPTY", "NULL", "BOOL true", HasSubstr("DISPATCH")));
 }
 
+TEST_F(Bridge, PassesBigIntsInUnsignedTypes) {
+    page_.Open(R"(<script>function refused(f) {
+        try { f(); return 'no error'; } catch (e) { return [e instanceof RangeError, e.number]; }
+    } var big = { a: 1, b: 2n ** 64n, c: 3n };</script>)");
+    page_.Evaluate(
+        "[0n, 4294967295n, 4294967296n, 2n ** 64n - 1n, -1n, -(2n ** 63n)].forEach(v => external.note(v))");
+    EXPECT_THAT(page_.desk->notes,
+                ElementsAre("UI4 0", "UI4 4294967295", "UI8 4294967296", "UI8 18446744073709551615", "I8 -1",
+                            "I8 -9223372036854775808"));
+    Check({
+        // What native code returns is a plain number, whatever its type.
+        {"[5n, 2n ** 53n, -7n].map(v => external.echo(v))", "[5,9007199254740992,-7]"},
+        {"refused(() => external.echo({}, 2n ** 64n))", "[true,-2147352566]"},
+        {"refused(() => { external.text = -(2n ** 63n) - 1n; })", "[true,-2147352566]"},
+        {"external.options(big, 'a b c z')", "\"I4 1, EMPTY, UI4 3, none\""},
+    });
+}
+
 TEST_F(Bridge, PropertiesAndFailures) {
     page_.Open(R"(<script>function fails(f) {
         try { f(); return 'no error'; } catch (e) { return [e instanceof Error, e.number, !!e.message]; }
