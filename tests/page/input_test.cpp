@@ -46,16 +46,16 @@ TEST_F(Input, OfAPageComesToThePage) {
     Open(
         "var w = external.window, mouse = external.mouse; w.title = 'Mouse'; w.caption = false;"
         "w.setWindowPos(200, 150, 400, 300); w.show(true);"
-        "function tell(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY); }"
+        "function tell(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY);"
+        "  if (e.type == 'mouseup') setTimeout(next, 0); }"
         "document.onmousedown = tell; document.onmouseup = tell;"
         "function click(button) { console.log('click ' + mouse.click(button, 5, 5)); }"
-        "function hold() { document.onmousedown = function () {"
+        "function hold() { document.onmouseup = null; document.onmousedown = function () {"
         "    console.log('held ' + mouse.isBtnDown() + mouse.isBtnDown(mouse.RBTN)); w.quit(7); };"
         "  console.log('hold'); }"
         "var buttons = [7, 1, mouse.MBTN];"
-        "function start() { setTimeout(start, 300); if (buttons.length) click(buttons.shift());"
-        "  else if (hold) { hold(); hold = null; } }"
-        "console.log('set ' + external.hotkey.set('f7', start));");
+        "function next() { if (buttons.length) click(buttons.shift()); else hold(); }"
+        "console.log('set ' + external.hotkey.set('f7', next));");
     ASSERT_TRUE(program_.WaitForLine("set true"));
     ASSERT_TRUE(WaitForColour(program_.WindowTitled(L"Mouse"), kBlue));
     Send(MoveOf({300, 200}));
