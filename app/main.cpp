@@ -8,6 +8,7 @@
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/com_ptr.h"
+#include "base/text.h"
 #include "control/page/register.h"
 #include "host/page_address.h"
 #include "host/registry/plugin_library.h"
@@ -25,7 +26,7 @@ void UseFolder(const wchar_t* folder) {
 
 void UnpackAttached(std::wstring& unpackFolder) {
     if (!HasAttachedArchive()) return;
-    PageControlClass::Prepare();  // unpacking takes a while, in which the engine can start
+    PageControlClass::Prelaunch();  // unpacking takes a while, in which the engine can start
     // It waits without pumping messages, and so must not be done in a single-threaded apartment.
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)SelfUnpack(unpackFolder);
@@ -41,11 +42,19 @@ void ChooseFolder(std::wstring& unpackFolder) {
     } else {
         UnpackAttached(unpackFolder);
     }
-    if (HasFirstPage()) {
-        PageControlClass::Prepare();
-    } else {
-        PageControlClass::Forget();
-    }
+}
+
+void ReportNoPage() {
+    ReportToAuthor(L"The program has no window and runs until it is ended.\nusage: " +
+                   FileNameOf(ExecutablePath()) +
+                   L" [-d FOLDER] [-f PAGE]\n"
+                   L"FOLDER holds resource\\index.html; PAGE is the path or URL of another page.");
+}
+
+// Lives as long as the process: to end it, calls of workers would have to be served, and with them a page's
+// script that may never return.
+void KeepWorkerApartment() {
+    static_cast<void>(new WorkerApartment);
 }
 
 bool FilterMessage(MSG* message) {
@@ -54,15 +63,20 @@ bool FilterMessage(MSG* message) {
 }
 
 int RunApplication(HINSTANCE instance) {
+    const bool hasPage = ChooseFirstPage();
+    if (hasPage) {
+        PageControlClass::Prelaunch();
+    } else {
+        PageControlClass::Shutdown();
+    }
     appModule.Init(instance);
     const PageControlClass pageControl(FilterMessage);
-    // Lives as long as the process: to end it, calls of workers would have to be served, and with them a
-    // page's script that may never return.
-    [[maybe_unused]] static const auto* const workers = new WorkerApartment;
+    KeepWorkerApartment();
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
     auto first = MakeCom<CWebBrowser>();
     first->CreateHidden(nullptr, nullptr);
+    if (!hasPage) ReportNoPage();
     const int exitCode = loop.Run();
     appModule.RemoveMessageLoop();
     first.Reset();

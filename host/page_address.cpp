@@ -55,6 +55,10 @@ std::wstring BesideFilePage(const std::wstring& location, const std::wstring& ur
     });
 }
 
+bool IsFile(const std::wstring& path) {
+    return PathFileExistsW(path.c_str()) && !PathIsDirectoryW(path.c_str());
+}
+
 // A control reads a `#` in a path as the start of a fragment, so such a path is opened by its URL. Others
 // stay as they are: the control completes them as it always has.
 std::wstring AddressOfFile(const std::wstring& path) {
@@ -85,15 +89,19 @@ std::wstring ChoosePage(const wchar_t* asked) {
 
 std::wstring PageAddress(const std::wstring& page) {
     if (PathIsURLW(page.c_str())) return page;
-    for (size_t end = page.size(); end != 0 && end != std::wstring::npos; end = page.rfind(L'#', end - 1)) {
+    if (PathFileExistsW(page.c_str())) return AddressOfFile(page);
+    for (size_t end = page.rfind(L'#'); end != 0 && end != std::wstring::npos;
+         end = page.rfind(L'#', end - 1)) {
         const std::wstring file = page.substr(0, end);
-        if (PathFileExistsW(file.c_str())) return AddressOfFile(file) + page.substr(end);
+        if (IsFile(file)) return AddressOfFile(file) + page.substr(end);
     }
     return {};
 }
 
-bool HasFirstPage() {
-    return !PageAddress(ChoosePage(nullptr)).empty();
+bool ChooseFirstPage() {
+    bool isFound = false;
+    (void)Guard([&] { isFound = !PageAddress(ChoosePage(nullptr)).empty(); });
+    return isFound;
 }
 
 std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location) {

@@ -32,14 +32,10 @@ void SilenceNavigation() {
     if (set) set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
 }
 
-std::wstring TextOfMissingPage(const std::wstring& page, bool isAsked) {
-    if (page.empty()) return L"createWindow: url must be absolute on a web page. No window was opened.";
-    const std::wstring text = L"The page \"" + FullPath(page) + L"\" does not exist. ";
-    if (isAsked) return text + L"No window was opened.";
-    return text + L"The program has no window and runs until it is ended.\nusage: " +
-           FileNameOf(ExecutablePath()) +
-           L" [-d FOLDER] [-f PAGE]\nFOLDER holds resource\\index.html; PAGE is the path or URL of another "
-           L"page.";
+std::wstring TextOfMissingPage(const std::wstring& page) {
+    const std::wstring reason = page.empty() ? L"A relative URL is resolved on file: pages only."
+                                             : L"The page \"" + FullPath(page) + L"\" does not exist.";
+    return reason + L" No window was opened.";
 }
 
 }  // namespace
@@ -82,7 +78,7 @@ HRESULT CWebBrowser::OpenPage(const wchar_t* asked) {
     const std::wstring address = PageAddress(page);
     if (address.empty()) {
         TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
-        ReportToAuthor(TextOfMissingPage(page, asked != nullptr));
+        ReportToAuthor(TextOfMissingPage(page));
         return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
     if (const HRESULT status = CreateControl(address); FAILED(status)) return status;

@@ -19,7 +19,7 @@ constexpr DWORD kReadSize = 256 * 1024;
 
 std::weak_ptr<Connection> current;
 std::wstring lastStartError;
-std::future<std::unique_ptr<Transport>> prepared;
+std::future<std::unique_ptr<Transport>> prelaunched;
 
 std::unique_ptr<Transport> Launch(const std::wstring& engine) {
     return IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine);
@@ -32,7 +32,7 @@ std::shared_ptr<Connection> Start() {
         throw StatusError(REGDB_E_CLASSNOTREG);
     }
     lastStartError = L"The web engine could not be started:\n" + engine;
-    auto connection = std::make_shared<Connection>(prepared.valid() ? prepared.get() : Launch(engine));
+    auto connection = std::make_shared<Connection>(prelaunched.valid() ? prelaunched.get() : Launch(engine));
     current = connection;  // who comes while it greets joins in
     connection->Greet();
     lastStartError.clear();
@@ -55,16 +55,16 @@ std::shared_ptr<DevTools> DevTools::Acquire() {
     return connection;
 }
 
-void DevTools::Prepare() {
-    if (prepared.valid()) return;
+void DevTools::Prelaunch() {
+    if (prelaunched.valid()) return;
     const std::wstring engine = FindEngine();
-    if (!engine.empty()) prepared = std::async(std::launch::async, Launch, engine);
+    if (!engine.empty()) prelaunched = std::async(std::launch::async, Launch, engine);
 }
 
 // Windows that are still there go with the process, and nobody lets go of the engine for them. Under Wine it
 // cleans up behind itself.
-void DevTools::Forget() {
-    prepared = {};
+void DevTools::Shutdown() {
+    prelaunched = {};
     const auto connection = current.lock();
     if (connection && !IsWine()) connection->Kill();
 }

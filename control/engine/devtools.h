@@ -23,10 +23,10 @@ class DevTools {
     static std::shared_ptr<DevTools> Acquire();
     static std::wstring LastStartError();
 
-    // Starts the engine's program in the background, once, for the first user soon after. Forget ends it if
+    // Starts the engine's program in the background, once, for the first user soon after. Shutdown ends it if
     // no control came; at the program's end also if one is still there.
-    static void Prepare();
-    static void Forget();
+    static void Prelaunch();
+    static void Shutdown();
 
     // A long wait stands in for the program's message loop, and queries this before it dispatches a message.
     // True takes the message. Null: none.

@@ -49,20 +49,20 @@ std::optional<bool> IsPageControlAsked() {
 
 }  // namespace
 
-void PageControlClass::Prepare() {
+void PageControlClass::Prelaunch() {
     // Whether the system shows pages takes as long to find out as the engine takes to start.
-    if (IsPageControlAsked().value_or(IsWine())) DevTools::Prepare();
+    if (IsPageControlAsked().value_or(IsWine())) DevTools::Prelaunch();
 }
 
-void PageControlClass::Forget() {
-    DevTools::Forget();
+void PageControlClass::Shutdown() {
+    DevTools::Shutdown();
 }
 
 PageControlClass::PageControlClass(MessageFilter filter) : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
     DevTools::SetMessageFilter(filter);
     const auto asked = IsPageControlAsked();
     if (asked ? !*asked : SystemShowsPages()) {
-        DevTools::Forget();
+        DevTools::Shutdown();
         return;
     }
     const auto factory = MakeCom<Factory>();
@@ -73,7 +73,7 @@ PageControlClass::PageControlClass(MessageFilter filter) : initialized_(SUCCEEDE
 PageControlClass::~PageControlClass() {
     if (cookie_) CoRevokeClassObject(cookie_);
     DevTools::SetMessageFilter(nullptr);
-    DevTools::Forget();
+    DevTools::Shutdown();
     if (initialized_) OleUninitialize();
 }
 

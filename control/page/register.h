@@ -11,9 +11,9 @@ class PageControlClass {
   public:
     // Where this control will be the one, most likely: starts its engine, which takes a moment, in the
     // background. May come long before the object, and more than once.
-    static void Prepare();
-    // Ends what Prepare has started, if no control has used it.
-    static void Forget();
+    static void Prelaunch();
+    // Ends what Prelaunch has started, if no control has used it.
+    static void Shutdown();
 
     // The filter of the program's message loop: true takes the message. Waits for a page that take long query
     // it, too.

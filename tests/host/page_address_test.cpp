@@ -46,6 +46,8 @@ TEST(PageAddress, TakesUrlsAndFilesThatExist) {
 
 TEST(PageAddress, MakesAUrlOfAPathWithAHash) {
     const TempFolder folder;
+    folder.Write(L"C\\page.html", "");  // the folder's name up to its hash
+    EXPECT_EQ(PageAddress(folder / L"C# %41\\page.html"), L"");
     const std::wstring page = folder.Write(L"C# %41\\page.html", "");
     for (const wchar_t* fragment : {L"", L"#/route?x=1"}) {
         const std::wstring address = PageAddress(page + fragment);

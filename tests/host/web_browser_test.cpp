@@ -35,7 +35,11 @@ class BrowserWindow : public testing::Test {
 
 TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
     const ObjectCheck nothingLeft;
-    EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, (folder_ / L"none.html").c_str()));
+    DebugChannel channel;
+    for (const std::wstring& page : {folder_ / L"none.html", std::wstring()})
+        EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, page.c_str()));
+    EXPECT_THAT(channel.texts, ElementsAre(EndsWith("none.html\" does not exist. No window was opened.\n"),
+                                           testing::StartsWith("A relative URL")));
 }
 
 // The system's class of web browser controls, with what happens before one is made.
