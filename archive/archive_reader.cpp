@@ -20,29 +20,33 @@ ArchiveReader::ArchiveReader(Bytes archive) {
                                  MZ_ZIP_FLAG_DO_NOT_SORT_CENTRAL_DIRECTORY));
 }
 
-const mz_zip_archive_file_stat* ArchiveReader::FindStatistics(mz_uint index) {
-    if (!mz_zip_reader_file_stat(&zip_, index, &statistics_)) return nullptr;
+const mz_zip_archive_file_stat& MemberEntry::Statistics() const {
+    Check(statistics);
+    return *statistics;
+}
+
+// The flags stand in the statistics even if the other fields are refused.
+MemberEntry ArchiveReader::Lookup(mz_uint index) {
+    const bool isSound = ReadStatistics(index);
+    const UINT codePage = statistics_.m_bit_flag & kNameIsUtf8 ? CP_UTF8 : CP_ACP;
+    return {NameOf(index, codePage), isSound ? &statistics_ : nullptr};
+}
+
+bool ArchiveReader::ReadStatistics(mz_uint index) {
     // The reader adds these without a look at an overflow: 64-bit fields of a damaged archive would lead it
     // out of the memory block.
-    const bool liesInside = statistics_.m_local_header_ofs <= zip_.m_archive_size &&
-                            statistics_.m_comp_size <= zip_.m_archive_size;
-    return liesInside ? &statistics_ : nullptr;
+    return mz_zip_reader_file_stat(&zip_, index, &statistics_) &&
+           statistics_.m_local_header_ofs <= zip_.m_archive_size &&
+           statistics_.m_comp_size <= zip_.m_archive_size;
 }
 
-const mz_zip_archive_file_stat& ArchiveReader::Statistics(mz_uint index) {
-    const auto* member = FindStatistics(index);
-    Check(member);
-    return *member;
-}
-
-std::wstring ArchiveReader::Name(mz_uint index) {
-    // The statistics cut long names, but the flags stand there even if the other fields are refused.
-    FindStatistics(index);
+// In full: the statistics cut long names.
+std::wstring ArchiveReader::NameOf(mz_uint index, UINT codePage) {
     const mz_uint length = mz_zip_reader_get_filename(&zip_, index, nullptr, 0);
     std::string name(length, '\0');
     mz_zip_reader_get_filename(&zip_, index, name.data(), length);
     name.pop_back();
-    return Widen(name, statistics_.m_bit_flag & kNameIsUtf8 ? CP_UTF8 : CP_ACP);
+    return Widen(name, codePage);
 }
 
 void ArchiveReader::Extract(const mz_zip_archive_file_stat& member, Write write, void* target) {

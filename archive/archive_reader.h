@@ -1,5 +1,6 @@
 #pragma once
 
+#include <windows.h>
 #include <miniz.h>
 
 #include <string>
@@ -7,6 +8,16 @@
 #include "archive/archive_finder.h"
 
 namespace tarvik {
+
+// A member as the archive's directory tells of it.
+struct MemberEntry {
+    std::wstring name;
+    // Null where the entry contradicts itself; valid until the next look-up.
+    const mz_zip_archive_file_stat* statistics;
+
+    // Throws E_FAIL where there are none.
+    const mz_zip_archive_file_stat& Statistics() const;
+};
 
 // The members of an archive that lies in memory, in the order of its central directory. Nothing of the
 // archive is copied but the directory. Every operation throws E_FAIL for what is broken or not supported.
@@ -20,14 +31,14 @@ class ArchiveReader {
     ArchiveReader& operator=(const ArchiveReader&) = delete;
 
     mz_uint Count() { return mz_zip_reader_get_num_files(&zip_); }
-    // Null where the directory's entry contradicts itself; valid until another member is looked up.
-    const mz_zip_archive_file_stat* FindStatistics(mz_uint index);
-    const mz_zip_archive_file_stat& Statistics(mz_uint index);
-    std::wstring Name(mz_uint index);  // also of a member without statistics
+    MemberEntry Lookup(mz_uint index);
     // Hands the content of a file that is not empty out in order, then checks its size and sum.
     void Extract(const mz_zip_archive_file_stat& member, Write write, void* target);
 
   private:
+    bool ReadStatistics(mz_uint index);
+    std::wstring NameOf(mz_uint index, UINT codePage);
+
     mz_zip_archive zip_ = {};
     mz_zip_archive_file_stat statistics_ = {};
 };

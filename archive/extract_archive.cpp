@@ -27,18 +27,19 @@ size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noe
     return Guard([&] { return member.listener.DataWritten(count) ? S_OK : E_ABORT; }) == S_OK ? count : 0;
 }
 
-// What the directory says of all members together.
+// All members together.
 struct Summary {
     ULONGLONG totalSize = 0;
-    std::set<std::wstring> names;
+    std::set<std::wstring> names;  // those that are not refused
 };
 
 Summary Summarize(ArchiveReader& archive) {
     Summary summary;
     for (mz_uint index = 0; index < archive.Count(); ++index) {
-        summary.names.insert(archive.Name(index));
-        const auto* member = archive.FindStatistics(index);
-        if (member && !IsMarkedAsFolder(*member)) summary.totalSize += member->m_uncomp_size;
+        MemberEntry member = archive.Lookup(index);
+        if (member.statistics && !IsMarkedAsFolder(*member.statistics))
+            summary.totalSize += member.statistics->m_uncomp_size;
+        if (StaysInside(member.name)) summary.names.insert(std::move(member.name));
     }
     return summary;
 }
@@ -56,15 +57,14 @@ class Extraction {
 
   private:
     void Extract(mz_uint index) {
-        const std::wstring name = archive_.Name(index);
-        const auto* member = archive_.FindStatistics(index);
-        if (!member || !StaysInside(name)) {
-            // The listener may skip it, so nothing is made for it before.
+        const auto [name, statistics] = archive_.Lookup(index);
+        if (!statistics || !StaysInside(name)) {
+            // Refused, unless the listener skips it. No folder is created for it first.
             if (IsWanted(name)) throw StatusError(E_FAIL);
             return;
         }
-        const std::wstring path = output_.Place(IsFolder(*member, name) ? name + L'/' : name);
-        if (IsWanted(name)) Write(*member, path);
+        const std::wstring path = output_.Place(IsFolder(*statistics, name) ? name + L'/' : name);
+        if (IsWanted(name)) Write(*statistics, path);
     }
 
     bool IsWanted(const std::wstring& name) {

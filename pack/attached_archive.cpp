@@ -28,9 +28,9 @@ size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
 
 // The reader compares a member's size and sum with those that are told of it.
 void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
-    const auto& member = reader.Statistics(index);
-    if (reader.Name(index) != expected.name) throw StatusError(E_FAIL);
-    if (member.m_uncomp_size > 0) reader.Extract(member, OnData, &progress);
+    const MemberEntry member = reader.Lookup(index);
+    if (member.name != expected.name) throw StatusError(E_FAIL);
+    if (member.Statistics().m_uncomp_size > 0) reader.Extract(member.Statistics(), OnData, &progress);
 }
 
 }  // namespace

@@ -33,10 +33,11 @@ void Print(ArchiveReader& reader) {
     ULONGLONG total = 0;
     for (mz_uint index = 0; index < reader.Count(); ++index) {
         Interrupt::Check();
-        const auto& member = reader.Statistics(index);
-        total += member.m_uncomp_size;
-        Console::Out().Write(LocalTime(member.m_time) + Column(Grouped(member.m_uncomp_size)) + L"  " +
-                             reader.Name(index) + L"\n");
+        const MemberEntry member = reader.Lookup(index);
+        const auto& statistics = member.Statistics();
+        total += statistics.m_uncomp_size;
+        Console::Out().Write(LocalTime(statistics.m_time) + Column(Grouped(statistics.m_uncomp_size)) +
+                             L"  " + member.name + L"\n");
     }
     Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(Grouped(total)) + L"  in " +
                          Grouped(reader.Count()) + L" files and folders\n");

@@ -14,6 +14,13 @@ std::wstring PinnedPath(const std::wstring& path) {
     return FullPath(path);
 }
 
+// A file has a short name beside the one that folders list.
+std::wstring ListedName(const std::wstring& path) {
+    const std::wstring full =
+        ReadPath([&](wchar_t* buffer) { GetLongPathNameW(path.c_str(), buffer, kPathLength); });
+    return FileNameOf(full.empty() ? path : full);
+}
+
 }  // namespace
 
 FileOutput::FileOutput(const std::wstring& path, bool overWrite)
@@ -21,6 +28,7 @@ FileOutput::FileOutput(const std::wstring& path, bool overWrite)
       file_(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                         overWrite ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)) {
     if (!file_) ThrowLastError();
+    name_ = ListedName(path_);
 }
 
 FileOutput::~FileOutput() {
@@ -40,7 +48,7 @@ size_t FileOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
 
 // Few files have the same name, so few are opened for this.
 bool FileOutput::LiesAt(const std::wstring& path) const {
-    return SameIgnoringCase(FileNameOf(path), FileNameOf(path_)) && IsSameFile(path, path_);
+    return SameIgnoringCase(FileNameOf(path), name_) && IsSameFile(path, path_);
 }
 
 size_t StreamOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {

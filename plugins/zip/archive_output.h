@@ -16,7 +16,7 @@ class ArchiveOutput {
     virtual ~ArchiveOutput() = default;
     virtual size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) = 0;  // the bytes written
     virtual void Keep() = 0;                                                      // the archive is complete
-    virtual bool LiesAt(const std::wstring& path) const = 0;  // the path may be written in any way
+    virtual bool LiesAt(const std::wstring& path) const = 0;                      // a path as folders list it
 };
 
 // A new file. It goes again, unless it is kept.
@@ -31,6 +31,7 @@ class FileOutput : public ArchiveOutput {
   private:
     std::wstring path_;
     UniqueHandle file_;
+    std::wstring name_;  // as its folder lists it
 };
 
 class StreamOutput : public ArchiveOutput {

@@ -118,6 +118,12 @@ TEST_F(Zip, LeavesItselfOut) {
         }
         DeleteFileW(archive.c_str());
     }
+    const std::wstring archive = folder_.Write(L"source\\the archive of all.zip", "");
+    const std::wstring shortPath =
+        ReadPath([&](wchar_t* buffer) { GetShortPathNameW(archive.c_str(), buffer, kPathLength); });
+    EXPECT_EQ(Pack(PackingOf(Source()).Set(L"dest", shortPath.c_str()).Set(L"overWrite", true)).text,
+              kSuccess);
+    EXPECT_THAT(EntryNames(ReadFileBytes(archive)), ElementsAre("a", "deep/packed.zip", "deep/"));
 }
 
 }  // namespace

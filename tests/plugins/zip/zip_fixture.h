@@ -51,7 +51,7 @@ inline std::vector<std::string> EntryNames(const std::string& archive) {
     ArchiveReader reader(BytesOf(archive));
     std::vector<std::string> names;
     for (mz_uint i = 0; i < reader.Count(); ++i)
-        names.push_back(Narrow(reader.Name(i)));
+        names.push_back(Narrow(reader.Lookup(i).name));
     return names;
 }
 
