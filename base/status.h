@@ -24,13 +24,14 @@ inline void ThrowIfFailed(HRESULT status) {
     if (FAILED(status)) throw StatusError(status);
 }
 
-// The status of a failed platform call is the thread's last error. The rule for a call that fails and leaves
-// none:
-// - Where the work can go on without the call, the call counts as success, as the contract requires: S_OK.
-HRESULT LastErrorStatus() noexcept;
-// - Where the work needs what the call did not give, it fails: E_FAIL.
+// The status of a failed platform call: the thread's last error, or E_FAIL if the call left none.
 HRESULT LastFailureStatus() noexcept;
 [[noreturn]] void ThrowLastError();
+
+// The same, but a call that left no error counts as success: S_OK. The contract requires that where the
+// status is all that a member returns: deleting a file, INI files, input, exit codes, the status of
+// CreateBrowserWindow.
+HRESULT LastErrorStatus() noexcept;
 
 // Whether a call failed because the apartment, process or page that its object lived in has gone: what
 // proxies answer then, and the page control.

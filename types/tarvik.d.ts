@@ -1939,10 +1939,10 @@ declare namespace Tarvik {
      * - Nothing is written outside `dest`. A member with a refused name ends the run, unless `progress` returns `0` for
      *   it. Refused are a path that would leave `dest`, an empty name, a colon or a NUL in it, and the names of devices,
      *   such as `con` and `aux.txt`. The same holds for a member whose entry in the archive's directory is broken.
-     * - Names that are not marked as UTF-8 are read in the ANSI code page of the system. Some programs write them in
-     *   code page 437 instead, as old ones do and 7-Zip by default: letters outside ASCII come out as other letters.
+     * - Names that are not marked as UTF-8 are read in the ANSI code page of the system. Many programs write them in an
+     *   OEM code page instead, such as 437: letters outside ASCII come out as other letters.
      * - An empty member that has the name of a folder in the archive is that folder, also without the slash at its end.
-     * - Archives of more than 65,535 members or 4 GiB, and others in the format Zip64, are not read.
+     * - Archives of more than 65,535 members or 4 GiB, and others whose directory has the format Zip64, are not read.
      *
      * @throws 0x80070057 if there is no option object.
      *

@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Tells the author of an application why it does not start: on the debugger's channel, and on the standard
-// error or the console from which the program was started, where there is one. Never fails.
+// Reports to the author of an application why it does not start: on the debugger's channel, and on standard
+// error or the console of the parent process if there is one. A line feed is added. Any thread; never fails.
 void ReportToAuthor(const std::wstring& text) noexcept;
 
 }  // namespace tarvik

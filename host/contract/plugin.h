@@ -55,10 +55,10 @@ IPlugin : public IUnknown {
     // Called once, right after creation. `browser` answers IWebBrowser2. Either may be null for a plug-in
     // that script asks for while its window is being destroyed. The status is not looked at.
     STDMETHOD(Initialize)(ICore * core, IUnknown * browser) = 0;
-    // The window has a new document, or a frame in it has, which also tells so; the argument is always null,
-    // and the status is not looked at. Comes to retained plug-ins, as the next one does. A plug-in that is
-    // first used later gets the calls that have been; of a transient one only the object that is made to look
-    // its name up, and is released at once, gets them.
+    // The window, or a frame in it, has a new document. The argument is always null, and the status is
+    // ignored. This call and the next one go to retained plug-ins. A retained plug-in that is created later
+    // gets the calls that it missed right after Initialize. A transient plug-in gets neither, except the
+    // object that the host creates to look up its name and releases at once: it gets the missed calls.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
     // The document, or that of a frame, finished loading; the argument is always null.
     STDMETHOD(OnDocumentComplete)(void* reserved) = 0;

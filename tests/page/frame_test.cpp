@@ -83,7 +83,7 @@ TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
     DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
 }
 
-// A press that does not bubble to the body of the page reaches nobody outside.
+// Only a press that bubbles to the body of the page begins a drag.
 TEST_F(WindowFrameOnDesk, StaysAtPressesThatAreStoppedOrInAFrame) {
     OpenStrips(
         "w.caption = false; document.body.insertAdjacentHTML('beforeend',"

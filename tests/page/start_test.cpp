@@ -194,7 +194,7 @@ TEST_F(BadPage, ALoopInACallEndsWithItsWindow) {
     EXPECT_THAT(program_.Lines(), ElementsAre("loop", "failed true"));
 }
 
-// Nobody waits for runs at the end, so their calls are no longer served.
+// The end of the program does not wait for operations, so it no longer serves their calls.
 TEST_F(BadPage, ALoopInARunDoesNotHoldTheEnd) {
     for (const wchar_t* name : {L"1.txt", L"2.txt", L"3.txt"})
         program_.Folder().Write(std::wstring(L"work\\") + name, "");
