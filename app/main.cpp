@@ -8,6 +8,7 @@
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/com_ptr.h"
+#include "base/library_search.h"
 #include "base/text.h"
 #include "control/page/register.h"
 #include "host/page_address.h"
@@ -89,6 +90,7 @@ int RunApplication(HINSTANCE instance) {
 }  // namespace tarvik
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
+    tarvik::UseSystemLibrariesOnly();
     std::wstring unpackFolder;
     tarvik::ChooseFolder(unpackFolder);
     const int exitCode = tarvik::RunApplication(instance);

@@ -10,10 +10,12 @@ target_compile_definitions(tarvik_compiler INTERFACE
 
 if(MSVC)
   target_compile_options(tarvik_compiler INTERFACE /W4 /WX /utf-8 /permissive- /Zc:__cplusplus)
+  target_link_options(tarvik_compiler INTERFACE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT)
 else()
   target_compile_options(tarvik_compiler INTERFACE
     -Wall -Wextra -Werror -Wno-missing-field-initializers -Wno-cast-function-type
     -fstack-protector-strong -ffunction-sections -fdata-sections)
   # One file that runs on a bare system: no compiler runtime beside it.
-  target_link_options(tarvik_compiler INTERFACE -static -municode -fstack-protector-strong -Wl,--gc-sections)
+  target_link_options(tarvik_compiler INTERFACE -static -municode -fstack-protector-strong -Wl,--gc-sections
+    -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()

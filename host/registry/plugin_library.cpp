@@ -4,6 +4,7 @@
 
 #include "base/bstr.h"
 #include "base/com_ptr.h"
+#include "base/library_search.h"
 #include "base/owners.h"
 #include "base/status.h"
 #include "base/text.h"
@@ -75,7 +76,7 @@ HRESULT LoadPluginLibrary(const std::wstring& given) {
     const WORD machine = ImageMachine(path);
     if (machine == 0 || machine == IMAGE_FILE_MACHINE_I386) return E_FAIL;
     // Outlives the guard: what the library threw is code and data of the library.
-    UniqueModule library(LoadLibraryW(path.c_str()));
+    UniqueModule library = LoadLibraryByPath(path);
     // The failures of this half are not reported: see the header.
     (void)Guard([&] {
         Register(FindExport(library.Get()));

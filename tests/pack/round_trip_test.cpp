@@ -100,5 +100,28 @@ TEST_F(Decorated, HasItsIconInPlaceOfTheHosts) {
     EXPECT_TRUE(icon);
 }
 
+IMAGE_NT_HEADERS64 HeaderOf(const fs::path& program) {
+    const std::string image = ReadFileBytes(program.wstring());
+    IMAGE_DOS_HEADER dos = {};
+    image.copy(reinterpret_cast<char*>(&dos), sizeof dos);
+    IMAGE_NT_HEADERS64 header = {};
+    image.copy(reinterpret_cast<char*>(&header), sizeof header, dos.e_lfanew);
+    return header;
+}
+
+TEST_F(Decorated, LoadsAtRandomAddressesWithoutExecutableDataLikeAllPrograms) {
+    constexpr WORD kProtection = IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
+                                 IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
+    const fs::path folder = Host().parent_path();
+    for (const fs::path& program :
+         {Host(), folder / L"tarvik-pack.exe", folder / L"tarvik-log.exe", fs::path(program_)}) {
+        SCOPED_TRACE(program.filename().string());
+        const IMAGE_NT_HEADERS64 header = HeaderOf(program);
+        EXPECT_EQ(header.OptionalHeader.DllCharacteristics & kProtection, kProtection);
+        EXPECT_FALSE(header.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
+        EXPECT_GT(header.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0u);
+    }
+}
+
 }  // namespace
 }  // namespace tarvik

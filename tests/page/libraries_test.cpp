@@ -59,6 +59,16 @@ TEST_F(Libraries, AreLoadedByAPageForAllWindows) {
                             "there function 42", "good", "second"));
 }
 
+// The current folder is the application's, where a page may have put any file.
+TEST_F(Libraries, FindWhatTheyNeedBesideThemselvesAndNotInTheCurrentFolder) {
+    const std::string script = "log(external.needy ? '' + external.needy.answer : 'none'); end();";
+    Install("needy", L"plugins\\needy.dll");
+    Install("helper", L"helper.dll");
+    EXPECT_THAT(Run(script), ElementsAre("none"));
+    Install("helper", L"plugins\\helper.dll");
+    EXPECT_THAT(Run(script), ElementsAre("43"));
+}
+
 // The libraries of examples/plugin. The clipboard stays when the page goes, with a function of that page; the
 // first search does not, and the last one runs when the program ends.
 TEST_F(Libraries, OfTheExampleWorkForPagesThatComeAndGo) {

@@ -1,0 +1,19 @@
+#include "base/library_search.h"
+
+#include "base/module_function.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+void UseSystemLibrariesOnly() {
+    SetDllDirectoryW(L"");
+    // Windows 7 has it since an update.
+    if (auto* const set = FindFunction<BOOL WINAPI(DWORD)>(L"kernel32.dll", "SetDefaultDllDirectories"))
+        set(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS);
+}
+
+UniqueModule LoadLibraryByPath(const std::wstring& path) {
+    return UniqueModule(LoadLibraryExW(FullPath(path).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+}
+
+}  // namespace tarvik

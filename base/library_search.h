@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "base/owners.h"
+
+namespace tarvik {
+
+// From here on, a library that is loaded by its name alone comes from the system's folder: a file in the
+// current folder, which holds the application, or beside the executable never replaces one of the system.
+// Call it before anything is loaded.
+void UseSystemLibrariesOnly();
+
+// Loads one file. The libraries that it needs come from its own folder or from the system's.
+UniqueModule LoadLibraryByPath(const std::wstring& path);
+
+}  // namespace tarvik
