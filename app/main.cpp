@@ -25,7 +25,7 @@ void UseFolder(const wchar_t* folder) {
         ReportToAuthor(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
 }
 
-void UnpackAttached(std::wstring& unpackFolder) {
+void UnpackAttached(UnpackFolder& unpackFolder) {
     if (!HasAttachedArchive()) return;
     PageControlClass::Prelaunch();  // unpacking takes a while, in which the engine can start
     // It waits without pumping messages, and so must not be done in a single-threaded apartment.
@@ -36,7 +36,7 @@ void UnpackAttached(std::wstring& unpackFolder) {
 
 // The application is the folder that `d` names, or what is attached to the executable. Neither is an error:
 // the first window then looks beside the executable.
-void ChooseFolder(std::wstring& unpackFolder) {
+void ChooseFolder(UnpackFolder& unpackFolder) {
     const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {
         UseFolder(folder);
@@ -91,7 +91,7 @@ int RunApplication(HINSTANCE instance) {
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
     tarvik::UseSystemLibrariesOnly();
-    std::wstring unpackFolder;
+    tarvik::UnpackFolder unpackFolder;
     tarvik::ChooseFolder(unpackFolder);
     const int exitCode = tarvik::RunApplication(instance);
     tarvik::FreePluginLibraries();

@@ -1,14 +1,10 @@
 #include "app/self_unpack.h"
 
-#include <shlobj.h>
-#include <shlwapi.h>
-
 #include <atomic>
 #include <cwchar>
 
 #include "archive/mapped_file.h"
 #include "base/owners.h"
-#include "base/shell_delete.h"
 #include "base/text.h"
 #include "plugins/zip/zip_plugin.h"
 #include "script/object.h"
@@ -41,16 +37,16 @@ class CExtractCallback : public ComObject<IDispatch> {
     HANDLE event_;  // not owned
 };
 
-std::wstring TemporaryFolderName() {
+std::wstring TempVariable() {
     wchar_t temp[kPathLength] = {};
     if (GetEnvironmentVariableW(L"temp", temp, kPathLength) >= kPathLength) throw StatusError(E_FAIL);
-    wchar_t ticks[16] = {};
-    swprintf(ticks, std::size(ticks), L"\\TV%08lX", GetTickCount());
-    return std::wstring(temp) + ticks;
+    return temp;
 }
 
-bool IsThere(const std::wstring& folder) {
-    return !folder.empty() && PathFileExistsW(folder.c_str());
+std::wstring FolderName() {
+    wchar_t name[16] = {};
+    swprintf(name, std::size(name), L"TV%08lX", GetTickCount());
+    return name;
 }
 
 void UnpackInto(const std::wstring& folder) {
@@ -81,22 +77,22 @@ bool HasAttachedArchive() {
     return isFound;
 }
 
-HRESULT SelfUnpack(std::wstring& folder) {
+HRESULT SelfUnpack(UnpackFolder& folder) {
     const HRESULT status = Guard([&] {
-        const std::wstring name = TemporaryFolderName();
-        if (SHCreateDirectory(nullptr, name.c_str()) != ERROR_SUCCESS) throw StatusError(E_FAIL);
-        folder = name;
-        UnpackInto(folder);
+        const std::wstring temp = TempVariable();
+        UnpackFolder::RemoveAbandoned(temp);
+        folder.Create(temp, FolderName());
+        UnpackInto(folder.Path());
     });
-    if (FAILED(status) && IsThere(folder)) DeleteFolder(folder);
+    if (FAILED(status)) folder.Remove();
     return status;
 }
 
-void RemoveUnpacked(const std::wstring& folder) {
-    if (!IsThere(folder)) return;
+void RemoveUnpacked(UnpackFolder& folder) {
+    if (folder.Path().empty()) return;
     // The system keeps the current folder of a process.
-    SetCurrentDirectoryW((folder + L"\\..").c_str());
-    DeleteFolder(folder);
+    SetCurrentDirectoryW((folder.Path() + L"\\..").c_str());
+    folder.Remove();
 }
 
 }  // namespace tarvik

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <string>
+#include "app/unpack_folder.h"
 
 namespace tarvik {
 
@@ -10,12 +10,12 @@ namespace tarvik {
 bool HasAttachedArchive();
 
 // Unpacks the archive attached to the executable into a new temporary folder and makes that the current one.
-// The thread must be in the multi-threaded apartment; it waits without pumping messages. `folder` receives
-// the folder's name once it was made, and keeps it when the rest fails, although the folder is then gone.
-HRESULT SelfUnpack(std::wstring& folder);
+// The thread must be in the multi-threaded apartment; it waits without pumping messages. When this fails, no
+// folder is left.
+HRESULT SelfUnpack(UnpackFolder& folder);
 
 // Leaves an unpacked folder and removes it, if there is one. What is still in use stays behind, with no
 // report.
-void RemoveUnpacked(const std::wstring& folder);
+void RemoveUnpacked(UnpackFolder& folder);
 
 }  // namespace tarvik

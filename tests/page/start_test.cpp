@@ -1,5 +1,7 @@
 // How an application is started, and pages that do what they should not.
 
+#include <aclapi.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +14,7 @@ namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::UnorderedElementsAre;
 
 // A page that tells where it is and ends.
 constexpr const char* kTeller =
@@ -37,7 +40,8 @@ class Start : public ProgramTest {
     static std::vector<fs::path> Unpacked(const fs::path& temp) {
         std::vector<fs::path> folders;
         for (const auto& entry : fs::directory_iterator(temp)) {
-            if (entry.path().filename().wstring().starts_with(L"TV")) folders.push_back(entry.path());
+            if (entry.path().filename().wstring().starts_with(L"TV") && entry.is_directory())
+                folders.push_back(entry.path());
         }
         return folders;
     }
@@ -94,6 +98,62 @@ TEST_F(Start, ShowsWhatIsAttachedToItUntilItEnds) {
     Click(InnermostWindow(window));
     EXPECT_EQ(program_.Wait(), 3u);
     EXPECT_TRUE(fs::is_empty(program_.Temp()));
+}
+
+// Whether the current user owns a file or folder and no other user has any access to it. Wine adds the
+// system.
+bool IsPrivate(const fs::path& path) {
+    std::vector<char> user(SECURITY_MAX_SID_SIZE + sizeof(TOKEN_USER));
+    auto size = static_cast<DWORD>(user.size());
+    UniqueHandle token;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive());
+    EXPECT_TRUE(GetTokenInformation(token.Get(), TokenUser, user.data(), size, &size));
+    const PSID sid = reinterpret_cast<const TOKEN_USER*>(user.data())->User.Sid;
+    PSID owner = nullptr;
+    ACL* list = nullptr;
+    UniqueLocal descriptor;
+    GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT,
+                          OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner, nullptr, &list,
+                          nullptr, descriptor.Receive());
+    if (!list || !EqualSid(owner, sid)) return false;
+    for (WORD i = 0; i < list->AceCount; ++i) {
+        void* entry = nullptr;
+        GetAce(list, i, &entry);
+        const PSID who = &static_cast<ACCESS_ALLOWED_ACE*>(entry)->SidStart;
+        if (!EqualSid(who, sid) && !IsWellKnownSid(who, WinLocalSystemSid)) return false;
+    }
+    return true;
+}
+
+// Also the folders of another living program and of strangers are there, and stay.
+TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
+    Install(WriteArchive({{"resource/index.html", Page("console.log('up')")}}));
+    program_.Folder().Write(L"temp\\TV0000000A\\strange.txt", "");
+    program_.Start();
+    ASSERT_TRUE(program_.WaitForLine("up"));
+    auto unpacked = Unpacked(program_.Temp());
+    ASSERT_EQ(unpacked.size(), 2u);
+    const fs::path killed = unpacked[1];
+    EXPECT_TRUE(IsPrivate(killed));
+    EXPECT_FALSE(IsPrivate(unpacked[0]));
+    EXPECT_TRUE(IsPrivate(killed.wstring() + L".lock"));
+    program_.Kill();
+    EXPECT_TRUE(fs::exists(killed / "resource"));
+    UniqueHandle other = HoldFile(program_.Folder().Write(L"temp\\TV0000000B.lock", ""));
+    program_.Folder().Write(L"temp\\TV0000000B\\used.txt", "");
+
+    const auto startAgain = [&] {
+        program_.Start();
+        EXPECT_TRUE(program_.WaitForLine("up"));
+        EXPECT_EQ(program_.Quit(3), 3u);
+        std::vector<std::wstring> names;
+        for (const auto& entry : fs::directory_iterator(program_.Temp()))
+            names.push_back(entry.path().filename().wstring());
+        return names;
+    };
+    EXPECT_THAT(startAgain(), UnorderedElementsAre(L"TV0000000A", L"TV0000000B", L"TV0000000B.lock"));
+    other.Reset();
+    EXPECT_THAT(startAgain(), UnorderedElementsAre(L"TV0000000A"));
 }
 
 // The program looks for its page as if nothing were attached, at last beside itself.

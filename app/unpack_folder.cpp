@@ -1,0 +1,129 @@
+#include "app/unpack_folder.h"
+
+#include <windows.h>
+#include <aclapi.h>
+#include <sddl.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <vector>
+
+#include "base/shell_delete.h"
+#include "base/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr const wchar_t* kLockSuffix = L".lock";
+
+void Check(BOOL good) {
+    if (!good) ThrowLastError();
+}
+
+// The user that this process runs as.
+class CurrentUser {
+  public:
+    CurrentUser() {
+        UniqueHandle token;
+        Check(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive()));
+        DWORD size = 0;
+        GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
+        data_.resize(size);
+        Check(GetTokenInformation(token.Get(), TokenUser, data_.data(), size, &size));
+    }
+    PSID Sid() const { return reinterpret_cast<const TOKEN_USER*>(data_.data())->User.Sid; }
+
+  private:
+    std::vector<char> data_;
+};
+
+// The security of what belongs to the current user and grants access to nobody else, whatever the folder
+// around it grants.
+class PrivateSecurity {
+  public:
+    PrivateSecurity() {
+        UniqueLocal sid;
+        Check(ConvertSidToStringSidW(CurrentUser().Sid(), reinterpret_cast<wchar_t**>(sid.Receive())));
+        const std::wstring user = static_cast<const wchar_t*>(sid.Get());
+        const std::wstring text = L"O:" + user + L"D:P(A;OICI;FA;;;" + user + L")";
+        Check(ConvertStringSecurityDescriptorToSecurityDescriptorW(text.c_str(), SDDL_REVISION_1,
+                                                                   descriptor_.Receive(), nullptr));
+        attributes_ = {sizeof attributes_, descriptor_.Get(), FALSE};
+    }
+    SECURITY_ATTRIBUTES* Get() { return &attributes_; }
+
+  private:
+    UniqueLocal descriptor_;
+    SECURITY_ATTRIBUTES attributes_ = {};
+};
+
+UniqueHandle OpenLock(const std::wstring& path, SECURITY_ATTRIBUTES* security, DWORD disposition) {
+    return UniqueHandle(CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, security, disposition,
+                                    FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+}
+
+// In a folder for temporary files that several users share, any of them can make a file of any name.
+bool BelongsToCurrentUser(const UniqueHandle& file) {
+    PSID owner = nullptr;
+    UniqueLocal descriptor;
+    return GetSecurityInfo(file.Get(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
+                           nullptr, descriptor.Receive()) == ERROR_SUCCESS &&
+           EqualSid(owner, CurrentUser().Sid());
+}
+
+void Delete(UniqueHandle file) {
+    FILE_DISPOSITION_INFO deleted = {TRUE};
+    SetFileInformationByHandle(file.Get(), FileDispositionInfo, &deleted, sizeof deleted);
+}
+
+void RemoveLocked(const std::wstring& folder, UniqueHandle lock) {
+    const DWORD attributes = GetFileAttributesW(folder.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+        DeleteFolder(folder);
+    if (!PathFileExistsW(folder.c_str())) Delete(std::move(lock));
+}
+
+std::vector<std::wstring> FindFolders(const std::wstring& temp) {
+    std::vector<std::wstring> folders;
+    WIN32_FIND_DATAW found = {};
+    const UniqueFind search(FindFirstFileW((temp + L"\\TV????????" + kLockSuffix).c_str(), &found));
+    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
+        const std::wstring name = found.cFileName;
+        folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
+    }
+    return folders;
+}
+
+}  // namespace
+
+void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
+    for (const std::wstring& folder : FindFolders(temp)) {
+        UniqueHandle lock = OpenLock(folder + kLockSuffix, nullptr, OPEN_EXISTING);
+        if (lock && BelongsToCurrentUser(lock)) RemoveLocked(folder, std::move(lock));
+    }
+}
+
+// The lock comes first, so that no other program ever sees a folder of ours without it.
+void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
+    const std::wstring path = temp + L"\\" + name;
+    if (PathIsRelativeW(path.c_str())) throw StatusError(E_FAIL);
+    if (!temp.empty() && !PathIsDirectoryW(temp.c_str()) && SHCreateDirectory(nullptr, temp.c_str()) != 0)
+        throw StatusError(E_FAIL);
+    PrivateSecurity security;
+    UniqueHandle lock = OpenLock(path + kLockSuffix, security.Get(), CREATE_NEW);
+    Check(static_cast<bool>(lock));
+    if (!CreateDirectoryW(path.c_str(), security.Get())) {
+        const HRESULT status = LastFailureStatus();
+        Delete(std::move(lock));
+        throw StatusError(status);
+    }
+    path_ = path;
+    lock_ = std::move(lock);
+}
+
+void UnpackFolder::Remove() {
+    if (lock_) RemoveLocked(path_, std::move(lock_));
+}
+
+}  // namespace tarvik
