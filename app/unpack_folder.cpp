@@ -77,11 +77,12 @@ void Delete(UniqueHandle file) {
     SetFileInformationByHandle(file.Get(), FileDispositionInfo, &deleted, sizeof deleted);
 }
 
-void RemoveLocked(const std::wstring& folder, UniqueHandle lock) {
+// Whether the folder is gone.
+bool RemoveFolder(const std::wstring& folder) {
     const DWORD attributes = GetFileAttributesW(folder.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         DeleteFolder(folder);
-    if (!PathFileExistsW(folder.c_str())) Delete(std::move(lock));
+    return !PathFileExistsW(folder.c_str());
 }
 
 std::vector<std::wstring> FindFolders(const std::wstring& temp) {
@@ -100,7 +101,7 @@ std::vector<std::wstring> FindFolders(const std::wstring& temp) {
 void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
     for (const std::wstring& folder : FindFolders(temp)) {
         UniqueHandle lock = OpenLock(folder + kLockSuffix, nullptr, OPEN_EXISTING);
-        if (lock && BelongsToCurrentUser(lock)) RemoveLocked(folder, std::move(lock));
+        if (lock && BelongsToCurrentUser(lock) && RemoveFolder(folder)) Delete(std::move(lock));
     }
 }
 
@@ -122,8 +123,15 @@ void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
     lock_ = std::move(lock);
 }
 
+// Operations of pages that are under way use their files for a moment longer.
 void UnpackFolder::Remove() {
-    if (lock_) RemoveLocked(path_, std::move(lock_));
+    constexpr int kTries = 20;
+    constexpr DWORD kPause = 50;
+    for (int i = 0; i < kTries && lock_; ++i) {
+        if (i > 0) Sleep(kPause);
+        if (RemoveFolder(path_)) Delete(std::move(lock_));
+    }
+    lock_.Reset();
 }
 
 }  // namespace tarvik
