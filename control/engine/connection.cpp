@@ -216,7 +216,7 @@ void Connection::Deliver() {
             if (!queue_.empty()) PostArrival();
         }
         if (message) {
-            DeliverOne(*message);
+            (void)Guard([&] { DeliverOne(*message); });
         } else {
             DeliverEnd();
         }

@@ -50,7 +50,7 @@ class Connection : public DevTools {
 
     // Reader thread
     void ReadMessages();
-    void Receive(std::string_view message);
+    bool Receive(std::string_view message);
     void ReceiveFrame(std::string_view message);
     void Queue(std::optional<Json> message);
     void PostArrival();  // with the queue's lock held; any thread

@@ -16,6 +16,10 @@ constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","p
 constexpr std::string_view kPausedPrefix = R"({"method":"Debugger.paused")";
 constexpr std::string_view kParsedPrefix = R"({"method":"Debugger.scriptParsed")";
 constexpr DWORD kReadSize = 256 * 1024;
+// What sends more than this without a message is no engine. The first message is a short one, the longest
+// holds the longest string of script.
+constexpr size_t kMostBeforeFirst = 1 << 20;
+constexpr size_t kMostBetween = size_t{1} << 31;
 
 std::weak_ptr<Connection> current;
 std::wstring lastStartError;
@@ -76,11 +80,19 @@ std::wstring DevTools::LastStartError() {
 void Connection::ReadMessages() {
     std::string pending;
     std::string buffer(kReadSize, '\0');
-    while (const DWORD read = transport_->Read(buffer.data(), kReadSize)) {
+    size_t most = kMostBeforeFirst;
+    size_t unknown = 0;  // bytes since the last message
+    while (const DWORD read = unknown <= most ? transport_->Read(buffer.data(), kReadSize) : 0) {
+        unknown += read;
         std::string_view fresh(buffer.data(), read);
         for (size_t end; (end = fresh.find('\0')) != std::string_view::npos; fresh.remove_prefix(end + 1)) {
             pending.append(fresh.substr(0, end));
-            (void)Guard([&] { Receive(pending); });
+            bool isMessage = false;
+            (void)Guard([&] { isMessage = Receive(pending); });
+            if (isMessage) {
+                most = kMostBetween;
+                unknown = 0;
+            }
             pending.clear();
         }
         pending.append(fresh);
@@ -89,20 +101,23 @@ void Connection::ReadMessages() {
     SetEvent(ended_.Get());
 }
 
-// Some messages are long and frequent, and nobody needs all of them: every evaluation is announced as a
-// script, and a pause tells all frames of the stack.
-void Connection::Receive(std::string_view message) {
-    if (message.starts_with(kFramePrefix)) return ReceiveFrame(message);
-    if (message.starts_with(kParsedPrefix)) return;
-    if (message.starts_with(kPausedPrefix)) {
+// False for what is no message. Some messages are long and frequent, and nobody needs all of them: every
+// evaluation is announced as a script, and a pause tells all frames of the stack.
+bool Connection::Receive(std::string_view message) {
+    if (message.starts_with(kFramePrefix)) {
+        ReceiveFrame(message);
+    } else if (message.starts_with(kPausedPrefix)) {
         constexpr std::string_view kSession = R"("sessionId":")";
         const size_t session = message.rfind(kSession);
-        if (session == std::string_view::npos) return;
+        if (session == std::string_view::npos) return false;
         const std::string_view id = message.substr(session + kSession.size());
-        return Queue(Json{{"method", "Debugger.paused"}, {"sessionId", id.substr(0, id.find('"'))}});
+        Queue(Json{{"method", "Debugger.paused"}, {"sessionId", id.substr(0, id.find('"'))}});
+    } else if (!message.starts_with(kParsedPrefix)) {
+        Json parsed = Json::parse(message, nullptr, false);
+        if (!parsed.is_object()) return false;
+        Queue(std::move(parsed));
     }
-    Json parsed = Json::parse(message, nullptr, false);
-    if (!parsed.is_discarded()) Queue(std::move(parsed));
+    return true;
 }
 
 // A frame is some hundred kilobytes of base64: only what follows it is parsed.

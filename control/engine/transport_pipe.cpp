@@ -66,13 +66,18 @@ UniqueHandle MakeJob() {
     return job;
 }
 
-// A profile in use has this file beside it, which goes with the program that uses it, also when that is
-// killed.
+// A profile in use has this file beside it, which nobody else can open or delete. It goes with the program
+// that uses it, also when that is killed.
 UniqueHandle HoldProfile(const std::wstring& profile) {
     UniqueHandle mark(CreateFileW((profile + kMark).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
     if (!mark) ThrowLastError();
     return mark;
+}
+
+// After a power failure the file may still be there.
+bool IsInUse(const std::wstring& profile) {
+    return !DeleteFileW((profile + kMark).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND;
 }
 
 void RemoveLeftProfiles(const std::wstring& folder) {
@@ -81,7 +86,7 @@ void RemoveLeftProfiles(const std::wstring& folder) {
     const UniqueFind search(FindFirstFileW((folder + L"tarvik-*" + kProfile).c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
         const std::wstring path = folder + found.cFileName;
-        if (GetFileAttributesW((path + kMark).c_str()) == INVALID_FILE_ATTRIBUTES) left.push_back(path);
+        if (!IsInUse(path)) left.push_back(path);
     }
     for (const std::wstring& path : left)
         DeleteFolder(path);
