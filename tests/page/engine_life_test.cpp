@@ -85,6 +85,13 @@ TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
     ExpectNothingLeft();
 }
 
+TEST_F(EngineLife, AnEngineThatHangsEndsWithAProgramThatIsKilled) {
+    OpenShown();
+    engine_.Stop(&Process::IsEngine);
+    program_.Kill();
+    ExpectNothingLeft();
+}
+
 struct Death {
     bool (Process::*process)() const;
     const char* notice;

@@ -60,15 +60,16 @@ std::vector<Process> AllProcesses() {
     return all;
 }
 
-// Of "... --user-data-dir=/tmp/folder/p ...".
+// Of the engine's "... --user-data-dir=/tmp/folder/p ..." and of the shell's "... d='/tmp/folder'; ...".
 std::wstring FolderIn(const std::string& command) {
-    constexpr std::string_view kOption = "--user-data-dir=";
-    const size_t start = command.find(kOption);
-    if (start == std::string::npos) return {};
-    const std::string profile = command.substr(start + kOption.size());
-    std::wstring folder = L"Z:" + Widen(profile.substr(0, profile.find("/p ")));
-    std::ranges::replace(folder, L'/', L'\\');
-    return folder;
+    for (const auto& [start, end] :
+         {std::pair<std::string_view, const char*>("--user-data-dir=/tmp/", "/p "), {"d='/tmp/", "'"}}) {
+        const size_t found = command.find(start);
+        if (found == std::string::npos) continue;
+        const std::string rest = command.substr(found + start.size());
+        return L"Z:\\tmp\\" + Widen(rest.substr(0, rest.find(end)));
+    }
+    return {};
 }
 
 }  // namespace
