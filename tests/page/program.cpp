@@ -86,8 +86,9 @@ std::wstring Program::Environment() const {
         if (!changed) block += text + L'\0';
     }
     FreeEnvironmentStringsW(own);
-    for (const auto& [name, value] : environment_)
-        block += name + L"=" + value + L'\0';
+    for (const auto& [name, value] : environment_) {
+        if (!value.empty()) block += name + L"=" + value + L'\0';
+    }
     return block + L'\0';
 }
 

@@ -22,8 +22,8 @@ class Program {
     Program();
     ~Program();
 
-    // Before the start: the folder beside which everything is, variables of its environment, and the
-    // executable, which is the built one unless a copy is named.
+    // Before the start: the folder beside which everything is, variables of its environment (an empty one is
+    // not set), and the executable, which is the built one unless a copy is named.
     const TempFolder& Folder() const { return folder_; }
     std::wstring Work() const { return folder_ / L"work"; }
     std::wstring Temp() const { return folder_ / L"temp"; }

@@ -1,0 +1,317 @@
+// What befalls a program from outside: `soak_faults [kills [copies [seed]]]`. Its engine is killed and the
+// program itself is killed, both at random moments; many copies of it start at once; its folder for temporary
+// files, its engine and the folder of the application have faults. Of the faults, no more than `kills` of
+// each group are tried. Prints what was tried, and fails when a program does not do what it should, and for
+// processes of the engine, FIFOs, profiles and unpacked folders that are left behind.
+
+#include "tests/support/web_server.h"
+
+#include <ole2.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <random>
+#include <span>
+
+#include "tests/page/program.h"
+#include "tests/plugins/zip/archive_writer.h"
+#include "tests/support/engine_processes.h"
+
+namespace tarvik {
+namespace {
+
+namespace fs = std::filesystem;
+using Process = EngineProcesses::Process;
+
+// The shell of an engine waits for 20 seconds for a host that was killed, and a host as long for its engine.
+constexpr DWORD kPatience = 90'000;
+
+std::mt19937 chance;
+
+DWORD Random(DWORD below) {
+    return static_cast<DWORD>(chance() % below);
+}
+
+// Sends a file slowly, so that a download is always under way.
+void SendSlowly(const WebExchange& exchange) {
+    constexpr int kParts = 20;
+    const std::string part(10'000, 'x');
+    exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kParts * part.size()) + "\r\n\r\n");
+    for (int i = 0; i < kParts && exchange.Send(part); ++i)
+        Sleep(10);
+}
+
+// Calls, downloads and unzips without end. The name says where the page was found.
+std::string Page(const std::string& url, const std::string& name) {
+    return "<!doctype html><script>"
+           "function download() { external.http.createClient().downloadToFile("
+           "{url: '" +
+           url +
+           "', destPath: 'file', success: download, fail: pause }); }"
+           "function unzip() { external.minizip.unzip("
+           "{src: 'data.zip', dest: 'out', success: unzip, fail: pause }); }"
+           "function pause() {}"
+           "download(); unzip();"
+           "setInterval(function () { for (var i = 0; i < 20; ++i) external.window.title; }, 1);"
+           "console.log('" +
+           name + "');</script>";
+}
+
+std::string Noise(size_t size) {
+    std::string noise(size, '\0');
+    for (char& byte : noise)
+        byte = static_cast<char>(chance());
+    return noise;
+}
+
+// The unpacked folders there, and their locks.
+std::string UnpackedIn(const fs::path& folder) {
+    std::string names;
+    std::error_code missing;
+    for (const auto& entry : fs::directory_iterator(folder, missing)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with("TV")) names += name + " ";
+    }
+    return names;
+}
+
+void WriteFile(const fs::path& path, const std::string& bytes) {
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// A copy of the built program with an application attached, and another application beside it, which it opens
+// when nothing can be unpacked. The files of the first do not fit on the small disk.
+class PackedProgram {
+  public:
+    explicit PackedProgram(const fs::path& folder) : path_(folder / L"packed.exe") {
+        const std::string data = WriteArchive({{"one", Noise(200'000)}, {"two", std::string(300'000, '2')}});
+        const std::string url = Narrow(server_.Url(L"file"));
+        fs::copy_file(fs::path(ExecutablePath()).parent_path() / L"tarvik.exe", path_);
+        std::ofstream(path_, std::ios::binary | std::ios::app)
+            << WriteArchive({{"resource/index.html", Page(url, "unpacked")},
+                             {"resource/data.zip", data},
+                             {"resource/noise", Noise(1'500'000)}});
+        WriteFile(folder / L"resource\\index.html", Page(url, "beside"));
+    }
+    const fs::path& Path() const { return path_; }
+
+  private:
+    const WebServer server_{SendSlowly};
+    const fs::path path_;
+};
+
+// One program, which may be started several times, and its engines.
+class Subject {
+  public:
+    explicit Subject(const PackedProgram& packed) { program.UseExecutable(packed.Path()); }
+
+    bool Shows(const char* page, long times = 1) const {
+        return WaitFor([&] { return std::ranges::count(program.Lines(), page) >= times; }, kPatience);
+    }
+    long Count(const char* page) const {
+        return static_cast<long>(std::ranges::count(program.Lines(), page));
+    }
+
+    // What its window says instead of a page.
+    std::string Notice() const {
+        const auto windows = program.Windows();
+        return windows.empty() ? "" : Narrow(Program::TextOf(InnermostWindow(windows[0])));
+    }
+
+    // The problem with the end of a program that should end well and leave nothing, if there is one.
+    std::string End() {
+        if (program.IsRunning() && program.Quit(3) != 3) return "does not quit";
+        const std::string unpacked = UnpackedIn(program.Temp());
+        return LeftOfEngine() + (unpacked.empty() ? "" : "left behind: " + unpacked);
+    }
+
+    // Once all had the time to go.
+    std::string LeftOfEngine() {
+        if (WaitFor([this] { return engine.Left().empty(); }, kPatience)) return {};
+        return "left behind: " + engine.Left();
+    }
+
+    Program program;
+    EngineProcesses engine{program.Mark()};
+};
+
+struct TempFault {
+    const char* what;
+    const wchar_t* temp;  // a folder beside the one of the program's work, or a whole path
+    const char* page;     // that is shown all the same
+    const char* disk = nullptr;
+};
+
+const std::wstring kLongName(250, L'l');
+
+const TempFault kTempFaults[] = {
+    {"unset", L"", "unpacked"},
+    {"with blanks and letters", L"\u00e4 \u6f22 'temp' %25", "unpacked"},
+    {"a file", L"file", "beside"},
+    {"full", L"", "beside", "small"},
+    {"read-only", L"", "beside", "read-only"},
+    {"missing", L"not\\there", "unpacked"},
+    {"too long", kLongName.c_str(), "beside"},
+};
+
+struct EngineFault {
+    const char* what;  // for broken_engine; "missing" means that there is none
+    bool works = false;
+};
+
+constexpr EngineFault kEngineFaults[] = {{"missing"}, {"chatters"}, {"floods"},     {"ends"},
+                                         {"lies"},    {"hangs"},    {"fonts", true}};
+
+class Faults {
+  public:
+    Faults(int kills, int copies) : kills_(kills), copies_(copies) {}
+
+    bool Run() {
+        Repeat("the engine is killed", [this](int) { return KillEngine(); });
+        KillHost();
+        Report("copies start at once", copies_, StartCopies());
+        TryEach<TempFault>("the temporary folder is", kTempFaults,
+                           [this](auto& fault) { return Try(fault); });
+        TryEach<EngineFault>("the engine", kEngineFaults, [this](auto& fault) { return Try(fault); });
+        if (HasDisks()) Report("the application is read-only", 1, RunReadOnly());
+        return good_ && testing::UnitTest::GetInstance()->ad_hoc_test_result().Passed();
+    }
+
+  private:
+    // An engine that is killed during its start is started once more.
+    std::string KillEngine() {
+        Subject subject(packed_);
+        subject.program.Start();
+        const auto isStarted = [&] { return std::ranges::any_of(subject.engine.Look(), &Process::IsEngine); };
+        if (!WaitFor(isStarted, kPatience)) return "no engine is started";
+        Sleep(Random(2000));
+        const long shown = subject.Count("unpacked");
+        subject.engine.Kill(&Process::IsEngine);
+        const auto isOver = [&] { return !subject.Notice().empty() || subject.Count("unpacked") > shown; };
+        if (!WaitFor(isOver, kPatience)) return "no word of it, and no page";
+        return subject.End();
+    }
+
+    // A killed host leaves its unpacked folder, which the next one removes.
+    void KillHost() {
+        Subject subject(packed_);
+        Repeat("the host is killed", [&](int) {
+            subject.program.Start();
+            if (Random(2) == 0 && !subject.Shows("unpacked")) return std::string("no page");
+            Sleep(Random(1500));
+            subject.program.Kill();
+            return subject.LeftOfEngine();
+        });
+        subject.program.Start();
+        Report("the host starts after that", 1, subject.Shows("unpacked") ? subject.End() : "no page");
+    }
+
+    std::string StartCopies() {
+        const TempFolder temp;
+        std::vector<std::unique_ptr<Subject>> subjects;
+        for (int i = 0; i < copies_; ++i) {
+            subjects.push_back(std::make_unique<Subject>(packed_));
+            subjects.back()->program.SetVariable(L"TEMP", temp.Path());
+        }
+        for (const auto& subject : subjects)
+            subject->program.Start();
+        for (const auto& subject : subjects) {
+            if (!subject->Shows("unpacked")) return "no page";
+        }
+        std::string problem;
+        for (const auto& subject : subjects)
+            problem += subject->End();
+        return problem + UnpackedIn(temp.Path());
+    }
+
+    std::string Try(const TempFault& fault) {
+        Subject subject(packed_);
+        subject.program.Folder().Write(L"file", "");
+        fs::path temp = fault.temp;
+        if (fault.disk) temp = disks_ / fault.disk;
+        if (!temp.empty()) temp = fs::path(subject.program.Folder().Path()) / temp;
+        subject.program.SetVariable(L"TEMP", temp.wstring());
+        subject.program.Start();
+        if (!subject.Shows(fault.page)) return "no page";
+        const std::string problem = subject.End();
+        return problem + UnpackedIn(temp.empty() ? fs::path(subject.program.Work()).root_path() : temp);
+    }
+
+    std::string Try(const EngineFault& fault) {
+        Subject subject(packed_);
+        const bool isMissing = fault.what == std::string("missing");
+        subject.program.SetVariable(L"TARVIK_BROWSER", isMissing ? L"/nonexistent" : L"" BROKEN_ENGINE);
+        subject.program.SetVariable(L"TARVIK_FAULT", Widen(fault.what));
+        subject.program.Start();
+        if (fault.works && !subject.Shows("unpacked")) return "no page";
+        if (!fault.works && !WaitFor([&] { return !subject.Notice().empty(); }, kPatience))
+            return "no notice";
+        return subject.End();
+    }
+
+    std::string RunReadOnly() {
+        fs::copy(packed_.Path().parent_path() / L"resource", disks_ / L"writable" / L"resource");
+        Subject subject(packed_);
+        subject.program.Start(L"-d \"" + (disks_ / L"read-only").wstring() + L"\"");
+        return subject.Shows("beside") ? subject.End() : "no page";
+    }
+
+    bool HasDisks() const { return !disks_.empty(); }
+    bool CanTry(const TempFault& fault) const { return !fault.disk || HasDisks(); }
+    bool CanTry(const EngineFault&) const { return true; }
+
+    void Repeat(const char* what, const std::function<std::string(int)>& step) {
+        std::string problems;
+        for (int i = 0; i < kills_; ++i) {
+            if (const std::string problem = step(i); !problem.empty())
+                problems += "\n  " + std::to_string(i + 1) + ": " + problem;
+        }
+        Report(what, kills_, problems);
+    }
+
+    template <class Fault>
+    void TryEach(const std::string& group, std::span<const Fault> faults,
+                 const std::function<std::string(const Fault&)>& attempt) {
+        for (const Fault& fault : faults.first(std::min(faults.size(), static_cast<size_t>(kills_)))) {
+            if (CanTry(fault)) Report((group + " " + fault.what).c_str(), 1, attempt(fault));
+        }
+    }
+
+    void Report(const char* what, int times, const std::string& problem) {
+        std::printf("%s, %d: %s\n", what, times, problem.empty() ? "nothing left" : problem.c_str());
+        std::fflush(stdout);
+        good_ &= problem.empty();
+    }
+
+    static fs::path Disks() {
+        const wchar_t* const path = _wgetenv(L"TARVIK_FAULTY_DISKS");
+        return path ? path : L"";
+    }
+
+    const int kills_;
+    const int copies_;
+    const fs::path disks_ = Disks();
+    const TempFolder folder_;
+    const PackedProgram packed_{folder_.Path()};
+    bool good_ = true;
+};
+
+}  // namespace
+}  // namespace tarvik
+
+int wmain(int argc, wchar_t** argv) {
+    if (!tarvik::EngineProcesses::CanBeSeen()) {
+        std::printf("The engine's processes are seen under Wine only.\n");
+        return 77;
+    }
+    // Starts the desktop, which must not end with the first program that is killed.
+    OleInitialize(nullptr);
+    tarvik::chance.seed(argc > 3 ? static_cast<unsigned>(_wtoi(argv[3])) : 1);
+    return tarvik::Faults(argc > 1 ? _wtoi(argv[1]) : 30, argc > 2 ? _wtoi(argv[2]) : 10).Run() ? 0 : 1;
+}
