@@ -69,7 +69,7 @@ bool BelongsToCurrentUser(const UniqueHandle& file) {
     UniqueLocal descriptor;
     return GetSecurityInfo(file.Get(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
                            nullptr, descriptor.Receive()) == ERROR_SUCCESS &&
-           EqualSid(owner, CurrentUser().Sid());
+           owner && EqualSid(owner, CurrentUser().Sid());
 }
 
 void Delete(UniqueHandle file) {

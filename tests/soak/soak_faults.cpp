@@ -1,8 +1,8 @@
-// What befalls a program from outside: `soak_faults [kills [copies [seed]]]`. Its engine is killed and the
-// program itself is killed, both at random moments; many copies of it start at once; its folder for temporary
-// files, its engine and the folder of the application have faults. Of the faults, no more than `kills` of
-// each group are tried. Prints what was tried, and fails when a program does not do what it should, and for
-// processes of the engine, FIFOs, profiles and unpacked folders that are left behind.
+// Faults around the program: `soak_faults [kills [copies [seed]]]`. The engine or the program itself is
+// killed at random moments; many copies of the program start at once; the folder for temporary files, the
+// engine and the folder of the application have faults, of which at most `kills` of each group are tried.
+// Prints what was tried and what was left. Fails when the program does not go on as it should, and when
+// processes of the engine, FIFOs, profiles or unpacked folders are left behind.
 
 #include "tests/support/web_server.h"
 
@@ -111,27 +111,28 @@ class Subject {
   public:
     explicit Subject(const PackedProgram& packed) { program.UseExecutable(packed.Path()); }
 
-    bool Shows(const char* page, long times = 1) const {
-        return WaitFor([&] { return std::ranges::count(program.Lines(), page) >= times; }, kPatience);
-    }
+    // How often the program that was started last has shown a page.
     long Count(const char* page) const {
         return static_cast<long>(std::ranges::count(program.Lines(), page));
     }
+    bool Shows(const char* page) const {
+        return WaitFor([&] { return Count(page) > 0; }, kPatience);
+    }
 
-    // What its window says instead of a page.
+    // The text of its window when there is no page.
     std::string Notice() const {
         const auto windows = program.Windows();
         return windows.empty() ? "" : Narrow(Program::TextOf(InnermostWindow(windows[0])));
     }
 
-    // The problem with the end of a program that should end well and leave nothing, if there is one.
+    // Ends the program. Returns the problem; empty if there is none.
     std::string End() {
         if (program.IsRunning() && program.Quit(3) != 3) return "does not quit";
         const std::string unpacked = UnpackedIn(program.Temp());
         return LeftOfEngine() + (unpacked.empty() ? "" : "left behind: " + unpacked);
     }
 
-    // Once all had the time to go.
+    // Of all engines of this program, after the time that they need to end.
     std::string LeftOfEngine() {
         if (WaitFor([this] { return engine.Left().empty(); }, kPatience)) return {};
         return "left behind: " + engine.Left();
@@ -194,11 +195,11 @@ class Faults {
         const long shown = subject.Count("unpacked");
         subject.engine.Kill(&Process::IsEngine);
         const auto isOver = [&] { return !subject.Notice().empty() || subject.Count("unpacked") > shown; };
-        if (!WaitFor(isOver, kPatience)) return "no word of it, and no page";
+        if (!WaitFor(isOver, kPatience)) return "neither a notice nor a page";
         return subject.End();
     }
 
-    // A killed host leaves its unpacked folder, which the next one removes.
+    // A killed host leaves its unpacked folder, which the next start removes.
     void KillHost() {
         Subject subject(packed_);
         Repeat("the host is killed", [&](int) {
@@ -208,6 +209,7 @@ class Faults {
             subject.program.Kill();
             return subject.LeftOfEngine();
         });
+        std::printf("left for the next start: %s\n", UnpackedIn(subject.program.Temp()).c_str());
         subject.program.Start();
         Report("the host starts after that", 1, subject.Shows("unpacked") ? subject.End() : "no page");
     }
