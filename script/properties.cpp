@@ -30,8 +30,10 @@ HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* cons
     std::transform(arguments.rbegin(), arguments.rend(), reversed,
                    [](const VARIANT* value) { return *value; });
     DISPPARAMS parameters = {reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
-    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters, result, nullptr,
-                          nullptr);
+    // From another thread, Wine would lose an object that is returned to a caller with no slot for it.
+    Variant unwanted;
+    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters,
+                          result ? result : &unwanted, nullptr, nullptr);
 }
 
 HRESULT InvokePut(IDispatch* object, DISPID id, WORD flags, const VARIANT* value) {

@@ -2,8 +2,10 @@
 
 #include <thread>
 
+#include "script/object.h"
 #include "script/properties.h"
 #include "script/ticket.h"
+#include "script/worker_apartment.h"
 #include "tests/support/test.h"
 
 // What runs of real members do not come to.
@@ -17,6 +19,19 @@ TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
     Ticket replaced(function.Get());
     replaced = Ticket();
     EXPECT_FALSE(Ticket(static_cast<IDispatch*>(nullptr)).Get());
+}
+
+TEST(ScriptTicket, LosesNoObjectThatAFunctionReturns) {
+    const WorkerApartment workers;  // its end would drop what a worker has lost
+    const ObjectCheck nothingLeft;
+    const auto function =
+        MakeCom<Recorder>([](const Recorder::Record&) { return Variant::Object(MakeCom<CObject>().Get()); });
+    Ticket ticket(function.Get());
+    OnWorker([&] {
+        EXPECT_EQ(CallScriptFunction(ticket.Get()), S_OK);
+        ticket = Ticket();
+    });
+    EXPECT_EQ(function->calls.at(0).thread, GetCurrentThreadId());
 }
 
 TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
