@@ -20,6 +20,12 @@ std::span<const SmallMember<CDragFilePlugin>> CDragFilePlugin::Members() {
     return kMembers;
 }
 
+STDMETHODIMP CDragFilePlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
+    if (!core) return E_INVALIDARG;
+    bindings_.SubclassWindow(core->GetWindowHandle(), AsUnknown());
+    return BrowserPlugin::Initialize(core, browser);
+}
+
 HRESULT CDragFilePlugin::Bind(WORD, const Call& call) {
     BSTR id = nullptr;
     if (call.Count() < 2 || !Read(call.At(0), id)) return E_INVALIDARG;
@@ -29,16 +35,16 @@ HRESULT CDragFilePlugin::Bind(WORD, const Call& call) {
     Binding binding{ComPtr<IDispatch>(binds ? function : nullptr),
                     call.Count() > 2 ? Variant::Copy(call.At(2)) : Variant()};
     // What is replaced is let go of last: its end may come back here.
-    const auto replaced = bindings_.extract(name);
-    if (binds) bindings_.emplace(name, std::move(binding));
+    const auto replaced = bindings_.byId.extract(name);
+    if (binds && bindings_.Window()) bindings_.byId.emplace(name, std::move(binding));
     return S_OK;
 }
 
 HRESULT CDragFilePlugin::Get(WORD, const Call& call) {
     BSTR id = nullptr;
     if (call.Count() == 0 || !Read(call.At(0), id) || !id) return E_INVALIDARG;
-    const auto found = bindings_.find(Bstr::View(id));
-    if (found == bindings_.end()) return S_OK;
+    const auto found = bindings_.byId.find(Bstr::View(id));
+    if (found == bindings_.byId.end()) return S_OK;
     const auto& [function, context] = found->second;
     auto object = MakeCom<CObject>();
     ThrowIfFailed(SetScriptProperty(object.Get(), L"callback", Variant::Object(function.Get())));

@@ -2,7 +2,9 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
+#include "atl/window.h"
 #include "host/registry/plugin_base.h"
 
 namespace tarvik {
@@ -11,6 +13,8 @@ namespace tarvik {
 // of an element and calls its function. Bindings stay when the page changes.
 class CDragFilePlugin : public BrowserPlugin<CDragFilePlugin> {
   public:
+    STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
+
     static std::span<const SmallMember<CDragFilePlugin>> Members();
 
     // bind(id, function[, context]) replaces the binding of an id; anything but a function takes it away.
@@ -23,7 +27,15 @@ class CDragFilePlugin : public BrowserPlugin<CDragFilePlugin> {
         ComPtr<IDispatch> function;
         Variant context;
     };
-    std::map<std::wstring, Binding, std::less<>> bindings_;  // by the id of the element, as it is written
+    // They go with the window, and without one nothing is kept: what script gave may hold the plug-in that
+    // holds it.
+    struct Bindings : CWindowImpl {
+        bool ProcessWindowMessage(UINT, WPARAM, LPARAM, LRESULT&) override { return false; }
+        void OnFinalMessage(HWND) override { const auto gone = std::exchange(byId, {}); }
+
+        std::map<std::wstring, Binding, std::less<>> byId;  // of the element, as it is written
+    };
+    Bindings bindings_;
 };
 
 }  // namespace tarvik

@@ -1,5 +1,7 @@
 #include "plugins/hotkey/hotkey_subclass.h"
 
+#include <utility>
+
 #include "base/status.h"
 #include "script/properties.h"
 
@@ -36,6 +38,10 @@ bool CHotkeySubclassWindow::Call(const KeyCombination& keys) const {
         return CallScriptFunction(function.Get(), {&context});
     });
     return true;
+}
+
+void CHotkeySubclassWindow::OnFinalMessage(HWND) {
+    const auto hotKeys = std::exchange(hotKeys_, {});
 }
 
 bool CHotkeySubclassWindow::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {

@@ -24,6 +24,8 @@ class CHotkeySubclassWindow : public CWindowImpl {
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    // What script gave may hold the plug-in that holds it.
+    void OnFinalMessage(HWND window) override;
 
   private:
     struct HotKey {

@@ -2,6 +2,8 @@
 
 #include <shellapi.h>
 
+#include <utility>
+
 #include "script/properties.h"
 
 namespace tarvik {
@@ -23,6 +25,7 @@ NOTIFYICONDATAW RecordOf(HWND window) {
 }  // namespace
 
 void CTraySubclassWindow::SetCallback(TrayEvent event, IDispatch* function) {
+    if (!Window()) return;
     // What is replaced is let go of last: its end may come back here.
     ComPtr<IDispatch> changed(function);
     callbacks_[static_cast<size_t>(event)].Swap(changed);
@@ -59,6 +62,10 @@ void CTraySubclassWindow::OnMouse(LPARAM message) const {
 void CTraySubclassWindow::Raise(TrayEvent event) const {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     CallScriptFunction(function.Get());
+}
+
+void CTraySubclassWindow::OnFinalMessage(HWND) {
+    const auto callbacks = std::exchange(callbacks_, {});
 }
 
 bool CTraySubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

@@ -20,7 +20,8 @@ inline constexpr UINT kTrayIcon = 200;
 // The icon of a window in the notification area, and the part that it takes in the window's messages.
 class CTraySubclassWindow : public CWindowImpl {
   public:
-    // The function stays until it is replaced, also when its page has gone.
+    // The function stays until it is replaced or the window goes, also when its page has gone. Without a
+    // window nothing is kept.
     void SetCallback(TrayEvent event, IDispatch* function);
 
     // What is shown by the next Add.
@@ -33,6 +34,8 @@ class CTraySubclassWindow : public CWindowImpl {
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    // What script gave may hold the plug-in that holds it.
+    void OnFinalMessage(HWND window) override;
 
   private:
     void OnMouse(LPARAM message) const;

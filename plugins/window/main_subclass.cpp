@@ -1,5 +1,7 @@
 #include "plugins/window/main_subclass.h"
 
+#include <utility>
+
 #include "base/status.h"
 #include "base/variant.h"
 #include "plugins/window/window_marks.h"
@@ -15,6 +17,7 @@ constexpr UINT kLastMenuCommand = 3000;
 }  // namespace
 
 void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
+    if (!Window()) return;
     // What is replaced is let go of last: its end may come back here.
     ComPtr<IDispatch> changed(function);
     callbacks_[static_cast<size_t>(event)].Swap(changed);
@@ -75,6 +78,13 @@ HRESULT CMainSubclassWindow::Receive(DWORD sender, size_t size) {
         auto message = ReadSharedBlock(sender, Window(), size);
         return message ? handlers_.Call(std::move(*message)) : E_FAIL;
     });
+}
+
+void CMainSubclassWindow::OnFinalMessage(HWND) {
+    const auto callbacks = std::exchange(callbacks_, {});
+    ComPtr<TVK::IMenu> menu;
+    menu_.Swap(menu);
+    handlers_.Clear();
 }
 
 bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

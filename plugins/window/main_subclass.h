@@ -33,8 +33,8 @@ class CMainSubclassWindow : public CWindowImpl {
     TrackLimits& Limits() { return limits_; }
     void SetFrameless(bool frameless) { frameless_ = frameless; }
 
-    // The function stays until it is replaced, also when its page has gone; then calling it fails, which is
-    // no refusal.
+    // The function stays until it is replaced or the window goes, also when its page has gone; then calling
+    // it fails, which is no refusal. Without a window nothing is kept.
     void SetCallback(WindowEvent event, IDispatch* function);
 
     TVK::IMenu* Menu() const { return menu_.Get(); }
@@ -48,6 +48,8 @@ class CMainSubclassWindow : public CWindowImpl {
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    // What script gave may hold the plug-in that holds it.
+    void OnFinalMessage(HWND window) override;
 
   private:
     bool Allows(WindowEvent event);

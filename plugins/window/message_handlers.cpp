@@ -1,5 +1,7 @@
 #include "plugins/window/message_handlers.h"
 
+#include <utility>
+
 #include "script/properties.h"
 #include "script/readers.h"
 
@@ -15,6 +17,10 @@ void MessageHandlers::Unregister(const wchar_t* name) {
     const auto found = handlers_.find(name);
     if (found == handlers_.end()) return;
     const auto removed = handlers_.extract(found);  // let go of when the table is done with it
+}
+
+void MessageHandlers::Clear() {
+    const auto removed = std::exchange(handlers_, {});
 }
 
 HRESULT MessageHandlers::Call(BusMessage message) const {

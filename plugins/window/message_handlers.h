@@ -20,6 +20,7 @@ class MessageHandlers {
     // E_INVALIDARG without a function. E_FAIL if the name has one already, which stays.
     HRESULT Register(const wchar_t* name, ComPtr<IDispatch> function, Variant context);
     void Unregister(const wchar_t* name);
+    void Clear();
 
     // function(payload, context), and its status; E_FAIL if the name has none.
     HRESULT Call(BusMessage message) const;

@@ -34,6 +34,7 @@ CMainSubclassWindow& CMsgDispatch::Window() const {
 
 Outcome CMsgDispatch::RegisterMsg(BSTR name, IDispatch* function, std::optional<AnyValue> context) {
     if (!name) return {E_INVALIDARG};
+    if (!Window().Window()) return {E_FAIL};  // nothing will come any more
     return {
         Window().Handlers().Register(name, function, context ? Variant::Copy(*context->value) : Variant())};
 }

@@ -100,6 +100,36 @@ TEST_F(BrowserWindow, MayCloseAtAnyMoment) {
 }
 
 // Addresses that the page asks new windows for are not opened by the control.
+// Each plug-in of the window keeps itself, as a function or with one.
+TEST_F(BrowserWindow, IsNotKeptByWhatScriptGaveItsPlugins) {
+    const ObjectCheck nothingLeft;
+    const auto browser = MakeCom<CWebBrowser>();
+    const HWND window = browser->CreateHidden(nullptr, page_.c_str());
+    ComPtr<IDispatch> kept[5];
+    const wchar_t* const names[] = {L"window", L"tray", L"hotkey", L"dragfile", L"menu"};
+    for (size_t i = 0; i < std::size(names); ++i)
+        ASSERT_EQ(browser->GetPlugin(names[i], kept[i].GetAddressOf()), S_OK);
+    const auto& [main, tray, hotkey, dragfile, menu] = kept;
+    const auto function = MakeCom<Recorder>();
+    const auto keep = [&] {
+        const Outgoing msg = GetMember(main.Get(), L"msg");
+        CallMember(msg.value.pdispVal, L"registerMsg", L"name", function, main);
+        CallMember(hotkey.Get(), L"set", L"ctrl+alt+f5", function, hotkey);
+        CallMember(dragfile.Get(), L"bind", L"id", function, dragfile);
+        PutMember(main.Get(), L"onClose", main);
+        PutMember(tray.Get(), L"onClick", tray);
+    };
+    keep();
+    const Outgoing bar = CallMember(menu.Get(), L"createMenu", L"windowMenu");
+    const OptionObject item;
+    item.Set(L"name", L"item").Set(L"callback", function).Set(L"context", main);
+    CallMember(bar.value.pdispVal, L"appendMenu", static_cast<IDispatch*>(item));
+    PutMember(main.Get(), L"menu", bar.value.pdispVal);
+    DestroyWindow(window);
+    PumpOnce();
+    keep();
+}
+
 TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
     VARIANT_BOOL cancel = VARIANT_FALSE;
     VARIANT arguments[5] = {};
