@@ -35,17 +35,26 @@ function usesOf(node) {
   return isReadOnly ? ['read'] : ['read', 'write'];
 }
 
+const typeOf = (node, source) => node.type?.getText(source);
+
+// What a method is called with, or a property is written with: { name, type } each.
+function parametersOf(node, source) {
+  if (node.parameters) return node.parameters.map((one) => ({ name: one.name.getText(source), type: typeOf(one, source) }));
+  return [{ name: node.name.text, type: typeOf(node, source) }];
+}
+
 // Overloads of a method, and the two halves of a property, are one member with several forms.
 function membersOf(nodes, source) {
   const members = new Map();
   for (const node of nodes) {
     if (!node.name) continue;
     const name = node.name.text;
-    const member = members.get(name) ?? { name, uses: [], forms: [], comments: [] };
+    const member = members.get(name) ?? { name, uses: [], forms: [], parameters: [], comments: [] };
     member.uses = [...new Set([...member.uses, ...usesOf(node)])];
     member.forms.push(node.getText(source).replace(/\s+/g, ' ').replace(/;$/, ''));
+    member.parameters.push(parametersOf(node, source));
     member.comments.push(commentOf(node, source));
-    member.type ??= node.type?.getText(source);
+    member.type ??= typeOf(node, source);
     members.set(name, member);
   }
   return [...members.values()];
@@ -56,15 +65,21 @@ function globalsOf(statement) {
   return ts.isFunctionDeclaration(statement) ? [statement] : [];
 }
 
-// { host: what `external` is, interfaces: what else there is, each { name, comment, members }, globals: [member] }
+const basesOf = (node, source) =>
+  (node.heritageClauses ?? []).flatMap((clause) => clause.types.map((type) => type.getText(source)));
+
+// { host: what `external` is, interfaces: what else there is, each { name, bases, comment, members }, aliases: types by
+// their names, globals: [member] }
 export function readDeclarations() {
   const source = ts.createSourceFile('tarvik.d.ts', readFileSync(file, 'utf8'), ts.ScriptTarget.ES5, true);
   const described = (node) => ({
-    name: node.name.text, comment: commentOf(node, source), members: membersOf(node.members, source),
+    name: node.name.text, bases: basesOf(node, source), comment: commentOf(node, source),
+    members: membersOf(node.members, source),
   });
   const space = source.statements.find(ts.isModuleDeclaration).body.statements;
   const [host, ...interfaces] = space.filter(ts.isInterfaceDeclaration).map(described);
-  return { host, interfaces, globals: membersOf(source.statements.flatMap(globalsOf), source) };
+  const aliases = space.filter(ts.isTypeAliasDeclaration).map((node) => [node.name.text, typeOf(node, source)]);
+  return { host, interfaces, aliases: Object.fromEntries(aliases), globals: membersOf(source.statements.flatMap(globalsOf), source) };
 }
 
 // Every example: { of, code }, in the order of the file.
