@@ -4,6 +4,7 @@
 
 #include "base/status.h"
 #include "base/variant.h"
+#include "plugins/window/menu_bar.h"
 #include "plugins/window/window_marks.h"
 #include "script/properties.h"
 
@@ -26,7 +27,11 @@ void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
 void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
     const HMENU shown = menu->GetMenu();
     menu_.Swap(menu);
-    ::SetMenu(Window(), shown);  // the page hears of its new size, and may set another menu
+    if (isMenuOpen_) {
+        EndMenu();
+        replacedMenus_.push_back(menu);
+    }
+    SetMenuBar(Window(), shown);  // the page hears of its new size, and may set another menu
 }
 
 // Only a real false refuses; a call that fails does not.
@@ -92,8 +97,9 @@ bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
     switch (message) {
         case WM_DESTROY:
             Allows(WindowEvent::kClosed);
+            if (isMenuOpen_) EndMenu();
             // With its window the system would end the menu, which is the object's own.
-            if (menu_) ::SetMenu(Window(), nullptr);
+            if (menu_) SetMenuBar(Window(), nullptr);
             return false;
         case WM_SYSCOMMAND:
             return !AllowsCommand(wParam);
@@ -111,6 +117,11 @@ bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
             return true;
         case WM_COMMAND:
             return RunMenuCommand(LOWORD(wParam));
+        case WM_ENTERMENULOOP:
+        case WM_EXITMENULOOP:
+            if (!wParam) isMenuOpen_ = message == WM_ENTERMENULOOP;  // else it is a popup menu
+            if (!isMenuOpen_) std::exchange(replacedMenus_, {});
+            return false;
         case kShowMessage:
             ShowWindow(Window(), static_cast<int>(lParam));
             return true;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <vector>
 
 #include "atl/window.h"
 #include "base/com_ptr.h"
@@ -61,6 +62,8 @@ class CMainSubclassWindow : public CWindowImpl {
     TrackLimits limits_;
     bool frameless_ = false;  // the client area covers the whole window
     ComPtr<TVK::IMenu> menu_;
+    bool isMenuOpen_ = false;                        // the user is in the menu bar
+    std::vector<ComPtr<TVK::IMenu>> replacedMenus_;  // while it was open; the system may still use them
     std::array<ComPtr<IDispatch>, 8> callbacks_;
     MessageHandlers handlers_;
     std::wstring uniqueId_;
