@@ -3,13 +3,16 @@
 #include <combaseapi.h>
 
 #include "base/status.h"
+#include "script/forwarding_dispatch.h"
 #include "script/readers.h"
 
 namespace tarvik {
 
 Ticket::Ticket(IDispatch* object) {
     if (!object) return;
-    ThrowIfFailed(CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object, stream_.GetAddressOf()));
+    const auto forwarder = MakeCom<ForwardingDispatch>(object);
+    ThrowIfFailed(
+        CoMarshalInterThreadInterfaceInStream(IID_IDispatch, forwarder.Get(), stream_.GetAddressOf()));
 }
 
 Ticket& Ticket::operator=(Ticket&& other) noexcept {

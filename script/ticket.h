@@ -9,7 +9,8 @@
 namespace tarvik {
 
 // Takes a script object from its own thread to one other, where it is used and dropped. One that is dropped
-// unused is redeemed and released at once, so that the object's reference is not lost.
+// unused is redeemed and released at once, so that the object's reference is not lost. Each has a forwarder
+// of the object to itself (script/forwarding_dispatch.h), which has calls in common with it and no identity.
 class Ticket {
   public:
     Ticket() = default;                  // leads to nothing
