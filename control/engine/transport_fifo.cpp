@@ -56,9 +56,8 @@ void StartShell(const std::wstring& script) {
                         &process)) {
         ThrowLastError();
     }
-    // There are no handles to programs of the system underneath; they are closed in case there will be.
-    UniqueHandle(process.hProcess);
-    UniqueHandle(process.hThread);
+    // Not closed: of a Unix program Wine tells no handles, but what happened to be on its stack, which may be
+    // the number of another handle of this process.
 }
 
 UniqueHandle OpenWhenThere(const std::wstring& path, DWORD access) {
