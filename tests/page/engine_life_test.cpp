@@ -92,6 +92,13 @@ TEST_F(EngineLife, AnEngineThatHangsEndsWithAProgramThatIsKilled) {
     ExpectNothingLeft();
 }
 
+TEST_F(EngineLife, AKilledEngineTakesProcessesThatHangAlong) {
+    OpenShown();
+    engine_.Stop(&Process::IsPage);
+    engine_.Kill(&Process::IsEngine);
+    ExpectNothingLeft();
+}
+
 struct Death {
     bool (Process::*process)() const;
     const char* notice;

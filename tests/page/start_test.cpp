@@ -1,5 +1,7 @@
 // How an application is started, and pages that do what they should not.
 
+#include "tests/support/web_server.h"
+
 #include <aclapi.h>
 
 #include <algorithm>
@@ -154,6 +156,22 @@ TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
     EXPECT_THAT(startAgain(), UnorderedElementsAre(L"TV0000000A", L"TV0000000B", L"TV0000000B.lock"));
     other.Reset();
     EXPECT_THAT(startAgain(), UnorderedElementsAre(L"TV0000000A"));
+}
+
+TEST_F(Start, RemovesTheUnpackedFolderAfterADownloadIntoIt) {
+    const WebServer server([](const WebExchange& exchange) {
+        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\n");
+        while (exchange.Send("x"))
+            Sleep(150);
+    });
+    Install(
+        WriteArchive({{"resource/index.html",
+                       Page("external.http.createClient().downloadToFile({url: '" + Narrow(server.Url()) +
+                            "', destPath: 'file'}); setInterval(function () {"
+                            "if (external.file.isFileExist('file')) external.window.quit(3); }, 10);")}}));
+    program_.Start();
+    EXPECT_EQ(program_.Wait(), 3u);
+    EXPECT_TRUE(fs::is_empty(program_.Temp()));
 }
 
 // The program looks for its page as if nothing were attached, at last beside itself.
