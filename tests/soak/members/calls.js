@@ -21,7 +21,6 @@ const excluded = {
   'Window messageBox': 'opens a modal dialog',
   'Menu popup': 'waits until an item is chosen',
   'Console showJsError write': 'lets script errors open a modal dialog',
-  'Window menu write': 'a menu bar that is replaced destroys its window under Wine',
   'Mouse click': 'clicks whatever is under the pointer, also in other programs',
 };
 // Objects that are not the host's.
