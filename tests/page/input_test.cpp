@@ -58,7 +58,7 @@ TEST_F(Input, OfAPageComesToThePage) {
         "console.log('set ' + external.hotkey.set('f7', next));");
     ASSERT_TRUE(program_.WaitForLine("set true"));
     ASSERT_TRUE(WaitForColour(program_.WindowTitled(L"Mouse"), kBlue));
-    Send(MoveOf({300, 200}));
+    MovePointer({300, 200});
     PressKeys({VK_F7});
     EXPECT_TRUE(program_.WaitForLine("hold"));
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));

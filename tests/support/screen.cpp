@@ -19,17 +19,6 @@ POINT Middle(HWND window) {
 
 constexpr DWORD kPause = 60;  // milliseconds, for programs to follow
 
-// Until it is there and stays: under Wine an earlier place may come back.
-void MovePointer(POINT to) {
-    POINT at = {};
-    for (int tries = 0; tries < 10; ++tries) {
-        Send(MoveOf(to));
-        Sleep(kPause);
-        GetCursorPos(&at);
-        if (std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1) return;
-    }
-}
-
 }  // namespace
 
 HWND InnermostWindow(HWND window) {
@@ -61,6 +50,16 @@ void Click(HWND window) {
     Send(MoveOf(point));
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
+}
+
+void MovePointer(POINT to) {
+    POINT at = {};
+    for (int tries = 0; tries < 10; ++tries) {
+        Send(MoveOf(to));
+        Sleep(kPause);
+        GetCursorPos(&at);
+        if (std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1) return;
+    }
 }
 
 void Drag(POINT from, POINT to) {

@@ -22,6 +22,9 @@ bool WaitForColour(HWND window, COLORREF colour);  // on the screen, in the midd
 // Brings the window to the front and clicks into the middle of it.
 void Click(HWND window);
 
+// Moves the pointer until it is there and stays: under Wine an earlier place may come back.
+void MovePointer(POINT screen);
+
 // Presses the left button at one place of the screen and lets go at another, with moves in between.
 void Drag(POINT from, POINT to);
 
