@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/library_search.h"
 #include "base/status.h"
 #include "cli/console.h"
 #include "cli/failure.h"
@@ -19,6 +20,7 @@ int Complain(std::wstring_view name, const std::wstring& text, int code) {
 }  // namespace
 
 int RunProgram(std::wstring_view name, const std::function<void()>& work) {
+    UseSystemLibrariesOnly();
     const Interrupt interrupt;
     try {
         work();
