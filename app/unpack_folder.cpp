@@ -6,6 +6,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <string_view>
 #include <vector>
 
 #include "base/shell_delete.h"
@@ -77,28 +78,51 @@ void Delete(UniqueHandle file) {
     SetFileInformationByHandle(file.Get(), FileDispositionInfo, &deleted, sizeof deleted);
 }
 
+// A folder of the current user's, and no link to one.
+bool IsOwnFolder(const std::wstring& path) {
+    const UniqueHandle folder(
+        CreateFileW(path.c_str(), READ_CONTROL | FILE_READ_ATTRIBUTES,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    BY_HANDLE_FILE_INFORMATION info = {};
+    constexpr DWORD kTypes = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    return folder && GetFileInformationByHandle(folder.Get(), &info) &&
+           (info.dwFileAttributes & kTypes) == FILE_ATTRIBUTE_DIRECTORY && BelongsToCurrentUser(folder);
+}
+
 // Whether the folder is gone.
 bool RemoveFolder(const std::wstring& folder) {
-    const DWORD attributes = GetFileAttributesW(folder.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
-        DeleteFolder(folder);
+    if (IsOwnFolder(folder)) DeleteFolder(folder);
     return !PathFileExistsW(folder.c_str());
+}
+
+// TV and eight digits, as programs name their folders: patterns of the system match more.
+bool IsNameOfLock(std::wstring_view name) {
+    constexpr size_t kLength = 10;
+    return name.size() > kLength && name.substr(kLength) == kLockSuffix && name.starts_with(L"TV") &&
+           name.substr(2, kLength - 2).find_first_not_of(L"0123456789ABCDEF") == std::wstring_view::npos;
 }
 
 std::vector<std::wstring> FindFolders(const std::wstring& temp) {
     std::vector<std::wstring> folders;
     WIN32_FIND_DATAW found = {};
-    const UniqueFind search(FindFirstFileW((temp + L"\\TV????????" + kLockSuffix).c_str(), &found));
+    const UniqueFind search(FindFirstFileW((temp + L"\\TV*" + kLockSuffix).c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
         const std::wstring name = found.cFileName;
-        folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
+        if (IsNameOfLock(name)) folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
     }
     return folders;
+}
+
+// Without a temporary folder its name is empty, and the root of the drive takes its place.
+void RequireAbsolute(const std::wstring& temp) {
+    if (PathIsRelativeW((temp + L"\\").c_str())) throw StatusError(E_FAIL);
 }
 
 }  // namespace
 
 void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
+    RequireAbsolute(temp);
     for (const std::wstring& folder : FindFolders(temp)) {
         UniqueHandle lock = OpenLock(folder + kLockSuffix, nullptr, OPEN_EXISTING);
         if (lock && BelongsToCurrentUser(lock) && RemoveFolder(folder)) Delete(std::move(lock));
@@ -107,8 +131,8 @@ void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
 
 // The lock comes first, so that no other program ever sees a folder of ours without it.
 void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
+    RequireAbsolute(temp);
     const std::wstring path = temp + L"\\" + name;
-    if (PathIsRelativeW(path.c_str())) throw StatusError(E_FAIL);
     if (!temp.empty() && !PathIsDirectoryW(temp.c_str()) && SHCreateDirectory(nullptr, temp.c_str()) != 0)
         throw StatusError(E_FAIL);
     PrivateSecurity security;

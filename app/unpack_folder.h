@@ -11,7 +11,8 @@ namespace tarvik {
 // was killed, whose folder the next program removes.
 class UnpackFolder {
   public:
-    // Removes the folders in `temp` that killed programs of this user have left.
+    // Removes the folders in `temp` that killed programs of this user have left. Throws E_FAIL for a relative
+    // path.
     static void RemoveAbandoned(const std::wstring& temp);
 
     // Makes the folder `temp`\`name`, and `temp` if it is missing. Throws; a folder that exists is a failure.

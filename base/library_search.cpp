@@ -1,7 +1,6 @@
 #include "base/library_search.h"
 
 #include "base/module_function.h"
-#include "base/text.h"
 
 namespace tarvik {
 
@@ -13,7 +12,7 @@ void UseSystemLibrariesOnly() {
 }
 
 UniqueModule LoadLibraryByPath(const std::wstring& path) {
-    return UniqueModule(LoadLibraryExW(FullPath(path).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    return UniqueModule(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
 }
 
 }  // namespace tarvik

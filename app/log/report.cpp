@@ -1,5 +1,10 @@
 #include "app/log/report.h"
 
+#include <windows.h>
+
+#include <algorithm>
+#include <iterator>
+
 #include "base/owners.h"
 #include "base/status.h"
 #include "base/text.h"
@@ -19,13 +24,19 @@ void WriteToErrors(HANDLE errors, const std::wstring& text) {
     WriteFile(errors, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-// A program with windows has no console of its own, but may borrow that of its parent.
+// A program with windows has no console of its own, but may borrow that of its parent. The system may put the
+// console's handles in the place of the standard ones.
 void WriteToConsoleOfParent(const std::wstring& text) {
+    constexpr DWORD kStandard[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+    HANDLE before[std::size(kStandard)];
+    std::ranges::transform(kStandard, before, GetStdHandle);
     if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
     const UniqueHandle console(
         CreateFileW(L"CONOUT$", GENERIC_WRITE, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
     if (console) WriteToErrors(console.Get(), text);
     FreeConsole();
+    for (size_t i = 0; i < std::size(kStandard); ++i)
+        SetStdHandle(kStandard[i], before[i]);
 }
 
 }  // namespace

@@ -39,11 +39,6 @@ std::wstring GivenEngine() {
 
 }  // namespace
 
-bool IsWine() {
-    static const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-    return wine;
-}
-
 std::wstring FindEngine() {
     const std::wstring given = GivenEngine();
     if (!given.empty()) return Exists(IsWine() ? AsWinePath(given) : given) ? given : std::wstring();

@@ -2,10 +2,9 @@
 
 #include <string>
 
-namespace tarvik {
+#include "base/wine.h"
 
-// Whether this is Wine, where the engine is a program of the system underneath.
-bool IsWine();
+namespace tarvik {
 
 // The browser to start: what the environment variable TARVIK_BROWSER says; else Edge or Chrome where Windows
 // registers them; under Wine /usr/bin/chromium. Empty if there is none.

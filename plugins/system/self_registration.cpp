@@ -4,13 +4,14 @@
 
 #include "base/library_search.h"
 #include "base/status.h"
+#include "base/text.h"
 
 namespace tarvik {
 
 HRESULT CallRegistration(const std::wstring& path, const char* function) {
     if (!PathFileExistsW(path.c_str())) return E_INVALIDARG;
     // By its full path: the loader would look for another one elsewhere.
-    const UniqueModule library = LoadLibraryByPath(path);
+    const UniqueModule library = LoadLibraryByPath(FullPath(path));
     if (!library) return LastFailureStatus();
     using Registration = HRESULT STDAPICALLTYPE();
     const FARPROC found = GetProcAddress(library.Get(), function);

@@ -25,6 +25,7 @@ void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
 }
 
 void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
+    if (!Window()) return;
     const HMENU shown = menu->GetMenu();
     menu_.Swap(menu);
     if (isMenuOpen_) {
@@ -87,6 +88,7 @@ HRESULT CMainSubclassWindow::Receive(DWORD sender, size_t size) {
 
 void CMainSubclassWindow::OnFinalMessage(HWND) {
     const auto callbacks = std::exchange(callbacks_, {});
+    const auto replaced = std::exchange(replacedMenus_, {});
     ComPtr<TVK::IMenu> menu;
     menu_.Swap(menu);
     handlers_.Clear();

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/owners.h"
+#include "base/wine.h"
 
 namespace tarvik {
 
@@ -66,8 +67,10 @@ void ForgetWindow(HMENU menu) {
 void SetMenuBar(HWND window, HMENU menu) {
     const HMENU previous = GetMenu(window);
     if (!SetMenu(window, menu)) SetMenu(window, nullptr);
-    if (menu) KeepPopup(menu);
-    if (previous && previous != menu) ForgetWindow(previous);
+    if (!IsWine()) return;
+    // The page may have set another bar meanwhile.
+    if (menu && GetMenu(window) == menu) KeepPopup(menu);
+    if (previous && GetMenu(window) != previous) ForgetWindow(previous);
 }
 
 }  // namespace tarvik

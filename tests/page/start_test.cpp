@@ -143,6 +143,10 @@ TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
     EXPECT_TRUE(fs::exists(killed / "resource"));
     UniqueHandle other = HoldFile(program_.Folder().Write(L"temp\\TV0000000B.lock", ""));
     program_.Folder().Write(L"temp\\TV0000000B\\used.txt", "");
+    // The names of others, which the system takes for a match of a pattern.
+    const wchar_t* const others[] = {L"TVSETTINGS", L"TVSETTINGS.lock", L"TVA", L"TVA.lock"};
+    for (const std::wstring name : others)
+        program_.Folder().Write(L"temp\\" + (name.ends_with(L".lock") ? name : name + L"\\file.txt"), "");
 
     const auto startAgain = [&] {
         program_.Start();
@@ -150,7 +154,11 @@ TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
         EXPECT_EQ(program_.Quit(3), 3u);
         std::vector<std::wstring> names;
         for (const auto& entry : fs::directory_iterator(program_.Temp()))
-            names.push_back(entry.path().filename().wstring());
+            if (const auto name = entry.path().filename().wstring();
+                std::ranges::find(others, name) == std::end(others))
+                names.push_back(name);
+        for (const wchar_t* name : others)
+            EXPECT_TRUE(fs::exists(fs::path(program_.Temp()) / name)) << Narrow(name);
         return names;
     };
     EXPECT_THAT(startAgain(), UnorderedElementsAre(L"TV0000000A", L"TV0000000B", L"TV0000000B.lock"));

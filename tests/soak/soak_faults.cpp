@@ -180,7 +180,11 @@ class Faults {
         TryEach<TempFault>("the temporary folder is", kTempFaults,
                            [this](auto& fault) { return Try(fault); });
         TryEach<EngineFault>("the engine", kEngineFaults, [this](auto& fault) { return Try(fault); });
-        if (HasDisks()) Report("the application is read-only", 1, RunReadOnly());
+        if (HasDisks()) {
+            Report("the application is read-only", 1, RunReadOnly());
+        } else {
+            std::printf("the application is read-only: not tried, nothing can be mounted here\n");
+        }
         return good_ && testing::UnitTest::GetInstance()->ad_hoc_test_result().Passed();
     }
 
@@ -281,7 +285,12 @@ class Faults {
     void TryEach(const std::string& group, std::span<const Fault> faults,
                  const std::function<std::string(const Fault&)>& attempt) {
         for (const Fault& fault : faults.first(std::min(faults.size(), static_cast<size_t>(kills_)))) {
-            if (CanTry(fault)) Report((group + " " + fault.what).c_str(), 1, attempt(fault));
+            const std::string what = group + " " + fault.what;
+            if (CanTry(fault)) {
+                Report(what.c_str(), 1, attempt(fault));
+            } else {
+                std::printf("%s: not tried, nothing can be mounted here\n", what.c_str());
+            }
         }
     }
 
