@@ -263,11 +263,16 @@ class Soak {
   private:
     static long CountThreads() { return Holdings::Now().Take("threads"); }
 
-    // Wine keeps some of these for reuse.
+    // Wine keeps some of these for reuse, and threads with what is theirs.
     Reading Now() {
+        constexpr double kThreadsRise = 3;
         Reading reading = census_.Now();
-        for (const auto& [what, rise] :
-             {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0), std::pair("threads", 3.0)}) {
+        for (const auto& [what, ofThread] : {std::pair("handles", 2.0), std::pair("memory KB", 1024.0)}) {
+            const auto level = std::ranges::find(reading.levels, std::string_view(what), &Level::what);
+            level->rise += kThreadsRise * ofThread;
+        }
+        for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0),
+                                         std::pair("threads", kThreadsRise)}) {
             const auto count = static_cast<double>(reading.holdings.Take(what));
             reading.levels.push_back({what, count, rise});
         }
