@@ -142,8 +142,8 @@ void EngineProcesses::Signal(const std::wstring& name, bool (Process::*which)() 
     PROCESS_INFORMATION information = {};
     CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                    &information);
-    CloseHandle(information.hProcess);
-    CloseHandle(information.hThread);
+    // Not closed: for a Unix program Wine fills these in with whatever was on its stack, which may be handles
+    // of this process.
 }
 
 }  // namespace tarvik
