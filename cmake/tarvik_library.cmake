@@ -2,7 +2,7 @@
 #
 # One library a folder, included by its path from the top ("script/object.h"). A library sees its own headers
 # and those of the libraries it names in USES, and no others: each has an include root of its own in the build
-# folder that holds one link. So an include against the floors of the house does not compile.
+# folder that holds one link. So an include against the layers does not compile.
 function(tarvik_library NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   if(ARG_SOURCES)
@@ -51,7 +51,7 @@ endfunction()
 
 function(tarvik_include_root OUT)
   if(CMAKE_HOST_WIN32)
-    # Links need a privilege there; the floors are checked where the continuous build runs.
+    # Links need a privilege there; the layers are checked where the continuous build runs.
     set(${OUT} ${CMAKE_SOURCE_DIR} PARENT_SCOPE)
     return()
   endif()

@@ -3,14 +3,14 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${TARVIK_BUILD:-$root/build}
-# Some runners give no home, no standard input, and a locale in which file names have no letters but the English ones.
+# CI runners may provide no HOME, no standard input, and a locale without non-ASCII file names.
 export HOME=~ LC_ALL=C.UTF-8
 { true <&0; } 2>/dev/null || exec </dev/null
 
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
-# at_end COMMAND: what is done when this tool ends, also by a signal. Further signals do not interrupt it.
+# at_end COMMAND: runs COMMAND when this tool ends, also by a signal. Further signals do not interrupt it.
 at_end() {
   # shellcheck disable=SC2064
   trap "trap '' INT TERM HUP; $1" EXIT
@@ -18,65 +18,66 @@ at_end() {
   trap 'exit 143' TERM HUP
 }
 
-# configure: writes the build files. Several checkouts share what was compiled once.
+# configure: writes the build files. The compiler cache is shared between checkouts.
 configure() {
   CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache \
     cmake -S "$root" -B "$build" --preset linux >/dev/null
 }
 
-# The ground that Windows programs run on: a Wine prefix with its server, and a display, which belong together
-# because the prefix's desktop lives on one display. All tools on one build folder share it: the first to come sets it
-# up, and so chooses the display, and the last to go ends it. Each holds a shared lock on descriptor 7; who gets the
-# lock for itself alone is the first, or the last. Tools that are started by others on the same ground just use it.
-in_ground=
-enter_ground() {
+# The test environment: a Wine prefix with its server, and a display. They belong together because the prefix's desktop
+# lives on one display. All tools on one build folder share one environment: the first tool sets it up, and so chooses
+# the display; the last one to end takes it down. Each holds a shared lock on descriptor 7; a tool that gets the lock
+# exclusively is the first or the last. A tool that was started by another one uses the environment of that.
+in_environment=
+enter_environment() {
   export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-  [ "${TARVIK_GROUND:-}" != "$build" ] || return 0
+  [ "${TARVIK_ENVIRONMENT:-}" != "$build" ] || return 0
   "$root/tools/setup"
-  mkdir -p "$build/ground"
-  exec 6>>"$build/ground/door" 7>>"$build/ground/lock"
+  mkdir -p "$build/environment"
+  exec 6>>"$build/environment/gate" 7>>"$build/environment/lock"
   flock 6
-  in_ground=yes
-  at_end leave_ground
-  if flock -n 7; then start_ground; fi
+  in_environment=yes
+  at_end leave_environment
+  if flock -n 7; then start_environment; fi
   flock -s 7
   exec 6>&-
-  DISPLAY=$(<"$build/ground/display")
-  export DISPLAY TARVIK_GROUND=$build
+  DISPLAY=$(<"$build/environment/display")
+  export DISPLAY TARVIK_ENVIRONMENT=$build
 }
 
-leave_ground() {
-  [ -n "$in_ground" ] || return 0
-  [ -e /proc/$$/fd/6 ] || exec 6>>"$build/ground/door"  # else the door is still held: the ground could not be set up
+leave_environment() {
+  [ -n "$in_environment" ] || return 0
+  # Descriptor 6 is still open if the environment could not be set up.
+  [ -e /proc/$$/fd/6 ] || exec 6>>"$build/environment/gate"
   flock 6
-  if flock -n 7; then end_ground; fi
+  if flock -n 7; then end_environment; fi
   exec 6>&- 7>&-
 }
 
-start_ground() {
-  end_ground  # what a killed user left
-  local TARVIK_GROUND=$build
-  export TARVIK_GROUND
+start_environment() {
+  end_environment  # left by a tool that was killed
+  local TARVIK_ENVIRONMENT=$build
+  export TARVIK_ENVIRONMENT
   if [ -n "${DISPLAY:-}" ]; then
     xdotool getdisplaygeometry >/dev/null 2>&1 || die "the display $DISPLAY (DISPLAY) does not answer"
   else
     start_display
   fi
-  printf '%s\n' "$DISPLAY" >"$build/ground/display"
+  printf '%s\n' "$DISPLAY" >"$build/environment/display"
   cmp -s "$root/tools/wine-prefix.reg" "$WINEPREFIX/.set-up" || make_prefix
-  # The first program of a new server brings up Wine's services, which keep its standard channels for good: a caller
-  # that reads these to their end would wait for ever. So it is one that nobody reads.
+  # The first program of a new server starts Wine's services, which keep its standard streams open: a caller that reads
+  # them to the end would wait for ever. So start one here whose streams are not read.
   quietly wineserver -p
   quietly wine cmd /c exit || die "Wine does not run here"
 }
 
-# The server picks a free number itself and writes it down once it takes clients. As it comes, it starts anew whenever its
-# last client goes, and refuses who comes meanwhile: Wine's desktop would have no screen then.
+# The server picks a free number and writes it once it accepts clients. Without -noreset it restarts whenever its last
+# client disconnects, and refuses clients meanwhile: Wine's desktop would have no screen then.
 start_display() {
-  local number=$build/ground/number tries=0
+  local number=$build/environment/number tries=0
   rm -f "$number"
   setsid Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$number" </dev/null >/dev/null 2>&1 6>&- 7>&- &
-  printf '%s\n' $! >"$build/ground/xvfb"
+  printf '%s\n' $! >"$build/environment/xvfb"
   until [ -s "$number" ]; do
     tries=$((tries + 1))
     [ $tries -le 500 ] || die "no display could be opened (Xvfb does not start)"
@@ -89,7 +90,7 @@ start_display() {
 make_prefix() {
   say "Preparing Wine (once) ..."
   mkdir -p "$WINEPREFIX"
-  # Nobody answers the questions about optional components here.
+  # Without the overrides, dialogs offer to install optional components.
   WINEDLLOVERRIDES="mscoree,mshtml=" quietly wineboot -i || die "Wine could not be prepared in $WINEPREFIX"
   quietly wine regedit /S "$root/tools/wine-prefix.reg" || die "Wine's registry could not be set up"
   cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
@@ -97,19 +98,18 @@ make_prefix() {
   cp "$root/tools/wine-prefix.reg" "$WINEPREFIX/.set-up"
 }
 
-end_ground() {
+end_environment() {
   local display
   quietly wineserver -k || true
-  display=$(cat "$build/ground/xvfb" 2>/dev/null) || true
+  display=$(cat "$build/environment/xvfb" 2>/dev/null) || true
   if [ -n "$display" ] && [ "$(cat "/proc/$display/comm" 2>/dev/null)" = Xvfb ]; then kill "$display"; fi
-  rm -f "$build/ground/xvfb"
-  end_marked "TARVIK_GROUND=$build"
-  rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*  # of programs that were ended
+  rm -f "$build/environment/xvfb"
+  end_marked "TARVIK_ENVIRONMENT=$build"
+  rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*  # left by programs that were killed
 }
 
-# end_marked MARK: ends every process that was started with the mark in its environment. Windows programs end at once.
-# Those of the system underneath, which they started, clean up behind themselves when they see them gone, and get the
-# time for it.
+# end_marked MARK: ends every process that was started with the mark in its environment. Windows programs are killed at
+# once. Unix processes that they started clean up when their parent has ended, and get four seconds for it.
 end_marked() {
   local tries pids pid
   for ((tries = 0; tries < 100; tries++)); do
@@ -122,25 +122,25 @@ end_marked() {
   done
 }
 
-# The desktop of the prefix belongs to all of its programs, whoever started it. The search must not find itself.
+# The desktop of the prefix belongs to all programs, whichever started it. The search must not find itself.
 marked() {
   local file pid
   while read -r file; do
     pid=${file//[^0-9]/}
     if [ "$pid" != $$ ] && ! is_desktop "$pid"; then printf '%s\n' "$pid"; fi
-  done < <(unset TARVIK_GROUND TARVIK_RUN; grep -lsazxF "$1" /proc/[0-9]*/environ)
+  done < <(unset TARVIK_ENVIRONMENT TARVIK_RUN; grep -lsazxF "$1" /proc/[0-9]*/environ)
 }
 
 is_wine() { [[ $(readlink "/proc/$1/exe") == */wine* ]]; }
 is_desktop() { [[ $(tr '\0' ' ' <"/proc/$1/cmdline") == *explorer.exe\ /desktop* ]]; } 2>/dev/null
 
-# Whether the display is one that was opened here, which nobody looks at.
-has_own_display() { [ -e "$build/ground/xvfb" ]; }
+# Whether the display was opened by these tools, so that nobody sees it.
+has_own_display() { [ -e "$build/environment/xvfb" ]; }
 
-# as_windows_path PATH: as Wine's programs see it.
+# as_windows_path PATH: the path as Windows programs see it.
 as_windows_path() { local path; path=$(realpath "$1") && printf 'Z:%s' "${path//\//\\}"; }
 
-# Without the channels and the locks of this shell, for what outlives it.
+# Runs a command that outlives this shell, without the shell's streams and locks.
 quietly() { "$@" </dev/null >/dev/null 2>&1 6>&- 7>&-; }
 
 # screenshot PNG: the desktop of the prefix.
