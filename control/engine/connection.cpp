@@ -193,13 +193,18 @@ bool Connection::WaitForMore(DWORD timeout, bool patient) {
 
 LRESULT CALLBACK Connection::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const connection = reinterpret_cast<Connection*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (message != kArrived || !connection) return DefWindowProcW(window, message, wParam, lParam);
+    if (connection) (void)Guard([&] { connection->OnMessage(message, wParam); });
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void Connection::OnMessage(UINT message, WPARAM wParam) {
+    if (message == WM_TIMER && wParam == kCloseTimer) CloseAgain();
+    if (message != kArrived) return;
     {
-        const std::lock_guard lock(connection->queueLock_);
-        connection->posted_ = false;
+        const std::lock_guard lock(queueLock_);
+        posted_ = false;
     }
-    (void)Guard([&] { connection->Deliver(); });
-    return 0;
+    Deliver();
 }
 
 // One at a time from the front: a handler that waits delivers what comes after it, in order.

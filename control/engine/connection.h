@@ -47,6 +47,7 @@ class Connection : public DevTools {
 
   private:
     static constexpr UINT kArrived = WM_APP;
+    static constexpr UINT_PTR kCloseTimer = 1;
 
     // Reader thread
     void ReadMessages();
@@ -59,11 +60,14 @@ class Connection : public DevTools {
     void Send(std::string_view message);
     void OnBrowserEvent(std::string_view method, const Json& params);
     void CloseUnknown();
+    void CloseAgain();
+    void PostClose(const std::string& id);
     void Deliver();
     void DeliverOne(const Json& message);
     void DeliverEnd();
     bool Wait(const bool& alive, const std::function<bool()>& condition, DWORD timeout);
     bool WaitForMore(DWORD timeout, bool patient);
+    void OnMessage(UINT message, WPARAM wParam);
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     std::unique_ptr<Transport> transport_;

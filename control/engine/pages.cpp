@@ -7,6 +7,7 @@ namespace tarvik {
 namespace {
 
 constexpr DWORD kStartPatience = 20000;
+constexpr UINT kCloseAgainAfter = 500;
 
 }  // namespace
 
@@ -41,12 +42,27 @@ std::string Connection::OpenPage() {
     return id;
 }
 
-// A page in which a navigation is under way may not hear it the first time, though the engine confirms it.
+// A page in which a navigation is under way may ignore the command, though the engine confirms it. It is sent
+// again until the target has been destroyed.
 void Connection::ClosePage(const std::string& id) {
     pages_.erase(id);
     closing_.insert(id);
-    for (const std::string& page : closing_)
-        Post("", "Target.closeTarget", {{"targetId", page}}, nullptr);
+    PostClose(id);
+    SetTimer(window_.Get(), kCloseTimer, kCloseAgainAfter, nullptr);
+}
+
+void Connection::CloseAgain() {
+    if (closing_.empty()) KillTimer(window_.Get(), kCloseTimer);
+    const std::set<std::string> closing = closing_;  // an engine that has ended replies at once
+    for (const std::string& id : closing)
+        PostClose(id);
+}
+
+// The engine's error is that it has no such target.
+void Connection::PostClose(const std::string& id) {
+    Post("", "Target.closeTarget", {{"targetId", id}}, [this, id](const Json* result) {
+        if (!result) closing_.erase(id);
+    });
 }
 
 void Connection::OnBrowserEvent(std::string_view method, const Json& params) {

@@ -40,10 +40,10 @@ class PipeToTest : public Transport {
     void Kill() override {}
 };
 
-// Says everything at once and then is silent.
-class PlayedEngine {
+// Sends everything at once, and more only when the test says so.
+class ScriptedEngine {
   public:
-    explicit PlayedEngine(std::string words) {
+    explicit ScriptedEngine(std::string words) {
         UniqueHandle fromEngine, toEngine;
         CreatePipe(fromEngine.Receive(), toHost_.Receive(), nullptr, 0);
         CreatePipe(fromHost_.Receive(), toEngine.Receive(), nullptr, 0);
@@ -54,10 +54,30 @@ class PlayedEngine {
             hasSpoken_ = true;
         });
     }
-    ~PlayedEngine() {
+    ~ScriptedEngine() {
         if (hasSpoken_) toHost_.Reset();
         connection.reset();
         speaker_.join();
+    }
+
+    void Send(const std::string& message) {
+        DWORD written = 0;
+        WriteFile(toHost_.Get(), message.c_str(), static_cast<DWORD>(message.size() + 1), &written, nullptr);
+    }
+
+    // The next command from the host, serving the message loop until it comes.
+    Json NextCommand() {
+        std::string message;
+        EXPECT_TRUE(PumpUntil([&] {
+            DWORD available = 0, read = 0;
+            for (char next; PeekNamedPipe(fromHost_.Get(), nullptr, 0, nullptr, &available, nullptr) &&
+                            available > 0 && ReadFile(fromHost_.Get(), &next, 1, &read, nullptr);) {
+                if (next == '\0') return true;
+                message += next;
+            }
+            return false;
+        }));
+        return Json::parse(message);
     }
 
     std::optional<Connection> connection;
@@ -75,7 +95,7 @@ TEST(Engine, IsGivenUpWhenItSendsNoMessages) {
     while (pieces.size() < kMuch)
         pieces += "no message\0"s;
     for (const std::string& words : {std::string(kMuch, 'x'), pieces}) {
-        PlayedEngine engine(words);
+        ScriptedEngine engine(words);
         const HRESULT status =
             Guard([&] { engine.connection->Call("", "Any.method", Json::object(), 10'000); });
         EXPECT_THAT(status, HasStatus(RPC_E_DISCONNECTED));
@@ -83,10 +103,32 @@ TEST(Engine, IsGivenUpWhenItSendsNoMessages) {
 }
 
 TEST(Engine, IsHeardAfterMessagesOfAWrongShape) {
-    PlayedEngine engine(
+    ScriptedEngine engine(
         "\0[1]\0{\"id\":\"x\"}\0{\"method\":7,\"sessionId\":\"\"}\0{\"method\":\"x\",\"sessionId\":5}\0"
         "{\"id\":1,\"result\":{\"good\":true}}\0"s);
     EXPECT_TRUE(engine.connection->Call("", "Any.method", Json::object(), 10'000).at("good"));
+}
+
+// As one does in whose page a navigation is under way.
+TEST(Engine, IsAskedAgainToCloseAPageThatStays) {
+    ScriptedEngine engine(R"({"id":1,"result":{"targetInfos":[{"type":"page","targetId":"first"}]}})"
+                          "\0"s);
+    engine.connection->Greet();
+    const auto nextToClose = [&] {
+        for (;;) {
+            const Json command = engine.NextCommand();
+            if (command.at("method") == "Target.closeTarget") return command.at("params").at("targetId");
+        }
+    };
+    engine.connection->ClosePage("first");
+    for (int times = 0; times < 3; ++times)
+        EXPECT_EQ(nextToClose(), "first");
+    engine.Send(R"({"method":"Target.targetDestroyed","params":{"targetId":"first"}})");
+    engine.connection->ClosePage("second");
+    while (nextToClose() == "first") {
+    }
+    for (int times = 0; times < 3; ++times)
+        EXPECT_EQ(nextToClose(), "second");
 }
 
 }  // namespace
