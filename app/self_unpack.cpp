@@ -4,11 +4,11 @@
 #include <cwchar>
 
 #include "archive/mapped_file.h"
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
 #include "plugins/zip/zip_plugin.h"
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/shell_delete.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "archive/archive_reader.h"
 
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include "archive/archive_reader.h"
 #include "archive/member_output.h"
 #include "archive/member_path.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/write_file.h"
 
 namespace tarvik {

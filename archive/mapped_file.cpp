@@ -1,6 +1,6 @@
 #include "archive/mapped_file.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

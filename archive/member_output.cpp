@@ -7,7 +7,7 @@
 
 #include "archive/file_time.h"
 #include "base/shell_delete.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

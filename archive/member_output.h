@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "archive/file_time.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <ctime>
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -4,9 +4,9 @@
 #include <oleauto.h>
 
 #include "atl/ax_window.h"
-#include "base/bstr.h"
-#include "base/owners.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/owners.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 
@@ -60,7 +60,7 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
         Advise(events, sink);
         ThrowIfFailed(Navigate(control_.Get(), name));
         if (!control_) return E_ABORT;
-        return control ? HandOut(made, control) : S_OK;
+        return control ? CopyTo(made, control) : S_OK;
     });
 }
 

@@ -9,8 +9,8 @@
 #include "atl/ax_interfaces.h"
 #include "atl/in_place_frame.h"
 #include "atl/window.h"
-#include "base/com_object.h"
-#include "base/com_ptr.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 namespace tarvik {
 
 STDMETHODIMP CAxHostWindow::GetContainer(IOleContainer** container) {
-    return HandOut(ComPtr<IOleContainer>(this), container);
+    return CopyTo(ComPtr<IOleContainer>(this), container);
 }
 
 STDMETHODIMP CAxHostWindow::GetWindow(HWND* window) {
@@ -38,7 +38,7 @@ STDMETHODIMP CAxHostWindow::OnUIDeactivate(BOOL) {
 STDMETHODIMP CAxHostWindow::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                              RECT* position, RECT* clip, OLEINPLACEFRAMEINFO* info) {
     if (!frame || !document || !position || !clip) return E_POINTER;
-    HandOut(frame_, frame);
+    CopyTo(frame_, frame);
     *document = nullptr;  // the frame is the document's window
     GetClientRect(Window(), position);
     *clip = *position;

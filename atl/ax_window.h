@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <unknwn.h>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

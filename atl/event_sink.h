@@ -3,9 +3,9 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
-#include "base/status.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <oleidl.h>
 
-#include "base/com_object.h"
+#include "tarvik/com_object.h"
 
 namespace tarvik {
 

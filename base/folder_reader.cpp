@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <tuple>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

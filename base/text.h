@@ -7,10 +7,6 @@
 
 namespace tarvik {
 
-// Conversions between UTF-16 and byte strings. Bytes that the code page does not know become its replacement.
-std::wstring Widen(std::string_view text, UINT codePage = CP_UTF8);
-std::string Narrow(std::wstring_view text, UINT codePage = CP_UTF8);
-
 // Length of the path buffers of the whole system, the terminator included.
 inline constexpr size_t kPathLength = MAX_PATH;
 

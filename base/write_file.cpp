@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -12,8 +12,8 @@
 #include <chrono>
 #include <cstdio>
 
-#include "base/owners.h"
-#include "base/text.h"
+#include "tarvik/owners.h"
+#include "tarvik/text.h"
 #include "plugins/http/download_task.h"
 #include "plugins/http/web_response.h"
 #include "tests/support/members.h"

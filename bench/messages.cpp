@@ -12,10 +12,10 @@
 #include <limits>
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
 #include "host/web_browser.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/waiting.h"

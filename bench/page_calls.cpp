@@ -7,12 +7,12 @@
 #include <string>
 
 #include "atl/module.h"
-#include "base/com_ptr.h"
-#include "base/text.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/text.h"
 #include "control/page/register.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 namespace {
@@ -25,7 +25,7 @@ class BenchPlugin : public TablePlugin<BenchPlugin> {
 
     HRESULT Report(const Call& call) {
         BSTR name = nullptr;
-        if (!Read(call.At(0), name)) return E_INVALIDARG;
+        if (!FromVariant(call.At(0), name)) return E_INVALIDARG;
         std::printf("%-44s", Narrow(Bstr::View(name)).c_str());
         for (size_t i = 1; i < call.Count(); ++i) {
             Variant number = Variant::Copy(call.At(i));

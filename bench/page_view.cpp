@@ -13,12 +13,12 @@
 
 #include "atl/ax_window.h"
 #include "atl/module.h"
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 #include "control/page/register.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {

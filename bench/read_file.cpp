@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "host/web_browser.h"
 #include "script/dispatch.h"
 #include "tests/support/members.h"

@@ -12,7 +12,7 @@
 #include <limits>
 #include <string>
 
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 #include "script/dispatch.h"
 #include "tests/support/members.h"
 #include "tests/support/script_bench.h"
@@ -27,7 +27,7 @@ class TableObject : public TableDispatch<TableObject> {
     static constexpr char kClassName[] = "TableObject";
     static std::span<const Member<TableObject>> Members();
 
-    Integer Add(ExactInt left, ExactInt right) { return {left.value + right.value}; }
+    Integer Add(AnyInt32 left, AnyInt32 right) { return {left.value + right.value}; }
     Bstr Echo(BSTR text) { return Bstr(Bstr::View(text)); }
     Integer GetSize() { return {7}; }
 };

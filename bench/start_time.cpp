@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "base/owners.h"
-#include "base/status.h"
+#include "tarvik/owners.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 namespace {

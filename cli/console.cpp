@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <exception>
 #include <string>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

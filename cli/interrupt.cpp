@@ -1,6 +1,6 @@
 #include "cli/interrupt.h"
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "cli/failure.h"
 
 namespace tarvik {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "base/library_search.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"

@@ -1,26 +1,26 @@
 # The layers: which folders a library may link, by its own folder or the nearest parent that has a row. Including a header
 # of a library that is not linked fails to compile (tarvik_library.cmake); this table lists the libraries that may be
 # linked at all. app/, tests/ and bench/ may depend on everything, and nothing depends on them.
-set(LAYER_base "")
+set(LAYER_contract "")
+set(LAYER_core contract)
+set(LAYER_base core)
 set(LAYER_archive base)
 set(LAYER_app_log base)
 set(LAYER_app_command_line base)
 set(LAYER_cli base)
 set(LAYER_log_viewer base)
-set(LAYER_script base app/log)
-set(LAYER_atl base)
-set(LAYER_host_contract "")
-set(LAYER_kit host/contract)
-set(LAYER_host_registry base app/log script host/contract)
+set(LAYER_script core base app/log)
+set(LAYER_atl base app/log)
+set(LAYER_host_plugin_registry base app/log script contract)
 set(LAYER_plugins_registry_keys base)
-set(LAYER_plugins base app/log script atl host/contract host/registry plugins/registry_keys)
-set(LAYER_plugins_zip base app/log script archive host/contract host/registry)
-set(LAYER_plugins_system base app/log app/command_line script host/contract host/registry)  # gives pages the command line
+set(LAYER_plugins base app/log script atl contract host/plugin_registry plugins/registry_keys)
+set(LAYER_plugins_zip base app/log script archive contract host/plugin_registry)
+set(LAYER_plugins_system base app/log app/command_line script contract host/plugin_registry)  # gives pages the command line
 set(LAYER_control_engine base)
 set(LAYER_control_view base control/engine)
 set(LAYER_control_bridge base control/engine)
 set(LAYER_control_page base control/engine control/view control/bridge)
-set(LAYER_host base app/log app/command_line script atl host/contract host/registry)
+set(LAYER_host base app/log app/command_line script atl contract host/plugin_registry)
 set(TOP_LAYERS app tests bench)
 
 # tarvik_layer_of(FOLDER OUT): the folder whose row applies: FOLDER itself or its nearest parent with a row.

@@ -1,5 +1,5 @@
 # The kit's toolchain, and how the tests run.
-include(${CMAKE_CURRENT_LIST_DIR}/../kit/cmake/mingw-w64.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/../core/cmake/mingw-w64.cmake)
 
 # The time is a little less than that of the tests: a test that hangs is ended by the tool, together with the programs
 # that it started.

@@ -3,11 +3,11 @@
 #include <exdisp.h>
 
 #include "app/log/log.h"
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 #include "host/accelerators.h"
 #include "host/file_drop.h"
 #include "host/prologue.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -65,12 +65,12 @@ STDMETHODIMP CWebBrowserHost::TranslateAccelerator(MSG* message, const GUID*, DW
 
 STDMETHODIMP CWebBrowserHost::GetDropTarget(IDropTarget*, IDropTarget** out) {
     TARVIK_TRACE("CWebBrowserHost::GetDropTarget");
-    return HandOut(ComPtr<IDropTarget>(this), out);
+    return CopyTo(ComPtr<IDropTarget>(this), out);
 }
 
 STDMETHODIMP CWebBrowserHost::GetExternal(IDispatch** out) {
     TARVIK_TRACE("CWebBrowserHost::GetExternal");
-    return HandOut(ComPtr<IDispatch>(this), out);
+    return CopyTo(ComPtr<IDispatch>(this), out);
 }
 
 STDMETHODIMP CWebBrowserHost::QueryService(REFGUID service, REFIID iid, void** out) {

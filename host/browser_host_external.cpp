@@ -3,11 +3,12 @@
 #include <exdisp.h>
 
 #include "app/log/log.h"
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 #include "host/browser_host.h"
-#include "script/options.h"
-#include "script/properties.h"
-#include "script/readers.h"
+#include "tarvik/options.h"
+#include "tarvik/properties.h"
+#include "tarvik/arguments.h"
+#include "tarvik/call.h"
 
 namespace tarvik {
 
@@ -60,7 +61,8 @@ STDMETHODIMP CWebBrowserHost::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPA
         if (call.Count() == 0) return E_INVALIDARG;
         if (id == CPluginManage::kLoadPlugin) return LoadPlugin(call.At(0), result);
         IDispatch* options = nullptr;
-        return Read(call.At(0), options) && options ? CreateBrowserWindow(options, result) : E_INVALIDARG;
+        return FromVariant(call.At(0), options) && options ? CreateBrowserWindow(options, result)
+                                                           : E_INVALIDARG;
     });
 }
 
@@ -69,18 +71,18 @@ HRESULT CWebBrowserHost::ReadPlugin(DISPID id, VARIANT* result) {
     ComPtr<TVK::IPlugin> plugin;
     // No object leaves the result as it stands: loadPlugin read as a property is empty.
     if (FAILED(plugins_.GetPluginObject(id, plugin.GetAddressOf()))) return S_OK;
-    return Give(result, Variant::Unknown(plugin.Get()));
+    return SetResult(result, Variant::Unknown(plugin.Get()));
 }
 
 HRESULT CWebBrowserHost::LoadPlugin(const VARIANT& path, VARIANT* result) {
     BSTR text = nullptr;
-    if (!Read(path, text)) return E_INVALIDARG;
-    return Give(result, Outcome{plugins_.LoadPluginLibrary(std::wstring(Bstr::View(text)))});
+    if (!FromVariant(path, text)) return E_INVALIDARG;
+    return SetResult(result, Outcome{plugins_.LoadPluginLibrary(std::wstring(Bstr::View(text)))});
 }
 
 HRESULT CWebBrowserHost::CreateBrowserWindow(IDispatch* object, VARIANT* result) {
     const ComPtr<TVK::ICore> core(plugins_.Core());
-    if (!core) return Give(result, ComPtr<IDispatch>());
+    if (!core) return SetResult(result, ComPtr<IDispatch>());
     const Options options(object);
     const auto url = options.Text(L"url");
     const Variant callback = options.Value(L"callback");
@@ -88,7 +90,7 @@ HRESULT CWebBrowserHost::CreateBrowserWindow(IDispatch* object, VARIANT* result)
     ComPtr<IDispatch> window;
     core->CreateBrowserWindow(url ? url->c_str() : nullptr, options.Flag(L"inherit"), &callback, &context,
                               window.GetAddressOf());
-    return Give(result, std::move(window));
+    return SetResult(result, std::move(window));
 }
 
 STDMETHODIMP CWebBrowserHost::GetPlugin(const wchar_t* name, IDispatch** out) {

@@ -4,7 +4,7 @@
 #include <oaidl.h>
 
 #include "base/compiler.h"
-#include "host/contract/plugin.h"
+#include "tarvik/plugin.h"
 
 // What a browser window asks of its site.
 MIDL_INTERFACE("D113E828-C5D0-451C-8D7C-9B87744AD768")

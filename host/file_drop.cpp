@@ -4,11 +4,11 @@
 #include <mshtml.h>
 #include <shellapi.h>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
-#include "base/variant.h"
-#include "script/properties.h"
-#include "script/ticket.h"
+#include "tarvik/variant.h"
+#include "tarvik/properties.h"
+#include "tarvik/marshaled_object.h"
 
 namespace tarvik {
 
@@ -88,7 +88,7 @@ void CallDropBinding(IDispatch* binding, IDispatch* array) {
     const Variant callback = ReadScriptProperty(binding, L"callback");
     ComPtr<IDispatch> function;
     if (callback.Is(VT_DISPATCH)) function = callback.pdispVal;
-    if (callback.Is(VT_UNKNOWN)) function = Ticket(Query<IStream>(callback.punkVal)).Get();
+    if (callback.Is(VT_UNKNOWN)) function = MarshaledObject(Query<IStream>(callback.punkVal)).Get();
     const Variant files = Variant::Object(array);
     const Variant context = ReadScriptProperty(binding, L"context");
     if (function) CallWithContext(function.Get(), files, context, nullptr);

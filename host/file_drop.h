@@ -4,7 +4,7 @@
 #include <oaidl.h>
 #include <objidl.h>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 
 // Files dragged from the desktop onto an element of the page.
 namespace tarvik {

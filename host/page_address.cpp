@@ -7,8 +7,9 @@
 #include <algorithm>
 
 #include "app/command_line/command_line.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

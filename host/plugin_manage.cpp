@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <vector>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "base/walk_folder.h"
-#include "host/registry/plugin_library.h"
-#include "host/registry/plugin_registry.h"
+#include "host/plugin_registry/plugin_library.h"
+#include "host/plugin_registry/plugin_registry.h"
 
 namespace tarvik {
 
@@ -56,7 +56,7 @@ HRESULT CPluginManage::CreatePlugin(const std::wstring& name, TVK::ICore* core, 
         entry->factory(__uuidof(TVK::IPlugin), reinterpret_cast<void**>(plugin.GetAddressOf()));
     if (status != S_OK || !plugin) return status;
     plugin->Initialize(core, browser);
-    if (out) HandOut(plugin, out);
+    if (out) CopyTo(plugin, out);
     const DISPID id = NextPluginId();
     ids_.emplace(name, id);
     if (!entry->IsTransient()) instances_.emplace(id, std::move(plugin));
@@ -65,7 +65,7 @@ HRESULT CPluginManage::CreatePlugin(const std::wstring& name, TVK::ICore* core, 
 
 HRESULT CPluginManage::GetPluginObject(DISPID id, TVK::IPlugin** out) {
     if (!out) return E_INVALIDARG;
-    if (const auto kept = instances_.find(id); kept != instances_.end()) return HandOut(kept->second, out);
+    if (const auto kept = instances_.find(id); kept != instances_.end()) return CopyTo(kept->second, out);
     const auto named = std::ranges::find_if(ids_, [id](const auto& pair) { return pair.second == id; });
     const PluginEntry* entry = named == ids_.end() ? nullptr : FindPlugin(named->first);
     if (!entry) return E_FAIL;
@@ -73,7 +73,7 @@ HRESULT CPluginManage::GetPluginObject(DISPID id, TVK::IPlugin** out) {
     entry->factory(__uuidof(TVK::IPlugin), reinterpret_cast<void**>(plugin.GetAddressOf()));
     if (!plugin) return E_FAIL;
     plugin->Initialize(core_.Get(), browser_.Get());
-    return HandOut(plugin, out);
+    return CopyTo(plugin, out);
 }
 
 HRESULT CPluginManage::LoadPluginLibrary(const std::wstring& path) {

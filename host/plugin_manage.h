@@ -4,8 +4,8 @@
 #include <map>
 #include <string>
 
-#include "base/com_ptr.h"
-#include "host/contract/plugin.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/plugin.h"
 
 namespace tarvik {
 

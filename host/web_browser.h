@@ -7,8 +7,8 @@
 #include "atl/event_sink.h"
 #include "atl/module.h"
 #include "atl/window.h"
-#include "base/com_object.h"
-#include "base/com_ptr.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
 #include "host/browser_host_interface.h"
 
 namespace tarvik {

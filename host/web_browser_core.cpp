@@ -4,12 +4,12 @@
 #include <mshtml.h>
 
 #include "atl/ax_window.h"
-#include "base/bstr.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/variant.h"
 #include "host/page_address.h"
 #include "host/web_browser.h"
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

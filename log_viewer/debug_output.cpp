@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "cli/arguments.h"
 #include "cli/console.h"
 #include "cli/failure.h"

@@ -1,6 +1,6 @@
 #include "log_viewer/process_names.h"
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
 
 namespace tarvik {

@@ -2,7 +2,7 @@
 #include <ctime>
 #include <cwchar>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/interrupt.h"

@@ -1,6 +1,6 @@
 #include "pack/resource_update.h"
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "cli/failure.h"
 
 namespace tarvik {

@@ -2,12 +2,11 @@
 
 #include <oleauto.h>
 
-#include <cwchar>
 #include <string>
 
 #include "app/log/log.h"
-#include "base/bstr.h"
-#include "script/properties.h"
+#include "tarvik/bstr.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -35,12 +34,8 @@ void LogUnknownName(const char* className, const wchar_t* name) {
     TARVIK_ERROR((std::string(className) + "::GetIDsOfNames").c_str(), L"Not implement name: %s", name);
 }
 
-bool SameCharacters(const wchar_t* given, const wchar_t* member) {
-    return std::wcscmp(given, member) == 0;
-}
-
-bool SameInLocale(const wchar_t* given, const wchar_t* member) {
-    if (!*given) return false;
+bool LocaleNameRules::SameName(std::wstring_view given, std::wstring_view member) {
+    if (given.empty()) return false;
     const Bstr left(given);
     const Bstr right(member);
     return VarBstrCmp(left.Get(), right.Get(), kScriptLocale, 0) == static_cast<HRESULT>(VARCMP_EQ);

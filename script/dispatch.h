@@ -3,21 +3,16 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
-#include "base/status.h"
-#include "script/member_table.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
+#include "tarvik/dispatch.h"
 
 namespace tarvik {
 
 // The answers of small script objects, which have type information with nothing in it.
 HRESULT OneTypeInfo(UINT* count);
 HRESULT DefaultTypeInfo(UINT index, LCID locale, ITypeInfo** out);
-
-// The one name that GetIDsOfNames looks at: members have no named arguments. Null if there is none.
-inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
-    return names && count > 0 ? names[0] : nullptr;
-}
 
 // A level 1 line with the label "Class::operation", or a level 16 one about a name the class does not have.
 void TraceOperation(const char* className, const char* operation);
@@ -34,7 +29,8 @@ namespace detail {
 
 template <class... Entries>
 struct DispatchObject {
-    static constexpr bool kHasOne = (std::is_base_of_v<IDispatch, typename Face<Entries>::Interface> || ...);
+    static constexpr bool kHasOne =
+        (std::is_base_of_v<IDispatch, typename InterfaceEntry<Entries>::Interface> || ...);
     using Type = std::conditional_t<kHasOne, ComObject<Entries...>, ComObject<Entries..., IDispatch>>;
 };
 
@@ -50,89 +46,68 @@ struct DispatchObject<> {
 template <class... Entries>
 using DispatchObject = typename detail::DispatchObject<Entries...>::Type;
 
-// IDispatch over a member table. Self has
-//     static constexpr char kClassName[]                      its name in the log,
-//     static std::span<const Member<Self>> Members()          its rows,
-//     static constexpr bool kTracesCalls = true               only if its calls are to be traced,
-// and derives from TableDispatch<Self, Entries of ComObject...>; the first entry is the identity.
-template <class Self, class... Entries>
-class TableDispatch : public DispatchObject<Entries...> {
-  public:
-    STDMETHODIMP GetTypeInfoCount(UINT*) override {
+// The rules of the larger plug-ins and their objects. Self has `static constexpr char kClassName[]`, its name
+// in the log, and `static constexpr bool kTracesCalls = true` only if its calls are to be traced.
+template <class Self>
+struct TableRules {
+    static HRESULT GetTypeInfoCount(UINT*) {
         TraceOperation(Self::kClassName, "GetTypeInfoCount");
         return E_NOTIMPL;
     }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override {
+    static HRESULT GetTypeInfo(UINT, LCID, ITypeInfo**) {
         TraceOperation(Self::kClassName, "GetTypeInfo");
         return E_NOTIMPL;
     }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        const wchar_t* const name = FirstName(names, count);
-        if (!name || !ids) return E_INVALIDARG;
-        const auto* row = FindByName(Self::Members(), name);
-        if (!row) {
-            LogUnknownName(Self::kClassName, name);
-            return DISP_E_UNKNOWNNAME;
-        }
-        ids[0] = row->id;
-        return S_OK;
-    }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO*, UINT*) override {
-        if constexpr (requires { Self::kTracesCalls; }) TraceOperation(Self::kClassName, "Invoke");
-        const auto* row = FindById(Self::Members(), id);
-        if (!row) return E_NOTIMPL;
-        // A callback made by the member may drop script's last reference.
-        const ComPtr<IUnknown> alive(this->AsUnknown());
-        return Guard(
-            [&] { return InvokeRow(*row, static_cast<Self&>(*this), flags, Call(parameters, result)); });
-    }
-};
-
-// One member of a small script object, which looks at the access flags itself.
-template <class Self>
-struct SmallMember {
-    DISPID id;
-    const wchar_t* name;
-    HRESULT (Self::*handler)(WORD flags, const Call& call);
-};
-
-using SameName = bool (*)(const wchar_t* given, const wchar_t* member);
-bool SameCharacters(const wchar_t* given, const wchar_t* member);
-// The system's string comparison in the user's locale; an empty name matches nothing.
-bool SameInLocale(const wchar_t* given, const wchar_t* member);
-
-// IDispatch of a small plug-in: like TableDispatch, with rows of SmallMember. Unknown names and ids are both
-// DISP_E_UNKNOWNNAME, and no line is logged.
-template <class Self, SameName kSame, class... Entries>
-class SmallDispatch : public ComObject<Entries..., IDispatch> {
-  public:
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return OneTypeInfo(count); }
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override {
-        return DefaultTypeInfo(index, locale, out);
-    }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        const wchar_t* const name = FirstName(names, count);
-        if (!name || !ids) return E_INVALIDARG;
-        return Guard([&] {
-            for (const auto& member : Self::Members()) {
-                if (!kSame(name, member.name)) continue;
-                ids[0] = member.id;
-                return S_OK;
-            }
-            return DISP_E_UNKNOWNNAME;
-        });
-    }
-    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO*, UINT*) override {
-        for (const auto& member : Self::Members()) {
-            if (member.id != id) continue;
-            const ComPtr<IUnknown> alive(this->AsUnknown());
-            auto& self = static_cast<Self&>(*this);
-            return Guard([&] { return (self.*member.handler)(flags, Call(parameters, result)); });
-        }
+    static bool SameName(std::wstring_view given, std::wstring_view member) { return given == member; }
+    static HRESULT UnknownName(const wchar_t* name) {
+        LogUnknownName(Self::kClassName, name);
         return DISP_E_UNKNOWNNAME;
     }
+    static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call) {
+        if constexpr (requires { Self::kTracesCalls; }) TraceOperation(Self::kClassName, "Invoke");
+        return row ? InvokeMember(*row, self, flags, call) : E_NOTIMPL;
+    }
 };
+
+// The rules of the small ones. They have type information, unknown names and ids are both DISP_E_UNKNOWNNAME,
+// and nothing is logged.
+struct SmallRules {
+    static HRESULT GetTypeInfoCount(UINT* count) { return OneTypeInfo(count); }
+    static HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) {
+        return DefaultTypeInfo(index, locale, out);
+    }
+    static bool SameName(std::wstring_view given, std::wstring_view member) { return given == member; }
+    static HRESULT UnknownName(const wchar_t*) { return DISP_E_UNKNOWNNAME; }
+    template <class Self>
+    static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call) {
+        return row ? InvokeMember(*row, self, flags, call) : DISP_E_UNKNOWNNAME;
+    }
+};
+
+// Those that do not look at the access: whatever is no read or write of a property is a call. Reads are
+// tested first.
+struct AnyAccessRules : SmallRules {
+    template <class Self>
+    static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call) {
+        if (!row) return DISP_E_UNKNOWNNAME;
+        if ((flags & DISPATCH_PROPERTYGET) && row->get) return row->get(self, call);
+        if ((flags & DISPATCH_PROPERTYPUT) && row->put) return row->put(self, call);
+        return row->method ? row->method(self, call) : E_FAIL;
+    }
+};
+
+// The same, with names compared as the system compares words in the user's locale. An empty name matches
+// none.
+struct LocaleNameRules : AnyAccessRules {
+    static bool SameName(std::wstring_view given, std::wstring_view member);
+};
+
+// IDispatch over a member table, with IDispatch at the end of the list of interfaces, unless an entry stands
+// on it already. The first entry is the identity.
+template <class Self, class... Entries>
+using TableDispatch = Dispatch<Self, TableRules<Self>, DispatchObject<Entries...>>;
+
+template <class Self, class Rules, class... Entries>
+using SmallDispatch = Dispatch<Self, Rules, ComObject<Entries..., IDispatch>>;
 
 }  // namespace tarvik

@@ -1,8 +1,8 @@
 #include "script/object.h"
 
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 #include "script/dispatch.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -131,8 +131,8 @@ HRESULT CreateScriptObject(const wchar_t* typeName, IDispatch** out) {
     if (!out) return E_INVALIDARG;
     *out = nullptr;
     return Guard([&]() -> HRESULT {
-        if (typeName && _wcsicmp(typeName, L"object") == 0) return HandOut(MakeCom<CObject>(), out);
-        if (typeName && _wcsicmp(typeName, L"array") == 0) return HandOut(MakeCom<CArray>(), out);
+        if (typeName && _wcsicmp(typeName, L"object") == 0) return CopyTo(MakeCom<CObject>(), out);
+        if (typeName && _wcsicmp(typeName, L"array") == 0) return CopyTo(MakeCom<CArray>(), out);
         return E_NOINTERFACE;
     });
 }

@@ -6,9 +6,9 @@
 #include <map>
 #include <string>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -25,7 +25,7 @@ DWORD WINAPI WorkerApartment::Stay(void* self) {
     // The object manager is asked for by the first interface that the object does not give at once.
     Query<IPersist>(apartment.home_.Get());
     WaitForSingleObject(apartment.end_.Get(), INFINITE);
-    apartment.home_ = Ticket();
+    apartment.home_ = MarshaledObject();
     if (SUCCEEDED(initialized)) CoUninitialize();
     return 0;
 }

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "base/owners.h"
-#include "script/ticket.h"
+#include "tarvik/owners.h"
+#include "tarvik/marshaled_object.h"
 
 namespace tarvik {
 
@@ -22,7 +22,7 @@ class WorkerApartment {
   private:
     static DWORD WINAPI Stay(void* self);
 
-    Ticket home_;  // an object of the main thread
+    MarshaledObject home_;  // an object of the main thread
     UniqueHandle end_;
     UniqueHandle thread_;
 };

@@ -21,7 +21,7 @@ at_end() {
 # configure: writes the build files. The compiler cache is shared between checkouts.
 configure() {
   CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache \
-    cmake -S "$root" -B "$build" --preset linux >/dev/null
+    cmake -S "$root" -B "$build" --preset linux ${TARVIK_BUILD_TYPE:+-DCMAKE_BUILD_TYPE=$TARVIK_BUILD_TYPE} >/dev/null
 }
 
 # The test environment: a Wine prefix with its server, and a display. They belong together because the prefix's desktop

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

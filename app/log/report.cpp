@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/owners.h"
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/owners.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

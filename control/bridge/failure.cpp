@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-#include "base/bstr.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 
 namespace tarvik {

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "base/bstr.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

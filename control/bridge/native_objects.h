@@ -8,8 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

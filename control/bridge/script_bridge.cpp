@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/launch.h"
 
 namespace tarvik {
@@ -13,7 +13,7 @@ namespace {
 
 // Names that no page guesses.
 std::string FreshIdentifier() {
-    std::string name = Narrow(FreshName());
+    std::string name = Narrow(UniqueName());
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/bridge/script_source.h"
 #include "control/bridge/script_world.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "base/com_object.h"
+#include "tarvik/com_object.h"
 #include "base/compiler.h"
 #include "control/bridge/script_world.h"
 

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstdio>
 
-#include "base/bstr.h"
-#include "base/text.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/text.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

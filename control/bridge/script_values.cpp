@@ -4,8 +4,8 @@
 #include <limits>
 #include <string>
 
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
 #include "control/bridge/script_world.h"

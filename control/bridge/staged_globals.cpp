@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "base/bstr.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/com_object.h"
-#include "base/variant.h"
+#include "tarvik/com_object.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -2,7 +2,7 @@
 
 #include <objbase.h>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -11,7 +11,7 @@
 #include <thread>
 #include <unordered_map>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "control/engine/devtools.h"
 #include "control/engine/transport.h"
 

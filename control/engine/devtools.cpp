@@ -4,7 +4,7 @@
 
 #include <future>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "control/engine/connection.h"
 #include "control/engine/engine_path.h"
 

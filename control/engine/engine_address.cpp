@@ -8,6 +8,7 @@
 
 #include "base/module_function.h"
 #include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/engine_path.h"
 
 namespace tarvik {

@@ -52,7 +52,7 @@ std::wstring EngineArguments() {
     return line;
 }
 
-std::wstring FreshName() {
+std::wstring UniqueName() {
     GUID id = {};
     CoCreateGuid(&id);
     wchar_t text[40] = {};

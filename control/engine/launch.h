@@ -9,6 +9,6 @@ namespace tarvik {
 std::wstring EngineArguments();
 
 // A name that nobody else uses, for folders.
-std::wstring FreshName();
+std::wstring UniqueName();
 
 }  // namespace tarvik

@@ -3,7 +3,7 @@
 // after it; it goes on when this process is killed. A third FIFO carries nothing: its end is the end of this
 // process.
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
@@ -91,7 +91,7 @@ class FifoTransport : public Transport {
 }  // namespace
 
 std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
-    const std::wstring name = FreshName();
+    const std::wstring name = UniqueName();
     StartShell(ShellScript(engine, L"/tmp/" + name));
     const std::wstring folder = L"Z:\\tmp\\" + name;
     UniqueHandle fromEngine = OpenWhenThere(folder + L"\\a", GENERIC_READ);

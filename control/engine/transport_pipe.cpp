@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/shell_delete.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
@@ -147,7 +147,7 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     Pipe fromEngine = MakePipe();
     const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
     RemoveLeftProfiles(folder);
-    const std::wstring profile = folder + FreshName() + kProfile;
+    const std::wstring profile = folder + UniqueName() + kProfile;
     UniqueHandle mark = HoldProfile(profile);
     // An engine that runs as an administrator would start itself again as somebody less, and lose the pipes.
     std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +

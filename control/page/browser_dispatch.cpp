@@ -20,7 +20,7 @@ STDMETHODIMP BrowserDispatch::GetTypeInfo(UINT index, LCID, ITypeInfo** out) {
     *out = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
     const HRESULT status = LoadType();
-    return FAILED(status) ? status : HandOut(type_, out);
+    return FAILED(status) ? status : CopyTo(type_, out);
 }
 
 STDMETHODIMP BrowserDispatch::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {

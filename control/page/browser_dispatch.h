@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 #include "control/page/browser_members.h"
 
 namespace tarvik {

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 
@@ -36,7 +36,7 @@ STDMETHODIMP ConnectionPoint::GetConnectionInterface(IID* id) {
 }
 
 STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
-    return container_ ? HandOut(ComPtr<IConnectionPointContainer>(container_), container) : E_UNEXPECTED;
+    return container_ ? CopyTo(ComPtr<IConnectionPointContainer>(container_), container) : E_UNEXPECTED;
 }
 
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {

@@ -7,9 +7,9 @@
 #include <span>
 #include <vector>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

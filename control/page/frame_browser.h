@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "base/bstr.h"
-#include "base/com_object.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/com_object.h"
+#include "tarvik/status.h"
 #include "control/page/browser_dispatch.h"
 
 namespace tarvik {

@@ -5,8 +5,8 @@
 
 #include <initializer_list>
 
-#include "base/bstr.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
 #include "control/bridge/script_source.h"
 
 namespace tarvik {
@@ -54,11 +54,11 @@ ComPtr<IDispatch> HtmlDocument::Script() {
 }
 
 STDMETHODIMP HtmlDocument::get_Script(IDispatch** out) {
-    return Guard([&] { return HandOut(page_->Globals(), out); });
+    return Guard([&] { return CopyTo(page_->Globals(), out); });
 }
 
 STDMETHODIMP HtmlDocument::get_parentWindow(IHTMLWindow2** out) {
-    return Guard([&] { return HandOut(MakeCom<HtmlWindow>(page_, ComPtr<IHTMLDocument2>(this)), out); });
+    return Guard([&] { return CopyTo(MakeCom<HtmlWindow>(page_, ComPtr<IHTMLDocument2>(this)), out); });
 }
 
 HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
@@ -68,7 +68,7 @@ HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
         Variant element;
         const HRESULT status = Get(Script().Get(), name, element);
         if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
-        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
     });
 }
 
@@ -95,7 +95,7 @@ STDMETHODIMP HtmlDocument::elementFromPoint(LONG x, LONG y, IHTMLElement** out) 
         const HRESULT status = InvokeMember(Script().Get(), L"elementFromPoint", DISPATCH_METHOD,
                                             {reversed, nullptr, 2, 0}, element);
         if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
-        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
     });
 }
 
@@ -136,7 +136,7 @@ STDMETHODIMP HtmlElement::get_parentElement(IHTMLElement** out) {
         Variant parent;
         const HRESULT status = Get(script_.Get(), L"parentElement", parent);
         if (FAILED(status) || !parent.Is(VT_DISPATCH)) return status;
-        return HandOut(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(parent.pdispVal), mouse_), out);
+        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(parent.pdispVal), mouse_), out);
     });
 }
 
@@ -160,7 +160,7 @@ STDMETHODIMP HtmlElement::FindConnectionPoint(REFIID events, IConnectionPoint** 
     if (events != kElementEvents) return CONNECT_E_NOCONNECTION;
     return Guard([&] {
         page_->ListenToMouse();
-        return HandOut(mouse_, out);
+        return CopyTo(mouse_, out);
     });
 }
 

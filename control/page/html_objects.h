@@ -6,9 +6,9 @@
 
 #include <memory>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
-#include "base/status.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 #include "control/bridge/script_object.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_members.h"
@@ -92,7 +92,7 @@ class HtmlWindow : public ScriptFace<As<WindowMembers, IHTMLWindow2, IHTMLFrames
     HtmlWindow(std::shared_ptr<Page> page, ComPtr<IHTMLDocument2> document)
         : page_(std::move(page)), document_(std::move(document)) {}
 
-    STDMETHODIMP get_document(IHTMLDocument2** out) override { return HandOut(document_, out); }
+    STDMETHODIMP get_document(IHTMLDocument2** out) override { return CopyTo(document_, out); }
     // Runs the text as a global script of the page; what fails in it is one of the page's script errors.
     STDMETHODIMP execScript(BSTR code, BSTR language, VARIANT* result) override;
 

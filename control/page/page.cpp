@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/bridge/script_source.h"
 #include "control/engine/engine_address.h"

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 #include "control/bridge/script_bridge.h"
 #include "control/bridge/staged_globals.h"
 #include "control/engine/devtools.h"

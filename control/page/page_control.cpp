@@ -4,9 +4,9 @@
 #include <mshtmdid.h>
 #include <urlmon.h>
 
-#include "base/bstr.h"
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 #include "control/page/frame_browser.h"
 
 namespace tarvik {

@@ -12,8 +12,8 @@
 #include <optional>
 #include <string>
 
-#include "base/com_object.h"
-#include "base/com_ptr.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
 #include "control/page/browser_dispatch.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_objects.h"
@@ -56,7 +56,7 @@ class PageControl
 
     // IOleObject
     STDMETHODIMP SetClientSite(IOleClientSite* site) override;
-    STDMETHODIMP GetClientSite(IOleClientSite** site) override { return HandOut(site_, site); }
+    STDMETHODIMP GetClientSite(IOleClientSite** site) override { return CopyTo(site_, site); }
     STDMETHODIMP SetHostNames(LPCOLESTR, LPCOLESTR) override { return S_OK; }
     STDMETHODIMP Close(DWORD) override;
     STDMETHODIMP SetMoniker(DWORD, IMoniker*) override { return E_NOTIMPL; }

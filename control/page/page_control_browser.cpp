@@ -1,8 +1,8 @@
 // The control as a browser.
 
-#include "base/bstr.h"
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 #include "control/page/page_control.h"
 
 namespace tarvik {
@@ -45,13 +45,13 @@ STDMETHODIMP PageControl::Stop() {
 }
 
 STDMETHODIMP PageControl::get_Application(IDispatch** out) {
-    return HandOut(ComPtr<IDispatch>(static_cast<IWebBrowser2*>(this)), out);
+    return CopyTo(ComPtr<IDispatch>(static_cast<IWebBrowser2*>(this)), out);
 }
 
 STDMETHODIMP PageControl::get_Document(IDispatch** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    return document_ ? HandOut(document_, out) : S_OK;
+    return document_ ? CopyTo(document_, out) : S_OK;
 }
 
 STDMETHODIMP PageControl::get_LocationName(BSTR* out) {

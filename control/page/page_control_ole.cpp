@@ -1,7 +1,7 @@
 // The control as an OLE object that is active in place in its container.
 
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 #include "control/page/page_control.h"
 
 namespace tarvik {
@@ -182,7 +182,7 @@ STDMETHODIMP PageControl::TranslateAccelerator(MSG* message) {
 STDMETHODIMP PageControl::FindConnectionPoint(REFIID events, IConnectionPoint** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    return events == DIID_DWebBrowserEvents2 ? HandOut(events_, out) : CONNECT_E_NOCONNECTION;
+    return events == DIID_DWebBrowserEvents2 ? CopyTo(events_, out) : CONNECT_E_NOCONNECTION;
 }
 
 STDMETHODIMP PageControl::GetClassID(CLSID* id) {

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/engine_address.h"
 #include "control/page/page.h"
 #include "control/page/script_dialogs.h"

@@ -1,6 +1,6 @@
 #include "control/page/page_windows.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/engine/devtools.h"
 #include "control/engine/engine_path.h"

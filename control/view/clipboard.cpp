@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

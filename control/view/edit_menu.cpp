@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "control/view/clipboard.h"
 
 namespace tarvik {

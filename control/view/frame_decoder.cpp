@@ -7,8 +7,8 @@
 
 #include <utility>
 
-#include "base/com_ptr.h"
-#include "base/status.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

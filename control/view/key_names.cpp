@@ -1,6 +1,6 @@
 #include "control/view/key_names.h"
 
-#include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "control/view/clipboard.h"
 #include "control/view/key_names.h"
 #include "control/view/mouse_input.h"

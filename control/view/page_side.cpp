@@ -1,6 +1,6 @@
 #include "control/view/page_side.h"
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/launch.h"
 
 namespace tarvik {
@@ -8,7 +8,7 @@ namespace tarvik {
 extern const std::string_view kViewScript;  // view.js
 
 PageSide::PageSide(PageTarget& target, bool textIsSelectable)
-    : target_(target), binding_(Narrow(FreshName())), core_(Narrow(FreshName())) {
+    : target_(target), binding_(Narrow(UniqueName())), core_(Narrow(UniqueName())) {
     target_.Post("Runtime.enable");
     target_.Post("Runtime.addBinding", {{"name", binding_}});
     target_.Post("Page.addScriptToEvaluateOnNewDocument",

@@ -6,7 +6,7 @@
 //
 // A retained plug-in: each window has one, which stays when the window shows another page.
 
-#include <tarvik/kit.h>
+#include <tarvik/core.h>
 
 #include <commctrl.h>
 
@@ -19,7 +19,7 @@ class OpenClipboardScope {
   public:
     explicit OpenClipboardScope(HWND owner) {
         for (int tries = 0; !OpenClipboard(owner); ++tries) {
-            if (tries == 100) TVK::ThrowLastError();
+            if (tries == 100) tarvik::ThrowLastError();
             Sleep(10);
         }
     }
@@ -33,7 +33,7 @@ class LockedMemory {
   public:
     explicit LockedMemory(HGLOBAL memory)
         : memory_(memory), text_(static_cast<wchar_t*>(GlobalLock(memory))) {
-        if (!text_) TVK::ThrowLastError();
+        if (!text_) tarvik::ThrowLastError();
     }
     LockedMemory(const LockedMemory&) = delete;
     LockedMemory& operator=(const LockedMemory&) = delete;
@@ -75,14 +75,14 @@ std::wstring NameOf(UINT format) {
     }
 }
 
-class Clipboard : public TVK::Plugin<Clipboard> {
+class Clipboard : public tarvik::Plugin<Clipboard> {
   public:
-    static TVK::Members<Clipboard> Members() {
-        static constexpr TVK::Member<Clipboard> members[] = {
-            TVK::Property<&Clipboard::Text, &Clipboard::SetText>(L"text"),
-            TVK::Property<&Clipboard::OnChange, &Clipboard::SetOnChange>(L"onchange"),
-            TVK::Method<&Clipboard::Formats>(L"formats"),
-        };
+    static std::span<const tarvik::Member<Clipboard>> Members() {
+        static constexpr auto members = tarvik::NumberedMembers({
+            tarvik::Property<&Clipboard::Text, &Clipboard::SetText>(L"text"),
+            tarvik::Property<&Clipboard::OnChange, &Clipboard::SetOnChange>(L"onchange"),
+            tarvik::Method<&Clipboard::Formats>(L"formats"),
+        });
         return members;
     }
 
@@ -90,14 +90,14 @@ class Clipboard : public TVK::Plugin<Clipboard> {
         // A window that is never seen hears of the changes. It belongs to the main thread, which made it.
         listener_ =
             CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-        if (!listener_) TVK::ThrowLastError();
-        SetWindowSubclass(listener_, Hear, 0, reinterpret_cast<DWORD_PTR>(this));
+        if (!listener_) tarvik::ThrowLastError();
+        SetWindowSubclass(listener_, OnMessage, 0, reinterpret_cast<DWORD_PTR>(this));
         AddClipboardFormatListener(listener_);
     }
 
     // Runs when the window goes. After it nothing may call in here any more.
     ~Clipboard() override {
-        RemoveWindowSubclass(listener_, Hear, 0);
+        RemoveWindowSubclass(listener_, OnMessage, 0);
         DestroyWindow(listener_);
     }
 
@@ -112,44 +112,45 @@ class Clipboard : public TVK::Plugin<Clipboard> {
     void SetText(const std::wstring& text) {
         Memory memory = CopyOf(text);  // before anything is emptied
         const OpenClipboardScope open(listener_);
-        if (!EmptyClipboard() || !SetClipboardData(CF_UNICODETEXT, memory.get())) TVK::ThrowLastError();
+        if (!EmptyClipboard() || !SetClipboardData(CF_UNICODETEXT, memory.get())) tarvik::ThrowLastError();
         static_cast<void>(memory.release());  // it is the clipboard's now
     }
 
     // Objects of script are made by the host.
-    TVK::Object Formats() {
-        const TVK::Object names = NewArray();
+    tarvik::ScriptObject Formats() {
+        const tarvik::ScriptObject names = NewArray();
         const OpenClipboardScope open(listener_);
         for (UINT format = EnumClipboardFormats(0); format != 0; format = EnumClipboardFormats(format))
             names.Call(L"push", NameOf(format));
         return names;
     }
 
-    TVK::Object OnChange() { return onChange_; }
-    void SetOnChange(const TVK::Object& function) { onChange_ = function; }
+    tarvik::ScriptObject OnChange() { return onChange_; }
+    void SetOnChange(const tarvik::ScriptObject& function) { onChange_ = function; }
 
   private:
-    static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                 DWORD_PTR self) {
-        if (message == WM_CLIPBOARDUPDATE) reinterpret_cast<Clipboard*>(self)->TellChange();
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) {
+        if (message == WM_CLIPBOARDUPDATE) reinterpret_cast<Clipboard*>(self)->ReportChange();
         return DefSubclassProc(window, message, wParam, lParam);
     }
 
     // The function belongs to a page, which may be gone, while this plug-in lives on: one that fails is
     // dropped. The function in turn may set another one, or let go of this plug-in: both are held for the
     // call.
-    void TellChange() {
-        const TVK::Ptr<IUnknown> alive(static_cast<TVK::IPlugin*>(this));
-        const TVK::Object function = onChange_;
+    void ReportChange() {
+        const tarvik::ComPtr<IUnknown> alive(AsUnknown());
+        const tarvik::ScriptObject function = onChange_;
         if (!function) return;
         std::optional<std::wstring> text;
-        if (FAILED(TVK::Guard([&] { text = Text(); }))) return;  // the clipboard's fault, not the function's
-        const HRESULT status = TVK::Guard([&] { function(text); });
-        if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = TVK::Object();
+        if (FAILED(tarvik::Guard([&] { text = Text(); })))
+            return;  // the clipboard's fault, not the function's
+        const HRESULT status = tarvik::Guard([&] { function(text); });
+        if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = tarvik::ScriptObject();
     }
 
     HWND listener_ = nullptr;
-    TVK::Object onChange_;
+    tarvik::ScriptObject onChange_;
 };
 
 }  // namespace

@@ -54,7 +54,7 @@ Outcome CConfigPlugin::Clear(std::optional<AnyValue> name) {
     return {Guard([&] {
         if (!name) return key_.IsChosen() ? key_.Clear() : file_.Clear();
         BSTR text = nullptr;
-        if (!Read(*name->value, text)) throw StatusError(E_INVALIDARG);
+        if (!FromVariant(*name->value, text)) throw StatusError(E_INVALIDARG);
         key_.IsChosen() ? key_.ClearKey(Bstr::View(text)) : file_.ClearSection(Bstr::View(text));
     })};
 }

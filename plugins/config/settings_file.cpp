@@ -1,7 +1,7 @@
 #include "plugins/config/settings_file.h"
 
-#include "base/bstr.h"
-#include "base/status.h"
+#include "tarvik/bstr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

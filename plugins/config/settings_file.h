@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/variant.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
 #include "plugins/config/settings_key.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "plugins/registry_keys/registry_value.h"
 
 namespace tarvik {

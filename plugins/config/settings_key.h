@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/variant.h"
+#include "tarvik/variant.h"
 #include "plugins/registry_keys/registry_key.h"
 
 namespace tarvik {

@@ -1,16 +1,18 @@
 #pragma once
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 
 namespace tarvik {
 
 // `console`: lines for the debugger, and whether script errors are shown.
 class CConsolePlugin : public BrowserPlugin<CConsolePlugin> {
   public:
-    static std::span<const SmallMember<CConsolePlugin>> Members();
+    static std::span<const Member<CConsolePlugin>> Members();
 
-    HRESULT Log(WORD flags, const Call& call);
-    HRESULT ShowJsError(WORD flags, const Call& call);
+    HRESULT Log(const Call& call);
+    Variant GetLog() const { return Variant(); }  // a read writes nothing
+    Variant GetShowJsError() const { return Variant::Copy(showJsError_); }
+    HRESULT SetShowJsError(const Call& call);
 
   private:
     Variant showJsError_;  // whatever script put there; only a literal false hides errors

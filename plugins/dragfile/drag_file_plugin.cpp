@@ -1,22 +1,23 @@
 #include "plugins/dragfile/drag_file_plugin.h"
 
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
 namespace {
 
-constexpr SmallMember<CDragFilePlugin> kMembers[] = {
-    {-6999, L"bind", &CDragFilePlugin::Bind},
-    {-6998, L"get", &CDragFilePlugin::Get},
+constexpr Member<CDragFilePlugin> kMembers[] = {
+    Method<&CDragFilePlugin::Bind>(-6999, L"bind"),
+    Method<&CDragFilePlugin::Get>(-6998, L"get"),
 };
+static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CDragFilePlugin>(L"dragfile", TVK::kRetainedPlugin);
 
 }  // namespace
 
-std::span<const SmallMember<CDragFilePlugin>> CDragFilePlugin::Members() {
+std::span<const Member<CDragFilePlugin>> CDragFilePlugin::Members() {
     return kMembers;
 }
 
@@ -26,12 +27,12 @@ STDMETHODIMP CDragFilePlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
     return BrowserPlugin::Initialize(core, browser);
 }
 
-HRESULT CDragFilePlugin::Bind(WORD, const Call& call) {
+HRESULT CDragFilePlugin::Bind(const Call& call) {
     BSTR id = nullptr;
-    if (call.Count() < 2 || !Read(call.At(0), id)) return E_INVALIDARG;
+    if (call.Count() < 2 || !FromVariant(call.At(0), id)) return E_INVALIDARG;
     const std::wstring name(Bstr::View(id));
     IDispatch* function = nullptr;
-    const bool binds = Read(call.At(1), function) && function;
+    const bool binds = FromVariant(call.At(1), function) && function;
     Binding binding{ComPtr<IDispatch>(binds ? function : nullptr),
                     call.Count() > 2 ? Variant::Copy(call.At(2)) : Variant()};
     // What is replaced is let go of last: its end may come back here.
@@ -40,16 +41,16 @@ HRESULT CDragFilePlugin::Bind(WORD, const Call& call) {
     return S_OK;
 }
 
-HRESULT CDragFilePlugin::Get(WORD, const Call& call) {
+HRESULT CDragFilePlugin::Get(const Call& call) {
     BSTR id = nullptr;
-    if (call.Count() == 0 || !Read(call.At(0), id) || !id) return E_INVALIDARG;
+    if (call.Count() == 0 || !FromVariant(call.At(0), id) || !id) return E_INVALIDARG;
     const auto found = bindings_.byId.find(Bstr::View(id));
     if (found == bindings_.byId.end()) return S_OK;
     const auto& [function, context] = found->second;
     auto object = MakeCom<CObject>();
     ThrowIfFailed(SetScriptProperty(object.Get(), L"callback", Variant::Object(function.Get())));
     ThrowIfFailed(SetScriptProperty(object.Get(), L"context", context));
-    return Give(call.Result(), Variant::Object(object.Get()));
+    return SetResult(call.Result(), Variant::Object(object.Get()));
 }
 
 }  // namespace tarvik

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "atl/window.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 
 namespace tarvik {
 
@@ -15,12 +15,12 @@ class CDragFilePlugin : public BrowserPlugin<CDragFilePlugin> {
   public:
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
 
-    static std::span<const SmallMember<CDragFilePlugin>> Members();
+    static std::span<const Member<CDragFilePlugin>> Members();
 
     // bind(id, function[, context]) replaces the binding of an id; anything but a function takes it away.
-    HRESULT Bind(WORD flags, const Call& call);
+    HRESULT Bind(const Call& call);
     // get(id) gives an object with `callback` and `context`, or no value.
-    HRESULT Get(WORD flags, const Call& call);
+    HRESULT Get(const Call& call);
 
   private:
     struct Binding {

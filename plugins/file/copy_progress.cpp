@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 #include "plugins/file/work_list.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -1,10 +1,10 @@
 #include "plugins/file/enum_files.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/walk_folder.h"
-#include "script/properties.h"
-#include "script/ticket.h"
-#include "script/worker.h"
+#include "tarvik/properties.h"
+#include "tarvik/marshaled_object.h"
+#include "tarvik/worker.h"
 
 namespace tarvik {
 
@@ -46,9 +46,9 @@ class FilesWalk : public Worker {
         return IsFalse(answer) ? E_ABORT : S_OK;
     }
 
-    Ticket options_;
-    Ticket callback_;
-    Ticket completed_;
+    MarshaledObject options_;
+    MarshaledObject callback_;
+    MarshaledObject completed_;
 };
 
 }  // namespace

@@ -108,7 +108,7 @@ bool CFilePlugin::MkDir(BSTR path) {
 HRESULT CFilePlugin::EnumFiles(const Call& call) {
     if (call.Count() == 0) return E_INVALIDARG;
     IDispatch* options = nullptr;
-    if (Read(call.At(0), options) && options) return StartEnumFiles(Options(options));
+    if (FromVariant(call.At(0), options) && options) return StartEnumFiles(Options(options));
     return call.Result() ? E_INVALIDARG : S_OK;
 }
 

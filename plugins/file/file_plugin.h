@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/file/work_list.h"
 
 #undef DeleteFile  // of the system's headers: handlers have their members' names

@@ -1,6 +1,6 @@
 #include "plugins/file/file_size.h"
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -4,7 +4,7 @@
 
 #include "plugins/file/copy_progress.h"
 #include "plugins/file/work_list.h"
-#include "script/async_task.h"
+#include "tarvik/async_task.h"
 
 namespace tarvik {
 

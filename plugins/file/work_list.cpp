@@ -1,7 +1,7 @@
 #include "plugins/file/work_list.h"
 
 #include "base/folder_reader.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "plugins/file/file_size.h"
 
 namespace tarvik {

@@ -1,16 +1,17 @@
 #include "plugins/fileio/chunk_teller.h"
 
-#include "host/contract/stream.h"
-#include "host/registry/plugin_registry.h"
-#include "script/properties.h"
+#include "tarvik/stream.h"
+#include "host/plugin_registry/plugin_registry.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
 namespace {
 
-constexpr SmallMember<ChunkTeller> kMembers[] = {
-    {DISPID_VALUE, L"tell", &ChunkTeller::Tell},
+constexpr Member<ChunkTeller> kMembers[] = {
+    Method<&ChunkTeller::Tell>(DISPID_VALUE, L"tell"),
 };
+static_assert(IsInOrder(kMembers));
 
 ComPtr<TVK::IStream> MakeChunk(const void* bytes, ULONG count) {
     const PluginEntry* const entry = FindPlugin(L"stream");
@@ -24,11 +25,11 @@ ComPtr<TVK::IStream> MakeChunk(const void* bytes, ULONG count) {
 
 }  // namespace
 
-std::span<const SmallMember<ChunkTeller>> ChunkTeller::Members() {
+std::span<const Member<ChunkTeller>> ChunkTeller::Members() {
     return kMembers;
 }
 
-HRESULT ChunkTeller::Tell(WORD, const Call& call) {
+HRESULT ChunkTeller::Tell(const Call& call) {
     if (call.Count() != 2 || call.At(0).vt != VT_I8 || call.At(1).vt != VT_UI4) return E_INVALIDARG;
     const auto* const bytes = reinterpret_cast<const void*>(call.At(0).llVal);
     const Variant chunk = Variant::Object(MakeChunk(bytes, call.At(1).ulVal).Get());

@@ -34,7 +34,7 @@ struct Order {
     ULONG length;
 };
 
-Order ReadOrder(const ComPtr<IDispatch>& stream, LooseInt length) {
+Order ReadOrder(const ComPtr<IDispatch>& stream, CoercedInt length) {
     const Order order = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
     if (!order.stream || order.length == 0) throw StatusError(E_INVALIDARG);
     return order;
@@ -73,7 +73,7 @@ bool CFileIOPlugin::WriteAsync(IDispatch* options) {
                      [this](const Options& given) { return std::make_unique<WriteTask>(given, file_); });
 }
 
-Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, LooseInt length) {
+Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
     const Order order = ReadOrder(stream, length);
     const auto file = file_;  // a stream of a library may come back to this object
     Variant moved = Variant::I4(0);
@@ -88,7 +88,7 @@ Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, LooseInt length) {
     return moved;
 }
 
-Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, LooseInt length) {
+Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, CoercedInt length) {
     const Order order = ReadOrder(stream, length);
     const auto file = file_;
     Variant moved = Variant::I4(0);
@@ -102,7 +102,7 @@ Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, LooseInt length) {
     return moved;
 }
 
-Variant CFileIOPlugin::Seek(Int64 offset, ConstantInt origin) {
+Variant CFileIOPlugin::Seek(Int64 offset, StrictInt32 origin) {
     Variant position;  // empty after a failure, and the call succeeds
     if (origin.value < FILE_BEGIN || origin.value > FILE_END) return position;
     (void)Guard(

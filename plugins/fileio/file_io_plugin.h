@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/fileio/shared_file.h"
 
 namespace tarvik {
@@ -18,9 +18,9 @@ class CFileIOPlugin : public WindowPlugin<CFileIOPlugin> {
     void Close();
     bool ReadAsync(IDispatch* options);
     bool WriteAsync(IDispatch* options);
-    Variant Read(ComPtr<IDispatch> stream, LooseInt length);
-    Variant Write(ComPtr<IDispatch> stream, LooseInt length);
-    Variant Seek(Int64 offset, ConstantInt origin);
+    Variant Read(ComPtr<IDispatch> stream, CoercedInt length);
+    Variant Write(ComPtr<IDispatch> stream, CoercedInt length);
+    Variant Seek(Int64 offset, StrictInt32 origin);
     Number GetSize();
     void SetSize(UInt64 size);
 

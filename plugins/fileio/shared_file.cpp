@@ -1,6 +1,6 @@
 #include "plugins/fileio/shared_file.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

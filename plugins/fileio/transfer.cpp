@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

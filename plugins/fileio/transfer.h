@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "host/contract/stream.h"
+#include "tarvik/stream.h"
 #include "plugins/fileio/shared_file.h"
 
 // How bytes go between a file and streams: in pieces, through one buffer. Failures throw.

@@ -2,7 +2,7 @@
 
 #include "plugins/fileio/chunk_teller.h"
 #include "plugins/fileio/transfer.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -35,7 +35,7 @@ ReadTask::ReadTask(const Options& options, std::shared_ptr<SharedFile> file)
     : TransferTask(options, std::move(file)) {
     if (SourceIn(options)) throw StatusError(E_INVALIDARG);
     if (auto progress = options.Function(L"progress"))
-        teller_ = Ticket(MakeCom<ChunkTeller>(std::move(progress), options.Value(L"context")).Get());
+        teller_ = MarshaledObject(MakeCom<ChunkTeller>(std::move(progress), options.Value(L"context")).Get());
 }
 
 HRESULT ReadTask::Work() {

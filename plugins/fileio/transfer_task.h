@@ -3,9 +3,9 @@
 #include <initializer_list>
 #include <memory>
 
-#include "host/contract/stream.h"
+#include "tarvik/stream.h"
 #include "plugins/fileio/shared_file.h"
-#include "script/async_task.h"
+#include "tarvik/async_task.h"
 
 namespace tarvik {
 
@@ -35,7 +35,7 @@ class ReadTask : public TransferTask {
   private:
     HRESULT Work() override;
 
-    Ticket teller_;  // in place of `progress`
+    MarshaledObject teller_;  // in place of `progress`
 };
 
 // Writes from the stream `src`, which nobody else may use until the run has ended.

@@ -3,16 +3,17 @@
 #include <string>
 #include <vector>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
 namespace {
 
-constexpr SmallMember<CHashBase> kMembers[] = {
-    {-6999, L"addData", &CHashBase::AddData},
-    {-6998, L"finish", &CHashBase::Finish},
+constexpr Member<CHashBase> kMembers[] = {
+    Method<&CHashBase::AddData>(-6999, L"addData"),
+    Method<&CHashBase::Finish>(-6998, L"finish"),
 };
+static_assert(IsInOrder(kMembers));
 
 std::vector<BYTE> DigestOf(HCRYPTHASH hash) {
     DWORD length = 0;
@@ -34,7 +35,7 @@ std::wstring Hexadecimal(const std::vector<BYTE>& bytes) {
 
 }  // namespace
 
-std::span<const SmallMember<CHashBase>> CHashBase::Members() {
+std::span<const Member<CHashBase>> CHashBase::Members() {
     return kMembers;
 }
 
@@ -45,25 +46,23 @@ CHashBase::CHashBase(ALG_ID algorithm) {
         status_ = LastFailureStatus();
 }
 
-HRESULT CHashBase::AddData(WORD, const Call& call) {
+HRESULT CHashBase::AddData(const Call& call) {
     if (call.Count() != 1) return S_OK;
     BSTR text = nullptr;
-    if (!Read(call.At(0), text)) return E_FAIL;
+    if (!FromVariant(call.At(0), text)) return E_FAIL;
     const std::string bytes = Narrow(Bstr::View(text));
     if (!isFinished_ && SUCCEEDED(status_) &&
         !CryptHashData(hash_.Get(), reinterpret_cast<const BYTE*>(bytes.data()),
                        static_cast<DWORD>(bytes.size()), 0))
         status_ = LastFailureStatus();
-    return Give(call.Result(), Variant::Object(this));
+    return SetResult(call.Result(), Variant::Object(this));
 }
 
-HRESULT CHashBase::Finish(WORD flags, const Call& call) {
-    // The page control reads a member before it calls it: a read must not finish the digest.
-    if (flags == DISPATCH_PROPERTYGET) return E_NOTIMPL;
+HRESULT CHashBase::Finish(const Call& call) {
     if (!call.Result()) return E_FAIL;
     ThrowIfFailed(status_);
     isFinished_ = true;
-    return Give(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get()))));
+    return SetResult(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get()))));
 }
 
 }  // namespace tarvik

@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <wincrypt.h>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "script/dispatch.h"
 
 namespace tarvik {
@@ -26,16 +26,16 @@ struct HashTraits {
 }  // namespace detail
 
 // A digest in the making. A failure of the system's provider is reported by Finish.
-class CHashBase : public SmallDispatch<CHashBase, SameCharacters> {
+class CHashBase : public SmallDispatch<CHashBase, SmallRules> {
   public:
-    static std::span<const SmallMember<CHashBase>> Members();
+    static std::span<const Member<CHashBase>> Members();
 
     // Takes the UTF-8 form of one text, and answers the object itself. With another number of arguments it
     // does nothing; that is by design. After Finish the digest stays what it is.
-    HRESULT AddData(WORD flags, const Call& call);
+    HRESULT AddData(const Call& call);
     // The digest in upper-case hexadecimal digits, the same each time. If it cannot be computed, the status
     // of the failure: an empty text would look like a digest.
-    HRESULT Finish(WORD flags, const Call& call);
+    HRESULT Finish(const Call& call);
 
   protected:
     explicit CHashBase(ALG_ID algorithm);

@@ -6,24 +6,25 @@ namespace tarvik {
 
 namespace {
 
-constexpr SmallMember<CHashPlugin> kMembers[] = {
-    {-6999, L"sha1", &CHashPlugin::Make<CHash<CALG_SHA1>>},
-    {-6998, L"md4", &CHashPlugin::Make<CHash<CALG_MD4>>},
-    {-6997, L"md5", &CHashPlugin::Make<CHash<CALG_MD5>>},
+constexpr Member<CHashPlugin> kMembers[] = {
+    Method<&CHashPlugin::Make<CHash<CALG_SHA1>>>(-6999, L"sha1"),
+    Method<&CHashPlugin::Make<CHash<CALG_MD4>>>(-6998, L"md4"),
+    Method<&CHashPlugin::Make<CHash<CALG_MD5>>>(-6997, L"md5"),
 };
+static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CHashPlugin>(L"hash", TVK::kRetainedPlugin);
 
 }  // namespace
 
-std::span<const SmallMember<CHashPlugin>> CHashPlugin::Members() {
+std::span<const Member<CHashPlugin>> CHashPlugin::Members() {
     return kMembers;
 }
 
 template <class Hash>
-HRESULT CHashPlugin::Make(WORD flags, const Call& call) {
-    if (!(flags & DISPATCH_METHOD) || !call.Result()) return E_NOTIMPL;
-    return Give(call.Result(), Variant::Object(MakeCom<Hash>().Get()));
+HRESULT CHashPlugin::Make(const Call& call) {
+    if (!call.Result()) return E_NOTIMPL;
+    return SetResult(call.Result(), Variant::Object(MakeCom<Hash>().Get()));
 }
 
 }  // namespace tarvik

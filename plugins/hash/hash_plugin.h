@@ -1,16 +1,16 @@
 #pragma once
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 
 namespace tarvik {
 
 // `hash`: each member gives a new, empty hash object. Arguments do not matter.
-class CHashPlugin : public SmallPlugin<CHashPlugin, SameCharacters> {
+class CHashPlugin : public SmallPlugin<CHashPlugin, SmallRules> {
   public:
-    static std::span<const SmallMember<CHashPlugin>> Members();
+    static std::span<const Member<CHashPlugin>> Members();
 
     template <class Hash>
-    HRESULT Make(WORD flags, const Call& call);
+    HRESULT Make(const Call& call);
 };
 
 }  // namespace tarvik

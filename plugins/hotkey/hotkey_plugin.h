@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/hotkey/hotkey_subclass.h"
 
 namespace tarvik {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "base/status.h"
-#include "script/properties.h"
+#include "tarvik/status.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -6,8 +6,8 @@
 #include <map>
 
 #include "atl/window.h"
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 #include "plugins/hotkey/key_combination.h"
 
 namespace tarvik {

@@ -1,6 +1,6 @@
 #include "plugins/http/client.h"
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/http/download_task.h"
 
 namespace tarvik {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/contract/plugin.h"
+#include "tarvik/plugin.h"
 #include "script/dispatch.h"
 
 namespace tarvik {

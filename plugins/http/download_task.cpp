@@ -4,10 +4,10 @@
 #include <span>
 #include <vector>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/write_file.h"
 #include "plugins/http/web_response.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "script/async_task.h"
+#include "tarvik/async_task.h"
 
 namespace tarvik {
 

@@ -33,7 +33,7 @@ HRESULT GiveNew(const Call& call, const char* label, Make make) {
     }
     Variant made;
     (void)Guard([&] { made = Variant::Object(make().Get()); });
-    return Give(call.Result(), std::move(made));
+    return SetResult(call.Result(), std::move(made));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

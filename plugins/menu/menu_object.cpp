@@ -5,7 +5,7 @@
 #include "app/log/log.h"
 #include "base/text.h"
 #include "plugins/menu/native_menu.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -55,7 +55,7 @@ CMenuDispatch::~CMenuDispatch() {
 }
 
 void* CMenuDispatch::Find(REFIID iid) {
-    return iid == kOwnClass ? this : TableDispatch::Find(iid);
+    return iid == kOwnClass ? this : Dispatch::Find(iid);
 }
 
 ComPtr<CMenuDispatch> CMenuDispatch::OwnMenu(IDispatch* object) {
@@ -158,7 +158,7 @@ bool CMenuDispatch::Popup() {
     return Show(point);
 }
 
-bool CMenuDispatch::PopupAt(ExactInt x, ExactInt y) {
+bool CMenuDispatch::PopupAt(AnyInt32 x, AnyInt32 y) {
     POINT point = {x.value, y.value};
     ClientToScreen(serverWindow_, &point);
     return Show(point);

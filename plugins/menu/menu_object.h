@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "base/owners.h"
-#include "base/variant.h"
-#include "host/contract/menu.h"
+#include "tarvik/owners.h"
+#include "tarvik/variant.h"
+#include "tarvik/menu.h"
 #include "script/dispatch.h"
-#include "script/options.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 
@@ -30,7 +30,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
     // At a point of the page, or where the pointer is. Returns when the menu has gone, and the item's
     // function has come to its end.
     bool Popup();
-    bool PopupAt(ExactInt x, ExactInt y);
+    bool PopupAt(AnyInt32 x, AnyInt32 y);
     Variant GetSubMenu(BSTR name);
     bool Enable(BSTR name, bool on);
     Integer GetItemCount();

@@ -3,7 +3,7 @@
 #include <cwchar>
 
 #include "app/log/log.h"
-#include "host/registry/server_window.h"
+#include "atl/server_window.h"
 #include "plugins/menu/menu_object.h"
 
 namespace tarvik {
@@ -38,7 +38,7 @@ STDMETHODIMP CMenuManagePlugin::Initialize(TVK::ICore* core, IUnknown* browser) 
 
 HRESULT CMenuManagePlugin::CreateMenu(const Call& call) {
     BSTR name = nullptr;
-    if (call.Count() > 0 && !Read(call.At(0), name)) return E_INVALIDARG;
+    if (call.Count() > 0 && !FromVariant(call.At(0), name)) return E_INVALIDARG;
     const auto type = call.Count() > 0 ? TypeNamed(name ? name : L"") : TVK::kPopupMenu;
     if (!type) return E_NOTIMPL;
     if (!call.Result()) {
@@ -49,7 +49,7 @@ HRESULT CMenuManagePlugin::CreateMenu(const Call& call) {
     const HWND window = core_ ? core_->GetWindowHandle() : nullptr;
     const auto menu = MakeCom<CMenuDispatch>();
     ThrowIfFailed(menu->Init(GetIEServerWnd(window), window, *type));
-    return Give(call.Result(), ComPtr<IDispatch>(menu.Get()));
+    return SetResult(call.Result(), ComPtr<IDispatch>(menu.Get()));
 }
 
 }  // namespace tarvik

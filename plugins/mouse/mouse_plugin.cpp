@@ -26,7 +26,7 @@ struct Button {
     DWORD release;
 };
 
-Button ButtonOf(ExactInt number) {
+Button ButtonOf(AnyInt32 number) {
     switch (number.value) {
         case kRight:
             return {VK_RBUTTON, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
@@ -67,15 +67,15 @@ std::span<const Member<CMousePlugin>> CMousePlugin::Members() {
     return kMembers;
 }
 
-bool CMousePlugin::IsButtonDown(std::optional<ExactInt> button) {
-    return GetKeyState(ButtonOf(button.value_or(ExactInt{})).key) < 0;
+bool CMousePlugin::IsButtonDown(std::optional<AnyInt32> button) {
+    return GetKeyState(ButtonOf(button.value_or(AnyInt32{})).key) < 0;
 }
 
-Outcome CMousePlugin::Click(std::optional<ExactInt> button) {
-    return {PressAndRelease(ButtonOf(button.value_or(ExactInt{})), Pointer())};
+Outcome CMousePlugin::Click(std::optional<AnyInt32> button) {
+    return {PressAndRelease(ButtonOf(button.value_or(AnyInt32{})), Pointer())};
 }
 
-Outcome CMousePlugin::ClickAt(ExactInt button, LooseInt x, LooseInt y) {
+Outcome CMousePlugin::ClickAt(AnyInt32 button, CoercedInt x, CoercedInt y) {
     return {PressAndRelease(ButtonOf(button), {x.value, y.value})};
 }
 
@@ -83,7 +83,7 @@ Integer CMousePlugin::GetX() {
     return {Pointer().x};
 }
 
-bool CMousePlugin::SetX(LooseInt x) {
+bool CMousePlugin::SetX(CoercedInt x) {
     return SetCursorPos(x.value, Pointer().y);
 }
 
@@ -91,7 +91,7 @@ Integer CMousePlugin::GetY() {
     return {Pointer().y};
 }
 
-bool CMousePlugin::SetY(LooseInt y) {
+bool CMousePlugin::SetY(CoercedInt y) {
     return SetCursorPos(Pointer().x, y.value);
 }
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 
 namespace tarvik {
 
@@ -13,15 +13,15 @@ class CMousePlugin : public TablePlugin<CMousePlugin> {
     static std::span<const Member<CMousePlugin>> Members();
 
     // An unknown button is the left one.
-    bool IsButtonDown(std::optional<ExactInt> button);
+    bool IsButtonDown(std::optional<AnyInt32> button);
     // The click is where the pointer is, whatever x and y say; that is intended.
-    Outcome Click(std::optional<ExactInt> button);
-    Outcome ClickAt(ExactInt button, LooseInt x, LooseInt y);
+    Outcome Click(std::optional<AnyInt32> button);
+    Outcome ClickAt(AnyInt32 button, CoercedInt x, CoercedInt y);
 
     Integer GetX();
-    bool SetX(LooseInt x);
+    bool SetX(CoercedInt x);
     Integer GetY();
-    bool SetY(LooseInt y);
+    bool SetY(CoercedInt y);
 };
 
 }  // namespace tarvik

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/registry_keys/registry_key.h"
 
 namespace tarvik {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/module_function.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

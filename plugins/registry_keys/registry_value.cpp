@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 #include "plugins/registry_keys/registry_key.h"
 
 namespace tarvik {

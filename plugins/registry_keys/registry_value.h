@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 
 // Values of an open key, as script values. The empty name is the key's default value. Failures and names that
 // hold a zero are as in registry_key.h.

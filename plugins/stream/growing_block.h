@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

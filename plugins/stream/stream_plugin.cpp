@@ -126,7 +126,7 @@ uint32_t CStreamPlugin::ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bit
     return written;
 }
 
-Number CStreamPlugin::ScriptSeek(UInt64 offset, ConstantInt origin) {
+Number CStreamPlugin::ScriptSeek(UInt64 offset, StrictInt32 origin) {
     uint64_t position = 0;
     ThrowIfFailed(Seek(offset.value, static_cast<uint32_t>(origin.value), &position));
     return {static_cast<double>(position)};

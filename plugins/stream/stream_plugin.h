@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "host/contract/stream.h"
-#include "host/registry/plugin_base.h"
+#include "tarvik/stream.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/stream/growing_block.h"
 
 namespace tarvik {
@@ -28,7 +28,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     // The members of script; those named Script... stand on an operation of that name. Counts are 32 bits as
     // they stand, so -1 is the same as none: all.
     uint32_t ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count);
-    Number ScriptSeek(UInt64 offset, ConstantInt origin);
+    Number ScriptSeek(UInt64 offset, StrictInt32 origin);
     Outcome ScriptSetSize(UInt64 size);
     std::optional<uint8_t> ReadUInt8() { return ReadNumber<uint8_t>(); }
     Outcome WriteUInt8(Bits32 value) { return WriteNumber(static_cast<uint8_t>(value.value)); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 
 // Text in streams.
 namespace tarvik {

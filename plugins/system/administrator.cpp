@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -27,7 +27,7 @@ Integer CCmdArgs::GetOrgArgsCount() {
     return {line_.argc};
 }
 
-std::optional<Bstr> CCmdArgs::GetOrgArg(ExactInt index) {
+std::optional<Bstr> CCmdArgs::GetOrgArg(AnyInt32 index) {
     const bool isInside = index.value >= 0 && index.value < line_.argc;
     return TextOrNone(isInside ? line_.argv[index.value] : nullptr);
 }

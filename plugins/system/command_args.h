@@ -18,7 +18,7 @@ class CCmdArgs : public TableDispatch<CCmdArgs> {
 
     // Raw arguments, the first of which is the program.
     Integer GetOrgArgsCount();
-    std::optional<Bstr> GetOrgArg(ExactInt index);
+    std::optional<Bstr> GetOrgArg(AnyInt32 index);
     bool IsSwitchExist(BSTR name);
     std::optional<Bstr> GetArgPair(BSTR name);
 

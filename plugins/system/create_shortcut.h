@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/contract/plugin.h"
-#include "script/options.h"
+#include "tarvik/plugin.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "base/bstr.h"
+#include "tarvik/bstr.h"
 
 // The process's environment: programs that are started inherit it, and nothing of it outlives the process.
 namespace tarvik {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/registry/plugin_base.h"
-#include "script/options.h"
+#include "host/plugin_registry/plugin_base.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

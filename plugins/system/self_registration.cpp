@@ -3,7 +3,7 @@
 #include <shlwapi.h>
 
 #include "base/library_search.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 
 namespace tarvik {

@@ -1,10 +1,10 @@
 #include "plugins/system/shell_execute.h"
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "plugins/system/path_option.h"
-#include "script/properties.h"
-#include "script/ticket.h"
-#include "script/worker.h"
+#include "tarvik/properties.h"
+#include "tarvik/marshaled_object.h"
+#include "tarvik/worker.h"
 
 namespace tarvik {
 
@@ -33,9 +33,9 @@ class ShellExitContext : public Worker {
         return GetExitCodeProcess(process_.Get(), &code) ? code : static_cast<DWORD>(LastErrorStatus());
     }
 
-    Ticket exitCallback_;
-    ValueTicket context_;
-    Ticket plugin_;
+    MarshaledObject exitCallback_;
+    MarshaledValue context_;
+    MarshaledObject plugin_;
     UniqueHandle process_;
 };
 

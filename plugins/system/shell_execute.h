@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/contract/plugin.h"
+#include "tarvik/plugin.h"
 #include "plugins/system/system_calls.h"
-#include "script/options.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

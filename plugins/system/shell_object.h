@@ -3,8 +3,8 @@
 #include <windows.h>
 #include <objbase.h>
 
-#include "base/com_ptr.h"
-#include "base/status.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "plugins/system/shell_object.h"
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

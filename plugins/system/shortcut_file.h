@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 
 // Files that lead elsewhere. Failures are thrown or returned.
 namespace tarvik {

@@ -2,7 +2,7 @@
 
 #include <powrprof.h>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "plugins/system/administrator.h"
 #include "plugins/system/shell_object.h"
 

@@ -69,7 +69,7 @@ STDMETHODIMP CSystemPlugin::Invoke(DISPID id, REFIID iid, LCID locale, WORD flag
                                    VARIANT* result, EXCEPINFO* exception, UINT* argument) {
     if (flags & DISPATCH_PROPERTYPUT) flags &= static_cast<WORD>(~DISPATCH_PROPERTYGET);
     Variant unwanted;
-    return TableDispatch::Invoke(id, iid, locale, flags, parameters, result ? result : &unwanted, exception,
+    return Dispatch::Invoke(id, iid, locale, flags, parameters, result ? result : &unwanted, exception,
                                  argument);
 }
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/system/command_args.h"
 #include "plugins/system/system_calls.h"
 

@@ -4,10 +4,10 @@
 #include <shldisp.h>
 #include <shlwapi.h>
 
-#include "base/bstr.h"
-#include "base/owners.h"
+#include "tarvik/bstr.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
-#include "base/variant.h"
+#include "tarvik/variant.h"
 #include "plugins/system/shell_object.h"
 
 namespace tarvik {

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

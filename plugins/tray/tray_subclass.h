@@ -6,8 +6,8 @@
 #include <string>
 
 #include "atl/window.h"
-#include "base/com_ptr.h"
-#include "base/owners.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

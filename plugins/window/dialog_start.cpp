@@ -2,7 +2,7 @@
 
 #include <shlwapi.h>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 
 namespace tarvik {
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "host/contract/plugin.h"
-#include "script/options.h"
+#include "tarvik/plugin.h"
+#include "tarvik/options.h"
 
 // What the dialogs for files and folders start from.
 namespace tarvik {

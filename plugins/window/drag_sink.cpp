@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "app/log/log.h"
-#include "base/bstr.h"
-#include "base/variant.h"
+#include "tarvik/bstr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

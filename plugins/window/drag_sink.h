@@ -4,7 +4,7 @@
 #include <mshtml.h>
 #include <ocidl.h>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 #include "script/dispatch.h"
 
 namespace tarvik {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "base/status.h"
-#include "base/variant.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 #include "plugins/window/menu_bar.h"
 #include "plugins/window/window_marks.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "atl/window.h"
-#include "base/com_ptr.h"
-#include "host/contract/menu.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/menu.h"
 #include "plugins/window/message_handlers.h"
 
 namespace tarvik {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/wine.h"
 
 namespace tarvik {

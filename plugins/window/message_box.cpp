@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

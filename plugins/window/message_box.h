@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "script/options.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

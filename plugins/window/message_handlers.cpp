@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "script/properties.h"
-#include "script/readers.h"
+#include "tarvik/properties.h"
+#include "tarvik/arguments.h"
 
 namespace tarvik {
 
@@ -29,7 +29,7 @@ HRESULT MessageHandlers::Call(BusMessage message) const {
     const ComPtr<IDispatch> function = found->second.function;
     const Variant context = Variant::Copy(found->second.context);
     Variant payload;
-    Give(&payload, std::move(message.payload));
+    SetResult(&payload, std::move(message.payload));
     return CallScriptFunction(function.Get(), {&payload, &context});
 }
 

@@ -6,8 +6,8 @@
 #include <map>
 #include <string>
 
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 #include "plugins/window/shared_block.h"
 
 namespace tarvik {

@@ -23,7 +23,7 @@ std::span<const Member<CMsgDispatch>> CMsgDispatch::Members() {
 STDMETHODIMP CMsgDispatch::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT* argument) {
     if (!window_) return E_FAIL;
-    return TableDispatch::Invoke(id, iid, locale, flags, parameters, result, exception, argument);
+    return Dispatch::Invoke(id, iid, locale, flags, parameters, result, exception, argument);
 }
 
 // Converting an argument may run script, and that may end the window.
@@ -44,10 +44,10 @@ bool CMsgDispatch::UnregisterMsg(BSTR name) {
     return name != nullptr;
 }
 
-bool CMsgDispatch::SendMsg(LooseText identifier, LooseText name, std::optional<AnyValue> payload) {
+bool CMsgDispatch::SendMsg(CoercedText identifier, CoercedText name, std::optional<AnyValue> payload) {
     // Copied: a handler may change the variable that it stands in before the next receiver's turn.
     std::wstring text;
-    if (BSTR given = nullptr; payload && Read(*payload->value, given)) text = Bstr::View(given);
+    if (BSTR given = nullptr; payload && FromVariant(*payload->value, given)) text = Bstr::View(given);
     return SendToReceivers(identifier.Get(), name.isNull ? nullptr : name.Get(), text);
 }
 
@@ -55,7 +55,7 @@ Bstr CMsgDispatch::GetUniqueId() {
     return Bstr(Window().UniqueId());
 }
 
-HRESULT CMsgDispatch::SetUniqueId(LooseText identifier) {
+HRESULT CMsgDispatch::SetUniqueId(CoercedText identifier) {
     Window().SetUniqueId(identifier.Get());
     return S_OK;
 }

@@ -25,9 +25,9 @@ class CMsgDispatch : public TableDispatch<CMsgDispatch> {
     Outcome RegisterMsg(BSTR name, IDispatch* function, std::optional<AnyValue> context);
     bool UnregisterMsg(BSTR name);
     // A payload that is no string counts as none. An empty one does, too.
-    bool SendMsg(LooseText identifier, LooseText name, std::optional<AnyValue> payload);
+    bool SendMsg(CoercedText identifier, CoercedText name, std::optional<AnyValue> payload);
     Bstr GetUniqueId();
-    HRESULT SetUniqueId(LooseText identifier);
+    HRESULT SetUniqueId(CoercedText identifier);
 
   private:
     CMainSubclassWindow& Window() const;

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 #include "base/text.h"
 
 namespace tarvik {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

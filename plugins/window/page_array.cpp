@@ -3,8 +3,8 @@
 #include <dispex.h>
 #include <mshtml.h>
 
-#include "base/com_ptr.h"
-#include "script/properties.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "base/variant.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

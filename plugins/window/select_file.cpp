@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 #include "plugins/window/dialog_start.h"
 #include "plugins/window/name_buffer.h"

@@ -3,9 +3,9 @@
 #include <windows.h>
 #include <exdisp.h>
 
-#include "base/variant.h"
-#include "host/contract/plugin.h"
-#include "script/options.h"
+#include "tarvik/variant.h"
+#include "tarvik/plugin.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
 #include "plugins/window/dialog_start.h"
 

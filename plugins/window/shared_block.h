@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "base/bstr.h"
-#include "base/owners.h"
+#include "tarvik/bstr.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

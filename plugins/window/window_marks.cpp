@@ -1,6 +1,6 @@
 #include "plugins/window/window_marks.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

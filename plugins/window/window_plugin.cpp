@@ -4,7 +4,7 @@
 
 #include "app/log/log.h"
 #include "base/module_function.h"
-#include "host/registry/server_window.h"
+#include "atl/server_window.h"
 #include "plugins/window/message_box.h"
 #include "plugins/window/select_file.h"
 #include "plugins/window/select_folder.h"
@@ -88,13 +88,13 @@ RECT WorkArea() {
 template <class Ask>
 HRESULT AnswerByDialog(const Call& call, const char* label, Ask&& ask) {
     IDispatch* options = nullptr;
-    if (call.Count() > 0 && !Read(call.At(0), options)) return E_INVALIDARG;
+    if (call.Count() > 0 && !FromVariant(call.At(0), options)) return E_INVALIDARG;
     if (!call.Result()) {
         TARVIK_ERROR(label, L"pResult is NULL.");
         return S_OK;
     }
-    Give(call.Result(), Variant::Null());
-    return Give(call.Result(), ask(Options(options)));
+    SetResult(call.Result(), Variant::Null());
+    return SetResult(call.Result(), ask(Options(options)));
 }
 
 }  // namespace
@@ -153,7 +153,7 @@ bool CWindowPlugin::Close() {
     return true;
 }
 
-HRESULT CWindowPlugin::Quit(std::optional<ExactInt> code) {
+HRESULT CWindowPlugin::Quit(std::optional<AnyInt32> code) {
     PostQuitMessage(code ? code->value : 0);
     return S_OK;
 }
@@ -181,7 +181,7 @@ bool CWindowPlugin::CenterWindow() {
     return true;
 }
 
-bool CWindowPlugin::SetTaskbarProgress(LooseInt completed, LooseInt total) {
+bool CWindowPlugin::SetTaskbarProgress(CoercedInt completed, CoercedInt total) {
     if (total.value == 0) throw StatusError(E_INVALIDARG);
     if (taskbar_) {
         taskbar_->SetProgressValue(window_, static_cast<ULONGLONG>(completed.value),
@@ -237,7 +237,7 @@ bool CWindowPlugin::IsForeWindow() {
     return GetForegroundWindow() == window_;
 }
 
-bool CWindowPlugin::SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height) {
+bool CWindowPlugin::SetPosition(CoercedInt x, CoercedInt y, CoercedInt width, CoercedInt height) {
     if (width.value == 0 || height.value == 0) throw StatusError(E_INVALIDARG);
     return SetWindowPos(window_, nullptr, x.value, y.value, width.value, height.value, SWP_NOZORDER) != FALSE;
 }
@@ -263,7 +263,7 @@ Integer CWindowPlugin::GetWidth() {
     return {rect.right - rect.left};
 }
 
-bool CWindowPlugin::SetWidth(LooseInt width) {
+bool CWindowPlugin::SetWidth(CoercedInt width) {
     if (width.value == 0) throw StatusError(E_INVALIDARG);
     return Resize(width.value, GetHeight().value);
 }
@@ -273,7 +273,7 @@ Integer CWindowPlugin::GetHeight() {
     return {rect.bottom - rect.top};
 }
 
-bool CWindowPlugin::SetHeight(LooseInt height) {
+bool CWindowPlugin::SetHeight(CoercedInt height) {
     if (height.value == 0) throw StatusError(E_INVALIDARG);
     return Resize(GetWidth().value, height.value);
 }
@@ -282,7 +282,7 @@ Integer CWindowPlugin::GetLeft() {
     return {Rectangle().left};
 }
 
-bool CWindowPlugin::SetLeft(LooseInt left) {
+bool CWindowPlugin::SetLeft(CoercedInt left) {
     return Move(left.value, GetTop().value);
 }
 
@@ -290,7 +290,7 @@ Integer CWindowPlugin::GetTop() {
     return {Rectangle().top};
 }
 
-bool CWindowPlugin::SetTop(LooseInt top) {
+bool CWindowPlugin::SetTop(CoercedInt top) {
     return Move(GetLeft().value, top.value);
 }
 

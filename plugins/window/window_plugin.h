@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/window/browser_subclass.h"
 #include "plugins/window/drag_sink.h"
 #include "plugins/window/main_subclass.h"
@@ -30,10 +30,10 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     // All positions and sizes are pixels of the screen, frame included.
     bool Show(bool visible);
     bool Close();
-    HRESULT Quit(std::optional<ExactInt> code);
+    HRESULT Quit(std::optional<AnyInt32> code);
     bool Minimize();
     bool CenterWindow();
-    bool SetTaskbarProgress(LooseInt completed, LooseInt total);
+    bool SetTaskbarProgress(CoercedInt completed, CoercedInt total);
     bool SetTaskbarProgressState(BSTR state);
     bool IsSupportTaskbarProgress();
     HRESULT SelectFile(const Call& call);
@@ -43,16 +43,16 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     bool ShowExistedWindow();
     bool IsVisible();
     bool IsForeWindow();
-    bool SetPosition(LooseInt x, LooseInt y, LooseInt width, LooseInt height);
+    bool SetPosition(CoercedInt x, CoercedInt y, CoercedInt width, CoercedInt height);
 
     Integer GetWidth();
-    bool SetWidth(LooseInt width);
+    bool SetWidth(CoercedInt width);
     Integer GetHeight();
-    bool SetHeight(LooseInt height);
+    bool SetHeight(CoercedInt height);
     Integer GetLeft();
-    bool SetLeft(LooseInt left);
+    bool SetLeft(CoercedInt left);
     Integer GetTop();
-    bool SetTop(LooseInt top);
+    bool SetTop(CoercedInt top);
     Integer GetWorkAreaWidth();
     Integer GetWorkAreaHeight();
     Bstr GetTitle();
@@ -69,7 +69,7 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     bool SetCaption(bool visible);
     bool SetTopMost(bool topMost);
     template <ULONG TrackLimits::*kLimit>
-    HRESULT SetLimit(LooseInt pixels) {
+    HRESULT SetLimit(CoercedInt pixels) {
         if (pixels.value == 0) return E_INVALIDARG;
         main_.Limits().*kLimit = static_cast<ULONG>(pixels.value);
         return S_OK;

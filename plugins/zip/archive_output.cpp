@@ -1,7 +1,7 @@
 #include "plugins/zip/archive_output.h"
 
 #include "base/same_file.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "base/text.h"
 
 namespace tarvik {

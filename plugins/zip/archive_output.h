@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "base/com_ptr.h"
-#include "base/owners.h"
-#include "host/contract/stream.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/owners.h"
+#include "tarvik/stream.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "plugins/zip/zip_plugin.h"
-#include "script/async_task.h"
+#include "tarvik/async_task.h"
 
 namespace tarvik {
 
@@ -21,7 +21,7 @@ class ArchiveTask : public AsyncTask {
 
   private:
     ComPtr<IDispatch> plugin_;  // itself, with no proxy; it lives at least as long as the run
-    Ticket options_;
+    MarshaledObject options_;
     std::optional<Variant> plainContext_;
 };
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "archive/extract_archive.h"
 #include "archive/mapped_file.h"
 #include "archive/member_output.h"
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "plugins/zip/progress.h"
 #include "plugins/zip/zip_plugin.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

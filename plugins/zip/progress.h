@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "archive/extract_archive.h"
-#include "base/variant.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "plugins/zip/source_list.h"
 
-#include "base/owners.h"
-#include "base/status.h"
+#include "tarvik/owners.h"
+#include "tarvik/status.h"
 #include "base/walk_folder.h"
 
 namespace tarvik {

@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "plugins/zip/archive_task.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "script/options.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 

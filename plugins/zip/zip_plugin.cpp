@@ -9,29 +9,29 @@ namespace {
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CZipPlugin>(L"minizip", TVK::kTransientPlugin);
 
-constexpr SmallMember<CZipPlugin> kMembers[] = {
-    {-6999, L"unzip", &CZipPlugin::Unzip},
-    {-6998, L"zip", &CZipPlugin::Zip},
+constexpr Member<CZipPlugin> kMembers[] = {
+    Method<&CZipPlugin::Unzip>(-6999, L"unzip"),
+    Method<&CZipPlugin::Zip>(-6998, L"zip"),
 };
+static_assert(IsInOrder(kMembers));
 
 }  // namespace
 
-std::span<const SmallMember<CZipPlugin>> CZipPlugin::Members() {
+std::span<const Member<CZipPlugin>> CZipPlugin::Members() {
     return kMembers;
 }
 
-HRESULT CZipPlugin::Unzip(WORD flags, const Call& call) {
-    return Start(StartUnzip, flags, call);
+HRESULT CZipPlugin::Unzip(const Call& call) {
+    return Start(StartUnzip, call);
 }
 
-HRESULT CZipPlugin::Zip(WORD flags, const Call& call) {
-    return Start(StartZip, flags, call);
+HRESULT CZipPlugin::Zip(const Call& call) {
+    return Start(StartZip, call);
 }
 
-HRESULT CZipPlugin::Start(StartRun start, WORD flags, const Call& call) {
-    if (!(flags & DISPATCH_METHOD)) return E_NOTIMPL;
+HRESULT CZipPlugin::Start(StartRun start, const Call& call) {
     IDispatch* options = nullptr;
-    if (call.Count() == 0 || !Read(call.At(0), options) || !options) return E_INVALIDARG;
+    if (call.Count() == 0 || !FromVariant(call.At(0), options) || !options) return E_INVALIDARG;
     return start(this, Options(options));
 }
 

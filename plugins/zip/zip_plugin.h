@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "archive/archive_finder.h"
-#include "host/contract/stream.h"
-#include "host/registry/plugin_base.h"
+#include "tarvik/stream.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "plugins/zip/context.h"
-#include "script/options.h"
+#include "tarvik/options.h"
 
 namespace tarvik {
 
@@ -28,9 +28,9 @@ struct CreateOptions {
 };
 
 // `minizip`: archives, each run on a thread of its own. It holds no state, so runs share nothing.
-class CZipPlugin : public SmallPlugin<CZipPlugin, SameCharacters, As<IContextImpl<CZipPlugin>, IContext>> {
+class CZipPlugin : public SmallPlugin<CZipPlugin, SmallRules, As<IContextImpl<CZipPlugin>, IContext>> {
   public:
-    static std::span<const SmallMember<CZipPlugin>> Members();
+    static std::span<const Member<CZipPlugin>> Members();
 
     // Extracts the archive that lies in the file `src`, found from the end of the file; 0 is the last one.
     // A failure of these two is thrown; then a `dest` that the call made is gone again, and another one keeps
@@ -42,12 +42,12 @@ class CZipPlugin : public SmallPlugin<CZipPlugin, SameCharacters, As<IContextImp
     // was written so far.
     void CreateArchive(const CreateOptions& options);
 
-    HRESULT Unzip(WORD flags, const Call& call);
-    HRESULT Zip(WORD flags, const Call& call);
+    HRESULT Unzip(const Call& call);
+    HRESULT Zip(const Call& call);
 
   private:
     using StartRun = HRESULT (*)(IDispatch* plugin, const Options& options);
-    HRESULT Start(StartRun start, WORD flags, const Call& call);
+    HRESULT Start(StartRun start, const Call& call);
 };
 
 }  // namespace tarvik

@@ -37,7 +37,7 @@ class ZipTask : public ArchiveTask {
     static std::vector<std::wstring> ReadArray(const Options& array) {
         UInt64 count;
         const Variant length = array.Value(L"length");
-        if (length.Is(VT_EMPTY) || !Read(length, count)) throw StatusError(E_FAIL);
+        if (length.Is(VT_EMPTY) || !FromVariant(length, count)) throw StatusError(E_FAIL);
         std::vector<std::wstring> paths;
         for (ULONGLONG i = 0; i < count.value; ++i)
             paths.push_back(Path(array, std::to_wstring(i).c_str()));
@@ -50,7 +50,7 @@ class ZipTask : public ArchiveTask {
         return *std::move(path);
     }
 
-    Ticket sourceArray_;
+    MarshaledObject sourceArray_;
     ComPtr<TVK::IStream> stream_;  // itself: there is no proxy for it
 };
 

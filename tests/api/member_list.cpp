@@ -3,13 +3,13 @@
 
 #include <cstdio>
 
-#include "host/registry/plugin_registry.h"
+#include "host/plugin_registry/plugin_registry.h"
 #include "plugins/config/config_plugin.h"
 #include "plugins/console/console_plugin.h"
 #include "plugins/dragfile/drag_file_plugin.h"
 #include "plugins/file/file_plugin.h"
 #include "plugins/fileio/file_io_plugin.h"
-#include "plugins/ga/ga_plugin.h"
+#include "plugins/analytics/analytics_plugin.h"
 #include "plugins/hash/hash.h"
 #include "plugins/hash/hash_plugin.h"
 #include "plugins/hotkey/hotkey_plugin.h"
@@ -34,22 +34,12 @@ void PrintUse(const char* object, std::wstring_view member, const char* use) {
     std::printf("%s %.*ls %s\n", object, static_cast<int>(member.size()), member.data(), use);
 }
 
+// A method that may also be read is declared as a method.
 template <class Self>
 void PrintRow(const char* object, const Member<Self>& row) {
     if (row.method) PrintUse(object, row.name, "call");
-    if (row.get) PrintUse(object, row.name, "read");
+    if (row.get && !row.method) PrintUse(object, row.name, "read");
     if (row.put) PrintUse(object, row.name, "write");
-}
-
-// Members of small objects have all their uses in one function. Only one of them is no method.
-template <class Self>
-void PrintRow(const char* object, const SmallMember<Self>& row) {
-    if (SameCharacters(row.name, L"showJsError")) {
-        PrintUse(object, row.name, "read");
-        PrintUse(object, row.name, "write");
-    } else {
-        PrintUse(object, row.name, "call");
-    }
 }
 
 template <class Object>

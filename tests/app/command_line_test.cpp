@@ -1,5 +1,6 @@
 #include "app/command_line/command_line.h"
 
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

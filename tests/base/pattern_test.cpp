@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

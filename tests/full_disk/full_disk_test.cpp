@@ -2,8 +2,9 @@
 #include <filesystem>
 #include <random>
 
-#include "host/contract/stream.h"
+#include "tarvik/stream.h"
 #include "host/web_browser.h"
+#include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/console_program.h"
 #include "tests/support/test.h"

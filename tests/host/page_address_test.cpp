@@ -1,5 +1,6 @@
 #include "host/page_address.h"
 
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -2,7 +2,7 @@
 
 #include "atl/ax_window.h"
 #include "host/browser_host.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
 #include "tests/support/test.h"
 

@@ -5,7 +5,7 @@
 #include <exdisp.h>
 #include <exdispid.h>
 
-#include "base/com_object.h"
+#include "tarvik/com_object.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -9,6 +9,7 @@
 #include <regex>
 #include <string>
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/console_program.h"
 

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "tarvik/text.h"
 #include "tests/pack/pack_fixture.h"
 #include "tests/page/program.h"
 

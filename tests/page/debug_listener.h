@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "log_viewer/debug_output.h"
 
 namespace tarvik {

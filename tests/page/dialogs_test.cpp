@@ -1,5 +1,6 @@
 // The dialogs that pages and their errors raise, answered as a person would.
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/dialog_driver.h"
 

@@ -5,7 +5,8 @@
 #include <atomic>
 #include <thread>
 
-#include "base/com_object.h"
+#include "tarvik/com_object.h"
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/screen.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/engine_processes.h"
 

@@ -31,13 +31,15 @@ class Libraries : public ProgramTest {
 
 TEST_F(Libraries, AreFoundAmongBadOnesAndFreedAtTheEnd) {
     Install("good", L"plugins\\z.dll");
+    Install("plain", L"plugins\\plain.dll");
     Install("second", L"plugins\\upper.DLL");
     Install("second", L"plugins\\sub\\second.dll");
     Install("throwing", L"plugins\\bad.dll");
     program_.Folder().Write(L"work\\plugins\\text.dll", "no library at all");
     program_.Folder().Write(L"work\\plugins\\folder.dll\\inside", "");
-    EXPECT_THAT(Run("log('sample ' + external.sample.answer + ' ' + typeof external.second); end();"),
-                ElementsAre("throwing", "sample 42 undefined", "good"));
+    EXPECT_THAT(Run("log('sample ' + external.sample.answer + ', plain ' + external.plain.answer + ', ' + typeof "
+                    "external.second); end();"),
+                ElementsAre("throwing", "sample 42, plain 42, undefined", "good"));
 }
 
 TEST_F(Libraries, AreLoadedByAPageForAllWindows) {

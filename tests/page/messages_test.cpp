@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 
 namespace tarvik {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/web_server.h"

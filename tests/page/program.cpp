@@ -1,3 +1,4 @@
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 
 #include <algorithm>

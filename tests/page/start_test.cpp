@@ -1,5 +1,6 @@
 // How an application is started, and pages that do what they should not.
 
+#include "tarvik/text.h"
 #include "tests/support/web_server.h"
 
 #include <aclapi.h>

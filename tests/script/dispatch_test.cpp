@@ -2,7 +2,8 @@
 
 #include "app/log/log.h"
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -21,21 +22,21 @@ class CSample : public TableDispatch<CSample> {
         return Bstr(Bstr::View(value));
     }
     ComPtr<IDispatch> TakeObject(IDispatch* value) { return Note(value ? "object" : "null object"), value; }
-    Integer TakeLoose(LooseInt value) { return Note(std::to_string(value.value)), Integer{value.value}; }
-    Variant TakeExact(ExactInt value) { return Note(std::to_string(value.value)), Variant::UI4(7); }
+    Integer TakeLoose(CoercedInt value) { return Note(std::to_string(value.value)), Integer{value.value}; }
+    Variant TakeExact(AnyInt32 value) { return Note(std::to_string(value.value)), Variant::UI4(7); }
     void TakeAny(AnyValue value) { Note(ValueText(*value.value)); }
-    Outcome TakeOptional(BSTR, std::optional<ExactInt> number) {
+    Outcome TakeOptional(BSTR, std::optional<AnyInt32> number) {
         Note(number ? std::to_string(number->value) : "missing");
         return {number ? S_OK : S_FALSE};
     }
-    std::optional<uint16_t> Ask(LooseInt value) {
+    std::optional<uint16_t> Ask(CoercedInt value) {
         Note("asked");
         return value.value ? std::optional(static_cast<uint16_t>(value.value)) : std::nullopt;
     }
-    HRESULT Three(bool, BSTR text, ExactInt) { return Note(Narrow(Bstr::View(text))), E_ABORT; }
+    HRESULT Three(bool, BSTR text, AnyInt32) { return Note(Narrow(Bstr::View(text))), E_ABORT; }
     HRESULT Raw(const Call& call) { return Note("raw " + std::to_string(call.Count())), S_OK; }
     Integer GetSize() { return {size_}; }
-    HRESULT SetSize(ExactInt value) {
+    HRESULT SetSize(AnyInt32 value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
         return size_ = value.value, S_OK;
     }

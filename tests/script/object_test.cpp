@@ -1,6 +1,6 @@
 #include "script/object.h"
 
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "control/engine/engine_path.h"
 #include "control/engine/launch.h"
 #include "tests/support/leak_check.h"
@@ -23,7 +23,7 @@ constexpr double kDocumentsRise = 2;
 
 std::string OwnMark() {
     const std::string mark =
-        Narrow(FreshName());  // process ids are those of one Wine, and others run beside it
+        Narrow(UniqueName());  // process ids are those of one Wine, and others run beside it
     SetEnvironmentVariableW(L"TARVIK_TEST_RUN", Widen(mark).c_str());
     return mark;
 }

@@ -4,6 +4,7 @@
 // Prints what was tried and what was left. Fails when the program does not go on as it should, and when
 // processes of the engine, FIFOs, profiles or unpacked folders are left behind.
 
+#include "tarvik/text.h"
 #include "tests/support/web_server.h"
 
 #include <ole2.h>

@@ -19,11 +19,11 @@
 #include <string_view>
 
 #include "atl/module.h"
-#include "base/com_ptr.h"
-#include "base/status.h"
-#include "base/text.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "control/page/register.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
 #include "script/worker_apartment.h"
 #include "tests/plugins/zip/archive_writer.h"

@@ -15,10 +15,10 @@
 #include <string_view>
 
 #include "atl/module.h"
-#include "base/com_ptr.h"
-#include "base/status.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 #include "control/page/register.h"
-#include "host/registry/plugin_base.h"
+#include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
 #include "tests/soak/course.h"
 #include "tests/soak/engine_census.h"
@@ -67,10 +67,10 @@ class WalkPlugin : public TablePlugin<WalkPlugin> {
         window_ = core ? core->GetWindowHandle() : nullptr;
         return S_OK;
     }
-    Integer Random(ExactInt below) { return {tarvik::Random(below.value)}; }
+    Integer Random(AnyInt32 below) { return {tarvik::Random(below.value)}; }
     void Step() { ++steps; }
     void Strike() { tarvik::Strike(window_); }
-    void Send(ExactInt message, ExactInt first, ExactInt second) {
+    void Send(AnyInt32 message, AnyInt32 first, AnyInt32 second) {
         SendMessageW(window_, static_cast<UINT>(message.value), static_cast<WPARAM>(first.value),
                      second.value);
     }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {

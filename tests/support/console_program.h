@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvik {

@@ -8,8 +8,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "base/owners.h"
-#include "base/text.h"
+#include "tarvik/owners.h"
+#include "tarvik/text.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvik {

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "base/module_function.h"
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "base/com_object.h"
+#include "tarvik/com_object.h"
 
 namespace tarvik {
 
 // What a process holds, counted. Take it before and after; GrownSince names what grew, and is empty when
-// nothing did. COM objects are those of base/com_object.h; windows are of all kinds and levels.
+// nothing did. COM objects are those of tarvik/com_object.h; windows are of all kinds and levels.
 class Holdings {
   public:
     struct Count {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

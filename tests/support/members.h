@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 // Using objects by name through IDispatch, as script does.
 namespace tarvik {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "base/variant.h"
+#include "tarvik/variant.h"
 #include "script/dispatch.h"
 
 namespace tarvik {

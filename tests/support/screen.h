@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "base/com_ptr.h"
+#include "tarvik/com_ptr.h"
 
 // What a person sees of windows and does to them, and a page's script behind them.
 namespace tarvik {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "base/bstr.h"
-#include "base/com_object.h"
-#include "base/text.h"
+#include "tarvik/bstr.h"
+#include "tarvik/com_object.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -22,7 +22,7 @@ class ScriptBench::Site : public ComObject<IActiveScriptSite> {
 
     STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
     STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD mask, IUnknown** item, ITypeInfo**) override {
-        return mask & SCRIPTINFO_IUNKNOWN ? HandOut(external_, item) : S_OK;
+        return mask & SCRIPTINFO_IUNKNOWN ? CopyTo(external_, item) : S_OK;
     }
     STDMETHODIMP GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
     STDMETHODIMP OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

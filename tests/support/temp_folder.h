@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
 #include "tests/support/async_run.h"
 #include "tests/support/debug_channel.h"

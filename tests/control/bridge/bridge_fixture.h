@@ -4,7 +4,8 @@
 
 #include "control/bridge/script_bridge.h"
 #include "script/dispatch.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -18,11 +19,11 @@ class Desk : public TableDispatch<Desk> {
     Variant Echo(AnyValue value) { return Variant::Copy(*value.value); }
     std::vector<std::string> notes;
     void Note(AnyValue value) { notes.push_back(ValueText(*value.value)); }
-    HRESULT Fail(ExactInt status) { return status.value; }
+    HRESULT Fail(AnyInt32 status) { return status.value; }
     // Calls the function with the other arguments, and returns what it returns.
     HRESULT Run(const Call& call) {
         IDispatch* function = nullptr;
-        if (!Read(call.At(0), function)) return E_INVALIDARG;
+        if (!FromVariant(call.At(0), function)) return E_INVALIDARG;
         std::vector<const VARIANT*> arguments;
         for (size_t i = 1; i < call.Count(); ++i)
             arguments.push_back(&call.At(i));
@@ -53,7 +54,7 @@ class Desk : public TableDispatch<Desk> {
         if (size_ == 4) throw StatusError(E_PENDING);
         return {size_};
     }
-    HRESULT SetSize(ExactInt value) {
+    HRESULT SetSize(AnyInt32 value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
         return size_ = value.value, S_OK;
     }

@@ -1,5 +1,5 @@
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/control/bridge/bridge_fixture.h"
 
 namespace tarvik {

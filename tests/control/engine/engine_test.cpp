@@ -1,6 +1,6 @@
 #include <thread>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "control/engine/connection.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
@@ -14,8 +14,8 @@ using namespace std::string_literals;
 // As after a program that was killed. Nothing is started here: there is no such engine.
 TEST(Engine, RemovesProfilesThatWereLeft) {
     const std::wstring temp = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
-    const std::wstring left = temp + FreshName() + L".profile", used = temp + FreshName() + L".profile",
-                       marked = temp + FreshName() + L".profile", other = temp + L"tarvik-other";
+    const std::wstring left = temp + UniqueName() + L".profile", used = temp + UniqueName() + L".profile",
+                       marked = temp + UniqueName() + L".profile", other = temp + L"tarvik-other";
     for (const std::wstring& folder : {left, used, marked, other})
         ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
     // The mark of a program that ended together with the system.

@@ -8,7 +8,8 @@
 #include "atl/ax_window.h"
 #include "atl/event_sink.h"
 #include "control/page/register.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
+#include "tarvik/text.h"
 #include "tests/support/screen.h"
 #include "tests/support/test.h"
 

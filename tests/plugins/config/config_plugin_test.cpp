@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "tarvik/text.h"
 #include "tests/plugins/support/page_core.h"
 #include "tests/plugins/support/test_key.h"
 

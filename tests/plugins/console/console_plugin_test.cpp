@@ -1,7 +1,7 @@
 #include "plugins/console/console_plugin.h"
 
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -1,5 +1,6 @@
 #include "plugins/file/copy_progress.h"
 
+#include "tarvik/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 namespace tarvik {

@@ -1,3 +1,4 @@
+#include "tarvik/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 #include "base/module_function.h"

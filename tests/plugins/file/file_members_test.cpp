@@ -1,3 +1,4 @@
+#include "tarvik/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 namespace tarvik {

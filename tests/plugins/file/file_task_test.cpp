@@ -1,5 +1,6 @@
 #include "plugins/file/file_task.h"
 
+#include "tarvik/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 namespace tarvik {

@@ -1,4 +1,4 @@
-#include "host/contract/stream.h"
+#include "tarvik/stream.h"
 #include "tests/plugins/support/page_core.h"
 
 namespace tarvik {

@@ -1,7 +1,7 @@
 #include "plugins/hash/hash_plugin.h"
 
 #include "plugins/hash/hash.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

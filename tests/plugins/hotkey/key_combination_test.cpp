@@ -1,5 +1,6 @@
 #include "plugins/hotkey/key_combination.h"
 
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

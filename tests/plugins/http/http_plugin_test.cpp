@@ -1,5 +1,5 @@
 #include "app/log/log.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
 #include "tests/plugins/http/http_fixture.h"
 
 namespace tarvik {

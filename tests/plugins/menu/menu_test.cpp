@@ -1,4 +1,4 @@
-#include "host/contract/menu.h"
+#include "tarvik/menu.h"
 
 #include "tests/plugins/support/plugin_of_window.h"
 

@@ -1,7 +1,8 @@
 #include "plugins/stream/stream_plugin.h"
 
 #include "script/object.h"
-#include "script/properties.h"
+#include "tarvik/properties.h"
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

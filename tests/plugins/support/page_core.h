@@ -2,10 +2,10 @@
 
 #include <exdisp.h>
 
-#include "base/status.h"
-#include "host/contract/plugin.h"
+#include "tarvik/status.h"
+#include "tarvik/plugin.h"
 #include "host/page_address.h"
-#include "host/registry/plugin_registry.h"
+#include "host/plugin_registry/plugin_registry.h"
 #include "tests/support/test.h"
 
 namespace tarvik {
@@ -26,7 +26,7 @@ class PageCore : public ComObject<As<TVK::ICore>> {
         CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
                          reinterpret_cast<void**>(browser.GetAddressOf()));
         plugin->Initialize(this, browser.Get());
-        return HandOut(Query<IDispatch>(plugin.Get()), out);
+        return CopyTo(Query<IDispatch>(plugin.Get()), out);
     }
     STDMETHODIMP ResolveUrl(const wchar_t* url, BSTR* out) override {
         return Guard([&] { *out = Bstr(ResolveAgainst(url, location_)).Detach(); });

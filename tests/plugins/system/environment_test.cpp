@@ -2,6 +2,7 @@
 
 #include <shlobj.h>
 
+#include "tarvik/text.h"
 #include "tests/plugins/system/system_fixture.h"
 
 namespace tarvik {

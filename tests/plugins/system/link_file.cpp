@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvik {

@@ -1,5 +1,6 @@
 // What changes the session and the machine. Only calls that do nothing are made.
 #include "plugins/system/elevated_restart.h"
+#include "tarvik/text.h"
 #include "tests/plugins/system/system_fixture.h"
 
 namespace tarvik {

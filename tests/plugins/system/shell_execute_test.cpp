@@ -1,4 +1,5 @@
 #include "script/worker_apartment.h"
+#include "tarvik/text.h"
 #include "tests/plugins/system/system_fixture.h"
 #include "tests/support/dialog_driver.h"
 

@@ -1,5 +1,6 @@
 #include <shlobj.h>
 
+#include "tarvik/text.h"
 #include "tests/plugins/system/link_file.h"
 #include "tests/plugins/system/system_fixture.h"
 

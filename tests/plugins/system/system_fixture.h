@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugins/system/system_plugin.h"
+#include "tarvik/text.h"
 #include "tests/plugins/support/page_core.h"
 
 namespace tarvik {

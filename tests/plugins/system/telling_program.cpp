@@ -3,8 +3,9 @@
 #include <windows.h>
 
 #include "app/command_line/command_line.h"
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "base/text.h"
+#include "tarvik/text.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     using namespace tarvik;

@@ -1,4 +1,4 @@
-#include "host/contract/menu.h"
+#include "tarvik/menu.h"
 
 #include <functional>
 

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
 // Archives that other programs write, with what is unusual in them.

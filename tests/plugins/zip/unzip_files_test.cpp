@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
 // What a run leaves on the disk.

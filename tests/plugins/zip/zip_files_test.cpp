@@ -4,6 +4,7 @@
 #include "archive/file_time.h"
 #include "plugins/zip/entry_name.h"
 #include "script/object.h"
+#include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
 // What goes into an archive, and what is left on the disk.

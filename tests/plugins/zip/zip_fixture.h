@@ -2,6 +2,7 @@
 
 #include "archive/archive_reader.h"
 #include "plugins/zip/zip_plugin.h"
+#include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/test.h"
 

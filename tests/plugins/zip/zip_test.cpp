@@ -1,5 +1,6 @@
 #include "plugins/stream/stream_plugin.h"
 #include "script/object.h"
+#include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
 // The call, its callbacks, how `progress` steers a run, and where the archive goes.

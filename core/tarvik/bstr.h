@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "tarvik/status.h"
+
+namespace tarvik {
+
+// Owner of a BSTR. A null one reads as the empty string.
+class Bstr {
+  public:
+    Bstr() noexcept = default;
+    explicit Bstr(std::wstring_view text)
+        : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+        if (!value_) throw std::bad_alloc();
+    }
+    Bstr(Bstr&& other) noexcept : value_(other.Detach()) {}
+    Bstr& operator=(Bstr&& other) noexcept {
+        if (this != &other) Attach(other.Detach());
+        return *this;
+    }
+    ~Bstr() { SysFreeString(value_); }
+
+    BSTR Get() const noexcept { return value_; }
+    bool IsNull() const noexcept { return value_ == nullptr; }
+    std::wstring_view View() const noexcept { return View(value_); }
+    static std::wstring_view View(BSTR text) noexcept {
+        return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
+    }
+
+    BSTR Detach() noexcept { return std::exchange(value_, nullptr); }
+    void Attach(BSTR value) noexcept {
+        const BSTR old = std::exchange(value_, value);
+        SysFreeString(old);
+    }
+    BSTR* Receive() noexcept {
+        Attach(nullptr);
+        return &value_;
+    }
+
+  private:
+    BSTR value_ = nullptr;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,13 @@
+#pragma once
+
+// All of the public core, for plug-in libraries.
+
+#include "tarvik/async_task.h"
+#include "tarvik/library.h"
+#include "tarvik/marshaled_object.h"
+#include "tarvik/options.h"
+#include "tarvik/owners.h"
+#include "tarvik/script_object.h"
+#include "tarvik/stream.h"
+#include "tarvik/text.h"
+#include "tarvik/worker.h"

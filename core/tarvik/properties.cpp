@@ -1,0 +1,128 @@
+#include "tarvik/properties.h"
+
+#include <dispex.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "tarvik/com_ptr.h"
+#include "tarvik/text.h"
+
+namespace tarvik {
+
+namespace {
+
+HRESULT FindId(IDispatch* object, const wchar_t* name, DISPID* id) {
+    if (!name) return E_INVALIDARG;
+    LPOLESTR first = const_cast<LPOLESTR>(name);
+    return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
+}
+
+HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* const> arguments,
+                     VARIANT* result) {
+    constexpr size_t kFew = 6;
+    std::array<VARIANT, kFew> few;
+    std::vector<VARIANT> many(arguments.size() > kFew ? arguments.size() : 0);
+    VARIANT* const reversed = many.empty() ? few.data() : many.data();
+    // Borrowed bits: the callee copies what it keeps.
+    std::transform(arguments.rbegin(), arguments.rend(), reversed,
+                   [](const VARIANT* value) { return *value; });
+    DISPPARAMS parameters = {reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
+    // From another thread, Wine would lose an object that is returned to a caller with no slot for it.
+    Variant unwanted;
+    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters,
+                          result ? result : &unwanted, nullptr, nullptr);
+}
+
+HRESULT InvokePut(IDispatch* object, DISPID id, WORD flags, const VARIANT* value) {
+    DISPID named = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters = {const_cast<VARIANT*>(value), &named, 1, 1};
+    return object->Invoke(id, IID_NULL, kScriptLocale, flags, &parameters, nullptr, nullptr, nullptr);
+}
+
+bool GoesByReference(const VARIANT& value) {
+    return value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN || (value.vt & (VT_ARRAY | VT_BYREF)) != 0;
+}
+
+}  // namespace
+
+HRESULT GetScriptProperty(IDispatch* object, const wchar_t* name, VARIANT* value) {
+    if (!value) return E_POINTER;
+    if (!object) return E_INVALIDARG;
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;
+    DISPPARAMS none = {};
+    return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_PROPERTYGET, &none, value, nullptr, nullptr);
+}
+
+Variant ReadScriptProperty(IDispatch* object, const wchar_t* name) {
+    Variant value;
+    if (FAILED(GetScriptProperty(object, name, &value))) value.Clear();
+    return value;
+}
+
+HRESULT PutScriptProperty(IDispatch* object, DISPID id, const VARIANT* value) {
+    if (!value) return E_POINTER;
+    if (!object) return E_INVALIDARG;
+    if (GoesByReference(*value) && SUCCEEDED(InvokePut(object, id, DISPATCH_PROPERTYPUTREF, value)))
+        return S_OK;
+    return InvokePut(object, id, DISPATCH_PROPERTYPUT, value);
+}
+
+HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value) {
+    if (!object || !name) return E_INVALIDARG;
+    const auto extensible = Query<IDispatchEx>(object);
+    if (!extensible) return E_NOINTERFACE;
+    DISPID id = DISPID_UNKNOWN;
+    const Bstr text(name);
+    if (const HRESULT status = extensible->GetDispID(text.Get(), fdexNameEnsure, &id); FAILED(status))
+        return status;
+    return PutScriptProperty(object, id, &value);
+}
+
+HRESULT AssignScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value) {
+    if (!object) return E_INVALIDARG;
+    DISPID id = DISPID_UNKNOWN;
+    if (FAILED(FindId(object, name, &id))) return SetScriptProperty(object, name, value);
+    return PutScriptProperty(object, id, &value);
+}
+
+HRESULT CallScriptFunction(IDispatch* function, std::span<const VARIANT* const> arguments, VARIANT* result) {
+    return function ? InvokeMethod(function, DISPID_VALUE, arguments, result) : E_POINTER;
+}
+
+bool IsFalse(const VARIANT& answer) {
+    return answer.vt == VT_BOOL && answer.boolVal == VARIANT_FALSE;
+}
+
+HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result) {
+    const Variant first = Variant::Copy(value);
+    const Variant second = Variant::Copy(context);
+    return CallScriptFunction(function, {&first, &second}, result);
+}
+
+HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::span<const VARIANT* const> arguments,
+                         VARIANT* result) {
+    if (!object) return E_INVALIDARG;
+    DISPID id = DISPID_UNKNOWN;
+    if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;
+    return InvokeMethod(object, id, arguments, result);
+}
+
+HRESULT MoveValueOut(VARIANT* value, VARIANT* destination) {
+    if (!destination) return E_POINTER;
+    Variant moved;
+    static_cast<VARIANT&>(moved) = *value;
+    value->vt = VT_EMPTY;
+    moved.MoveInto(destination);
+    return S_OK;
+}
+
+BSTR NarrowToBstr(const char* text) {
+    if (!text) return nullptr;
+    return Bstr(Widen(text, CP_ACP)).Detach();
+}
+
+}  // namespace tarvik

@@ -1,0 +1,66 @@
+#include "plugins/analytics/hit_text.h"
+
+#include <windows.h>
+#include <shlwapi.h>
+
+#include "base/language.h"
+#include "tarvik/status.h"
+
+namespace tarvik {
+
+namespace {
+
+std::wstring Escape(const std::wstring& text) {
+    std::wstring escaped(3 * text.size(), L'\0');
+    auto length = static_cast<DWORD>(escaped.size());
+    ThrowIfFailed(UrlEscapeW(text.c_str(), escaped.data(), &length, URL_ESCAPE_SEGMENT_ONLY));
+    escaped.resize(length);
+    return escaped;
+}
+
+// The GUID of the hardware profile. Where there is none, as under Wine, that of the system's installation,
+// in the same form.
+std::wstring MachineGuid() {
+    HW_PROFILE_INFOW profile = {};
+    if (GetCurrentHwProfileW(&profile)) return profile.szHwProfileGuid;
+    const HRESULT status = LastFailureStatus();
+    wchar_t guid[HW_PROFILE_GUIDLEN] = {};
+    DWORD size = sizeof guid;
+    if (RegGetValueW(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Cryptography", L"MachineGuid", RRF_RT_REG_SZ,
+                     nullptr, guid, &size) != ERROR_SUCCESS)
+        throw StatusError(status);
+    return L'{' + std::wstring(guid) + L'}';
+}
+
+std::wstring UserLanguage() {
+    const auto language = LanguageOf(GetUserDefaultLCID());
+    if (!language) ThrowLastError();
+    return *language;
+}
+
+std::wstring CommonText(const HitOrigin& origin) {
+    return L"v=1&tid=" + origin.trackingId + L"&cid=" + ClientId(MachineGuid()) + L"&ul=" +
+           Escape(UserLanguage()) + L"&an=" + Escape(origin.applicationName) + L"&av=" +
+           origin.applicationVersion + L"&vp=" + std::to_wstring(GetSystemMetrics(SM_CXSCREEN)) + L'x' +
+           std::to_wstring(GetSystemMetrics(SM_CYSCREEN));
+}
+
+}  // namespace
+
+std::wstring PageHit(const std::wstring& screen, const HitOrigin& origin) {
+    return L"t=appview&cd=" + Escape(screen) + L'&' + CommonText(origin);
+}
+
+std::wstring EventHit(const std::wstring& category, const std::wstring& action, const HitOrigin& origin) {
+    return L"t=event&ec=" + Escape(category) + L"&ea=" + Escape(action) + L'&' + CommonText(origin);
+}
+
+std::wstring ClientId(std::wstring_view guid) {
+    if (guid.starts_with(L'{')) {
+        const std::wstring_view inner = guid.substr(1, guid.find(L'}') - 1);
+        if (!inner.empty()) return std::wstring(inner);
+    }
+    return Escape(std::wstring(guid));
+}
+
+}  // namespace tarvik

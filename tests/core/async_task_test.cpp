@@ -1,0 +1,93 @@
+#include "tarvik/async_task.h"
+
+#include <thread>
+
+#include "script/object.h"
+#include "tarvik/properties.h"
+#include "tarvik/marshaled_object.h"
+#include "script/worker_apartment.h"
+#include "tests/support/test.h"
+
+// What runs of real members do not come to.
+namespace tarvik {
+namespace {
+
+TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
+    const ObjectCheck nothingLeft;
+    const auto function = MakeCom<Recorder>();
+    const MarshaledObject dropped(function.Get());
+    MarshaledObject replaced(function.Get());
+    replaced = MarshaledObject();
+    EXPECT_FALSE(MarshaledObject(static_cast<IDispatch*>(nullptr)).Get());
+}
+
+TEST(ScriptTicket, LosesNoObjectThatAFunctionReturns) {
+    const WorkerApartment workers;  // its end would drop what a worker has lost
+    const ObjectCheck nothingLeft;
+    const auto function =
+        MakeCom<Recorder>([](const Recorder::Record&) { return Variant::Object(MakeCom<CObject>().Get()); });
+    MarshaledObject ticket(function.Get());
+    OnWorker([&] {
+        EXPECT_EQ(CallScriptFunction(ticket.Get()), S_OK);
+        ticket = MarshaledObject();
+    });
+    EXPECT_EQ(function->calls.at(0).thread, GetCurrentThreadId());
+}
+
+TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
+    MarshaledObject ticket;
+    std::thread([&] {
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        ticket = MarshaledObject(MakeCom<Recorder>().Get());
+        CoUninitialize();
+    }).join();
+    OnWorker([&] { EXPECT_LT(CallScriptFunction(ticket.Get()), 0); });
+}
+
+// Two workers that use one object must not meet in one proxy.
+TEST(ScriptTicket, LeadsToItsOwnProxyAndBackToTheObject) {
+    const ObjectCheck nothingLeft;
+    const auto context = MakeCom<Recorder>();
+    const auto function = MakeCom<Recorder>([&](const Recorder::Record& call) {
+        EXPECT_EQ(call.arguments.at(0).pdispVal, context.Get());
+        return Variant::Copy(call.arguments[0]);
+    });
+    MarshaledObject one(function.Get()), other(function.Get());
+    MarshaledValue value(Variant::Object(context.Get()));
+    OnWorker([&] {
+        MarshaledObject first = std::move(one), second = std::move(other);
+        MarshaledValue taken = std::move(value);
+        EXPECT_NE(Query<IUnknown>(first.Get()).Get(), Query<IUnknown>(second.Get()).Get());
+        Variant answer;
+        CallScriptFunction(first.Get(), {&taken.Get()}, &answer);
+        CallScriptFunction(second.Get(), {&answer});
+    });
+    EXPECT_EQ(function->calls.size(), 2u);
+}
+
+class Task : public AsyncTask {
+  public:
+    explicit Task(const Options& options) : AsyncTask(options) {}
+
+  private:
+    HRESULT Work() override { throw std::bad_alloc(); }
+};
+
+bool Start(IDispatch* options) {
+    return StartTask(options, [](const Options& given) { return std::make_unique<Task>(given); });
+}
+
+TEST(AsyncTask, TellsAnyFailureAndTakesWhatIsNoFunctionAsAbsent) {
+    const long before = liveComObjects;
+    {
+        const auto fail = MakeCom<Recorder>();
+        EXPECT_TRUE(Start(OptionObject().Set(L"fail", fail).Set(L"success", 5).Set(L"context", 7)));
+        ASSERT_TRUE(PumpUntil([&] { return !fail->calls.empty(); }));
+        EXPECT_EQ(fail->Texts()[0], "I4 " + std::to_string(E_OUTOFMEMORY) + ", I4 7");
+        EXPECT_TRUE(Start(OptionObject().Set(L"progress", L"text").Set(L"fail", nullptr)));
+    }
+    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "something is left of a run";
+}
+
+}  // namespace
+}  // namespace tarvik

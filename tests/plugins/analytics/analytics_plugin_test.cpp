@@ -1,0 +1,86 @@
+#include "plugins/analytics/analytics_plugin.h"
+
+#include "app/log/log.h"
+#include "tests/support/test.h"
+#include "tests/support/web_server.h"
+
+namespace tarvik {
+namespace {
+
+// The log of a diagnostic build.
+class Analytics : public testing::Test {
+  protected:
+    Analytics() { processLog.flags = kLogTrace | kLogError; }
+    ~Analytics() override { processLog.flags = flags_; }
+
+    static ComPtr<CGoogleAnalyticsPlugin> PluginTo(WORD port) {
+        const auto plugin = MakeCom<CGoogleAnalyticsPlugin>(AnalyticsEndpoint{L"127.0.0.1", port});
+        CallMember(plugin.Get(), L"set", L"UA-1", L"My App", L"1.0");
+        return plugin;
+    }
+    void Page(CGoogleAnalyticsPlugin* plugin, const wchar_t* screen) {
+        channel_.texts.clear();
+        const ULONGLONG start = GetTickCount64();
+        EXPECT_THAT(CallMember(plugin, L"page", screen).status, HasStatus(S_OK));
+        EXPECT_LT(GetTickCount64() - start, 3'000u) << "nobody waits for a hit";
+    }
+    // The end of the one line that a hit leaves in the log.
+    std::string Line() {
+        if (!PumpUntil([&] { return !channel_.texts.empty(); })) return "none";
+        PumpUntil([] { return false; }, std::chrono::milliseconds(200));
+        return channel_.texts.size() == 1 ? channel_.texts[0].substr(channel_.texts[0].find(' ') + 1)
+                                          : "many";
+    }
+
+    DebugChannel channel_;
+
+  private:
+    const DWORD flags_ = processLog.flags;
+};
+
+TEST_F(Analytics, RefusesWrongCalls) {
+    const auto plugin = PluginTo(ClosedPort());
+    EXPECT_THAT(CallMember(plugin.Get(), L"page").status, HasStatus(E_FAIL));
+    EXPECT_THAT(CallMember(plugin.Get(), L"page", 5).status, HasStatus(E_FAIL));
+    EXPECT_THAT(CallMember(plugin.Get(), L"set", L"a", L"b").status, HasStatus(E_FAIL));
+    EXPECT_THAT(CallMember(plugin.Get(), L"set", L"a", L"b", 1).status, HasStatus(E_FAIL));
+    EXPECT_THAT(CallMember(plugin.Get(), L"event", L"c").status, HasStatus(S_OK));
+    EXPECT_THAT(CallMember(plugin.Get(), L"event", 1, 2).status, HasStatus(S_OK));
+    EXPECT_THAT(CallMember(plugin.Get(), L"send").status, HasStatus(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(channel_.texts, IsEmpty());
+}
+
+TEST_F(Analytics, LogsAHitThatCannotBeMade) {
+    const std::string emptyText = "CAnalytics::Send catch: 80070057\n";
+    Page(PluginTo(ClosedPort()).Get(), L"");
+    EXPECT_EQ(Line(), emptyText);
+    Page(MakeCom<CGoogleAnalyticsPlugin>().Get(), L"home");
+    EXPECT_EQ(Line(), emptyText) << "nothing was set";
+}
+
+TEST_F(Analytics, LosesAHitThatDoesNotArrive) {
+    const std::string failed = "CAnalytics::StatusCallback 00200000\n";
+    Page(PluginTo(ClosedPort()).Get(), L"home");
+    EXPECT_EQ(Line(), failed);
+    for (const char* begun : {"", "\x16\x03\x03\x01", "HTTP/1.1 400 Bad Request\r\n\r\n"}) {
+        const WebServer closes([&](const WebExchange& exchange) { exchange.Send(begun); });
+        Page(PluginTo(closes.Port()).Get(), L"home");
+        EXPECT_EQ(Line(), failed) << begun;
+    }
+    {
+        const WebServer silent([](const WebExchange& exchange) { exchange.StayOpen(); });
+        Page(PluginTo(silent.Port()).Get(), L"home");
+        EXPECT_TRUE(PumpUntil([&] { return silent.Connections() > 0; }));
+    }
+    EXPECT_EQ(Line(), failed) << "when the server has gone at the latest";
+}
+
+TEST(ClientId, IsWhatStandsInTheBraces) {
+    EXPECT_EQ(ClientId(L"{12340001-0000}"), L"12340001-0000");
+    EXPECT_EQ(ClientId(L"{no end"), L"no end");
+    EXPECT_EQ(ClientId(L"no braces"), L"no%20braces");
+    EXPECT_THROW(ClientId(L"{}"), StatusError) << "nothing but characters to escape";
+}
+
+}  // namespace
+}  // namespace tarvik
