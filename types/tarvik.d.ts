@@ -1,36 +1,37 @@
 /**
- * What a page finds in the host: `window.external` with its plug-ins, and the globals that are there before its first
- * script runs. This file is the reference: the pages of the reference are made from it, and the tests compare it with
- * the host and run its examples.
+ * Declares what a page finds in the host: `window.external` with its plug-ins, and the globals that exist before its
+ * first script runs. The pages of the reference are generated from this file, and the tests compare it with the host
+ * and run its examples.
  *
- * Beside it stands the library of the browser (`"lib": ["dom", "es5"]`).
+ * Use it together with TypeScript's libraries for the browser: `"lib": ["dom", "es5"]`. In the examples, `//= value`
+ * states the value of the expression before it.
  *
- * - A member that is called wrongly throws an {@link Tarvik.StatusError | Error} with a status as its `number`:
- *   0x80004001 for a wrong number of arguments, 0x80070057 for an argument of the wrong kind. A member that fails in
- *   its work answers `false` or `null`. What differs is told with the member.
- * - A method that is read without a call, and a property that is only written, throw 0x80004001 on the system's
- *   control, and read as a function on the page control. Some methods do not distinguish a read from a call without
- *   arguments: `loadPlugin`, `createWindow`, `addData` of a digest, and those of `console`, `dragfile` and `ga`. On the
- *   system's control a read of these gives `undefined`, or throws what such a call throws.
- * - A property that is called throws, too: 0x80004001 on the system's control, and mostly a `TypeError` on the page
- *   control.
- * - Options that are missing or of the wrong kind count as absent, and only `true` and `false` count as booleans.
- * - "Whole number" is one in 32 bits with a sign; others are refused where one is asked for.
+ * - A call with wrong arguments throws an {@link Tarvik.StatusError | Error} with a status as its `number`: 0x80004001
+ *   for a wrong number of arguments, 0x80070057 for an argument of the wrong type. A member whose operation fails
+ *   returns `false` or `null`. Each member's description states the exceptions.
+ * - Reading a method without calling it, or reading a write-only property, throws 0x80004001 on the system's control
+ *   and returns a function on the page control. Some methods do not distinguish a read from a call without arguments:
+ *   `loadPlugin`, `createWindow`, `addData` of a digest, and those of `console`, `dragfile` and `ga`. On the system's
+ *   control, reading them returns `undefined`, or throws what such a call throws.
+ * - Calling a property throws 0x80004001 on the system's control, and usually a `TypeError` on the page control.
+ * - Options of the wrong type count as absent. Only `true` and `false` count as booleans.
+ * - A "whole number" fits into 32 bits with a sign. Where a member requires one, it refuses other numbers.
  *
  * @packageDocumentation
  */
 
 /**
- * `window.external`: what it has is told with {@link Tarvik.Host}. Two members of the browser's library are not there.
+ * `window.external`; {@link Tarvik.Host} documents its members. Two members that the browser's library declares do not
+ * exist.
  *
  * @hidden
  */
 interface External extends Tarvik.Host {}
 
 /**
- * The plug-in of a name: `window.external[pluginName]`.
+ * Returns the plug-in of a name: `window.external[pluginName]`.
  *
- * @returns `undefined` for a name that there is no plug-in for.
+ * @returns `undefined` if no plug-in has the name.
  *
  * @example
  * queryModule('mouse').LBTN;  //= 0
@@ -55,28 +56,27 @@ declare function loadPlugin(path: string): boolean;
 declare function createWindow(options: Tarvik.CreateWindowOptions): Tarvik.Window | null;
 
 /**
- * The option `callback` of the {@link Tarvik.Host.createWindow | createWindow} that opened the page's window. The host
- * never calls it: the page does, when and how the two pages agree on.
+ * The option `callback` of the {@link Tarvik.Host.createWindow | createWindow} call that opened the page's window. The
+ * host never calls it; the page does, whenever the two pages have agreed on.
  *
- * Only the first page of such a window has it, `undefined` where the option was not given. There is no such global in
- * the program's first window.
+ * Only the first page of such a window has this global; it is `undefined` if the option was not given. The program's
+ * first window does not have it.
  */
 declare var windowCallback: any;
 
 /**
- * The option `context` of the {@link Tarvik.Host.createWindow | createWindow} that opened the page's window, as with
- * {@link windowCallback}.
+ * The option `context` of the {@link Tarvik.Host.createWindow | createWindow} call that opened the page's window. The
+ * rest is as with {@link windowCallback}.
  */
 declare var windowContext: any;
 
 /**
- * Shows a message box of the plug-in `window`, in place of the engine's own `alert`; the page stands still until it is
- * answered.
+ * Shows a message box of the plug-in `window`, in place of the engine's own `alert`. The page waits until the user
+ * closes it.
  *
- * @param content - The message; what is no text becomes one by `String`.
- * @param icon - As the option {@link Tarvik.MessageBoxOptions.icon | icon} of `messageBox`: `'information'` without
- *   it.
- * @param title - The title; without it, that of the window.
+ * @param content - The message; other types are converted with `String`.
+ * @param icon - Like the option {@link Tarvik.MessageBoxOptions.icon | icon} of `messageBox`; default: `'information'`.
+ * @param title - The title; default: the title of the window.
  *
  * @example
  * alert('The beans are up.', 'information', 'Garden planner');  //= undefined
@@ -92,7 +92,7 @@ declare function alert(content: any, icon?: Tarvik.MessageBoxIcon, title?: strin
 declare function _alert(message?: any): void;
 
 /**
- * Ends the script: throws an `Error` by the plug-in `system`, and the script goes no further.
+ * Ends the script: calls `abort` of the plug-in `system`, which throws an `Error`.
  *
  * @throws 0x80004004, always.
  *
@@ -106,18 +106,18 @@ declare function _alert(message?: any): void;
 declare function abort(): never;
 
 /**
- * The global `console` is the plug-in `console`, in place of the engine's own. It has the members of
- * {@link Tarvik.Console} and no others.
+ * The global `console` is the plug-in `console`, in place of the engine's own. It has only the members of {@link
+ * Tarvik.Console}.
  */
 interface Console extends Tarvik.Console {}
 
 declare namespace Tarvik {
   /**
-   * The native powers of a page. A plug-in is read by its name, and the name is exact.
+   * The native powers of a page. A plug-in is read by its name, which is case-sensitive.
    *
-   * A *retained* plug-in is one object for each window, and keeps its state when the page navigates; a *transient* one
-   * is a new object at each read. What comes from here belongs to the host: it may be callable, and `typeof` may call it
-   * a function.
+   * A *retained* plug-in has one object for each window, which keeps its state when the page navigates. A *transient*
+   * plug-in returns a new object at each read. These are objects of the host, which may be callable; `typeof` may
+   * return `'function'` for them.
    *
    * @example
    * external.menu === external.menu;  //= true
@@ -125,47 +125,50 @@ declare namespace Tarvik {
    * external.noSuchPlugin;  //= undefined
    */
   interface Host {
-    /** The window that the page lives in, its dialogs and its events; *retained*. */
+    /** The window that shows the page, its dialogs and its events; *retained*. */
     readonly window: Window;
-    /** Menus that open at a place, and menu bars; *retained*. */
+    /** Popup menus and menu bars; *retained*. */
     readonly menu: Menus;
-    /** The window's icon at the end of the task bar; *retained*. */
+    /** The window's icon in the notification area of the task bar; *retained*. */
     readonly tray: Tray;
-    /** Keys that are heard wherever the user works; *retained*. */
+    /** Keys that call a function whichever program has the focus; *retained*. */
     readonly hotkey: Hotkey;
-    /** The pointer and its buttons; *retained*. */
+    /** The mouse pointer and its buttons; *retained*. */
     readonly mouse: Mouse;
-    /** Files that are dragged onto elements of the page; *retained*. */
+    /** Files that the user drops on elements of the page; *retained*. */
     readonly dragfile: DragFile;
     /** Digests of texts; *retained*. */
     readonly hash: Hash;
     /** The author's log; *retained*. */
     readonly console: Console;
-    /** Questions about files and folders; deleting, copying, moving and listing; *retained*. */
+    /** Properties of files and folders; deleting, copying, moving and listing; *retained*. */
     readonly file: File;
-    /** One open file, whose bytes go to streams and come from them; *transient*: each read gives a new one. */
+    /**
+     * One open file, whose bytes are read to streams and written from them; *transient*: each read returns a new
+     * object.
+     */
     readonly fileIO: FileIO;
-    /** A block of bytes with a position; *transient*: each read gives a new one, which is empty. */
+    /** A block of bytes with a position; *transient*: each read returns a new, empty one. */
     readonly stream: Stream;
-    /** ZIP archives; *transient*: each read gives a new one. */
+    /** ZIP archives; *transient*: each read returns a new object. */
     readonly minizip: MiniZip;
-    /** Command line, environment, programs, shortcuts and the power; *retained*. */
+    /** Command line, environment, programs, shortcuts and the power state; *retained*. */
     readonly system: System;
-    /** The system's registry; *transient*: each read gives a new one. */
+    /** The Windows registry; *transient*: each read returns a new object. */
     readonly registry: Registry;
-    /** An application's settings; *transient*: each read gives a new one. */
+    /** An application's settings; *transient*: each read returns a new object. */
     readonly config: Config;
-    /** Downloads and requests; *transient*: each read gives a new one. */
+    /** Downloads and requests; *transient*: each read returns a new object. */
     readonly http: Http;
-    /** Tells a measurement service what is used; *retained*. */
+    /** Reports to a measurement service which screens are used; *retained*. */
     readonly ga: Analytics;
 
     /**
-     * Loads a plug-in library. Its name is then read like that of a built-in plug-in: `window.external.name`.
+     * Loads a plug-in library. Its plug-in is then read like a built-in one: `window.external.name`.
      *
-     * @param path - The library's file; a relative path counts from the program's current folder.
-     * @returns `false` if the file is no image for this system, or one for 32-bit x86. A library that is an image but no
-     *   plug-in is `true` as well.
+     * @param path - The library's file; a relative path is relative to the program's current folder.
+     * @returns `false` if the file is not an executable image for this system, or is one for 32-bit x86. The result is
+     *   `true` also for a library that is not a plug-in.
      * @throws 0x80070057 without a path.
      *
      * @example
@@ -174,10 +177,10 @@ declare namespace Tarvik {
     loadPlugin(path: string): boolean;
 
     /**
-     * Opens a further window of the program. It is hidden until its page, or this one, shows it.
+     * Opens a further window of the program. It is hidden until its page, or this page, shows it.
      *
      * @returns The new window's plug-in `window`, or `null` if there is no such page. A relative `url` on a page from a
-     *   web server gives no window.
+     *   web server opens no window.
      * @throws 0x80070057 without options.
      *
      * @example
@@ -187,19 +190,19 @@ declare namespace Tarvik {
      */
     createWindow(options: CreateWindowOptions): Window | null;
 
-    /** The plug-ins that libraries bring, by their names; `undefined` for a name that there is no plug-in for. */
+    /** The plug-ins of libraries, by their names; `undefined` if no plug-in has the name. */
     [pluginName: string]: any;
   }
 
-  /** What members throw. */
+  /** The error that members throw. */
   interface StatusError extends Error {
     /** The status, a negative number: -2147467263 is 0x80004001. */
     number: number;
   }
 
   /**
-   * Data that a member gives: it can be read, written and enumerated. It belongs to the host, so `Array.isArray` and
-   * the methods of script's own arrays do not apply, but for `push`.
+   * An array that a member returns. It can be read, written and enumerated. It is an object of the host, so
+   * `Array.isArray` and the methods of JavaScript's own arrays do not work on it, except `push`.
    */
   interface List<Item> {
     length: number;
@@ -222,28 +225,28 @@ declare namespace Tarvik {
    */
   interface CreateWindowOptions {
     /**
-     * The page; a relative one counts from the page that calls. Without it, the page of the program's first window.
+     * The page; a relative address is relative to the calling page. Default: the page of the program's first window.
      */
     url?: string;
     /** The new window belongs to this one: it stays above it and closes with it. */
     inherit?: boolean;
-    /** What the new page finds as its global {@link windowCallback}. */
+    /** The new page's global {@link windowCallback}. */
     callback?: any;
-    /** What the new page finds as its global {@link windowContext}. */
+    /** The new page's global {@link windowContext}. */
     context?: any;
   }
 
   /**
-   * The plug-in `window`: the window that a page lives in.
+   * The plug-in `window`: the window that shows the page.
    *
-   * It is hidden until the page shows it. Closing it does not end the program, also when it is the last one: the page
-   * calls {@link quit}, in {@link onClosed} for example. What a page sets stays when the next page comes, functions
-   * included; the function of a page that has gone fails and is passed over.
+   * It is hidden until the page shows it. Closing it does not end the program, even if it is the last window: the page
+   * calls {@link quit}, for example in {@link onClosed}. Settings, functions included, survive navigation; then a call
+   * of a previous page's function fails and is ignored.
    *
-   * Places and sizes are pixels of the screen, and sizes count the frame. Numbers are taken as the system converts
-   * them: fractions are rounded, `'12'` counts as 12 and `true` as -1. What cannot be converted counts as 0.
+   * Positions and sizes are in pixels of the screen; sizes include the frame. The system converts numbers: fractions
+   * are rounded, `'12'` counts as 12 and `true` as -1. A value that cannot be converted counts as 0.
    *
-   * Functions are replaced by others, and cannot be taken out: `null` is refused with 0x80070057.
+   * An event's function can be replaced but not removed: `null` throws 0x80070057.
    *
    * @example
    * var win = window.external.window;
@@ -255,8 +258,7 @@ declare namespace Tarvik {
    */
   interface Window {
     /**
-     * Shows the window and brings it to the front, or hides it. A window that is minimized or maximized becomes a
-     * plain one again.
+     * Shows the window and brings it to the front, or hides it. A minimized or maximized window is restored.
      *
      * @returns `true`.
      *
@@ -271,7 +273,7 @@ declare namespace Tarvik {
     show(visible: boolean): boolean;
 
     /**
-     * Closes the window, without asking {@link onClose}.
+     * Closes the window without calling {@link onClose}.
      *
      * @returns `true`.
      *
@@ -282,11 +284,11 @@ declare namespace Tarvik {
     close(): boolean;
 
     /**
-     * Ends the program. Windows go without being closed, so {@link onClosed} is not called, and an icon of `tray` that
-     * is not hidden before stays until the pointer comes over it.
+     * Ends the program. Its windows are not closed first, so {@link onClosed} is not called. An icon of `tray` stays
+     * visible until the pointer moves over it, unless the page hides it first.
      *
-     * @param code - The program's exit code, a whole number; 0 without it.
-     * @throws 0x80070057 if the code is no whole number.
+     * @param code - The program's exit code, a whole number; default: 0.
+     * @throws 0x80070057 if the code is not a whole number.
      *
      * @example
      * document.onkeydown = function (event) {
@@ -296,7 +298,7 @@ declare namespace Tarvik {
     quit(code?: number): void;
 
     /**
-     * Minimizes the window, without asking {@link onMinimize}. It counts as shown all the same.
+     * Minimizes the window without calling {@link onMinimize}. A minimized window still counts as visible.
      *
      * @returns `true`.
      *
@@ -322,7 +324,7 @@ declare namespace Tarvik {
     centerWindow(): boolean;
 
     /**
-     * Shows a progress bar on the window's button in the task bar. Nothing happens where the system has none.
+     * Shows a progress bar on the window's button in the task bar, if the system supports it.
      *
      * @returns `true`.
      * @throws 0x80070057 if `total` is 0.
@@ -337,24 +339,24 @@ declare namespace Tarvik {
     setTaskbarProgress(completed: number, total: number): boolean;
 
     /**
-     * Says how the progress in the task bar looks.
+     * Sets the look of the progress bar in the task bar.
      *
-     * @param state - `'none'`: no bar; `'cycle'`: work without a measure; `'normal'`; `'error'`: red; `'pause'`:
-     *   yellow. The case of letters does not count.
-     * @returns Whether it was applied: `false` for another word, and where the system shows no progress.
+     * @param state - `'none'`: no bar; `'cycle'`: work of unknown length; `'normal'`; `'error'`: red; `'pause'`:
+     *   yellow. Not case-sensitive.
+     * @returns Whether it was applied: `false` for any other word, and if the system does not support progress bars.
      */
     setTaskbarProgressState(state: 'none' | 'cycle' | 'normal' | 'error' | 'pause'): boolean;
 
-    /** Whether the system shows progress in the task bar. */
+    /** Returns whether the system supports progress bars in the task bar. */
     isSupportTaskbarProgress(): boolean;
 
     /**
-     * Asks the user for a file.
+     * Opens a dialog in which the user chooses a file.
      *
-     * The dialog belongs to the window, which is disabled until it is answered. The page's call waits that long, while
-     * other windows, and calls into the page, go on.
+     * The dialog belongs to the window and disables it until the user closes the dialog. The call returns only then.
+     * Other windows keep working, and so do calls into the page.
      *
-     * @returns The file's full path; `null` if nothing was chosen.
+     * @returns The file's full path; `null` if the user chose none.
      * @throws 0x80070057 if the options are no object.
      *
      * @example
@@ -371,11 +373,11 @@ declare namespace Tarvik {
      */
     selectFile(options?: SelectFileOptions & { multi?: false }): string | null;
     /**
-     * Asks the user for several files, with the option `multi`.
+     * With the option `multi`, the user can choose several files.
      *
-     * @returns The full paths, in an `Array` of the page even for one; `null` if nothing was chosen. The list ends
-     *   before a path of 260 characters or more. Paths from the root of a drive have two backslashes, as in
-     *   `C:\\a.txt`.
+     * @returns The full paths, in a JavaScript `Array` even for one file; `null` if the user chose none. The array ends
+     *   before the first path of 260 characters or more. Paths of files in the root of a drive have two backslashes, as
+     *   in `C:\\a.txt`.
      *
      * @example
      * var paths = external.window.selectFile({ title: 'Plans to open', initDir: '.', multi: true });
@@ -385,9 +387,9 @@ declare namespace Tarvik {
     selectFile(options: SelectFileOptions): string[] | null;
 
     /**
-     * Asks the user for a folder. The page's call waits, as with {@link selectFile}.
+     * Opens a dialog in which the user chooses a folder. The call waits as with {@link selectFile}.
      *
-     * @returns The folder's path; `null` if nothing was chosen.
+     * @returns The folder's path; `null` if the user chose none.
      * @throws 0x80070057 if the options are no object.
      *
      * @example
@@ -397,16 +399,16 @@ declare namespace Tarvik {
     selectFolder(options?: SelectFolderOptions): string | null;
 
     /**
-     * Takes a name for the window, and returns whether no other window holds it. An application that shall run only
-     * once asks for its name at the start.
+     * Claims a name for the window, and returns whether no other window holds it. An application that should run only
+     * once claims its name at the start.
      *
-     * Every window that asks for a name holds it until it closes or asks for another one, also if it gets `false`; script
-     * that keeps the object of a closed window keeps its name, too. So the name stays taken as long as any of them holds
-     * it, and the owner that asks for it a second time gets `false` if another window has asked meanwhile. All programs
-     * of the desktop share the names.
+     * Every window that claims a name holds it until it closes or claims another one, even if the result was `false`. A
+     * closed window still holds its name while script references its object. So the name stays taken as long as any
+     * window holds it, and a window that claims its own name again gets `false` if another window has claimed it
+     * meanwhile. All programs on the desktop share the names.
      *
-     * @returns `false` if another window holds the name, and for an empty one. A name that the system refuses, such as
-     *   one with a backslash, is `true` for everybody.
+     * @returns `false` if another window holds the name, and for an empty name. For a name that the system refuses,
+     *   such as one with a backslash, every window gets `true`.
      *
      * @example
      * var win = window.external.window;
@@ -420,11 +422,13 @@ declare namespace Tarvik {
     isUniqueWindow(name: string): boolean;
 
     /**
-     * Brings up a window that was given the name for which this one was refused, also a hidden or minimized window.
+     * Shows the window that holds the name which this window failed to claim, even if it is hidden or minimized.
      *
-     * A window that has asked for another name since is still found. Of several windows the topmost one is shown.
+     * This also finds a window that has claimed another name since. If there are several windows, it shows the topmost
+     * one.
      *
-     * @returns Whether it has shown a window; `false` unless the last {@link isUniqueWindow} of this window was `false`.
+     * @returns Whether a window was shown; `false` unless the last {@link isUniqueWindow} of this window returned
+     *   `false`.
      *
      * @example
      * var other = createWindow({ url: 'second.html' });
@@ -437,11 +441,12 @@ declare namespace Tarvik {
     showExistedWindow(): boolean;
 
     /**
-     * Shows a message box, and waits until it is answered. The answer comes by the functions.
+     * Shows a message box, waits until the user closes it, and calls the function of the chosen button.
      *
-     * The box belongs to the window, which is disabled meanwhile. Other windows, and calls into the page, go on.
+     * The box belongs to the window and disables it meanwhile. Other windows keep working, and so do calls into the
+     * page.
      *
-     * @returns Whether the box was shown, whatever was answered.
+     * @returns Whether the box was shown, whichever button was chosen.
      *
      * @example
      * var answer = '';
@@ -459,17 +464,17 @@ declare namespace Tarvik {
      */
     messageBox(options: MessageBoxOptions): boolean;
 
-    /** Whether the window is shown. One that is minimized is. */
+    /** Returns whether the window is shown; `true` for a minimized window. */
     isVisible(): boolean;
 
-    /** Whether the window is the one that the user works with. */
+    /** Returns whether the window is the foreground window. */
     isForeWindow(): boolean;
 
     /**
-     * Sets place and size at once.
+     * Sets the position and the size together.
      *
-     * @returns Whether that was done.
-     * @throws 0x80070057 if the width or the height is 0; nothing moves then.
+     * @returns Whether it succeeded.
+     * @throws 0x80070057 if the width or the height is 0; the window then does not change.
      *
      * @example
      * var win = window.external.window;
@@ -479,7 +484,7 @@ declare namespace Tarvik {
     setWindowPos(x: number, y: number, width: number, height: number): boolean;
 
     /**
-     * The width of the window; 0 is refused with 0x80070057. A shaped window keeps its size.
+     * The width of the window. Writing 0 throws 0x80070057. A shaped window keeps its size.
      *
      * @example
      * var win = window.external.window;
@@ -488,10 +493,10 @@ declare namespace Tarvik {
      * win.width + ' x ' + win.height;  //= '500 x 400'
      */
     width: number;
-    /** The height of the window; 0 is refused with 0x80070057. A shaped window keeps its size. */
+    /** The height of the window. Writing 0 throws 0x80070057. A shaped window keeps its size. */
     height: number;
     /**
-     * The place of the window's left edge on the screen.
+     * The position of the window's left edge on the screen.
      *
      * @example
      * var win = window.external.window;
@@ -500,17 +505,17 @@ declare namespace Tarvik {
      * win.left + ', ' + win.top;  //= '20, 10'
      */
     left: number;
-    /** The place of the window's upper edge on the screen. */
+    /** The position of the window's upper edge on the screen. */
     top: number;
-    /** The width of the part of the first screen that the task bar leaves. */
+    /** The width of the primary screen without the task bar. */
     readonly workAreaWidth: number;
-    /** The height of the part of the first screen that the task bar leaves. */
+    /** The height of the primary screen without the task bar. */
     readonly workAreaHeight: number;
-    /** The title of the window. A read cuts it at 999 characters. */
+    /** The title of the window. Reading it returns at most 999 characters. */
     title: string;
 
     /**
-     * Whether the caption has a box to minimize. It shows when the frame is next drawn.
+     * Whether the caption has a minimize button. A change becomes visible when the frame is next drawn.
      *
      * @example
      * var win = window.external.window;
@@ -519,18 +524,20 @@ declare namespace Tarvik {
      * win.sysMenu = true;
      */
     set minimizeBox(value: boolean);
-    /** Whether the caption has a box to maximize. It shows when the frame is next drawn. */
+    /** Whether the caption has a maximize button. A change becomes visible when the frame is next drawn. */
     set maximizeBox(value: boolean);
-    /** Whether the caption has a menu, and with it its boxes. They show when the frame is next drawn. */
+    /**
+     * Whether the caption has the window menu and its buttons. A change becomes visible when the frame is next drawn.
+     */
     set sysMenu(value: boolean);
 
     /**
-     * Whether the window has a frame. Without one the page fills the window.
+     * Whether the window has a frame. Without a frame, the page fills the window.
      *
-     * Its outermost pixels size the window then, 7 at the left and the top and 6 at the right and the bottom, unless
-     * {@link resize} is `false`. The user drags it by elements that are marked with the attribute `dragWindow`: the
-     * nearest element with `true` or `false` decides. Fields and buttons (`input`, `textarea`, `button`) never drag it.
-     * A shaped window has no frame for good.
+     * Then, unless {@link resize} is `false`, the user sizes the window by the outermost pixels of the page: 7 at the
+     * left and the top, 6 at the right and the bottom. The user moves the window by dragging elements with the
+     * attribute `dragWindow`: the nearest element with `true` or `false` decides. Fields and buttons (`input`,
+     * `textarea`, `button`) never drag the window. A shaped window cannot get its frame back.
      *
      * @example
      * var win = window.external.window;
@@ -542,7 +549,7 @@ declare namespace Tarvik {
     set caption(value: boolean);
 
     /**
-     * Whether the window stays above others.
+     * Whether the window stays above all others.
      *
      * @example
      * external.window.topMost = true;
@@ -551,8 +558,8 @@ declare namespace Tarvik {
     set topMost(value: boolean);
 
     /**
-     * The smallest width that the window can be sized to, by the user or by script; -1 takes the limit away, 0 is refused
-     * with 0x80070057. The window keeps its size until it is next sized.
+     * The smallest width to which the user or script can size the window. -1 removes the limit; 0 throws 0x80070057.
+     * The window keeps its size until it is next sized.
      *
      * @example
      * var win = window.external.window;
@@ -570,17 +577,17 @@ declare namespace Tarvik {
     set maxHeight(value: number);
 
     /**
-     * Whether the user can size the window: by its frame, or where it has none by the outermost pixels of the page (see
-     * {@link caption}). It changes nothing on a shaped window.
+     * Whether the user can size the window: by its frame, or, if it has none, by the outermost pixels of the page (see
+     * {@link caption}). It has no effect on a shaped window.
      */
     set resize(value: boolean);
 
     /**
-     * Gives the window the size of a picture, a bitmap file, and the shape of all its pixels that are not exactly
-     * white (255, 255, 255). A relative path counts from the page, and a `file:` URL is taken too.
+     * Gives the window the size of a bitmap file, and the shape of all its pixels that are not exactly white (255, 255,
+     * 255). The path is relative to the page, or a `file:` URL.
      *
-     * That is for good: from then on {@link caption}, {@link resize}, {@link width} and {@link height} change nothing.
-     * A further picture replaces the shape. A file that is no bitmap changes nothing, and there is no word of it.
+     * It cannot be undone: from then on {@link caption}, {@link resize}, {@link width} and {@link height} have no
+     * effect. Another bitmap replaces the shape. A file that is not a bitmap has no effect, and no error is reported.
      *
      * @example
      * var badge = createWindow({ url: 'second.html' });
@@ -592,9 +599,9 @@ declare namespace Tarvik {
     set shapeImage(path: string);
 
     /**
-     * The menu bar of the window; `null` as long as it has none. An object that is no menu changes nothing.
+     * The menu bar of the window; `null` if it has none. Writing an object that is not a menu has no effect.
      *
-     * It stays when the page changes; the functions of a page that has gone fail.
+     * It stays when the page navigates; then calls of the previous page's functions fail.
      *
      * @example
      * var bar = external.menu.createMenu('windowMenu'), file = external.menu.createMenu();
@@ -606,11 +613,11 @@ declare namespace Tarvik {
     get menu(): Menu | null;
     set menu(value: Menu);
 
-    /** Messages from window to window; the same object at each read. */
+    /** Messages between windows; the same object at each read. */
     readonly msg: Messages;
 
     /**
-     * Called when the window goes; the page is still alive. It cannot refuse.
+     * Called when the window is being destroyed, while the page is still alive. It cannot refuse.
      *
      * @example
      * var other = createWindow({ url: 'second.html' });
@@ -622,8 +629,8 @@ declare namespace Tarvik {
     set onClosed(value: () => void);
 
     /**
-     * Called when the user closes the window by its box, its menu or Alt+F4. It refuses by answering `false`, and only
-     * by that: an error in it does not refuse.
+     * Called when the user closes the window with its close button, its menu or Alt+F4. Only the result `false`
+     * refuses; an error does not.
      *
      * @example
      * var isDirty = false, win = window.external.window;
@@ -633,21 +640,21 @@ declare namespace Tarvik {
      * win.onRestore = function () { console.log('back again'); };
      */
     set onClose(value: () => boolean | void);
-    /** Called when the user minimizes the window. It refuses by answering `false`, and only by that. */
+    /** Called when the user minimizes the window. Only the result `false` refuses. */
     set onMinimize(value: () => boolean | void);
     /**
-     * Called when the user maximizes the window. It refuses by answering `false`, and only by that. A double click on
-     * the caption maximizes without it.
+     * Called when the user maximizes the window, except by a double click on the caption. Only the result `false`
+     * refuses.
      */
     set onMaximize(value: () => boolean | void);
     /**
-     * Called when the user brings the window back from being minimized or maximized. It refuses by answering `false`,
-     * and only by that. A double click on the caption restores without it.
+     * Called when the user restores a minimized or maximized window, except by a double click on the caption. Only the
+     * result `false` refuses.
      */
     set onRestore(value: () => boolean | void);
 
     /**
-     * Called when the window gets the user's attention.
+     * Called when the window is activated.
      *
      * @example
      * var win = window.external.window;
@@ -656,9 +663,9 @@ declare namespace Tarvik {
      * win.onShutdown = function () { console.log('good night'); };
      */
     set onActivate(value: () => void);
-    /** Called when the window loses the user's attention. */
+    /** Called when the window is deactivated. */
     set onInactivate(value: () => void);
-    /** Called when the system ends. It cannot refuse. */
+    /** Called when the system shuts down or the session ends. It cannot refuse. */
     set onShutdown(value: () => void);
   }
 
@@ -667,20 +674,25 @@ declare namespace Tarvik {
 
   /** The options of {@link Window.messageBox}. */
   interface MessageBoxOptions {
-    /** The title; empty without it. */
+    /** The title; default: empty. */
     caption?: string;
-    /** The message; empty without it. */
+    /** The message; default: empty. */
     text?: string;
     /**
-     * The buttons; `'ok'` for anything else. The case of letters does not count. The key Escape presses the one button
-     * of an `ok` box.
+     * The buttons; any other value counts as `'ok'`. Not case-sensitive. In an `ok` box, the key Escape presses its
+     * only button.
      */
     type?: 'ok' | 'okCancel' | 'yesNo';
-    /** The icon; without it a question for `yesNo`, else information. The case of letters does not count. */
+    /** The icon; default: `'question'` for `yesNo`, else `'information'`. Not case-sensitive. */
     icon?: MessageBoxIcon;
-    /** Called for the button OK, when the box is gone and before `messageBox` returns; the others likewise. */
+    /**
+     * Called for the button OK, after the box has closed and before `messageBox` returns. The same applies to the other
+     * functions.
+     */
     onOk?(): void;
-    /** Called for the button Cancel, also for Escape and for the box of the caption. Not for an `ok` box. */
+    /**
+     * Called for the button Cancel, for Escape, and for the close button of the caption. Not called for an `ok` box.
+     */
     onCancel?(): void;
     /** Called for the button Yes. */
     onYes?(): void;
@@ -688,26 +700,26 @@ declare namespace Tarvik {
     onNo?(): void;
   }
 
-  /** The options of {@link Window.selectFile}. Only `true` switches one on: `1` does not. */
+  /** The options of {@link Window.selectFile}. Only `true` enables a boolean option; `1` does not. */
   interface SelectFileOptions {
-    /** The dialog's title; without it, the system's. */
+    /** The dialog's title; default: the system's. */
     title?: string;
     /**
      * Pairs of a description and a pattern, each ended by a zero character: `'Text files\0*.txt\0All files\0*.*\0'`.
      */
     filter?: string;
-    /** The first folder; a relative one counts from the page, a URL stays as it is. */
+    /** The initial folder; a relative path is relative to the page, and a URL is used as it is. */
     initDir?: string;
-    /** Several files may be chosen. */
+    /** The user can choose several files. */
     multi?: boolean;
     /**
-     * Only files that exist may be chosen; their folder must exist in any case. Has no effect with `overwritePrompt`,
-     * unless `multi` is given.
+     * The user can choose only files that exist. (Their folder must always exist.) It has no effect with
+     * `overwritePrompt`, unless `multi` is given.
      */
     fileMustExist?: boolean;
-    /** The dialog asks before a file is replaced; not with `multi`. */
+    /** The dialog asks for confirmation if the file exists. Has no effect with `multi`. */
     overwritePrompt?: boolean;
-    /** The dialog is the one for saving; not with `multi`. */
+    /** Opens the dialog for saving. Has no effect with `multi`. */
     saveMode?: boolean;
   }
 
@@ -715,20 +727,21 @@ declare namespace Tarvik {
   interface SelectFolderOptions {
     /** The text above the folders. */
     title?: string;
-    /** The folder that is selected at first; a relative one counts from the page, a URL stays as it is. */
+    /** The folder that is initially selected; a relative path is relative to the page, and a URL is used as it is. */
     initDir?: string;
-    /** The dialog can make a folder. */
+    /** The user can create a folder in the dialog. */
     newFolderButton?: boolean;
   }
 
   /**
-   * `window.external.window.msg`: messages between windows, in one program or between several on the same desktop.
+   * `window.external.window.msg`: messages between windows, of one program or of several on the same desktop.
    *
-   * A message has a name and a text, and goes to every window that receives for an identifier. Any program of the
-   * desktop can send, so a message is to be read like anything that comes from outside.
+   * A message has a name and a text, and is addressed to an identifier. Every window that receives for that identifier
+   * receives it. Any program on the desktop can send messages, so treat them as untrusted input.
    *
-   * Functions stay when the page changes; those of a page that has gone fail, and keep the name. A page that leaves
-   * should take its own out. The object of a window that has gone may throw 0x80004005 at each use.
+   * Registered functions stay when the page navigates. Then calls of the previous page's functions fail, and their
+   * names stay taken. So a page should unregister its functions before it leaves. After its window has been destroyed,
+   * each use of the object may throw 0x80004005.
    *
    * @example
    * var msg = external.window.msg;
@@ -742,13 +755,14 @@ declare namespace Tarvik {
    */
   interface Messages {
     /**
-     * Receives messages of a name.
+     * Registers a function for messages with a name.
      *
-     * @param callback - Called with the payload, `''` if there is none, and the context. What it answers goes nowhere:
-     *   an answer is a message. It may itself send, also back to where the message came from.
-     * @param context - Is handed to the function.
-     * @returns `false` if there is a function for the name already, which stays.
-     * @throws 0x80004001 without a function, 0x80070057 if it is `null` or no object, or the name is no string.
+     * @param callback - Called with the payload, `''` if there is none, and the context. Its result is discarded. To
+     *   reply, it can send a message itself, also to the sender.
+     * @param context - Passed to the function.
+     * @returns `false` if the name already has a function, which stays registered.
+     * @throws 0x80004001 without a function, 0x80070057 if the function is `null` or not an object, or if the name is
+     *   not a string.
      *
      * @example
      * var msg = external.window.msg;
@@ -759,22 +773,22 @@ declare namespace Tarvik {
     registerMsg(name: string, callback: (payload: string, context: any) => void, context?: any): boolean;
 
     /**
-     * Takes the function for a name out.
+     * Removes the function for a name.
      *
      * @returns `true`, also for an unknown name.
      */
     unregisterMsg(name: string): boolean;
 
     /**
-     * Sends a message to all windows of an identifier, this one included. It returns when every function has come to
-     * its end, and waits as long as they take.
+     * Sends a message to all windows with an identifier, this one included. It returns when every receiving function
+     * has returned; there is no timeout.
      *
-     * It does not tell whether a window had a function for the message, nor how that ended.
+     * It does not report whether a window had a function for the message, or whether the function succeeded.
      *
-     * @param identifier - Ends at its first zero character, like the name.
-     * @param payload - A text, which may hold zero characters. Anything else counts as none, so numbers are written
-     *   `String(5)` and objects `JSON.stringify(object)`.
-     * @returns Whether there was such a window.
+     * @param identifier - Cut at its first zero character, like the name.
+     * @param payload - A string, which may contain zero characters. Any other type counts as no payload, so send
+     *   numbers as `String(5)` and objects as `JSON.stringify(object)`.
+     * @returns Whether a window with the identifier exists.
      *
      * @example
      * external.window.msg.sendMsg('no such viewer', 'open', 'notes.txt');  //= false
@@ -782,9 +796,10 @@ declare namespace Tarvik {
     sendMsg(identifier: string | number, name: string | number, payload?: string): boolean;
 
     /**
-     * The identifier that this window receives for; `''` at first. The window goes on to receive for earlier ones.
+     * The identifier for which this window receives messages; `''` at first. After a change, the window keeps receiving
+     * for its earlier identifiers.
      *
-     * One that the system refuses, such as one of more than 255 characters, changes nothing.
+     * An identifier that the system refuses, such as one of more than 255 characters, changes nothing.
      *
      * @example
      * external.window.msg.uniqueID = 'bed 7';
@@ -794,7 +809,7 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `menu`: makes menus.
+   * The plug-in `menu`: creates menus.
    *
    * @example
    * var recent = external.menu.createMenu(), menu = external.menu.createMenu();
@@ -807,11 +822,11 @@ declare namespace Tarvik {
    */
   interface Menus {
     /**
-     * Makes a new menu, empty.
+     * Creates an empty menu.
      *
-     * @param type - `'popupMenu'`, which is meant without one; `'trayMenu'` for the icon of `tray`; `'windowMenu'` for
-     *   a menu bar. The case of letters does not count.
-     * @throws 0x80004001 if the type is another word.
+     * @param type - `'popupMenu'` (the default); `'trayMenu'` for the icon of `tray`; `'windowMenu'` for a menu bar.
+     *   Not case-sensitive.
+     * @throws 0x80004001 for any other type.
      *
      * @example
      * external.menu.createMenu('windowMenu').getItemCount();  //= 0
@@ -820,18 +835,18 @@ declare namespace Tarvik {
   }
 
   /**
-   * A menu. Items cannot be taken out: make a new menu instead.
+   * A menu. Items cannot be removed; create a new menu instead.
    *
-   * Items are found by the names that {@link appendMenu} got, `&` included, in any case of letters; of several items
-   * of one name the first is meant.
+   * Members find an item by the name that {@link appendMenu} received, `&` included. Names are not case-sensitive; of
+   * several items with one name, the first is used.
    */
   interface Menu {
     /**
-     * Appends an item. `false` means that this was done, `true` that it failed.
+     * Appends an item. Returns `false` for success and `true` for failure.
      *
-     * It fails without a name, unless it is a separator, and if `subMenu` is no menu or holds this one. Every call in
-     * the program, also one that fails, takes a number, and a menu bar can use the first 1001 of them: a program that
-     * makes menus over and over builds its menu bar first.
+     * It fails without a name, unless the item is a separator, and if `subMenu` is not a menu or contains this one.
+     * Each call in the program uses up a number, even if it fails, and a menu bar can use only the first 1001 of them.
+     * So a program that creates menus repeatedly should build its menu bar first.
      *
      * @example
      * var menu = external.menu.createMenu();
@@ -844,20 +859,20 @@ declare namespace Tarvik {
     appendMenu(options: MenuItemOptions): boolean;
 
     /**
-     * Opens the menu where the pointer is. It returns when the menu has gone and the function of the item has come to
-     * its end; the page stands still until then, while other windows go on.
+     * Opens the menu at the pointer. It returns when the menu has closed and the function of the chosen item has
+     * returned. The page waits until then; other windows keep working.
      *
-     * @returns `false` for a menu bar and for a menu with no items, which do not open; else `true`, also when nothing
-     *   was chosen. Only one menu is open at a time: a `popup` meanwhile opens nothing.
+     * @returns `false` for a menu bar and for a menu without items, which do not open; otherwise `true`, even if
+     *   nothing was chosen. Only one menu is open at a time: meanwhile, another `popup` opens nothing.
      *
      * @example
      * external.menu.createMenu().popup();  //= false
      */
     popup(): boolean;
     /**
-     * Opens the menu at a place of the page, in pixels.
+     * Opens the menu at a position in the page, in pixels.
      *
-     * @throws 0x80070057 if the place is not given in whole numbers.
+     * @throws 0x80070057 if the position is not in whole numbers.
      *
      * @example
      * var menu = external.menu.createMenu();
@@ -867,9 +882,9 @@ declare namespace Tarvik {
     popup(x: number, y: number): boolean;
 
     /**
-     * The menu that an item opens.
+     * Returns the submenu of an item.
      *
-     * @returns `undefined` if no item of that name opens one.
+     * @returns `undefined` if no item with that name has a submenu.
      * @throws 0x80070057 if the name is empty.
      *
      * @example
@@ -882,9 +897,9 @@ declare namespace Tarvik {
     getSubMenu(name: string): Menu | undefined;
 
     /**
-     * Grays an item, or no longer. An item without a function that is enabled does nothing when it is chosen.
+     * Enables an item, or grays it. An enabled item without a function does nothing when it is chosen.
      *
-     * @returns Whether there is an item of that name.
+     * @returns Whether there is an item with that name.
      *
      * @example
      * var menu = external.menu.createMenu();
@@ -894,32 +909,34 @@ declare namespace Tarvik {
      */
     enable(name: string, on: boolean): boolean;
 
-    /** How many items the menu has, separators included. */
+    /** Returns the number of items, separators included. */
     getItemCount(): number;
   }
 
   /** The options of {@link Menu.appendMenu}. */
   interface MenuItemOptions {
-    /** The text. `&` stands before the letter that chooses it, and what is behind a `\t` is written at the right. */
+    /** The text. `&` precedes the letter that chooses the item; the text after a `\t` is aligned to the right. */
     name?: string;
-    /** It cannot be chosen at first. */
+    /** The item is initially gray and cannot be chosen. */
     gray?: boolean;
-    /** A line, which needs no name. */
+    /** The item is a separator line, which needs no name. */
     separator?: boolean;
-    /** It opens that menu, and has no function. A menu may be in several others, but not in itself. */
+    /** The item opens this menu, and has no function. A menu may be a submenu of several others, but not of itself. */
     subMenu?: Menu;
-    /** Called when it is chosen; without a `context` it gets no argument. Without the function the item is gray. */
+    /**
+     * Called when the item is chosen; without a `context`, it receives no argument. An item without a function is gray.
+     */
     callback?(context?: any): void;
-    /** Is handed to the function. */
+    /** Passed to the function. */
     context?: any;
   }
 
   /**
-   * The plug-in `tray`: one icon for each window, at the end of the task bar.
+   * The plug-in `tray`: one icon for each window, in the notification area of the task bar.
    *
-   * It goes with its window, not when the window is hidden, and stays when the page changes.
-   * {@link Window.quit | quit} ends the program without closing its windows: call `hide` before it, or the icon stays
-   * until the pointer comes over it.
+   * The icon is removed when its window is destroyed, but not when the window is hidden or navigates. {@link
+   * Window.quit | quit} ends the program without closing its windows: call `hide` first, or the icon stays visible
+   * until the pointer moves over it.
    *
    * @example
    * var tray = external.tray, menu = external.menu.createMenu('trayMenu');
@@ -932,12 +949,13 @@ declare namespace Tarvik {
    */
   interface Tray {
     /**
-     * Shows the icon. One that is shown keeps its picture and its tip: to change them, call {@link hide} first.
+     * Shows the icon. An icon that is already shown does not change; to change its image or tooltip, call {@link hide}
+     * first.
      *
-     * @param tip - The tool tip, cut at 127 characters.
-     * @param icon - The path of a file `.ico`, which counts from the page and may be a `file:` URL; without one it is
-     *   the program's icon.
-     * @throws The system's error if there is no such icon: 0x80070002 if there is no such file.
+     * @param tip - The tooltip, cut at 127 characters.
+     * @param icon - The path of an `.ico` file, which is relative to the page and may be a `file:` URL; default: the
+     *   program's icon.
+     * @throws The system's error if the icon cannot be loaded: 0x80070002 if the file does not exist.
      *
      * @example
      * try {
@@ -949,7 +967,7 @@ declare namespace Tarvik {
     addTray(tip: string, icon?: string): void;
 
     /**
-     * Shows the icon again. Before {@link addTray} it has neither picture nor tip.
+     * Shows the icon again. Before {@link addTray}, it has neither image nor tooltip.
      *
      * @example
      * external.tray.addTray('Garden planner');
@@ -958,23 +976,24 @@ declare namespace Tarvik {
      * external.tray.hide();
      */
     show(): void;
-    /** Takes the icon away. */
+    /** Removes the icon. */
     hide(): void;
 
-    /** Called for a click on the icon. Both clicks of a double click are told here, too. */
+    /** Called for a click on the icon, including both clicks of a double click. */
     set onClick(value: () => void);
     /** Called for a double click on the icon. */
     set onDbClick(value: () => void);
-    /** Called for a click with the right button on the icon. */
+    /** Called for a right click on the icon. */
     set onRClick(value: () => void);
   }
 
-  /** The plug-in `console`: the author's log. A page has it as its global `console`. */
+  /** The plug-in `console`: the author's log. It is also the page's global `console`. */
   interface Console {
     /**
-     * Writes a line to the debugger's channel.
+     * Writes a line to the debugger's channel, which `tarvik-log` prints.
      *
-     * @param text - Only the first argument is written, and only if it is a string; a line ends at a zero character.
+     * @param text - Only the first argument is written, and only if it is a string. The line ends at its first zero
+     *   character.
      * @throws 0x80004005 without an argument.
      *
      * @example
@@ -984,8 +1003,8 @@ declare namespace Tarvik {
     log(text: string): void;
 
     /**
-     * Whether script errors are shown: `false` hides their dialog, any other value, and none at first, shows it.
-     * Without the dialog scripts go on; in it the user may stop them.
+     * Whether script errors open a dialog, in which the user can stop the page's scripts. Only `false` hides the
+     * dialog, and scripts then continue; any other value, and the initial `undefined`, shows it.
      *
      * @example
      * external.console.showJsError = false;
@@ -996,11 +1015,12 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `hotkey`: keys that call a function wherever the user works, also while the window is hidden.
+   * The plug-in `hotkey`: keys that call a function whichever program has the focus, even while the window is hidden.
    *
-   * Nobody else hears of the keys, so a combination without `ctrl`, `alt` or `win` takes a key away from all programs.
-   * What is set stays until it is cleared or the window goes, also when the page changes. The function of a page that
-   * has gone does nothing any more, and keeps the keys: a page clears what it sets, before or after.
+   * No other program receives the keys, so a combination without `ctrl`, `alt` or `win` takes a key away from all
+   * programs. A combination stays set until it is cleared or the window is destroyed. It survives navigation; then the
+   * previous page's function has no effect, but the combination stays taken. So a page should clear its combinations
+   * before it leaves, or before it sets them again.
    *
    * @example
    * var hotkey = external.hotkey;
@@ -1010,17 +1030,18 @@ declare namespace Tarvik {
    */
   interface Hotkey {
     /**
-     * Calls a function whenever the keys are pressed. A key that is held down calls again and again.
+     * Calls a function whenever the keys are pressed. While a key is held down, it calls repeatedly.
      *
-     * @param keys - Any of `ctrl`, `shift`, `alt` and `win`, each with a `+` behind it, and one key: a character,
-     *   which stands for the key that it is on, or `esc`, `pause`, `print`, `scroll`, `insert`, `delete`, `pageup`,
-     *   `pagedown`, `home`, `end`, `up`, `down`, `left`, `right`, `tab`, `back`, `return`, `f1` to `f12`. The case of
-     *   letters does not count. `+` cannot be the key, a character adds no shift of its own (`:` and `;` are one key),
-     *   and `pause` is the key Break, which keyboards have as Ctrl+Pause only: it is set as `ctrl+pause`.
-     * @param context - Is handed to the function.
-     * @returns `false` if the text is no combination, this window has it already, or the system refuses it, for
-     *   example because another program has it.
-     * @throws 0x80004001 without a function, 0x80070057 if it is `null` or no object, or the keys are no string.
+     * @param keys - Any of `ctrl`, `shift`, `alt` and `win`, each followed by a `+`, and one key: a character, which
+     *   stands for the key that types it, or `esc`, `pause`, `print`, `scroll`, `insert`, `delete`, `pageup`,
+     *   `pagedown`, `home`, `end`, `up`, `down`, `left`, `right`, `tab`, `back`, `return`, `f1` to `f12`. Not
+     *   case-sensitive. `+` cannot be the key. A character does not imply Shift (`:` and `;` are the same key). `pause`
+     *   is the key Break, which keyboards send for Ctrl+Pause only: set it as `ctrl+pause`.
+     * @param context - Passed to the function.
+     * @returns `false` if the text is not a combination, if this window has set it already, or if the system refuses
+     *   it, for example because another program has set it.
+     * @throws 0x80004001 without a function, 0x80070057 if the function is `null` or not an object, or if the keys are
+     *   not a string.
      *
      * @example
      * external.hotkey.set('ctrl+no such key', function () {});  //= false
@@ -1028,9 +1049,9 @@ declare namespace Tarvik {
     set(keys: string, callback: (context: any) => void, context?: any): boolean;
 
     /**
-     * Ends what {@link set} has begun.
+     * Clears a combination that {@link set} has set.
      *
-     * @returns Whether this window had set the keys.
+     * @returns Whether this window had set the combination.
      *
      * @example
      * external.hotkey.clear('ctrl+shift+alt+pagedown');  //= false
@@ -1039,10 +1060,10 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `mouse`: the pointer and its buttons.
+   * The plug-in `mouse`: the mouse pointer and its buttons.
    *
-   * A button is a whole number, {@link LBTN}, {@link RBTN} or {@link MBTN}. Without one, and for any other number, the
-   * left button is meant.
+   * A button is a whole number: {@link LBTN}, {@link RBTN} or {@link MBTN}. The default, and any other number, is the
+   * left button.
    *
    * @example
    * var mouse = window.external.mouse;
@@ -1050,10 +1071,10 @@ declare namespace Tarvik {
    */
   interface Mouse {
     /**
-     * Whether a button was down when the program took its last message. Script that waits for a change in a loop may
-     * never see it. By the time that a page hears of a short press, the button may be up again.
+     * Returns whether a button was down when the program took its last message from its queue. So a script that waits
+     * in a loop may never see a change. When a page learns of a short press, the button may already be up again.
      *
-     * @throws 0x80070057 if the button is no whole number.
+     * @throws 0x80070057 if the button is not a whole number.
      *
      * @example
      * external.mouse.isBtnDown();  //= false
@@ -1062,23 +1083,23 @@ declare namespace Tarvik {
     isBtnDown(button?: number): boolean;
 
     /**
-     * Presses a button where the pointer is, and lets go of it after 50 milliseconds, for which the page waits.
+     * Presses a button at the pointer and releases it after 50 milliseconds. The page waits meanwhile.
      *
-     * @returns Whether that was done.
-     * @throws 0x80070057 if the button is no whole number.
+     * @returns Whether it succeeded.
+     * @throws 0x80070057 if the button is not a whole number.
      *
      * @example
      * external.mouse.click(external.mouse.MBTN);  //= true
      */
     click(button?: number): boolean;
     /**
-     * The same: the click is where the pointer is, not at `x` and `y`. To click elsewhere, write {@link Mouse.x} and
-     * {@link Mouse.y} of the mouse first.
+     * The same: `x` and `y` have no effect, and the click is at the pointer. To click elsewhere, set {@link Mouse.x}
+     * and {@link Mouse.y} first.
      */
     click(button: number, x: number, y: number): boolean;
 
     /**
-     * Where the pointer is, in pixels from the left edge of the screen. Writing it keeps {@link Mouse.y}.
+     * The position of the pointer, in pixels from the left edge of the screen. Setting it keeps {@link Mouse.y}.
      *
      * @example
      * var mouse = window.external.mouse;
@@ -1087,7 +1108,7 @@ declare namespace Tarvik {
      */
     x: number;
     /**
-     * Where the pointer is, in pixels from the upper edge of the screen. Writing it keeps {@link Mouse.x}.
+     * The position of the pointer, in pixels from the upper edge of the screen. Setting it keeps {@link Mouse.x}.
      *
      * @example
      * var mouse = window.external.mouse, win = window.external.window;
@@ -1105,10 +1126,10 @@ declare namespace Tarvik {
   }
 
   /**
-   * The plug-in `dragfile`: what the page does with files that are dragged from other programs onto its elements.
+   * The plug-in `dragfile`: lets the user drop files from other programs on elements of the page.
    *
-   * An id stays bound when the page changes, and then means the element of the new page; the function of a page that
-   * has gone does nothing any more. A page that leaves unbinds its ids.
+   * An id stays bound when the page navigates, and then refers to the element of the new page; the previous page's
+   * function has no effect any more. So a page should unbind its ids before it leaves.
    *
    * @example
    * external.dragfile.bind('inbox', function (paths, folder) {
@@ -1120,25 +1141,25 @@ declare namespace Tarvik {
    */
   interface DragFile {
     /**
-     * Lets the user drag files onto the element of an id, and onto what is inside of it. It replaces what the id was
-     * bound to.
+     * Lets the user drop files on the element with an id, and on the elements inside it. It replaces an earlier binding
+     * of the id.
      *
-     * The nearest element that is bound takes the files; where there is none, they cannot be dropped. Ids are compared
-     * exactly.
+     * The nearest bound element receives the files. If no element around the pointer is bound, the files cannot be
+     * dropped there. Ids are case-sensitive.
      *
-     * @param callback - Called with the full paths of files and folders, and the context. A path has fewer than 260
-     *   characters; a longer one is cut. An object that is no function binds, too: files can be dropped, and nothing is
-     *   called. Anything else, such as `null`, unbinds the element.
-     * @param context - Is handed to the function.
-     * @throws 0x80070057 if the id is no string, and with fewer than two arguments.
+     * @param callback - Called with the full paths of files and folders, and the context. Paths are cut to fewer than
+     *   260 characters. An object that is not a function binds, too: then files can be dropped, but nothing is called.
+     *   Any other value, such as `null`, unbinds the element.
+     * @param context - Passed to the function.
+     * @throws 0x80070057 if the id is not a string, and with fewer than two arguments.
      */
     bind(id: string, callback: ((paths: List<string>, context: any) => void) | null, context?: any): void;
 
     /**
-     * What an id is bound to.
+     * Returns the binding of an id.
      *
-     * @returns `undefined` if it is not bound.
-     * @throws 0x80070057 if the id is no string.
+     * @returns `undefined` if the id is not bound.
+     * @throws 0x80070057 if the id is not a string.
      *
      * @example
      * external.dragfile.get('no such id');  //= undefined
@@ -1146,16 +1167,17 @@ declare namespace Tarvik {
     get(id: string): DropBinding | undefined;
   }
 
-  /** What {@link DragFile.bind} has noted for an id. */
+  /** The function and the context of {@link DragFile.bind}. */
   interface DropBinding {
     /** The function. */
     callback: (paths: List<string>, context: any) => void;
-    /** What is handed to it. */
+    /** The value that is passed to it. */
     context: any;
   }
 
   /**
-   * The plug-in `hash`: digests of texts. None of the three is fit for secrets any more: they compare and name things.
+   * The plug-in `hash`: digests of texts. None of the three algorithms is secure any more; use them to compare and to
+   * identify data.
    *
    * @example
    * var hash = window.external.hash;
@@ -1163,7 +1185,7 @@ declare namespace Tarvik {
    */
   interface Hash {
     /**
-     * A new digest by SHA-1.
+     * Creates an SHA-1 digest.
      *
      * @example
      * external.hash.sha1().addData('ab').addData('c').finish();  //= external.hash.sha1().addData('abc').finish()
@@ -1171,7 +1193,7 @@ declare namespace Tarvik {
     sha1(): Digest;
 
     /**
-     * A new digest by MD5.
+     * Creates an MD5 digest.
      *
      * @example
      * external.hash.md5().finish();  //= 'D41D8CD98F00B204E9800998ECF8427E'
@@ -1179,7 +1201,7 @@ declare namespace Tarvik {
     md5(): Digest;
 
     /**
-     * A new digest by MD4.
+     * Creates an MD4 digest.
      *
      * @example
      * external.hash.md4().addData('a').finish();  //= 'BDE52CB31DE33E46245E05FBDBD6FB24'
@@ -1187,35 +1209,36 @@ declare namespace Tarvik {
     md4(): Digest;
   }
 
-  /** A digest under way. */
+  /** A digest that is being computed. */
   interface Digest {
     /**
-     * Takes the UTF-8 form of a text.
+     * Adds a text, in UTF-8.
      *
-     * Only the sum of the pieces counts. With no argument, or more than one, nothing happens.
+     * It makes no difference how a text is split between calls. With no argument, or more than one, the call has no
+     * effect.
      *
-     * @returns The object itself, so calls make a chain.
-     * @throws 0x80004005 if it is no string.
+     * @returns The object itself, so calls can be chained.
+     * @throws 0x80004005 if the argument is not a string.
      */
     addData(text: string): Digest;
     /**
-     * The digest in upper-case hexadecimal digits. It is final: what is added later changes nothing.
+     * Returns the digest in upper-case hexadecimal digits. It is final: data that is added later has no effect.
      *
-     * @throws The system's status if the digest cannot be computed, as where it has switched an algorithm off.
+     * @throws The system's status if the digest cannot be computed, for example because the algorithm is disabled.
      */
     finish(): string;
   }
 
   /**
-   * The plug-in `file`: questions about files and folders; deleting, copying, moving and listing.
+   * The plug-in `file`: properties of files and folders; deleting, copying, moving and listing.
    *
-   * Paths count from the page and may be `file:` URLs; only the `path` of {@link File.enumFiles} counts from the
-   * current folder. The page stands still until a member is done; {@link File.copyAsync}, {@link File.moveAsync} and
-   * {@link File.enumFiles} return at once, and work on threads of their own.
+   * Paths are relative to the page and may be `file:` URLs, except the `path` of {@link File.enumFiles}, which is
+   * relative to the current folder. {@link File.copyAsync}, {@link File.moveAsync} and {@link File.enumFiles} return
+   * immediately and work on other threads; the page waits for all other members.
    */
   interface File {
     /**
-     * Whether there is a file or a folder.
+     * Returns whether a file or folder exists.
      *
      * @example
      * external.file.isFileExist('notes.txt');  //= true
@@ -1224,7 +1247,7 @@ declare namespace Tarvik {
     isFileExist(path: string): boolean;
 
     /**
-     * Whether there is a folder.
+     * Returns whether the path is an existing folder.
      *
      * @example
      * external.file.isDir('notes.txt');  //= false
@@ -1233,10 +1256,10 @@ declare namespace Tarvik {
     isDir(path: string): boolean;
 
     /**
-     * `true` only for a folder's full path that ends in `\.`, whatever the folder holds.
+     * Returns `true` only for the full path of a folder that ends in `\.`, whatever the folder contains.
      *
-     * A plain path gives `false` even for an empty folder. To find out what is in a folder, use
-     * {@link File.enumFiles}.
+     * Any other path returns `false`, even for an empty folder. To find out what a folder contains, use {@link
+     * File.enumFiles}.
      *
      * @example
      * external.file.mkDir('empty');
@@ -1247,7 +1270,8 @@ declare namespace Tarvik {
     isDirEmpty(path: string): boolean;
 
     /**
-     * The size of a file in bytes. It is a number of 64 bits, which old engines hand on but cannot calculate with.
+     * Returns the size of a file in bytes. It is a 64-bit integer, which the old engine can pass on but cannot
+     * calculate with.
      *
      * @returns `undefined` for a folder, and if the file cannot be opened for reading.
      *
@@ -1258,7 +1282,7 @@ declare namespace Tarvik {
     getSize(path: string): number | undefined;
 
     /**
-     * Makes a folder, one level. `false` if it is there already.
+     * Creates a folder, but not its parent folders. Returns `false` if the folder exists already.
      *
      * @example
      * external.file.mkDir('beds');  //= true
@@ -1270,10 +1294,10 @@ declare namespace Tarvik {
     /**
      * Deletes a file, or a folder with its contents.
      *
-     * Contents that cannot be deleted stay. A link to a folder goes without what it leads to.
+     * Contents that cannot be deleted stay. A link to a folder is deleted, but not its target.
      *
-     * @param delayed - `true` leaves it to the system, which does it at its next start.
-     * @returns `true` also if there is nothing to delete.
+     * @param delayed - `true`: the system deletes it at its next start.
+     * @returns `true` also if it does not exist.
      *
      * @example
      * external.file.copy('notes.txt', 'old.txt');
@@ -1284,10 +1308,10 @@ declare namespace Tarvik {
     deleteFile(path: string, delayed?: boolean): boolean;
 
     /**
-     * Copies by the system's shell, without a question.
+     * Copies with the system's shell, without prompting the user.
      *
-     * It goes into `dest` if that is a folder, replaces files and takes names with `*`. Paths have fewer than 260
-     * characters.
+     * If `dest` is a folder, it copies into that folder. It replaces existing files and accepts names with `*`. Paths
+     * must have fewer than 260 characters.
      *
      * @example
      * external.file.copy('notes.txt', 'copy.txt');  //= true
@@ -1297,12 +1321,12 @@ declare namespace Tarvik {
     copy(src: string, dest: string): boolean;
 
     /**
-     * Copies a file, or a folder with its contents, on a thread of its own.
+     * Copies a file, or a folder with its contents, on another thread.
      *
-     * A copy needs the folder above `destPath`, and takes along what a link to a folder leads to. What was copied
-     * stays, whatever ends the run.
+     * The parent folder of `destPath` must exist. The contents of a link's target folder are copied, too. Files that
+     * were copied stay, even if the operation fails or is cancelled.
      *
-     * @returns Whether the run has started. If not, `fail` has been called.
+     * @returns Whether the operation has started. If not, `fail` has been called.
      *
      * @example
      * external.file.copyAsync({
@@ -1325,7 +1349,7 @@ declare namespace Tarvik {
     copyAsync(options: FileTransferOptions): boolean;
 
     /**
-     * Moves by the system's shell, as {@link File.copy} copies. It renames, too.
+     * Moves or renames with the system's shell; otherwise like {@link File.copy}.
      *
      * @example
      * external.file.copy('notes.txt', 'before.txt');
@@ -1336,13 +1360,14 @@ declare namespace Tarvik {
     move(src: string, dest: string): boolean;
 
     /**
-     * Moves a file, or a folder with its contents, on a thread of its own.
+     * Moves a file, or a folder with its contents, on another thread.
      *
-     * A move within a drive is one step: it tells no progress, and replaces a file if it is asked to, but never a
-     * folder. A move from drive to drive makes the folder above `destPath`, and refuses a tree that has a link to a
-     * folder in it, before anything is moved. What was moved stays so, whatever ends the run.
+     * A move within a drive is a single step: it reports no progress, and with `replaceExisting` it replaces a file,
+     * but never a folder. A move between drives creates the parent folder of `destPath`. If the tree contains a link to
+     * a folder, it fails before anything is moved. Files that were moved stay moved, even if the operation fails or is
+     * cancelled.
      *
-     * @returns Whether the run has started. If not, `fail` has been called.
+     * @returns Whether the operation has started. If not, `fail` has been called.
      *
      * @example
      * external.file.copy('notes.txt', 'before.txt');
@@ -1357,10 +1382,10 @@ declare namespace Tarvik {
     moveAsync(options: FileTransferOptions): boolean;
 
     /**
-     * Lists a folder, on a thread of its own. The options are read there, so the object stays as it is until the end.
-     * {@link EnumFilesOptions.filter} describes the language of filters.
+     * Lists a folder, on another thread. That thread reads the options, so do not change the object until the end.
+     * {@link EnumFilesOptions.filter} describes the syntax of filters.
      *
-     * @throws 0x80070057 if there is no option object.
+     * @throws 0x80070057 without an option object.
      *
      * @example
      * var texts = [];
@@ -1388,85 +1413,87 @@ declare namespace Tarvik {
   }
 
   /**
-   * What {@link File.copyAsync} and {@link File.moveAsync} are given.
+   * The options of {@link File.copyAsync} and {@link File.moveAsync}.
    *
-   * A run that `progress` ends calls neither `success` nor `fail`.
+   * If `progress` cancels the operation, neither `success` nor `fail` is called.
    *
    * The `code` of `fail` is a status as a number with a sign:
    *
    * - 0x80070057: a path is missing;
-   * - 0x80070002: there is no `srcPath`;
-   * - 0x80070050, 0x800700b7: a file is there already, as a copy and as a move says it;
+   * - 0x80070002: `srcPath` does not exist;
+   * - 0x80070050 from a copy, 0x800700b7 from a move: a file exists already;
    * - 0x80070020: a file is in use;
    * - 0x80070032: a move found a link;
-   * - 0x80004005, 0x80070003: a file is where a folder should be, as a copy and as a move says it;
-   * - others 0x8007....: the low half is the system's error.
+   * - 0x80004005 from a copy, 0x80070003 from a move: a file is in the place of a folder;
+   * - other 0x8007....: the low half is the system's error.
    */
   interface FileTransferOptions {
     /** The file or folder. */
     srcPath: string;
-    /** Its new name: `a\b` copied to `c\d` gives `c\d\...`. */
+    /** Its new path: the contents of the folder `a\b`, copied to `c\d`, become `c\d\...`. */
     destPath: string;
-    /** `true` replaces files; without it a file that is there ends the run. */
+    /** `true` replaces existing files; otherwise, an existing file makes the operation fail. */
     replaceExisting?: boolean;
     /**
-     * Is told the bytes of all files, those done and the sum. `false` or an error ends the run, and so does leaving the
-     * page.
+     * Called with the number of bytes done and the total of all files. The result `false` or an error cancels the
+     * operation, and so does leaving the page.
      */
     progress?(processed: number, total: number, context: any): boolean | void;
-    /** Is called at the end of a run that did all. */
+    /** Called when the operation has succeeded. */
     success?(context: any): void;
-    /** Is called at the end of a run that failed. */
+    /** Called when the operation has failed. */
     fail?(code: number, context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
-  /** What {@link File.enumFiles} is given. Both functions are needed; without one nothing happens. */
+  /** The options of {@link File.enumFiles}. Both functions are required; without one, nothing happens. */
   interface EnumFilesOptions {
-    /** The folder; a relative one counts from the current folder. */
+    /** The folder; a relative path is relative to the current folder. */
     path: string;
-    /** `false` leaves out what is in its folders. */
+    /** `false` leaves out the contents of subfolders. */
     recursive?: boolean;
     /**
-     * An expression that is searched for in each path, from `path` on, with the case of letters: `\.txt$` lets texts
-     * pass. A text that is no expression lets everything pass.
+     * An expression that is searched for in each path, from `path` on. Only paths that match are listed: `\.txt$` lists
+     * text files. It is case-sensitive. An invalid expression matches every path.
      *
-     * A match may begin anywhere in the path. In a string of script each backslash is written twice. The language is one
-     * of its own:
+     * A match may begin anywhere in the path. In a JavaScript string, write each backslash twice. The syntax differs
+     * from JavaScript's:
      *
-     * - `.` is any character, `[a-z_]` one of a set, `[^a-z_]` one that is not in it.
-     * - `(...)` is a group, `{...}` one that is captured, too. `\0` to `\9` are what the first to the tenth `{...}`
+     * - `.` is any character, `[a-z_]` a character in a set, `[^a-z_]` one that is not in the set.
+     * - `(...)` is a group, `{...}` a capturing group. `\0` to `\9` match the text that the first to the tenth `{...}`
      *   captured.
-     * - `a|b` is either of the two. What stands before a `*` may be there any number of times, before a `+` once or more,
-     *   before a `?` once or not at all.
-     * - `!` before a character, set or group matches where the path does not go on with it. It takes no character itself,
-     *   so `!.` is the end of the path.
-     * - `^` as the first character is the start of the path, `$` as the last one its end. Elsewhere they are plain.
-     * - `\a` is a letter or digit, `\b` a blank or tab, `\c` a letter, `\d` a digit, `\h` a hexadecimal digit, `\n` a
-     *   line end, `\q` a quoted text, `\w` one or more letters, `\z` one or more digits. In a set they are their
-     *   characters; `\q` is no expression there.
-     * - A backslash makes any other character plain. Braces in names need one, too: `\{1\}`.
+     * - `a|b` is either of the two. `*` repeats the element before it any number of times, `+` at least once; `?` makes
+     *   it optional.
+     * - `!` before a character, set or group matches where the path does not continue with it. It consumes no character
+     *   itself, so `!.` is the end of the path.
+     * - `^` as the first character is the start of the path, `$` as the last one its end. Elsewhere, they stand for
+     *   themselves.
+     * - `\a` is a letter or digit, `\b` a blank or tab, `\c` a letter, `\d` a digit, `\h` a hexadecimal digit, `
+     * ` a line end, `\q` a quoted text, `\w` one or more letters, `\z` one or more digits. In a set, they stand for
+     * their characters; `\q` is invalid there.
+     * - A backslash before any other character makes it stand for itself. Braces in names need one, too: `\{1\}`.
      *
-     * So an exclusion is written from the start on: `^!(.*\.tmp)` leaves out paths with `.tmp` in them, `^!(.*\.tmp!.)`
-     * those that end with it.
+     * So an exclusion begins at the start of the path: `^!(.*\.tmp)` leaves out paths that contain `.tmp`, and
+     * `^!(.*\.tmp!.)` paths that end with it.
      */
     filter?: string;
     /**
-     * Is called for each file and folder, for folders after what is in them.
+     * Called for each file and folder; for a folder, after its contents.
      *
-     * `false` ends the listing; an error does not.
+     * The result `false` ends the listing; an error does not.
      *
-     * @param attributes - The system's: 16 a folder, 1 read-only, 2 hidden, and others, added up.
-     * @param size - Bytes; 0 for a folder.
+     * @param attributes - The sum of the system's file attributes: 1 for read-only, 2 for hidden, 16 for a folder, and
+     *   others.
+     * @param size - The size in bytes; 0 for a folder.
      */
     callback(path: string, attributes: number, size: number): boolean | void;
-    /** Is called at the end, in any case, also if there is no such folder. */
+    /** Called at the end in any case, even if the folder does not exist. */
     completed(): void;
   }
 
   /**
-   * The plug-in `fileIO`: one open file. Its bytes go to objects of {@link Stream} and come from them.
+   * The plug-in `fileIO`: one open file. Its bytes are read to {@link Stream} objects and written from them.
    *
    * @example
    * var file = external.fileIO, bytes = external.stream;
@@ -1478,13 +1505,13 @@ declare namespace Tarvik {
    */
   interface FileIO {
     /**
-     * Closes the file that is open and opens another. Others may read and write it meanwhile.
+     * Closes the current file, if any, and opens another. Other programs can read and write the file meanwhile.
      *
-     * @param path - A relative path counts from the page, and a `file:` URL is a path.
-     * @param mode - A word of letters: `r` to read and `w` to write; `e` for a file that must be there (which holds
-     *   without a letter), `n` for one that must not, `o` for either, and `c` to empty it or make it. Of several such
-     *   letters the last one holds.
-     * @returns Whether that worked.
+     * @param path - The file; relative to the page, or a `file:` URL.
+     * @param mode - A string of letters: `r` to read, `w` to write, and one of these: `e` if the file must exist (the
+     *   default), `n` to create a file that must not exist, `o` to open or create it, `c` to truncate or create it. Of
+     *   several such letters, the last one counts.
+     * @returns Whether the file is open.
      *
      * @example
      * var file = external.fileIO;
@@ -1499,11 +1526,11 @@ declare namespace Tarvik {
     close(): void;
 
     /**
-     * Moves bytes from the file to where the stream stands.
+     * Reads bytes from the file and writes them to the stream, at the positions of both.
      *
-     * @param length - How many bytes; -1 asks for all there is, up to 4 GiB.
-     * @returns How many bytes that were, also if it stopped early.
-     * @throws 0x80070057 if the length is 0 or more than 2147483647, or there is no stream.
+     * @param length - The number of bytes; -1 for all remaining bytes, up to 4 GiB.
+     * @returns The number of bytes moved, even if the operation stopped early.
+     * @throws 0x80070057 if the length is 0 or more than 2147483647, or without a stream.
      *
      * @example
      * var file = external.fileIO, bytes = external.stream;
@@ -1515,11 +1542,11 @@ declare namespace Tarvik {
     read(stream: Stream, length: number): number;
 
     /**
-     * Moves bytes from where the stream stands to the file.
+     * Reads bytes from the stream and writes them to the file, at the positions of both.
      *
-     * @param length - How many bytes; -1 asks for all there is, up to 4 GiB.
-     * @returns How many bytes that were, also if it stopped early.
-     * @throws 0x80070057 if the length is 0 or more than 2147483647, or there is no stream.
+     * @param length - The number of bytes; -1 for all remaining bytes, up to 4 GiB.
+     * @returns The number of bytes moved, even if the operation stopped early.
+     * @throws 0x80070057 if the length is 0 or more than 2147483647, or without a stream.
      *
      * @example
      * var file = external.fileIO, bytes = external.stream;
@@ -1533,13 +1560,13 @@ declare namespace Tarvik {
     write(stream: Stream, length: number): number;
 
     /**
-     * Reads on a thread of its own, and tells each piece.
+     * Reads on another thread, and passes each chunk to `progress`.
      *
-     * To close the file meanwhile makes the run fail with 0x80070006; to drop the object does not. All runs on one
-     * object share one position.
+     * Closing the file meanwhile makes the operation fail with 0x80070006; releasing the object does not. All
+     * operations on one object share one position.
      *
-     * @returns Whether the run has started. If not, `fail` has been called: with 0x80070057 if there is no `len` of
-     *   the right kind, or a `src`.
+     * @returns Whether the operation has started. If not, `fail` has been called, with 0x80070057 if `len` is missing
+     *   or of the wrong type, or if there is a `src`.
      *
      * @example
      * // On the page control. The example of `writeAsync` runs on both engines.
@@ -1563,14 +1590,14 @@ declare namespace Tarvik {
     readAsync(options: ReadAsyncOptions): boolean;
 
     /**
-     * Writes on a thread of its own.
+     * Writes on another thread.
      *
-     * A `len` beyond what `src` has writes a last piece that is filled up, with bytes of no meaning. To close the file
-     * meanwhile makes the run fail with 0x80070006; to drop the object does not. All runs on one object share one
-     * position.
+     * If `len` is greater than the number of bytes in `src`, the last chunk is padded with undefined bytes. Closing the
+     * file meanwhile makes the operation fail with 0x80070006; releasing the object does not. All operations on one
+     * object share one position.
      *
-     * @returns Whether the run has started. If not, `fail` has been called: with 0x80070057 if there is no `len` of
-     *   the right kind, or no `src`.
+     * @returns Whether the operation has started. If not, `fail` has been called, with 0x80070057 if `len` is missing
+     *   or of the wrong type, or if there is no `src`.
      *
      * @example
      * // Copies a file.
@@ -1602,11 +1629,11 @@ declare namespace Tarvik {
     writeAsync(options: WriteAsyncOptions): boolean;
 
     /**
-     * Moves the position. It may lie beyond the end.
+     * Moves the position, possibly beyond the end.
      *
      * @param offset - A whole number, which may be negative.
      * @param origin - {@link FileIO.BEGIN}, {@link FileIO.CURRENT} or {@link FileIO.END}.
-     * @returns The new position; `undefined` if that failed.
+     * @returns The new position; `undefined` if it failed.
      *
      * @example
      * var file = external.fileIO, bytes = external.stream;
@@ -1619,7 +1646,8 @@ declare namespace Tarvik {
     seek(offset: number, origin: 0 | 1 | 2): number | undefined;
 
     /**
-     * The size of the file in bytes. The position stays when it is written, unless that fails, which is not told.
+     * The size of the file in bytes. Setting it keeps the position. A failure is not reported, and may move the
+     * position.
      *
      * @example
      * var file = external.fileIO;
@@ -1631,15 +1659,15 @@ declare namespace Tarvik {
      */
     size: number;
 
-    /** For {@link FileIO.seek}: from the begin. */
+    /** For {@link FileIO.seek}: from the beginning. */
     readonly BEGIN: 0;
-    /** For {@link FileIO.seek}: from where the file stands. */
+    /** For {@link FileIO.seek}: from the current position. */
     readonly CURRENT: 1;
     /** For {@link FileIO.seek}: from the end. */
     readonly END: 2;
 
     /**
-     * No failure.
+     * The status of success.
      *
      * @example
      * external.fileIO.S_OK;  //= 0
@@ -1647,7 +1675,7 @@ declare namespace Tarvik {
     readonly S_OK: 0;
 
     /**
-     * The status 0x80004004, as a number to compare with.
+     * The status 0x80004004, for comparisons.
      *
      * @example
      * external.fileIO.E_ABORT;  //= -2147467260
@@ -1655,60 +1683,60 @@ declare namespace Tarvik {
     readonly E_ABORT: -2147467260;
   }
 
-  /** What {@link FileIO.readAsync} is given. */
+  /** The options of {@link FileIO.readAsync}. */
   interface ReadAsyncOptions {
     /**
-     * How many bytes: an unsigned whole number of 32 bits.
+     * The number of bytes: an unsigned 32-bit integer.
      *
-     * JavaScript's plain numbers are of another type and are refused. On the page control, `BigInt(n)` makes an unsigned
-     * number. The old engine has no BigInt, but keeps the type of a number that a member returns: there, `len` comes
-     * from {@link Stream.readUInt32}. On both engines, {@link FileIO.read} takes plain numbers.
+     * JavaScript's plain numbers have another type and are refused. On the page control, `BigInt(n)` creates an
+     * unsigned integer. The old engine has no BigInt, but keeps the type of a number that a member returns: there, use
+     * the result of {@link Stream.readUInt32}. On both engines, {@link FileIO.read} accepts plain numbers.
      */
     len: number | bigint;
     /**
-     * Is called for each piece of at most 65536 bytes. `false` ends the run with no further call.
+     * Called for each chunk of at most 65536 bytes. The result `false` ends the operation with no further call.
      *
-     * @param chunk - A new stream with that piece, at its begin.
+     * @param chunk - A new stream with the chunk's bytes, positioned at the beginning.
      */
     progress?(chunk: Stream, context: any): boolean | void;
-    /** Is called at the end, also when the file was shorter than `len`. */
+    /** Called when the operation has succeeded, even if the file was shorter than `len`. */
     success?(context: any): void;
-    /** Is called at the end of a run that failed. An error in `progress` is a failure, too. */
+    /** Called when the operation has failed. An error in `progress` makes the operation fail, too. */
     fail?(code: number, context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
-  /** What {@link FileIO.writeAsync} is given. */
+  /** The options of {@link FileIO.writeAsync}. */
   interface WriteAsyncOptions {
-    /** Where the bytes come from. The page leaves it alone until the end. */
+    /** The source of the bytes. The page must not use it until the end. */
     src: Stream;
     /**
-     * How many bytes: a number of the type of {@link ReadAsyncOptions.len}.
+     * The number of bytes: an integer of the type that {@link ReadAsyncOptions.len} requires.
      *
-     * On both engines, {@link FileIO.write} takes plain numbers.
+     * On both engines, {@link FileIO.write} accepts plain numbers.
      */
     len: number | bigint;
-    /** Is called for each piece of at most 65536 bytes. `false` ends the run with no further call. */
+    /** Called for each chunk of at most 65536 bytes. The result `false` ends the operation with no further call. */
     progress?(context: any): boolean | void;
-    /** Is called at the end, also when the stream was shorter than `len`. */
+    /** Called when the operation has succeeded, even if the stream was shorter than `len`. */
     success?(context: any): void;
-    /** Is called at the end of a run that failed. An error in `progress` is a failure, too. */
+    /** Called when the operation has failed. An error in `progress` makes the operation fail, too. */
     fail?(code: number, context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
-  /** How a text becomes bytes: UTF-8, UTF-16, or the system's code page. The case of letters does not count. */
+  /** The encoding of a text: UTF-8, UTF-16, or the system's ANSI code page. Not case-sensitive. */
   type Encoding = 'utf8' | 'unicode' | 'ansi';
 
   /**
-   * The plug-in `stream`: a block of bytes with a position, which grows as it is written.
+   * The plug-in `stream`: a block of bytes in memory with a position. It grows when it is written to.
    *
-   * Each read of `window.external.stream` gives a new, empty one.
+   * Each read of `window.external.stream` returns a new, empty stream.
    *
-   * Other plug-ins take such an object, or hand one over, where bytes are meant; leave it alone while one works on it.
-   * Numbers are little-endian. Counts and lengths are bytes; -1 means all, as without one, and a 0 throws 0x80070057.
+   * Other plug-ins use streams to receive and return bytes; do not use a stream while another plug-in works on it.
+   * Integers are little-endian. Counts and lengths are in bytes: -1, or none, means all bytes, and 0 throws 0x80070057.
    *
    * @example
    * var bytes = external.stream;
@@ -1720,11 +1748,11 @@ declare namespace Tarvik {
    */
   interface Stream {
     /**
-     * Writes the next bytes to another stream, at that one's position. The position here stays.
+     * Copies bytes from the position of this stream to the position of another. The position of this stream stays.
      *
-     * @param count - How many bytes; all without it.
-     * @returns How many bytes that were.
-     * @throws 0x80004002 if the target is no stream, 0x8007000E if there is not enough memory.
+     * @param count - The number of bytes; default: all.
+     * @returns The number of bytes.
+     * @throws 0x80004002 if the target is not a stream, 0x8007000E if there is not enough memory.
      *
      * @example
      * var from = external.stream, to = external.stream;
@@ -1736,12 +1764,12 @@ declare namespace Tarvik {
     copyTo(target: Stream, count?: number): number;
 
     /**
-     * Moves the position. It may lead beyond the end, and a write there fills the gap with zeros.
+     * Moves the position. It may be beyond the end; a write there fills the gap with zeros.
      *
      * @param offset - Not negative.
      * @param origin - {@link Stream.BEGIN}, {@link Stream.CURRENT} or {@link Stream.END}.
      * @returns The new position.
-     * @throws 0x80070057 if the offset is negative, or there is no such origin.
+     * @throws 0x80070057 if the offset is negative or the origin is unknown.
      *
      * @example
      * var bytes = external.stream;
@@ -1755,7 +1783,7 @@ declare namespace Tarvik {
     seek(offset: number, origin: 0 | 1 | 2): number;
 
     /**
-     * Cuts the content, or adds zeros to it. The position stays.
+     * Truncates the content, or extends it with zeros. The position stays.
      *
      * @returns `false` if there is not enough memory.
      *
@@ -1767,7 +1795,7 @@ declare namespace Tarvik {
     setSize(size: number): boolean;
 
     /**
-     * The number of bytes. It is a number of 64 bits, which old engines hand on but cannot calculate with.
+     * Returns the number of bytes. It is a 64-bit integer, which the old engine can pass on but cannot calculate with.
      *
      * @example
      * external.stream.getSize();  //= 0
@@ -1775,7 +1803,7 @@ declare namespace Tarvik {
     getSize(): number;
 
     /**
-     * The byte at the position, which moves on.
+     * Reads the byte at the position, which moves on.
      *
      * @returns `null` at the end.
      *
@@ -1803,9 +1831,9 @@ declare namespace Tarvik {
     writeUInt8(value: number): boolean;
 
     /**
-     * The number of 16 bits at the position, which moves on.
+     * Reads an unsigned 16-bit integer at the position, which moves on.
      *
-     * @returns `null` if the end comes before; then the position stays.
+     * @returns `null` if fewer bytes remain; the position then stays.
      */
     readUInt16(): number | null;
 
@@ -1817,14 +1845,14 @@ declare namespace Tarvik {
     writeUInt16(value: number): boolean;
 
     /**
-     * The number of 32 bits at the position, which moves on.
+     * Reads an unsigned 32-bit integer at the position, which moves on.
      *
-     * @returns `null` if the end comes before; then the position stays.
+     * @returns `null` if fewer bytes remain; the position then stays.
      */
     readUInt32(): number | null;
 
     /**
-     * Writes a number of 32 bits. A negative one is read back as the unsigned number of the same bits.
+     * Writes a 32-bit integer. A negative one reads back as the unsigned integer with the same bits.
      *
      * @returns `false` if there is not enough memory.
      *
@@ -1837,9 +1865,9 @@ declare namespace Tarvik {
     writeUInt32(value: number): boolean;
 
     /**
-     * The whole number of 64 bits at the position, which moves on. Above 2^53 it is rounded.
+     * Reads an unsigned 64-bit integer at the position, which moves on. Above 2^53, it is rounded.
      *
-     * @returns `null` if the end comes before; then the position stays.
+     * @returns `null` if fewer bytes remain; the position then stays.
      *
      * @example
      * var bytes = external.stream;
@@ -1853,7 +1881,7 @@ declare namespace Tarvik {
     /**
      * Writes the 8 bytes of a *floating-point* number.
      *
-     * So {@link Stream.readUInt64} does not give it back; that is intended.
+     * So {@link Stream.readUInt64} does not return the same number; this is by design.
      *
      * @returns `false` if there is not enough memory.
      *
@@ -1866,15 +1894,15 @@ declare namespace Tarvik {
     writeUInt64(value: number): boolean;
 
     /**
-     * The text of the next bytes.
+     * Reads bytes at the position as a text.
      *
-     * Zeros at the end of these bytes are left out, and the position does not move over them; zeros in between are
-     * part of the text.
+     * Zeros at the end of these bytes are not part of the text, and the position does not move past them. Other zeros
+     * are part of the text.
      *
-     * @param encoding - `utf8` without it.
-     * @param length - How many bytes; all without it.
+     * @param encoding - Default: `utf8`.
+     * @param length - The number of bytes; default: all.
      * @returns `null` at the end.
-     * @throws 0x80070057 if there is no such encoding.
+     * @throws 0x80070057 for an unknown encoding.
      *
      * @example
      * var bytes = external.stream, first = bytes.writeString('Käse'), second = bytes.writeString('Brot');
@@ -1886,11 +1914,11 @@ declare namespace Tarvik {
     readString(encoding?: Encoding, length?: number): string | null;
 
     /**
-     * Writes a text. Whoever writes several in a row notes their lengths, to read them back.
+     * Writes a text. If you write several in a row, keep their lengths to read them back.
      *
-     * @param encoding - `utf8` without it. `unicode` and `ansi` write a zero behind the text, `utf8` does not.
-     * @returns The number of bytes.
-     * @throws 0x80070057 if there is no such encoding, 0x8007000E if there is not enough memory.
+     * @param encoding - Default: `utf8`. `unicode` and `ansi` write a zero after the text, `utf8` does not.
+     * @returns The number of bytes written.
+     * @throws 0x80070057 for an unknown encoding, 0x8007000E if there is not enough memory.
      *
      * @example
      * external.stream.writeString('Käse');  //= 5
@@ -1899,11 +1927,11 @@ declare namespace Tarvik {
     writeString(text: string, encoding?: Encoding): number;
 
     /**
-     * Sets the next bytes of the content to a value. It never makes the stream longer.
+     * Sets bytes of the content, from the position on, to a value. It never extends the stream.
      *
-     * @param value - Up to 255; more throws 0x80070057.
-     * @param count - How many bytes; all up to the end without it.
-     * @returns How many bytes that were.
+     * @param value - At most 255; a greater value throws 0x80070057.
+     * @param count - The number of bytes; default: all up to the end.
+     * @returns The number of bytes.
      *
      * @example
      * var bytes = external.stream;
@@ -1913,9 +1941,9 @@ declare namespace Tarvik {
      */
     fill(value: number, count?: number): number;
 
-    /** For {@link Stream.seek}: from the begin. */
+    /** For {@link Stream.seek}: from the beginning. */
     readonly BEGIN: 0;
-    /** For {@link Stream.seek}: from the position. */
+    /** For {@link Stream.seek}: from the current position. */
     readonly CURRENT: 1;
     /** For {@link Stream.seek}: from the end. */
     readonly END: 2;
@@ -1924,27 +1952,29 @@ declare namespace Tarvik {
   /**
    * The plug-in `minizip`: ZIP archives.
    *
-   * Each run is on a thread of its own, and as many as are wanted go side by side.
+   * Each operation runs on its own thread; any number can run in parallel.
    *
-   * The options are read there, so the option object stays as it is until the end. Relative paths count from the
+   * That thread reads the options, so do not change the option object until the end. Relative paths are relative to the
    * current folder.
    */
   interface MiniZip {
     /**
-     * Unpacks an archive, and returns at once.
+     * Unpacks an archive, and returns immediately.
      *
-     * Exactly one of `success` and `fail` is called at the end. After a failure, what was unpacked stays, except in a
-     * `dest` that the run itself had made: that is removed.
+     * Exactly one of `success` and `fail` is called at the end. After a failure, files that were unpacked stay, unless
+     * the operation itself created `dest`: then that folder is removed.
      *
-     * - Nothing is written outside `dest`. A member with a refused name ends the run, unless `progress` returns `0` for
-     *   it. Refused are a path that would leave `dest`, an empty name, a colon or a NUL in it, and the names of devices,
-     *   such as `con` and `aux.txt`. The same holds for a member whose entry in the archive's directory is broken.
+     * - Nothing is written outside `dest`. An entry with a refused name makes the operation fail, unless `progress`
+     *   returns `0` for it. Refused names are paths that lead outside `dest`, empty names, names with a colon or a NUL,
+     *   and names of devices, such as `con` and `aux.txt`. The same applies to an entry whose record in the archive's
+     *   directory is damaged.
      * - Names that are not marked as UTF-8 are read in the ANSI code page of the system. Many programs write them in an
-     *   OEM code page instead, such as 437: letters outside ASCII come out as other letters.
-     * - An empty member that has the name of a folder in the archive is that folder, also without the slash at its end.
-     * - Archives of more than 65,535 members or 4 GiB, and others whose directory has the format Zip64, are not read.
+     *   OEM code page instead, such as 437; then letters outside ASCII come out wrong.
+     * - An empty entry that has the name of a folder in the archive counts as that folder, even without a slash at its
+     *   end.
+     * - Archives of more than 65,535 entries or 4 GiB, and others whose directory has the format Zip64, cannot be read.
      *
-     * @throws 0x80070057 if there is no option object.
+     * @throws 0x80070057 without an option object.
      *
      * @example
      * var names = [];
@@ -1971,10 +2001,10 @@ declare namespace Tarvik {
     unzip(options: UnzipOptions): void;
 
     /**
-     * Unpacks an archive that lies in memory.
+     * Unpacks an archive in memory.
      *
-     * It is read where it is, by its address: a plug-in library makes the option object, and keeps the memory until
-     * the end.
+     * The archive is read at its address, without a copy: a plug-in library creates the option object, and keeps the
+     * memory valid until the end.
      *
      * @example
      * function unpack(options) {  // from a plug-in library, with buffer and length
@@ -1986,24 +2016,25 @@ declare namespace Tarvik {
     unzip(options: UnzipMemoryOptions): void;
 
     /**
-     * Packs files and folders, and returns at once.
+     * Packs files and folders, and returns immediately.
      *
-     * Exactly one of `success` and `fail` is called at the end. After a failure the new file is removed, also where it
-     * had replaced one; a stream keeps what was written so far.
+     * Exactly one of `success` and `fail` is called at the end. After a failure, the new file is removed, even if it
+     * replaced another one; a stream keeps the bytes that were written.
      *
-     * - Names in the archive count from the folder in `src`, which has no entry of its own. A folder below it has one,
-     *   behind its contents. So an empty folder gives an empty archive.
-     * - A file named in `src` itself has its own name in the archive.
-     * - A folder is named without a backslash at its end: with one, the names directly below it lose their first
-     *   letter, and names of one letter end the run.
-     * - A file that vanishes while others are packed becomes an empty entry with its name and a slash.
-     * - Two files of the same name that are listed in `src` are both packed, under that one name. `unzip` then finds the
-     *   second file there already: that ends its run, or replaces the first file with `overWrite`.
-     * - `dest` may lie in a folder of `src`: the archive leaves itself out.
-     * - A file that grows while it is read is packed up to the size that it had at first.
-     * - An archive has at most 65,535 entries, and no name with a colon in it. It and each file stay below 4 GiB.
+     * - Names in the archive are relative to the folder in `src`, which has no entry itself. Each folder below it has
+     *   an entry, after its contents. So an empty folder yields an empty archive.
+     * - A file that `src` lists itself has its plain name in the archive.
+     * - Write a folder without a backslash at its end. With one, the names directly below it lose their first letter,
+     *   and a name of one letter makes the operation fail.
+     * - A file that disappears while others are packed becomes an empty entry with its name and a slash.
+     * - If `src` lists two files with the same name, both are packed under that name. `unzip` then fails at the second
+     *   file, or replaces the first one if `overWrite` is set.
+     * - `dest` may be in a folder of `src`: the archive does not contain itself.
+     * - A file that grows while it is read is packed up to its original size.
+     * - An archive has at most 65,535 entries and no name with a colon. The archive and each file must be smaller than
+     *   4 GiB.
      *
-     * @throws 0x80070057 if there is no option object.
+     * @throws 0x80070057 without an option object.
      *
      * @example
      * external.minizip.zip({
@@ -2028,125 +2059,127 @@ declare namespace Tarvik {
     zip(options: ZipOptions): void;
   }
 
-  /** What both forms of {@link MiniZip.unzip} are given. */
+  /** The options of both forms of {@link MiniZip.unzip}. */
   interface UnzipRunOptions {
-    /** The folder to unpack into; it is made if it is missing. */
+    /** The folder to unpack into; it is created if it does not exist. */
     dest: string;
-    /** `true` replaces files; without it a file that is there ends the run. */
+    /** `true` replaces existing files; otherwise, an existing file makes the operation fail. */
     overWrite?: boolean;
     /**
-     * Is told how the run goes on, and steers it.
+     * Receives the progress, and can skip entries or cancel the operation.
      *
-     * It is called before each member with its name alone, and with each piece written.
-     * `false` ends the run; `0` before a member leaves it out, also one that would end the run. An error counts as no
-     * answer.
+     * It is called before each entry, with the entry's name alone, and for each chunk written. The result `false`
+     * cancels the operation. The result `0` before an entry skips it, even one that would make the operation fail. An
+     * error counts as no result.
      *
-     * @param name - The member's name in the archive.
-     * @param total - Bytes of all members, 4294967295 at most; missing before a member, as are the others.
-     * @param processed - Bytes that were written.
+     * @param name - The entry's name in the archive.
+     * @param total - The bytes of all entries, at most 4294967295. Before an entry, this argument and the next ones are
+     *   missing.
+     * @param processed - The bytes that were written.
      */
     progress?(name: string, total?: number, processed?: number, context?: any): boolean | number | void;
-    /** Is called at the end of a run that did all. */
+    /** Called when the operation has succeeded. */
     success?(context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
   /**
-   * What {@link MiniZip.unzip} is given to unpack a file.
+   * The options of {@link MiniZip.unzip} for an archive in a file.
    *
    * The `code` of `fail` is a status as a number with a sign:
    *
-   * - 0x80070002 and others 0x8007....: a file could not be opened or made; the low half is the system's error;
-   * - 0x80070050: a file is there already;
-   * - 0x800700B7: a file is in the place of a folder or a folder in the place of a file, of this archive or from before;
+   * - 0x80070002 and other 0x8007....: a file could not be opened or created; the low half is the system's error;
+   * - 0x80070050: a file exists already;
+   * - 0x800700B7: a file, of this archive or an older one, is in the place of a folder, or a folder in the place of a
+   *   file;
    * - 0x80070057: `dest` is missing;
-   * - 0x80004004: `progress` ended the run before a member;
-   * - 0x80004005: anything else: no archive or a broken one, a member with a refused name, a full disk, an end by
-   *   `progress` within a member.
+   * - 0x80004004: `progress` cancelled the operation before an entry;
+   * - 0x80004005: any other failure: no archive or a damaged one, an entry with a refused name, a full disk, a cancel
+   *   by `progress` within an entry.
    */
   interface UnzipOptions extends UnzipRunOptions {
-    /** The file that holds the archive, at its end: a ZIP file, or any file with archives attached. */
+    /** The file that contains the archive, at its end: a ZIP file, or any file with archives attached. */
     src: string;
-    /** Which archive of the file, counted from the end: a whole number; 0, the last, without it. */
+    /** Which archive of the file, counted from the end: a whole number; default: 0, the last one. */
     index?: number;
-    /** Is called at the end of a run that failed. The order of the arguments differs from that of other members. */
+    /** Called when the operation has failed. The order of the arguments differs from other members. */
     fail?(context: any, code: number): void;
   }
 
   /**
-   * What {@link MiniZip.unzip} is given to unpack memory.
+   * The options of {@link MiniZip.unzip} for an archive in memory.
    *
-   * The codes are those of {@link UnzipOptions}; 0x80070057 says also that no memory can be read at `buffer`.
+   * The codes are those of {@link UnzipOptions}; 0x80070057 also means that the memory at `buffer` cannot be read.
    */
   interface UnzipMemoryOptions extends UnzipRunOptions {
-    /** There is none. */
+    /** Not used. */
     src?: undefined;
-    /** The address: a whole number of 64 bits. Script has no such numbers, so a plug-in library puts it here. */
+    /** The address: a 64-bit integer. JavaScript has no such numbers, so a plug-in library sets it. */
     buffer: any;
     /** The size in bytes, likewise. */
     length: any;
-    /** Is called at the end of a run that failed. */
+    /** Called when the operation has failed. */
     fail?(none: null, context: any, code: number): void;
   }
 
   /**
-   * What {@link MiniZip.zip} is given.
+   * The options of {@link MiniZip.zip}.
    *
    * The `code` of `fail` is a status as a number with a sign:
    *
-   * - 0x80070050: the archive is there already;
-   * - other 0x8007....: `dest` could not be made, or a file or folder named in `src` could not be opened; the low half
-   *   is the system's error;
-   * - 0x80004005: anything else: a path of `src` that leads nowhere, a file that cannot be read or shrinks while it is
-   *   read, a full disk, a `dest` of another kind, an end by `progress`.
+   * - 0x80070050: the archive exists already;
+   * - other 0x8007....: `dest` could not be created, or a file or folder that `src` lists could not be opened; the low
+   *   half is the system's error;
+   * - 0x80004005: any other failure: a path of `src` that does not exist, a file that cannot be read or shrinks while
+   *   it is read, a full disk, a `dest` of another type, a cancel by `progress`.
    */
   interface ZipOptions {
-    /** Files and folders, in the order of the archive. */
+    /** The files and folders, in the order in which they are packed. */
     src: string | string[];
     /**
      * The archive's path, or a stream.
      *
-     * A stream takes the archive from its begin on, and is left alone by the page until the end is told. One that was
-     * longer than the archive keeps its end.
+     * A stream receives the archive from its beginning on. The page must not use it until `success` or `fail` is
+     * called. If the stream was longer than the archive, its remaining bytes stay.
      */
     dest: string | Stream;
-    /** `true` replaces the file `dest`; without it a file that is there ends the run. */
+    /** `true` replaces the file `dest`; otherwise, an existing file makes the operation fail. */
     overWrite?: boolean;
     /**
-     * Is called after each write to the archive. `false` ends the run.
+     * Called after each write to the archive. The result `false` cancels the operation.
      *
-     * @param path - The file or folder at hand; `''` for an archive without entries.
-     * @param total - The bytes of all files. It and `processed` are numbers of 64 bits, which old engines hand on but
-     *   cannot calculate with.
+     * @param path - The file or folder that is being packed; `''` for an archive without entries.
+     * @param total - The bytes of all files. `total` and `processed` are 64-bit integers, which the old engine can pass
+     *   on but cannot calculate with.
      * @param processed - Always 0.
      */
     progress?(path: string, total: number, processed: number, context: any): boolean | void;
-    /** Is called at the end of a run that did all. */
+    /** Called when the operation has succeeded. */
     success?(context: any): void;
     /**
-     * Is called at the end of a run that failed. The order of the arguments is the other way round than in `unzip`.
+     * Called when the operation has failed. The order of the arguments is the reverse of that in `unzip`.
      */
     fail?(code: number, context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
   /**
-   * The plug-in `system`: command line, environment, programs, shortcuts and the power.
+   * The plug-in `system`: command line, environment, programs, shortcuts and the power state.
    *
-   * Paths count from the page, but that of {@link System.parseShortcut} is a full one. The power is changed without a
-   * question: that is the page's.
+   * Paths are relative to the page, except that {@link System.parseShortcut} requires a full path. The members that
+   * change the power state do not prompt the user; that is up to the page.
    *
-   * The plug-in sets variables of the environment to the user's folders, at its first use: `DESKTOP`, `STARTMENU`,
-   * `STARTUP`, `PROGRAMS`, the same four for all users (`COMMON_DESKTOP` and so on), `SENDTO`, `MYDOCUMENTS`, and
-   * `LOCALAPPDATA` where it is missing. Programs that are started have them, too.
+   * At its first use, the plug-in sets environment variables to the user's folders: `DESKTOP`, `STARTMENU`, `STARTUP`,
+   * `PROGRAMS`, the same four for all users (`COMMON_DESKTOP` and so on), `SENDTO`, `MYDOCUMENTS`, and `LOCALAPPDATA`
+   * if it is not set. Programs that the page starts inherit them.
    */
   interface System {
     /**
-     * Ends the session and starts the system again.
+     * Ends the session and restarts the system.
      *
-     * @returns Whether that has begun.
+     * @returns Whether it has begun.
      *
      * @example
      * function onRestartButton() {
@@ -2156,9 +2189,9 @@ declare namespace Tarvik {
     reboot(): boolean;
 
     /**
-     * Ends the session and the system.
+     * Ends the session and shuts the system down.
      *
-     * @returns Whether that has begun.
+     * @returns Whether it has begun.
      *
      * @example
      * function onOffButton() {
@@ -2168,9 +2201,9 @@ declare namespace Tarvik {
     shutdown(): boolean;
 
     /**
-     * Puts the system to sleep, to its disk. The name is meant so.
+     * Hibernates: the system saves its memory to disk and turns off. The spelling of the name is part of the interface.
      *
-     * @returns Whether that was done.
+     * @returns Whether it succeeded.
      *
      * @example
      * function onSleepButton(deeply) {
@@ -2180,14 +2213,14 @@ declare namespace Tarvik {
     hiberhates(): boolean;
 
     /**
-     * Puts the system to sleep, in its memory. The name is meant so.
+     * Puts the system to sleep; its memory stays powered.
      *
-     * @returns Whether that was done.
+     * @returns Whether it succeeded.
      */
     suspended(): boolean;
 
     /**
-     * Switches the monitor off.
+     * Turns the monitor off.
      *
      * @returns `true`.
      *
@@ -2202,12 +2235,12 @@ declare namespace Tarvik {
     /**
      * Locks the screen.
      *
-     * @returns Whether it is being locked.
+     * @returns Whether locking has begun.
      */
     lockWorkStation(): boolean;
 
     /**
-     * Throws, whatever it is given: the script goes no further.
+     * Throws, whatever its arguments are, to end the script.
      *
      * @throws 0x80004004
      *
@@ -2223,8 +2256,8 @@ declare namespace Tarvik {
     /**
      * Opens a file, a program or an address.
      *
-     * @returns With `exitCallback`: whether it was started. Without, the other way round: `false` if it was started,
-     *   `true` if not, also where the user refuses; an empty `path` gives `false`, too. Scripts rely on it.
+     * @returns With `exitCallback`: whether it was started. Without it, the reverse: `false` if it was started, `true`
+     *   if not, including when the user refuses; an empty `path` also returns `false`. Existing scripts rely on this.
      *
      * @example
      * external.system.shellExecute({
@@ -2243,9 +2276,9 @@ declare namespace Tarvik {
     shellExecute(options: ShellExecuteOptions): boolean;
 
     /**
-     * Makes a shortcut. The program that it leads to will start in its own folder.
+     * Creates a shortcut. The target program will start in its own folder.
      *
-     * @returns Whether it was saved; `false` for `dest` and `desktop` at once, and for neither of them.
+     * @returns Whether it was saved; `false` if both or neither of `dest` and `desktop` are given.
      *
      * @example
      * var link = external.system.expandEnvirPath('%TEMP%\\notes.lnk');
@@ -2261,10 +2294,10 @@ declare namespace Tarvik {
     createShortcut(options: CreateShortcutOptions): boolean;
 
     /**
-     * Tells what a shortcut leads to.
+     * Returns the target of a shortcut.
      *
      * @param path - A full path.
-     * @returns `null` for what is no shortcut to a file.
+     * @returns `null` if the file is not a shortcut to a file.
      *
      * @example
      * var link = external.system.expandEnvirPath('%TEMP%\\notes.lnk');
@@ -2276,9 +2309,9 @@ declare namespace Tarvik {
     parseShortcut(path: string): ParsedShortcut | null;
 
     /**
-     * A variable of the environment.
+     * Returns the value of an environment variable.
      *
-     * @returns `null` if there is none, or it is empty; `''` for a value of 520 characters or more.
+     * @returns `null` if the variable does not exist or is empty; `''` for a value of 520 characters or more.
      *
      * @example
      * external.system.getEnvirVar('NO SUCH VARIABLE');  //= null
@@ -2287,9 +2320,9 @@ declare namespace Tarvik {
     getEnvirVar(name: string): string | null;
 
     /**
-     * A text with the value for each `%name%`; unknown ones stay.
+     * Replaces each `%name%` in a text by the variable's value; unknown names stay as they are.
      *
-     * @returns `''` where that is 520 characters or more, `null` if the system fails.
+     * @returns `''` if the result has 520 characters or more, `null` if the system fails.
      *
      * @example
      * var folder = external.system.getEnvirVar('DESKTOP');
@@ -2299,9 +2332,9 @@ declare namespace Tarvik {
     expandEnvirPath(text: string): string | null;
 
     /**
-     * Clicks the entry of a file's menu that pins it to the task bar.
+     * Pins a program to the task bar, by the command of the file's context menu.
      *
-     * @returns `false` where the menu has no such entry, as in newer systems.
+     * @returns `false` if the menu has no such command, as in newer systems.
      *
      * @example
      * external.system.pinToTaskbar('no such.exe');  //= false
@@ -2312,9 +2345,9 @@ declare namespace Tarvik {
     pinToTaskbar(path: string): boolean;
 
     /**
-     * Clicks the entry of a file's menu that takes it from the task bar.
+     * Unpins a program from the task bar, by the command of the file's context menu.
      *
-     * @returns `false` where the menu has no such entry, as in newer systems.
+     * @returns `false` if the menu has no such command, as in newer systems.
      *
      * @example
      * external.system.unpinFromTaskbar('no such.exe');  //= false
@@ -2322,11 +2355,11 @@ declare namespace Tarvik {
     unpinFromTaskbar(path: string): boolean;
 
     /**
-     * Loads a library, has it enter itself in the registry, and frees it.
+     * Registers a COM library: loads it, calls its `DllRegisterServer`, and frees it.
      *
-     * Most libraries need an administrator's rights for it.
+     * Most libraries require elevated privileges for this.
      *
-     * @returns Whether it answered exactly 0.
+     * @returns Whether the library returned exactly 0.
      *
      * @example
      * external.system.registerDll('no such.dll');  //= false
@@ -2337,11 +2370,11 @@ declare namespace Tarvik {
     registerDll(path: string): boolean;
 
     /**
-     * Loads a library, has it take itself out of the registry, and frees it.
+     * Unregisters a COM library: loads it, calls its `DllUnregisterServer`, and frees it.
      *
-     * Most libraries need an administrator's rights for it.
+     * Most libraries require elevated privileges for this.
      *
-     * @returns Whether it answered exactly 0.
+     * @returns Whether the library returned exactly 0.
      *
      * @example
      * external.system.unregisterDll('no such.dll');  //= false
@@ -2349,12 +2382,12 @@ declare namespace Tarvik {
     unregisterDll(path: string): boolean;
 
     /**
-     * Whether the program has an administrator's rights.
+     * Whether the program runs with an administrator's privileges.
      *
-     * To write `true` starts the program again, with a question to the user for these rights, and ends this one, also
-     * when the user refuses; the line throws 0x80004004. Nothing happens if it has these rights already, nor by
-     * `false`. The new one gets the same command line, but without its quotes: an argument with a blank in it arrives
-     * as two.
+     * Writing `true` restarts the program elevated, which prompts the user, and ends this process even if the user
+     * refuses; the assignment throws 0x80004004. It has no effect if the program is already elevated, and neither has
+     * writing `false`. The new process gets the same command line, but without its quotes: an argument that contains a
+     * blank arrives as two.
      *
      * @example
      * typeof external.system.administrator;  //= 'boolean'
@@ -2368,7 +2401,7 @@ declare namespace Tarvik {
     readonly cmdArgs: CommandLine;
 
     /**
-     * The system's language and country, like `en-US`; `undefined` if the system does not say.
+     * The system's language and country, like `en-US`; `undefined` if the system does not report it.
      *
      * @example
      * /^[a-z]+-/.test(external.system.systemLanguage);  //= true
@@ -2376,7 +2409,7 @@ declare namespace Tarvik {
     readonly systemLanguage: string | undefined;
 
     /**
-     * The user's language and country, like `en-US`; `undefined` if the system does not say.
+     * The user's language and country, like `en-US`; `undefined` if the system does not report it.
      *
      * @example
      * document.documentElement.lang = external.system.userLanguage || 'en';
@@ -2392,7 +2425,7 @@ declare namespace Tarvik {
     readonly isX64Process: boolean;
 
     /**
-     * `false` for a 64-bit program on a 64-bit system, because the system only tells 32-bit programs that it has more.
+     * Whether this is a 32-bit program on a 64-bit system; so it is `false` for a 64-bit program.
      *
      * @example
      * external.system.isX64System;  //= false
@@ -2400,63 +2433,64 @@ declare namespace Tarvik {
     readonly isX64System: boolean;
   }
 
-  /** What {@link System.shellExecute} is given. */
+  /** The options of {@link System.shellExecute}. */
   interface ShellExecuteOptions {
-    /** A file, a program by its full path or counting from the page, or an address. */
+    /** A file or a program, by a full path or a path relative to the page, or an address. */
     path: string;
-    /** What the program is given, as it stands: quotes around arguments with blanks are the page's. */
+    /** The program's arguments, passed as they are; put quotes around arguments that contain blanks. */
     args?: string;
-    /** The folder that it starts in. */
+    /** The folder in which it starts. */
     workDir?: string;
-    /** `true` asks the user for an administrator's rights, if the program has not got them. */
+    /** `true` prompts the user for elevation, unless this program is already elevated. */
     requestAdmin?: boolean;
     /**
-     * Is called when the program has ended; nothing else ends the wait.
+     * Called when the program has ended; there is no timeout.
      *
-     * It is not called if a program that was running has taken the file or address over. With this option, the system
-     * may tell the user why something was not started, and the call waits for that; there is no word to the user who
-     * has refused the rights.
+     * It is not called if a program that was already running opens the file or address. With this option, the system
+     * may show the user why the program was not started, and the call waits until the user closes that message. There
+     * is no message if the user has refused elevation.
      *
      * @param code - The program's exit code.
      */
     exitCallback?(code: number, context: any): void;
-    /** Is handed to the function. */
+    /** Passed to the function. */
     context?: any;
   }
 
-  /** What {@link System.createShortcut} is given. */
+  /** The options of {@link System.createShortcut}. */
   interface CreateShortcutOptions {
-    /** What it leads to: a file or an address. */
+    /** The target: a file or an address. */
     src: string;
-    /** Arguments for a program. */
+    /** The arguments for a target program. */
     arg?: string;
-    /** The shortcut's own path. `.lnk`, or `.url` for an address, is put behind if it is not there. */
+    /** The path of the shortcut. `.lnk`, or `.url` for an address, is appended if it is missing. */
     dest?: string;
-    /** `true` puts it on the desktop, in place of `dest`. */
+    /** `true` creates it on the desktop, instead of `dest`. */
     desktop?: boolean;
     /**
      * Its name on the desktop.
      *
-     * Without it, a file lends its own, with its extension: `b.exe` gives `b.exe.lnk`. An address needs one, and `n`
-     * gives `n.lnk.url`.
+     * The default is the target file's name with its extension: `b.exe` becomes `b.exe.lnk`. An address requires a
+     * name, and `n` becomes `n.lnk.url`.
      */
     destName?: string;
-    /** A file with icons. */
+    /** A file that contains icons. */
     icon?: string;
-    /** Which of the icons in `icon`: a whole number; 0 without it. Without `icon` it has no effect. */
+    /** The index of an icon in `icon`: a whole number; default: 0. Without `icon`, it has no effect. */
     iconIndex?: number;
   }
 
-  /** What {@link System.parseShortcut} answers. */
+  /** The result of {@link System.parseShortcut}. */
   interface ParsedShortcut {
-    /** The file that the shortcut leads to. */
+    /** The target file. */
     path: string;
-    /** The arguments for it. */
+    /** The arguments for the target. */
     args: string;
   }
 
   /**
-   * The command line of the program. Names ignore the case of letters, and one `-` or `/` before them.
+   * The command line of the program. Names of switches and keys are not case-sensitive, and one `-` or `/` before them
+   * is ignored.
    *
    * @example
    * var args = external.system.cmdArgs, all = [];
@@ -2466,34 +2500,35 @@ declare namespace Tarvik {
    * args.getArgPair('no such key');  //= null
    */
   interface CommandLine {
-    /** The number of arguments, the program included. */
+    /** Returns the number of arguments, the program included. */
     getOrgArgsCount(): number;
 
     /**
-     * One of the arguments; the program is at 0.
+     * Returns an argument; the program has the index 0.
      *
-     * @returns `null` outside.
+     * @returns `null` if the index is out of range.
      */
     getOrgArg(index: number): string | null;
 
-    /** Whether there is such a switch: `-s`, `/s` or a bare word. */
+    /** Returns whether there is a switch with this name: `-s`, `/s` or a bare word. */
     isSwitchExist(name: string): boolean;
 
     /**
-     * The value of a pair: `-key value`, `/key value` or `key=value`. Behind a `=` it has up to 99 characters.
+     * Returns the value of a pair: `-key value`, `/key value` or `key=value`. After a `=`, it has at most 99
+     * characters.
      *
-     * @returns `null` if there is none.
+     * @returns `null` if there is no such key.
      */
     getArgPair(name: string): string | null;
   }
 
   /**
-   * The plug-in `registry`: the system's registry.
+   * The plug-in `registry`: the Windows registry.
    *
    * A path begins with `HKEY_CLASSES_ROOT`, `HKEY_CURRENT_CONFIG`, `HKEY_CURRENT_USER`, `HKEY_LOCAL_MACHINE` or
-   * `HKEY_USERS`, in letters of any case, and whatever character follows that name is taken for its backslash. What
-   * stands behind the last backslash is the name of a value, or of the key to delete. A path that ends in a backslash
-   * means the key's default value. Names with zeros in them are refused.
+   * `HKEY_USERS`. The root's name is not case-sensitive, and any character after it counts as its backslash. The part
+   * after the last backslash is the name of a value, or of the key to delete. A path that ends in a backslash refers to
+   * the key's default value. Names that contain zeros are refused.
    *
    * @example
    * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
@@ -2505,30 +2540,30 @@ declare namespace Tarvik {
    */
   interface Registry {
     /**
-     * Makes a key, and those above it.
+     * Creates a key and its parent keys.
      *
-     * @returns `true` also if it is there.
+     * @returns `true` also if the key exists already.
      */
     createKey(path: string): boolean;
 
     /**
-     * Deletes a key with all that is below it.
+     * Deletes a key with everything below it.
      *
-     * Where something cannot be deleted it stops, and what is gone by then stays gone.
+     * It stops at the first item that cannot be deleted; the items before it stay deleted.
      *
-     * @returns Whether all of it was deleted; `false` also if there is no such key, for a path that ends in a backslash,
-     *   and for a root alone.
+     * @returns Whether everything was deleted; `false` also if the key does not exist, for a path that ends in a
+     *   backslash, and for a root alone.
      */
     deleteKey(path: string): boolean;
 
     /**
-     * Writes a value into a key that is there. What it is stored as depends on its kind:
+     * Writes a value to an existing key. Its type determines how it is stored:
      *
      * - a whole number of 32 bits as `REG_DWORD`;
-     * - another number as `REG_QWORD`, its whole part; beyond 64 bits it is refused;
+     * - another number as `REG_QWORD`, without its fraction; beyond 64 bits, it is refused;
      * - a boolean as `REG_DWORD`, 1 or 0;
      * - a string as `REG_SZ`;
-     * - anything else is refused.
+     * - any other type is refused.
      *
      * @returns Whether it was written.
      *
@@ -2545,7 +2580,7 @@ declare namespace Tarvik {
     /**
      * Deletes a value.
      *
-     * @returns `false` also if there is none.
+     * @returns `false` also if the value does not exist.
      *
      * @example
      * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
@@ -2558,12 +2593,12 @@ declare namespace Tarvik {
     deleteValue(path: string): boolean;
 
     /**
-     * A value: a string for `REG_SZ` and `REG_EXPAND_SZ`, a number for `REG_DWORD` and `REG_QWORD`.
+     * Reads a value: a string for `REG_SZ` and `REG_EXPAND_SZ`, a number for `REG_DWORD` and `REG_QWORD`.
      *
-     * Numbers are unsigned: -1 reads back as 4294967295. Above 2^53 they are rounded. Strings have no zeros at their
-     * end, and those of `REG_EXPAND_SZ` keep their references like `%TEMP%` as they stand.
+     * Numbers are unsigned: -1 reads back as 4294967295. Above 2^53, they are rounded. Zeros at the end of a string are
+     * removed. References in `REG_EXPAND_SZ`, like `%TEMP%`, are not expanded.
      *
-     * @returns `null` if there is no such value, or one of another kind.
+     * @returns `null` if the value does not exist or has another type.
      *
      * @example
      * var registry = external.registry, key = 'HKEY_CURRENT_USER\\Software\\Tarvik example';
@@ -2575,19 +2610,19 @@ declare namespace Tarvik {
      */
     queryValue(path: string): string | number | null;
 
-    /** Whether there is a key that may be read. */
+    /** Returns whether a key exists and can be read. */
     isKeyExist(path: string): boolean;
 
-    /** Whether there is a value, of whatever kind. */
+    /** Returns whether a value exists, of any type. */
     isValueExist(path: string): boolean;
 
     /**
-     * Which half of the registry of a 64-bit system is meant.
+     * The view of the registry on a 64-bit system: that of 32-bit or of 64-bit programs.
      *
-     * It belongs to this object, and the next read of `window.external.registry` gives one in `default`. The case of
-     * letters does not count.
+     * The setting applies to this object only; the next read of `window.external.registry` returns an object with
+     * `default`. Not case-sensitive.
      *
-     * @throws 0x80070057 if another word is written.
+     * @throws 0x80070057 for any other value.
      *
      * @example
      * var registry = external.registry;
@@ -2602,31 +2637,31 @@ declare namespace Tarvik {
   /**
    * The plug-in `config`: an application's settings, in the registry or in an INI file.
    *
-   * Each read of `window.external.config` gives an object of its own, which is told by {@link Config.init} where the
-   * settings are; the number of arguments of the other members must fit that. Before `init`, and in the form of the
-   * other store, members answer `false` or `null`.
+   * Each read of `window.external.config` returns a new object. Call its {@link Config.init} first, to choose where its
+   * settings are; the other members then take the number of arguments for that store. Before `init`, and with the
+   * number of arguments for the other store, members return `false` or `null`.
    *
    * In the registry, below `HKEY_CURRENT_USER\Software`:
    *
-   * - Names may have backslashes, though not as the first or last character: `a\b` is the value `b` in the key `a`.
-   *   Keys are made when they are needed.
-   * - Values are strings and whole numbers of 32 bits, and nothing else: booleans and fractions are refused. Numbers
-   *   read as unsigned.
-   * - An object keeps its key open from the first use to `clear`. A second `init` with another name changes only what
-   *   the next `clear` clears and where values go after it. An object whose key another one clears writes nothing
-   *   until its own `clear`.
+   * - A name may contain backslashes, but not as its first or last character: `a\b` is the value `b` in the key `a`.
+   *   Keys are created when they are needed.
+   * - Values are strings and whole numbers of 32 bits only; booleans and fractions are refused. Numbers read back as
+   *   unsigned.
+   * - An object keeps its key open from its first use to `clear`. A second `init` with another name changes only which
+   *   key the next `clear` deletes, and where values are written afterwards. If another object clears the key, this
+   *   object writes nothing until its own `clear`.
    *
    * In a file:
    *
-   * - Anything that is or becomes a string can be written, and is read as a string: `true` as `-1`, a fraction as the
-   *   user's language writes it. An empty one is read as `undefined`, and a longer one than 10239 characters is cut.
-   * - The system leaves out blanks around a text, and quotes around it; to keep blanks, put it into double quotes.
-   *   Letters that the system's code page does not have become `?`, unless the file is there already and begins with
-   *   the mark of UTF-16.
-   * - Sections and keys are not empty, and their case does not count. What stands behind a line break is read as a
-   *   line of its own. A key with `=` in it or with `;` or `[` at its begin, and a section with `]`, are written and
-   *   not found again.
-   * - The file is made when it is first written, its folder is not.
+   * - Any value that can be converted to a string can be written, and reads back as a string: `true` as `-1`, a
+   *   fraction in the format of the user's language. An empty string reads back as `undefined`, and a string of more
+   *   than 10239 characters is cut.
+   * - The system removes blanks around a text, and quotes around it. To keep blanks, put the text into double quotes.
+   *   Letters that the system's ANSI code page does not contain become `?`, unless the file exists already and begins
+   *   with the byte order mark of UTF-16.
+   * - Sections and keys must not be empty, and are not case-sensitive. Text after a line break is read as a new line. A
+   *   key that contains `=` or begins with `;` or `[`, and a section that contains `]`, can be written but not read.
+   * - The file is created when it is first written, but its folder is not.
    *
    * @example
    * var config = external.config;
@@ -2644,13 +2679,13 @@ declare namespace Tarvik {
    */
   interface Config {
     /**
-     * Chooses where the settings are.
+     * Chooses where the settings are stored.
      *
-     * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file, which counts from
-     *   the page and may be a `file:` URL.
-     * @param isPath - `true` if it is a path.
-     * @returns `false` for an empty one, for one with a zero in it, and for a name that is nothing but backslashes;
-     *   then all stays as it was.
+     * @param store - The name of a key below `HKEY_CURRENT_USER\Software`, or the path of an INI file, which is
+     *   relative to the page and may be a `file:` URL.
+     * @param isPath - `true` if `store` is a path.
+     * @returns `false` for an empty `store`, for one that contains a zero, and for a name that consists of backslashes;
+     *   the store then does not change.
      *
      * @example
      * external.config.init('');  //= false
@@ -2660,9 +2695,9 @@ declare namespace Tarvik {
     /**
      * Deletes all settings, or a part of them.
      *
-     * @param part - A key with all that is below it, or a section of the file; without it, all the settings: the key,
-     *   or the file itself.
-     * @returns Whether that was done; `false` for an empty `part`, and for a key and for a file that are not there.
+     * @param part - A key, which is deleted with everything below it, or a section of the file. Default: all settings,
+     *   which deletes the key or the file itself.
+     * @returns Whether it succeeded; `false` for an empty `part`, and if the key or the file does not exist.
      *
      * @example
      * var config = external.config;
@@ -2675,37 +2710,37 @@ declare namespace Tarvik {
     clear(part?: string): boolean;
 
     /**
-     * Writes a setting in the registry.
+     * Writes a setting to the registry.
      *
      * @returns Whether it was written.
      */
     setValue(name: string, value: string | number): boolean;
 
     /**
-     * Writes a setting in the file.
+     * Writes a setting to the file.
      *
      * @returns Whether it was written.
      */
     setValue(section: string, key: string, value: any): boolean;
 
     /**
-     * Reads a setting in the registry.
+     * Reads a setting from the registry.
      *
-     * @returns `null` if it is not there.
+     * @returns `null` if it does not exist.
      */
     queryValue(name: string): string | number | null;
 
     /**
-     * Reads a setting in the file.
+     * Reads a setting from the file.
      *
-     * @returns `null` if it is not there, `undefined` for an empty one.
+     * @returns `null` if it does not exist, `undefined` for an empty one.
      */
     queryValue(section: string, key: string): string | null | undefined;
 
     /**
-     * Deletes a setting in the registry.
+     * Deletes a setting from the registry.
      *
-     * @returns `true` also if there is nothing to delete.
+     * @returns `true` also if it does not exist.
      *
      * @example
      * var config = external.config;
@@ -2718,9 +2753,9 @@ declare namespace Tarvik {
     deleteValue(name: string): boolean;
 
     /**
-     * Deletes a setting in the file.
+     * Deletes a setting from the file.
      *
-     * @returns `true` also if there is nothing to delete.
+     * @returns `true` also if it does not exist.
      *
      * @example
      * var config = external.config;
@@ -2732,13 +2767,13 @@ declare namespace Tarvik {
 
   /** The plug-in `http`: downloads and requests. */
   interface Http {
-    /** A new client, which downloads to files. */
+    /** Creates a client, which downloads to files. */
     createClient(): HttpClient;
 
     /**
-     * A new request object of the system, `Microsoft.XMLHTTP`, for everything else than downloads to files.
+     * Creates a request object of the system, `Microsoft.XMLHTTP`, for all requests other than downloads to files.
      *
-     * @returns `undefined` if the system has none.
+     * @returns `undefined` if the system does not provide one.
      *
      * @example
      * var request = external.http.createXmlHttp();
@@ -2752,22 +2787,22 @@ declare namespace Tarvik {
     createXmlHttp(): XmlHttp | undefined;
   }
 
-  /** A client that downloads to files. It may do many downloads at once. */
+  /** A client that downloads to files. It can run many downloads at the same time. */
   interface HttpClient {
     /**
-     * Stores what an address gives, on a thread of its own.
+     * Downloads an address to a file, on another thread.
      *
-     * - A download that `progress` ends is silent: neither `success` nor `fail` is called, and its file is removed.
-     *   There is no other way to end one.
-     * - The server's status code is not looked at: an error page is stored, and `success` called.
-     * - The length of the body is what the header `Content-Length` says. Without that header (as with chunked bodies),
-     *   and with a length of 0, the download fails; what comes beyond it is not read. Lengths of 2 GiB and more count
-     *   as 2147483647 bytes.
-     * - Proxies are not used. A server that says nothing for 30 seconds has failed.
-     * - A download goes on when its page or its window goes, and nobody is told. It ends with the program, and leaves
-     *   a part of the file then. After a failure the file is removed, if it was made; after an error in the last call of
-     *   `progress` the whole file stays.
-     * - The system may keep a copy of the body in its cache of the internet, which takes room a second time.
+     * - If `progress` cancels a download, neither `success` nor `fail` is called, and the file is removed. There is no
+     *   other way to cancel one.
+     * - The server's status code is ignored: an error page is stored, and `success` is called.
+     * - The header `Content-Length` determines the length of the body; bytes beyond it are not read. Without that
+     *   header (as with chunked bodies), and with a length of 0, the download fails. Lengths of 2 GiB and more count as
+     *   2147483647 bytes.
+     * - Proxies are not used. If a server sends nothing for 30 seconds, the download fails.
+     * - A download continues when the user leaves its page or closes its window, but calls no function any more. If the
+     *   program ends first, an incomplete file stays. After a failure, the file is removed if it was created; after an
+     *   error in the last call of `progress`, the complete file stays.
+     * - The system may also store the body in its Internet cache, which takes the same disk space again.
      *
      * @returns Whether the download has started. If not, `fail` has been called.
      *
@@ -2785,7 +2820,7 @@ declare namespace Tarvik {
     downloadToFile(options: DownloadOptions): boolean;
 
     /**
-     * No failure.
+     * The status of success.
      *
      * @example
      * var client = external.http.createClient();
@@ -2795,89 +2830,88 @@ declare namespace Tarvik {
      * client.E_FILENOTFOUND;  //= -2147024894
      */
     readonly S_OK: 0;
-    /** The status 0x80004004, to compare a `code` with. */
+    /** The status 0x80004004, for comparisons with a `code`. */
     readonly E_ABORT: -2147467260;
-    /** The status 0x80070005, to compare a `code` with: the file may not be written. */
+    /** The status 0x80070005, for comparisons with a `code`: access to the file is denied. */
     readonly E_ACCESSDENIED: -2147024891;
-    /** The status 0x80070002, to compare a `code` with: there is no such file. */
+    /** The status 0x80070002, for comparisons with a `code`: the file does not exist. */
     readonly E_FILENOTFOUND: -2147024894;
   }
 
   /**
-   * What {@link HttpClient.downloadToFile} is given.
+   * The options of {@link HttpClient.downloadToFile}.
    *
    * The `code` of `fail` is a status as a number with a sign:
    *
    * - 0x80070057: `url` or `destPath` is missing;
-   * - 0x80004005: the length is 0 or no number, or the body ended before it;
-   * - 0x80072F76: the server tells no length;
-   * - other 0x80072E.. to 0x80072F..: the network's error: 0x80072EE2 it took too long, 0x80072EE7 no such server,
-   *   0x80072EFD no connection;
-   * - other 0x8007....: the file could not be made or written; the low half is the system's error.
+   * - 0x80004005: the length is 0 or not a number, or the body is shorter than its length;
+   * - 0x80072F76: the server sends no length;
+   * - other 0x80072E.. to 0x80072F..: the network's error: 0x80072EE2 timeout, 0x80072EE7 unknown server, 0x80072EFD no
+   *   connection;
+   * - other 0x8007....: the file could not be created or written; the low half is the system's error.
    */
   interface DownloadOptions {
-    /** The address, a full one. */
+    /** The full address. */
     url: string;
     /**
-     * The file; a relative path counts from the page, and a `file:` URL is a path.
+     * The file; relative to the page, or a `file:` URL.
      *
-     * A file that is there is replaced as soon as the server has answered.
+     * An existing file is replaced as soon as the server has responded.
      */
     destPath: string;
     /**
-     * Is told the bytes after each piece of at most 65536.
+     * Called after each chunk of at most 65536 bytes, with the number of bytes done and the total.
      *
-     * `false`, and only that, ends the download; an error lets it fail. In the last call, whose two numbers are equal,
-     * the file is complete and closed: it can be used there, and it stays whatever that call does.
+     * Only the result `false` cancels the download; an error makes it fail. In the last call, when both numbers are
+     * equal, the file is complete and closed: the call can use it, and it stays whatever that call does.
      */
     progress?(done: number, total: number, context: any): boolean | void;
-    /** Is called at the end of a download that did all. */
+    /** Called when the download has succeeded. */
     success?(context: any): void;
-    /** Is called at the end of a download that failed. An error in `progress` is a failure, too. */
+    /** Called when the download has failed. An error in `progress` makes the operation fail, too. */
     fail?(code: number, context: any): void;
-    /** Is handed to the functions. */
+    /** Passed to the functions. */
     context?: any;
   }
 
-  /** A request object of the system. These are its usual members; the system tells more about it. */
+  /** A request object of the system. These are its usual members; the system's documentation describes all of them. */
   interface XmlHttp {
-    /** Begins a request. */
+    /** Initializes a request. */
     open(method: string, url: string, async?: boolean, user?: string, password?: string): void;
-    /** Adds a header to it. */
+    /** Adds a header to the request. */
     setRequestHeader(name: string, value: string): void;
-    /** Sends it, and waits for the answer unless it is asynchronous. Throws if there is no connection. */
+    /** Sends the request, and waits for the response unless it is asynchronous. Throws if there is no connection. */
     send(body?: any): void;
-    /** Ends it. */
+    /** Cancels the request. */
     abort(): void;
-    /** A header of the answer. */
+    /** Returns a header of the response. */
     getResponseHeader(name: string): string;
-    /** All headers of the answer, one a line. */
+    /** Returns all headers of the response, one per line. */
     getAllResponseHeaders(): string;
-    /** Is called at each step of an asynchronous request. */
+    /** Called at each step of an asynchronous request. */
     set onreadystatechange(value: () => void);
-    /** How far it is, from 0, not begun, to 4, done. */
+    /** The state of the request, from 0 (not initialized) to 4 (done). */
     readonly readyState: number;
     /** The server's status code. */
     readonly status: number;
-    /** The words to it. */
+    /** The text of the status code. */
     readonly statusText: string;
-    /** The body of the answer as a text. */
+    /** The body of the response as a text. */
     readonly responseText: string;
-    /** The body of the answer as a document. */
+    /** The body of the response as a document. */
     readonly responseXML: any;
   }
 
   /**
-   * The plug-in `ga`: tells a measurement service which screens are seen and what is done there.
+   * The plug-in `ga`: reports to a measurement service which screens the user opens and what the user does there.
    *
-   * It speaks version 1 of the public measurement protocol.
-   * Each call sends one hit in the background. Script hears nothing of it, and a hit that fails is lost. The service
-   * is a setting of the host's build, `TARVIK_ANALYTICS_HOST`; as it comes, nothing is sent to anywhere but the
-   * machine itself.
+   * It uses version 1 of the public measurement protocol. Each call sends one hit in the background. Script gets no
+   * result, and a failed hit is lost. The setting `TARVIK_ANALYTICS_HOST` of the host's build names the service; by
+   * default, hits go to the local machine only.
    *
-   * The texts should be plain ones: `trackingId` and `version` go out as they stand, and the others are escaped as for
-   * the path of a URL, so an `&` in them begins a new field. A text with nothing but characters to escape in it sends
-   * nothing. A hit also tells an identifier of the machine, the user's language and the size of the screen.
+   * Use plain texts: `trackingId` and `version` are sent as they are, and the others are escaped like the path of a
+   * URL, so an `&` in them begins a new field. A text that consists only of characters to escape sends nothing. A hit
+   * also contains an identifier of the machine, the user's language and the size of the screen.
    *
    * @example
    * var ga = external.ga;
@@ -2888,9 +2922,9 @@ declare namespace Tarvik {
    */
   interface Analytics {
     /**
-     * Tells of a screen that is seen. An empty text sends nothing.
+     * Reports that the user has opened a screen. An empty text sends nothing.
      *
-     * @throws 0x80004005 if it is no string.
+     * @throws 0x80004005 if the argument is not a string.
      *
      * @example
      * try {
@@ -2902,16 +2936,17 @@ declare namespace Tarvik {
     page(screen: string): void;
 
     /**
-     * Tells of something that is done. With fewer arguments, or another kind of `category`, nothing happens.
+     * Reports an action of the user. With fewer arguments, or a `category` of another type, nothing happens.
      *
-     * @param action - A text, or a whole number. A boolean sends its bits, not a word.
+     * @param action - A string or a whole number. Any other type is sent as the number of its raw bits.
      */
     event(category: string, action: string | number): void;
 
     /**
-     * What all hits of this window tell of the application. Without it, or with an empty `name`, no hit is sent.
+     * Sets what all hits of this window report about the application. Without it, or with an empty `name`, no hit is
+     * sent.
      *
-     * @throws 0x80004005 if one of them is no string.
+     * @throws 0x80004005 if one of them is not a string.
      */
     set(trackingId: string, name: string, version: string): void;
   }

@@ -21,7 +21,7 @@ function firstSentence(text) {
 function detailsOf({ text, param = [], returns = [], throws = [] }) {
   const rows = [
     ...param.map((one) => one.replace(/^(\w+)\s+-\s+/, '`$1`: ')),
-    ...returns.map((one) => `**Answer**: ${one}`),
+    ...returns.map((one) => `**Returns**: ${one}`),
     ...throws.map((one) => `**Throws** ${one}`),
   ];
   return html(text) + (rows.length ? html(rows.map((row) => `- ${row.replace(/\n/g, '\n  ')}`).join('\n')) : '');
