@@ -1,10 +1,10 @@
-// Reads tarvik.d.ts: what it declares, with its comments and examples. The tests and the showcase take it from here.
+// Parses tarvik.d.ts: its declarations, comments and examples. The tests and the showcase use it.
 import { readFileSync } from 'node:fs';
 import ts from 'typescript';
 
 const file = new URL('tarvik.d.ts', import.meta.url);
 
-// A doc comment's text and its tags, of which there may be several of one name: { text, param: [...], example: [...] }.
+// The text and the tags of a doc comment; a tag may occur several times: { text, param: [...], example: [...] }.
 function parseComment(comment) {
   const lines = comment.replace(/^\/\*\*|\*\/$/g, '').split('\n').map((line) => line.replace(/^\s*\* ?/, ''));
   const parts = { text: [] };
@@ -37,13 +37,13 @@ function usesOf(node) {
 
 const typeOf = (node, source) => node.type?.getText(source);
 
-// What a method is called with, or a property is written with: { name, type } each.
+// The parameters of a method, or the value of a property: { name, type } each.
 function parametersOf(node, source) {
   if (node.parameters) return node.parameters.map((one) => ({ name: one.name.getText(source), type: typeOf(one, source) }));
   return [{ name: node.name.text, type: typeOf(node, source) }];
 }
 
-// Overloads of a method, and the two halves of a property, are one member with several forms.
+// Overloads of a method, and the getter and setter of a property, are one member with several forms.
 function membersOf(nodes, source) {
   const members = new Map();
   for (const node of nodes) {
@@ -68,8 +68,8 @@ function globalsOf(statement) {
 const basesOf = (node, source) =>
   (node.heritageClauses ?? []).flatMap((clause) => clause.types.map((type) => type.getText(source)));
 
-// { host: what `external` is, interfaces: what else there is, each { name, bases, comment, members }, aliases: types by
-// their names, globals: [member] }
+// { host: the interface of `external`, interfaces: the others, each { name, bases, comment, members }, aliases: types
+// by name, globals: [member] }
 export function readDeclarations() {
   const source = ts.createSourceFile('tarvik.d.ts', readFileSync(file, 'utf8'), ts.ScriptTarget.ES5, true);
   const described = (node) => ({
@@ -96,7 +96,8 @@ export function examplesOf({ host, interfaces, globals }) {
   return examples;
 }
 
-// In an example, "expression;  //= value" states what comes of it. Such lines become what `write` makes of the two.
+// In an example, "expression;  //= value" states the value of an expression. Replaces such lines by
+// write(expression, value).
 export function writeStatements(code, write) {
   return code.replace(/^(\s*)(.*?);\s*\/\/= (.*)$/gm, (_, indent, expression, value) => indent + write(expression, value));
 }

@@ -1,10 +1,10 @@
 // window.external.clipboard: the system's clipboard.
 //
-//     text              the text there, or null; writing it puts a text there
-//     formats()         an array of the names of what is there
+//     text              the text on the clipboard, or null; can be written
+//     formats()         an array of the names of the formats on the clipboard
 //     onchange          a function (text), called after each change, also by this page; null for none
 //
-// A retained plug-in: each window has one, which stays when the window shows another page.
+// A retained plug-in: each window has one object, which survives navigation.
 
 #include <tarvik/core.h>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// The clipboard, open. Another program may hold it for a moment.
+// Opens the clipboard, and waits up to a second while another program has it open.
 class OpenClipboardScope {
   public:
     explicit OpenClipboardScope(HWND owner) {
@@ -28,7 +28,7 @@ class OpenClipboardScope {
     ~OpenClipboardScope() { CloseClipboard(); }
 };
 
-// Memory of the system's, locked as long as it is read or written.
+// Locks a global memory block for reading or writing.
 class LockedMemory {
   public:
     explicit LockedMemory(HGLOBAL memory)
@@ -63,7 +63,7 @@ Memory CopyOf(const std::wstring& text) {
 std::wstring NameOf(UINT format) {
     wchar_t name[100];
     if (GetClipboardFormatNameW(format, name, ARRAYSIZE(name)) > 0) return name;
-    switch (format) {  // the system's own have no names
+    switch (format) {  // the system's predefined formats have no names
         case CF_UNICODETEXT:
             return L"text";
         case CF_BITMAP:
@@ -87,7 +87,7 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
     }
 
     Clipboard() {
-        // A window that is never seen hears of the changes. It belongs to the main thread, which made it.
+        // A message-only window receives the changes. It belongs to the main thread, which creates it here.
         listener_ =
             CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
         if (!listener_) tarvik::ThrowLastError();
@@ -95,7 +95,7 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
         AddClipboardFormatListener(listener_);
     }
 
-    // Runs when the window goes. After it nothing may call in here any more.
+    // Runs when the browser window is destroyed. Afterwards, nothing may call this object any more.
     ~Clipboard() override {
         RemoveWindowSubclass(listener_, OnMessage, 0);
         DestroyWindow(listener_);
@@ -110,13 +110,12 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
     }
 
     void SetText(const std::wstring& text) {
-        Memory memory = CopyOf(text);  // before anything is emptied
+        Memory memory = CopyOf(text);  // may throw, so before the clipboard is emptied
         const OpenClipboardScope open(listener_);
         if (!EmptyClipboard() || !SetClipboardData(CF_UNICODETEXT, memory.get())) tarvik::ThrowLastError();
-        static_cast<void>(memory.release());  // it is the clipboard's now
+        static_cast<void>(memory.release());  // the clipboard owns it now
     }
 
-    // Objects of script are made by the host.
     tarvik::ScriptObject Formats() {
         const tarvik::ScriptObject names = NewArray();
         const OpenClipboardScope open(listener_);
@@ -135,16 +134,15 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
         return DefSubclassProc(window, message, wParam, lParam);
     }
 
-    // The function belongs to a page, which may be gone, while this plug-in lives on: one that fails is
-    // dropped. The function in turn may set another one, or let go of this plug-in: both are held for the
-    // call.
+    // The function belongs to a page, which may have been left while this plug-in lives on, so a function
+    // that fails is dropped. The function may also set another one, or release this plug-in, so both are
+    // held during the call.
     void ReportChange() {
         const tarvik::ComPtr<IUnknown> alive(AsUnknown());
         const tarvik::ScriptObject function = onChange_;
         if (!function) return;
         std::optional<std::wstring> text;
-        if (FAILED(tarvik::Guard([&] { text = Text(); })))
-            return;  // the clipboard's fault, not the function's
+        if (FAILED(tarvik::Guard([&] { text = Text(); }))) return;  // the clipboard failed, not the function
         const HRESULT status = tarvik::Guard([&] { function(text); });
         if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = tarvik::ScriptObject();
     }

@@ -1,18 +1,18 @@
-// window.external.search: looks for a text in files, on a thread of its own.
+// window.external.search: searches files for a text, on another thread.
 //
-//     find(options)            looks through a folder and the folders in it; returns at once. A search that
-//                              this object has started before ends. The options:
-//       folder, text           where, counted from the page, and for what; both are needed
-//       hit(path, line, text)  called for each line that has the text
-//       progress(path, files)  called before each file, with the number of those before it; false is a stop
+//     find(options)            searches a folder and its subfolders; returns immediately. It stops the search
+//                              that this object started before. The options:
+//       folder, text           the folder, relative to the page, and the text; both are required
+//       hit(path, line, text)  called for each line that contains the text
+//       progress(path, files)  called before each file, with the number of files before it; false stops
 //       success(files, hits)   called at the end
-//       fail(status, context)  called instead where it fails; after a stop neither is called
-//       context                any value, passed on to fail
-//     stop()                   ends the search
-//     lines(stream, text)      the same for what is in a stream: an array of { line, text }, at once
+//       fail(status, context)  called instead after a failure; after a stop, neither is called
+//       context                any value, passed to fail
+//     stop()                   stops the search
+//     lines(stream, text)      searches a stream: returns an array of { line, text }
 //
-// A transient plug-in: each read of window.external.search is a new object, so two searches are not in each
-// other's way.
+// A transient plug-in: each read of window.external.search returns a new object, so that searches are
+// independent.
 
 #include <tarvik/core.h>
 
@@ -27,10 +27,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Calls found(number, line) for each line with the text; numbers begin at 1.
+// Calls found(number, line) for each line that contains the text. The first line has the number 1.
 void FindLines(std::istream& input, const std::string& text,
                const std::function<void(int, const std::wstring&)>& found) {
-    constexpr size_t kShown = 200;  // of a line; what is no text at all may have very long ones
+    constexpr size_t kShown = 200;  // bytes of a line; lines of binary files may be very long
     std::string line;
     for (int number = 1; std::getline(input, line); ++number) {
         if (line.find(text) == std::string::npos) continue;
@@ -45,9 +45,9 @@ std::wstring Needed(const tarvik::Options& options, const wchar_t* name) {
     return *value;
 }
 
-// One search. It is created on the main thread, where the options are read, and runs on a thread of its own.
-// The base takes progress, success, fail and context along. A function that fails throws: when the page or
-// the window has gone, that ends the search.
+// One search. The main thread creates it and reads the options; it runs on its own thread. The base class
+// marshals progress, success, fail and context. A call of a function that fails throws, which ends the search
+// after the page has been left or the window has been destroyed.
 class SearchTask : public tarvik::AsyncTask {
   public:
     SearchTask(std::wstring folder, const tarvik::Options& options,
@@ -84,7 +84,7 @@ class SearchTask : public tarvik::AsyncTask {
         if (const tarvik::ScriptObject success = Success()) success(files_, hits_);
     }
 
-    // Neither success nor fail is called then.
+    // After E_ABORT, neither success nor fail is called.
     void StopIfAsked() const {
         if (*stopped_) throw tarvik::StatusError(E_ABORT);
     }
@@ -108,7 +108,7 @@ class Search : public tarvik::Plugin<Search> {
         return members;
     }
 
-    // A search outlives this object, which script may release at once: they share what both need.
+    // A search may outlive this object, so both share the flag.
     void Find(IDispatch* object) {
         Stop();
         stopped_ = std::make_shared<std::atomic<bool>>(false);
@@ -121,7 +121,7 @@ class Search : public tarvik::Plugin<Search> {
         if (stopped_) *stopped_ = true;
     }
 
-    // A stream of the host or of any other plug-in. Nothing else uses it during this call.
+    // The stream may be the host's or another plug-in's. Nothing else uses it during this call.
     tarvik::ScriptObject Lines(const tarvik::ScriptObject& object, const std::wstring& text) {
         const auto stream = object.As<TVK::IStream>();
         if (!stream || text.empty()) throw tarvik::StatusError(E_INVALIDARG);

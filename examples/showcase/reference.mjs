@@ -1,4 +1,5 @@
-// reference.mjs FILE: writes the reference of the showcase, a script that hands it what types/tarvik.d.ts declares.
+// reference.mjs FILE: generates the showcase's reference from types/tarvik.d.ts, as a script that sets
+// Showcase.reference.
 import { writeFileSync } from 'node:fs';
 import MarkdownIt from 'markdown-it';
 import { readDeclarations, writeStatements } from '../../types/declarations.mjs';
@@ -6,7 +7,7 @@ import { readDeclarations, writeStatements } from '../../types/declarations.mjs'
 const markdown = new MarkdownIt();
 const { host, interfaces, globals } = readDeclarations();
 
-// Links have nowhere to lead here: what they call their target stays.
+// The reference has no link targets, so only the label of a link remains.
 function html(text) {
   const plain = text.replace(/\{@link ([^}|]*?)\s*(?:\|\s*([^}]*?)\s*)?\}/g, (_, target, label) => label ?? `\`${target}\``);
   return markdown.render(plain).trim();
@@ -27,7 +28,7 @@ function detailsOf({ text, param = [], returns = [], throws = [] }) {
   return html(text) + (rows.length ? html(rows.map((row) => `- ${row.replace(/\n/g, '\n  ')}`).join('\n')) : '');
 }
 
-// What is shown, and what is run: a line that states a value says it.
+// The displayed code, and the code to run: there, a line that states a value passes it to `say`.
 const examplesOf = ({ example = [] }) => example.map((code) => ({
   code, run: writeStatements(code, (expression) => `say(${JSON.stringify(expression)}, ${expression});`),
 }));
@@ -47,7 +48,7 @@ const objectOf = ({ name, comment, members }) => ({
   members: members.map(memberOf),
 });
 
-// The objects of a plug-in follow it in the file; those before the first one belong to every page.
+// The objects of a plug-in follow it in the file; those before the first plug-in belong to every page.
 function objectsFrom(first) {
   const next = interfaces.findIndex((one, index) => index > first && plugins.some(({ type }) => type === one.name));
   return interfaces.slice(first, next < 0 ? undefined : next).map(objectOf);
@@ -63,7 +64,7 @@ const everyPage = {
   name: '', summary: 'What every page finds.',
   objects: [
     objectOf({ ...host, name: 'external', members: host.members.filter(({ uses }) => uses.includes('call')) }),
-    objectOf({ name: 'Globals', comment: { text: 'They are there before the first script of a page runs.' }, members: globals }),
+    objectOf({ name: 'Globals', comment: { text: 'They exist before the first script of a page runs.' }, members: globals }),
     ...objectsFrom(0),
   ],
 };

@@ -1,7 +1,7 @@
 (function () {
   var external = window.external;
   var clipboard = external.clipboard;  // always the same object
-  var search = external.search;        // a new one at each read: this page keeps one, for stop
+  var search = external.search;        // a new object at each read, so the page stores one for stop
 
   function find(id) { return document.getElementById(id); }
 
@@ -15,14 +15,14 @@
     list.scrollTop = list.scrollHeight;
   }
 
-  function tell(text) { find('state').textContent = text; }
+  function report(text) { find('state').textContent = text; }
 
-  // The array is an object of the host's, which has `length` and its elements.
+  // The array is an object of the host, with `length` and elements, but without JavaScript's array methods.
   function showFormats() {
     var formats = clipboard.formats();
     var names = [];
     for (var i = 0; i < formats.length; i++) names.push(formats[i]);
-    find('formats').textContent = 'There as: ' + names.join(', ');
+    find('formats').textContent = 'Formats: ' + names.join(', ');
   }
 
   clipboard.onchange = function (text) {
@@ -42,22 +42,22 @@
         folder: find('folder').value,
         text: find('text').value,
         hit: function (path, line, text) { add(find('hits'), path.replace(/^.*[\\\/]/, '') + ':' + line, text.replace(/^\s+/, '')); },
-        progress: function (path, files) { tell(files + ' files, now ' + path); },
-        success: function (files, hits) { tell(files + ' files, ' + hits + ' hits.'); },
-        fail: function (status) { tell('Failed: 0x' + (status >>> 0).toString(16)); }
+        progress: function (path, files) { report(files + ' files, now ' + path); },
+        success: function (files, hits) { report(files + ' files, ' + hits + ' hits.'); },
+        fail: function (status) { report('Failed: 0x' + (status >>> 0).toString(16)); }
       });
     } catch (error) {
-      tell('Refused: 0x' + (error.number >>> 0).toString(16));
+      report('Refused: 0x' + (error.number >>> 0).toString(16));
     }
     return false;
   };
 
   find('stop').onclick = function () {
     search.stop();
-    tell('Stopped.');
+    report('Stopped.');
   };
 
-  // Begins with something to see.
+  // Start with some output.
   clipboard.text = find('own').value;
   find('search').onsubmit();
 

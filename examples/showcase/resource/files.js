@@ -1,14 +1,14 @@
-// A small file explorer on the plug-in "file".
+// A small file explorer, built on the plug-in "file".
 var file = window.external.file;
 var win = window.external.window;
 var FOLDER = 16;  // of a file's attributes
 
-var folder = '';      // the one that is shown, with a backslash at its end
-var chosen = null;    // the entry that is marked: { path, name, isFolder, size, row }
-var listing = 0;      // counts listings, so that a late call of an older one is known
+var folder = '';      // the displayed folder, with a backslash at its end
+var chosen = null;    // the selected entry: { path, name, isFolder, size, row }
+var listing = 0;      // numbers the listings, to ignore late calls of older ones
 var cancelled = false;
 
-/** @returns {any} an element, of the kind that its id means */
+/** @returns {any} the element; its type depends on the id */
 function by(id) {
   return document.getElementById(id);
 }
@@ -52,7 +52,7 @@ function order(a, b) {
   return a.name.toLowerCase() < b.name.toLowerCase() ? -1 : 1;
 }
 
-// Lists a folder; `text` says what has changed there.
+// Lists a folder; `text` reports what has changed there.
 function show(path, text) {
   var entries = [], mine = ++listing;
   folder = path.replace(/\\*$/, '\\');
@@ -68,19 +68,19 @@ function show(path, text) {
         isFolder: (attributes & FOLDER) !== 0,
         size: size
       });
-      return mine === listing;  // false ends a listing that nobody waits for any more
+      return mine === listing;  // false ends an outdated listing
     },
     completed: function () {
       if (mine !== listing) return;
       by('list').innerHTML = '';
       entries.sort(order);
       for (var i = 0; i < entries.length; i++) addRow(entries[i]);
-      say(text || (file.isDir(folder) ? entries.length + ' entries' : 'There is no folder ' + folder));
+      say(text || (file.isDir(folder) ? entries.length + ' entries' : 'The folder does not exist: ' + folder));
     }
   });
 }
 
-// An end of success, fail or cancel: the folder may look different now.
+// After success, fail and cancel: lists the folder again, because it may have changed.
 function endCopy(text) {
   by('cancel').disabled = true;
   by('done').style.width = 0;
@@ -97,7 +97,7 @@ function copy() {
       by('done').style.width = 100 * processed / total + '%';
       say(sizeText(processed) + ' of ' + sizeText(total));
       if (!cancelled) return true;
-      endCopy('Cancelled: what was copied until now stays.');
+      endCopy('Cancelled. Files that were copied stay.');
       return false;
     },
     success: function () {
@@ -110,8 +110,8 @@ function copy() {
 }
 
 function remove() {
-  if (!confirm('Delete ' + chosen.path + (chosen.isFolder ? ' and all that is in it?' : '?'))) return;
-  show(folder, (file.deleteFile(chosen.path) ? 'Deleted ' : 'Could not delete all of ') + chosen.name);
+  if (!confirm('Delete ' + chosen.path + (chosen.isFolder ? ' and everything in it?' : '?'))) return;
+  show(folder, (file.deleteFile(chosen.path) ? 'Deleted ' : 'Could not completely delete ') + chosen.name);
 }
 
 by('up').onclick = function () { show(folder.replace(/^(.+?\\)[^\\]*\\$/, '$1')); };

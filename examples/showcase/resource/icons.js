@@ -1,4 +1,4 @@
-// A picture for each plug-in: paths of lines in a field of 24 by 24.
+// An icon for each plug-in: SVG paths in a view box of 24 by 24.
 Showcase.icon = (function () {
   var paths = {
     start: 'M4 11l8-7 8 7M6 10v10h12V10M10 20v-6h4v6',

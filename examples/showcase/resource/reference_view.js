@@ -1,5 +1,5 @@
-// The members of the plug-ins, below the examples of their page. Showcase.reference is made of the host's declarations;
-// without it the pages are just shorter.
+// Shows the members of the plug-ins, below the examples of their page. Showcase.reference is generated from tarvik.d.ts;
+// without it, the pages show examples only.
 Showcase.referenceView = (function () {
   var element = Showcase.element;
 
@@ -18,7 +18,7 @@ Showcase.referenceView = (function () {
     }
   }
 
-  // A sample is { code, run }: what it shows, and the same with a word about each value that it states.
+  // A sample is { code, run }: the displayed code, and the same code with a call of `say` for each stated value.
   function example(sample) {
     var box = element('div', 'sample');
     var button = element('button', 'run', 'Run');
@@ -35,7 +35,7 @@ Showcase.referenceView = (function () {
     for (var k = 0; k < item.examples.length; k++) box.appendChild(example(item.examples[k]));
   }
 
-  // A row that opens.
+  // An expandable row.
   function memberRow(member) {
     var row = element('div', 'member');
     var head = row.appendChild(element('div', 'head'));

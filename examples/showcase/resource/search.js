@@ -1,4 +1,4 @@
-// Finds examples and members by words of theirs, while they are typed.
+// Finds examples and members by words in their titles and texts, as the user types.
 Showcase.search = (function () {
   var element = Showcase.element;
   var most = 40;
@@ -35,7 +35,7 @@ Showcase.search = (function () {
     for (var n = 0; n < Showcase.reference.length; n++) addMembers(Showcase.reference[n]);
   }
 
-  // Those with the words in their title come first.
+  // Matches in the title come first.
   function find(text) {
     var words = text.toLowerCase().split(/\s+/);
     var inTitle = [], elsewhere = [];
@@ -78,7 +78,7 @@ Showcase.search = (function () {
   return function (input) {
     input.oninput = function () {
       var text = input.value.replace(/^\s+|\s+$/g, '');
-      // A page is marked in the menu, and a list of hits is none.
+      // While the list of hits is shown, no page is selected in the menu.
       if (text) showHits(text);
       else if (!document.querySelector('#menu .chosen')) Showcase.open(Showcase.current());
     };
@@ -98,7 +98,7 @@ Showcase.search = (function () {
         step(at, event.keyCode === 40);
         event.preventDefault();
       }
-      // Ctrl+F, and a slash where no text is typed.
+      // Ctrl+F, or a slash outside of text fields.
       if (event.ctrlKey && event.keyCode === 70 || event.keyCode === 191 && !/INPUT|TEXTAREA/.test(at.tagName)) {
         input.focus();
         input.select();

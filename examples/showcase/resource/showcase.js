@@ -1,4 +1,4 @@
-// The frame of the showcase: a menu, a page of cards, a log. Plain ES5, so that the system's old engine runs it too.
+// The frame of the showcase: a menu, a page of cards, a log. It is plain ES5 for the old engine.
 var Showcase = (function () {
   var pages = [];
   var shown = null;
@@ -11,14 +11,15 @@ var Showcase = (function () {
     return made;
   }
 
-  function two(number) {
+  function twoDigits(number) {
     return (number < 10 ? '0' : '') + number;
   }
 
   function write(text, className) {
     var now = new Date();
     var line = element('li', className);
-    line.appendChild(element('time', '', two(now.getHours()) + ':' + two(now.getMinutes()) + ':' + two(now.getSeconds())));
+    var time = [twoDigits(now.getHours()), twoDigits(now.getMinutes()), twoDigits(now.getSeconds())].join(':');
+    line.appendChild(element('time', '', time));
     line.appendChild(document.createTextNode(String(text)));
     log.appendChild(line);
     log.scrollTop = log.scrollHeight;
@@ -28,7 +29,7 @@ var Showcase = (function () {
     return error.message || 'status 0x' + (error.number >>> 0).toString(16);
   }
 
-  // What is pressed by the mouse or by the keys Enter and Space.
+  // Makes an element work like a button: by the mouse, and by the keys Enter and Space.
   function press(item, action) {
     item.tabIndex = 0;
     item.onclick = action;
@@ -40,7 +41,7 @@ var Showcase = (function () {
     return item;
   }
 
-  // The text of a function's body, without the indentation that its place in the file gave it.
+  // The source of a function's body, without its indentation in the file.
   function sourceOf(run) {
     var lines = String(run).replace(/^[^{]*\{\r?\n?/, '').replace(/\s*\}\s*$/, '').split(/\r?\n/);
     var indent = /^\s*/.exec(lines[0])[0].length;
@@ -48,8 +49,8 @@ var Showcase = (function () {
     return lines.join('\n');
   }
 
-  // An example is { title, text, address, button, run(say, card) }: what it runs is what it shows. With an address there
-  // is a field for one.
+  // An example is { title, text, address, button, run(say, card) }. The card shows the source of `run`, and a text field
+  // if there is an address.
   function card(example) {
     var box = element('article', 'card');
     var about = element('div', 'about');
@@ -91,7 +92,7 @@ var Showcase = (function () {
     return grid;
   }
 
-  // Scrolls a list no further than it must.
+  // Scrolls a list by the smallest distance that shows the item.
   function reveal(item, list) {
     var place = item.getBoundingClientRect(), seen = list.getBoundingClientRect();
     if (place.top < seen.top || place.bottom > seen.bottom) item.scrollIntoView(place.top < seen.top);
@@ -110,7 +111,7 @@ var Showcase = (function () {
     return page;
   }
 
-  // Opens a page; a target is an example's title or a member, which is brought into view and gets the keys.
+  // Opens a page. A target, the title of an example or a member, is scrolled into view and focused.
   function open(page, target) {
     var place = clear(page.title);
     shown = page;
@@ -146,7 +147,7 @@ var Showcase = (function () {
 
   return {
     pages: pages,
-    reference: [],  // filled by reference.js, which is made when the showcase is packed
+    reference: [],  // set by reference.js, which the build generates
     element: element,
     press: press,
     write: write,
@@ -158,7 +159,7 @@ var Showcase = (function () {
     // A page is { title, icon, group, plugins, intro, examples }.
     add: function (page) { pages.push(page); },
 
-    // The page that shows a plug-in's members: the first one about it.
+    // The page that shows a plug-in's members: the first page about that plug-in.
     homeOf: function (plugin) {
       for (var i = 0; i < pages.length; i++)
         for (var k = 0; k < (pages[i].plugins || []).length; k++) if (pages[i].plugins[k] === plugin) return pages[i];
@@ -170,16 +171,16 @@ var Showcase = (function () {
       fillMenu();
       Showcase.search(document.getElementById('search'));
       document.getElementById('quit').onclick = function () {
-        window.external.tray.hide();  // an icon outlives a window that is not closed
+        window.external.tray.hide();  // quit does not close the window, which would remove the icon
         win.quit(0);
       };
-      // The program outlives its windows.
+      // Closing the window alone does not end the program.
       win.onClosed = function () { win.quit(0); };
       document.getElementById('clear').onclick = function () { log.innerHTML = ''; };
       open(pages[0]);
       write('The page is ready.');
 
-      // The host shows nothing of its own: a window appears when its page says so.
+      // A window is hidden until its page shows it.
       win.title = document.title;
       win.width = 1120;
       win.height = 760;

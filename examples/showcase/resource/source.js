@@ -1,11 +1,11 @@
-// Source text with a colour for each kind of word.
+// Source code with syntax colours.
 Showcase.source = (function () {
-  // Comment, string, number, word, anything else.
+  // Comment, string, number, word, any other character.
   var tokens = /(\/\/.*)|('(?:[^'\\\n]|\\.)*'|"(?:[^"\\\n]|\\.)*")|(\b\d[\w.]*)|([A-Za-z_$][\w$]*)|([\s\S])/g;
   var keywords = ' var function return if else for while do new typeof try catch throw delete in this true false null ' +
     'undefined switch case break continue ';
 
-  function kindOf(match) {
+  function typeOf(match) {
     if (match[1]) return 'comment';
     if (match[2]) return 'string';
     if (match[3]) return 'number';
@@ -15,12 +15,12 @@ Showcase.source = (function () {
   return function (code) {
     var pre = document.createElement('pre');
     code.replace(tokens, function () {
-      var kind = kindOf(arguments);
+      var type = typeOf(arguments);
       /** @type {Node} */
       var node = document.createTextNode(arguments[0]);
-      if (kind) {
+      if (type) {
         var word = document.createElement('span');
-        word.className = kind;
+        word.className = type;
         word.appendChild(node);
         node = word;
       }

@@ -1,4 +1,4 @@
-// Plain ES5, so that the system's old engine runs it too.
+// Plain ES5, which the system's old engine also runs.
 (function () {
   var win = window.external.window;
   var file = window.external.file;
@@ -7,7 +7,7 @@
     document.getElementById(id).textContent = text;
   }
 
-  // The text of a file, without the mark that some editors begin it with; null if it cannot be read.
+  // Returns the text of a file, without a byte order mark; null if the file cannot be read.
   function readText(path) {
     var io = window.external.fileIO;
     var bytes = window.external.stream;
@@ -35,7 +35,7 @@
   document.getElementById('quit').onclick = function () { win.quit(0); };
   show('place', location.href);
 
-  // The window is hidden until its page shows it, and closing it does not end the program by itself.
+  // The window is hidden until its page shows it, and closing it does not end the program.
   win.onClosed = function () { win.quit(0); };
   win.title = document.title;
   win.width = 760;

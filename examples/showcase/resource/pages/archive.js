@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'minizip',
   group: 'Files',
   plugins: ['minizip'],
-  intro: 'The plug-in "minizip" unpacks ZIP archives in the background, also those attached to another file. The host ' +
-    'itself was unpacked by it a moment ago.',
+  intro: 'The plug-in "minizip" unpacks ZIP archives in the background, also archives that are attached to other ' +
+    'files. The host unpacked this showcase with it.',
   examples: [
     {
       title: 'Unpack with progress',
-      text: 'progress is called as each file begins, and again with each piece of data.',
+      text: 'progress is called at the start of each file, and for each chunk of data.',
       button: 'Unpack the sample',
       run: function (say, card) {
         var bar = card.querySelector('.bar i') ||
@@ -31,8 +31,8 @@ Showcase.add({
       }
     },
     {
-      title: 'A broken archive',
-      text: 'Whatever goes wrong ends in fail, with a status. A folder that the call made is removed again.',
+      title: 'A damaged archive',
+      text: 'Any failure calls fail with a status. A folder that the call created is removed again.',
       button: 'Unpack a page',
       run: function (say) {
         window.external.minizip.unzip({

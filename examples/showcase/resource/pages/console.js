@@ -4,11 +4,11 @@ Showcase.add({
   icon: 'console',
   group: 'System',
   plugins: ['console'],
-  intro: 'The plug-in "console" writes to the debugger\'s output channel and says what happens to script errors.',
+  intro: 'The plug-in "console" writes to the debugger\'s output channel and controls the dialog for script errors.',
   examples: [
     {
       title: 'A line for the debugger',
-      text: 'console.log takes strings; any debugger, or a viewer of debugger output, shows them.',
+      text: 'console.log accepts strings. tarvik-log, or any debugger, shows them.',
       button: 'Write a line',
       run: function (say) {
         console.log('A line from the showcase');
@@ -17,14 +17,14 @@ Showcase.add({
     },
     {
       title: 'Errors without a dialog',
-      text: 'Only a literal false hides the dialog of script errors. The page goes on running either way.',
+      text: 'Only the value false hides the dialog for script errors. The page keeps running either way.',
       button: 'Fail in silence',
       run: function (say) {
         console.showJsError = false;
         setTimeout(function () {
-          nobodyDefinedThis();
+          undefinedFunction();
         }, 0);
-        say('An error is on its way, and nobody will see it.');
+        say('This error opens no dialog.');
       }
     }
   ]

@@ -3,11 +3,11 @@ Showcase.add({
   icon: 'dialogs',
   group: 'Windows',
   plugins: ['window'],
-  intro: 'The plug-in "window" opens the system\'s dialogs. The page waits until they are answered; other windows go on.',
+  intro: 'The plug-in "window" opens the system\'s dialogs. The page waits until the user closes them; other windows keep working.',
   examples: [
     {
       title: 'Message box',
-      text: 'The answer comes by its function. Buttons are "ok", "okCancel" or "yesNo".',
+      text: 'It calls the function of the chosen button. The types are "ok", "okCancel" and "yesNo".',
       button: 'Ask a question',
       run: function (say) {
         window.external.window.messageBox({
@@ -25,15 +25,15 @@ Showcase.add({
     },
     {
       title: 'Icons',
-      text: 'alert is a message box in every page, with the title of its window.',
+      text: 'alert shows a message box with the title of the window.',
       button: 'Show a warning',
       run: function () {
-        alert('Take good care.', 'warning');
+        alert('Mind the step.', 'warning');
       }
     },
     {
       title: 'A file to open',
-      text: 'The filter has pairs of a description and a pattern, each ended by \\0. Cancel gives null.',
+      text: 'The filter has pairs of a description and a pattern, each ended by \\0. Cancel returns null.',
       button: 'Choose a file',
       run: function (say) {
         say(window.external.window.selectFile({
@@ -46,7 +46,7 @@ Showcase.add({
     },
     {
       title: 'Several files',
-      text: 'With multi the answer is an array of paths.',
+      text: 'With multi, the result is an array of paths.',
       button: 'Choose files',
       run: function (say) {
         var files = window.external.window.selectFile({
@@ -59,7 +59,7 @@ Showcase.add({
     },
     {
       title: 'A file to save',
-      text: 'The dialog asks before a file is replaced. It only gives the path: nothing is written.',
+      text: 'The dialog asks before a file is replaced. It only returns the path and writes nothing.',
       button: 'Choose a name',
       run: function (say) {
         say(window.external.window.selectFile({
@@ -71,7 +71,7 @@ Showcase.add({
     },
     {
       title: 'A folder',
-      text: 'A relative initDir counts from the page.',
+      text: 'A relative initDir is relative to the page.',
       button: 'Choose a folder',
       run: function (say) {
         say(window.external.window.selectFolder({

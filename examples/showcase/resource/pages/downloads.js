@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'http',
   group: 'Data and network',
   plugins: ['http'],
-  intro: 'The plug-in "http" stores what an address gives in a file, in the background. For all other requests it hands out ' +
-    'the system\'s own object. Any server will do; "python3 -m http.server" is one, for the folder that it is started in.',
+  intro: 'The plug-in "http" downloads an address to a file, in the background. For all other requests, it provides the ' +
+    'system\'s own object. Any server will do: "python3 -m http.server" serves the folder in which it is started.',
   examples: [
     {
       title: 'Download with progress',
-      text: 'progress is told of each piece. Its false ends the download, and nothing is left of the file.',
+      text: 'progress is called for each chunk. If it returns false, the download ends and the file is removed.',
       address: 'http://localhost:8000/',
       button: 'Download',
       run: function (say, card) {
@@ -26,7 +26,7 @@ Showcase.add({
             return !isCancelled();
           },
           success: function () {
-            say('It has ' + file.getSize('download.tmp') + ' bytes.');
+            say('Downloaded ' + file.getSize('download.tmp') + ' bytes.');
             file.deleteFile('download.tmp');
           },
           fail: function (code) {
@@ -37,8 +37,8 @@ Showcase.add({
     },
     {
       title: 'Why a download failed',
-      text: 'fail gets a status, and a client has names for some. The file is made when the server has answered.',
-      button: 'Ask where nobody listens',
+      text: 'fail receives a status; the client has constants for some. The file is created when the server has responded.',
+      button: 'Connect to a closed port',
       run: function (say) {
         var client = window.external.http.createClient();
         client.downloadToFile({
@@ -54,7 +54,7 @@ Showcase.add({
     },
     {
       title: 'A request',
-      text: 'The object is the system\'s, with open, send, status and responseText.',
+      text: 'The object is the system\'s. It has open, send, status and responseText.',
       address: 'http://localhost:8000/',
       button: 'Get',
       run: function (say, card) {

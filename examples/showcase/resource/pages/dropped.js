@@ -3,13 +3,14 @@ Showcase.add({
   icon: 'dragfile',
   group: 'Desktop',
   plugins: ['dragfile'],
-  intro: 'The plug-in "dragfile" makes elements of the page targets for files that the user drags from the desktop. Any ' +
-    'other element refuses them.',
+  intro: 'The plug-in "dragfile" lets the user drop files from other programs on elements of the page. All other ' +
+    'elements refuse them.',
   examples: [
     {
-      title: 'What is in them',
-      text: 'The function gets an array of paths. Sizes come from "file", texts by "fileIO" and "stream", and their SHA-1 by "hash".',
-      button: 'Make a place for files',
+      title: 'The contents of files',
+      text: 'The function receives an array of paths. It uses "file" for the sizes, "fileIO" and "stream" for the texts, and ' +
+        '"hash" for SHA-1.',
+      button: 'Create a drop target',
       run: function (say, card) {
         var area = 'files-area';
         var list = Showcase.dropArea(
@@ -29,7 +30,7 @@ Showcase.add({
         function about(path) {
           var file = window.external.file;
           var size = file.getSize(path);
-          if (size === undefined) return 'no file';
+          if (size === undefined) return 'not a file';
           return size + ' bytes' +
               (size < 1e6 ? '\n' + hashOf(path) : '');
         }
@@ -44,9 +45,9 @@ Showcase.add({
       }
     },
     {
-      title: 'One target inside of another',
-      text: 'The nearest element that is bound gets the files. The context says which of them it was.',
-      button: 'Make two places',
+      title: 'One target inside another',
+      text: 'The nearest bound element receives the files. The context identifies the element.',
+      button: 'Create two targets',
       run: function (say, card) {
         var dragfile = window.external.dragfile;
         Showcase.dropArea(

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'file',
   group: 'Files',
   plugins: ['file'],
-  intro: 'The plug-in "file" answers questions about paths, deletes, copies, moves and lists. What may take long runs in ' +
-    'the background and tells how it goes.',
+  intro: 'The plug-in "file" queries, deletes, copies, moves and lists files and folders. Long operations run in the ' +
+    'background and report their progress.',
   examples: [
     {
       title: 'A file explorer',
-      text: 'One page with enumFiles, copyAsync and deleteFile: look into files.js, beside this page.',
+      text: 'A page that uses enumFiles, copyAsync and deleteFile: see files.js, next to this page.',
       button: 'Open the explorer',
       run: function () {
         createWindow({ url: 'files.html' });
@@ -16,7 +16,7 @@ Showcase.add({
     },
     {
       title: 'Copy and delete',
-      text: 'Relative paths count from the page. progress may end the run by false; then nothing else is called.',
+      text: 'Relative paths are relative to the page. If progress returns false, the copy ends, and nothing else is called.',
       button: 'Copy the pages',
       run: function (say) {
         var file = window.external.file;
@@ -39,7 +39,7 @@ Showcase.add({
     },
     {
       title: 'List with a filter',
-      text: 'The path counts from the current folder, and the expression is matched against the full path.',
+      text: 'The path is relative to the current folder. The expression is matched against the full path.',
       button: 'List the pages',
       run: function (say) {
         window.external.file.enumFiles({
@@ -49,7 +49,7 @@ Showcase.add({
             say(path + ', ' + size + ' bytes');
           },
           completed: function () {
-            say('That was all.');
+            say('Completed.');
           }
         });
       }

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'hash',
   group: 'Data and network',
   plugins: ['hash'],
-  intro: 'The plug-in "hash" gives digests of texts. It is for comparing and for naming things; none of its algorithms is ' +
-    'fit to keep secrets any more.',
+  intro: 'The plug-in "hash" computes digests of texts. Use them to compare and to identify data; none of its algorithms ' +
+    'is secure any more.',
   examples: [
     {
       title: 'Three digests as you type',
-      text: 'Each of sha1, md5 and md4 gives a new hash object. Texts are taken in their UTF-8 form.',
+      text: 'sha1, md5 and md4 each return a new digest. Texts are added as UTF-8.',
       button: 'Type a text',
       run: function (say, card) {
         var hash = window.external.hash;
@@ -22,8 +22,8 @@ Showcase.add({
       }
     },
     {
-      title: 'Piece by piece',
-      text: 'addData gives the hash object itself, so calls make a chain. Only the sum of the pieces counts.',
+      title: 'In several steps',
+      text: 'addData returns the digest itself, so calls can be chained. It makes no difference how the text is split.',
       button: 'Compare',
       run: function (say) {
         var hash = window.external.hash;

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'hotkey',
   group: 'Desktop',
   plugins: ['hotkey'],
-  intro: 'The plug-in "hotkey" calls a function when keys are pressed, wherever the user works, also while the window is ' +
-    'hidden. A combination belongs to one window of the desktop.',
+  intro: 'The plug-in "hotkey" calls a function when keys are pressed, whichever program has the focus, even while the ' +
+    'window is hidden. Only one window on the desktop can have a combination.',
   examples: [
     {
       title: 'Come back from anywhere',
-      text: 'The window hides; Ctrl+Alt+T brings it back, whatever program has the keyboard.',
+      text: 'The window hides; Ctrl+Alt+T brings it back from any program.',
       button: 'Hide until the keys are pressed',
       run: function (say) {
         var win = window.external.window;
@@ -22,29 +22,29 @@ Showcase.add({
         if (hotkey.set(keys, comeBack, 'Here I am.')) {
           win.show(false);
         } else {
-          say('Somebody else has these keys.');
+          say('Another program has these keys.');
         }
       }
     },
     {
-      title: 'Which texts are keys',
-      text: 'ctrl, shift, alt and win, each with a plus sign behind it, and one key: a character or a name like f5 or pageup.',
+      title: 'Valid combinations',
+      text: 'ctrl, shift, alt and win, each followed by a plus sign, and one key: a character or a name like f5 or pageup.',
       button: 'Type a combination',
       run: function (say, card) {
         var hotkey = window.external.hotkey;
-        function tell(keys) {
+        function check(keys) {
           if (!hotkey.set(keys, function () {})) {
-            return ['is no combination, or taken'];
+            return ['is not a combination, or is taken'];
           }
           hotkey.clear(keys);
           return ['can be set'];
         }
-        Showcase.field(card, 'ctrl+alt+f9', tell);
+        Showcase.field(card, 'ctrl+alt+f9', check);
       }
     },
     {
       title: 'Count presses',
-      text: 'The combination stays when the page changes, so a page clears what an earlier one may have set.',
+      text: 'A combination survives navigation, so a page clears one that an earlier page may have set.',
       button: 'Count Ctrl+Shift+F8',
       run: function (say) {
         var hotkey = window.external.hotkey;

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'menu',
   group: 'Desktop',
   plugins: ['menu'],
-  intro: 'The plug-in "menu" builds the system\'s menus from script. Each item has a function, which is called when it ' +
-    'is chosen.',
+  intro: 'The plug-in "menu" builds native menus. Each item has a function, which is called when the user chooses ' +
+    'it.',
   examples: [
     {
-      title: 'Where the pointer is',
-      text: 'popup returns when the menu has gone. Items without a function are gray.',
+      title: 'At the pointer',
+      text: 'popup returns when the menu has closed. Items without a function are gray.',
       button: 'Open a menu',
       run: function (say) {
         var menu = window.external.menu.createMenu();
@@ -20,8 +20,8 @@ Showcase.add({
       }
     },
     {
-      title: 'A menu in a menu',
-      text: 'A menu may be in several others. Here it opens at a place of the page.',
+      title: 'Submenus',
+      text: 'A menu may be a submenu of several others. This one opens at a position in the page.',
       button: 'Open it',
       run: function (say, card) {
         var trees = window.external.menu.createMenu();
@@ -36,7 +36,7 @@ Showcase.add({
     },
     {
       title: 'The menu bar',
-      text: 'A menu of the type windowMenu is shown by the window. Its items are chosen by Alt and a letter, too.',
+      text: 'The window shows a menu of the type windowMenu as its menu bar. Alt and a letter also choose an item.',
       button: 'Show a menu bar',
       run: function (say) {
         var file = window.external.menu.createMenu();
@@ -56,14 +56,14 @@ Showcase.add({
     },
     {
       title: 'Gray items',
-      text: 'Items and menus are found by their names. This needs the menu bar of above.',
+      text: 'Items and submenus are found by their names. Show the menu bar first.',
       button: 'Gray "New"',
       run: function (say) {
         var bar = window.external.window.menu;
         var file = bar && bar.getSubMenu('&File');
         if (!file) return say('There is no menu bar.');
         file.enable('&New', false);
-        say(file.getItemCount() + ' items, and the first is gray.');
+        say(file.getItemCount() + ' items; the first is gray.');
       }
     }
   ]

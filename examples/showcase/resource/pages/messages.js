@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'messages',
   group: 'Windows',
   plugins: ['window'],
-  intro: 'Windows send each other messages by name, in one program or between several. A message is for an identifier, ' +
-    'and every window that has it gets the message.',
+  intro: 'Windows send each other named messages, within one program or between programs. A message is addressed to ' +
+    'an identifier, and every window with that identifier receives it.',
   examples: [
     {
       title: 'Two windows that talk',
-      text: 'Both have the identifier "talk", so each hears what is sent there, also by itself: look into messages.html.',
+      text: 'Both have the identifier "talk", so each receives every message, its own included: see messages.html.',
       button: 'Open two windows',
       run: function () {
         createWindow({
@@ -22,8 +22,8 @@ Showcase.add({
       }
     },
     {
-      title: 'Listen to them',
-      text: 'A window receives for every identifier that it was ever given, and has one function for each message.',
+      title: 'Receive messages',
+      text: 'A window receives for every identifier that it has ever had, and has one function for each message.',
       button: 'Listen',
       run: function (say) {
         var msg = window.external.window.msg;
@@ -33,33 +33,33 @@ Showcase.add({
             function (text, context) {
               say(context + text);
             },
-            'Heard: '
+            'Received: '
         );
-        say('This is new: ' + isNew);
+        say('Newly registered: ' + isNew);
       }
     },
     {
-      title: 'Say something',
-      text: 'sendMsg returns when all have heard it. It answers whether there was somebody.',
+      title: 'Send a message',
+      text: 'sendMsg returns when all receivers have handled the message. Its result says whether there were any.',
       button: 'Say hello',
       run: function (say) {
         var msg = window.external.window.msg;
         var text = 'The showcase: hello';
         if (!msg.sendMsg('talk', 'line', text)) {
-          say('Nobody is there.');
+          say('No window has this identifier.');
         }
       }
     },
     {
-      title: 'The only window of its name',
-      text: 'The first program that asks has the name. Start the showcase twice, and click in both.',
-      button: 'Ask for the name',
+      title: 'Single instance',
+      text: 'The first program that claims the name gets it. Start the showcase twice, and click in both.',
+      button: 'Claim the name',
       run: function (say) {
         var win = window.external.window;
         if (win.isUniqueWindow('Tarvik showcase')) {
-          say('This is the first.');
+          say('This is the first window.');
         } else {
-          say('There is another one.');
+          say('Another window has the name.');
           win.showExistedWindow();
         }
       }

@@ -3,11 +3,11 @@ Showcase.add({
   icon: 'mouse',
   group: 'Desktop',
   plugins: ['mouse'],
-  intro: 'The plug-in "mouse" reads and moves the pointer of the whole desktop, and clicks where it is.',
+  intro: 'The plug-in "mouse" reads and moves the mouse pointer of the whole desktop, and clicks.',
   examples: [
     {
-      title: 'Where it is',
-      text: 'Places are pixels of the screen, also outside of the window.',
+      title: 'Position',
+      text: 'In pixels of the screen, also outside the window.',
       button: 'Follow it for five seconds',
       run: function (say, card) {
         var mouse = window.external.mouse;
@@ -23,7 +23,7 @@ Showcase.add({
     },
     {
       title: 'Move it',
-      text: 'x and y are written one at a time; the other one stays.',
+      text: 'Setting x keeps y, and setting y keeps x.',
       button: 'Draw a circle',
       run: function () {
         var mouse = window.external.mouse;
@@ -39,12 +39,12 @@ Showcase.add({
     },
     {
       title: 'Click',
-      text: 'A click of the page is one of the user to everybody, and to the page itself.',
+      text: 'For all programs, and for the page itself, this click looks like one by the user.',
       button: 'Click with the right button',
       run: function (say) {
         var mouse = window.external.mouse;
         document.onmouseup = function (event) {
-          say('The page heard button ' + event.button);
+          say('The page received button ' + event.button);
           document.onmouseup = null;
         };
         say('Clicked: ' + mouse.click(mouse.RBTN));

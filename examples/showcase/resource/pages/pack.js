@@ -3,11 +3,11 @@ Showcase.add({
   icon: 'pack',
   group: 'Files',
   plugins: ['minizip'],
-  intro: 'The same plug-in, "minizip", packs files and folders into an archive that every program opens.',
+  intro: 'The plug-in "minizip" also packs files and folders into a standard ZIP archive.',
   examples: [
     {
       title: 'Pack with progress',
-      text: 'progress is called after each write, with the path at hand and the size of all files.',
+      text: 'progress is called after each write, with the current path and the size of all files.',
       button: 'Pack some files',
       run: function (say, card) {
         var files = ['index.html', 'showcase.css', 'showcase.js', 'garden.zip'];
@@ -23,7 +23,7 @@ Showcase.add({
             bar.style.width = 100 * done / files.length + '%';
           },
           success: function () {
-            say('files.zip is there.');
+            say('Created files.zip.');
           },
           fail: function (code) {
             say('Failed: 0x' + (code >>> 0).toString(16), 'fault');
@@ -32,8 +32,8 @@ Showcase.add({
       }
     },
     {
-      title: 'A folder, there and back',
-      text: 'A folder is packed with all below it. Names in the archive count from that folder.',
+      title: 'Pack a folder and unpack it',
+      text: 'A folder is packed with everything below it. Names in the archive are relative to that folder.',
       button: 'Pack and unpack',
       run: function (say, card) {
         var bar = card.querySelector('.bar i') ||
@@ -68,7 +68,7 @@ Showcase.add({
     },
     {
       title: 'Into memory',
-      text: 'The archive may go into a stream. Until the end is told, the stream belongs to the run.',
+      text: 'The archive can be written to a stream. Do not use the stream until success or fail is called.',
       button: 'Pack into a stream',
       run: function (say) {
         var bytes = window.external.stream;

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'processes',
   group: 'System',
   plugins: ['system'],
-  intro: 'shellExecute of the plug-in "system" opens files, programs and addresses. With a function, a page hears how a ' +
-    'program has ended.',
+  intro: 'shellExecute of the plug-in "system" opens files, programs and addresses. With the option exitCallback, it ' +
+    'reports a program\'s exit code.',
   examples: [
     {
       title: 'Exit codes',
-      text: 'Any number of programs run side by side. Each end comes with its code and its context.',
+      text: 'Any number of programs run in parallel. Each calls the function with its exit code and its context.',
       button: 'Start three',
       run: function (say) {
         var codes = [0, 7, 42];
@@ -18,7 +18,7 @@ Showcase.add({
             args: '/c exit ' + codes[i],
             context: 'Program ' + (i + 1),
             exitCallback: function (code, name) {
-              say(name + ' has ended with ' + code);
+              say(name + ' ended with ' + code);
             }
           });
         }
@@ -26,7 +26,7 @@ Showcase.add({
     },
     {
       title: 'A runner',
-      text: 'The answer is true when the program was started. %variables% of the environment are expanded first.',
+      text: 'The result is true if the program was started. The example expands %environment variables% first.',
       button: 'Run something else',
       run: function (say, card) {
         var system = window.external.system;
@@ -45,8 +45,8 @@ Showcase.add({
     },
     {
       title: 'Without a function',
-      text: 'Nobody hears of the end, and the answer is the other way round: false when it was started.',
-      button: 'Open the folder of Windows',
+      text: 'The page does not learn of the end, and the result is the reverse: false if the program was started.',
+      button: 'Open the Windows folder',
       run: function (say) {
         say(window.external.system.shellExecute({ path: 'C:\\windows' }));
       }

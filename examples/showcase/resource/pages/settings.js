@@ -3,13 +3,13 @@ Showcase.add({
   icon: 'config',
   group: 'Data and network',
   plugins: ['config', 'registry'],
-  intro: 'What a program wants to find again next time it keeps in the registry or in an INI file. The plug-in "config" does ' +
-    'both, with the same members; "registry" reaches every key there is.',
+  intro: 'The plug-in "config" stores settings in the registry or in an INI file, with the same members. The plug-in ' +
+    '"registry" reads and writes any key.',
   examples: [
     {
       title: 'Two stores, side by side',
-      text: 'A setting in the registry has one name, and a number stays a number. One in a file has a section and a key, and ' +
-        'becomes a text. The registry refuses fractions and booleans here. What you type is there again next time.',
+      text: 'A setting in the registry has a name, and keeps its type. A setting in a file has a section and a key, and becomes ' +
+        'a string. "config" refuses fractions and booleans for the registry. The title that you type is stored for the next start.',
       button: 'Type a title',
       run: function (say, card) {
         var key = window.external.config;
@@ -17,7 +17,7 @@ Showcase.add({
         key.init('Tarvik showcase');
         file.init(Showcase.iniPath(), true);
 
-        function keep(name, value) {
+        function store(name, value) {
           key.setValue(name, value);
           file.setValue('window', name, value);
           return [name, key.queryValue(name),
@@ -26,30 +26,30 @@ Showcase.add({
         var old = key.queryValue('title') || 'Untitled';
         Showcase.field(card, old, function (text) {
           return Showcase.table(['registry', 'file'], [
-            keep('title', text),
-            keep('letters', text.length),
-            keep('ratio', text.length / 4 + 0.1),
-            keep('shown', text !== '')
+            store('title', text),
+            store('letters', text.length),
+            store('ratio', text.length / 4 + 0.1),
+            store('shown', text !== '')
           ]);
         });
       }
     },
     {
-      title: 'Start afresh',
-      text: 'clear deletes the key, or the file, with all that is in it.',
-      button: 'Forget both',
+      title: 'Delete all settings',
+      text: 'clear deletes the key or the file, with everything in it.',
+      button: 'Delete both',
       run: function (say) {
         var config = window.external.config;
         config.init('Tarvik showcase');
-        say('Key: ' + (config.clear() ? 'deleted' : 'not there'));
+        say('Key: ' + (config.clear() ? 'deleted' : 'does not exist'));
         config.init(Showcase.iniPath(), true);
-        say('File: ' + (config.clear() ? 'deleted' : 'not there'));
+        say('File: ' + (config.clear() ? 'deleted' : 'does not exist'));
       }
     },
     {
-      title: 'What the system says of itself',
-      text: 'A path begins with the name of a root. mode chooses one half of the registry of a 64-bit system.',
-      button: 'Ask the registry',
+      title: 'Values of the system',
+      text: 'A path begins with the name of a root key. mode selects the view of 32-bit or 64-bit programs.',
+      button: 'Read the registry',
       run: function (say) {
         var path = 'HKEY_LOCAL_MACHINE\\Software\\Microsoft\\' +
                    'Windows NT\\CurrentVersion\\';

@@ -2,13 +2,13 @@
 Showcase.add({
   title: 'Start',
   icon: 'start',
-  intro: 'This window is one HTML page. What it can do beyond a page it does through window.external, which has these ' +
-    'plug-ins. Each card runs the very source that stands beside it.',
+  intro: 'This window is one HTML page. Its native powers come from window.external, which has these plug-ins. Each card ' +
+    'runs the source that is shown beside it.',
   examples: [
     {
       title: 'A first call',
-      text: 'A plug-in is read by its name; its members are called like those of any object, and answer at once.',
-      button: 'Ask the window',
+      text: 'Read a plug-in by its name, and call its members like those of any object.',
+      button: 'Query the window',
       run: function (say) {
         var win = window.external.window;
         say('This window is called "' + win.title + '" and measures ' +
@@ -16,14 +16,14 @@ Showcase.add({
       }
     },
     {
-      title: 'When a call is wrong',
-      text: 'A member that is called wrongly throws; the number of the error is the status.',
-      button: 'Call it wrongly',
+      title: 'A wrong argument',
+      text: 'A call with a wrong argument throws; the number of the error is the status.',
+      button: 'Pass a string',
       run: function (say) {
         try {
           window.external.window.show('yes, please');
         } catch (error) {
-          say('show() wants a boolean: 0x' + (error.number >>> 0).toString(16));
+          say('show() requires a boolean: 0x' + (error.number >>> 0).toString(16));
         }
       }
     }

@@ -3,12 +3,12 @@ Showcase.add({
   icon: 'stream',
   group: 'Files',
   plugins: ['stream', 'fileIO'],
-  intro: 'A stream is a block of bytes with a position, which grows as it is written. Each read of the plug-in "stream" ' +
-    'gives a new one.',
+  intro: 'A stream is a block of bytes with a position. It grows when it is written to. Each read of the plug-in "stream" ' +
+    'returns a new one.',
   examples: [
     {
       title: 'Numbers and texts',
-      text: 'Members write at the position and move it; the same members of reading give it all back.',
+      text: 'Members read and write at the position, and move it.',
       button: 'Write and read',
       run: function (say) {
         var stream = window.external.stream;
@@ -20,7 +20,7 @@ Showcase.add({
     },
     {
       title: 'A text as bytes',
-      text: 'The same text takes different bytes in each encoding. unicode and ansi end it with a zero.',
+      text: 'Each encoding yields different bytes. unicode and ansi add a zero at the end.',
       button: 'Type a text',
       run: function (say, card) {
         function bytesOf(text, encoding) {

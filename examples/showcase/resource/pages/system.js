@@ -3,23 +3,23 @@ Showcase.add({
   icon: 'system',
   group: 'System',
   plugins: ['system'],
-  intro: 'The plug-in "system" knows the machine, the user\'s folders and how the program was started.',
+  intro: 'The plug-in "system" reports about the machine, the user\'s folders and the command line.',
   examples: [
     {
       title: 'Facts',
-      text: 'Properties that are only read. isX64System is about 32-bit programs, so it is false here.',
-      button: 'Look around',
+      text: 'Read-only properties. isX64System is true only for a 32-bit program on a 64-bit system.',
+      button: 'Read the properties',
       run: function (say) {
         var system = window.external.system;
         say('Language of the system: ' + system.systemLanguage);
         say('Language of the user: ' + system.userLanguage);
-        say('With the rights of an administrator: ' + system.administrator);
+        say('Runs as an administrator: ' + system.administrator);
         say('64 bits: ' + system.isX64Process + ', ' + system.isX64System);
       }
     },
     {
       title: 'Folders and variables',
-      text: 'DESKTOP, MYDOCUMENTS, SENDTO and others are variables of the environment, here and in programs that are started.',
+      text: 'DESKTOP, MYDOCUMENTS, SENDTO and others are environment variables, here and in programs that the page starts.',
       button: 'Expand a text',
       run: function (say, card) {
         var system = window.external.system;
@@ -30,18 +30,18 @@ Showcase.add({
     },
     {
       title: 'Command line',
-      text: 'As raw arguments, and as switches and pairs: -s, -key value and key=value.',
+      text: 'Raw arguments, switches (-s) and pairs (-key value, key=value).',
       button: 'List the arguments',
       run: function (say) {
         var args = window.external.system.cmdArgs;
         for (var i = 0; i < args.getOrgArgsCount(); i++) say(i + ': ' + args.getOrgArg(i));
-        say('The folder that -d names: ' + args.getArgPair('d'));
+        say('The folder of -d: ' + args.getArgPair('d'));
       }
     },
     {
       title: 'Shortcuts',
-      text: 'To files and to addresses. With "desktop" in place of "dest" they lie on the desktop.',
-      button: 'Make one and read it',
+      text: 'Shortcuts to files and to addresses. The option "desktop", instead of "dest", creates one on the desktop.',
+      button: 'Create one and read it',
       run: function (say) {
         var system = window.external.system;
         var path = system.expandEnvirPath('%TEMP%\\explorer.lnk');
@@ -50,7 +50,7 @@ Showcase.add({
           arg: '-f files.html',
           dest: path
         });
-        say('Made: ' + made);
+        say('Created: ' + made);
         var link = system.parseShortcut(path);
         say(link ? link.path + ' ' + link.args : 'It cannot be read.');
         window.external.file.deleteFile(path);

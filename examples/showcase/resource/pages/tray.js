@@ -3,11 +3,11 @@ Showcase.add({
   icon: 'tray',
   group: 'Desktop',
   plugins: ['tray'],
-  intro: 'The plug-in "tray" shows one icon for the window at the end of the task bar.',
+  intro: 'The plug-in "tray" shows one icon for the window in the notification area of the task bar.',
   examples: [
     {
       title: 'An icon with a menu',
-      text: 'A menu that is opened from an icon has the type trayMenu. Click the icon with either button, or twice.',
+      text: 'A menu for an icon has the type trayMenu. Click the icon with either button, or double-click it.',
       button: 'Show the icon',
       run: function (say) {
         var win = window.external.window;
@@ -38,19 +38,19 @@ Showcase.add({
       }
     },
     {
-      title: 'Another picture and tip',
-      text: 'A shown icon keeps both, so it is taken away first. The picture is a file beside the page.',
+      title: 'Another image and tooltip',
+      text: 'A visible icon does not change, so it is hidden first. The image is a file next to the page.',
       button: 'Change the icon',
       run: function (say) {
         var tray = window.external.tray;
         tray.hide();
-        tray.addTray('A leaf of the showcase', 'leaf.ico');
+        tray.addTray('The showcase as a leaf', 'leaf.ico');
         say('It is a leaf now.');
       }
     },
     {
-      title: 'Without the icon',
-      text: 'Its functions stay, and so does the picture for the next show.',
+      title: 'Hide and show the icon',
+      text: 'A hidden icon keeps its functions and its image.',
       button: 'Hide or show it',
       run: function (say, card) {
         var tray = window.external.tray;

@@ -3,11 +3,11 @@ Showcase.add({
   icon: 'window',
   group: 'Windows',
   plugins: ['window'],
-  intro: 'The plug-in "window" drives the top-level window that a page lives in.',
+  intro: 'The plug-in "window" controls the top-level window that shows the page.',
   examples: [
     {
       title: 'Title',
-      text: 'A property that is read and written.',
+      text: 'A property that can be read and written.',
       button: 'Change the title',
       run: function (say) {
         var win = window.external.window;
@@ -17,7 +17,7 @@ Showcase.add({
     },
     {
       title: 'Size',
-      text: 'Width and height are those of the window with its frame.',
+      text: 'Width and height include the window\'s frame.',
       button: 'A little wider',
       run: function (say) {
         var win = window.external.window;
@@ -27,7 +27,7 @@ Showcase.add({
     },
     {
       title: 'Hide and show',
-      text: 'The window leaves the screen for a second and comes back. The page goes on running.',
+      text: 'The window disappears for a second. The page keeps running.',
       button: 'Hide for a second',
       run: function (say) {
         var win = window.external.window;
@@ -40,8 +40,8 @@ Showcase.add({
       }
     },
     {
-      title: 'Place',
-      text: 'Positions are pixels of the screen. The user cannot make the window smaller than its limits.',
+      title: 'Position',
+      text: 'Positions are in pixels of the screen. The user cannot make the window smaller than its limits.',
       button: 'Centre it, and set limits',
       run: function (say) {
         var win = window.external.window;
@@ -52,8 +52,8 @@ Showcase.add({
       }
     },
     {
-      title: 'A say in closing',
-      text: 'A function that answers false refuses. Press the close box after this.',
+      title: 'Refuse to close',
+      text: 'A function refuses by returning false. Press the close button after this.',
       button: 'Ask before closing',
       run: function (say) {
         var win = window.external.window;
@@ -69,12 +69,12 @@ Showcase.add({
           });
           return sure;
         };
-        say('The close box asks now.');
+        say('The close button asks now.');
       }
     },
     {
       title: 'Progress in the task bar',
-      text: 'States are none, cycle, normal, error and pause.',
+      text: 'The states are none, cycle, normal, error and pause.',
       button: 'Count to ten',
       run: function (say) {
         var win = window.external.window;
@@ -89,16 +89,16 @@ Showcase.add({
       }
     },
     {
-      title: 'A window without a frame',
-      text: 'The page says by which elements the window is dragged: look into frameless.html.',
+      title: 'A frameless window',
+      text: 'The page determines which elements drag the window: see frameless.html.',
       button: 'Open it',
       run: function () {
         createWindow({ url: 'frameless.html' });
       }
     },
     {
-      title: 'A window of any shape',
-      text: 'White pixels of a bitmap are cut away: look into shaped.html.',
+      title: 'A shaped window',
+      text: 'The white pixels of a bitmap are cut out: see shaped.html.',
       button: 'Open it',
       run: function () {
         createWindow({ url: 'shaped.html' });

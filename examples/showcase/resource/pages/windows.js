@@ -3,7 +3,7 @@ Showcase.add({
   icon: 'windows',
   group: 'Windows',
   plugins: [''],
-  intro: 'createWindow opens a further window of the application. Both run in one process, and each may call the ' +
+  intro: 'createWindow opens a further window of the application. Both run in one process, and each can call the ' +
     'functions of the other directly.',
   examples: [
     {

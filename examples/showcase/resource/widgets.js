@@ -1,4 +1,4 @@
-// Parts that examples are built from.
+// Widgets for the examples.
 
 // A progress bar; the width of its first child is the progress.
 Showcase.bar = function () {
@@ -12,7 +12,7 @@ Showcase.line = function (card) {
   return card.querySelector('.line') || card.appendChild(Showcase.element('div', 'line'));
 };
 
-// An element to drop files on, perhaps with another one inside of it. Gives the place for what comes of it.
+// An element to drop files on, optionally with another one inside. Returns the element for the output.
 Showcase.dropArea = function (card, id, text, innerId, innerText) {
   var area = card.querySelector('.drop') || card.appendChild(Showcase.element('div', 'drop'));
   area.innerHTML = '';
@@ -22,7 +22,7 @@ Showcase.dropArea = function (card, id, text, innerId, innerText) {
   return area.appendChild(Showcase.element('pre'));
 };
 
-// A button beside that of the card, for one run; tells whether it was pressed.
+// Adds a Cancel button to the card, for one operation. Returns a function that reports whether it was pressed.
 Showcase.cancel = function (card) {
   var old = card.querySelector('.cancel');
   var button = Showcase.element('button', 'cancel', 'Cancel');
@@ -32,7 +32,7 @@ Showcase.cancel = function (card) {
   return function () { return button.disabled; };
 };
 
-// A field for a text and what is made of it: lines(text) gives the lines to show, at once and at each change.
+// A text field with output below: lines(text) returns the lines to show, initially and after each change.
 Showcase.field = function (card, text, lines) {
   var box = card.querySelector('.field') || card.appendChild(Showcase.element('div', 'field'));
   var input = Showcase.element('input');
@@ -46,7 +46,7 @@ Showcase.field = function (card, text, lines) {
   input.focus();
 };
 
-// The lines of a table in a field: rows of a name and of values, which are shown as script writes them.
+// The lines of a table for a field: each row is a name and values, which are shown as JSON.
 Showcase.table = function (head, rows) {
   function line(cells) {
     var text = '';
@@ -62,12 +62,12 @@ Showcase.table = function (head, rows) {
   return lines;
 };
 
-// Where the user's programs keep their files. The page's own folder may go when the program ends.
+// A file in the user's folder, because the page's own folder may be removed when the program ends.
 Showcase.iniPath = function () {
   return window.external.system.expandEnvirPath('%APPDATA%\\tarvik-showcase.ini');
 };
 
-// Fields for texts and a button: act(text, ...) is called with what they hold.
+// Text fields and a button, which calls act(text, ...) with the texts.
 Showcase.form = function (card, texts, button, act) {
   var box = card.querySelector('.field') || card.appendChild(Showcase.element('div', 'field'));
   var inputs = [];
