@@ -1,4 +1,4 @@
-# What every one of our targets is compiled with; third-party code gets none of it.
+# The compiler options of all our targets; third-party code does not use them.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -15,7 +15,7 @@ else()
   target_compile_options(tarvik_compiler INTERFACE
     -Wall -Wextra -Werror -Wno-missing-field-initializers -Wno-cast-function-type
     -fstack-protector-strong -ffunction-sections -fdata-sections)
-  # One file that runs on a bare system: no compiler runtime beside it.
+  # One file that runs on a bare system, without a compiler runtime beside it.
   target_link_options(tarvik_compiler INTERFACE -static -municode -fstack-protector-strong -Wl,--gc-sections
     -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()

@@ -1,5 +1,5 @@
-# cmake -DINPUTS=a.js,b.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: text files, one after the other, as the
-# constant tarvik::kText, without their comment lines and indentation.
+# cmake -DINPUTS=a.js,b.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: concatenates text files, without their comment
+# lines and indentation, into the constant tarvik::kText.
 string(REPLACE "," ";" INPUTS "${INPUTS}")
 foreach(INPUT ${INPUTS})
   file(READ ${INPUT} PART)

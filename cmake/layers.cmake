@@ -1,6 +1,6 @@
-# The layers: which folders a library may link, by its own folder or the nearest parent that has a row. Including a header
-# of a library that is not linked fails to compile (tarvik_library.cmake); this table lists the libraries that may be
-# linked at all. app/, tests/ and bench/ may depend on everything, and nothing depends on them.
+# The layers: the folders whose libraries a library may link, by its own folder or the nearest parent that has a row. A
+# library sees the headers of linked libraries only (tarvik_library.cmake). app/, tests/ and bench/ may depend on
+# everything, and nothing depends on them.
 set(LAYER_contract "")
 set(LAYER_core contract)
 set(LAYER_base core)

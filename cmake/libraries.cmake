@@ -12,7 +12,7 @@ target_compile_definitions(miniz PUBLIC MINIZ_NO_STDIO)
 target_compile_options(miniz PRIVATE -O2 -w -ffunction-sections -fdata-sections)
 add_library(miniz::miniz ALIAS miniz)
 
-# The headers are the same for every target; only this one folder of the native include path may be seen.
+# The headers work for every target, but targets must see only this one folder of the native include path.
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/third_party/json)
 file(CREATE_LINK /usr/include/nlohmann ${CMAKE_BINARY_DIR}/third_party/json/nlohmann SYMBOLIC)
 add_library(nlohmann_json INTERFACE)

@@ -1,8 +1,8 @@
 # tarvik_library(NAME SOURCES a.cpp b.cpp USES lib1 lib2)
 #
-# One library a folder, included by its path from the top ("script/object.h"). A library sees its own headers
-# and those of the libraries it names in USES, and no others: each has an include root of its own in the build
-# folder that holds one link. So an include against the layers does not compile.
+# One library per folder; its headers are included by their path from the root ("script/object.h"). A library sees
+# only its own headers and those of the libraries in USES, because each library has its own include root in the
+# build folder, with a single link. So an include against the layers does not compile.
 function(tarvik_library NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   if(ARG_SOURCES)
@@ -19,7 +19,7 @@ function(tarvik_library NAME)
   set_property(GLOBAL APPEND PROPERTY TARVIK_LIBRARIES ${NAME})
 endfunction()
 
-# tarvik_embed_text(OUTPUT CONSTANT FILE...): makes a source file of the files' text.
+# tarvik_embed_text(OUTPUT CONSTANT FILE...): generates a source file that contains the text of the files.
 function(tarvik_embed_text OUTPUT CONSTANT)
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE FILES)
   list(JOIN FILES "," INPUTS)
@@ -31,7 +31,7 @@ function(tarvik_embed_text OUTPUT CONSTANT)
 endfunction()
 
 # tarvik_plugin(NAME SOURCES ... USES ...): a built-in plug-in. It is an object library, because nothing refers
-# to a plug-in by name: its static initialiser registers it, and a linker takes no such file from an archive.
+# to it by name: its static initializer registers it, and a linker takes no such file from a static library.
 function(tarvik_plugin NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_library(plugin_${NAME} OBJECT ${ARG_SOURCES})
@@ -43,7 +43,7 @@ function(tarvik_plugin NAME)
   set_property(GLOBAL APPEND PROPERTY TARVIK_LIBRARIES plugin_${NAME})
 endfunction()
 
-# tarvik_link_plugins(TARGET): every built-in plug-in, and what they need.
+# tarvik_link_plugins(TARGET): links every built-in plug-in, with its dependencies.
 function(tarvik_link_plugins TARGET)
   get_property(PLUGINS GLOBAL PROPERTY TARVIK_PLUGINS)
   target_link_libraries(${TARGET} PRIVATE ${PLUGINS})
@@ -51,7 +51,7 @@ endfunction()
 
 function(tarvik_include_root OUT)
   if(CMAKE_HOST_WIN32)
-    # Links need a privilege there; the layers are checked where the continuous build runs.
+    # Creating links requires a privilege on Windows; continuous integration checks the layers on Debian.
     set(${OUT} ${CMAKE_SOURCE_DIR} PARENT_SCOPE)
     return()
   endif()
@@ -64,7 +64,7 @@ function(tarvik_include_root OUT)
   set(${OUT} ${ROOT} PARENT_SCOPE)
 endfunction()
 
-# tarvik_console_program(NAME SOURCES ... USES ...): a program of its own for a console.
+# tarvik_console_program(NAME SOURCES ... USES ...): a console program.
 function(tarvik_console_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})

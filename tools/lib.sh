@@ -10,7 +10,7 @@ export HOME=~ LC_ALL=C.UTF-8
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
-# at_end COMMAND: runs COMMAND when this tool ends, also by a signal. Further signals do not interrupt it.
+# at_end COMMAND: runs COMMAND when this tool ends, even by a signal. Further signals do not interrupt it.
 at_end() {
   # shellcheck disable=SC2064
   trap "trap '' INT TERM HUP; $1" EXIT
@@ -26,8 +26,8 @@ configure() {
 
 # The test environment: a Wine prefix with its server, and a display. They belong together because the prefix's desktop
 # lives on one display. All tools on one build folder share one environment: the first tool sets it up, and so chooses
-# the display; the last one to end takes it down. Each holds a shared lock on descriptor 7; a tool that gets the lock
-# exclusively is the first or the last. A tool that was started by another one uses the environment of that.
+# the display; the last one to end shuts it down. Each holds a shared lock on descriptor 7; a tool that gets the lock
+# exclusively is the first or the last. A tool that another tool has started uses the environment of that tool.
 in_environment=
 enter_environment() {
   export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
@@ -55,7 +55,7 @@ leave_environment() {
 }
 
 start_environment() {
-  end_environment  # left by a tool that was killed
+  end_environment  # a killed tool may have left one
   local TARVIK_ENVIRONMENT=$build
   export TARVIK_ENVIRONMENT
   if [ -n "${DISPLAY:-}" ]; then
@@ -66,7 +66,7 @@ start_environment() {
   printf '%s\n' "$DISPLAY" >"$build/environment/display"
   cmp -s "$root/tools/wine-prefix.reg" "$WINEPREFIX/.set-up" || make_prefix
   # The first program of a new server starts Wine's services, which keep its standard streams open: a caller that reads
-  # them to the end would wait for ever. So start one here whose streams are not read.
+  # them to the end would wait forever. So start one here whose streams are not read.
   quietly wineserver -p
   quietly wine cmd /c exit || die "Wine does not run here"
 }
@@ -105,11 +105,11 @@ end_environment() {
   if [ -n "$display" ] && [ "$(cat "/proc/$display/comm" 2>/dev/null)" = Xvfb ]; then kill "$display"; fi
   rm -f "$build/environment/xvfb"
   end_marked "TARVIK_ENVIRONMENT=$build"
-  rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*  # left by programs that were killed
+  rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*  # killed programs may have left files
 }
 
-# end_marked MARK: ends every process that was started with the mark in its environment. Windows programs are killed at
-# once. Unix processes that they started clean up when their parent has ended, and get four seconds for it.
+# end_marked MARK: ends every process that has the mark in its environment. Windows programs are killed immediately. Unix
+# processes that they started clean up after their parent has ended, and get four seconds for that.
 end_marked() {
   local tries pids pid
   for ((tries = 0; tries < 100; tries++)); do
@@ -122,7 +122,7 @@ end_marked() {
   done
 }
 
-# The desktop of the prefix belongs to all programs, whichever started it. The search must not find itself.
+# Excludes the desktop of the prefix, which all programs share, whichever started it. The search must not find itself.
 marked() {
   local file pid
   while read -r file; do
@@ -134,7 +134,7 @@ marked() {
 is_wine() { [[ $(readlink "/proc/$1/exe") == */wine* ]]; }
 is_desktop() { [[ $(tr '\0' ' ' <"/proc/$1/cmdline") == *explorer.exe\ /desktop* ]]; } 2>/dev/null
 
-# Whether the display was opened by these tools, so that nobody sees it.
+# Whether these tools opened the display, so that no user sees it.
 has_own_display() { [ -e "$build/environment/xvfb" ]; }
 
 # as_windows_path PATH: the path as Windows programs see it.
