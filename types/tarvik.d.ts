@@ -2091,8 +2091,8 @@ declare namespace Tarvik {
    *
    * - 0x80070002 and other 0x8007....: a file could not be opened or created; the low half is the system's error;
    * - 0x80070050: a file exists already;
-   * - 0x800700B7: a file, of this archive or an older one, is in the place of a folder, or a folder in the place of a
-   *   file;
+   * - 0x800700B7: a file is in the place of a folder, or a folder in the place of a file; it may be from this archive
+   *   or have existed before;
    * - 0x80070057: `dest` is missing;
    * - 0x80004004: `progress` cancelled the operation before an entry;
    * - 0x80004005: any other failure: no archive or a damaged one, an entry with a refused name, a full disk, a cancel
