@@ -26,7 +26,7 @@ int RunProgram(std::wstring_view name, const std::function<void()>& work) {
         work();
         return kGood;
     } catch (const UsageError& error) {
-        return Complain(name, error.Text() + L" " + std::wstring(name) + L" --help tells more.", kWrongUsage);
+        return Complain(name, error.Text(), kWrongUsage);
     } catch (const Failure& failure) {
         return Complain(name, failure.Text(), kFailed);
     } catch (...) {

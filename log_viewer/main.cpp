@@ -1,34 +1,31 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "tarvik/text.h"
-#include "cli/arguments.h"
+#include "cli/command_line_app.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"
 #include "cli/program.h"
 #include "log_viewer/debug_output.h"
 #include "log_viewer/process_names.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
 namespace {
 
-constexpr const wchar_t* kHelp =
-    LR"(tarvik-log prints what pages write with console.log, and all else that programs
-of this session write to the debugger's channel: the time, the process and the
-name of its program, and the text. Ctrl+C ends it.
+constexpr const char* kDescription =
+    R"(Prints what pages write with console.log, and whatever else programs of this
+session write to the debugger's channel: the time, the process and the name of
+its program, and the text. Ctrl+C ends it.)";
 
-  tarvik-log                     of all programs
-  tarvik-log --process app.exe   of one program, named by its file or its id
-  tarvik-log --help, --version
+constexpr const char* kNotes = R"(Examples:
+  tarvik-log                      prints what all programs write
+  tarvik-log --process app.exe    prints what one program writes
 
-Programs that a debugger runs are heard by that alone. The channel has one
-reader in a session, so no other viewer of it can run meanwhile. A viewer that
-runs with more rights than a program may not hear it.
-)";
-
-constexpr Option kOptions[] = {{L"--process"}, {L"--help", false}, {L"--version", false}};
+A program that runs in a debugger writes to that alone. The channel has one
+reader in a session, so no other viewer can run at the same time. A program with
+more privileges than the viewer may be out of its reach.)";
 
 std::wstring TimeOfDay() {
     SYSTEMTIME now;
@@ -65,19 +62,18 @@ void Print(DebugOutput& output, const std::optional<std::wstring>& wanted) {
     }
 }
 
-void Run(const Arguments& arguments) {
-    if (!arguments.Operands().empty()) throw UsageError(L"There is no operand to give.");
-    if (arguments.Has(L"--help")) {
-        Console::Out().Write(kHelp);
-    } else if (arguments.Has(L"--version")) {
-        Console::Out().Write(L"tarvik-log " TARVIK_VERSION L"\n");
-    } else {
-        const auto wanted = arguments.Value(L"--process");
-        if (wanted && wanted->empty()) throw UsageError(L"--process takes a file name or an id.");
+void Run(std::span<wchar_t* const> arguments) {
+    std::optional<std::wstring> wanted;
+    CommandLineApp app("tarvik-log", TARVIK_VERSION, kDescription);
+    AddText(app, "--process", "APP", wanted, "Print one program only, by its file name or process id")
+        ->check([](const std::string& text) { return std::string(text.empty() ? "the name is empty" : ""); });
+    app.footer(kNotes);
+    app.callback([&] {
         auto output = Explained(L"The debugger's channel cannot be read", [] { return DebugOutput::Open(); });
         if (!output) throw Failure(L"Another viewer reads the debugger's channel already. End it first.");
         Print(*output, wanted);
-    }
+    });
+    app.Run(arguments);
 }
 
 }  // namespace
@@ -86,7 +82,6 @@ void Run(const Arguments& arguments) {
 
 int wmain(int count, wchar_t** words) {
     return tarvik::RunProgram(L"tarvik-log", [&] {
-        const std::span<wchar_t* const> all(words, static_cast<size_t>(count));
-        tarvik::Run(tarvik::Arguments(all.subspan(1), tarvik::kOptions));
+        tarvik::Run(std::span<wchar_t* const>(words, static_cast<size_t>(count)).subspan(1));
     });
 }

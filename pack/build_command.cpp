@@ -29,26 +29,9 @@ std::wstring DefaultHost() {
     return self.substr(0, self.rfind(L'\\') + 1) + L"tarvik.exe";
 }
 
-std::wstring Text(const Arguments& arguments, const wchar_t* option, const std::wstring& fallback = {}) {
-    constexpr size_t kLongest = 1000;
-    const std::wstring text = arguments.Value(option).value_or(fallback);
-    if (text.size() > kLongest)
-        throw UsageError(std::wstring(option) + L" takes a text of at most 1,000 letters.");
-    return text;
-}
-
-std::optional<std::wstring> Path(const Arguments& arguments, const wchar_t* option) {
-    const auto path = arguments.Value(option);
-    if (!path) return std::nullopt;
-    if (path->empty()) throw UsageError(std::wstring(option) + L" takes a path.");
-    return FullPath(*path);
-}
-
-VersionInfo ReadVersionInfo(const Arguments& arguments, const std::wstring& output) {
-    const std::wstring file = FileNameOf(output);
-    return {Text(arguments, L"--name", file.substr(0, file.rfind(L'.'))),
-            ParseVersion(arguments.Value(L"--version").value_or(L"1.0")), Text(arguments, L"--company"),
-            Text(arguments, L"--copyright")};
+std::wstring StemOf(const std::wstring& path) {
+    const std::wstring file = FileNameOf(path);
+    return file.substr(0, file.rfind(L'.'));
 }
 
 void CheckOutput(const std::wstring& output, const std::wstring& folder, const std::wstring& host) {
@@ -71,25 +54,25 @@ void Decorate(const std::wstring& program, const VersionInfo& version, const std
 
 }  // namespace
 
-// Everything that can be refused is looked at before anything is written. The resources come first, because
-// they move what lies behind the program.
-void BuildProgram(const std::wstring& folder, const Arguments& arguments) {
-    const auto output = Path(arguments, L"-o");
-    if (!output) throw UsageError(L"build needs the program to make: -o app.exe.");
-    const std::wstring host = Path(arguments, L"--host").value_or(DefaultHost());
-    const VersionInfo version = ReadVersionInfo(arguments, *output);
-    const std::vector<Entry> entries = ReadApplication(folder);
+// Everything that can be refused is checked before anything is written. The resources come first because
+// updating them moves what lies behind the program.
+void BuildProgram(const BuildOptions& options) {
+    const std::wstring output = FullPath(options.output);
+    const std::wstring host = options.host.empty() ? DefaultHost() : FullPath(options.host);
+    const VersionInfo version = {options.name.value_or(StemOf(output)), options.version, options.company,
+                                 options.copyright};
+    const std::vector<Entry> entries = ReadApplication(options.folder);
     CheckHost(host);
     std::optional<IconFile> icon;
-    if (const auto path = Path(arguments, L"--icon")) icon.emplace(*path);
-    CheckOutput(*output, FullPath(folder), host);
+    if (!options.icon.empty()) icon.emplace(FullPath(options.icon));
+    CheckOutput(output, FullPath(options.folder), host);
 
-    UnfinishedFile program(host, *output);
+    UnfinishedFile program(host, output);
     Decorate(program.Path(), version, icon);
     AttachArchive(program.Path(), entries);
     CheckAttached(program.Path(), entries);
     const ULONGLONG size = program.Finish();
-    Console::Out().Write(*output + L": " + Grouped(size) + L" bytes, with " + Grouped(entries.size()) +
+    Console::Out().Write(output + L": " + Grouped(size) + L" bytes, with " + Grouped(entries.size()) +
                          L" files and folders\n");
 }
 

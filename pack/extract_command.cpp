@@ -40,9 +40,9 @@ class Listener : public ExtractListener {
 
 }  // namespace
 
-void ExtractProgram(const std::wstring& program, const Arguments& arguments) {
+void ExtractProgram(const std::wstring& program, const std::wstring& destination) {
     const std::wstring path = FullPath(program);
-    const std::wstring folder = FullPath(arguments.Operands()[1]);
+    const std::wstring folder = FullPath(destination);
     CheckIsFree(folder);
     AttachedArchive attached(path);
     Listener listener;

@@ -45,7 +45,7 @@ void Print(ArchiveReader& reader) {
 
 }  // namespace
 
-void ListProgram(const std::wstring& program, const Arguments&) {
+void ListProgram(const std::wstring& program) {
     const std::wstring path = FullPath(program);
     AttachedArchive attached(path);
     try {

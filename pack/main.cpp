@@ -1,8 +1,4 @@
-#include <algorithm>
-#include <iterator>
-
-#include "cli/console.h"
-#include "cli/failure.h"
+#include "cli/command_line_app.h"
 #include "cli/program.h"
 #include "pack/commands.h"
 
@@ -10,73 +6,97 @@ namespace tarvik {
 
 namespace {
 
-constexpr const wchar_t* kHelp =
-    LR"(tarvik-pack makes programs of applications that are written as web pages.
+constexpr const char* kExamples = R"(Examples:
+  tarvik-pack new garden                    writes a small application to start from
+  tarvik-pack build garden -o garden.exe    makes one program of it
+  tarvik-pack list garden.exe               lists what the program carries
+  tarvik-pack extract garden.exe copy       takes it out again, into a new folder
 
-  tarvik-pack new FOLDER            writes a small application to start from
-  tarvik-pack build FOLDER -o APP   makes one program of an application's folder
-  tarvik-pack list APP              lists what a program carries: time, size, name
-  tarvik-pack extract APP FOLDER    takes it out again, into a new folder
-  tarvik-pack --help, --version
+'tarvik-pack COMMAND --help' describes the options of a command.
+The exit code is 0 for success, 1 for a failure and 2 for a wrong command line.)";
 
-FOLDER holds resource\index.html, the page that the application begins with. All
+constexpr const char* kBuildNotes =
+    R"(FOLDER holds resource\index.html, the page that the application begins with. All
 that is in FOLDER is packed, hidden files too.
 
-Options of build:
-  -o APP              the program to make; one that is there is replaced at the end
-  --host FILE         the host, by default tarvik.exe beside tarvik-pack.exe
-  --icon FILE         an .ico file with the program's icon
-  --name TEXT         its name, by default that of APP
-  --version 1.2.3     its version, one to four numbers; by default 1.0
-  --company TEXT, --copyright TEXT
+Example:
+  tarvik-pack build garden -o garden.exe --icon garden.ico --name Garden)";
 
-The exit code is 0 if all went well, 1 if not, and 2 for a wrong command line.
-)";
-
-constexpr Option kHelpOption = {L"--help", false};
-constexpr Option kPlainOptions[] = {kHelpOption};
-constexpr Option kBuildOptions[] = {kHelpOption, {L"-o"},        {L"--host"},    {L"--icon"},
-                                    {L"--name"}, {L"--version"}, {L"--company"}, {L"--copyright"}};
-
-struct Command {
-    std::wstring_view name;
-    std::span<const Option> options;
-    size_t operands;
-    const wchar_t* usage;
-    void (*run)(const std::wstring& first, const Arguments& arguments);
+// The arguments of all commands.
+struct Arguments {
+    std::wstring folder;
+    std::wstring program;
+    BuildOptions build;
 };
 
-constexpr Command kCommands[] = {
-    {L"new", kPlainOptions, 1, L"tarvik-pack new FOLDER", NewApplication},
-    {L"build", kBuildOptions, 1, L"tarvik-pack build FOLDER -o APP", BuildProgram},
-    {L"list", kPlainOptions, 1, L"tarvik-pack list APP", ListProgram},
-    {L"extract", kPlainOptions, 2, L"tarvik-pack extract APP FOLDER", ExtractProgram},
-};
-
-void Run(const Command& command, const Arguments& arguments) {
-    if (arguments.Has(kHelpOption.name)) {
-        Console::Out().Write(kHelp);
-        return;
-    }
-    const auto& operands = arguments.Operands();
-    if (operands.size() != command.operands || std::ranges::count(operands, L"") > 0)
-        throw UsageError(L"It is written " + std::wstring(command.usage) + L".");
-    command.run(operands.front(), arguments);
+void AddNew(CLI::App& app, Arguments& arguments) {
+    auto& command = *app.add_subcommand("new", "Write a small application to start from");
+    AddPath(command, "FOLDER", "", arguments.folder, "A new or empty folder")->required();
+    command.callback([&] { NewApplication(arguments.folder); });
 }
 
-void Run(std::span<wchar_t* const> words) {
-    if (words.empty()) throw UsageError(L"A command is missing: new, build, list or extract.");
-    const std::wstring_view first = words.front();
-    const auto command = std::ranges::find(kCommands, first, &Command::name);
-    if (command != std::end(kCommands)) {
-        Run(*command, Arguments(words.subspan(1), command->options));
-    } else if (first == L"--help") {
-        Console::Out().Write(kHelp);
-    } else if (first == L"--version") {
-        Console::Out().Write(L"tarvik-pack " TARVIK_VERSION L"\n");
-    } else {
-        throw UsageError(L"There is no command " + std::wstring(first) + L".");
-    }
+template <class Text>
+void AddDescription(CLI::App& command, const char* name, Text& text, const char* description) {
+    AddText(command, name, "TEXT", text, description)->check([](const std::string& given) {
+        constexpr size_t kLongest = 1000;
+        return std::string(Widen(given).size() > kLongest ? "the text is longer than 1,000 characters" : "");
+    });
+}
+
+void AddVersion(CLI::App& command, Version& version) {
+    const auto parse = [&version](const std::string& text) {
+        const auto parsed = ParseVersion(text);
+        if (!parsed)
+            throw CLI::ValidationError("--version",
+                                       "'" + text + "' is not one to four numbers of 0 to 65535");
+        version = *parsed;
+    };
+    command
+        .add_option_function<std::string>("--version", parse,
+                                          "Its version, one to four numbers (default: 1.0)")
+        ->option_text("1.2.3");
+}
+
+void AddBuild(CLI::App& app, Arguments& arguments) {
+    BuildOptions& options = arguments.build;
+    auto& command = *app.add_subcommand("build", "Make one program of an application's folder");
+    AddPath(command, "FOLDER", "", options.folder, "The application's folder")->required();
+    AddPath(command, "-o", "APP", options.output, "The program to make; replaces an existing file")
+        ->required();
+    AddPath(command, "--host", "FILE", options.host, "The host (default: tarvik.exe beside tarvik-pack.exe)");
+    AddPath(command, "--icon", "FILE", options.icon, "An .ico file with the program's icon");
+    AddDescription(command, "--name", options.name, "The program's name (default: that of APP)");
+    AddVersion(command, options.version);
+    AddDescription(command, "--company", options.company, "The company that publishes it");
+    AddDescription(command, "--copyright", options.copyright, "Its copyright notice");
+    command.footer(kBuildNotes);
+    command.callback([&] { BuildProgram(options); });
+}
+
+void AddList(CLI::App& app, Arguments& arguments) {
+    auto& command = *app.add_subcommand("list", "List what a program carries: time, size, name");
+    AddPath(command, "APP", "", arguments.program, "A program that was packed")->required();
+    command.callback([&] { ListProgram(arguments.program); });
+}
+
+void AddExtract(CLI::App& app, Arguments& arguments) {
+    auto& command = *app.add_subcommand("extract", "Extract what a program carries into a new folder");
+    AddPath(command, "APP", "", arguments.program, "A program that was packed")->required();
+    AddPath(command, "FOLDER", "", arguments.folder, "A new or empty folder")->required();
+    command.callback([&] { ExtractProgram(arguments.program, arguments.folder); });
+}
+
+void Run(std::span<wchar_t* const> arguments) {
+    Arguments parsed;
+    CommandLineApp app("tarvik-pack", TARVIK_VERSION,
+                       "Makes programs of applications that are written as web pages.");
+    app.require_subcommand(1);
+    AddNew(app, parsed);
+    AddBuild(app, parsed);
+    AddList(app, parsed);
+    AddExtract(app, parsed);
+    app.footer(kExamples);
+    app.Run(arguments);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ void Write(const std::wstring& path, std::string_view content) {
 
 }  // namespace
 
-void NewApplication(const std::wstring& name, const Arguments&) {
+void NewApplication(const std::wstring& name) {
     const std::wstring folder = FullPath(name);
     CheckIsFree(folder);
     DestinationFolder made(folder);

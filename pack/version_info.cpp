@@ -2,11 +2,9 @@
 
 #include <windows.h>
 
-#include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <string>
-
-#include "cli/failure.h"
 
 namespace tarvik {
 
@@ -75,24 +73,17 @@ std::wstring Dotted(const VersionInfo& info) {
 
 }  // namespace
 
-std::array<std::uint16_t, 4> ParseVersion(std::wstring_view text) {
-    const auto refuse = [&] {
-        throw UsageError(L"\"" + std::wstring(text) +
-                         L"\" is no version: that is one to four numbers of 0 to 65535, as 1.2.3.");
-    };
-    std::array<std::uint16_t, 4> version = {};
-    std::wstring_view rest = text;
-    for (size_t index = 0;; ++index) {
-        const std::wstring_view digits = rest.substr(0, rest.find(L'.'));
-        if (index == version.size() || digits.empty() || digits.size() > 5 ||
-            digits.find_first_not_of(L"0123456789") != std::wstring_view::npos)
-            refuse();
-        const unsigned long number = std::stoul(std::wstring(digits));
-        if (number > 0xFFFF) refuse();
-        version[index] = static_cast<std::uint16_t>(number);
-        if (digits.size() == rest.size()) return version;
-        rest.remove_prefix(digits.size() + 1);
+std::optional<Version> ParseVersion(std::string_view text) {
+    Version version = {};
+    for (size_t index = 0; index < version.size(); ++index) {
+        const std::string_view digits = text.substr(0, text.find('.'));
+        const char* const end = digits.data() + digits.size();
+        const auto [parsedTo, error] = std::from_chars(digits.data(), end, version[index]);
+        if (error != std::errc() || parsedTo != end) return std::nullopt;
+        if (digits.size() == text.size()) return version;
+        text.remove_prefix(digits.size() + 1);
     }
+    return std::nullopt;
 }
 
 std::vector<std::uint8_t> VersionResource(const VersionInfo& info) {

@@ -36,6 +36,21 @@ TEST_F(Build, LeavesAnOutputThatItCannotReplace) {
     EXPECT_THAT(Names(), ElementsAre(L"app", L"out.exe"));
 }
 
+// Only operands stand behind `--`.
+TEST_F(Build, TakesFoldersNamedLikeCommandsAndOptions) {
+    fs::rename(folder_ / L"app", folder_ / L"list");
+    Run({L"build", L"list", L"-o", L"out.exe"});
+    fs::rename(folder_ / L"list", folder_ / L"--name=");
+    Run({L"build", L"-o", L"out.exe", L"--company=", L"--", L"--name="});
+}
+
+TEST_F(Build, DescribesItsOptions) {
+    EXPECT_THAT(Run({L"build", L"--help"}),
+                AllOf(HasSubstr("usage: tarvik-pack build FOLDER -o APP [OPTIONS]"),
+                      HasSubstr("--copyright TEXT"), HasSubstr("Example")));
+    EXPECT_THAT(Run({L"--help"}), HasSubstr("  extract "));
+}
+
 TEST_F(Build, LeavesNothingWhenItIsInterrupted) {
     std::mt19937 random(1);
     std::string noise(64'000'000, '\0');

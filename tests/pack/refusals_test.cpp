@@ -40,25 +40,25 @@ TEST_F(Refused, WrongCommandLines) {
     WriteApplication();
     const std::wstring longText(1001, L'x');
     ExpectRefusals({
-        {{}, 2, "A command is missing"},
-        {{L"pack"}, 2, "no command pack"},
-        {{L"new"}, 2, "tarvik-pack new FOLDER"},
-        {{L"new", L""}, 2, "tarvik-pack new FOLDER"},
-        {{L"list", L"a.exe", L"b.exe"}, 2, "tarvik-pack list APP"},
-        {{L"list", L"a.exe", L"--icon", L"b"}, 2, "no option --icon"},
-        {{L"build", L"app"}, 2, "-o app.exe"},
-        Options({L"--icno", L"a.ico"}, 2, "no option --icno"),
-        Options({L"-x"}, 2, "no option -x"),
-        Options({L"-o", L"out.exe", L"--icon"}, 2, "--icon needs a value"),
-        Options({L"--name=a", L"--name", L"b"}, 2, "--name is given twice"),
-        Options({L"--help=yes"}, 2, "--help takes no value"),
-        Options({L"--icon", L""}, 2, "--icon takes a path"),
-        Options({L"--name", longText}, 2, "--name takes a text of at most"),
-        Options({L"--version", L""}, 2, "\"\" is no version"),
-        Options({L"--version", L"1."}, 2, "\"1.\" is no version"),
-        Options({L"--version", L"1.65536"}, 2, "\"1.65536\" is no version"),
-        Options({L"--version", L"1.2.3.4.5"}, 2, "\"1.2.3.4.5\" is no version"),
-        Options({L"--version", L"1.-2"}, 2, "\"1.-2\" is no version"),
+        {{}, 2, "a command is required\nusage: tarvik-pack [OPTIONS] COMMAND\n"},
+        {{L"bild", L"app"}, 2, "unknown command bild; did you mean build?"},
+        {{L"new"},
+         2,
+         "FOLDER is required\nusage: tarvik-pack new FOLDER\nTry 'tarvik-pack new --help' for more.\n"},
+        {{L"new", L""}, 2, "FOLDER: the path is empty"},
+        {{L"list", L"a.exe", L"b.exe"}, 2, "unexpected argument b.exe\nusage: tarvik-pack list APP\n"},
+        {{L"list", L"a.exe", L"--icon", L"b"}, 2, "unknown option --icon"},
+        {{L"build", L"app"}, 2, "-o is required\nusage: tarvik-pack build FOLDER -o APP [OPTIONS]\n"},
+        {{L"build", L"app", L"--icno=a.ico"}, 2, "unknown option --icno; did you mean --icon?"},
+        Options({L"-o", L"out.exe", L"--icon"}, 2, "--icon takes exactly one value"),
+        Options({L"--name=a", L"--name", L"b"}, 2, "--name takes exactly one value"),
+        Options({L"--icon="}, 2, "--icon: the path is empty"),
+        Options({L"--name", longText}, 2, "--name: the text is longer than"),
+        Options({L"--version="}, 2, "'' is not one to four numbers"),
+        Options({L"--version", L"1."}, 2, "'1.' is not"),
+        Options({L"--version", L"1.65536"}, 2, "'1.65536' is not"),
+        Options({L"--version", L"1.2.3.4.5"}, 2, "'1.2.3.4.5' is not"),
+        Options({L"--version", L"1.-2"}, 2, "'1.-2' is not"),
     });
 }
 
@@ -149,7 +149,7 @@ TEST_F(Refused, ProgramsThatCarryNothingOrADamagedArchive) {
     folder_.Write(L"climbing.exe", "host" + WriteArchive({{"../page", "x"}}));
     ExpectRefusals({
         {{L"list", Host().wstring()}, 1, "tarvik.exe\" has no archive attached"},
-        {{L"list", L"missing.exe"}, 1, "missing.exe\" cannot be read"},
+        {{L"list", L"/missing.exe"}, 1, "missing.exe\" cannot be read"},
         {{L"extract", Host().wstring(), L"out"}, 1, "has no archive attached"},
         {{L"extract", L"damaged.exe", L"out"}, 1, "damaged.exe\" is broken"},
         {{L"extract", L"climbing.exe", L"out"}, 1, "climbing.exe\" is broken"},
