@@ -28,14 +28,14 @@ void UseFolder(const wchar_t* folder) {
 void UnpackAttached(UnpackFolder& unpackFolder) {
     if (!HasAttachedArchive()) return;
     PageControlClass::Prelaunch();  // unpacking takes a while, in which the engine can start
-    // It waits without pumping messages, and so must not be done in a single-threaded apartment.
+    // SelfUnpack waits without pumping messages, which a single-threaded apartment must not do.
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)SelfUnpack(unpackFolder);
     if (SUCCEEDED(apartment)) CoUninitialize();
 }
 
-// The application is the folder that `d` names, or what is attached to the executable. Neither is an error:
-// the first window then looks beside the executable.
+// The application is the folder given with -d, or the archive attached to the executable. Without either, the
+// first window looks for a page beside the executable.
 void ChooseFolder(UnpackFolder& unpackFolder) {
     const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {
@@ -46,14 +46,14 @@ void ChooseFolder(UnpackFolder& unpackFolder) {
 }
 
 void ReportNoPage() {
-    ReportToAuthor(L"The program has no window and runs until it is ended.\nusage: " +
+    ReportToAuthor(L"The program has no window and runs until it is terminated.\nusage: " +
                    FileNameOf(ExecutablePath()) +
                    L" [-d FOLDER] [-f PAGE]\n"
-                   L"FOLDER holds resource\\index.html; PAGE is the path or URL of another page.");
+                   L"FOLDER contains resource\\index.html; PAGE is the path or URL of another page.");
 }
 
-// Lives as long as the process: to end it, calls of workers would have to be served, and with them a page's
-// script that may never return.
+// Never destroyed: ending it would mean serving the pending calls of workers, and the page's script that they
+// call may never return.
 void KeepWorkerApartment() {
     static_cast<void>(new WorkerApartment);
 }

@@ -14,8 +14,8 @@ namespace tarvik {
 
 namespace {
 
-// A script function played by native code: notes that it was called, and wakes who waits. The worker of
-// `minizip` calls it directly, because both are in the multi-threaded apartment.
+// A native object in place of a script function. It records that it was called and wakes the waiting thread.
+// The worker of `minizip` calls it directly, because both are in the multi-threaded apartment.
 class CExtractCallback : public ComObject<IDispatch> {
   public:
     explicit CExtractCallback(HANDLE event) : event_(event) {}
@@ -62,7 +62,7 @@ void UnpackInto(const std::wstring& folder) {
     SetScriptProperty(options.Get(), L"success", Variant::Object(success.Get()));
     SetScriptProperty(options.Get(), L"fail", Variant::Object(fail.Get()));
     const Variant argument = Variant::Object(options.Get());
-    // Where the call fails, nobody would ever end the wait.
+    // If the call fails, neither callback is ever called.
     ThrowIfFailed(CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr));
     WaitForSingleObject(finished.Get(), INFINITE);
     if (!success->WasCalled()) throw StatusError(E_FAIL);

@@ -6,16 +6,15 @@
 
 namespace tarvik {
 
-// Whether there is anything to unpack.
+// Whether an archive is attached to the executable.
 bool HasAttachedArchive();
 
 // Unpacks the archive attached to the executable into a new temporary folder and makes that the current one.
-// The thread must be in the multi-threaded apartment; it waits without pumping messages. When this fails, no
-// folder is left.
+// The thread must be in the multi-threaded apartment; it waits without pumping messages. After a failure
+// there is no folder.
 HRESULT SelfUnpack(UnpackFolder& folder);
 
-// Leaves an unpacked folder and removes it, if there is one. What is still in use stays behind, with no
-// report.
+// Leaves and removes the unpacked folder, if there is one. Files in use stay behind; that is not reported.
 void RemoveUnpacked(UnpackFolder& folder);
 
 }  // namespace tarvik

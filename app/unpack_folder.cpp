@@ -18,11 +18,11 @@ namespace {
 
 constexpr const wchar_t* kLockSuffix = L".lock";
 
-void Check(BOOL good) {
-    if (!good) ThrowLastError();
+void Check(BOOL succeeded) {
+    if (!succeeded) ThrowLastError();
 }
 
-// The user that this process runs as.
+// The user of this process.
 class CurrentUser {
   public:
     CurrentUser() {
@@ -39,8 +39,7 @@ class CurrentUser {
     std::vector<char> data_;
 };
 
-// The security of what belongs to the current user and grants access to nobody else, whatever the folder
-// around it grants.
+// Security attributes for objects that only the current user can access, whatever the parent folder grants.
 class PrivateSecurity {
   public:
     PrivateSecurity() {
@@ -64,7 +63,7 @@ UniqueHandle OpenLock(const std::wstring& path, SECURITY_ATTRIBUTES* security, D
                                     FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
-// In a folder for temporary files that several users share, any of them can make a file of any name.
+// If several users share a folder for temporary files, each of them can create a file of any name.
 bool BelongsToCurrentUser(const UniqueHandle& file) {
     PSID owner = nullptr;
     UniqueLocal descriptor;
@@ -78,7 +77,7 @@ void Delete(UniqueHandle file) {
     SetFileInformationByHandle(file.Get(), FileDispositionInfo, &deleted, sizeof deleted);
 }
 
-// A folder of the current user's, and no link to one.
+// Whether this is a folder, not a link, that belongs to the current user.
 bool IsOwnFolder(const std::wstring& path) {
     const UniqueHandle folder(
         CreateFileW(path.c_str(), READ_CONTROL | FILE_READ_ATTRIBUTES,
@@ -90,13 +89,13 @@ bool IsOwnFolder(const std::wstring& path) {
            (info.dwFileAttributes & kTypes) == FILE_ATTRIBUTE_DIRECTORY && BelongsToCurrentUser(folder);
 }
 
-// Whether the folder is gone.
+// Returns whether the folder no longer exists.
 bool RemoveFolder(const std::wstring& folder) {
     if (IsOwnFolder(folder)) DeleteFolder(folder);
     return !PathFileExistsW(folder.c_str());
 }
 
-// TV and eight digits, as programs name their folders: patterns of the system match more.
+// TV and eight hexadecimal digits. The patterns of FindFirstFile match more.
 bool IsNameOfLock(std::wstring_view name) {
     constexpr size_t kLength = 10;
     return name.size() > kLength && name.substr(kLength) == kLockSuffix && name.starts_with(L"TV") &&
@@ -114,7 +113,7 @@ std::vector<std::wstring> FindFolders(const std::wstring& temp) {
     return folders;
 }
 
-// Without a temporary folder its name is empty, and the root of the drive takes its place.
+// If the variable is missing, the path is empty, and the folder would be created in the root of the drive.
 void RequireAbsolute(const std::wstring& temp) {
     if (PathIsRelativeW((temp + L"\\").c_str())) throw StatusError(E_FAIL);
 }
@@ -129,7 +128,7 @@ void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
     }
 }
 
-// The lock comes first, so that no other program ever sees a folder of ours without it.
+// The lock comes first, so that no other process ever finds the folder without it.
 void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
     RequireAbsolute(temp);
     const std::wstring path = temp + L"\\" + name;
@@ -147,11 +146,11 @@ void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
     lock_ = std::move(lock);
 }
 
-// Operations of pages that are under way use their files for a moment longer.
+// Operations that pages have started may use their files for a moment longer.
 void UnpackFolder::Remove() {
-    constexpr int kTries = 20;
+    constexpr int kAttempts = 20;
     constexpr DWORD kPause = 50;
-    for (int i = 0; i < kTries && lock_; ++i) {
+    for (int i = 0; i < kAttempts && lock_; ++i) {
         if (i > 0) Sleep(kPause);
         if (RemoveFolder(path_)) Delete(std::move(lock_));
     }

@@ -7,22 +7,21 @@
 namespace tarvik {
 
 // The temporary folder of an unpacked archive, which only its user can read. A lock file beside it,
-// `<folder>.lock`, stays open while this program lives: a lock that can be opened is that of a program that
-// was killed, whose folder the next program removes.
+// `<folder>.lock`, stays open while this process runs. A lock file that can be opened was left by a killed
+// process, and the next process removes its folder.
 class UnpackFolder {
   public:
-    // Removes the folders in `temp` that killed programs of this user have left. Throws E_FAIL for a relative
-    // path.
+    // Removes the folders in `temp` that killed processes of this user have left. Throws E_FAIL for a
+    // relative path.
     static void RemoveAbandoned(const std::wstring& temp);
 
-    // Makes the folder `temp`\`name`, and `temp` if it is missing. Throws; a folder that exists is a failure.
+    // Creates the folder `temp`\`name`, and `temp` if it is missing. Throws, also if the folder exists.
     void Create(const std::wstring& temp, const std::wstring& name);
 
-    // Removes the folder if there is one, without a report. What is in use stays behind, as does the lock
-    // then.
+    // Removes the folder if there is one. If files in it are in use, they and the lock stay behind.
     void Remove();
 
-    // Kept when the folder has been removed; empty if none was made.
+    // Empty if no folder was created; unchanged by Remove.
     const std::wstring& Path() const { return path_; }
 
   private:

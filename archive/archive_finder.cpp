@@ -23,7 +23,7 @@ std::uint32_t ReadWord(const std::uint8_t* at) {
     return at[0] | at[1] << 8 | at[2] << 16 | static_cast<std::uint32_t>(at[3]) << 24;
 }
 
-// How far before the end of the bytes the last end record starts; 0 if none is in reach.
+// How far before the end of the bytes the last end record starts; 0 if there is none within 64 KiB.
 std::size_t EndRecordDistance(Bytes bytes) {
     const std::size_t farthest = std::min(kLongestDistance, bytes.size());
     for (std::size_t distance = kShortestDistance; distance <= farthest; ++distance) {
@@ -56,7 +56,7 @@ std::optional<Bytes> FindArchive(Bytes file, std::uint32_t fromEnd) {
         ++walked;
         end = found->start;
         if (end == 0) {
-            // From here on the walk repeats itself, so whole rounds of it are left out.
+            // From here on the walk repeats itself, so skip whole rounds.
             end = file.size();
             left %= walked;
         }

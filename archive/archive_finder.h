@@ -9,10 +9,10 @@ namespace tarvik {
 using Bytes = std::span<const std::uint8_t>;
 
 // Finds an archive in a file by walking back from the file's end: 0 is the last one, 1 the one before it.
-// One rule serves a plain archive, archives attached to a program whose offsets count from their own first
-// byte, and one whose offsets count from the start of the file. In the last case the walk arrives at the
-// start of the file, the answer is the whole file, and a further step begins at the file's end again. Nothing
-// for a file that holds no such archive or contradicts itself; what is found lies inside `file`.
+// One rule covers a plain archive, archives attached to a program whose offsets count from their own first
+// byte, and one whose offsets count from the start of the file. In the last case the walk reaches the start
+// of the file, the result is the whole file, and the next step starts at the file's end again. Returns
+// nothing if the file has no such archive or contradicts itself. The result is a part of `file`.
 std::optional<Bytes> FindArchive(Bytes file, std::uint32_t fromEnd);
 
 }  // namespace tarvik

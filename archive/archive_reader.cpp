@@ -9,8 +9,8 @@ namespace {
 
 constexpr mz_uint kNameIsUtf8 = 0x800;
 
-void Check(bool good) {
-    if (!good) throw StatusError(E_FAIL);
+void Check(bool isValid) {
+    if (!isValid) throw StatusError(E_FAIL);
 }
 
 }  // namespace
@@ -25,22 +25,22 @@ const mz_zip_archive_file_stat& MemberEntry::Statistics() const {
     return *statistics;
 }
 
-// The flags stand in the statistics even if the other fields are refused.
+// The flags are filled in even if the other fields are refused.
 MemberEntry ArchiveReader::Lookup(mz_uint index) {
-    const bool isSound = ReadStatistics(index);
+    const bool isValid = ReadStatistics(index);
     const UINT codePage = statistics_.m_bit_flag & kNameIsUtf8 ? CP_UTF8 : CP_ACP;
-    return {NameOf(index, codePage), isSound ? &statistics_ : nullptr};
+    return {NameOf(index, codePage), isValid ? &statistics_ : nullptr};
 }
 
 bool ArchiveReader::ReadStatistics(mz_uint index) {
-    // The reader adds these without a look at an overflow: 64-bit fields of a damaged archive would lead it
-    // out of the memory block.
+    // The reader adds these without checking for overflow: the 64-bit fields of a damaged archive would make
+    // it read outside the memory block.
     return mz_zip_reader_file_stat(&zip_, index, &statistics_) &&
            statistics_.m_local_header_ofs <= zip_.m_archive_size &&
            statistics_.m_comp_size <= zip_.m_archive_size;
 }
 
-// In full: the statistics cut long names.
+// The statistics truncate long names.
 std::wstring ArchiveReader::NameOf(mz_uint index, UINT codePage) {
     const mz_uint length = mz_zip_reader_get_filename(&zip_, index, nullptr, 0);
     std::string name(length, '\0');
@@ -50,7 +50,7 @@ std::wstring ArchiveReader::NameOf(mz_uint index, UINT codePage) {
 }
 
 void ArchiveReader::Extract(const mz_zip_archive_file_stat& member, Write write, void* target) {
-    // The reader passes over these as if they were done.
+    // The reader skips these and reports success.
     Check(!member.m_is_directory && member.m_comp_size > 0);
     Check(mz_zip_reader_extract_to_callback(&zip_, member.m_file_index, write, target, 0));
 }

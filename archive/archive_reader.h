@@ -9,18 +9,18 @@
 
 namespace tarvik {
 
-// A member as the archive's directory tells of it.
+// A member as the archive's directory describes it.
 struct MemberEntry {
     std::wstring name;
-    // Null where the entry contradicts itself; valid until the next look-up.
+    // Null if the entry contradicts itself; valid until the next Lookup.
     const mz_zip_archive_file_stat* statistics;
 
-    // Throws E_FAIL where there are none.
+    // Throws E_FAIL if there are none.
     const mz_zip_archive_file_stat& Statistics() const;
 };
 
-// The members of an archive that lies in memory, in the order of its central directory. Nothing of the
-// archive is copied but the directory. Every operation throws E_FAIL for what is broken or not supported.
+// The members of an archive in memory, in the order of its central directory. Only the directory is copied.
+// Every operation throws E_FAIL if the archive is damaged or uses an unsupported feature.
 class ArchiveReader {
   public:
     using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
@@ -32,7 +32,7 @@ class ArchiveReader {
 
     mz_uint Count() { return mz_zip_reader_get_num_files(&zip_); }
     MemberEntry Lookup(mz_uint index);
-    // Hands the content of a file that is not empty out in order, then checks its size and sum.
+    // Passes the content of a non-empty file to `write` in order, then verifies its size and checksum.
     void Extract(const mz_zip_archive_file_stat& member, Write write, void* target);
 
   private:
@@ -43,7 +43,7 @@ class ArchiveReader {
     mz_zip_archive_file_stat statistics_ = {};
 };
 
-// A flag of the external attributes, from the days of DOS.
+// The directory bit of the DOS attributes.
 inline bool IsMarkedAsFolder(const mz_zip_archive_file_stat& member) {
     return (member.m_external_attr & 0x10) != 0;
 }

@@ -10,11 +10,11 @@ namespace tarvik {
 
 namespace {
 
-// Headers that are complete are understood by more programs than sizes behind the data.
+// More programs understand complete headers than sizes that follow the data.
 constexpr mz_uint kLevel = 6 | static_cast<mz_uint>(MZ_ZIP_FLAG_WRITE_HEADER_SET_SIZE);
 
-// What an archive can tell, in any time zone. The writer cannot take other times.
-std::time_t Archivable(std::time_t time) {
+// The times that an archive can express, in any time zone. The writer fails for others.
+std::time_t ClampToArchiveRange(std::time_t time) {
     constexpr std::time_t kDay = 24 * 60 * 60;
     constexpr std::time_t kStartOf1980 = 315'532'800;
     constexpr std::time_t kStartOf2108 = 4'354'819'200;
@@ -23,14 +23,14 @@ std::time_t Archivable(std::time_t time) {
 
 template <class Number>
 void Append(std::string& bytes, Number number) {
-    bytes.append(reinterpret_cast<const char*>(&number), sizeof number);  // little-endian, as the machine
+    bytes.append(reinterpret_cast<const char*>(&number), sizeof number);  // little-endian, like the machine
 }
 
-// A name of an entry. Other letters than those of ASCII are told twice, since not every program that knows
-// the flag for UTF-8 heeds it where there is no extra field.
+// The name of an entry. A name outside ASCII is stored twice, because some programs ignore the flag for UTF-8
+// unless there is an extra field.
 struct EncodedName {
     explicit EncodedName(const std::wstring& wide) : name(Narrow(wide)) {
-        if (std::ranges::all_of(name, [](char letter) { return letter >= 0; })) return;
+        if (std::ranges::all_of(name, [](char character) { return character >= 0; })) return;
         constexpr std::uint16_t kUnicodePath = 0x7075;
         constexpr std::uint8_t kVersion = 1;
         const size_t size = sizeof kVersion + sizeof(std::uint32_t) + name.size();
@@ -64,7 +64,7 @@ ArchiveWriter::ArchiveWriter(Write write, void* target, mz_uint64 start) {
 void ArchiveWriter::AddFile(const std::wstring& name, SourceFile& file) {
     Check(file.Size() < MZ_UINT32_MAX);
     const EncodedName entry(name);
-    const std::time_t modified = Archivable(file.Modified());
+    const std::time_t modified = ClampToArchiveRange(file.Modified());
     Check(mz_zip_writer_add_read_buf_callback(&zip_, entry.name.c_str(), OnFileRead, &file, file.Size(),
                                               &modified, nullptr, 0, kLevel, entry.extra.data(),
                                               entry.ExtraSize(), entry.extra.data(), entry.ExtraSize()));
@@ -81,9 +81,9 @@ void ArchiveWriter::Finish() {
     Check(mz_zip_writer_finalize_archive(&zip_));
 }
 
-// Past a limit the writer goes over to the larger format without a word.
-void ArchiveWriter::Check(bool good) {
-    if (!good || mz_zip_is_zip64(&zip_)) throw StatusError(E_FAIL);
+// Beyond a limit the writer silently switches to the ZIP64 format.
+void ArchiveWriter::Check(bool succeeded) {
+    if (!succeeded || mz_zip_is_zip64(&zip_)) throw StatusError(E_FAIL);
 }
 
 }  // namespace tarvik

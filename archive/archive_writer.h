@@ -8,27 +8,27 @@
 
 namespace tarvik {
 
-// Writes an archive through a function, which is told where each piece belongs: when an entry is complete,
-// its header is written again. Every operation throws E_FAIL, also where the archive would leave the limits
-// of the format that every program reads: 65,535 entries, and files and an archive below 4 GiB.
+// Writes an archive through a function that gets the offset of each chunk: when an entry is complete, its
+// header is written again. Every operation throws E_FAIL, also if the archive would exceed the limits of the
+// format that every program reads: 65,535 entries, files and an archive below 4 GiB.
 class ArchiveWriter {
   public:
     static constexpr size_t kMostEntries = 0xFFFF;
-    // Anything but `count` makes the writer give up; an entry of a folder is also a write of 0 bytes.
+    // Any result but `count` aborts the writer. The entry of a folder includes a write of 0 bytes.
     using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
 
-    // The archive begins at `start` of its target, and all its offsets count from the target's first byte.
+    // The archive begins at offset `start` of the target. All its offsets count from the target's first byte.
     ArchiveWriter(Write write, void* target, mz_uint64 start = 0);
     ~ArchiveWriter() { mz_zip_writer_end(&zip_); }
     ArchiveWriter(const ArchiveWriter&) = delete;
     ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
     void AddFile(const std::wstring& name, SourceFile& file);
-    void AddFolder(const std::wstring& name);  // the name ends in a slash; its time is now
+    void AddFolder(const std::wstring& name);  // the name ends in a slash; the time is the current time
     void Finish();
 
   private:
-    void Check(bool good);
+    void Check(bool succeeded);
 
     mz_zip_archive zip_ = {};
 };

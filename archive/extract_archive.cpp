@@ -17,7 +17,7 @@ struct MemberWriteContext {
     ExtractListener& listener;
 };
 
-// Anything but `count` makes the reader give up. Its offset is that of the file's pointer.
+// Any result but `count` aborts the reader. It writes in order, so the offset is that of the file pointer.
 size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noexcept {
     const auto& member = *static_cast<const MemberWriteContext*>(target);
     if (const HRESULT status = Guard([&] { WriteAll(member.file, data, count); }); FAILED(status)) {
@@ -27,7 +27,7 @@ size_t OnMemberData(void* target, mz_uint64, const void* data, size_t count) noe
     return Guard([&] { return member.listener.DataWritten(count) ? S_OK : E_ABORT; }) == S_OK ? count : 0;
 }
 
-// All members together.
+// Facts about all members together.
 struct Summary {
     ULONGLONG totalSize = 0;
     std::set<std::wstring> names;  // those that are not refused
@@ -59,21 +59,21 @@ class Extraction {
     void Extract(mz_uint index) {
         const auto [name, statistics] = archive_.Lookup(index);
         if (!statistics || !StaysInside(name)) {
-            // Refused, unless the listener skips it. No folder is created for it first.
+            // The member is refused unless the listener skips it, and no folder is created for it.
             if (IsWanted(name)) throw StatusError(E_FAIL);
             return;
         }
-        const std::wstring path = output_.Place(IsFolder(*statistics, name) ? name + L'/' : name);
+        const std::wstring path = output_.PreparePath(IsFolder(*statistics, name) ? name + L'/' : name);
         if (IsWanted(name)) Write(*statistics, path);
     }
 
     bool IsWanted(const std::wstring& name) {
         const auto answer = listener_.MemberStarts(name);
         if (answer == ExtractListener::Answer::kStop) throw StatusError(E_ABORT);
-        return answer == ExtractListener::Answer::kGoOn;
+        return answer == ExtractListener::Answer::kContinue;
     }
 
-    // Some programs write a folder's entry without the slash.
+    // Some programs write the entry of a folder without the slash.
     bool IsFolder(const mz_zip_archive_file_stat& member, const std::wstring& name) const {
         if (member.m_uncomp_size > 0) return false;
         const std::wstring prefix = name + L'/';

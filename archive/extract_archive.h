@@ -9,21 +9,21 @@
 
 namespace tarvik {
 
-// Hears how an extraction goes on, and steers it.
+// Receives the progress of an extraction and controls it.
 class ExtractListener {
   public:
-    enum class Answer { kGoOn, kSkip, kStop };
+    enum class Answer { kContinue, kSkip, kStop };
 
     virtual ~ExtractListener() = default;
     virtual void SetTotal(ULONGLONG bytes) = 0;
     virtual Answer MemberStarts(std::wstring_view name) = 0;
-    virtual bool DataWritten(ULONGLONG count) = 0;  // false ends the run
-    virtual void WriteFails(HRESULT) noexcept {}    // why the run ends now
+    virtual bool DataWritten(ULONGLONG count) = 0;  // false ends the extraction
+    virtual void WriteFails(HRESULT) noexcept {}    // why the extraction ends
 };
 
-// Extracts what lies in memory into a folder. A failure is thrown: E_ABORT if the listener answered kStop,
-// and E_FAIL for all that ends a member half-way. Then a folder that was made for it is gone again, and
-// another one keeps what was extracted so far.
+// Extracts an archive in memory into a folder. Throws E_ABORT if the listener returned kStop, and E_FAIL for
+// anything that ends a member half-way. A failure removes the folder if it was created here; another one
+// keeps what has been extracted.
 void ExtractArchive(Bytes archive, const std::wstring& folder, bool overWrite, ExtractListener& listener);
 
 }  // namespace tarvik

@@ -6,7 +6,7 @@
 
 namespace tarvik {
 
-// Seconds since 1970 and the system's time of files, which counts from 1601 in steps of 100 nanoseconds.
+// Conversions between seconds since 1970 and FILETIME, which counts 100-nanosecond steps since 1601.
 FILETIME ToFileTime(std::time_t seconds);
 std::time_t ToSeconds(const FILETIME& time);
 

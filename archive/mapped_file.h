@@ -7,11 +7,11 @@
 
 namespace tarvik {
 
-// A whole file, mapped for reading. A file on a medium that vanishes raises an in-page exception at the next
-// touch of a page that is not in memory; it is not caught.
+// A whole file, mapped for reading. If its medium disappears, reading a page that is not in memory raises an
+// in-page exception, which is not caught.
 class MappedFile {
   public:
-    explicit MappedFile(const std::wstring& path);  // throws the status of what failed
+    explicit MappedFile(const std::wstring& path);  // throws the status of a failure
 
     Bytes Content() const { return {static_cast<const std::uint8_t*>(view_.Get()), size_}; }
 

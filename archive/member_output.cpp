@@ -13,8 +13,8 @@ namespace tarvik {
 
 namespace {
 
-// The folder of a member's path, with a separator at its end; empty if none has to be made. Only the slash of
-// archives separates here: a name stored with backslashes gets no folders.
+// The folder of a member's path, with a separator at its end; empty if none has to be created. Only slashes
+// separate here: no folders are created for a name with backslashes.
 std::wstring FolderOf(std::wstring_view path) {
     const size_t slash = path.rfind(L'/');
     if (slash == std::wstring_view::npos || slash == 0) return {};
@@ -31,18 +31,18 @@ bool IsFile(const std::wstring& path) {
 
 DestinationFolder::DestinationFolder(const std::wstring& path)
     : path_(path),
-      made_(!PathFileExistsW(path.c_str()) && SHCreateDirectory(nullptr, path.c_str()) == ERROR_SUCCESS) {}
+      created_(!PathFileExistsW(path.c_str()) && SHCreateDirectory(nullptr, path.c_str()) == ERROR_SUCCESS) {}
 
 DestinationFolder::~DestinationFolder() {
-    if (made_) DeleteFolder(path_);
+    if (created_) DeleteFolder(path_);
 }
 
-std::wstring MemberOutput::Place(std::wstring_view name) {
+std::wstring MemberOutput::PreparePath(std::wstring_view name) {
     std::wstring path = folder_ + L'\\';
     path += name;
-    if (std::wstring folder = FolderOf(path); !folder.empty() && !made_.contains(folder)) {
+    if (std::wstring folder = FolderOf(path); !folder.empty() && !created_.contains(folder)) {
         SHCreateDirectory(nullptr, folder.c_str());
-        made_.insert(std::move(folder));
+        created_.insert(std::move(folder));
     }
     return path;
 }
@@ -56,10 +56,10 @@ UniqueHandle MemberOutput::Open(const std::wstring& path) const {
                           overWrite_ ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file) return file;
     const HRESULT status = LastFailureStatus();
-    throw StatusError(MeetsOtherType(path) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : status);
+    throw StatusError(HasTypeConflict(path) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : status);
 }
 
-bool MemberOutput::MeetsOtherType(const std::wstring& path) const {
+bool MemberOutput::HasTypeConflict(const std::wstring& path) const {
     for (size_t end = folder_.size(); end < path.size(); end = path.find_first_of(L"/\\", end + 1)) {
         if (IsFile(path.substr(0, end))) return true;
     }

@@ -11,8 +11,8 @@
 
 namespace tarvik {
 
-// The folder that a run extracts into. It is made if it is missing, and one that was made here goes again
-// with all that is in it, unless the run ends well.
+// The folder that an archive is extracted into. It is created if it is missing; unless Keep is called, the
+// destructor then removes it with its contents.
 class DestinationFolder {
   public:
     explicit DestinationFolder(const std::wstring& path);
@@ -20,36 +20,36 @@ class DestinationFolder {
     DestinationFolder(const DestinationFolder&) = delete;
     DestinationFolder& operator=(const DestinationFolder&) = delete;
 
-    void Keep() noexcept { made_ = false; }
+    void Keep() noexcept { created_ = false; }
 
   private:
     const std::wstring& path_;
-    bool made_;
+    bool created_;
 };
 
-// Where the members of one archive go.
+// The files and folders that the members of one archive become.
 class MemberOutput {
   public:
     MemberOutput(const std::wstring& folder, bool overWrite) : folder_(folder), overWrite_(overWrite) {}
 
-    // The member's path. Its folders are made at once; whether that worked shows when it is opened.
-    std::wstring Place(std::wstring_view name);
-    // Throws the status of the failure: ERROR_ALREADY_EXISTS where a file lies in the place of a folder, or a
-    // folder in the place of the file; the system has several errors for that.
+    // Returns the member's path and creates its folders. If that fails, Open fails later.
+    std::wstring PreparePath(std::wstring_view name);
+    // Throws the status of a failure: ERROR_ALREADY_EXISTS if there is a file in place of a folder or the
+    // other way round, for which the system has several errors.
     UniqueHandle Open(const std::wstring& path) const;
 
   private:
-    bool MeetsOtherType(const std::wstring& path) const;
+    bool HasTypeConflict(const std::wstring& path) const;
 
     const std::wstring& folder_;
     bool overWrite_;
-    std::unordered_set<std::wstring> made_;
+    std::unordered_set<std::wstring> created_;
 };
 
-// A path that ends in this is a folder's.
+// Whether the path ends in a slash.
 bool IsFolderPath(std::wstring_view path);
 
-// Creation and last write; the time of the last access stays.
+// Sets the times of creation and last write, not that of the last access.
 void SetTimes(HANDLE file, std::time_t modified);
 
 }  // namespace tarvik

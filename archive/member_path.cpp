@@ -14,11 +14,11 @@ constexpr std::wstring_view kDevices[] = {L"CON", L"PRN", L"AUX", L"NUL", L"CONI
 constexpr std::wstring_view kNumberedDevices[] = {L"COM", L"LPT"};
 constexpr std::wstring_view kDeviceNumbers = L"123456789\u00B9\u00B2\u00B3";
 
-wchar_t Upper(wchar_t letter) {
-    return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
+wchar_t Upper(wchar_t character) {
+    return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A') : character;
 }
 
-// The system looks for devices before the first dot, without the blanks there, in any case of letters.
+// The system compares the part before the first dot, without trailing spaces, ignoring case.
 bool IsDevice(std::wstring_view component) {
     std::wstring_view stem = component.substr(0, component.find(L'.'));
     stem = stem.substr(0, stem.find_last_not_of(L' ') + 1);
@@ -30,7 +30,7 @@ bool IsDevice(std::wstring_view component) {
                std::end(kNumberedDevices);
 }
 
-// Dots and blanks at the end of a component are dropped by the system, so ".. " and "..." climb as well.
+// The system drops dots and spaces at the end of a component, so ".. " and "..." climb as well.
 bool Climbs(std::wstring_view component) {
     return component != L"." && component.find_first_not_of(L". ") == std::wstring_view::npos;
 }

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// A file that is read up to the size that it has when it is opened. Others may write to it meanwhile: what
-// they append is not read, and a file that they cut off fails.
+// A file that is read up to the size that it has when it is opened. Other programs may write to it meanwhile:
+// what they append is not read, and a read fails if they truncate it.
 class SourceFile {
   public:
     explicit SourceFile(const std::wstring& path);  // throws E_FAIL
@@ -21,7 +21,7 @@ class SourceFile {
 
     bool HasGrown() const;
 
-    // The bytes read, 0 at the end, and kFailed.
+    // Returns the number of bytes read, 0 at the end, or kFailed.
     static constexpr size_t kFailed = static_cast<size_t>(-1);
     size_t Read(void* buffer, size_t count);
 

@@ -16,7 +16,7 @@ const Console& Console::Error() {
     return error;
 }
 
-Console::Console(DWORD channel) : handle_(GetStdHandle(channel)) {
+Console::Console(DWORD standardHandle) : handle_(GetStdHandle(standardHandle)) {
     DWORD mode = 0;
     isConsole_ = GetConsoleMode(handle_, &mode) != FALSE;
 }

@@ -6,20 +6,20 @@
 
 namespace tarvik {
 
-// A standard channel of a console program. A console shows every letter that its font has; elsewhere, in a
-// pipe or a file, the text is UTF-8.
+// Standard output or standard error. A console gets UTF-16, so that its font alone limits the characters; a
+// pipe or a file gets UTF-8.
 class Console {
   public:
     static const Console& Out();
     static const Console& Error();
 
     bool IsConsole() const { return isConsole_; }
-    bool Write(std::wstring_view text) const;  // false if nobody can read it any more
+    bool Write(std::wstring_view text) const;  // false if the reader has closed it
 
   private:
-    explicit Console(DWORD channel);
+    explicit Console(DWORD standardHandle);
 
-    HANDLE handle_;  // the system's
+    HANDLE handle_;  // not owned
     bool isConsole_;
 };
 

@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-// Why a program does not do what it was asked for, in words for its user.
+// A failure of the program, described for its user.
 class Failure : public std::exception {
   public:
     explicit Failure(std::wstring text) : text_(std::move(text)) {}
@@ -24,16 +24,16 @@ class UsageError : public Failure {
     using Failure::Failure;
 };
 
-// The system's words for a status, or its number if there are none.
+// The system's message for a status, or its number if there is none.
 std::wstring Reason(HRESULT status);
 
-// What could not be done, and the system's reason; without a status, the last error.
+// Throws a Failure: what failed, and why. The second takes the last error for the status.
 [[noreturn]] void FailAs(const std::wstring& what, HRESULT status);
 [[noreturn]] void FailWithLastError(const std::wstring& what);
 
-// Does work that throws statuses, and puts what it was for in front of them.
+// Runs work that throws statuses, and turns them into a Failure that says what was attempted.
 template <class Work>
-auto Explained(const std::wstring& what, Work&& work) {
+auto WithContext(const std::wstring& what, Work&& work) {
     try {
         return work();
     } catch (const StatusError& error) {

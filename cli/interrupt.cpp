@@ -7,7 +7,7 @@ namespace tarvik {
 
 namespace {
 
-// On a thread of the system's. A program whose console goes ends with the handler's return, but no sooner.
+// Runs on a thread of the system's. If the console closes, returning from here ends the process.
 BOOL WINAPI OnControl(DWORD event) {
     SetEvent(Interrupt::Event());
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
@@ -30,12 +30,12 @@ HANDLE Interrupt::Event() {
     return event.Get();
 }
 
-bool Interrupt::IsWished() {
+bool Interrupt::IsRequested() {
     return WaitForSingleObject(Event(), 0) == WAIT_OBJECT_0;
 }
 
-void Interrupt::Check() {
-    if (IsWished()) throw Failure(L"Interrupted.");
+void Interrupt::ThrowIfRequested() {
+    if (IsRequested()) throw Failure(L"Interrupted.");
 }
 
 }  // namespace tarvik

@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// The user's wish that the program ends: Ctrl+C, Ctrl+Break, a console or session that goes. While an object
-// lives, they do not end the program at once, which then has the time to clean up and end by itself.
+// Requests to end the program: Ctrl+C, Ctrl+Break, or the end of the console or the session. While an object
+// of this class exists, they do not end the process at once, so that the program can clean up first.
 class Interrupt {
   public:
     Interrupt();
@@ -13,9 +13,9 @@ class Interrupt {
     Interrupt(const Interrupt&) = delete;
     Interrupt& operator=(const Interrupt&) = delete;
 
-    static HANDLE Event();  // set by the first wish, for good
-    static bool IsWished();
-    static void Check();  // throws a Failure if it is wished
+    static HANDLE Event();  // set by the first request, never reset
+    static bool IsRequested();
+    static void ThrowIfRequested();  // a Failure
 };
 
 }  // namespace tarvik

@@ -12,7 +12,7 @@ namespace tarvik {
 
 namespace {
 
-int Complain(std::wstring_view name, const std::wstring& text, int code) {
+int ReportError(std::wstring_view name, const std::wstring& text, int code) {
     Console::Error().Write(std::wstring(name) + L": " + text + L"\n");
     return code;
 }
@@ -24,13 +24,13 @@ int RunProgram(std::wstring_view name, const std::function<void()>& work) {
     const Interrupt interrupt;
     try {
         work();
-        return kGood;
+        return kSuccess;
     } catch (const UsageError& error) {
-        return Complain(name, error.Text(), kWrongUsage);
+        return ReportError(name, error.Text(), kWrongUsage);
     } catch (const Failure& failure) {
-        return Complain(name, failure.Text(), kFailed);
+        return ReportError(name, failure.Text(), kFailed);
     } catch (...) {
-        return Complain(name, Reason(CaughtStatus()) + L".", kFailed);
+        return ReportError(name, Reason(CaughtStatus()) + L".", kFailed);
     }
 }
 

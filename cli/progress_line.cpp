@@ -20,7 +20,7 @@ ProgressLine::~ProgressLine() {
 }
 
 void ProgressLine::Advance(ULONGLONG count) {
-    Interrupt::Check();
+    Interrupt::ThrowIfRequested();
     done_ += count;
     const auto percent = static_cast<unsigned>(std::min(done_, total_) * 100 / std::max(total_, 1ULL));
     if (percent != shown_ && Console::Out().IsConsole()) Show(percent);

@@ -6,8 +6,8 @@
 
 namespace tarvik {
 
-// How far a long work has come, in a line that is written again and again; where the output is no console,
-// one that only tells that the work begins.
+// The progress of a long operation in percent, on a line that is updated in place. If the output is not a
+// console, the line is written once, without a number.
 class ProgressLine {
   public:
     ProgressLine(std::wstring_view title, ULONGLONG total);
@@ -15,7 +15,7 @@ class ProgressLine {
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    void Advance(ULONGLONG count);  // throws a Failure if the user wishes the end
+    void Advance(ULONGLONG count);  // throws a Failure if the user interrupts
 
   private:
     void Show(unsigned percent);

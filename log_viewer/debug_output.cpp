@@ -10,7 +10,7 @@ namespace {
 
 constexpr DWORD kSize = 4096;
 
-// What writers put into the shared memory.
+// The layout of the shared memory.
 struct Buffer {
     DWORD process;
     char text[kSize - sizeof(DWORD)];

@@ -9,21 +9,22 @@
 
 namespace tarvik {
 
-// What a program wrote, in the system's code page. A text longer than 4,091 bytes comes as several messages.
+// A message of a program, in the system's code page. A text of more than 4,091 bytes arrives as several
+// messages.
 struct DebugMessage {
     DWORD process;
     std::string text;
 };
 
-// The reading end of the debugger's channel. A session has one: while it is open, programs wait for it with
-// each text that they write.
+// The reading end of the debugger's channel (OutputDebugString). A session has one; while it is open, every
+// program that writes waits for the reader.
 class DebugOutput {
   public:
-    // Nothing if somebody else reads already. Throws the status of what failed.
+    // Returns nothing if another program is reading already. Throws the status of a failure.
     static std::optional<DebugOutput> Open();
 
-    HANDLE Ready() const { return dataReady_.Get(); }  // when a message is there
-    DebugMessage Take();                               // once for each time that it was ready
+    HANDLE Ready() const { return dataReady_.Get(); }  // signalled when there is a message
+    DebugMessage Take();                               // call once for each signal
 
   private:
     explicit DebugOutput(UniqueHandle mapping);

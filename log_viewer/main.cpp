@@ -36,7 +36,7 @@ std::wstring TimeOfDay() {
     return text;
 }
 
-// A text has one line at least, and a line end at its end begins no further one.
+// Prints at least one line. A line end at the end of the text does not begin another.
 bool PrintLines(const std::wstring& start, std::wstring_view text) {
     do {
         const size_t end = std::min(text.find(L'\n'), text.size());
@@ -48,14 +48,14 @@ bool PrintLines(const std::wstring& start, std::wstring_view text) {
     return true;
 }
 
-// Until the user wishes the end, or nobody reads what is printed.
+// Returns when the user interrupts or the reader closes the output.
 void Print(DebugOutput& output, const std::optional<std::wstring>& wanted) {
     ProcessNames names;
     const HANDLE events[] = {Interrupt::Event(), output.Ready()};
     while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0 + 1) {
         const DebugMessage message = output.Take();
         const std::wstring& name = names.Of(message.process);
-        if (wanted && !IsMeant(*wanted, message.process, name)) continue;
+        if (wanted && !Matches(*wanted, message.process, name)) continue;
         const std::wstring start =
             TimeOfDay() + L" " + std::to_wstring(message.process) + L" " + name + L": ";
         if (!PrintLines(start, Widen(message.text, CP_ACP))) return;
@@ -69,8 +69,9 @@ void Run(std::span<wchar_t* const> arguments) {
         ->check([](const std::string& text) { return std::string(text.empty() ? "the name is empty" : ""); });
     app.footer(kNotes);
     app.callback([&] {
-        auto output = Explained(L"The debugger's channel cannot be read", [] { return DebugOutput::Open(); });
-        if (!output) throw Failure(L"Another viewer reads the debugger's channel already. End it first.");
+        auto output =
+            WithContext(L"The debugger's channel cannot be read", [] { return DebugOutput::Open(); });
+        if (!output) throw Failure(L"Another viewer is reading the debugger's channel. Close it first.");
         Print(*output, wanted);
     });
     app.Run(arguments);

@@ -7,7 +7,7 @@ namespace tarvik {
 
 namespace {
 
-std::wstring Ask(DWORD process) {
+std::wstring QueryName(DWORD process) {
     constexpr DWORD kLongestPath = 32'768;
     const UniqueHandle handle(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
     std::wstring path(kLongestPath, L'\0');
@@ -19,10 +19,10 @@ std::wstring Ask(DWORD process) {
 
 }  // namespace
 
-// An id may belong to another program by now, so it is asked each time.
+// The system reuses ids, so query each time.
 const std::wstring& ProcessNames::Of(DWORD process) {
     std::wstring& name = names_[process];
-    if (std::wstring now = Ask(process); !now.empty()) {
+    if (std::wstring now = QueryName(process); !now.empty()) {
         name = std::move(now);
     } else if (name.empty()) {
         name = L"?";
@@ -30,7 +30,7 @@ const std::wstring& ProcessNames::Of(DWORD process) {
     return name;
 }
 
-bool IsMeant(std::wstring_view nameOrId, DWORD process, std::wstring_view name) {
+bool Matches(std::wstring_view nameOrId, DWORD process, std::wstring_view name) {
     return nameOrId == std::to_wstring(process) || SameIgnoringCase(nameOrId, name) ||
            SameIgnoringCase(std::wstring(nameOrId) + L".exe", name);
 }

@@ -8,16 +8,16 @@
 
 namespace tarvik {
 
-// The file names of programs that run, or ran when they were last asked for.
+// The file names of processes, including those that have ended since they were last queried.
 class ProcessNames {
   public:
-    const std::wstring& Of(DWORD process);  // "?" if it was never known
+    const std::wstring& Of(DWORD process);  // "?" if unknown
 
   private:
     std::map<DWORD, std::wstring> names_;
 };
 
-// Whether a process is meant by its id, or by its file name, with ".exe" or without it.
-bool IsMeant(std::wstring_view nameOrId, DWORD process, std::wstring_view name);
+// Whether an id or a file name, with or without ".exe", denotes a process.
+bool Matches(std::wstring_view nameOrId, DWORD process, std::wstring_view name);
 
 }  // namespace tarvik

@@ -15,11 +15,11 @@ namespace tarvik {
 
 namespace {
 
-// The host unpacks into a folder of ten letters in the user's temporary folder, whose path has this much
-// room: C:\Users, a name of 20 letters that is followed by a domain's, AppData\Local\Temp.
+// The host unpacks into a folder with a name of ten characters in the user's temporary folder, whose path may
+// have this length: C:\Users, a name of 20 characters followed by that of a domain, AppData\Local\Temp.
 constexpr size_t kTemporaryFolder = 64;
 constexpr size_t kUnpackFolder = kTemporaryFolder + std::size(L"\\TV........\\") - 1;
-// The system makes no folder that has no room for a short file name in it.
+// The system refuses to create a folder whose path leaves no space for a short file name.
 constexpr size_t kLongestFile = kPathLength - 1 - kUnpackFolder;
 constexpr size_t kLongestFolder = kLongestFile - (std::size(L"8LETTERS.EXT") - 1);
 
@@ -29,9 +29,9 @@ struct IgnoringCase {
     }
 };
 
-class Reader {
+class ApplicationReader {
   public:
-    // A prefix is a path with a separator at its end.
+    // Each prefix ends in a separator.
     void Read(const std::wstring& pathPrefix, const std::wstring& namePrefix) {
         FolderReader reader(pathPrefix + L'*');
         while (reader.Next()) {
@@ -60,19 +60,20 @@ class Reader {
         const auto refuse = [&](const std::wstring& why) {
             throw Failure(L"\"" + entry.path + L"\" " + why);
         };
-        const size_t most = entry.name.back() == L'/' ? kLongestFolder : kLongestFile;
-        if (entry.name.size() > most) {
-            refuse(L"is too deep: it is " + std::to_wstring(entry.name.size()) +
-                   L" characters behind the application's folder, and only " + std::to_wstring(most) +
-                   L" can be unpacked for every user. Shorten names.");
+        const size_t longest = entry.name.back() == L'/' ? kLongestFolder : kLongestFile;
+        if (entry.name.size() > longest) {
+            refuse(L"has a path of " + std::to_wstring(entry.name.size()) +
+                   L" characters inside the application's folder, and only " + std::to_wstring(longest) +
+                   L" can be unpacked for every user. Shorten its names.");
         }
-        if (!StaysInside(entry.name)) refuse(L"has a name that Windows keeps for a device. Rename it.");
-        if (Widen(Narrow(entry.name)) != entry.name) refuse(L"has a name that is no text. Rename it.");
+        if (!StaysInside(entry.name)) refuse(L"has a name that Windows reserves for a device. Rename it.");
+        if (Widen(Narrow(entry.name)) != entry.name)
+            refuse(L"has a name that is not valid Unicode. Rename it.");
         if (entry.size >= MZ_UINT32_MAX) refuse(L"is 4 GiB or larger. Ship it beside the program.");
         if (!names_.insert(entry.name).second)
-            refuse(L"differs from another name only in the case of letters. Rename one of them.");
+            refuse(L"differs from another name only in case. Rename one of them.");
         if (names_.size() > ArchiveWriter::kMostEntries)
-            refuse(L"is one too many: an application has at most 65,535 files and folders.");
+            refuse(L"is one too many: an application can have 65,535 files and folders.");
     }
 
     std::vector<Entry> entries_;
@@ -91,14 +92,13 @@ std::vector<Entry> ReadApplication(const std::wstring& folder) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES)
         FailWithLastError(L"The folder \"" + path + L"\" cannot be read");
-    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw Failure(L"\"" + path + L"\" is no folder.");
-    Reader reader;
+    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw Failure(L"\"" + path + L"\" is not a folder.");
+    ApplicationReader reader;
     reader.Read(WithBackslash(path), L"");
     auto entries = std::move(reader).Result();
     if (std::ranges::none_of(entries,
                              [](const Entry& entry) { return SameIgnoringCase(entry.name, kFirstPage); }))
-        throw Failure(L"\"" + path +
-                      L"\" holds no resource\\index.html, the page that an application begins with.");
+        throw Failure(L"\"" + path + L"\" has no resource\\index.html, the first page of an application.");
     return entries;
 }
 

@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-// The program that is written to, behind its end.
+// The program that the archive is appended to.
 class Target {
   public:
     explicit Target(const std::wstring& program, ProgressLine& progress)
@@ -26,11 +26,12 @@ class Target {
         if (!GetFileSizeEx(file_.Get(), &size)) FailWithLastError(L"\"" + program_ + L"\" cannot be read");
         return static_cast<ULONGLONG>(size.QuadPart);
     }
-    void Reads(const SourceFile* source) {
+    // The file whose progress is reported; null if none.
+    void SetSource(const SourceFile* source) {
         source_ = source;
-        told_ = 0;
+        reported_ = 0;
     }
-    // What went wrong in the last write that the writer gave up for; null if it was nothing.
+    // Why the last write failed; null if none did.
     std::exception_ptr Error() const { return error_; }
 
     static size_t OnWrite(void* target, mz_uint64 offset, const void* data, size_t count) noexcept {
@@ -49,37 +50,37 @@ class Target {
     void Write(ULONGLONG offset, const void* data, size_t count) {
         LARGE_INTEGER place;
         place.QuadPart = static_cast<LONGLONG>(offset);
-        Explained(L"\"" + program_ + L"\" cannot be written", [&] {
+        WithContext(L"\"" + program_ + L"\" cannot be written", [&] {
             if (!SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN)) ThrowLastError();
             WriteAll(file_.Get(), data, count);
         });
         const ULONGLONG done = source_ ? source_->BytesRead() : 0;
-        progress_.Advance(done - std::exchange(told_, done));
+        progress_.Advance(done - std::exchange(reported_, done));
     }
 
     const std::wstring& program_;
     ProgressLine& progress_;
     UniqueHandle file_;
     const SourceFile* source_ = nullptr;
-    ULONGLONG told_ = 0;
+    ULONGLONG reported_ = 0;
     std::exception_ptr error_;
 };
 
 void Add(ArchiveWriter& writer, const Entry& entry, Target& target) {
     if (entry.name.back() == L'/') {
-        target.Reads(nullptr);
+        target.SetSource(nullptr);
         writer.AddFolder(entry.name);
     } else {
         SourceFile source(entry.path);
-        target.Reads(&source);
+        target.SetSource(&source);
         writer.AddFile(entry.name, source);
-        // A file that grows is still being written. A program must not carry the first part of it.
+        // A file that grows is still being written: its first part alone would be useless.
         if (source.HasGrown()) throw StatusError(E_FAIL);
-        target.Reads(nullptr);
+        target.SetSource(nullptr);
     }
 }
 
-// Of the writer's failures only its own need words.
+// Failures of the target are described already; only those of the writer itself need `what`.
 template <class Work>
 void Attempt(const Target& target, const std::wstring& what, Work&& work) {
     try {
@@ -97,13 +98,12 @@ void AttachArchive(const std::wstring& program, const std::vector<Entry>& entrie
     Target target(program, progress);
     ArchiveWriter writer(Target::OnWrite, &target, target.Size());
     for (const Entry& entry : entries) {
-        Attempt(
-            target,
-            L"\"" + entry.path +
-                L"\" cannot be packed: it is in use, it changed meanwhile, or the program would have 4 GiB.",
-            [&] { Add(writer, entry, target); });
+        Attempt(target,
+                L"\"" + entry.path +
+                    L"\" cannot be packed: it is in use or has changed, or the program would reach 4 GiB.",
+                [&] { Add(writer, entry, target); });
     }
-    Attempt(target, L"The program would have 4 GiB, and may not.", [&] { writer.Finish(); });
+    Attempt(target, L"The program would reach 4 GiB.", [&] { writer.Finish(); });
 }
 
 }  // namespace tarvik

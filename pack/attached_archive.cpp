@@ -18,7 +18,7 @@ ArchiveReader Open(Bytes archive, const std::wstring& program) {
     try {
         return ArchiveReader(archive);
     } catch (const StatusError&) {
-        FailAsBroken(program);
+        FailAsDamaged(program);
     }
 }
 
@@ -26,7 +26,7 @@ size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
     return Guard([&] { static_cast<ProgressLine*>(progress)->Advance(count); }) == S_OK ? count : 0;
 }
 
-// The reader compares a member's size and sum with those that are told of it.
+// The reader verifies a member's size and checksum.
 void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
     const MemberEntry member = reader.Lookup(index);
     if (member.name != expected.name) throw StatusError(E_FAIL);
@@ -36,26 +36,26 @@ void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, Pr
 }  // namespace
 
 AttachedArchive::AttachedArchive(const std::wstring& program)
-    : file_(Explained(L"\"" + program + L"\" cannot be read", [&] { return MappedFile(program); })),
+    : file_(WithContext(L"\"" + program + L"\" cannot be read", [&] { return MappedFile(program); })),
       archive_(Find(file_.Content(), program)),
       reader_(Open(archive_, program)) {}
 
-void FailAsBroken(const std::wstring& program) {
-    throw Failure(L"The archive in \"" + program + L"\" is broken.");
+void FailAsDamaged(const std::wstring& program) {
+    throw Failure(L"The archive in \"" + program + L"\" is damaged.");
 }
 
 void CheckAttached(const std::wstring& program, const std::vector<Entry>& entries) {
     AttachedArchive attached(program);
     ArchiveReader& reader = attached.Reader();
-    if (!attached.CountsFromTheStart() || reader.Count() != entries.size())
-        throw Failure(L"The archive that was attached is not found again.");
+    if (!attached.CountsFromStart() || reader.Count() != entries.size())
+        throw Failure(L"The attached archive cannot be found.");
     ProgressLine progress(L"Checking", TotalSize(entries));
     try {
         for (mz_uint index = 0; index < reader.Count(); ++index)
             CheckMember(reader, index, entries[index], progress);
     } catch (const StatusError&) {
-        Interrupt::Check();
-        FailAsBroken(program);
+        Interrupt::ThrowIfRequested();
+        FailAsDamaged(program);
     }
 }
 

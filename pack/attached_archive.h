@@ -11,15 +11,14 @@
 
 namespace tarvik {
 
-// The archive behind a program, as the host will find it.
+// The archive attached to a program, as the host will find it.
 class AttachedArchive {
   public:
     explicit AttachedArchive(const std::wstring& program);  // throws a Failure
 
     Bytes Content() const { return archive_; }
-    // Whether the archive's offsets count from the start of the program, as other programs that open it
-    // expect.
-    bool CountsFromTheStart() const { return archive_.size() == file_.Content().size(); }
+    // Whether the archive's offsets count from the start of the program, as other archivers expect.
+    bool CountsFromStart() const { return archive_.size() == file_.Content().size(); }
     ArchiveReader& Reader() { return reader_; }
 
   private:
@@ -28,13 +27,12 @@ class AttachedArchive {
     ArchiveReader reader_;
 };
 
-[[noreturn]] void FailAsBroken(const std::wstring& program);
+[[noreturn]] void FailAsDamaged(const std::wstring& program);
 
-// Puts an archive of the entries behind a program, which is not fit to be run if that fails; throws a
-// Failure.
+// Appends an archive of the entries to a program. Throws a Failure, and then leaves the program incomplete.
 void AttachArchive(const std::wstring& program, const std::vector<Entry>& entries);
 
-// Reads all of what was attached; throws a Failure if it is not what was to be.
+// Reads the whole attached archive; throws a Failure if it is damaged or does not hold the entries.
 void CheckAttached(const std::wstring& program, const std::vector<Entry>& entries);
 
 }  // namespace tarvik

@@ -21,8 +21,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr WORD kMainIcon = 1000;  // what the host gives its windows
-constexpr WORD kVersion = 1;      // what the system looks for
+constexpr WORD kMainIcon = 1000;  // the icon of the host's windows
+constexpr WORD kVersion = 1;      // the id that the system looks for
 
 std::wstring DefaultHost() {
     const std::wstring self = ExecutablePath();
@@ -40,22 +40,23 @@ void CheckOutput(const std::wstring& output, const std::wstring& folder, const s
     };
     const DWORD attributes = GetFileAttributesW(output.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY)
-        refuse(L"is a folder. Name a file.");
-    if (LiesIn(output, folder)) refuse(L"lies in the folder that is packed. Name one outside.");
-    if (IsSameFile(output, host)) refuse(L"is the host itself. Name another one.");
+        refuse(L"is a folder. Choose the name of a file.");
+    if (IsInside(output, folder)) refuse(L"is inside the folder to pack. Choose a path outside it.");
+    if (IsSameFile(output, host)) refuse(L"is the host itself. Choose another name.");
 }
 
-void Decorate(const std::wstring& program, const VersionInfo& version, const std::optional<IconFile>& icon) {
+void UpdateResources(const std::wstring& program, const VersionInfo& version,
+                     const std::optional<IconFile>& icon) {
     ResourceUpdate update(program);
     update.Set(RT_VERSION, kVersion, VersionResource(version));
-    if (icon) icon->PutInto(update, kMainIcon);
+    if (icon) icon->AddTo(update, kMainIcon);
     update.Apply();
 }
 
 }  // namespace
 
-// Everything that can be refused is checked before anything is written. The resources come first because
-// updating them moves what lies behind the program.
+// Everything that the user can get wrong is checked before anything is written. The resources come first
+// because updating them moves whatever is attached to the program.
 void BuildProgram(const BuildOptions& options) {
     const std::wstring output = FullPath(options.output);
     const std::wstring host = options.host.empty() ? DefaultHost() : FullPath(options.host);
@@ -68,11 +69,11 @@ void BuildProgram(const BuildOptions& options) {
     CheckOutput(output, FullPath(options.folder), host);
 
     UnfinishedFile program(host, output);
-    Decorate(program.Path(), version, icon);
+    UpdateResources(program.Path(), version, icon);
     AttachArchive(program.Path(), entries);
     CheckAttached(program.Path(), entries);
     const ULONGLONG size = program.Finish();
-    Console::Out().Write(output + L": " + Grouped(size) + L" bytes, with " + Grouped(entries.size()) +
+    Console::Out().Write(output + L": " + WithCommas(size) + L" bytes, with " + WithCommas(entries.size()) +
                          L" files and folders\n");
 }
 

@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-// Of these, only the folder and the output are never empty.
+// Only the folder and the output are required.
 struct BuildOptions {
     std::wstring folder;
     std::wstring output;
@@ -19,7 +19,7 @@ struct BuildOptions {
     std::wstring copyright;
 };
 
-// Each command throws a Failure that says why it was not carried out.
+// Each command throws a Failure.
 void NewApplication(const std::wstring& folder);
 void BuildProgram(const BuildOptions& options);
 void ListProgram(const std::wstring& program);

@@ -20,10 +20,10 @@ class Listener : public ExtractListener {
     void SetTotal(ULONGLONG bytes) override { progress_.emplace(L"Extracting", bytes); }
     Answer MemberStarts(std::wstring_view name) override {
         member_ = name;
-        return Interrupt::IsWished() ? Answer::kStop : Answer::kGoOn;
+        return Interrupt::IsRequested() ? Answer::kStop : Answer::kContinue;
     }
     bool DataWritten(ULONGLONG count) override {
-        if (Interrupt::IsWished()) return false;
+        if (Interrupt::IsRequested()) return false;
         progress_->Advance(count);
         return true;
     }
@@ -43,18 +43,18 @@ class Listener : public ExtractListener {
 void ExtractProgram(const std::wstring& program, const std::wstring& destination) {
     const std::wstring path = FullPath(program);
     const std::wstring folder = FullPath(destination);
-    CheckIsFree(folder);
+    CheckIsNewFolder(folder);
     AttachedArchive attached(path);
     Listener listener;
     try {
         ExtractArchive(attached.Content(), folder, false, listener);
     } catch (const StatusError& error) {
-        Interrupt::Check();
+        Interrupt::ThrowIfRequested();
         const HRESULT status = listener.WriteError().value_or(error.Status());
-        if (status == E_FAIL) FailAsBroken(path);
+        if (status == E_FAIL) FailAsDamaged(path);
         FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", status);
     }
-    Console::Out().Write(folder + L": " + Grouped(attached.Reader().Count()) + L" files and folders\n");
+    Console::Out().Write(folder + L": " + WithCommas(attached.Reader().Count()) + L" files and folders\n");
 }
 
 }  // namespace tarvik

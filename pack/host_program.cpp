@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-// A copy, since nothing in a file need be aligned; false where the file ends before it.
+// Copies, because headers in a file need not be aligned. False if the file ends too early.
 template <class Header>
 bool ReadAt(Bytes bytes, size_t offset, Header& header) {
     if (offset > bytes.size() || sizeof header > bytes.size() - offset) return false;
@@ -32,16 +32,16 @@ bool ReadHeaders(Bytes program, IMAGE_NT_HEADERS64& headers) {
 
 void CheckHost(const std::wstring& path) {
     const std::wstring name = L"The host \"" + path + L"\"";
-    const MappedFile file = Explained(name + L" cannot be read", [&] { return MappedFile(path); });
+    const MappedFile file = WithContext(name + L" cannot be read", [&] { return MappedFile(path); });
     IMAGE_NT_HEADERS64 headers;
-    if (!ReadHeaders(file.Content(), headers)) throw Failure(name + L" is no program for 64-bit Windows.");
+    if (!ReadHeaders(file.Content(), headers)) throw Failure(name + L" is not a program for 64-bit Windows.");
     if (headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_SECURITY].Size != 0) {
         throw Failure(name +
-                      L" is signed, and its signature would no longer hold. Take one that is not signed, "
-                      L"and sign the packed program.");
+                      L" is signed, and packing would invalidate the signature. Use an unsigned host and "
+                      L"sign the packed program.");
     }
     if (FindArchive(file.Content(), 0))
-        throw Failure(name + L" already has an archive attached. Take the host as it was built.");
+        throw Failure(name + L" already has an archive attached. Use the host as it was built.");
 }
 
 }  // namespace tarvik

@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Throws a Failure unless the file is a program that an application can be put into: one for 64-bit Windows,
-// not signed, and with nothing attached to it.
+// Throws a Failure unless an application can be attached to the program: it must be for 64-bit Windows,
+// unsigned, and have no archive yet.
 void CheckHost(const std::wstring& path);
 
 }  // namespace tarvik

@@ -16,7 +16,8 @@ struct Directory {
     WORD type;
     WORD count;
 };
-// The same in a file and in a resource, up to its last field: that is the picture's place or its id.
+// The common part of an entry in a file, which ends with the picture's offset, and in a resource, which ends
+// with its id.
 struct DirectoryEntry {
     BYTE width, height, colours, reserved;
     WORD planes, bits;
@@ -45,20 +46,20 @@ FileEntry EntryOf(Bytes file, size_t index) {
     return ReadAt<FileEntry>(file, sizeof(Directory) + index * sizeof(FileEntry));
 }
 
-// Whether the colours are all there; the mask behind them is missing in some files, which the system takes.
+// Whether the pixels are complete. Some files lack the mask that follows them, which the system accepts.
 bool IsBitmap(Bytes picture) {
     const auto header = ReadAt<BITMAPINFOHEADER>(picture, 0);
-    constexpr LONG kMost = 0x10000;
+    constexpr LONG kLargest = 0x10000;
     constexpr WORD kDepths[] = {1, 4, 8, 16, 24, 32};
-    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kMost ||
-        header.biHeight <= 0 || header.biHeight > kMost ||
+    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kLargest ||
+        header.biHeight <= 0 || header.biHeight > kLargest ||
         std::ranges::find(kDepths, header.biBitCount) == std::end(kDepths))
         return false;
     const size_t colours = header.biClrUsed         ? header.biClrUsed
                            : header.biBitCount <= 8 ? 1U << header.biBitCount
                                                     : 0;
     const size_t row = (static_cast<size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
-    const size_t rows = static_cast<size_t>(header.biHeight) / 2;  // those of the mask are counted in
+    const size_t rows = static_cast<size_t>(header.biHeight) / 2;  // the mask's rows included
     return sizeof header + colours * sizeof(RGBQUAD) + row * rows <= picture.size();
 }
 
@@ -69,7 +70,7 @@ bool IsPicture(Bytes picture) {
     return std::ranges::equal(picture.first(std::size(kPng)), kPng) || IsBitmap(picture);
 }
 
-bool IsGood(Bytes file) {
+bool IsValid(Bytes file) {
     if (file.size() < sizeof(Directory)) return false;
     const auto directory = ReadAt<Directory>(file, 0);
     const size_t start = sizeof(Directory) + directory.count * sizeof(FileEntry);
@@ -91,8 +92,9 @@ void Append(std::vector<std::uint8_t>& bytes, const Value& value) {
     bytes.insert(bytes.end(), first, first + sizeof value);
 }
 
-// The pictures of a program with one group are that group's; with several, nobody need know whose they are.
-WORD MakeRoom(ResourceUpdate& update, WORD group) {
+// Removes the pictures of the group and returns the first id for new ones. If the program has further groups,
+// it is unknown which pictures they share, and all stay.
+WORD RemovePictures(ResourceUpdate& update, WORD group) {
     const auto groups = update.Ids(RT_GROUP_ICON);
     const auto pictures = update.Ids(RT_ICON);
     if (pictures.empty() || std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
@@ -106,15 +108,15 @@ WORD MakeRoom(ResourceUpdate& update, WORD group) {
 }  // namespace
 
 IconFile::IconFile(const std::wstring& path)
-    : file_(Explained(L"The icon \"" + path + L"\" cannot be read", [&] { return MappedFile(path); })) {
-    if (!IsGood(file_.Content()))
-        throw Failure(L"\"" + path + L"\" is no icon file, or a broken one. Take an .ico file.");
+    : file_(WithContext(L"The icon \"" + path + L"\" cannot be read", [&] { return MappedFile(path); })) {
+    if (!IsValid(file_.Content()))
+        throw Failure(L"\"" + path + L"\" is not an icon file, or is damaged. Use an .ico file.");
 }
 
-void IconFile::PutInto(ResourceUpdate& update, WORD group) const {
+void IconFile::AddTo(ResourceUpdate& update, WORD group) const {
     const Bytes file = file_.Content();
     const auto directory = ReadAt<Directory>(file, 0);
-    WORD id = MakeRoom(update, group);
+    WORD id = RemovePictures(update, group);
     std::vector<std::uint8_t> resource;
     Append(resource, directory);
     for (size_t index = 0; index < directory.count; ++index, ++id) {

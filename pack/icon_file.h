@@ -9,13 +9,13 @@
 
 namespace tarvik {
 
-// A file of icons: one picture in several sizes.
+// An icon file: one picture in several sizes.
 class IconFile {
   public:
-    explicit IconFile(const std::wstring& path);  // throws a Failure for a file that is none, or broken
+    explicit IconFile(const std::wstring& path);  // throws a Failure if the file is missing or invalid
 
-    // The pictures become those of a group. What was in the only group of the program goes.
-    void PutInto(ResourceUpdate& update, WORD group) const;
+    // Makes the pictures those of a group. If it is the only group of the program, its old ones are removed.
+    void AddTo(ResourceUpdate& update, WORD group) const;
 
   private:
     MappedFile file_;

@@ -32,15 +32,15 @@ std::wstring Column(const std::wstring& number) {
 void Print(ArchiveReader& reader) {
     ULONGLONG total = 0;
     for (mz_uint index = 0; index < reader.Count(); ++index) {
-        Interrupt::Check();
+        Interrupt::ThrowIfRequested();
         const MemberEntry member = reader.Lookup(index);
         const auto& statistics = member.Statistics();
         total += statistics.m_uncomp_size;
-        Console::Out().Write(LocalTime(statistics.m_time) + Column(Grouped(statistics.m_uncomp_size)) +
+        Console::Out().Write(LocalTime(statistics.m_time) + Column(WithCommas(statistics.m_uncomp_size)) +
                              L"  " + member.name + L"\n");
     }
-    Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(Grouped(total)) + L"  in " +
-                         Grouped(reader.Count()) + L" files and folders\n");
+    Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(WithCommas(total)) + L"  in " +
+                         WithCommas(reader.Count()) + L" files and folders\n");
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ void ListProgram(const std::wstring& program) {
     try {
         Print(attached.Reader());
     } catch (const StatusError&) {
-        FailAsBroken(path);
+        FailAsDamaged(path);
     }
 }
 

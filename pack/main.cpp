@@ -7,17 +7,17 @@ namespace tarvik {
 namespace {
 
 constexpr const char* kExamples = R"(Examples:
-  tarvik-pack new garden                    writes a small application to start from
-  tarvik-pack build garden -o garden.exe    makes one program of it
-  tarvik-pack list garden.exe               lists what the program carries
-  tarvik-pack extract garden.exe copy       takes it out again, into a new folder
+  tarvik-pack new garden                    creates a small application to start from
+  tarvik-pack build garden -o garden.exe    packs it into one program
+  tarvik-pack list garden.exe               lists the files in the program
+  tarvik-pack extract garden.exe copy       extracts them into a new folder
 
 'tarvik-pack COMMAND --help' describes the options of a command.
 The exit code is 0 for success, 1 for a failure and 2 for a wrong command line.)";
 
 constexpr const char* kBuildNotes =
-    R"(FOLDER holds resource\index.html, the page that the application begins with. All
-that is in FOLDER is packed, hidden files too.
+    R"(FOLDER contains resource\index.html, the first page of the application. Everything
+in FOLDER is packed, including hidden files.
 
 Example:
   tarvik-pack build garden -o garden.exe --icon garden.ico --name Garden)";
@@ -30,7 +30,7 @@ struct Arguments {
 };
 
 void AddNew(CLI::App& app, Arguments& arguments) {
-    auto& command = *app.add_subcommand("new", "Write a small application to start from");
+    auto& command = *app.add_subcommand("new", "Create a small application to start from");
     AddPath(command, "FOLDER", "", arguments.folder, "A new or empty folder")->required();
     command.callback([&] { NewApplication(arguments.folder); });
 }
@@ -59,29 +59,29 @@ void AddVersion(CLI::App& command, Version& version) {
 
 void AddBuild(CLI::App& app, Arguments& arguments) {
     BuildOptions& options = arguments.build;
-    auto& command = *app.add_subcommand("build", "Make one program of an application's folder");
+    auto& command = *app.add_subcommand("build", "Pack an application into one program");
     AddPath(command, "FOLDER", "", options.folder, "The application's folder")->required();
-    AddPath(command, "-o", "APP", options.output, "The program to make; replaces an existing file")
+    AddPath(command, "-o", "APP", options.output, "The program to create; replaces an existing file")
         ->required();
     AddPath(command, "--host", "FILE", options.host, "The host (default: tarvik.exe beside tarvik-pack.exe)");
     AddPath(command, "--icon", "FILE", options.icon, "An .ico file with the program's icon");
     AddDescription(command, "--name", options.name, "The program's name (default: that of APP)");
     AddVersion(command, options.version);
-    AddDescription(command, "--company", options.company, "The company that publishes it");
+    AddDescription(command, "--company", options.company, "Its publisher");
     AddDescription(command, "--copyright", options.copyright, "Its copyright notice");
     command.footer(kBuildNotes);
     command.callback([&] { BuildProgram(options); });
 }
 
 void AddList(CLI::App& app, Arguments& arguments) {
-    auto& command = *app.add_subcommand("list", "List what a program carries: time, size, name");
-    AddPath(command, "APP", "", arguments.program, "A program that was packed")->required();
+    auto& command = *app.add_subcommand("list", "List the files in a packed program: time, size, name");
+    AddPath(command, "APP", "", arguments.program, "A packed program")->required();
     command.callback([&] { ListProgram(arguments.program); });
 }
 
 void AddExtract(CLI::App& app, Arguments& arguments) {
-    auto& command = *app.add_subcommand("extract", "Extract what a program carries into a new folder");
-    AddPath(command, "APP", "", arguments.program, "A program that was packed")->required();
+    auto& command = *app.add_subcommand("extract", "Extract the files of a packed program into a new folder");
+    AddPath(command, "APP", "", arguments.program, "A packed program")->required();
     AddPath(command, "FOLDER", "", arguments.folder, "A new or empty folder")->required();
     command.callback([&] { ExtractProgram(arguments.program, arguments.folder); });
 }
@@ -89,7 +89,7 @@ void AddExtract(CLI::App& app, Arguments& arguments) {
 void Run(std::span<wchar_t* const> arguments) {
     Arguments parsed;
     CommandLineApp app("tarvik-pack", TARVIK_VERSION,
-                       "Makes programs of applications that are written as web pages.");
+                       "Packs applications written as web pages into programs.");
     app.require_subcommand(1);
     AddNew(app, parsed);
     AddBuild(app, parsed);

@@ -33,7 +33,7 @@ std::string_view Content(const wchar_t* name) {
 }
 
 void Write(const std::wstring& path, std::string_view content) {
-    Explained(L"\"" + path + L"\" cannot be written", [&] {
+    WithContext(L"\"" + path + L"\" cannot be written", [&] {
         const UniqueHandle file(
             CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!file) ThrowLastError();
@@ -45,15 +45,15 @@ void Write(const std::wstring& path, std::string_view content) {
 
 void NewApplication(const std::wstring& name) {
     const std::wstring folder = FullPath(name);
-    CheckIsFree(folder);
-    DestinationFolder made(folder);
+    CheckIsNewFolder(folder);
+    DestinationFolder created(folder);
     if (!CreateDirectoryW((folder + L"\\resource").c_str(), nullptr))
-        FailWithLastError(L"The folder \"" + folder + L"\" cannot be made");
+        FailWithLastError(L"The folder \"" + folder + L"\" cannot be created");
     for (const auto& [resource, file] : kFiles)
         Write(folder + L'\\' + std::wstring(file), Content(resource));
-    made.Keep();
+    created.Keep();
     const std::wstring quoted = QuoteArgument(name);
-    Console::Out().Write(folder + L": an application that begins with resource\\index.html\n" +
+    Console::Out().Write(folder + L": an application whose first page is resource\\index.html\n" +
                          L"  run it:   tarvik -d " + quoted + L"\n" + L"  pack it:  tarvik-pack build " +
                          quoted + L" -o app.exe\n");
 }

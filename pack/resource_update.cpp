@@ -29,7 +29,7 @@ std::vector<ResourceUpdate::Resource> FindAll(const std::wstring& path) {
 
 }  // namespace
 
-// The system must not have the file open when the changes are written, so what is there is looked at before.
+// The resources are listed first, because the file must not be open when the changes are written.
 ResourceUpdate::ResourceUpdate(const std::wstring& path)
     : path_(path), found_(FindAll(path)), update_(BeginUpdateResourceW(path.c_str(), FALSE)) {
     Check(update_ != nullptr);
@@ -40,13 +40,14 @@ ResourceUpdate::~ResourceUpdate() {
 }
 
 void ResourceUpdate::Set(LPCWSTR type, WORD id, std::span<const std::uint8_t> data) {
-    constexpr WORD kLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);  // what resource compilers take
+    constexpr WORD kLanguage =
+        MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);  // the default of resource compilers
     Remove(type, id);
     Check(UpdateResourceW(update_, type, MAKEINTRESOURCEW(id), kLanguage,
                           const_cast<std::uint8_t*>(data.data()), static_cast<DWORD>(data.size())));
 }
 
-// The system fails for what is gone already.
+// The system reports an error if a resource is removed twice.
 void ResourceUpdate::Remove(LPCWSTR type, WORD id) {
     std::erase_if(found_, [&](const Resource& resource) {
         if (resource.type != type || resource.id != id) return false;
@@ -67,8 +68,8 @@ void ResourceUpdate::Apply() {
     Check(EndUpdateResourceW(std::exchange(update_, nullptr), FALSE));
 }
 
-void ResourceUpdate::Check(BOOL good) const {
-    if (!good) FailWithLastError(L"The resources of \"" + path_ + L"\" cannot be changed");
+void ResourceUpdate::Check(BOOL succeeded) const {
+    if (!succeeded) FailWithLastError(L"The resources of \"" + path_ + L"\" cannot be changed");
 }
 
 }  // namespace tarvik

@@ -9,19 +9,19 @@
 
 namespace tarvik {
 
-// Changes what a program is shown by, its icons and its version information, all at once. Resources that are
-// named by a text stay as they are.
+// Changes the icons and the version information of a program, all at once. Resources with a string for their
+// name stay unchanged.
 class ResourceUpdate {
   public:
-    explicit ResourceUpdate(const std::wstring& path);  // this and Apply throw a Failure, as do the changes
+    explicit ResourceUpdate(const std::wstring& path);  // all members throw a Failure
     ~ResourceUpdate();
     ResourceUpdate(const ResourceUpdate&) = delete;
     ResourceUpdate& operator=(const ResourceUpdate&) = delete;
 
-    // Takes the place of what is there, in whatever languages.
+    // Replaces the resource in all languages.
     void Set(LPCWSTR type, WORD id, std::span<const std::uint8_t> data);
     void Remove(LPCWSTR type, WORD id);
-    std::vector<WORD> Ids(LPCWSTR type) const;  // of those that were there and stay
+    std::vector<WORD> Ids(LPCWSTR type) const;  // of those that were there and have not been removed
     void Apply();
 
     struct Resource {
@@ -31,11 +31,11 @@ class ResourceUpdate {
     };
 
   private:
-    void Check(BOOL good) const;
+    void Check(BOOL succeeded) const;
 
     std::wstring path_;
     std::vector<Resource> found_;
-    HANDLE update_;  // null once it is applied
+    HANDLE update_;  // null after Apply
 };
 
 }  // namespace tarvik

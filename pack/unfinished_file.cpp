@@ -9,7 +9,7 @@ UnfinishedFile::UnfinishedFile(const std::wstring& source, const std::wstring& o
     if (!CopyFileW(source.c_str(), path_.c_str(), TRUE)) {
         const HRESULT status = LastFailureStatus();
         if (status != HRESULT_FROM_WIN32(ERROR_FILE_EXISTS)) DeleteFileW(path_.c_str());
-        FailAs(L"\"" + path_ + L"\" cannot be made", status);
+        FailAs(L"\"" + path_ + L"\" cannot be created", status);
     }
     SetFileAttributesW(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
@@ -22,7 +22,7 @@ ULONGLONG UnfinishedFile::Finish() {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
     GetFileAttributesExW(path_.c_str(), GetFileExInfoStandard, &data);
     if (!MoveFileExW(path_.c_str(), output_.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        FailWithLastError(L"\"" + output_ + L"\" cannot be replaced. If it is running, end it");
+        FailWithLastError(L"\"" + output_ + L"\" cannot be replaced (is it running?)");
     path_.clear();
     return ULARGE_INTEGER{{data.nFileSizeLow, data.nFileSizeHigh}}.QuadPart;
 }

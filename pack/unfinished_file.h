@@ -6,17 +6,17 @@
 
 namespace tarvik {
 
-// A copy of a file that becomes the output once it is complete. Until then it lies beside the output under a
-// name of its own, and without Finish it goes again.
+// A copy of a file that becomes the output once it is complete. Until then it has a temporary name beside the
+// output. Without Finish, the destructor deletes it.
 class UnfinishedFile {
   public:
-    UnfinishedFile(const std::wstring& source, const std::wstring& output);  // both throw a Failure
+    UnfinishedFile(const std::wstring& source, const std::wstring& output);  // and Finish: throw a Failure
     ~UnfinishedFile();
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
     const std::wstring& Path() const { return path_; }
-    ULONGLONG Finish();  // its size
+    ULONGLONG Finish();  // returns the size
 
   private:
     std::wstring output_;

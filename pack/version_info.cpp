@@ -10,33 +10,33 @@ namespace tarvik {
 
 namespace {
 
-// The resource is a tree of blocks. Each begins with its length, that of its value, the kind of that, and its
-// name; the value and each block inside begin at a multiple of four.
+// The resource is a tree of blocks. Each begins with its length, the length and the type of its value, and
+// its name. Values and inner blocks are aligned to four bytes.
 class ResourceWriter {
   public:
-    enum class Kind : WORD { kBinary, kText };
+    enum class Type : WORD { kBinary, kText };
 
-    // `inside` writes the blocks within.
-    template <class Inside>
-    void Block(std::wstring_view name, Kind kind, const void* value, size_t size, Inside&& inside) {
+    // `writeInner` writes the inner blocks.
+    template <class WriteInner>
+    void Block(std::wstring_view name, Type type, const void* value, size_t size, WriteInner&& writeInner) {
         Align();
         const size_t start = bytes_.size();
         Number(0);
-        // The length of a text is told in letters.
-        Number(static_cast<WORD>(kind == Kind::kText ? size / sizeof(wchar_t) : size));
-        Number(static_cast<WORD>(kind));
+        // The length of a text counts characters.
+        Number(static_cast<WORD>(type == Type::kText ? size / sizeof(wchar_t) : size));
+        Number(static_cast<WORD>(type));
         Put(name.data(), name.size() * sizeof(wchar_t));
         Number(0);
         Align();
         Put(value, size);
-        inside();
+        writeInner();
         const auto length = static_cast<WORD>(bytes_.size() - start);
         std::memcpy(bytes_.data() + start, &length, sizeof length);
     }
 
     void Text(std::wstring_view name, const std::wstring& text) {
         if (text.empty()) return;
-        Block(name, Kind::kText, text.c_str(), (text.size() + 1) * sizeof(wchar_t), [] {});
+        Block(name, Type::kText, text.c_str(), (text.size() + 1) * sizeof(wchar_t), [] {});
     }
 
     std::vector<std::uint8_t> Result() && { return std::move(bytes_); }
@@ -87,15 +87,15 @@ std::optional<Version> ParseVersion(std::string_view text) {
 }
 
 std::vector<std::uint8_t> VersionResource(const VersionInfo& info) {
-    using Kind = ResourceWriter::Kind;
-    // English, in UTF-16: the strings have no language of their own.
+    using Type = ResourceWriter::Type;
+    // English, in UTF-16: the strings have no particular language.
     constexpr WORD kTranslation[] = {MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), 1200};
     const VS_FIXEDFILEINFO fixed = FixedInfo(info);
     const std::wstring version = Dotted(info);
     ResourceWriter writer;
-    writer.Block(L"VS_VERSION_INFO", Kind::kBinary, &fixed, sizeof fixed, [&] {
-        writer.Block(L"StringFileInfo", Kind::kText, nullptr, 0, [&] {
-            writer.Block(L"040904B0", Kind::kText, nullptr, 0, [&] {
+    writer.Block(L"VS_VERSION_INFO", Type::kBinary, &fixed, sizeof fixed, [&] {
+        writer.Block(L"StringFileInfo", Type::kText, nullptr, 0, [&] {
+            writer.Block(L"040904B0", Type::kText, nullptr, 0, [&] {
                 writer.Text(L"CompanyName", info.company);
                 writer.Text(L"FileDescription", info.name);
                 writer.Text(L"FileVersion", version);
@@ -104,8 +104,8 @@ std::vector<std::uint8_t> VersionResource(const VersionInfo& info) {
                 writer.Text(L"ProductVersion", version);
             });
         });
-        writer.Block(L"VarFileInfo", Kind::kText, nullptr, 0, [&] {
-            writer.Block(L"Translation", Kind::kBinary, kTranslation, sizeof kTranslation, [] {});
+        writer.Block(L"VarFileInfo", Type::kText, nullptr, 0, [&] {
+            writer.Block(L"Translation", Type::kBinary, kTranslation, sizeof kTranslation, [] {});
         });
     });
     return std::move(writer).Result();

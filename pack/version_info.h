@@ -11,11 +11,11 @@ namespace tarvik {
 
 using Version = std::array<std::uint16_t, 4>;
 
-// What the system shows of a program.
+// The version information that the system shows for a program.
 struct VersionInfo {
     std::wstring name;
     Version version;
-    std::wstring company;  // these may be empty
+    std::wstring company;  // may be empty, as the next
     std::wstring copyright;
 };
 

@@ -8,15 +8,15 @@ namespace tarvik {
 
 namespace {
 
-// Room for a key or a value of the form `k=v`; a longer one makes the argument something else as a whole.
+// With a longer key or value, `k=v` is not a pair.
 constexpr size_t kLongestField = 99;
 
-bool IsMark(wchar_t character) {
+bool IsPrefix(wchar_t character) {
     return character == L'/' || character == L'-';
 }
 
-const wchar_t* WithoutMark(const wchar_t* key) {
-    return IsMark(*key) ? key + 1 : key;
+const wchar_t* WithoutPrefix(const wchar_t* key) {
+    return IsPrefix(*key) ? key + 1 : key;
 }
 
 }  // namespace
@@ -32,9 +32,9 @@ void CCommandLine::Parse() {
     for (int i = 1; i < argc; ++i) {
         const wchar_t* const argument = argv[i];
         if (AddPair(argument)) continue;
-        if (!IsMark(*argument)) {
+        if (!IsPrefix(*argument)) {
             switches_.insert(argument);
-        } else if (i + 1 < argc && !IsMark(*argv[i + 1])) {
+        } else if (i + 1 < argc && !IsPrefix(*argv[i + 1])) {
             pairs_.emplace(argument + 1, argv[i + 1]);
             ++i;
         } else {
@@ -43,7 +43,7 @@ void CCommandLine::Parse() {
     }
 }
 
-// `key=value`, with the mark of the key if it has one. The value ends at the end of its line.
+// Here the prefix, if there is one, is a part of the key. A line end ends the value.
 bool CCommandLine::AddPair(const wchar_t* argument) {
     const std::wstring_view text(argument);
     const size_t equals = text.find(L'=');
@@ -58,12 +58,12 @@ bool CCommandLine::AddPair(const wchar_t* argument) {
 
 const wchar_t* CCommandLine::GetValue(const wchar_t* key) const {
     if (!key) return nullptr;
-    const auto found = pairs_.find(WithoutMark(key));
+    const auto found = pairs_.find(WithoutPrefix(key));
     return found == pairs_.end() ? nullptr : found->second.c_str();
 }
 
 bool CCommandLine::HasSwitch(const wchar_t* key) const {
-    return key && switches_.count(WithoutMark(key)) > 0;
+    return key && switches_.count(WithoutPrefix(key)) > 0;
 }
 
 }  // namespace tarvik

@@ -10,16 +10,16 @@
 
 namespace tarvik {
 
-// A command line as raw arguments, key-value pairs and switches. Keys ignore case, and the first of equal
-// keys stays. `k=v`, `-k v` and `/k v` are pairs; `-s`, `/s` and a bare word are switches.
+// A command line as raw arguments, key-value pairs and switches. Keys ignore case; of equal keys the first
+// counts. `k=v`, `-k v` and `/k v` are pairs; `-s`, `/s` and a bare word are switches.
 class CCommandLine {
   public:
     CCommandLine() : CCommandLine(GetCommandLineW()) {}
     explicit CCommandLine(const wchar_t* text);
 
-    // Null if there is no such pair. One leading / or - of the key does not count.
+    // Null if there is no such pair. One leading / or - of the key is ignored.
     const wchar_t* GetValue(const wchar_t* key) const;
-    bool HasSwitch(const wchar_t* key) const;  // the same; null is no switch
+    bool HasSwitch(const wchar_t* key) const;  // likewise; false for null
 
     int argc = 0;
     wchar_t** argv = nullptr;  // owned; null if the system could not split the text

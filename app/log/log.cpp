@@ -63,7 +63,7 @@ void Log(const Logger& logger, DWORD level, int line, const char* label, const w
         }
         Write(logger, text + L'\n');
     } catch (...) {
-        // Out of memory for a line of the log: the caller has other worries.
+        // Out of memory: drop the line.
     }
 }
 

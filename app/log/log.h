@@ -5,20 +5,19 @@
 namespace tarvik {
 
 enum LogFlags : DWORD {
-    kLogTrace = 1,  // calls of operations, mostly with no message
+    kLogTrace = 1,  // calls of members, mostly without a message
     kLogError = 16,
-    kLogToFile = 0x1000,  // to Logger::file; else to the debugger's channel
+    kLogToFile = 0x1000,  // to Logger::file instead of the debugger's channel
     kLogTimeStamp = 0x2000,
 };
 
 // A call is written if its level shares a bit with `flags`.
 struct Logger {
     DWORD flags;
-    HANDLE file;  // not owned; UTF-16 with no byte order mark goes to it
+    HANDLE file;  // not owned; gets UTF-16 without a byte order mark
 };
 
-// The log of the process. Nothing sets its fields at run time: a diagnostic build gives `flags` a start
-// value.
+// The log of the process. Nothing changes it at run time: a diagnostic build sets the initial `flags`.
 extern Logger processLog;
 
 // `format` is a wide printf format, or null for a line with no message. Any thread; never fails; formats

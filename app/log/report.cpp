@@ -24,9 +24,9 @@ void WriteToErrors(HANDLE errors, const std::wstring& text) {
     WriteFile(errors, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-// A program with windows has no console of its own, but may borrow that of its parent. The system may put the
-// console's handles in the place of the standard ones.
-void WriteToConsoleOfParent(const std::wstring& text) {
+// A GUI program has no console of its own but can attach to that of its parent. Attaching may replace the
+// standard handles.
+void WriteToParentConsole(const std::wstring& text) {
     constexpr DWORD kStandard[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
     HANDLE before[std::size(kStandard)];
     std::ranges::transform(kStandard, before, GetStdHandle);
@@ -48,7 +48,7 @@ void ReportToAuthor(const std::wstring& text) noexcept {
         if (const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE); IsUsable(errors)) {
             WriteToErrors(errors, lines);
         } else {
-            WriteToConsoleOfParent(lines);
+            WriteToParentConsole(lines);
         }
     });
 }

@@ -18,12 +18,12 @@ Variant Count(ULONGLONG bytes) {
 }  // namespace
 
 Progress::Answer Progress::MemberStarts(std::wstring_view name) {
-    if (!function_) return Answer::kGoOn;
+    if (!function_) return Answer::kContinue;
     name_ = Variant::Text(name);
     Variant answer;
     CallScriptFunction(function_, {&name_}, &answer);
     if (IsFalse(answer)) return Answer::kStop;
-    return answer.Is(VT_I4) && answer.lVal == 0 ? Answer::kSkip : Answer::kGoOn;
+    return answer.Is(VT_I4) && answer.lVal == 0 ? Answer::kSkip : Answer::kContinue;
 }
 
 bool Progress::DataWritten(ULONGLONG count) {

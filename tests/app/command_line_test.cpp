@@ -31,7 +31,7 @@ constexpr Case kCases[] = {{L"-x -y z", L"x", "none", true},    {L"-x -y z", L"y
                            {L"-k= v", L"k=", "=v", false},      {L"-a k=v", L"a", "=k=v", false},
                            {L"\"k=v\r\nw\"", L"k", "=v", false}};
 
-TEST(CommandLine, IsReadAsPairsAndSwitches) {
+TEST(CommandLine, ParsesPairsAndSwitches) {
     for (const Case& c : kCases) {
         SCOPED_TRACE(Narrow(c.key) + " of " + Narrow(c.arguments));
         const CCommandLine line((L"app.exe " + std::wstring(c.arguments)).c_str());
@@ -40,7 +40,7 @@ TEST(CommandLine, IsReadAsPairsAndSwitches) {
     }
 }
 
-TEST(CommandLine, TakesFieldsThatAreTooLongAsAWhole) {
+TEST(CommandLine, TreatsPairsWithLongFieldsAsSwitches) {
     const std::wstring fits(99, L'x');
     const std::wstring longer(100, L'x');
     EXPECT_NE(CCommandLine((L"a k=" + fits).c_str()).GetValue(L"k"), nullptr);

@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-TEST(Log, WritesLevelsThatAreOnAndTheTime) {
+TEST(Log, WritesEnabledLevelsAndTheTime) {
     DebugChannel channel;
     Log({kLogError, nullptr}, kLogTrace, 7, "CSome::Trace", nullptr);
     EXPECT_THAT(channel.texts, IsEmpty());
@@ -18,7 +18,7 @@ TEST(Log, WritesLevelsThatAreOnAndTheTime) {
                                          "\\(0042\\) CSome::Fault\n")));
 }
 
-TEST(Log, FormatsNothingWhenItIsOffAndDropsWhatCannotBeWritten) {
+TEST(Log, FormatsNothingIfDisabledAndIgnoresWriteErrors) {
     DebugChannel channel;
     const auto* nowhere = reinterpret_cast<const wchar_t*>(1);
     Log({0, nullptr}, kLogError, 1, "label", L"%s", nowhere);

@@ -20,10 +20,10 @@ std::string EndRecord(std::uint32_t directorySize, std::uint32_t directoryOffset
     return WriteArchive({}, {.directoryOffset = directoryOffset, .directorySize = directorySize});
 }
 
-TEST(ArchiveFinder, FindsOneBehindAProgram) {
+TEST(ArchiveFinder, FindsAnArchiveAttachedToAProgram) {
     EXPECT_EQ(Find(kStub + kFirst + "trailing bytes"), kFirst);
     EXPECT_EQ(Find(kFirst), kFirst);
-    // The walk is at the file's start after each step and begins at its end again.
+    // Each step of the walk reaches the start of the file, and the next one starts at its end again.
     EXPECT_EQ(Find(kFirst, 4'000'000'000), kFirst);
 }
 
@@ -32,14 +32,14 @@ TEST(ArchiveFinder, CountsFromTheEnd) {
     EXPECT_EQ(Find(twice, 0), kSecond);
     EXPECT_EQ(Find(twice, 1), kFirst);
     EXPECT_EQ(Find(twice, 2), "none");
-    // Without a program in front the first one starts where the file does, and that means the whole file.
+    // Without a program in front, the first one starts where the file does, which means the whole file.
     EXPECT_EQ(Find(kFirst + kSecond, 0), kSecond);
     EXPECT_EQ(Find(kFirst + kSecond, 1), kFirst + kSecond);
     EXPECT_EQ(Find(kFirst + kSecond, 2), kSecond);
     EXPECT_EQ(Find(kFirst + kSecond, 3'999'999'999), kFirst + kSecond);
 }
 
-TEST(ArchiveFinder, LooksNoFartherThanTheDistanceAndNotBeforeTheStart) {
+TEST(ArchiveFinder, SearchesTheLast64KiBOnly) {
     constexpr size_t kLongestComment = 65'535 - 22;
     const std::string reachable = WriteArchive({}, {.comment = std::string(kLongestComment, 'c')});
     const std::string tooFar = WriteArchive({}, {.comment = std::string(kLongestComment + 1, 'c')});
@@ -49,7 +49,7 @@ TEST(ArchiveFinder, LooksNoFartherThanTheDistanceAndNotBeforeTheStart) {
         EXPECT_EQ(Find(kFirst.substr(kFirst.size() - 22, length)), "none") << length;
 }
 
-TEST(ArchiveFinder, RefusesFieldsThatLeadOutOfTheFile) {
+TEST(ArchiveFinder, RefusesFieldsThatPointOutsideTheFile) {
     for (const std::uint32_t value : {0x3E9u, 0x80000000u, 0xFFFFFFFFu}) {
         EXPECT_EQ(Find(kStub + EndRecord(value, 0)), "none") << value;
         EXPECT_EQ(Find(kStub + EndRecord(0, value)), "none") << value;

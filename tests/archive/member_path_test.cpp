@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-TEST(MemberPath, TakesNamesThatStayInside) {
+TEST(MemberPath, AcceptsNamesThatStayInside) {
     for (const wchar_t* name : {L"a.txt", L"a/b/c.txt", L"a\\b", L"folder/", L"./", L"./a", L"a/./b", L"a//b",
                                 L".hidden", L"..a", L"a..", L"a..b/c", L"con\u00E9.txt", L"console",
                                 L"com10.txt", L"com0", L"nul_", L"\u6F22\u5B57/\u65E5.txt"}) {

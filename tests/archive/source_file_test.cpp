@@ -8,7 +8,7 @@
 namespace tarvik {
 namespace {
 
-TEST(SourceFile, ReadsNoMoreThanThereWas) {
+TEST(SourceFile, ReadsNoMoreThanItsInitialSize) {
     const TempFolder folder;
     const std::wstring path = folder.Write(L"growing", "0123456789");
     SourceFile file(path);

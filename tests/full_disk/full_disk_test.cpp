@@ -69,11 +69,11 @@ TEST_F(FullDisk, LeavesNoHalfProgram) {
     folder_.Write(L"app\\resource\\index.html", "<!doctype html>");
     const ConsoleProgram pack(L"tarvik-pack", {L"build", L"app", L"-o", place_}, folder_.Path());
     EXPECT_EQ(pack.Wait(), 1u);
-    EXPECT_THAT(pack.Error(), HasSubstr("cannot be made"));
+    EXPECT_THAT(pack.Error(), HasSubstr("cannot be created"));
     EXPECT_TRUE(IsDiskEmpty());
 }
 
-TEST_F(FullDisk, IsToldOfAnExtraction) {
+TEST_F(FullDisk, FailsAnExtraction) {
     folder_.Write(L"app.exe", "host" + WriteArchive({{"one", "1"}, {"two", noise_}}));
     const ConsoleProgram pack(L"tarvik-pack", {L"extract", L"app.exe", place_}, folder_.Path());
     EXPECT_EQ(pack.Wait(), 1u);

@@ -1,4 +1,4 @@
-// The program as authors run it, in a process of its own; the one that it hears is this one.
+// Runs tarvik-log as authors do; this process writes the messages.
 
 #include "tests/support/console_program.h"
 #include "tests/support/test.h"
@@ -8,18 +8,18 @@ namespace {
 
 class LogViewer : public testing::Test {
   protected:
-    // Programs write nothing as long as nobody reads.
-    static bool IsSomebodyReading() {
+    // The event exists while there is a reader.
+    static bool HasReader() {
         return UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, L"DBWIN_DATA_READY")) ? true : false;
     }
 
     void Start(const std::vector<std::wstring>& arguments = {}) {
-        ASSERT_FALSE(IsSomebodyReading());
+        ASSERT_FALSE(HasReader());
         viewer_.emplace(L"tarvik-log", arguments, folder_.Path());
-        ASSERT_TRUE(WaitFor(IsSomebodyReading));
+        ASSERT_TRUE(WaitFor(HasReader));
     }
 
-    // What was printed until a last line came, without the times.
+    // Everything printed up to a last line, without the times.
     std::string Printed() {
         OutputDebugStringW(L"the end\n");
         EXPECT_TRUE(WaitFor([&] { return viewer_->Out().ends_with("the end\n"); }));
@@ -37,7 +37,7 @@ class LogViewer : public testing::Test {
     std::optional<ConsoleProgram> viewer_;
 };
 
-TEST_F(LogViewer, PrintsWhoWroteWhat) {
+TEST_F(LogViewer, PrintsProcessesAndTexts) {
     Start();
     OutputDebugStringW(L"Gr\u00fc\u00dfe\n");
     OutputDebugStringW(L"two\r\nlines");
@@ -52,11 +52,11 @@ TEST_F(LogViewer, PrintsOneProgramByNameOrId) {
         Start({L"--process", self});
         EXPECT_EQ(Printed(), self_ + "the end\n");
         viewer_.reset();
-        ASSERT_TRUE(WaitFor([] { return !IsSomebodyReading(); }));
+        ASSERT_TRUE(WaitFor([] { return !HasReader(); }));
     }
     Start({L"--process=test_log"});
     OutputDebugStringW(L"not printed\n");
-    OutputDebugStringW(L"neither\n");  // is taken only once the first was dealt with
+    OutputDebugStringW(L"neither\n");  // is accepted only after the first has been handled
     EXPECT_EQ(viewer_->Out(), "");
 }
 
@@ -67,14 +67,14 @@ TEST_F(LogViewer, EndsCleanly) {
     EXPECT_EQ(viewer_->Error(), "");
 }
 
-TEST_F(LogViewer, RefusesToBeTheSecondReader) {
+TEST_F(LogViewer, FailsIfThereIsAnotherReader) {
     Start();
     const ConsoleProgram second(L"tarvik-log", {}, folder_.Path());
     EXPECT_EQ(second.Wait(), 1u);
     EXPECT_THAT(second.Error(), HasSubstr("Another viewer"));
 }
 
-TEST_F(LogViewer, RefusesWhatItDoesNotKnow) {
+TEST_F(LogViewer, RefusesWrongCommandLines) {
     for (const wchar_t* const option : {L"--procces=a", L"--process="}) {
         const ConsoleProgram program(L"tarvik-log", {option}, folder_.Path());
         EXPECT_EQ(program.Wait(), 2u);

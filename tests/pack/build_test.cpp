@@ -1,4 +1,4 @@
-// What a build leaves when it ends before its end, and what it can take.
+// What a failed build leaves behind, and the limits of a build.
 
 #include <random>
 
@@ -13,7 +13,7 @@ class Build : public PackTest {
   protected:
     Build() { folder_.Write(L"app\\resource\\index.html", "<!doctype html>"); }
 
-    // The names of what lies in the folder of the test.
+    // The names in the folder of the test.
     std::vector<std::wstring> Names() const {
         std::vector<std::wstring> names;
         for (const auto& entry : fs::directory_iterator(folder_.Path()))
@@ -23,11 +23,12 @@ class Build : public PackTest {
     }
 };
 
-TEST_F(Build, LeavesAnOutputThatItCannotReplace) {
+TEST_F(Build, KeepsAnOutputThatCannotBeReplaced) {
     const std::wstring output = folder_.Write(L"out.exe", "old");
     {
         const UniqueHandle inUse = HoldFile(output, FILE_SHARE_READ);
-        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr("out.exe\" cannot be replaced"));
+        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1),
+                    HasSubstr("out.exe\" cannot be replaced (is it running?)"));
     }
     EXPECT_EQ(ReadFileBytes(output), "old");
     EXPECT_THAT(Names(), ElementsAre(L"app", L"out.exe"));
@@ -37,7 +38,7 @@ TEST_F(Build, LeavesAnOutputThatItCannotReplace) {
 }
 
 // Only operands stand behind `--`.
-TEST_F(Build, TakesFoldersNamedLikeCommandsAndOptions) {
+TEST_F(Build, AcceptsFoldersNamedLikeCommandsAndOptions) {
     fs::rename(folder_ / L"app", folder_ / L"list");
     Run({L"build", L"list", L"-o", L"out.exe"});
     fs::rename(folder_ / L"list", folder_ / L"--name=");
@@ -51,7 +52,7 @@ TEST_F(Build, DescribesItsOptions) {
     EXPECT_THAT(Run({L"--help"}), HasSubstr("  extract "));
 }
 
-TEST_F(Build, LeavesNothingWhenItIsInterrupted) {
+TEST_F(Build, LeavesNothingBehindIfInterrupted) {
     std::mt19937 random(1);
     std::string noise(64'000'000, '\0');
     for (size_t at = 0; at < noise.size(); at += 4) {
@@ -74,9 +75,9 @@ TEST_F(Build, LeavesNothingWhenItIsInterrupted) {
     EXPECT_EQ(ReadFileBytes(output), "old");
 }
 
-// Unpacked for a user whose temporary folder has a path of 64 letters, these have the longest that the system
-// takes.
-TEST_F(Build, TakesNamesUpToTheLongestThatCanBeUnpacked) {
+// Unpacked for a user whose temporary folder has a path of 64 characters, these paths have the maximum
+// length.
+TEST_F(Build, AcceptsNamesUpToTheLongestThatCanBeUnpacked) {
     const std::wstring folder = L"app\\" + std::wstring(100, L'd') + L"\\" + std::wstring(69, L'd');
     folder_.Write(folder + L"\\" + std::wstring(12, L'f'), "");
     Run({L"build", L"app", L"-o", L"out.exe"});

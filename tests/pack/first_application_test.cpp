@@ -1,4 +1,4 @@
-// What the guide's first page tells a newcomer to do, done to the letter.
+// Follows the guide's first page to the letter.
 
 #include <windows.h>
 #include <shellapi.h>
@@ -18,9 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A fenced block: its kind, the file that it belongs into, which only some name, and its text.
+// A fenced block: its language, the file that it is for, if any, and its text.
 struct Block {
-    std::string kind;
+    std::string language;
     std::string file;
     std::string text;
 };
@@ -42,12 +42,12 @@ std::vector<std::wstring> WordsOf(const std::wstring& line) {
 
 class FirstApplication : public ProgramTest {
   protected:
-    FirstApplication() { ForgetBeds(); }
-    ~FirstApplication() override { ForgetBeds(); }
+    FirstApplication() { DeleteBeds(); }
+    ~FirstApplication() override { DeleteBeds(); }
 
     void Do(const Block& step) {
-        if (step.kind == "html") program_.Folder().Write(L"work\\" + Widen(step.file), step.text);
-        if (step.kind != "bat") return;
+        if (step.language == "html") program_.Folder().Write(L"work\\" + Widen(step.file), step.text);
+        if (step.language != "bat") return;
         SCOPED_TRACE(step.text);
         const std::wstring line = Widen(step.text.substr(0, step.text.find('\n')));
         const auto words = WordsOf(line);
@@ -63,8 +63,8 @@ class FirstApplication : public ProgramTest {
   private:
     static constexpr const wchar_t* kSettings = L"Software\\Garden planner";
 
-    static void ForgetBeds() { RegDeleteTreeW(HKEY_CURRENT_USER, kSettings); }
-    // As the application keeps them: a list in JSON. It begins with one.
+    static void DeleteBeds() { RegDeleteTreeW(HKEY_CURRENT_USER, kSettings); }
+    // As the application stores them: a list in JSON. Initially there is one.
     static std::wstring Beds() {
         wchar_t beds[100] = L"[]";
         DWORD size = sizeof beds;

@@ -14,7 +14,7 @@ class PackTest : public testing::Test {
         return std::filesystem::path(ExecutablePath()).parent_path() / L"tarvik.exe";
     }
 
-    // What it printed, or what it complained of, if it ended with the code that is expected.
+    // Returns the output, or the error output if a failure is expected.
     std::string Run(const std::vector<std::wstring>& arguments, DWORD code = 0) const {
         const ConsoleProgram program(L"tarvik-pack", arguments, folder_.Path());
         EXPECT_EQ(program.Wait(), code) << program.Error();
@@ -25,14 +25,14 @@ class PackTest : public testing::Test {
     const TempFolder folder_;
 };
 
-// An icon file of one picture.
+// An icon file with one picture.
 inline std::string IconFileOf(const std::string& picture) {
     std::string file("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0", 14);
-    const DWORD place[] = {static_cast<DWORD>(picture.size()), 22};
-    return file.append(reinterpret_cast<const char*>(place), sizeof place) + picture;
+    const DWORD sizeAndOffset[] = {static_cast<DWORD>(picture.size()), 22};
+    return file.append(reinterpret_cast<const char*>(sizeAndOffset), sizeof sizeAndOffset) + picture;
 }
 
-// A picture of 16 pixels square.
+// A picture of 16 by 16 pixels.
 inline std::string Picture() {
     const BITMAPINFOHEADER header = {sizeof header, 16, 32, 1, 32};
     return std::string(reinterpret_cast<const char*>(&header), sizeof header) +

@@ -1,4 +1,4 @@
-// What is refused, with what words, before anything is written.
+// Errors, which are reported before anything is written.
 
 #include <fstream>
 
@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 struct Refusal {
     std::vector<std::wstring> arguments;
     DWORD code;
-    std::string words;
+    std::string message;
 };
 
 class Refused : public PackTest {
@@ -21,17 +21,17 @@ class Refused : public PackTest {
     void ExpectRefusals(std::initializer_list<Refusal> refusals) const {
         const auto before = ReadTree(folder_.Path());
         for (const Refusal& refusal : refusals) {
-            SCOPED_TRACE(refusal.words);
-            EXPECT_THAT(Run(refusal.arguments, refusal.code), HasSubstr(refusal.words));
+            SCOPED_TRACE(refusal.message);
+            EXPECT_THAT(Run(refusal.arguments, refusal.code), HasSubstr(refusal.message));
             EXPECT_TRUE(ReadTree(folder_.Path()) == before) << "something was written";
         }
     }
-    // The same options of a build that would be good without them.
-    static Refusal Options(std::vector<std::wstring> options, DWORD code, std::string words) {
+    // A build that would succeed without these options.
+    static Refusal Options(std::vector<std::wstring> options, DWORD code, std::string message) {
         options.insert(options.begin(), {L"build", L"app"});
         if (std::ranges::find(options, L"-o") == options.end())
             options.insert(options.end(), {L"-o", L"out.exe"});
-        return {std::move(options), code, std::move(words)};
+        return {std::move(options), code, std::move(message)};
     }
     void WriteApplication() const { folder_.Write(L"app\\resource\\index.html", "<!doctype html>"); }
 };
@@ -74,12 +74,12 @@ TEST_F(Refused, FoldersAndOutputs) {
         {{L"new", L"other"}, 1, "is not empty"},
         {{L"new", L"host.exe"}, 1, "is a file"},
         {build(L"missing", L"out.exe"), 1, "missing\" cannot be read"},
-        {build(L"host.exe", L"out.exe"), 1, "host.exe\" is no folder"},
-        {build(L"other", L"out.exe"), 1, "holds no resource\\index.html"},
+        {build(L"host.exe", L"out.exe"), 1, "host.exe\" is not a folder"},
+        {build(L"other", L"out.exe"), 1, "has no resource\\index.html"},
         {build(L"app", L"missing\\out.exe"), 1, "missing\\out.exe"},
         {build(L"app", L"other"), 1, "is a folder"},
-        {build(L"app", L"app\\out.exe"), 1, "lies in the folder that is packed"},
-        {build(L"app", L"APP\\resource\\out.exe"), 1, "lies in the folder that is packed"},
+        {build(L"app", L"app\\out.exe"), 1, "is inside the folder to pack"},
+        {build(L"app", L"APP\\resource\\out.exe"), 1, "is inside the folder to pack"},
         Options({L"--host", L"host.exe", L"-o", (L"..\\" + outside + L"\\HOST.exe")}, 1,
                 "is the host itself"),
     });
@@ -87,13 +87,13 @@ TEST_F(Refused, FoldersAndOutputs) {
 
 TEST_F(Refused, FilesThatCouldNotBeUnpacked) {
     WriteApplication();
-    const auto expectRefusal = [&](const char* words) {
-        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr(words));
+    const auto expectRefusal = [&](const char* message) {
+        EXPECT_THAT(Run({L"build", L"app", L"-o", L"out.exe"}, 1), HasSubstr(message));
         EXPECT_FALSE(FileExists(folder_ / L"out.exe"));
     };
     const std::wstring device = L"\\\\?\\" + (folder_ / L"app\\aux.txt");
     std::ofstream(fs::path(device)) << "x";
-    expectRefusal("aux.txt\" has a name that Windows keeps");
+    expectRefusal("aux.txt\" has a name that Windows reserves");
     EXPECT_TRUE(DeleteFileW(device.c_str()));
     fs::resize_file(folder_.Write(L"app\\film", ""), 0xFFFF'FFFF);
     expectRefusal("film\" is 4 GiB or larger");
@@ -120,25 +120,25 @@ TEST_F(Refused, HostsAndIcons) {
     folder_.Write(L"inside.ico", std::string(icon).replace(18, 1, "\1"));
     folder_.Write(L"short.ico", IconFileOf(Picture().substr(0, 1000)));
     folder_.Write(L"nonsense.ico", IconFileOf(std::string(500, 'x')));
-    const auto of = [](const wchar_t* option, const wchar_t* file, const char* words) {
-        return Options({option, file}, 1, words);
+    const auto of = [](const wchar_t* option, const wchar_t* file, const char* message) {
+        return Options({option, file}, 1, message);
     };
     ExpectRefusals({
         of(L"--host", L"missing.exe", "missing.exe\" cannot be read"),
         of(L"--host", L"signed.exe", "signed.exe\" is signed"),
         of(L"--host", L"packed.exe", "packed.exe\" already has an archive"),
-        of(L"--host", L"text.exe", "text.exe\" is no program"),
-        of(L"--host", L"cut.exe", "cut.exe\" is no program"),
+        of(L"--host", L"text.exe", "text.exe\" is not a program"),
+        of(L"--host", L"cut.exe", "cut.exe\" is not a program"),
         of(L"--host", L"empty", "empty\" cannot be read"),
         of(L"--icon", L"missing.ico", "missing.ico\" cannot be read"),
         of(L"--icon", L"empty", "empty\" cannot be read"),
-        of(L"--icon", L"cut.ico", "cut.ico\" is no icon"),
-        of(L"--icon", L"none.ico", "none.ico\" is no icon"),
-        of(L"--icon", L"cursor.ico", "cursor.ico\" is no icon"),
-        of(L"--icon", L"many.ico", "many.ico\" is no icon"),
-        of(L"--icon", L"inside.ico", "inside.ico\" is no icon"),
-        of(L"--icon", L"short.ico", "short.ico\" is no icon"),
-        of(L"--icon", L"nonsense.ico", "nonsense.ico\" is no icon"),
+        of(L"--icon", L"cut.ico", "cut.ico\" is not an icon"),
+        of(L"--icon", L"none.ico", "none.ico\" is not an icon"),
+        of(L"--icon", L"cursor.ico", "cursor.ico\" is not an icon"),
+        of(L"--icon", L"many.ico", "many.ico\" is not an icon"),
+        of(L"--icon", L"inside.ico", "inside.ico\" is not an icon"),
+        of(L"--icon", L"short.ico", "short.ico\" is not an icon"),
+        of(L"--icon", L"nonsense.ico", "nonsense.ico\" is not an icon"),
     });
 }
 
@@ -151,8 +151,8 @@ TEST_F(Refused, ProgramsThatCarryNothingOrADamagedArchive) {
         {{L"list", Host().wstring()}, 1, "tarvik.exe\" has no archive attached"},
         {{L"list", L"/missing.exe"}, 1, "missing.exe\" cannot be read"},
         {{L"extract", Host().wstring(), L"out"}, 1, "has no archive attached"},
-        {{L"extract", L"damaged.exe", L"out"}, 1, "damaged.exe\" is broken"},
-        {{L"extract", L"climbing.exe", L"out"}, 1, "climbing.exe\" is broken"},
+        {{L"extract", L"damaged.exe", L"out"}, 1, "damaged.exe\" is damaged"},
+        {{L"extract", L"climbing.exe", L"out"}, 1, "climbing.exe\" is damaged"},
         {{L"extract", L"damaged.exe", L"."}, 1, "is not empty"},
     });
 }

@@ -1,4 +1,4 @@
-// From a new application to the program that is shipped, and back.
+// From a new application to the packed program and back.
 
 #include <fstream>
 
@@ -11,18 +11,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST_F(PackTest, ANewApplicationIsPackedAndRunsAndComesBack) {
+TEST_F(PackTest, PacksRunsAndExtractsANewApplication) {
     EXPECT_THAT(Run({L"new", L"g\u00e4rten \u6f22"}), HasSubstr("g\u00e4rten \u6f22: an application"));
     folder_.Write(L"g\u00e4rten \u6f22\\.git\\empty", "");
     folder_.Write(L"g\u00e4rten \u6f22\\\u6f22\\data", std::string(300'000, 'x'));
     fs::create_directory(folder_ / L"g\u00e4rten \u6f22\\nothing");
     EXPECT_THAT(Run({L"build", L"g\u00e4rten \u6f22", L"-o", L"\u6f22.exe"}), HasSubstr("\u6f22.exe: "));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 2) << "nothing else is left there";
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 2)
+        << "a temporary file was left behind";
 
     const std::string list = Run({L"list", L"\u6f22.exe"});
     EXPECT_THAT(list, HasSubstr("      300,000  \u6f22/data\n"));
     EXPECT_THAT(list, HasSubstr("  in 9 files and folders\n"));
-    // A signature is put behind a program.
+    // A signature is appended to a program.
     std::ofstream(fs::path(folder_ / L"\u6f22.exe"), std::ios::binary | std::ios::app)
         << std::string(9000, '\0');
     Run({L"extract", L"\u6f22.exe", L"out"});
@@ -37,7 +38,7 @@ TEST_F(PackTest, ANewApplicationIsPackedAndRunsAndComesBack) {
     EXPECT_EQ(program.Wait(), 0u);
 }
 
-class Decorated : public PackTest {
+class PackedProgram : public PackTest {
   protected:
     void SetUp() override {
         Run({L"new", L"app"});
@@ -65,7 +66,7 @@ class Decorated : public PackTest {
     std::vector<BYTE> version_;
 };
 
-TEST_F(Decorated, TellsItsVersionAndNames) {
+TEST_F(PackedProgram, HasItsVersionAndNames) {
     const auto* const fixed = Query<VS_FIXEDFILEINFO>(L"\\");
     ASSERT_TRUE(fixed);
     EXPECT_EQ(fixed->dwFileVersionMS, 0x0003'0000u);
@@ -88,14 +89,14 @@ std::string ResourceOf(HMODULE module, WORD id, LPCWSTR type) {
             SizeofResource(module, resource)};
 }
 
-TEST_F(Decorated, HasItsIconInPlaceOfTheHosts) {
+TEST_F(PackedProgram, HasItsIconInsteadOfTheHosts) {
     const UniqueModule module(LoadLibraryExW(program_.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
     ASSERT_TRUE(module);
-    // A group says the same as the file, but that a picture's id stands for its place.
+    // A group equals the file, except that it has a picture's id instead of its offset.
     const std::string file = IconFileOf(Picture());
     EXPECT_EQ(ResourceOf(module.Get(), 1000, RT_GROUP_ICON), file.substr(0, 18) + std::string("\1\0", 2));
     EXPECT_EQ(ResourceOf(module.Get(), 1, RT_ICON), Picture());
-    EXPECT_THAT(ResourceOf(module.Get(), 1, RT_MANIFEST), HasSubstr("<assembly")) << "the rest stays";
+    EXPECT_THAT(ResourceOf(module.Get(), 1, RT_MANIFEST), HasSubstr("<assembly")) << "other resources stay";
     const UniqueIcon icon(static_cast<HICON>(
         LoadImageW(module.Get(), MAKEINTRESOURCEW(1000), IMAGE_ICON, 16, 16, LR_DEFAULTCOLOR)));
     EXPECT_TRUE(icon);
@@ -110,7 +111,7 @@ IMAGE_NT_HEADERS64 HeaderOf(const fs::path& program) {
     return header;
 }
 
-TEST_F(Decorated, LoadsAtRandomAddressesWithoutExecutableDataLikeAllPrograms) {
+TEST_F(PackedProgram, EnablesAslrAndDepLikeAllPrograms) {
     constexpr WORD kProtection = IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                                  IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
     const fs::path folder = Host().parent_path();

@@ -50,7 +50,7 @@ DWORD ConsoleProgram::Wait(DWORD limit) const {
     return code;
 }
 
-// It goes to everybody in a console.
+// Every process of the console receives it.
 void ConsoleProgram::PressCtrlC() const {
     FreeConsole();
     EXPECT_TRUE(AttachConsole(processId_));

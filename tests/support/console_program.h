@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-// A console program of the build, in a console of its own that nobody sees. What it prints is collected.
+// A console program of the build, in a hidden console of its own. Its output is collected.
 class ConsoleProgram {
   public:
     ConsoleProgram(const std::wstring& name, const std::vector<std::wstring>& arguments,
