@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "archive/file_time.h"
+#include "base/path.h"
 #include "base/shell_delete.h"
 #include "tarvik/status.h"
 
@@ -13,18 +14,12 @@ namespace tarvik {
 
 namespace {
 
-// The folder of a member's path, with a separator at its end; empty if none has to be created. Only slashes
-// separate here: no folders are created for a name with backslashes.
+// The folder of a member's path; empty if none has to be created. Only slashes separate here: no folders are
+// created for a name with backslashes.
 std::wstring FolderOf(std::wstring_view path) {
-    const size_t slash = path.rfind(L'/');
-    if (slash == std::wstring_view::npos || slash == 0) return {};
-    std::wstring folder(path.substr(0, slash + 1));
+    std::wstring folder = ParentFolder(path, L"/");
     std::ranges::replace(folder, L'/', L'\\');
     return folder;
-}
-
-bool IsFile(const std::wstring& path) {
-    return PathFileExistsW(path.c_str()) && !PathIsDirectoryW(path.c_str());
 }
 
 }  // namespace

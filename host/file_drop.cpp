@@ -4,6 +4,7 @@
 #include <mshtml.h>
 #include <shellapi.h>
 
+#include "base/html_element.h"
 #include "tarvik/owners.h"
 #include "base/text.h"
 #include "tarvik/variant.h"
@@ -33,12 +34,6 @@ ComPtr<IDispatch> BindingOf(IDispatch* dragfile, IHTMLElement* element) {
     Variant binding;
     CallScriptMember(dragfile, L"get", {&id}, &binding);
     return binding.Is(VT_DISPATCH) ? ComPtr<IDispatch>(binding.pdispVal) : nullptr;
-}
-
-ComPtr<IHTMLElement> ParentOf(IHTMLElement* element) {
-    ComPtr<IHTMLElement> parent;
-    element->get_parentElement(parent.GetAddressOf());
-    return parent;
 }
 
 // A medium of the clipboard or of a drag, and the lock on its memory.

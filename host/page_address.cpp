@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "app/command_line/command_line.h"
+#include "base/path.h"
 #include "tarvik/status.h"
 #include "base/text.h"
 #include "tarvik/text.h"
@@ -54,10 +55,6 @@ std::wstring BesideFilePage(const std::wstring& location, const std::wstring& ur
         PathAddBackslashW(buffer);
         PathAppendW(buffer, url.c_str());
     });
-}
-
-bool IsFile(const std::wstring& path) {
-    return PathFileExistsW(path.c_str()) && !PathIsDirectoryW(path.c_str());
 }
 
 // A control reads a `#` in a path as the start of a fragment, so such a path is opened by its URL. Others

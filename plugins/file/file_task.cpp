@@ -5,6 +5,8 @@
 #include <ranges>
 #include <vector>
 
+#include "base/path.h"
+
 namespace tarvik {
 
 namespace {
@@ -15,16 +17,11 @@ std::wstring Below(const std::wstring& top, const std::wstring& path) {
     return top.substr(0, top.size() - twice) + path;
 }
 
-std::wstring FolderAbove(const std::wstring& path) {
-    const size_t separator = path.find_last_of(L"\\/");
-    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
-}
-
 // From the top down. A failure shows in the step that needed the folder.
 void MakeFolders(const std::wstring& path) {
     std::vector<std::wstring> missing;
     for (auto folder = path; !folder.empty() && !PathFileExistsW(folder.c_str());
-         folder = FolderAbove(folder))
+         folder = ParentFolder(folder))
         missing.push_back(folder);
     for (const std::wstring& folder : std::views::reverse(missing))
         CreateDirectoryW(folder.c_str(), nullptr);
@@ -50,7 +47,7 @@ HRESULT FileTask::Work() {
     for (const WorkItem& item : list.items) {
         const std::wstring src = Below(src_, item.path);
         const std::wstring dest = Below(dest_, item.path);
-        if (kind_ == Transfer::kMove) MakeFolderAbove(dest);
+        if (kind_ == Transfer::kMove) MakeParentFolder(dest);
         if (item.isFolder) {
             TakeFolder(src, dest);
         } else {
@@ -89,8 +86,8 @@ void FileTask::TakeFile(const std::wstring& src, const std::wstring& dest, CopyP
     progress.FileDone(dest);
 }
 
-void FileTask::MakeFolderAbove(const std::wstring& path) {
-    std::wstring folder = FolderAbove(path);
+void FileTask::MakeParentFolder(const std::wstring& path) {
+    std::wstring folder = ParentFolder(path);
     if (folder == folderAbove_) return;
     MakeFolders(folder);
     folderAbove_ = std::move(folder);

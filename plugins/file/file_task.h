@@ -20,7 +20,7 @@ class FileTask : public AsyncTask {
     void Rename() const;
     void TakeFolder(const std::wstring& src, const std::wstring& dest) const;
     void TakeFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const;
-    void MakeFolderAbove(const std::wstring& path);
+    void MakeParentFolder(const std::wstring& path);
 
     const Transfer kind_;
     const std::wstring src_;

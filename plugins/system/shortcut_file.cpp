@@ -5,6 +5,7 @@
 #include <intshcut.h>
 #include <isguids.h>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "plugins/system/shell_object.h"
 #include "script/object.h"
@@ -38,19 +39,12 @@ HRESULT Save(IUnknown* object, std::wstring path, const wchar_t* extension) {
     return Demand<IPersistFile>(object)->Save(path.c_str(), TRUE);
 }
 
-std::wstring FolderOf(const std::wstring& path) {
-    return ReadPath([&](wchar_t* buffer) {
-        path.copy(buffer, kPathLength - 1);
-        PathRemoveFileSpecW(buffer);
-    });
-}
-
 }  // namespace
 
 HRESULT SaveLinkFile(const Shortcut& shortcut, const std::wstring& path) {
     const auto link = MakeShellObject<IShellLinkW>(CLSID_ShellLink);
     ThrowIfFailed(link->SetPath(shortcut.target.c_str()));
-    ThrowIfFailed(link->SetWorkingDirectory(FolderOf(shortcut.target).c_str()));
+    ThrowIfFailed(link->SetWorkingDirectory(ParentFolder(shortcut.target, L"\\").c_str()));
     ThrowIfFailed(link->SetArguments(shortcut.arguments.c_str()));
     SetIcon(link.Get(), shortcut);
     return Save(link.Get(), path, L".lnk");

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/log/log.h"
+#include "base/html_element.h"
 #include "tarvik/bstr.h"
 #include "tarvik/variant.h"
 
@@ -35,12 +36,6 @@ std::optional<bool> SaysHandle(IHTMLElement* element) {
     if (IsText(value.bstrVal, L"true")) return true;
     if (IsText(value.bstrVal, L"false")) return false;
     return std::nullopt;
-}
-
-ComPtr<IHTMLElement> ParentOf(IHTMLElement* element) {
-    ComPtr<IHTMLElement> parent;
-    element->get_parentElement(parent.GetAddressOf());
-    return parent;
 }
 
 }  // namespace
