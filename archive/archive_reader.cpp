@@ -1,8 +1,5 @@
 #include "archive/archive_reader.h"
 
-#include "tarvik/status.h"
-#include "tarvik/text.h"
-
 namespace tarvik {
 
 namespace {
@@ -10,7 +7,7 @@ namespace {
 constexpr mz_uint kNameIsUtf8 = 0x800;
 
 void Check(bool isValid) {
-    if (!isValid) throw StatusError(E_FAIL);
+    if (!isValid) throw ArchiveError();
 }
 
 }  // namespace
@@ -28,8 +25,7 @@ const mz_zip_archive_file_stat& MemberEntry::Statistics() const {
 // The flags are filled in even if the other fields are refused.
 MemberEntry ArchiveReader::Lookup(mz_uint index) {
     const bool isValid = ReadStatistics(index);
-    const UINT codePage = statistics_.m_bit_flag & kNameIsUtf8 ? CP_UTF8 : CP_ACP;
-    return {NameOf(index, codePage), isValid ? &statistics_ : nullptr};
+    return {NameOf(index), (statistics_.m_bit_flag & kNameIsUtf8) != 0, isValid ? &statistics_ : nullptr};
 }
 
 bool ArchiveReader::ReadStatistics(mz_uint index) {
@@ -41,12 +37,12 @@ bool ArchiveReader::ReadStatistics(mz_uint index) {
 }
 
 // The statistics truncate long names.
-std::wstring ArchiveReader::NameOf(mz_uint index, UINT codePage) {
+std::string ArchiveReader::NameOf(mz_uint index) {
     const mz_uint length = mz_zip_reader_get_filename(&zip_, index, nullptr, 0);
     std::string name(length, '\0');
     mz_zip_reader_get_filename(&zip_, index, name.data(), length);
     name.pop_back();
-    return Widen(name, codePage);
+    return name;
 }
 
 void ArchiveReader::Extract(const mz_zip_archive_file_stat& member, Write write, void* target) {

@@ -1,26 +1,33 @@
 #pragma once
 
-#include <windows.h>
 #include <miniz.h>
 
+#include <exception>
 #include <string>
 
 #include "archive/archive_finder.h"
 
 namespace tarvik {
 
+// An archive that is damaged or uses an unsupported feature. At a boundary it becomes E_FAIL.
+class ArchiveError : public std::exception {
+  public:
+    const char* what() const noexcept override { return "damaged archive"; }
+};
+
 // A member as the archive's directory describes it.
 struct MemberEntry {
-    std::wstring name;
+    std::string rawName;  // see MemberName
+    bool isNameUtf8;      // otherwise in the system's code page
     // Null if the entry contradicts itself; valid until the next Lookup.
     const mz_zip_archive_file_stat* statistics;
 
-    // Throws E_FAIL if there are none.
+    // Throws an ArchiveError if there are none.
     const mz_zip_archive_file_stat& Statistics() const;
 };
 
 // The members of an archive in memory, in the order of its central directory. Only the directory is copied.
-// Every operation throws E_FAIL if the archive is damaged or uses an unsupported feature.
+// Every operation may throw an ArchiveError.
 class ArchiveReader {
   public:
     using Write = size_t (*)(void* target, mz_uint64 offset, const void* data, size_t count);
@@ -37,7 +44,7 @@ class ArchiveReader {
 
   private:
     bool ReadStatistics(mz_uint index);
-    std::wstring NameOf(mz_uint index, UINT codePage);
+    std::string NameOf(mz_uint index);
 
     mz_zip_archive zip_ = {};
     mz_zip_archive_file_stat statistics_ = {};

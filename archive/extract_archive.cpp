@@ -3,6 +3,7 @@
 #include <set>
 
 #include "archive/archive_reader.h"
+#include "archive/member_name.h"
 #include "archive/member_output.h"
 #include "archive/member_path.h"
 #include "tarvik/status.h"
@@ -36,10 +37,11 @@ struct Summary {
 Summary Summarize(ArchiveReader& archive) {
     Summary summary;
     for (mz_uint index = 0; index < archive.Count(); ++index) {
-        MemberEntry member = archive.Lookup(index);
+        const MemberEntry member = archive.Lookup(index);
+        std::wstring name = MemberName(member);
         if (member.statistics && !IsMarkedAsFolder(*member.statistics))
             summary.totalSize += member.statistics->m_uncomp_size;
-        if (StaysInside(member.name)) summary.names.insert(std::move(member.name));
+        if (StaysInside(name)) summary.names.insert(std::move(name));
     }
     return summary;
 }
@@ -57,14 +59,16 @@ class Extraction {
 
   private:
     void Extract(mz_uint index) {
-        const auto [name, statistics] = archive_.Lookup(index);
-        if (!statistics || !StaysInside(name)) {
+        const MemberEntry member = archive_.Lookup(index);
+        const std::wstring name = MemberName(member);
+        if (!member.statistics || !StaysInside(name)) {
             // The member is refused unless the listener skips it, and no folder is created for it.
-            if (IsWanted(name)) throw StatusError(E_FAIL);
+            if (IsWanted(name)) throw ArchiveError();
             return;
         }
-        const std::wstring path = output_.PreparePath(IsFolder(*statistics, name) ? name + L'/' : name);
-        if (IsWanted(name)) Write(*statistics, path);
+        const std::wstring path =
+            output_.PreparePath(IsFolder(*member.statistics, name) ? name + L'/' : name);
+        if (IsWanted(name)) Write(*member.statistics, path);
     }
 
     bool IsWanted(const std::wstring& name) {

@@ -21,9 +21,9 @@ class ExtractListener {
     virtual void WriteFails(HRESULT) noexcept {}    // why the extraction ends
 };
 
-// Extracts an archive in memory into a folder. Throws E_ABORT if the listener returned kStop, and E_FAIL for
-// anything that ends a member half-way. A failure removes the folder if it was created here; another one
-// keeps what has been extracted.
+// Extracts an archive in memory into a folder. Throws E_ABORT if the listener returned kStop, and an
+// ArchiveError for anything that ends a member half-way. A failure removes the folder if it was created here;
+// another one keeps what has been extracted.
 void ExtractArchive(Bytes archive, const std::wstring& folder, bool overWrite, ExtractListener& listener);
 
 }  // namespace tarvik

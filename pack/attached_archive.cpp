@@ -1,5 +1,6 @@
 #include "pack/attached_archive.h"
 
+#include "archive/member_name.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"
@@ -17,7 +18,7 @@ Bytes Find(Bytes file, const std::wstring& program) {
 ArchiveReader Open(Bytes archive, const std::wstring& program) {
     try {
         return ArchiveReader(archive);
-    } catch (const StatusError&) {
+    } catch (const ArchiveError&) {
         FailAsDamaged(program);
     }
 }
@@ -29,7 +30,7 @@ size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
 // The reader verifies a member's size and checksum.
 void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
     const MemberEntry member = reader.Lookup(index);
-    if (member.name != expected.name) throw StatusError(E_FAIL);
+    if (MemberName(member) != expected.name) throw ArchiveError();
     if (member.Statistics().m_uncomp_size > 0) reader.Extract(member.Statistics(), OnData, &progress);
 }
 
@@ -53,7 +54,7 @@ void CheckAttached(const std::wstring& program, const std::vector<Entry>& entrie
     try {
         for (mz_uint index = 0; index < reader.Count(); ++index)
             CheckMember(reader, index, entries[index], progress);
-    } catch (const StatusError&) {
+    } catch (const ArchiveError&) {
         Interrupt::ThrowIfRequested();
         FailAsDamaged(program);
     }

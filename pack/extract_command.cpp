@@ -1,3 +1,4 @@
+#include <exception>
 #include <optional>
 
 #include "archive/extract_archive.h"
@@ -48,9 +49,9 @@ void ExtractProgram(const std::wstring& program, const std::wstring& destination
     Listener listener;
     try {
         ExtractArchive(attached.Content(), folder, false, listener);
-    } catch (const StatusError& error) {
+    } catch (const std::exception&) {
         Interrupt::ThrowIfRequested();
-        const HRESULT status = listener.WriteError().value_or(error.Status());
+        const HRESULT status = listener.WriteError().value_or(CaughtStatus());
         if (status == E_FAIL) FailAsDamaged(path);
         FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", status);
     }

@@ -2,7 +2,7 @@
 #include <ctime>
 #include <cwchar>
 
-#include "tarvik/status.h"
+#include "archive/member_name.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/interrupt.h"
@@ -37,7 +37,7 @@ void Print(ArchiveReader& reader) {
         const auto& statistics = member.Statistics();
         total += statistics.m_uncomp_size;
         Console::Out().Write(LocalTime(statistics.m_time) + Column(WithCommas(statistics.m_uncomp_size)) +
-                             L"  " + member.name + L"\n");
+                             L"  " + MemberName(member) + L"\n");
     }
     Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(WithCommas(total)) + L"  in " +
                          WithCommas(reader.Count()) + L" files and folders\n");
@@ -50,7 +50,7 @@ void ListProgram(const std::wstring& program) {
     AttachedArchive attached(path);
     try {
         Print(attached.Reader());
-    } catch (const StatusError&) {
+    } catch (const ArchiveError&) {
         FailAsDamaged(path);
     }
 }

@@ -1,6 +1,6 @@
 #include "plugins/hotkey/key_combination.h"
 
-#include <cwchar>
+#include "plugins/hotkey/key_text.h"
 
 namespace tarvik {
 
@@ -11,8 +11,7 @@ struct Name {
     UINT code;
 };
 
-constexpr Name kModifiers[] = {
-    {L"ctrl", MOD_CONTROL}, {L"shift", MOD_SHIFT}, {L"alt", MOD_ALT}, {L"win", MOD_WIN}};
+static_assert(kAlt == MOD_ALT && kCtrl == MOD_CONTROL && kShift == MOD_SHIFT && kWin == MOD_WIN);
 
 constexpr Name kKeys[] = {
     {L"esc", VK_ESCAPE},    {L"pause", VK_CANCEL},  {L"print", VK_SNAPSHOT}, {L"scroll", VK_SCROLL},
@@ -24,17 +23,6 @@ constexpr Name kKeys[] = {
     {L"f8", VK_F8},         {L"f9", VK_F9},         {L"f10", VK_F10},        {L"f11", VK_F11},
     {L"f12", VK_F12}};
 
-bool BeginsWith(std::wstring_view text, std::wstring_view start) {
-    return text.size() >= start.size() && _wcsnicmp(text.data(), start.data(), start.size()) == 0;
-}
-
-std::optional<UINT> ReadModifier(std::wstring_view text) {
-    for (const auto& [name, flag] : kModifiers) {
-        if (BeginsWith(text, name)) return flag;
-    }
-    return std::nullopt;
-}
-
 std::optional<UINT> ReadCharacter(wchar_t character) {
     constexpr BYTE kNoKey = 0xFF;
     const BYTE key = LOBYTE(VkKeyScanW(character));
@@ -44,7 +32,7 @@ std::optional<UINT> ReadCharacter(wchar_t character) {
 std::optional<UINT> ReadKey(std::wstring_view text) {
     if (text.size() == 1) return ReadCharacter(text[0]);
     for (const auto& [name, key] : kKeys) {
-        if (text.size() == name.size() && BeginsWith(text, name)) return key;
+        if (text.size() == name.size() && StartsWithIgnoringCase(text, name)) return key;
     }
     return std::nullopt;
 }
@@ -52,16 +40,10 @@ std::optional<UINT> ReadKey(std::wstring_view text) {
 }  // namespace
 
 std::optional<KeyCombination> ReadKeyCombination(std::wstring_view text) {
-    KeyCombination keys;
-    for (size_t plus; (plus = text.find(L'+')) != text.npos; text.remove_prefix(plus + 1)) {
-        const auto modifier = ReadModifier(text.substr(0, plus));
-        if (!modifier) return std::nullopt;
-        keys.modifiers |= *modifier;
-    }
-    const auto key = ReadKey(text);
+    const auto parts = SplitKeyText(text);
+    const auto key = parts ? ReadKey(parts->key) : std::nullopt;
     if (!key) return std::nullopt;
-    keys.key = *key;
-    return keys;
+    return KeyCombination{parts->modifiers, *key};
 }
 
 }  // namespace tarvik

@@ -1,7 +1,6 @@
 #include "plugins/http/web_response.h"
 
-#include <cwchar>
-
+#include "plugins/http/content_length.h"
 #include "tarvik/status.h"
 
 namespace tarvik {
@@ -39,9 +38,9 @@ std::uint32_t WebResponse::ContentLength() const {
     wchar_t text[100] = {};
     DWORD size = sizeof text;
     if (!HttpQueryInfoW(request_.Get(), HTTP_QUERY_CONTENT_LENGTH, text, &size, nullptr)) ThrowLastError();
-    const long length = std::wcstol(text, nullptr, 10);
-    if (length == 0) throw StatusError(E_FAIL);
-    return static_cast<std::uint32_t>(length);
+    const auto length = ParseContentLength(text);
+    if (!length) throw StatusError(E_FAIL);
+    return *length;
 }
 
 std::uint32_t WebResponse::Read(std::span<std::uint8_t> bytes) const {

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <cwchar>
 
+#include "plugins/window/block_text.h"
+
 namespace tarvik {
 
 namespace {
-
-constexpr size_t kZeros = 2;  // characters that are in every block
 
 std::wstring BlockName(DWORD sender, HWND target) {
     wchar_t name[64] = {};
@@ -23,23 +23,11 @@ bool HoldsBytes(const void* view, size_t size) {
            region.RegionSize >= size;
 }
 
-// The sender may go on writing while this reads, so every step stays inside whatever the text says.
-std::optional<BusMessage> Parse(std::wstring_view block) {
-    const size_t end = block.find(L'\0');
-    if (end == 0 || end == std::wstring_view::npos) return std::nullopt;
-    BusMessage message;
-    message.name = block.substr(0, end);
-    if (block.size() > end + kZeros) {
-        message.payload = Bstr(block.substr(end + 1, block.size() - end - kZeros));
-    }
-    return message;
-}
-
 }  // namespace
 
 SharedBlock SharedBlock::Make(HWND target, const wchar_t* name, std::wstring_view payload) {
     const std::wstring_view head(name);
-    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kZeros) * sizeof(wchar_t);
+    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kBlockZeros) * sizeof(wchar_t);
     if (size > MAXDWORD) return {};
     const std::wstring blockName = BlockName(GetCurrentProcessId(), target);
     UniqueHandle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
@@ -59,7 +47,9 @@ std::optional<BusMessage> ReadSharedBlock(DWORD sender, HWND target, size_t size
     if (!mapping) return std::nullopt;
     const UniqueView view(MapViewOfFile(mapping.Get(), FILE_MAP_READ, 0, 0, size));
     if (!view || !HoldsBytes(view.Get(), size)) return std::nullopt;
-    return Parse({static_cast<const wchar_t*>(view.Get()), size / sizeof(wchar_t)});
+    const auto text = ParseBlock({static_cast<const wchar_t*>(view.Get()), size / sizeof(wchar_t)});
+    if (!text) return std::nullopt;
+    return BusMessage{std::wstring(text->name), text->payload ? Bstr(*text->payload) : Bstr()};
 }
 
 }  // namespace tarvik

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cwchar>
+#include <limits>
+#include <optional>
+
+namespace tarvik {
+
+// The number in a Content-Length header; nothing for 0 and for text. A negative number is taken as its 32
+// bits, and a number that they cannot hold becomes the nearest signed one; required by the contract.
+inline std::optional<std::uint32_t> ParseContentLength(const wchar_t* text) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long long length =
+        std::clamp<long long>(std::wcstoll(text, nullptr, 10), Limits::min(), Limits::max());
+    if (length == 0) return std::nullopt;
+    return static_cast<std::uint32_t>(length);
+}
+
+}  // namespace tarvik

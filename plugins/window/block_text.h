@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace tarvik {
+
+// The two texts in the shared memory of a message. The sender may still be writing there, so whoever copies
+// them must not depend on their contents.
+struct BlockText {
+    std::wstring_view name;
+    std::optional<std::wstring_view> payload;
+};
+
+inline constexpr size_t kBlockZeros = 2;  // the zero characters in every block
+
+// Nothing if there is no name.
+inline std::optional<BlockText> ParseBlock(std::wstring_view block) {
+    const size_t end = block.find(L'\0');
+    if (end == 0 || end == std::wstring_view::npos) return std::nullopt;
+    BlockText text = {block.substr(0, end), std::nullopt};
+    if (block.size() > end + kBlockZeros)
+        text.payload = block.substr(end + 1, block.size() - end - kBlockZeros);
+    return text;
+}
+
+}  // namespace tarvik
