@@ -1,0 +1,52 @@
+#include "archive/archive_reader.h"
+
+#include "fuzz/input.h"
+
+namespace tarvik {
+
+namespace {
+
+// An archive may hold far more than its own size.
+constexpr std::size_t kMostExtracted = 1 << 20;
+
+struct Sink {
+    mz_uint64 expectedOffset = 0;
+    std::size_t left = kMostExtracted;
+};
+
+std::size_t OnData(void* target, mz_uint64 offset, const void* data, std::size_t count) {
+    auto& sink = *static_cast<Sink*>(target);
+    Require(offset == sink.expectedOffset);
+    for (std::size_t i = 0; i < count; i += 512)  // every byte must be readable
+        (void)*(static_cast<const volatile char*>(data) + i);
+    if (count > sink.left) return 0;
+    sink.expectedOffset += count;
+    sink.left -= count;
+    return count;
+}
+
+void ReadAll(Bytes archive) {
+    ArchiveReader reader(archive);
+    for (mz_uint index = 0; index < reader.Count(); ++index) {
+        const MemberEntry member = reader.Lookup(index);
+        if (!member.statistics) continue;
+        Sink sink;
+        try {
+            reader.Extract(*member.statistics, OnData, &sink);
+            Require(sink.expectedOffset == member.statistics->m_uncomp_size);
+        } catch (const ArchiveError&) {
+        }
+    }
+}
+
+}  // namespace
+
+}  // namespace tarvik
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    try {
+        tarvik::ReadAll({data, size});
+    } catch (const tarvik::ArchiveError&) {
+    }
+    return 0;
+}

@@ -1,0 +1,31 @@
+#include "base/pattern.h"
+
+#include "fuzz/input.h"
+
+namespace tarvik {
+
+namespace {
+
+void RequireRange(const Pattern::Range& range, std::wstring_view text) {
+    Require(range.from <= range.to && range.to <= text.size());
+}
+
+}  // namespace
+
+}  // namespace tarvik
+
+// A line with a pattern, and the text to search.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace tarvik;
+    const std::wstring input = TextOf({data, size});
+    const auto [expression, text] = SplitLine(input);
+    const auto pattern = Pattern::Compile(expression);
+    if (!pattern) return 0;
+    if (const auto match = pattern->Search(text)) {
+        RequireRange(match->whole, text);
+        for (const auto& capture : match->captures) {
+            if (capture) RequireRange(*capture, text);
+        }
+    }
+    return 0;
+}
