@@ -12,7 +12,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr HRESULT kApplicationError = static_cast<HRESULT>(0x800A0000);  // with an error number of a language
+constexpr HRESULT kApplicationError =
+    static_cast<HRESULT>(0x800A0000);  // plus the error number of a scripting language
 
 }  // namespace
 

@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-// What a failed call tells about itself. Owner of the strings.
+// The EXCEPINFO of a failed call, with ownership of its strings.
 class ExceptionInfo : public EXCEPINFO {
   public:
     ExceptionInfo() : EXCEPINFO{} {}
@@ -15,15 +15,15 @@ class ExceptionInfo : public EXCEPINFO {
     ExceptionInfo(const ExceptionInfo&) = delete;
     ExceptionInfo& operator=(const ExceptionInfo&) = delete;
 
-    // The status and the text that script sees when a call ended with `status`.
+    // The status and the text that script gets for a call that returned `status`.
     HRESULT Status(HRESULT status);
     std::wstring Text(HRESULT status) const;
 };
 
-// Whether the other side of a call has gone or cannot take it now, as opposed to having refused it.
+// Whether the object could not be reached, as opposed to having refused the call.
 bool IsUnreachable(HRESULT status);
 
-// Whether a status is how objects answer the read of a member that can only be called.
+// Whether objects return this status when a method is read as a property.
 bool IsRefusal(HRESULT status);
 
 }  // namespace tarvik

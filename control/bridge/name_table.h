@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-// Ids that stand for names, the same for all objects of a page.
+// Maps names to dispatch ids, the same for all objects of a page.
 class NameTable {
   public:
     DISPID IdOf(std::wstring_view name) {
@@ -19,7 +19,7 @@ class NameTable {
         names_.emplace_back(name);
         return ids_.emplace(name, static_cast<DISPID>(names_.size())).first->second;
     }
-    // Null for an id that is none.
+    // Null for an unknown id.
     const std::wstring* NameOf(DISPID id) const {
         return id > 0 && static_cast<size_t>(id) <= names_.size() ? &names_[id - 1] : nullptr;
     }

@@ -29,7 +29,7 @@ void NativeObjects::SetExternal(IDispatch* external) {
     entries_[kExternal] = {std::move(identity), external, 1, {}};
 }
 
-int NativeObjects::Give(IUnknown* object) {
+int NativeObjects::AddReference(IUnknown* object) {
     auto identity = Query<IUnknown>(object);
     auto dispatch = Query<IDispatch>(object);
     const auto [place, isNew] = numbers_.try_emplace(identity.Get(), last_ + 1);
@@ -39,9 +39,9 @@ int NativeObjects::Give(IUnknown* object) {
     }
     const int number = place->second;
     ++entries_[number].references;
-    if (entries_.size() > many_) {
-        many_ = entries_.size() * 2;
-        onMany_();
+    if (entries_.size() > threshold_) {
+        threshold_ = entries_.size() * 2;
+        onManyObjects_();
     }
     return number;
 }
@@ -50,11 +50,11 @@ void NativeObjects::Release(int number, int references) {
     const auto found = entries_.find(number);
     if (found == entries_.end() || (found->second.references -= references) > 0 || number == kExternal)
         return;
-    // Out of the tables first: what ends may call back.
+    // Removed from the tables first, because its destructor may call back.
     const Entry ended = std::move(found->second);
     entries_.erase(found);
     numbers_.erase(ended.identity.Get());
-    many_ = std::max(kMany, std::min(many_, entries_.size() * 2));
+    threshold_ = std::max(kCollectThreshold, std::min(threshold_, entries_.size() * 2));
 }
 
 void NativeObjects::Clear() {
@@ -92,13 +92,13 @@ HRESULT NativeObjects::IdOf(const Member& member, DISPID* id) {
     }
     LPOLESTR name = const_cast<LPOLESTR>(member.name.c_str());
     const HRESULT status = object->GetIDsOfNames(IID_NULL, &name, 1, kLocale, id);
-    // The object may have left the table meanwhile.
+    // The object may have been released meanwhile.
     const auto found = entries_.find(member.object);
     if (SUCCEEDED(status) && found != entries_.end()) found->second.ids[member.name] = *id;
     return status;
 }
 
-// Members of data come and go.
+// Members of an extensible object may have been deleted or added since the last look-up.
 HRESULT NativeObjects::Find(const Member& member) {
     DISPID id = DISPID_UNKNOWN;
     const auto entry = entries_.find(member.object);

@@ -13,44 +13,44 @@
 
 namespace tarvik {
 
-// The native objects that a page's script holds. Script knows each by a number, the same for the same object,
-// and says how many of the references that it was given it no longer needs.
+// The native objects that a page's script holds. Each has a number, the same for the same object, and a count
+// of the references sent to script, which script releases.
 class NativeObjects {
   public:
     static constexpr int kExternal = 0;
 
-    // Called now and then when script has been given many objects: those that it has dropped are found by its
-    // next collection of garbage only, while they may hold much on this side.
-    explicit NativeObjects(std::function<void()> onMany) : onMany_(std::move(onMany)) {}
+    // `onManyObjects` is called when the number of objects has doubled: only a garbage collection of script
+    // releases them, and each may hold much memory here.
+    explicit NativeObjects(std::function<void()> onManyObjects) : onManyObjects_(std::move(onManyObjects)) {}
 
     void SetExternal(IDispatch* external);
 
-    // Counts one more reference given to script.
-    int Give(IUnknown* object);
+    // Counts one more reference and returns the object's number.
+    int AddReference(IUnknown* object);
     void Release(int number, int references);
     void Clear();
 
     IUnknown* Object(int number) const;
-    // Data is an object to script; whatever else may be a function too, and script can try.
+    // False for IDispatchEx objects that declare themselves not callable. Any other object may be a function.
     bool IsCallable(int number) const;
 
-    // What script does with an object. Statuses are those of the object; DISP_E_UNKNOWNNAME from it for a
-    // name that it does not have. `exception` receives what a failed object tells about it.
+    // Operations of script on an object. They return the object's status, DISP_E_UNKNOWNNAME if it has no
+    // such member. `exception` receives the object's description of a failure.
     struct Member {
         int object;
         const std::wstring& name;
     };
-    HRESULT Find(const Member& member);  // the status of a look-up
+    HRESULT Find(const Member& member);
     HRESULT Read(const Member& member, VARIANT* value, EXCEPINFO* exception);
     HRESULT Write(const Member& member, const VARIANT& value, EXCEPINFO* exception);
     HRESULT Call(const Member& member, std::vector<Variant>& arguments, VARIANT* value, EXCEPINFO* exception);
-    // The object itself, called (DISPATCH_METHOD) or read (DISPATCH_PROPERTYGET).
+    // Calls (DISPATCH_METHOD) or reads (DISPATCH_PROPERTYGET) the object itself.
     HRESULT CallDefault(int object, WORD flags, std::vector<Variant>& arguments, VARIANT* value,
                         EXCEPINFO* exception);
     HRESULT Delete(const Member& member);
-    // Of objects that tell; in the object's own order.
+    // In the object's order; empty for objects that cannot be enumerated.
     std::vector<std::wstring> Names(int object) const;
-    // Whether the object is data that script can extend, whose empty members are values.
+    // Whether script can add members to the object. Then an empty member is a value, not a method.
     bool IsExtensible(int object) const;
 
   private:
@@ -58,16 +58,16 @@ class NativeObjects {
         ComPtr<IUnknown> identity;
         ComPtr<IDispatch> dispatch;
         int references = 0;
-        std::unordered_map<std::wstring, DISPID> ids;  // names are looked up once
+        std::unordered_map<std::wstring, DISPID> ids;  // by name
     };
 
-    static constexpr size_t kMany = 1000;
+    static constexpr size_t kCollectThreshold = 1000;
 
     ComPtr<IDispatch> Dispatch(int number) const;
     HRESULT IdOf(const Member& member, DISPID* id);
 
-    std::function<void()> onMany_;
-    size_t many_ = kMany;
+    std::function<void()> onManyObjects_;
+    size_t threshold_ = kCollectThreshold;
     std::unordered_map<int, Entry> entries_;
     std::unordered_map<IUnknown*, int> numbers_;
     int last_ = kExternal;

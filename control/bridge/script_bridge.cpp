@@ -1,63 +1,46 @@
 #include "control/bridge/script_bridge.h"
 
-#include <algorithm>
-
-#include "tarvik/text.h"
-#include "control/engine/launch.h"
-
 namespace tarvik {
-
-extern const std::string_view kBridgeScript;  // the files of page_end
 
 namespace {
 
-// Names that no page guesses.
-std::string FreshIdentifier() {
-    std::string name = Narrow(UniqueName());
-    std::replace(name.begin(), name.end(), '-', '_');
-    return name;
+// Every evaluation is a script. Without a limit the engine would keep the source of each.
+PageTarget& EnableDebugger(PageTarget& target) {
+    target.Post("Debugger.enable", {{"maxScriptsCacheSize", 0}});
+    return target;
 }
 
 }  // namespace
 
-ScriptBridge::ScriptBridge(PageTarget& target, WorldOwner& owner)
-    : target_(target), owner_(owner), binding_(FreshIdentifier()), core_(FreshIdentifier()) {
-    target_.Post("Runtime.enable");
-    // Each evaluation is a script, and without a limit the source of every one of them is kept.
-    target_.Post("Debugger.enable", {{"maxScriptsCacheSize", 0}});
-    target_.Post("Runtime.addBinding", {{"name", binding_}});
-    // A navigation that overtakes one of these loses it.
-    target_.Call("Page.addScriptToEvaluateOnNewDocument",
-                 {{"source", "((bindingName, coreName) => { 'use strict';" + std::string(kBridgeScript) +
-                                 "})('" + binding_ + "', '" + core_ + "')"}});
-}
+ScriptBridge::ScriptBridge(PageTarget& target, ScriptContextDelegate& delegate)
+    : target_(EnableDebugger(target)), delegate_(delegate), script_(target, kBridgeScript) {}
 
 ScriptBridge::~ScriptBridge() {
     End();
 }
 
-std::shared_ptr<ScriptWorld> ScriptBridge::World() const {
-    return world_ && world_->IsAlive() ? world_ : nullptr;
+std::shared_ptr<ScriptContext> ScriptBridge::Context() const {
+    return context_ && context_->IsAlive() ? context_ : nullptr;
 }
 
 void ScriptBridge::End() {
-    if (const auto world = std::move(world_)) world->End();
+    if (const auto context = std::move(context_)) context->End();
 }
 
 bool ScriptBridge::HandleEvent(std::string_view method, const Json& params) {
     if (method == "Runtime.bindingCalled") {
         OnBindingCalled(params);
     } else if (method == "Debugger.paused") {
-        if (world_)
-            world_->OnPaused();
+        if (context_)
+            context_->OnPaused();
         else
-            target_.Post("Debugger.resume");  // a statement of the page's own
+            target_.Post("Debugger.resume");  // at a statement of the page itself
     } else if (method == "Debugger.resumed") {
-        if (world_) world_->OnResumed();
+        if (context_) context_->OnResumed();
     } else if (method == "Runtime.executionContextsCleared") {
         End();
     } else if (method == "Runtime.executionContextDestroyed") {
-        if (world_ && params.value("executionContextId", 0) == world_->Context()) End();
+        if (context_ && params.value("executionContextId", 0) == context_->ContextId()) End();
     } else {
         return false;
     }
@@ -65,15 +48,16 @@ bool ScriptBridge::HandleEvent(std::string_view method, const Json& params) {
 }
 
 void ScriptBridge::OnBindingCalled(const Json& params) {
-    if (params.value("name", std::string()) != binding_) return;
-    const int context = params.at("executionContextId");
-    const Json message = Json::parse(params.at("payload").get_ref<const std::string&>());
+    const std::string* const payload = script_.Payload(params);
+    if (!payload) return;
+    const int contextId = params.at("executionContextId");
+    const Json message = Json::parse(*payload);
     if (message.at(0) == "start") {
         End();
-        world_ = std::make_shared<ScriptWorld>(target_, owner_, core_, context);
+        context_ = std::make_shared<ScriptContext>(target_, delegate_, script_, contextId);
     }
-    const auto world = world_;
-    if (world && world->Context() == context) world->Receive(message);
+    const auto context = context_;
+    if (context && context->ContextId() == contextId) context->Receive(message);
 }
 
 }  // namespace tarvik

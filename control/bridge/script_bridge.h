@@ -4,38 +4,38 @@
 #include <string>
 #include <string_view>
 
-#include "control/bridge/script_world.h"
+#include "control/bridge/script_context.h"
 #include "control/engine/devtools.h"
+#include "control/injected/injected_script.h"
 
 namespace tarvik {
 
-// Puts the page's end of the bridge into each document of a target, and keeps the world of the document that
-// is there now. Main thread.
+// Joins the script of a target's documents with native objects: injects the bridge's script into each
+// document and owns the script context of the current one. Main thread.
 class ScriptBridge {
   public:
     // Before the target's first navigation.
-    ScriptBridge(PageTarget& target, WorldOwner& owner);
+    ScriptBridge(PageTarget& target, ScriptContextDelegate& delegate);
     ~ScriptBridge();
     ScriptBridge(const ScriptBridge&) = delete;
     ScriptBridge& operator=(const ScriptBridge&) = delete;
 
-    // An event of the target's session. True if it was meant for the bridge alone.
+    // Handles an event of the target's session. True if it concerns only the bridge.
     bool HandleEvent(std::string_view method, const Json& params);
 
-    // Null before the first document's start, and when the document has ended.
-    std::shared_ptr<ScriptWorld> World() const;
+    // Null before the first document's start and after its end.
+    std::shared_ptr<ScriptContext> Context() const;
 
-    // The page is gone: calls under way fail.
+    // Ends the current context. Calls in progress fail.
     void End();
 
   private:
     void OnBindingCalled(const Json& params);
 
     PageTarget& target_;
-    WorldOwner& owner_;
-    const std::string binding_;
-    const std::string core_;
-    std::shared_ptr<ScriptWorld> world_;
+    ScriptContextDelegate& delegate_;
+    const InjectedScript script_;
+    std::shared_ptr<ScriptContext> context_;
 };
 
 }  // namespace tarvik

@@ -9,15 +9,15 @@
 
 #include "tarvik/com_object.h"
 #include "base/compiler.h"
-#include "control/bridge/script_world.h"
+#include "control/bridge/script_context.h"
 
 namespace tarvik {
 
-// How a world knows its own objects when they come back.
+// Lets a context recognise its own objects.
 MIDL_INTERFACE("7C1F0A52-9E0B-4C56-9A1E-3B7A8C5D6E21")
 IScriptObject : public IUnknown {
   public:
-    virtual ScriptWorld* World() const = 0;
+    virtual ScriptContext* Context() const = 0;
     virtual int Number() const = 0;
 };
 
@@ -27,16 +27,16 @@ TARVIK_IID(tarvik::IScriptObject, 0x7C1F0A52, 0x9E0B, 0x4C56, 0x9A, 0x1E, 0x3B, 
 
 namespace tarvik {
 
-// An object or function of a page's script, live. Calls run in the page; a failing one is DISP_E_EXCEPTION
-// with the exception's text if the caller gave an EXCEPINFO, and otherwise 0x80020101 after the page's own
-// error handling has seen it. Of a page that has gone everything is RPC_E_DISCONNECTED.
+// A live object or function of a page's script. Calls run in the page. If script throws, a call returns
+// DISP_E_EXCEPTION with the exception's text; without an EXCEPINFO it returns 0x80020101, and the page's own
+// error handlers run. After the end of the document everything returns RPC_E_DISCONNECTED.
 class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IScriptObject> {
   public:
-    ScriptObject(std::shared_ptr<ScriptWorld> world, int number, bool callable)
-        : world_(std::move(world)), number_(number), callable_(callable) {}
-    ~ScriptObject() override { world_->Forget(number_); }
+    ScriptObject(std::shared_ptr<ScriptContext> context, int number, bool callable)
+        : context_(std::move(context)), number_(number), callable_(callable) {}
+    ~ScriptObject() override { context_->Release(number_); }
 
-    ScriptWorld* World() const override { return world_.get(); }
+    ScriptContext* Context() const override { return context_.get(); }
     int Number() const override { return number_; }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
@@ -49,7 +49,7 @@ class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
                           EXCEPINFO* exception, IServiceProvider*) override;
     STDMETHODIMP DeleteMemberByName(BSTR name, DWORD) override;
     STDMETHODIMP DeleteMemberByDispID(DISPID id) override;
-    // Of the object itself: whether it can be called.
+    // Only DISPID_VALUE: whether the object can be called.
     STDMETHODIMP GetMemberProperties(DISPID id, DWORD wanted, DWORD* properties) override;
     STDMETHODIMP GetMemberName(DISPID id, BSTR* out) override;
     STDMETHODIMP GetNextDispID(DWORD flags, DISPID id, DISPID* out) override;
@@ -58,13 +58,13 @@ class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
   private:
     HRESULT FindName(const wchar_t* name, DISPID* id);
     HRESULT Delete(const std::wstring& name);
-    ScriptWorld::Task TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters);
+    ScriptContext::Task TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters);
     std::string Arguments(const DISPPARAMS& parameters);
 
-    std::shared_ptr<ScriptWorld> world_;
+    std::shared_ptr<ScriptContext> context_;
     const int number_;
     const bool callable_;
-    std::vector<DISPID> walk_;  // of the enumeration that was started last
+    std::vector<DISPID> enumeration_;  // of the enumeration that started last
 };
 
 }  // namespace tarvik

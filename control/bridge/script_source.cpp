@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kUndefined = "void 0";
 constexpr double kMillisecondsPerDay = 86400000.0;
-constexpr double kDateLimit = 3000000;                // days; automation ends before
+constexpr double kDateLimit = 3000000;                // days; beyond the range of automation
 constexpr LONGLONG kTicksPerMillisecond = 10000;      // of a FILETIME
 constexpr LONGLONG kAutomationEpoch = 9435312000000;  // 1899-12-30 in milliseconds of a FILETIME
 constexpr LONGLONG kScriptEpoch = 11644473600000;     // 1970-01-01
@@ -26,7 +26,7 @@ void AppendEscaped(std::string& out, wchar_t unit) {
     out += text;
 }
 
-// How many units from here on can stand as they are: a pair of surrogates, one plain unit, or none.
+// The number of units at `at` that need no escape: a pair of surrogates, one plain unit, or none.
 size_t PlainUnits(std::wstring_view text, size_t at) {
     const wchar_t unit = text[at];
     const bool pair = at + 1 < text.size() && IS_SURROGATE_PAIR(unit, text[at + 1]);
@@ -36,8 +36,8 @@ size_t PlainUnits(std::wstring_view text, size_t at) {
     return escaped ? 0 : 1;
 }
 
-// A moment of local time as one of universal time, both in milliseconds of a FILETIME. As it is where the
-// system has no rule for it.
+// Converts local to universal time, both in milliseconds of a FILETIME. Returns it unchanged where the system
+// has no rule for it.
 LONGLONG Universal(LONGLONG moment) {
     const ULARGE_INTEGER ticks = {.QuadPart = static_cast<ULONGLONG>(moment * kTicksPerMillisecond)};
     FILETIME time = {ticks.LowPart, ticks.HighPart};
@@ -51,8 +51,8 @@ LONGLONG Universal(LONGLONG moment) {
     return static_cast<LONGLONG>(result.QuadPart) / kTicksPerMillisecond;
 }
 
-// Automation dates are local time in days, where the part of a day counts forwards also before their epoch;
-// script counts milliseconds of universal time.
+// Automation dates are local time in days, whose fraction counts forwards even before the epoch. Script
+// counts milliseconds of universal time.
 std::string ScriptDate(double date) {
     if (!(std::abs(date) < kDateLimit)) return R"(["d",0/0])";
     const double day = std::trunc(date);
@@ -62,24 +62,24 @@ std::string ScriptDate(double date) {
     return R"(["d",)" + std::to_string(moment - kScriptEpoch) + "]";
 }
 
-// Whether the elements of an array are values that a VARIANT holds.
-bool FitsVariant(SAFEARRAY* array, VARTYPE kind) {
-    return kind == VT_VARIANT || kind == VT_DECIMAL || SafeArrayGetElemsize(array) <= sizeof(LONGLONG);
+// Whether a VARIANT can hold the elements of an array.
+bool FitsVariant(SAFEARRAY* array, VARTYPE type) {
+    return type == VT_VARIANT || type == VT_DECIMAL || SafeArrayGetElemsize(array) <= sizeof(LONGLONG);
 }
 
-std::string ScriptArray(SAFEARRAY* array, VARTYPE kind, ObjectWriter writeObject, void* context) {
+std::string ScriptArray(SAFEARRAY* array, VARTYPE type, ObjectWriter writeObject, void* context) {
     LONG low = 0, high = -1;
     if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetLBound(array, 1, &low)) ||
-        FAILED(SafeArrayGetUBound(array, 1, &high)) || !FitsVariant(array, kind)) {
+        FAILED(SafeArrayGetUBound(array, 1, &high)) || !FitsVariant(array, type)) {
         return kUndefined;
     }
     std::string text = R"(["a",[)";
     for (LONG i = low; i <= high; ++i) {
         Variant element;
-        const bool isWhole = kind == VT_VARIANT || kind == VT_DECIMAL;  // takes all of the VARIANT's room
+        const bool isWhole = type == VT_VARIANT || type == VT_DECIMAL;  // fills the whole VARIANT
         void* const slot = isWhole ? static_cast<void*>(&element) : &element.byref;
         const HRESULT status = SafeArrayGetElement(array, &i, slot);
-        if (kind != VT_VARIANT) element.vt = kind;
+        if (type != VT_VARIANT) element.vt = type;
         if (FAILED(status)) element.vt = VT_EMPTY;
         if (i > low) text += ',';
         text += ScriptValue(element, writeObject, context);

@@ -1,4 +1,4 @@
-// Values between the script of a page and native code, as page_end/values.js writes and reads them.
+// Values between the script of a page and native code, as injected/bridge/values.js writes and reads them.
 
 #include <climits>
 #include <limits>
@@ -8,7 +8,7 @@
 #include "tarvik/text.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
-#include "control/bridge/script_world.h"
+#include "control/bridge/script_context.h"
 
 namespace tarvik {
 
@@ -21,16 +21,14 @@ double SpecialNumber(const std::string& name) {
     return name == "Infinity" ? infinity : -infinity;
 }
 
-// Whole numbers in 32 bits are integers, as the system's own script engine passes them; all others are
-// doubles.
+// Whole numbers in 32 bits are integers, as the system's script engine passes them; all others are doubles.
 Variant ReadNumber(const Json& number) {
     const double value = number.get<double>();
     const bool fits = number.is_number_integer() && value >= LONG_MIN && value <= LONG_MAX;
     return fits ? Variant::I4(number.get<LONG>()) : Variant::R8(value);
 }
 
-// A BigInt is how a page passes one of the unsigned types, which some members insist on. Only negative ones
-// need a signed type.
+// Pages use a BigInt to pass an unsigned type, which some members require. Only a negative one is signed.
 Variant ReadBigInt(const Json& number) {
     if (!number.is_number_unsigned()) return Variant::I8(number.get<LONGLONG>());
     const auto value = number.get<ULONGLONG>();
@@ -39,7 +37,7 @@ Variant ReadBigInt(const Json& number) {
 
 }  // namespace
 
-std::wstring ScriptWorld::ReadText(const Json& text) {
+std::wstring ScriptContext::ReadText(const Json& text) {
     if (text.is_string()) return Widen(text.get_ref<const std::string&>());
     std::wstring units;
     for (const Json& unit : text.at(1))
@@ -47,7 +45,7 @@ std::wstring ScriptWorld::ReadText(const Json& text) {
     return units;
 }
 
-Variant ScriptWorld::ReadValue(const Json& value) {
+Variant ScriptContext::ReadValue(const Json& value) {
     if (value.is_null()) return Variant::Null();
     if (value.is_boolean()) return Variant::Bool(value.get<bool>());
     if (value.is_string()) return Variant::Text(ReadText(value));
@@ -56,35 +54,35 @@ Variant ScriptWorld::ReadValue(const Json& value) {
     if (tag == "n") return Variant::R8(SpecialNumber(value.at(1)));
     if (tag == "i") return ReadBigInt(value.at(1));
     if (tag == "s") return Variant::Text(ReadText(value));
-    if (tag == "f") return Variant::Object(Script(value.at(1), value.at(2)).Get());
+    if (tag == "f") return Variant::Object(ObjectFor(value.at(1), value.at(2)).Get());
     if (tag != "o") return Variant();
     IUnknown* const object = natives_.Object(value.at(1));
     const auto dispatch = Query<IDispatch>(object);
     return dispatch || !object ? Variant::Object(dispatch.Get()) : Variant::Unknown(object);
 }
 
-std::vector<Variant> ScriptWorld::ReadValues(const Json& values) {
+std::vector<Variant> ScriptContext::ReadValues(const Json& values) {
     std::vector<Variant> read;
     for (const Json& value : values)
         read.push_back(ReadValue(value));
     return read;
 }
 
-ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
-    const std::string& kind = outcome.at(0).get_ref<const std::string&>();
+ScriptContext::Outcome ScriptContext::ReadOutcome(const Json& outcome) {
+    const std::string& type = outcome.at(0).get_ref<const std::string&>();
     Outcome read;
-    if (kind == "none") {
-        read.kind = Outcome::Kind::kNone;
-    } else if (kind == "found") {
-        read.kind = Outcome::Kind::kFound;
-    } else if (kind == "value") {
-        read.kind = Outcome::Kind::kValue;
+    if (type == "absent") {
+        read.type = Outcome::Type::kAbsent;
+    } else if (type == "present") {
+        read.type = Outcome::Type::kPresent;
+    } else if (type == "value") {
+        read.type = Outcome::Type::kValue;
         read.value = ReadValue(outcome.at(1));
-    } else if (kind == "all") {
-        read.kind = Outcome::Kind::kAll;
+    } else if (type == "members") {
+        read.type = Outcome::Type::kMembers;
         ReadMembers(outcome, &read);
-    } else if (kind == "names") {
-        read.kind = Outcome::Kind::kNames;
+    } else if (type == "names") {
+        read.type = Outcome::Type::kNames;
         for (size_t i = 1; i < outcome.size(); ++i)
             read.names.push_back(ReadText(outcome.at(i)));
     } else {
@@ -95,29 +93,31 @@ ScriptWorld::Outcome ScriptWorld::ReadOutcome(const Json& outcome) {
     return read;
 }
 
-// After the word whether these are all: names and values in turn, with ["?"] for a value that must be read.
-void ScriptWorld::ReadMembers(const Json& outcome, Outcome* read) {
-    read->all = outcome.at(1).get<bool>();
+// ["members", complete, name, value, ...], with ["?"] for a value that must be read.
+void ScriptContext::ReadMembers(const Json& outcome, Outcome* read) {
+    read->isComplete = outcome.at(1).get<bool>();
     for (size_t i = 2; i + 1 < outcome.size(); i += 2) {
         const Json& value = outcome.at(i + 1);
-        const bool open = value.is_array() && value.at(0) == "?";
-        read->members[ReadText(outcome.at(i))] = open ? std::nullopt : std::optional(ReadValue(value));
+        const bool isUnread = value.is_array() && value.at(0) == "?";
+        read->members[ReadText(outcome.at(i))] = isUnread ? std::nullopt : std::optional(ReadValue(value));
     }
 }
 
-std::string ScriptWorld::Write(const VARIANT& value) {
+std::string ScriptContext::Write(const VARIANT& value) {
     return ScriptValue(
         value,
-        [](void* world, IUnknown* object) { return static_cast<ScriptWorld*>(world)->WriteObject(object); },
+        [](void* context, IUnknown* object) {
+            return static_cast<ScriptContext*>(context)->WriteObject(object);
+        },
         this);
 }
 
-// A script object of this very page goes back as itself.
-std::string ScriptWorld::WriteObject(IUnknown* object) {
+// A script object of this page is passed as itself.
+std::string ScriptContext::WriteObject(IUnknown* object) {
     const auto script = Query<IScriptObject>(object);
-    if (script && script->World() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
-    if (!alive_) throw StatusError(RPC_E_DISCONNECTED);  // nobody would ever give it back
-    const int number = natives_.Give(object);
+    if (script && script->Context() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
+    if (!alive_) throw StatusError(RPC_E_DISCONNECTED);  // the reference would never be released
+    const int number = natives_.AddReference(object);
     return R"(["o",)" + std::to_string(number) + (natives_.IsCallable(number) ? ",true]" : ",false]");
 }
 

@@ -12,8 +12,8 @@
 
 namespace tarvik {
 
-// Stands for the global object of a window whose first document is still to come: what is put there is kept
-// for that document. Names are made with fdexNameEnsure; nothing can be read.
+// The global object of a window before its first document. Values that are written are kept for that
+// document; nothing can be read. Names are created with fdexNameEnsure.
 class StagedGlobals : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
   public:
     using Value = std::pair<std::wstring, Variant>;

@@ -9,11 +9,11 @@ namespace tarvik {
 namespace {
 
 constexpr const wchar_t* kWindowClass = L"TarvikDevTools";
-constexpr DWORD kEndPatience = 2000;
+constexpr DWORD kEndTimeout = 2000;
 // A wait longer than this serves all messages, so that a page that computes for ever does not freeze its
 // window.
-constexpr DWORD kPatientFor = 2000;
-constexpr DWORD kLookAgain = 50;
+constexpr DWORD kReducedServiceTime = 2000;
+constexpr DWORD kPollInterval = 50;
 
 HWND MakeMessageWindow(WNDPROC procedure, void* object) {
     WNDCLASSEXW description = {sizeof description};
@@ -64,10 +64,10 @@ Connection::~Connection() {
     // One that has stopped reading would hold up who writes to it.
     std::thread closer([this] {
         if (open_) transport_->Write(R"({"id":0,"method":"Browser.close"})");
-        WaitForSingleObject(ended_.Get(), kEndPatience);
+        WaitForSingleObject(ended_.Get(), kEndTimeout);
         transport_->CloseWriting();
     });
-    if (WaitForSingleObject(ended_.Get(), 2 * kEndPatience) != WAIT_OBJECT_0) transport_->Kill();
+    if (WaitForSingleObject(ended_.Get(), 2 * kEndTimeout) != WAIT_OBJECT_0) transport_->Kill();
     closer.join();
     reader_.join();
 }
@@ -94,7 +94,7 @@ void Connection::Send(std::string_view message) {
     }
 }
 
-void Connection::Together(const std::function<void()>& posts) {
+void Connection::Batch(const std::function<void()>& posts) {
     if (together_) return posts();
     together_.emplace();
     const HRESULT status = Guard(posts);
@@ -145,7 +145,7 @@ bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout
     const std::shared_ptr<bool> alive = alive_;
     // Waits inside a wait share its patience: with calls that come in all the time, none of them may last for
     // long.
-    if (depth_++ == 0) patientUntil_ = GetTickCount64() + kPatientFor;
+    if (depth_++ == 0) reducedServiceUntil_ = GetTickCount64() + kReducedServiceTime;
     const bool met = Wait(*alive, condition, timeout);
     if (*alive) --depth_;
     return met;
@@ -159,8 +159,9 @@ bool Connection::Wait(const bool& alive, const std::function<bool()>& condition,
         if (condition()) return true;
         const ULONGLONG now = GetTickCount64();
         if (!open_ || (timeout != INFINITE && now - start >= timeout)) return false;
-        const ULONGLONG left = timeout == INFINITE ? kLookAgain : start + timeout - now;
-        if (!WaitForMore(static_cast<DWORD>(std::min<ULONGLONG>(left, kLookAgain)), now < patientUntil_) ||
+        const ULONGLONG left = timeout == INFINITE ? kPollInterval : start + timeout - now;
+        if (!WaitForMore(static_cast<DWORD>(std::min<ULONGLONG>(left, kPollInterval)),
+                         now < reducedServiceUntil_) ||
             !alive)
             return false;
     }

@@ -28,7 +28,7 @@ class Connection : public DevTools {
     Connection& operator=(const Connection&) = delete;
 
     void Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) override;
-    void Together(const std::function<void()>& posts) override;
+    void Batch(const std::function<void()>& posts) override;
     Json Call(std::string_view session, std::string_view method, Json params, DWORD timeout) override;
     void Listen(std::string_view session, EventHandler handler) override;
     void ListenToFrames(std::string_view session, FrameHandler handler) override;
@@ -43,7 +43,7 @@ class Connection : public DevTools {
     void Kill() { transport_->Kill(); }
 
     // Waits until the engine answers, and finds its first page.
-    void Greet();
+    void Handshake();
 
   private:
     static constexpr UINT kArrived = WM_APP;
@@ -83,7 +83,7 @@ class Connection : public DevTools {
     std::map<std::string, EventHandler, std::less<>> listeners_;
 
     int depth_ = 0;  // of waits inside one another
-    ULONGLONG patientUntil_ = 0;
+    ULONGLONG reducedServiceUntil_ = 0;
 
     std::mutex queueLock_;
     std::deque<std::optional<Json>> queue_;  // an empty one is the engine's end

@@ -38,7 +38,7 @@ std::shared_ptr<Connection> Start() {
     lastStartError = L"The web engine could not be started:\n" + engine;
     auto connection = std::make_shared<Connection>(prelaunched.valid() ? prelaunched.get() : Launch(engine));
     current = connection;  // who comes while it greets joins in
-    connection->Greet();
+    connection->Handshake();
     lastStartError.clear();
     return connection;
 }

@@ -43,7 +43,7 @@ class DevTools {
                       ReplyHandler onReply = nullptr) = 0;
 
     // What is posted inside goes to the engine in one piece, which saves it a wake-up.
-    virtual void Together(const std::function<void()>& posts) = 0;
+    virtual void Batch(const std::function<void()>& posts) = 0;
 
     // Sends a command and waits for its reply, serving other messages meanwhile. Throws StatusError: E_FAIL
     // for an error reply, RPC_E_DISCONNECTED when the engine ends, RPC_E_TIMEOUT.
@@ -90,7 +90,7 @@ class PageTarget {
     const std::string& Id() const { return id_; }
     DevTools& Engine() const { return *devtools_; }
     // For who waits while the target may go.
-    std::shared_ptr<DevTools> Share() const { return devtools_; }
+    std::shared_ptr<DevTools> SharedEngine() const { return devtools_; }
 
     void Post(std::string_view method, Json params = Json::object(),
               DevTools::ReplyHandler onReply = nullptr) {

@@ -61,18 +61,18 @@ auto TakeText(Text* text) {
 }
 
 // "/home/x/page.html" for "C:\...\page.html"; empty where files have no other name.
-std::string UnderlyingPath(const std::wstring& path) {
+std::string UnixPath(const std::wstring& path) {
     static auto* const translate = WineFunction<char* __cdecl(const wchar_t*)>("wine_get_unix_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::string();
 }
 
-std::wstring PathOfUnderlying(const std::string& path) {
+std::wstring DosPath(const std::string& path) {
     static auto* const translate = WineFunction<wchar_t* __cdecl(const char*)>("wine_get_dos_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::wstring();
 }
 
 std::string FileUrl(const std::wstring& path) {
-    if (const std::string underlying = UnderlyingPath(path); !underlying.empty())
+    if (const std::string underlying = UnixPath(path); !underlying.empty())
         return "file://" + Escape(underlying);
     std::string slashes = Narrow(path);
     std::replace(slashes.begin(), slashes.end(), '\\', '/');
@@ -99,8 +99,7 @@ std::string EngineAddress(const std::wstring& address) {
 std::wstring HostAddress(const std::string& url) {
     if (!IsFileUrl(url) || !IsWine()) return Widen(url);
     const size_t end = std::min(url.find_first_of("?#"), url.size());
-    std::wstring path =
-        PathOfUnderlying(Unescape(url.substr(kFileScheme.size() - 1, end - kFileScheme.size() + 1)));
+    std::wstring path = DosPath(Unescape(url.substr(kFileScheme.size() - 1, end - kFileScheme.size() + 1)));
     if (path.empty()) return Widen(url);
     std::replace(path.begin(), path.end(), L'\\', L'/');
     return Widen(kFileScheme) + Widen(Escape(Narrow(path)) + url.substr(end));

@@ -33,14 +33,14 @@ std::wstring AsWinePath(std::wstring path) {
     return L"Z:" + path;
 }
 
-std::wstring GivenEngine() {
+std::wstring ConfiguredEngine() {
     return ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_BROWSER", buffer, kPathLength); });
 }
 
 }  // namespace
 
 std::wstring FindEngine() {
-    const std::wstring given = GivenEngine();
+    const std::wstring given = ConfiguredEngine();
     if (!given.empty()) return Exists(IsWine() ? AsWinePath(given) : given) ? given : std::wstring();
     if (IsWine()) return Exists(AsWinePath(kWineEngine)) ? kWineEngine : std::wstring();
     for (const wchar_t* program : kPrograms) {
@@ -53,7 +53,7 @@ std::wstring FindEngine() {
 
 std::wstring MissingEngineText() {
     std::wstring text = L"This application needs a web engine, and none was found.\n";
-    if (const std::wstring given = GivenEngine(); !given.empty())
+    if (const std::wstring given = ConfiguredEngine(); !given.empty())
         return text + L"The variable TARVIK_BROWSER names a file that is not there:\n" + given;
     text += IsWine() ? L"Install the package \"chromium\"" : L"Install Microsoft Edge or Google Chrome";
     return text + L", or name a browser in the variable TARVIK_BROWSER.";

@@ -6,14 +6,14 @@ namespace tarvik {
 
 namespace {
 
-constexpr DWORD kStartPatience = 20000;
+constexpr DWORD kStartTimeout = 20000;
 constexpr UINT kCloseAgainAfter = 500;
 
 }  // namespace
 
-void Connection::Greet() {
+void Connection::Handshake() {
     Listen("", [this](std::string_view method, const Json& params) { OnBrowserEvent(method, params); });
-    const Json targets = Call("", "Target.getTargets", Json::object(), kStartPatience);
+    const Json targets = Call("", "Target.getTargets", Json::object(), kStartTimeout);
     for (const Json& target : targets.at("targetInfos")) {
         if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
     }
@@ -30,7 +30,7 @@ std::string Connection::OpenPage() {
     ++opening_;
     std::string id;
     try {
-        id = Call("", "Target.createTarget", {{"url", "about:blank"}, {"newWindow", true}}, kStartPatience)
+        id = Call("", "Target.createTarget", {{"url", "about:blank"}, {"newWindow", true}}, kStartTimeout)
                  .at("targetId");
     } catch (...) {
         --opening_;

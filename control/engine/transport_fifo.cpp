@@ -12,7 +12,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr DWORD kPatience = 15000;  // milliseconds for the shell to come up
+constexpr DWORD kTimeout = 15000;  // milliseconds for the shell to come up
 constexpr DWORD kPause = 3;
 
 std::wstring Quoted(std::wstring_view text) {
@@ -61,7 +61,7 @@ void StartShell(const std::wstring& script) {
 }
 
 UniqueHandle OpenWhenThere(const std::wstring& path, DWORD access) {
-    const ULONGLONG end = GetTickCount64() + kPatience;
+    const ULONGLONG end = GetTickCount64() + kTimeout;
     for (;;) {
         UniqueHandle file(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                       OPEN_EXISTING, 0, nullptr));
@@ -99,7 +99,7 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     UniqueHandle life = OpenWhenThere(folder + L"\\c", GENERIC_WRITE);
     // None of them waits for the shell to open its ends, and reading finds an end until it has. The folder
     // goes when the engine has ended.
-    const auto isStarting = [folder, end = GetTickCount64() + kPatience] {
+    const auto isStarting = [folder, end = GetTickCount64() + kTimeout] {
         return GetTickCount64() < end && GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES;
     };
     return std::make_unique<FifoTransport>(std::move(fromEngine), std::move(toEngine), std::move(life),

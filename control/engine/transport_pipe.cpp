@@ -103,7 +103,7 @@ class PipeTransport : public Transport {
           mark_(std::move(mark)) {}
     ~PipeTransport() override {
         CloseWriting();
-        WaitForSingleObject(process_.Get(), kPatience);
+        WaitForSingleObject(process_.Get(), kTimeout);
         PipeTransport::Kill();
     }
 
@@ -111,15 +111,15 @@ class PipeTransport : public Transport {
     void Kill() override {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);
-        WaitForSingleObject(process_.Get(), kPatience);
-        const ULONGLONG end = GetTickCount64() + kPatience;
+        WaitForSingleObject(process_.Get(), kTimeout);
+        const ULONGLONG end = GetTickCount64() + kTimeout;
         while (HasProcesses() && GetTickCount64() < end)
             Sleep(kPause);
         DeleteFolder(profile_);
     }
 
   private:
-    static constexpr DWORD kPatience = 2000;
+    static constexpr DWORD kTimeout = 2000;
     static constexpr DWORD kPause = 10;
 
     // Whether others than the engine itself still hold files of the profile.

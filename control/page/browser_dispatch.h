@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-// Late-bound calls of a browser, by the system's type library of the interface.
+// IDispatch of a browser, by the system's type library of the interface.
 class BrowserDispatch : public BrowserMembers {
   public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;

@@ -3,8 +3,7 @@
 #include <windows.h>
 #include <exdisp.h>
 
-// The members of published interfaces that the page control does not offer through them: all answer
-// E_NOTIMPL. What it does offer is overridden.
+// Members of published interfaces that return E_NOTIMPL. The page control overrides those it implements.
 namespace tarvik {
 
 class BrowserMembers : public IWebBrowser2 {

@@ -42,7 +42,7 @@ STDMETHODIMP ConnectionPoint::GetConnectionPointContainer(IConnectionPointContai
 STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     if (!sink || !cookie) return E_POINTER;
     if (closed_) return CONNECT_E_CANNOTCONNECT;
-    // A sink of the interface answers its id; all of them are called as IDispatch.
+    // A sink returns its IDispatch for the id of the event interface, as a rule.
     ComPtr<IDispatch> events;
     sink->QueryInterface(events_, reinterpret_cast<void**>(events.GetAddressOf()));
     if (!events) events = Query<IDispatch>(sink);
@@ -56,7 +56,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
     const auto found = sinks_.find(cookie);
     if (found == sinks_.end()) return CONNECT_E_NOCONNECTION;
-    const ComPtr<IDispatch> ended = std::move(found->second);
+    const ComPtr<IDispatch> removed = std::move(found->second);
     sinks_.erase(found);
     return S_OK;
 }

@@ -13,17 +13,17 @@
 
 namespace tarvik {
 
-// Where sinks of one event interface, all of them IDispatch, are connected.
+// The connection point of one event interface, whose sinks are called through IDispatch.
 class ConnectionPoint : public ComObject<IConnectionPoint> {
   public:
-    // The container is not owned; it closes the point before it ends.
+    // The container is not owned; it calls Close before it is destroyed.
     ConnectionPoint(REFIID events, IConnectionPointContainer* container)
         : events_(events), container_(container) {}
 
-    // Arguments in the order of the event's documentation. Sinks may come and go meanwhile.
+    // Arguments are in documented order. Sinks may connect and disconnect meanwhile.
     void Fire(DISPID id, std::span<VARIANT> arguments = {});
     void Clear();
-    // Also lets no sink in from now on.
+    // Disconnects all sinks and refuses new ones.
     void Close();
 
     STDMETHODIMP GetConnectionInterface(IID* id) override;

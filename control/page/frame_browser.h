@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// What events of a frame name as their browser: it is not the control's, and tells the address of the frame's
-// document. There is a new one for each event.
+// The browser argument of a frame's events: not the control's browser, and with the address of the frame's
+// document. Each event has a new one.
 class FrameBrowser
     : public ComObject<As<BrowserDispatch, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>> {
   public:

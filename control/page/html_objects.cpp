@@ -13,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-// The id of a name whose existence is not asked about: that would be a call into the page of its own.
+// The id of a name, without a query whether it exists, which would be another call of the page.
 HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
     const auto script = Query<IDispatchEx>(object);
     return script ? script->GetDispID(Bstr(name).Get(), fdexNameCaseSensitive | fdexNameEnsure, id)
@@ -42,13 +42,13 @@ HRESULT GetText(IDispatch* object, const wchar_t* name, BSTR* out) {
 }  // namespace
 
 ComPtr<IDispatch> HtmlDocument::Script() {
-    const auto world = page_->World();
-    if (world != world_.lock()) script_.Reset();
-    if (world && !script_) {
+    const auto context = page_->Context();
+    if (context != context_.lock()) script_.Reset();
+    if (context && !script_) {
         Variant document;
-        Get(world->Window().Get(), L"document", document);
+        Get(context->Window().Get(), L"document", document);
         if (document.Is(VT_DISPATCH)) script_ = document.pdispVal;
-        world_ = world;
+        context_ = context;
     }
     return script_;
 }
@@ -114,10 +114,10 @@ STDMETHODIMP HtmlDocument::get_URL(BSTR* out) {
 
 STDMETHODIMP HtmlWindow::execScript(BSTR code, BSTR, VARIANT* result) {
     return Guard([&]() -> HRESULT {
-        const auto world = page_->World();
-        if (!world) return E_UNEXPECTED;
-        auto outcome = world->Run({.name = "eval", .member = ScriptText(Bstr::View(code))});
-        if (outcome.kind == ScriptWorld::Outcome::Kind::kError) return DISP_E_EXCEPTION;
+        const auto context = page_->Context();
+        if (!context) return E_UNEXPECTED;
+        auto outcome = context->Run({.name = "eval", .member = ScriptText(Bstr::View(code))});
+        if (outcome.type == ScriptContext::Outcome::Type::kError) return DISP_E_EXCEPTION;
         if (result) outcome.value.MoveInto(result);
         return S_OK;
     });
@@ -140,7 +140,7 @@ STDMETHODIMP HtmlElement::get_parentElement(IHTMLElement** out) {
     });
 }
 
-// An attribute that is not there reads as null.
+// A missing attribute reads as null.
 STDMETHODIMP HtmlElement::getAttribute(BSTR name, LONG, VARIANT* out) {
     if (!out) return E_POINTER;
     VariantInit(out);

@@ -14,17 +14,18 @@
 #include "control/page/html_members.h"
 #include "control/page/page.h"
 
-// The page's objects as the published interfaces show them. Everything goes through the page's script;
-// late-bound callers reach all members of the script objects themselves.
+// Published interfaces of a page's objects. All calls go through the page's script; late-bound callers reach
+// every member of the script objects themselves.
 namespace tarvik {
 
 // DIID_HTMLElementEvents2, which not every SDK's libraries hold.
 inline constexpr IID kElementEvents = {
     0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
 
-// IDispatch of an object that stands for a script object, and goes back into the page as that object.
+// The IDispatch implementation of an object that wraps a script object. Passed to the page, it is that
+// object.
 template <class... Entries>
-class ScriptFace : public ComObject<Entries...> {
+class ScriptDispatch : public ComObject<Entries...> {
   public:
     STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
         if (!out || iid != __uuidof(IScriptObject)) return ComObject<Entries...>::QueryInterface(iid, out);
@@ -56,11 +57,11 @@ class ScriptFace : public ComObject<Entries...> {
     }
 
   protected:
-    virtual ComPtr<IDispatch> Script() = 0;  // null if there is none now
+    virtual ComPtr<IDispatch> Script() = 0;  // null without a document
 };
 
-// The document of a control, whichever it is at the moment.
-class HtmlDocument : public ScriptFace<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
+// The current document of a control.
+class HtmlDocument : public ScriptDispatch<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
   public:
     HtmlDocument(std::shared_ptr<Page> page, ComPtr<ConnectionPoint> mouse)
         : page_(std::move(page)), mouse_(std::move(mouse)) {}
@@ -83,17 +84,17 @@ class HtmlDocument : public ScriptFace<As<DocumentMembers, IHTMLDocument2, IHTML
 
     std::shared_ptr<Page> page_;
     ComPtr<ConnectionPoint> mouse_;
-    std::weak_ptr<ScriptWorld> world_;  // whose document this is
+    std::weak_ptr<ScriptContext> context_;  // of script_
     ComPtr<IDispatch> script_;
 };
 
-class HtmlWindow : public ScriptFace<As<WindowMembers, IHTMLWindow2, IHTMLFramesCollection2, IDispatch>> {
+class HtmlWindow : public ScriptDispatch<As<WindowMembers, IHTMLWindow2, IHTMLFramesCollection2, IDispatch>> {
   public:
     HtmlWindow(std::shared_ptr<Page> page, ComPtr<IHTMLDocument2> document)
         : page_(std::move(page)), document_(std::move(document)) {}
 
-    STDMETHODIMP get_document(IHTMLDocument2** out) override { return CopyTo(document_, out); }
-    // Runs the text as a global script of the page; what fails in it is one of the page's script errors.
+    STDMETHODIMP get_document(IHTMLDocument2** out) override { return HandOut(document_, out); }
+    // Runs the text as a global script. An exception is one of the page's script errors.
     STDMETHODIMP execScript(BSTR code, BSTR language, VARIANT* result) override;
 
   protected:
@@ -104,9 +105,10 @@ class HtmlWindow : public ScriptFace<As<WindowMembers, IHTMLWindow2, IHTMLFrames
     ComPtr<IHTMLDocument2> document_;
 };
 
-// An element. Its events are those of the page's body: presses of a mouse button anywhere in it.
-class HtmlElement : public ScriptFace<As<ElementMembers, IHTMLElement, IDispatch>, IConnectionPointContainer,
-                                      As<IProvideClassInfo2, IProvideClassInfo, IProvideClassInfo2>> {
+// An element. Its events are those of the page's body: mouse presses anywhere in it.
+class HtmlElement
+    : public ScriptDispatch<As<ElementMembers, IHTMLElement, IDispatch>, IConnectionPointContainer,
+                            As<IProvideClassInfo2, IProvideClassInfo, IProvideClassInfo2>> {
   public:
     HtmlElement(std::shared_ptr<Page> page, ComPtr<IDispatch> script, ComPtr<ConnectionPoint> mouse)
         : page_(std::move(page)), script_(std::move(script)), mouse_(std::move(mouse)) {}

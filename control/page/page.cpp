@@ -21,14 +21,14 @@ Page::Page(HWND window, PageEvents& events, bool textIsSelectable)
       view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
 
 void Page::Navigate(const std::wstring& address) {
-    wanted_ = address;
+    requested_ = address;
     if (!target_ && !Connect()) return;
     loading_ = true;
-    target_->Post("Page.navigate", {{"url", EngineAddress(wanted_)}});
+    target_->Post("Page.navigate", {{"url", EngineAddress(requested_)}});
 }
 
-// Starts the engine, if no other page has, and opens a target in it. Each step waits, and the page may be
-// closed or be sent somewhere else meanwhile.
+// Starts the engine if none is running, and opens a target in it. Each step waits; meanwhile the page may be
+// closed or navigated elsewhere.
 bool Page::Connect() {
     if (std::exchange(connecting_, true)) return false;
     const auto self = shared_from_this();
@@ -54,26 +54,26 @@ bool Page::Connect() {
         requireOpen();
         target_ = std::move(target);
         bridge_ = std::move(bridge);
-        broken_ = false;
+        failed_ = false;
         scriptAllowed_ = true;
     } catch (const std::exception&) {
         bridge.reset();
         view_.SetTarget(nullptr);
         target.reset();
         const std::wstring reason = DevTools::LastStartError();
-        if (events_) BreakDown(reason.empty() ? L"The page could not be opened." : reason);
+        if (events_) ShowFailure(reason.empty() ? L"The page could not be opened." : reason);
     }
     connecting_ = false;
     return target_ != nullptr;
 }
 
-void Page::BreakDown(const std::wstring& notice) {
-    broken_ = true;
+void Page::ShowFailure(const std::wstring& notice) {
+    failed_ = true;
     loading_ = false;
     bridge_.reset();
     view_.SetTarget(nullptr);
     view_.SetNotice(notice + kRetry);
-    // Only the page would show its window.
+    // Without a page, nothing else would show the window.
     const HWND root = GetAncestor(window_, GA_ROOT);
     if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
     target_.reset();
@@ -88,7 +88,7 @@ void Page::Close() {
 }
 
 void Page::Reload() {
-    if (broken_) return Navigate(location_.empty() ? wanted_ : location_);
+    if (failed_) return Navigate(location_.empty() ? requested_ : location_);
     if (target_) target_->Post("Page.reload");
 }
 
@@ -96,7 +96,7 @@ void Page::Stop() {
     if (target_) target_->Post("Page.stopLoading");
 }
 
-void Page::Travel(int steps) {
+void Page::GoInHistory(int steps) {
     if (!target_) return;
     target_->Post(
         "Page.getNavigationHistory", Json::object(), [weak = weak_from_this(), steps](const Json* history) {
@@ -110,16 +110,16 @@ void Page::Travel(int steps) {
 }
 
 ComPtr<IDispatch> Page::Globals() {
-    if (const auto world = World()) return world->Window();
+    if (const auto context = Context()) return context->Window();
     return staged_;
 }
 
 void Page::ListenToMouse() {
-    if (const auto world = World()) world->ListenToMouse();
+    if (const auto context = Context()) context->ListenToMouse();
 }
 
-void Page::ShowEditMenu(POINT screen) {
-    view_.ShowEditMenu(screen);
+void Page::OpenEditMenu(POINT screen) {
+    view_.OpenEditMenu(screen);
 }
 
 void Page::AllowScript(bool allowed) {
@@ -129,24 +129,24 @@ void Page::AllowScript(bool allowed) {
 
 bool Page::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const auto self = shared_from_this();
-    if (broken_ && message == WM_LBUTTONUP) Reload();
+    if (failed_ && message == WM_LBUTTONUP) Reload();
     return view_.HandleMessage(message, wParam, lParam, result);
 }
 
-// The document's first script waits for this: what native code puts into the page now is there for it.
+// The document's first script waits until this returns, so it finds everything that native code writes now.
 void Page::OnDocumentStart() {
     const auto self = shared_from_this();
-    const auto world = World();
-    if (!events_ || !world) return;
+    const auto context = Context();
+    if (!events_ || !context) return;
     started_ = true;
-    world->SetExternal(events_->GetExternal().Get());
-    ApplyStagedGlobals(*world);
-    Tell(&PageEvents::OnNavigateComplete, location_, true);
+    context->SetExternal(events_->GetExternal().Get());
+    ApplyStagedGlobals(*context);
+    Fire(&PageEvents::OnNavigateComplete, location_, true);
 }
 
-void Page::ApplyStagedGlobals(ScriptWorld& world) {
+void Page::ApplyStagedGlobals(ScriptContext& context) {
     for (const auto& [name, value] : staged_->Take()) {
-        world.Run({.name = "set", .member = ScriptText(name), .arguments = world.Write(value)});
+        context.Run({.name = "set", .member = ScriptText(name), .arguments = context.Write(value)});
     }
 }
 

@@ -22,13 +22,13 @@ struct ScriptError {
     int column = 0;
 };
 
-// What a page reports to its control. Main thread; any of them may close the page.
+// Events of a page for its control. Main thread; every handler may close the page.
 class PageEvents {
   public:
     virtual ~PageEvents() = default;
-    // False stops the navigation, and the old document stays.
+    // False cancels the navigation; the current document stays.
     virtual bool OnBeforeNavigate(const std::wstring& url, bool isTop) = 0;
-    // The new document is there, and its first script waits.
+    // The new document exists; its first script waits.
     virtual void OnNavigateComplete(const std::wstring& url, bool isTop) = 0;
     virtual void OnDocumentComplete(const std::wstring& url, bool isTop) = 0;
     virtual void OnNewWindow(const std::wstring& url) = 0;
@@ -40,61 +40,61 @@ class PageEvents {
 };
 
 // The page of one control: a target of the engine, the script of its document, and its picture in a window.
-// When the engine is missing, or it or the page has broken down, the window says so, and a click or Reload
-// starts anew.
-class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
+// If the engine is missing, or the engine or the page has crashed, the window shows a notice; a click on it
+// or Reload tries again.
+class Page : public ScriptContextDelegate, public std::enable_shared_from_this<Page> {
   public:
-    // Text that is not selectable by the mouse is so in fields, and where the page says it.
+    // If text is not selectable, it still is in fields and where the page's styles say so.
     Page(HWND window, PageEvents& events, bool textIsSelectable);
 
     void Navigate(const std::wstring& address);
     void Reload();
     void Stop();
-    void Travel(int steps);  // in the history
+    void GoInHistory(int steps);
 
-    // No event comes from here on, and everybody who waits for the page fails.
+    // Fires no event from here on. Calls in progress fail.
     void Close();
 
     std::wstring Location() const { return location_; }
     bool IsLoading() const { return loading_; }
-    // Native code waits for a page of this process.
+    // Whether native code waits for any page of this process.
     bool IsAnyAwaited() const { return target_ && target_->Engine().IsWaiting(); }
-    std::shared_ptr<ScriptWorld> World() const { return bridge_ ? bridge_->World() : nullptr; }
-    // The global object of the document; before the first one, what is put there waits for it.
+    std::shared_ptr<ScriptContext> Context() const { return bridge_ ? bridge_->Context() : nullptr; }
+    // The global object of the document. Values written before the first document are applied to it.
     ComPtr<IDispatch> Globals();
     void ListenToMouse();
-    void ShowEditMenu(POINT screen);
+    void OpenEditMenu(POINT screen);
     void AllowScript(bool allowed);
 
-    // The window's messages; true if `result` is the answer.
+    // Handles a message of the window; true if `result` is the return value.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
   private:
     using Handler = void (Page::*)(const Json& params);
 
-    // WorldOwner
+    // ScriptContextDelegate
     void OnDocumentStart() override;
     void OnOpenWindow(const std::wstring& url) override;
-    void OnCloseWindow() override { Tell(&PageEvents::OnWindowClosing); }
+    void OnCloseWindow() override { Fire(&PageEvents::OnWindowClosing); }
     void OnContextMenu(POINT screen, IDispatch* element) override {
-        Tell(&PageEvents::OnContextMenu, screen, element);
+        Fire(&PageEvents::OnContextMenu, screen, element);
     }
     Variant OnDialog(const std::string& type, const std::wstring& message,
                      const std::wstring& proposal) override;
-    // A press that is over by the time the page tells of it would begin a drag that nothing ends.
+    // A button that is up again by now would start a drag without an end.
     void OnMouseDown() override {
-        if (view_.IsMouseHeld()) Tell(&PageEvents::OnMouseDown);
+        if (view_.IsMouseHeld()) Fire(&PageEvents::OnMouseDown);
     }
-    void OnParked(bool parked) override { view_.SetParked(parked); }
+    void OnNativeCall(bool active) override { view_.SetInNativeCall(active); }
 
     template <class... Parameters, class... Arguments>
-    void Tell(void (PageEvents::*event)(Parameters...), Arguments&&... arguments) {
+    void Fire(void (PageEvents::*event)(Parameters...), Arguments&&... arguments) {
         if (events_) (events_->*event)(std::forward<Arguments>(arguments)...);
     }
 
     bool Connect();
-    void BreakDown(const std::wstring& notice);
-    void ApplyStagedGlobals(ScriptWorld& world);
+    void ShowFailure(const std::wstring& notice);
+    void ApplyStagedGlobals(ScriptContext& context);
 
     // Events of the session
     void OnEvent(std::string_view method, const Json& params);
@@ -117,11 +117,11 @@ class Page : public WorldOwner, public std::enable_shared_from_this<Page> {
     std::unique_ptr<ScriptBridge> bridge_;
     ComPtr<StagedGlobals> staged_ = MakeCom<StagedGlobals>();
     std::wstring location_;
-    std::wstring wanted_;   // where the last navigation from outside went
-    bool started_ = false;  // the document that is there has told its start
+    std::wstring requested_;  // the address of the last navigation from outside
+    bool started_ = false;    // NavigateComplete has been fired for the current document
     bool loading_ = false;
-    std::map<std::string, std::wstring> frames_;  // by id, the addresses of those that are being loaded
-    bool broken_ = false;
+    std::map<std::string, std::wstring> frames_;  // addresses of the frames that are being loaded, by id
+    bool failed_ = false;
     bool connecting_ = false;
     bool scriptAllowed_ = true;
 };

@@ -13,9 +13,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr UINT_PTR kErrorTimer = 3;  // the page's view has 1 and 2
-constexpr UINT kReportEvery = 15;    // milliseconds
-constexpr size_t kMostErrors = 8;
+constexpr UINT_PTR kErrorTimer = 3;   // the page's view has 1 and 2
+constexpr UINT kReportInterval = 15;  // milliseconds
+constexpr size_t kMaxErrors = 8;
 
 // CGID_DocHostCommandHandler, which not every SDK's libraries hold.
 constexpr GUID kDocHostCommands = {
@@ -36,12 +36,12 @@ VARIANT ByReference(VARIANT_BOOL* value) {
     return reference;
 }
 
-// What a person is asked about an error that the site leaves to the control. True: scripts go on.
-bool AskAboutError(HWND owner, const ScriptError& error) {
+// The control's own dialog, for a site that does not handle script errors. True if scripts may continue.
+bool ConfirmContinue(HWND delegate, const ScriptError& error) {
     const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + std::to_wstring(error.line) +
                               L"\nChar:\t" + std::to_wstring(error.column) + L"\nError:\t" + error.message +
                               L"\nURL:\t" + error.url + L"\n\nGo on running scripts on this page?";
-    return MessageBoxW(owner, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
+    return MessageBoxW(delegate, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
 }
 
 }  // namespace
@@ -78,7 +78,7 @@ bool PageControl::OnBeforeNavigate(const std::wstring& url, bool isTop) {
     return true;
 }
 
-// The site's security manager, where it has one, is asked about every page.
+// Whether the site's security manager, if any, lets a page run script.
 bool PageControl::AllowsScript(const std::wstring& url) {
     ComPtr<IInternetSecurityManager> manager;
     const auto services = Query<IServiceProvider>(site_.Get());
@@ -95,7 +95,7 @@ bool PageControl::AllowsScript(const std::wstring& url) {
 
 // NavigateComplete2(browser, url)
 void PageControl::OnNavigateComplete(const std::wstring& url, bool isTop) {
-    if (isTop) mouse_->Clear();  // connections end with their document
+    if (isTop) mouse_->Clear();  // connections end with the document
     Variant address = Variant::Text(url);
     Variant browser = BrowserOf(isTop, url);
     VARIANT arguments[] = {browser, ByReference(&address)};
@@ -110,7 +110,7 @@ void PageControl::OnDocumentComplete(const std::wstring& url, bool isTop) {
     events_->Fire(DISPID_DOCUMENTCOMPLETE, arguments);
 }
 
-// NewWindow3(object, cancel, flags, the opener's address, address). The engine has no window to give.
+// NewWindow3(object, cancel, flags, the opener's address, address). No browser is returned to the engine.
 void PageControl::OnNewWindow(const std::wstring& url) {
     VARIANT_BOOL cancel = VARIANT_FALSE;
     ComPtr<IDispatch> object;
@@ -134,13 +134,13 @@ void PageControl::OnWindowClosing() {
         PostMessageW(GetAncestor(windows_->Outer(), GA_ROOT), WM_CLOSE, 0, 0);
 }
 
-// Reported from the message loop, when no native code waits for a page: the site may open a dialog, and calls
-// that are under way, and the runs that made them, would stand still behind it.
+// Errors are reported from the message loop while no native code waits for a page: the site may open a
+// dialog, which would hold up calls in progress and the tasks that made them.
 void PageControl::OnScriptError(const ScriptError& error) {
-    // A page that fails all the time would never let a person go.
-    if (!windows_ || errors_.size() >= kMostErrors) return;
+    // The dialogs of a page that fails all the time would never end.
+    if (!windows_ || errors_.size() >= kMaxErrors) return;
     errors_.push_back(error);
-    SetTimer(windows_->Server(), kErrorTimer, kReportEvery, nullptr);
+    SetTimer(windows_->Server(), kErrorTimer, kReportInterval, nullptr);
 }
 
 void PageControl::ReportErrors() {
@@ -151,14 +151,14 @@ void PageControl::ReportErrors() {
         const ScriptError error = std::move(errors_.front());
         errors_.pop_front();
         Variant document = Variant::Unknown(document_.Get());
-        Variant goOn = Variant::Bool(true);
+        Variant mayContinue = Variant::Bool(true);
         const auto site = Query<IOleCommandTarget>(site_.Get());
         const HRESULT status =
-            site ? site->Exec(&kDocHostCommands, kShowScriptError, 0, &document, &goOn) : E_NOTIMPL;
+            site ? site->Exec(&kDocHostCommands, kShowScriptError, 0, &document, &mayContinue) : E_NOTIMPL;
         if (!windows_) break;
         if (FAILED(status))
-            goOn = Variant::Bool(AskAboutError(GetAncestor(windows_->Outer(), GA_ROOT), error));
-        if (goOn.Is(VT_BOOL) && goOn.boolVal) continue;
+            mayContinue = Variant::Bool(ConfirmContinue(GetAncestor(windows_->Outer(), GA_ROOT), error));
+        if (mayContinue.Is(VT_BOOL) && mayContinue.boolVal) continue;
         errors_.clear();
         if (page_) page_->AllowScript(false);
     }
@@ -173,11 +173,11 @@ void PageControl::OnContextMenu(POINT screen, IDispatch* script) {
     Bstr tag;
     if (element) element->get_tagName(tag.Receive());
     const bool isField = tag.View() == L"INPUT" || tag.View() == L"TEXTAREA";
-    const DWORD kind = isField ? CONTEXT_MENU_CONTROL : CONTEXT_MENU_DEFAULT;
+    const DWORD menu = isField ? CONTEXT_MENU_CONTROL : CONTEXT_MENU_DEFAULT;
     const HRESULT status =
-        handler ? handler->ShowContextMenu(kind, &point, nullptr, static_cast<IHTMLElement*>(element.Get()))
+        handler ? handler->ShowContextMenu(menu, &point, nullptr, static_cast<IHTMLElement*>(element.Get()))
                 : S_FALSE;
-    if (status != S_OK && page_) page_->ShowEditMenu(point);
+    if (status != S_OK && page_) page_->OpenEditMenu(point);
 }
 
 ComPtr<HtmlElement> PageControl::ElementFor(IDispatch* script) {
@@ -200,7 +200,7 @@ bool PageControl::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, 
     const auto page = page_;
     bool handled = false;
     const HRESULT status = Guard([&] {
-        // Who gets the keyboard, as by a click, is the one whose keys the container asks about.
+        // The container routes keys through the control that is UI-active.
         if (message == WM_SETFOCUS) ActivateUi();
         if (message == WM_TIMER && wParam == kErrorTimer) {
             ReportErrors();

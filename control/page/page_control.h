@@ -22,8 +22,8 @@
 
 namespace tarvik {
 
-// A web browser control over a browser engine of the Chromium family. Its container cannot tell it from the
-// system's own: it offers the published interfaces, calls the site through them, and fires
+// A web browser control over a browser engine of the Chromium family. To its container it is equivalent to
+// the system's control: it implements the published interfaces, calls the site through them, and fires
 // DWebBrowserEvents2.
 class PageControl
     : public ComObject<As<BrowserDispatch, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>, IOleObject,
@@ -97,7 +97,7 @@ class PageControl
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
     STDMETHODIMP FindConnectionPoint(REFIID events, IConnectionPoint** out) override;
 
-    // IPersistStreamInit: there is nothing to keep.
+    // IPersistStreamInit. There is no state to save.
     STDMETHODIMP GetClassID(CLSID* id) override;
     STDMETHODIMP IsDirty() override { return S_FALSE; }
     STDMETHODIMP Load(IStream*) override { return E_NOTIMPL; }
@@ -138,7 +138,7 @@ class PageControl
     std::optional<PageWindows> windows_;
     std::shared_ptr<Page> page_;
     ComPtr<HtmlDocument> document_;
-    std::wstring pending_;  // asked for before there was a window
+    std::wstring pending_;  // requested before the window exists
     std::deque<ScriptError> errors_;
     bool reporting_ = false;
     bool registerAsBrowser_ = false;

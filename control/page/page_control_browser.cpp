@@ -1,4 +1,4 @@
-// The control as a browser.
+// The control as IWebBrowser2.
 
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
@@ -29,11 +29,11 @@ STDMETHODIMP PageControl::Navigate2(VARIANT* url, VARIANT*, VARIANT*, VARIANT*, 
 }
 
 STDMETHODIMP PageControl::GoBack() {
-    return page_ ? Guard([&] { page_->Travel(-1); }) : E_UNEXPECTED;
+    return page_ ? Guard([&] { page_->GoInHistory(-1); }) : E_UNEXPECTED;
 }
 
 STDMETHODIMP PageControl::GoForward() {
-    return page_ ? Guard([&] { page_->Travel(1); }) : E_UNEXPECTED;
+    return page_ ? Guard([&] { page_->GoInHistory(1); }) : E_UNEXPECTED;
 }
 
 STDMETHODIMP PageControl::Refresh() {

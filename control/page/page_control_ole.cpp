@@ -1,4 +1,4 @@
-// The control as an OLE object that is active in place in its container.
+// The control as an OLE object, active in place in its container.
 
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
@@ -89,7 +89,7 @@ HRESULT PageControl::Activate(HWND parent, const RECT* position) {
 }
 
 void PageControl::MakePage(HWND parent, const RECT* position) {
-    const auto site = inPlaceSite_;  // whoever is asked here may deactivate the control
+    const auto site = inPlaceSite_;  // any of these calls may deactivate the control
     site->GetWindow(&parent);
     RECT rectangle = position ? *position : RECT{};
     RECT clip = {};
@@ -107,12 +107,11 @@ void PageControl::MakePage(HWND parent, const RECT* position) {
     if (!pending_.empty()) page->Navigate(std::exchange(pending_, {}));
 }
 
-// WindowStateChanged(state, what of it is told): the only state of a control of its own is whether it is
-// shown.
+// WindowStateChanged(state, valid bits)
 void PageControl::Show(bool visible) {
     if (!windows_ || !windows_->Show(visible)) return;
-    Variant state = Variant::I4(visible ? kUserVisible : 0), told = Variant::I4(kUserVisible);
-    VARIANT arguments[] = {state, told};
+    Variant state = Variant::I4(visible ? kUserVisible : 0), valid = Variant::I4(kUserVisible);
+    VARIANT arguments[] = {state, valid};
     events_->Fire(kWindowStateChanged, arguments);
 }
 
@@ -122,7 +121,7 @@ void PageControl::ActivateUi() {
     if (frame_) frame_->SetActiveObject(this, nullptr);
 }
 
-// The site may have a drop target of its own.
+// The site may provide a drop target.
 void PageControl::RegisterDropTarget() {
     ComPtr<IDropTarget> target;
     const auto handler = Query<IDocHostUIHandler>(site_.Get());
@@ -140,17 +139,17 @@ STDMETHODIMP PageControl::UIDeactivate() {
 STDMETHODIMP PageControl::InPlaceDeactivate() {
     const ComPtr<IUnknown> alive(AsUnknown());
     UIDeactivate();
-    // From here on nobody gets in again.
+    // Moved out first, so that nested calls find the control inactive.
     const auto site = std::move(inPlaceSite_);
     if (!site) return S_OK;
     const HRESULT status = Guard([&] {
         if (windows_) RevokeDragDrop(windows_->Server());
-        // Who was asked before this control went may still be on the way to connect himself.
+        // A sink may still try to connect.
         if (mouse_) mouse_->Close();
         if (const auto page = page_) page->Close();
     });
     document_.Reset();
-    // The window goes before the page, which paints it.
+    // The window is destroyed before the page, which paints it.
     windows_.reset();
     page_.reset();
     frame_.Reset();
@@ -170,7 +169,7 @@ STDMETHODIMP PageControl::SetObjectRects(const RECT* position, const RECT*) {
     return S_OK;
 }
 
-// The site decides about the keys of this control's own window; the page gets those that are left.
+// The site filters the keys of this control's window; the page gets the rest.
 STDMETHODIMP PageControl::TranslateAccelerator(MSG* message) {
     if (!message) return E_POINTER;
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;

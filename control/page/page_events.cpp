@@ -1,4 +1,4 @@
-// What the engine says about a page.
+// The engine's events of a page.
 
 #include <map>
 
@@ -15,8 +15,9 @@ std::wstring WideValue(const Json& object, const char* name) {
     return Widen(object.value(name, std::string()));
 }
 
-// Errors of native calls are thrown by the bridge, which has no address: the page's own line is further down.
-void FindPlace(const Json& details, ScriptError& error) {
+// The bridge throws the errors of native calls. Its script has no address, so the page's own line is further
+// down the stack.
+void FindLocation(const Json& details, ScriptError& error) {
     error.url = HostAddress(details.value("url", std::string()));
     error.line = details.value("lineNumber", 0) + 1;
     error.column = details.value("columnNumber", 0) + 1;
@@ -32,7 +33,7 @@ void FindPlace(const Json& details, ScriptError& error) {
     }
 }
 
-// The description of an Error is its text and then the stack.
+// The description of an Error contains its text, followed by the stack.
 std::wstring MessageOf(const Json& details) {
     const Json exception = details.value("exception", Json::object());
     std::string text = exception.value("description", std::string());
@@ -59,7 +60,7 @@ void Page::OnEvent(std::string_view method, const Json& params) {
         {"Inspector.disconnected", &Page::OnEngineEnd},
     };
     view_.OnEvent(method, params);
-    // Before the page is connected there is nothing to hear.
+    // Events before the end of Connect concern only the view.
     if (!events_ || !target_ || (bridge_ && bridge_->HandleEvent(method, params))) return;
     const auto found = kHandlers.find(method);
     if (found != kHandlers.end()) (this->*found->second)(params);
@@ -68,12 +69,12 @@ void Page::OnEvent(std::string_view method, const Json& params) {
 void Page::OnRequestPaused(const Json& params) {
     const bool isTop = params.value("frameId", std::string()) == target_->Id();
     const std::wstring url = HostAddress(params.at("request").value("url", std::string()));
-    // The later stations of a redirected request belong to the navigation that was asked about.
-    const bool wanted = params.contains("redirectedRequestId") || events_->OnBeforeNavigate(url, isTop);
+    // A redirected request belongs to the navigation that has already been allowed.
+    const bool allowed = params.contains("redirectedRequestId") || events_->OnBeforeNavigate(url, isTop);
     if (!target_) return;
-    loading_ = loading_ && (wanted || !isTop);
+    loading_ = loading_ && (allowed || !isTop);
     const Json& id = params.at("requestId");
-    if (wanted)
+    if (allowed)
         target_->Post("Fetch.continueRequest", {{"requestId", id}});
     else
         target_->Post("Fetch.failRequest", {{"requestId", id}, {"errorReason", "Aborted"}});
@@ -81,7 +82,7 @@ void Page::OnRequestPaused(const Json& params) {
 
 void Page::OnFrameNavigated(const Json& params) {
     const Json& frame = params.at("frame");
-    // A page that could not be opened stands for the address that was asked for.
+    // The engine's error page stands for the address that could not be opened.
     const std::string opened = frame.value("url", std::string()) + frame.value("urlFragment", std::string());
     const std::string url = frame.value("unreachableUrl", opened);
     const bool isTop = !frame.contains("parentId");
@@ -92,7 +93,7 @@ void Page::OnFrameNavigated(const Json& params) {
         frames_.clear();
     } else {
         frames_[frame.value("id", std::string())] = HostAddress(url);
-        Tell(&PageEvents::OnNavigateComplete, HostAddress(url), false);
+        Fire(&PageEvents::OnNavigateComplete, HostAddress(url), false);
     }
 }
 
@@ -105,17 +106,17 @@ void Page::OnNavigatedWithin(const Json& params) {
 void Page::OnLoad(const Json&) {
     const auto self = shared_from_this();
     loading_ = false;
-    // Documents without script have told nothing yet.
-    if (!std::exchange(started_, true)) Tell(&PageEvents::OnNavigateComplete, location_, true);
-    Tell(&PageEvents::OnDocumentComplete, location_, true);
+    // A document without script has not reported its start.
+    if (!std::exchange(started_, true)) Fire(&PageEvents::OnNavigateComplete, location_, true);
+    Fire(&PageEvents::OnDocumentComplete, location_, true);
 }
 
 void Page::OnFrameStopped(const Json& params) {
     const std::string frame = params.value("frameId", std::string());
     if (frame == target_->Id()) loading_ = false;
-    // A frame whose navigation was stopped has no new document.
+    // A frame whose navigation was cancelled has no new document.
     const auto complete = frames_.extract(frame);
-    if (complete) Tell(&PageEvents::OnDocumentComplete, complete.mapped(), false);
+    if (complete) Fire(&PageEvents::OnDocumentComplete, complete.mapped(), false);
 }
 
 void Page::OnFrameDetached(const Json& params) {
@@ -123,52 +124,51 @@ void Page::OnFrameDetached(const Json& params) {
 }
 
 Variant Page::OnDialog(const std::string& type, const std::wstring& message, const std::wstring& proposal) {
-    const ScriptDialogAnswer answer =
+    const ScriptDialogResult result =
         ShowScriptDialog(GetAncestor(window_, GA_ROOT), {type, message, proposal});
     if (type == "alert") return Variant();
-    if (type == "confirm") return Variant::Bool(answer.accepted);
-    return answer.accepted ? Variant::Text(answer.text) : Variant::Null();
+    if (type == "confirm") return Variant::Bool(result.accepted);
+    return result.accepted ? Variant::Text(result.text) : Variant::Null();
 }
 
-// A dialog of the engine's own: the page stands still until it is answered, and so must not be called
-// meanwhile.
+// A dialog of the engine blocks the page until it is answered, so the page must not be called meanwhile.
 void Page::OnEngineDialog(const Json& params) {
     const auto self = shared_from_this();
-    const auto world = World();
-    if (world) world->SetBlocked(true);
+    const auto context = Context();
+    if (context) context->SetDialogOpen(true);
     const ScriptDialog dialog = {params.value("type", std::string()), WideValue(params, "message"),
                                  WideValue(params, "defaultPrompt")};
-    const ScriptDialogAnswer answer = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
-    if (world) world->SetBlocked(false);
+    const ScriptDialogResult result = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
+    if (context) context->SetDialogOpen(false);
     if (!target_) return;
     target_->Post("Page.handleJavaScriptDialog",
-                  {{"accept", answer.accepted}, {"promptText", Narrow(answer.text)}});
+                  {{"accept", result.accepted}, {"promptText", Narrow(result.text)}});
 }
 
-// What fails in a document because it is leaving is nobody's fault.
+// Errors of a document that is being replaced are not the page's fault.
 void Page::OnException(const Json& params) {
-    if (const auto world = World(); world && world->IsLeaving()) return;
+    if (const auto context = Context(); context && context->IsUnloading()) return;
     const Json& details = params.at("exceptionDetails");
     ScriptError error;
     error.message = MessageOf(details);
-    FindPlace(details, error);
-    Tell(&PageEvents::OnScriptError, error);
+    FindLocation(details, error);
+    Fire(&PageEvents::OnScriptError, error);
 }
 
 void Page::OnOpenWindow(const std::wstring& url) {
-    Tell(&PageEvents::OnNewWindow, HostAddress(Narrow(url)));
+    Fire(&PageEvents::OnNewWindow, HostAddress(Narrow(url)));
 }
 
 void Page::OnWindowOpen(const Json& params) {
-    Tell(&PageEvents::OnNewWindow, HostAddress(params.value("url", std::string())));
+    Fire(&PageEvents::OnNewWindow, HostAddress(params.value("url", std::string())));
 }
 
 void Page::OnCrash(const Json&) {
-    BreakDown(L"This page has stopped working.");
+    ShowFailure(L"This page has stopped working.");
 }
 
 void Page::OnEngineEnd(const Json&) {
-    BreakDown(L"The web engine has stopped working.");
+    ShowFailure(L"The web engine has stopped working.");
 }
 
 }  // namespace tarvik

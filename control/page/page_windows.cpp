@@ -10,7 +10,7 @@ constexpr const wchar_t* kEmbedding = L"Shell Embedding";
 constexpr const wchar_t* kDocumentView = L"Shell DocObject View";
 constexpr const wchar_t* kServer = L"Internet Explorer_Server";
 
-// The outer windows are filled by the one inside, which also gets the keyboard.
+// An outer window is filled by its child, which also gets the keyboard focus.
 LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND child = GetWindow(window, GW_CHILD);
     switch (message) {
@@ -41,7 +41,7 @@ HWND MakeWindow(const wchar_t* className, WNDPROC procedure, HWND parent, const 
     description.hInstance = GetModuleHandleW(nullptr);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.lpszClassName = className;
-    RegisterClassExW(&description);  // a second control finds it registered
+    RegisterClassExW(&description);  // fails for a second control, which shares the class
     const HWND window =
         CreateWindowExW(0, className, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN,
                         rectangle.left, rectangle.top, rectangle.right - rectangle.left,

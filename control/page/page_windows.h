@@ -6,14 +6,14 @@
 
 namespace tarvik {
 
-// The windows of a control, one inside the other, with the class names that programs look for: "Shell
-// Embedding", "Shell DocObject View" and, where the page is, "Internet Explorer_Server".
+// The nested windows of a control, with the class names that other programs look for: "Shell Embedding",
+// "Shell DocObject View" and, for the page, "Internet Explorer_Server".
 class PageWindows {
   public:
     class Handler {
       public:
         virtual ~Handler() = default;
-        // A message of the innermost window; true if `result` is the answer.
+        // Handles a message of the innermost window; true if `result` is the return value.
         virtual bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
     };
 
@@ -23,7 +23,7 @@ class PageWindows {
     HWND Outer() const { return outer_.Get(); }
     HWND Server() const { return server_; }
     void Move(const RECT& rectangle);
-    bool Show(bool visible);  // whether that was a change
+    bool Show(bool visible);  // true if this changed it
 
   private:
     UniqueWindow outer_;

@@ -31,15 +31,15 @@ class Factory : public ComObject<IClassFactory> {
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 };
 
-// The control of a system without a document class can be made, but shows no page.
+// A system without a document class can create its control, but that shows no page.
 bool SystemShowsPages() {
     ComPtr<IUnknown> document;
     return SUCCEEDED(CoCreateInstance(kHtmlDocument, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
                                       reinterpret_cast<void**>(document.GetAddressOf())));
 }
 
-// What the environment says; nothing if it leaves it to the system.
-std::optional<bool> IsPageControlAsked() {
+// The choice of TARVIK_ENGINE, if any.
+std::optional<bool> IsPageControlRequested() {
     const std::wstring engine =
         ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_ENGINE", buffer, kPathLength); });
     if (_wcsicmp(engine.c_str(), L"chromium") == 0) return true;
@@ -50,8 +50,8 @@ std::optional<bool> IsPageControlAsked() {
 }  // namespace
 
 void PageControlClass::Prelaunch() {
-    // Whether the system shows pages takes as long to find out as the engine takes to start.
-    if (IsPageControlAsked().value_or(IsWine())) DevTools::Prelaunch();
+    // SystemShowsPages() takes as long as the start of the engine, so this is an estimate.
+    if (IsPageControlRequested().value_or(IsWine())) DevTools::Prelaunch();
 }
 
 void PageControlClass::Shutdown() {
@@ -60,8 +60,8 @@ void PageControlClass::Shutdown() {
 
 PageControlClass::PageControlClass(MessageFilter filter) : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
     DevTools::SetMessageFilter(filter);
-    const auto asked = IsPageControlAsked();
-    if (asked ? !*asked : SystemShowsPages()) {
+    const auto requested = IsPageControlRequested();
+    if (requested ? !*requested : SystemShowsPages()) {
         DevTools::Shutdown();
         return;
     }

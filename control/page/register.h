@@ -4,19 +4,19 @@
 
 namespace tarvik {
 
-// Offers the page control as the system's web browser class to this thread, where the system's own cannot
-// show a page or the environment variable TARVIK_ENGINE says `chromium` (`mshtml` forces the system's). The
-// thread is in the single-threaded apartment of its windows as long as this lives.
+// Registers the page control as the system's web browser class in this process, if the system's control
+// cannot show pages or the environment variable TARVIK_ENGINE is `chromium` (`mshtml` forces the system's
+// control). The thread stays in a single-threaded apartment during the object's life.
 class PageControlClass {
   public:
-    // Where this control will be the one, most likely: starts its engine, which takes a moment, in the
-    // background. May come long before the object, and more than once.
+    // Starts the engine in the background if this control will probably be used. May be called long before
+    // the constructor, and more than once.
     static void Prelaunch();
-    // Ends what Prelaunch has started, if no control has used it.
+    // Ends the engine that Prelaunch has started, if no control has used it.
     static void Shutdown();
 
-    // The filter of the program's message loop: true takes the message. Waits for a page that take long query
-    // it, too.
+    // The filter of the program's message loop; true if it has handled the message. Long waits for a page
+    // call it too.
     using MessageFilter = bool (*)(MSG* message);
     explicit PageControlClass(MessageFilter filter = nullptr);
     ~PageControlClass();

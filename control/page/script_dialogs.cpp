@@ -8,15 +8,15 @@ namespace tarvik {
 namespace {
 
 constexpr WORD kEdit = 100;
-constexpr size_t kLongest = 32 * 1024;
+constexpr size_t kMaxLength = 32 * 1024;
 
-std::wstring Caption(HWND owner) {
+std::wstring Caption(HWND delegate) {
     wchar_t text[256] = {};
-    GetWindowTextW(owner, text, static_cast<int>(std::size(text)));
+    GetWindowTextW(delegate, text, static_cast<int>(std::size(text)));
     return text;
 }
 
-// A dialog template in memory, in the layout that the platform documents for DLGTEMPLATE.
+// A dialog template in memory, in the documented layout of DLGTEMPLATE.
 class Template {
   public:
     Template(const std::wstring& caption, SIZE units) {
@@ -28,7 +28,7 @@ class Template {
                                   static_cast<short>(units.cx),
                                   static_cast<short>(units.cy)};
         Append(&head, sizeof head);
-        Append(L"\0", 2 * sizeof(wchar_t));  // no menu, the usual class
+        Append(L"\0", 2 * sizeof(wchar_t));  // no menu, the default class
         Append(caption);
         const WORD points = 9;
         Append(&points, sizeof points);
@@ -36,7 +36,7 @@ class Template {
     }
 
     void Add(WORD controlClass, WORD id, DWORD style, RECT units, const std::wstring& text) {
-        words_.resize((words_.size() + 1) & ~size_t{1});  // items begin at doublewords
+        words_.resize((words_.size() + 1) & ~size_t{1});  // items are aligned to doublewords
         const DLGITEMTEMPLATE item = {WS_CHILD | WS_VISIBLE | style,
                                       0,
                                       static_cast<short>(units.left),
@@ -45,8 +45,8 @@ class Template {
                                       static_cast<short>(units.bottom - units.top),
                                       id};
         Append(&item, sizeof item);
-        const WORD kind[] = {0xFFFF, controlClass};
-        Append(kind, sizeof kind);
+        const WORD classId[] = {0xFFFF, controlClass};
+        Append(classId, sizeof classId);
         Append(text);
         const WORD noData = 0;
         Append(&noData, sizeof noData);
@@ -67,7 +67,7 @@ class Template {
 
 struct Prompt {
     const ScriptDialog& dialog;
-    ScriptDialogAnswer answer;
+    ScriptDialogResult result;
 };
 
 INT_PTR CALLBACK PromptProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -79,36 +79,36 @@ INT_PTR CALLBACK PromptProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         return TRUE;
     }
     if (message != WM_COMMAND || (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL)) return FALSE;
-    prompt->answer.accepted = LOWORD(wParam) == IDOK;
-    std::wstring text(kLongest, L'\0');
-    text.resize(GetDlgItemTextW(window, kEdit, text.data(), static_cast<int>(kLongest)));
-    prompt->answer.text = std::move(text);
+    prompt->result.accepted = LOWORD(wParam) == IDOK;
+    std::wstring text(kMaxLength, L'\0');
+    text.resize(GetDlgItemTextW(window, kEdit, text.data(), static_cast<int>(kMaxLength)));
+    prompt->result.text = std::move(text);
     EndDialog(window, 0);
     return TRUE;
 }
 
-ScriptDialogAnswer ShowPrompt(HWND owner, const ScriptDialog& dialog) {
+ScriptDialogResult ShowPrompt(HWND delegate, const ScriptDialog& dialog) {
     constexpr WORD kButtonClass = 0x0080, kEditClass = 0x0081, kStaticClass = 0x0082;
-    Template layout(Caption(owner), {230, 86});
+    Template layout(Caption(delegate), {230, 86});
     layout.Add(kEditClass, kEdit, WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, {8, 44, 222, 58}, L"");
     layout.Add(kStaticClass, 0, SS_NOPREFIX, {8, 8, 222, 40}, dialog.message);
     layout.Add(kButtonClass, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, {116, 66, 166, 80}, L"OK");
     layout.Add(kButtonClass, IDCANCEL, WS_TABSTOP, {172, 66, 222, 80}, L"Cancel");
     Prompt prompt = {dialog, {}};
-    DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Head(), owner, PromptProcedure,
+    DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Head(), delegate, PromptProcedure,
                             reinterpret_cast<LPARAM>(&prompt));
-    return prompt.answer;
+    return prompt.result;
 }
 
 }  // namespace
 
-ScriptDialogAnswer ShowScriptDialog(HWND owner, const ScriptDialog& dialog) {
-    if (dialog.type == "prompt") return ShowPrompt(owner, dialog);
+ScriptDialogResult ShowScriptDialog(HWND delegate, const ScriptDialog& dialog) {
+    if (dialog.type == "prompt") return ShowPrompt(delegate, dialog);
     const bool leaving = dialog.type == "beforeunload";
     const std::wstring text =
         leaving ? L"Leave this page? Changes that you made may not be saved." : dialog.message;
-    const UINT kind = dialog.type == "alert" ? MB_OK | MB_ICONINFORMATION : MB_OKCANCEL | MB_ICONQUESTION;
-    return {MessageBoxW(owner, text.c_str(), Caption(owner).c_str(), kind) == IDOK, {}};
+    const UINT style = dialog.type == "alert" ? MB_OK | MB_ICONINFORMATION : MB_OKCANCEL | MB_ICONQUESTION;
+    return {MessageBoxW(delegate, text.c_str(), Caption(delegate).c_str(), style) == IDOK, {}};
 }
 
 }  // namespace tarvik

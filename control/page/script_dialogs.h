@@ -6,19 +6,19 @@
 
 namespace tarvik {
 
-// The dialogs that pages open by script: "alert", "confirm", "prompt" and "beforeunload".
+// A dialog that script opens: "alert", "confirm", "prompt" or "beforeunload".
 struct ScriptDialog {
     std::string type;
     std::wstring message;
-    std::wstring proposal;  // of a prompt
+    std::wstring proposal;  // the initial text of a prompt
 };
 
-struct ScriptDialogAnswer {
+struct ScriptDialogResult {
     bool accepted = false;
     std::wstring text;
 };
 
-// Modal to `owner`; returns when it is closed.
-ScriptDialogAnswer ShowScriptDialog(HWND owner, const ScriptDialog& dialog);
+// Shows a dialog, modal to `owner`, until it is closed.
+ScriptDialogResult ShowScriptDialog(HWND delegate, const ScriptDialog& dialog);
 
 }  // namespace tarvik

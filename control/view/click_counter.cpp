@@ -6,9 +6,9 @@ namespace tarvik {
 
 namespace {
 
-// The system's measure is the width of a rectangle around the first point.
-bool IsNear(LONG left, LONG right, int measure) {
-    return std::abs(left - right) <= GetSystemMetrics(measure) / 2;
+// The metric is the width or height of a rectangle around the first point.
+bool IsNear(LONG left, LONG right, int metric) {
+    return std::abs(left - right) <= GetSystemMetrics(metric) / 2;
 }
 
 }  // namespace

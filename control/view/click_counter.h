@@ -4,13 +4,13 @@
 
 namespace tarvik {
 
-// Tells single, double and triple clicks by the rules of the system: the same button, in time, near the last
+// Counts single, double and triple clicks by the system's rules: the same button, in time, near the last
 // press.
 class ClickCounter {
   public:
-    // `time` is the message's, in milliseconds.
+    // The click count of this press. `time` is the message's, in milliseconds.
     int Press(int button, POINT point, DWORD time);
-    // Of the last press; 1 before the first one.
+    // The click count of the last press; 1 before the first.
     int Last() const { return count_; }
 
   private:

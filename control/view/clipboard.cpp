@@ -8,21 +8,21 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTries = 5;
-constexpr DWORD kPause = 5;  // milliseconds
+constexpr int kAttempts = 5;
+constexpr DWORD kRetryInterval = 5;  // milliseconds
 
-// Programs that watch the clipboard hold it for a moment after each change.
-bool OpenSoon(HWND owner) {
-    for (int tries = 1; !OpenClipboard(owner); ++tries) {
-        if (tries == kTries) return false;
-        Sleep(kPause);
+// Programs that monitor the clipboard open it for a moment after each change.
+bool OpenWithRetry(HWND owner) {
+    for (int attempts = 1; !OpenClipboard(owner); ++attempts) {
+        if (attempts == kAttempts) return false;
+        Sleep(kRetryInterval);
     }
     return true;
 }
 
 class OpenedClipboard {
   public:
-    explicit OpenedClipboard(HWND owner) : open_(OpenSoon(owner)) {}
+    explicit OpenedClipboard(HWND owner) : open_(OpenWithRetry(owner)) {}
     ~OpenedClipboard() {
         if (open_) CloseClipboard();
     }
@@ -39,7 +39,7 @@ std::wstring ClipboardText(HWND owner) {
     const HANDLE memory = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
     const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
     if (!text) return {};
-    // The memory is another program's, which may have forgotten the end.
+    // The memory is another program's and may lack the terminator.
     std::wstring taken(text, wcsnlen(text, GlobalSize(memory) / sizeof(wchar_t)));
     GlobalUnlock(memory);
     return taken;
@@ -47,7 +47,7 @@ std::wstring ClipboardText(HWND owner) {
 
 }  // namespace
 
-void PutOnClipboard(HWND owner, const std::wstring& text) {
+void CopyToClipboard(HWND owner, const std::wstring& text) {
     const OpenedClipboard clipboard(owner);
     const size_t size = (text.size() + 1) * sizeof(wchar_t);
     const HGLOBAL memory = clipboard ? GlobalAlloc(GMEM_MOVEABLE, size) : nullptr;
@@ -55,13 +55,14 @@ void PutOnClipboard(HWND owner, const std::wstring& text) {
     std::memcpy(GlobalLock(memory), text.c_str(), size);
     GlobalUnlock(memory);
     EmptyClipboard();
-    // From here on the memory is the clipboard's.
+    // On success the clipboard owns the memory.
     if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
 }
 
-void BringClipboard(HWND owner, InputQueue& queue, const PageSide& page) {
+void QueueClipboardText(HWND owner, InputQueue& queue, const ViewScript& script) {
     const std::string text = Json(Narrow(ClipboardText(owner))).dump();
-    queue.Add(InputQueue::Care::kDone, "Runtime.evaluate", page.Command("bring", text));
+    queue.Add(InputQueue::DeliveryMode::kAwaitReply, "Runtime.evaluate",
+              script.EvaluateParameters("setClipboard", text));
 }
 
 bool ClipboardHasText() {

@@ -5,17 +5,16 @@
 #include <string>
 
 #include "control/view/input_queue.h"
-#include "control/view/page_side.h"
+#include "control/view/view_script.h"
 
-// The engine, running without a desktop of its own, does not share the system's clipboard: these join the
-// two.
+// The headless engine has a clipboard of its own. These functions connect it with the system's.
 namespace tarvik {
 
-// What the page has copied, of which the view's end in the page tells.
-void PutOnClipboard(HWND owner, const std::wstring& text);
+// For a text that the page has copied.
+void CopyToClipboard(HWND owner, const std::wstring& text);
 
-// Before a paste, the engine's clipboard gets the text of the system's; none if there is none.
-void BringClipboard(HWND owner, InputQueue& queue, const PageSide& page);
+// Before a paste: queues the system's text, or an empty one, for the engine's clipboard.
+void QueueClipboardText(HWND owner, InputQueue& queue, const ViewScript& script);
 
 bool ClipboardHasText();
 

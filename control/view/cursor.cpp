@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr UINT kPause = 40;  // milliseconds between two questions
+constexpr UINT kQueryInterval = 40;  // milliseconds
 
 struct Shape {
     const char* name;
@@ -55,32 +55,32 @@ HCURSOR CursorByName(const std::string& name) {
 
 PageCursor::~PageCursor() {
     *alive_ = false;
-    if (pausing_) KillTimer(window_, kTimer);
+    if (timerRuns_) KillTimer(window_, kTimer);
 }
 
-void PageCursor::Follow(POINT point) {
+void PageCursor::SetPosition(POINT point) {
     point_ = point;
-    wanted_ = point.x >= 0;
-    if (wanted_ && !pausing_) Ask();
+    queryWanted_ = point.x >= 0;
+    if (queryWanted_ && !timerRuns_) Query();
 }
 
 void PageCursor::OnTimer() {
-    if (asking_) return;
-    if (wanted_) return Ask();
+    if (queryPending_) return;
+    if (queryWanted_) return Query();
     KillTimer(window_, kTimer);
-    pausing_ = false;
+    timerRuns_ = false;
 }
 
-void PageCursor::Ask() {
-    wanted_ = false;
-    asking_ = true;
-    pausing_ = SetTimer(window_, kTimer, kPause, nullptr) != 0;
-    page_.Ask("cursorAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
-              [this, alive = alive_](const Json& name) {
-                  if (!*alive) return;
-                  asking_ = false;
-                  if (name.is_string()) Show(name);
-              });
+void PageCursor::Query() {
+    queryWanted_ = false;
+    queryPending_ = true;
+    timerRuns_ = SetTimer(window_, kTimer, kQueryInterval, nullptr) != 0;
+    script_.Call("cursorAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
+                 [this, alive = alive_](const Json& name) {
+                     if (!*alive) return;
+                     queryPending_ = false;
+                     if (name.is_string()) Show(name);
+                 });
 }
 
 void PageCursor::Show(const std::string& name) {

@@ -5,23 +5,23 @@
 #include <memory>
 #include <string>
 
-#include "control/view/page_side.h"
+#include "control/view/view_script.h"
 
 namespace tarvik {
 
-// The pointer's shape over a page. The engine sends no word of it, so the page is asked where the pointer
-// rests, not more often than eyes can tell.
+// The pointer's shape over a page. The engine sends no event for it, so the page is queried for the pointer's
+// position, at a limited rate.
 class PageCursor {
   public:
-    PageCursor(HWND window, PageSide& page) : window_(window), page_(page) {}
+    PageCursor(HWND window, ViewScript& script) : window_(window), script_(script) {}
     ~PageCursor();
     PageCursor(const PageCursor&) = delete;
     PageCursor& operator=(const PageCursor&) = delete;
 
-    // The pointer is there now, in the window; outside is (-1, -1).
-    void Follow(POINT point);
-    // The page may have changed under it.
-    void Renew() { Follow(point_); }
+    // The pointer's position in the window; (-1, -1) outside.
+    void SetPosition(POINT point);
+    // The page may have changed under the pointer.
+    void Refresh() { SetPosition(point_); }
 
     static constexpr UINT_PTR kTimer = 1;  // of the window
     void OnTimer();
@@ -29,16 +29,16 @@ class PageCursor {
     HCURSOR Current() const { return current_; }
 
   private:
-    void Ask();
+    void Query();
     void Show(const std::string& name);
 
     HWND window_;
-    PageSide& page_;
+    ViewScript& script_;
     POINT point_ = {-1, -1};
     HCURSOR current_ = LoadCursorW(nullptr, IDC_ARROW);
-    bool pausing_ = false;  // the timer runs
-    bool wanted_ = false;
-    bool asking_ = false;
+    bool timerRuns_ = false;  // no query before its end
+    bool queryWanted_ = false;
+    bool queryPending_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -22,7 +22,7 @@ constexpr Row kRows[] = {
     {EditCommand::kNone, nullptr, nullptr},    {EditCommand::kSelectAll, L"Select &all", "selectAll"},
 };
 
-bool CanRun(EditCommand command, bool hasSelection) {
+bool IsEnabled(EditCommand command, bool hasSelection) {
     switch (command) {
         case EditCommand::kCut:
         case EditCommand::kCopy:
@@ -44,11 +44,11 @@ const char* EditCommandName(EditCommand command) {
     return nullptr;
 }
 
-EditCommand PickEditCommand(HWND window, POINT screen, bool hasSelection) {
+EditCommand ShowEditMenu(HWND window, POINT screen, bool hasSelection) {
     const UniqueMenu menu(CreatePopupMenu());
     for (const Row& row : kRows) {
-        const UINT off = CanRun(row.command, hasSelection) ? 0 : MF_GRAYED;
-        AppendMenuW(menu.Get(), row.label ? MF_STRING | off : MF_SEPARATOR,
+        const UINT state = IsEnabled(row.command, hasSelection) ? MF_ENABLED : MF_GRAYED;
+        AppendMenuW(menu.Get(), row.label ? MF_STRING | state : MF_SEPARATOR,
                     static_cast<UINT_PTR>(row.command), row.label);
     }
     return static_cast<EditCommand>(

@@ -6,10 +6,10 @@ namespace tarvik {
 
 enum class EditCommand { kNone, kUndo, kCut, kCopy, kPaste, kDelete, kSelectAll };
 
-// The engine's name of a command.
+// The engine's name for a command.
 const char* EditCommandName(EditCommand command);
 
-// Shows the menu of a text field, and returns when it is closed.
-EditCommand PickEditCommand(HWND window, POINT screen, bool hasSelection);
+// Shows the menu of a text field and returns the command that was chosen.
+EditCommand ShowEditMenu(HWND window, POINT screen, bool hasSelection);
 
 }  // namespace tarvik

@@ -14,7 +14,7 @@ namespace tarvik {
 
 namespace {
 
-// Fills `bytes`, whose memory is used again from frame to frame.
+// Fills `bytes`, whose memory is reused from frame to frame.
 bool DecodeBase64(std::string_view text, std::vector<BYTE>& bytes) {
     bytes.resize(text.size() / 4 * 3 + 3);
     auto size = static_cast<DWORD>(bytes.size());
@@ -26,7 +26,7 @@ bool DecodeBase64(std::string_view text, std::vector<BYTE>& bytes) {
     return true;
 }
 
-// PNG and JPEG alike, by the system's own decoders.
+// Decodes PNG and JPEG by the system's codecs.
 class PictureReader {
   public:
     PictureReader() {
@@ -69,7 +69,7 @@ FrameDecoder::FrameDecoder(Handler handler) : handler_(std::move(handler)), thre
 FrameDecoder::~FrameDecoder() {
     {
         const std::lock_guard lock(lock_);
-        ending_ = true;
+        stopping_ = true;
     }
     wake_.notify_one();
     thread_.join();
@@ -78,8 +78,8 @@ FrameDecoder::~FrameDecoder() {
 void FrameDecoder::Submit(std::string_view base64) {
     {
         const std::lock_guard lock(lock_);
-        waiting_.assign(base64);
-        has_ = true;
+        next_.assign(base64);
+        hasNext_ = true;
     }
     wake_.notify_one();
 }
@@ -94,12 +94,12 @@ void FrameDecoder::Work() {
         for (;;) {
             {
                 std::unique_lock lock(lock_);
-                wake_.wait(lock, [&] { return has_ || ending_; });
-                if (ending_) return;
-                std::swap(text, waiting_);
-                has_ = false;
+                wake_.wait(lock, [&] { return hasNext_ || stopping_; });
+                if (stopping_) return;
+                std::swap(text, next_);
+                hasNext_ = false;
             }
-            // A frame that cannot be read is passed over: the next one is on its way.
+            // A frame that cannot be decoded is skipped.
             const HRESULT status = Guard([&] {
                 if (!DecodeBase64(text, bytes)) throw StatusError(E_FAIL);
                 reader.Read(bytes, frame.pixels);

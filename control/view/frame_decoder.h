@@ -13,15 +13,15 @@
 
 namespace tarvik {
 
-// Turns the frames of a screencast into pixels, on a thread of its own. A frame that comes while another one
-// is decoded waits; a later one takes its place.
+// Decodes the frames of a screencast on its own thread. A frame that arrives during a decoding waits until a
+// later one replaces it.
 class FrameDecoder {
   public:
     struct Frame {
         Picture::Pixels pixels;
         size_t bytes = 0;  // of the encoded picture
     };
-    // Called on the decoder's thread, with a frame that the callee may take from.
+    // Called on the decoder's thread; the handler may move the pixels out of the frame.
     using Handler = std::function<void(Frame& frame)>;
 
     explicit FrameDecoder(Handler handler);
@@ -38,9 +38,9 @@ class FrameDecoder {
     Handler handler_;
     std::mutex lock_;
     std::condition_variable wake_;
-    std::string waiting_;
-    bool has_ = false;
-    bool ending_ = false;
+    std::string next_;
+    bool hasNext_ = false;
+    bool stopping_ = false;
     std::thread thread_;
 };
 

@@ -6,51 +6,53 @@ namespace tarvik {
 
 namespace {
 
-// Milliseconds. What has no answer by then gets none, or the page computes: then the engine keeps the order.
-constexpr ULONGLONG kPatience = 5000;
-// A page that misses something for so long does nothing but native calls.
-constexpr ULONGLONG kPersistence = 10'000;
+// Milliseconds. After the first one either no reply will come or the page is busy; then the engine keeps the
+// order.
+constexpr ULONGLONG kReplyTimeout = 5000;
+constexpr ULONGLONG kRetryTimeout = 10'000;
 
 }  // namespace
 
-void InputQueue::Add(Care care, const char* method, Json parameters) {
-    const bool waits = current_ || moving_;
-    if (waits && !StandsStill() && GetTickCount64() - sentAt_ > kPatience) Finish();
-    const bool replaces = care == Care::kLatest && !waiting_.empty() && waiting_.back().care == Care::kLatest;
+void InputQueue::Add(DeliveryMode mode, const char* method, Json parameters) {
+    const bool waits = current_ || coalescedPending_;
+    if (waits && !IsPaused() && GetTickCount64() - sentAt_ > kReplyTimeout) Finish();
+    const bool replaces = mode == DeliveryMode::kCoalesce && !waiting_.empty() &&
+                          waiting_.back().mode == DeliveryMode::kCoalesce;
     if (replaces) waiting_.pop_back();
-    waiting_.push_back({care, method, std::move(parameters)});
+    waiting_.push_back({mode, method, std::move(parameters)});
     Advance();
 }
 
-void InputQueue::SetParked(bool parked) {
-    stops_ += parked;
-    parked_ = parked;
+void InputQueue::SetInNativeCall(bool inCall) {
+    pauses_ += inCall;
+    inNativeCall_ = inCall;
     Advance();
 }
 
 void InputQueue::OnEvent(std::string_view method) {
     if (method == "Debugger.paused") {
-        ++stops_;
-        stopped_ = true;
+        ++pauses_;
+        paused_ = true;
     } else if (method == "Debugger.resumed") {
-        stopped_ = false;
+        paused_ = false;
         Advance();
     } else if (method == "Runtime.executionContextsCleared") {
         OnNewDocument();
     }
 }
 
-// What was on its way to the old one may have gone with it, and is never answered.
+// Input that was sent to the old document may be lost with it, and its reply too.
 void InputQueue::OnNewDocument() {
-    stopped_ = false;
-    seen_ = nullptr;
-    const bool isUnsent = current_ && current_->care != Care::kDone && !current_->since;
+    paused_ = false;
+    received_ = nullptr;
+    const bool isUnsent = current_ && current_->mode != DeliveryMode::kAwaitReply && !current_->since;
     isUnsent ? Repeat() : Finish();
 }
 
 void InputQueue::Advance() {
-    while (!waiting_.empty() && !current_ && !StandsStill()) {
-        if (moving_ && waiting_.size() == 1 && waiting_.front().care == Care::kLatest) return;
+    while (!waiting_.empty() && !current_ && !IsPaused()) {
+        if (coalescedPending_ && waiting_.size() == 1 && waiting_.front().mode == DeliveryMode::kCoalesce)
+            return;
         Input next = std::move(waiting_.front());
         waiting_.pop_front();
         Start(std::move(next));
@@ -59,16 +61,17 @@ void InputQueue::Advance() {
 
 void InputQueue::Start(Input input) {
     sentAt_ = GetTickCount64();
-    switch (input.care) {
-        case Care::kLatest:
-            moving_ = true;
-            return Post(input, &InputQueue::OnMoved);
-        case Care::kInTurn:
+    switch (input.mode) {
+        case DeliveryMode::kCoalesce:
+            coalescedPending_ = true;
+            return Post(input, &InputQueue::OnCoalescedReply);
+        case DeliveryMode::kFireAndForget:
             return Post(input, nullptr);
         default:
             current_ = std::move(input);
-            if (current_->care == Care::kDone || !seen_.is_null()) return SendCurrent(seen_);
-            Look(&InputQueue::SendCurrent);
+            if (current_->mode == DeliveryMode::kAwaitReply || !received_.is_null())
+                return SendCurrent(received_);
+            QueryReceipt(&InputQueue::SendCurrent);
     }
 }
 
@@ -78,35 +81,35 @@ void InputQueue::Post(const Input& input, Step next) {
     });
 }
 
-void InputQueue::Look(Step next) {
-    page_.Ask("look", current_->care == Care::kText ? "true" : "false",
-              [this, alive = alive_, round = round_, next](const Json& seen) {
-                  if (*alive && round == round_) (this->*next)(seen);
-              });
+void InputQueue::QueryReceipt(Step next) {
+    script_.Call("receipt", current_->mode == DeliveryMode::kAwaitTextReceipt ? "true" : "false",
+                 [this, alive = alive_, round = round_, next](const Json& received) {
+                     if (*alive && round == round_) (this->*next)(received);
+                 });
 }
 
-void InputQueue::OnMoved(const Json&) {
-    moving_ = false;
+void InputQueue::OnCoalescedReply(const Json&) {
+    coalescedPending_ = false;
     Advance();
 }
 
-void InputQueue::SendCurrent(const Json& seenBefore) {
-    seen_ = seenBefore;
-    if (StandsStill()) return Repeat();
+void InputQueue::SendCurrent(const Json& receivedBefore) {
+    received_ = receivedBefore;
+    if (IsPaused()) return Repeat();
     if (!current_->since) current_->since = GetTickCount64();
-    stopsBefore_ = stops_;
-    Post(*current_, &InputQueue::OnAnswered);
+    pausesBefore_ = pauses_;
+    Post(*current_, &InputQueue::OnReply);
 }
 
-void InputQueue::OnAnswered(const Json&) {
-    if (current_->care == Care::kDone) return Finish();
-    Look(&InputQueue::OnLook);
+void InputQueue::OnReply(const Json&) {
+    if (current_->mode == DeliveryMode::kAwaitReply) return Finish();
+    QueryReceipt(&InputQueue::OnReceipt);
 }
 
-void InputQueue::OnLook(const Json& seen) {
-    const bool lost = seen.is_number() && seen == seen_ && stops_ != stopsBefore_;
-    if (!seen.is_null()) seen_ = seen;
-    if (lost && GetTickCount64() - current_->since < kPersistence) return Repeat();
+void InputQueue::OnReceipt(const Json& received) {
+    const bool lost = received.is_number() && received == received_ && pauses_ != pausesBefore_;
+    if (!received.is_null()) received_ = received;
+    if (lost && GetTickCount64() - current_->since < kRetryTimeout) return Repeat();
     Finish();
 }
 
@@ -117,7 +120,7 @@ void InputQueue::Repeat() {
 
 void InputQueue::Finish() {
     ++round_;
-    moving_ = false;
+    coalescedPending_ = false;
     current_.reset();
     Advance();
 }

@@ -9,41 +9,41 @@
 #include <string_view>
 
 #include "control/engine/devtools.h"
-#include "control/view/page_side.h"
+#include "control/view/view_script.h"
 
 namespace tarvik {
 
-// Input on its way to a page, in order. The engine throws away what reaches a page whose script stands still
-// in a native call, and confirms it nevertheless. So input waits here while the page is known to stand still;
-// and since it may stop at any moment, it is asked whether it has seen what must not be lost. If it has not,
-// and has stood still meanwhile, that is sent again.
+// Delivers input to a page in order. The engine discards input for a page whose script is paused in a native
+// call, and confirms it all the same. So input waits here while the page is known to be paused. Because the
+// page may pause at any moment, it is queried whether it has received what must not be lost; if it has not,
+// and was paused meanwhile, the input is sent again.
 class InputQueue {
   public:
-    InputQueue(PageTarget& target, PageSide& page) : target_(target), page_(page) {}
+    InputQueue(PageTarget& target, ViewScript& script) : target_(target), script_(script) {}
     ~InputQueue() { *alive_ = false; }
     InputQueue(const InputQueue&) = delete;
     InputQueue& operator=(const InputQueue&) = delete;
 
-    enum class Care {
-        kLatest,  // sent when the one before has been answered; a later one may take its place until then
-        kInTurn,  // the next does not wait for it
-        kDone,    // the next waits until it is done
-        kSeen,    // and until the page has seen it
-        kText,    // the same for the text of a key
+    enum class DeliveryMode {
+        kCoalesce,          // sent after the reply to the one before; until then a later one replaces it
+        kFireAndForget,     // the next input does not wait for it
+        kAwaitReply,        // the next input waits for the engine's reply
+        kAwaitReceipt,      // and until the page has received it
+        kAwaitTextReceipt,  // the same for the text of a key
     };
-    void Add(Care care, const char* method, Json parameters);
+    void Add(DeliveryMode mode, const char* method, Json parameters);
 
-    // The page is in a native call.
-    void SetParked(bool parked);
-    // The session's events tell when script stands still and goes on.
+    // Whether the page is in a native call.
+    void SetInNativeCall(bool inCall);
+    // The session's events report when script pauses and resumes.
     void OnEvent(std::string_view method);
 
   private:
     struct Input {
-        Care care;
+        DeliveryMode mode;
         const char* method;
         Json parameters;
-        ULONGLONG since = 0;  // it is being sent
+        ULONGLONG since = 0;  // time of the first attempt
     };
     using Step = void (InputQueue::*)(const Json& value);
 
@@ -51,26 +51,26 @@ class InputQueue {
     void Advance();
     void Start(Input input);
     void Post(const Input& input, Step next);
-    void Look(Step next);
-    void OnMoved(const Json&);
-    void SendCurrent(const Json& seenBefore);
-    void OnAnswered(const Json&);
-    void OnLook(const Json& seen);
+    void QueryReceipt(Step next);
+    void OnCoalescedReply(const Json&);
+    void SendCurrent(const Json& receivedBefore);
+    void OnReply(const Json&);
+    void OnReceipt(const Json& received);
     void Repeat();
     void Finish();
-    bool StandsStill() const { return parked_ || stopped_; }
+    bool IsPaused() const { return inNativeCall_ || paused_; }
 
     PageTarget& target_;
-    PageSide& page_;
+    ViewScript& script_;
     std::deque<Input> waiting_;
-    std::optional<Input> current_;  // that the next one waits for
-    bool moving_ = false;           // a kLatest has not been answered
-    bool parked_ = false;
-    bool stopped_ = false;
-    unsigned stops_ = 0;
-    unsigned stopsBefore_ = 0;  // when the current one was sent
-    Json seen_;                 // the page's count; null when it is not known
-    unsigned round_ = 0;        // what is answered in a later one comes too late
+    std::optional<Input> current_;   // the next one waits for it
+    bool coalescedPending_ = false;  // the reply to a kCoalesce is pending
+    bool inNativeCall_ = false;
+    bool paused_ = false;  // according to the engine
+    unsigned pauses_ = 0;
+    unsigned pausesBefore_ = 0;  // when the current input was sent
+    Json received_;              // the page's count; null if unknown
+    unsigned round_ = 0;         // replies of an earlier round are stale
     ULONGLONG sentAt_ = 0;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -11,7 +11,7 @@ struct Named {
     const char* name;
 };
 
-// By scan code, of the first set.
+// By scan code of set 1.
 constexpr Named kPlainCodes[] = {
     {0x01, "Escape"},
     {0x02, "Digit1"},
@@ -217,17 +217,17 @@ const char* Find(const Named (&names)[N], UINT code) {
     return "";
 }
 
-// The character that a key gives with Shift, AltGr and the locks as they are; empty if it gives none. Asking
-// must not disturb a dead key that is waiting.
+// The character that a key produces with the current Shift, AltGr and lock states; empty if none. The query
+// must not consume a pending dead key.
 std::string CharacterOf(UINT virtualKey, UINT scanCode, const BYTE (&state)[256]) {
-    constexpr UINT kLeaveStateAlone = 4;
+    constexpr UINT kKeepKeyboardState = 4;
     wchar_t text[8] = {};
-    const int length = ToUnicode(virtualKey, scanCode, state, text, 8, kLeaveStateAlone);
+    const int length = ToUnicode(virtualKey, scanCode, state, text, 8, kKeepKeyboardState);
     if (length < 0) return "Dead";
     return length > 0 && text[0] >= L' ' ? Narrow({text, static_cast<size_t>(length)}) : std::string();
 }
 
-// Ctrl and Alt change the meaning of a key only together, as AltGr, and only for some keys.
+// Ctrl and Alt change a key's meaning only together, as AltGr, and only for some keys.
 std::string CharacterOf(UINT virtualKey, UINT scanCode) {
     BYTE state[256] = {};
     GetKeyboardState(state);
@@ -246,12 +246,12 @@ std::string KeyCodeName(UINT scanCode, bool extended) {
     return extended ? Find(kExtendedCodes, scanCode) : Find(kPlainCodes, scanCode);
 }
 
-KeyPlace PlaceOfKey(std::string_view code) {
-    if (code.starts_with("Numpad")) return KeyPlace::kKeypad;
+KeyLocation LocationOfKey(std::string_view code) {
+    if (code.starts_with("Numpad")) return KeyLocation::kKeypad;
     for (const std::string_view key : {"Shift", "Control", "Alt", "Meta"}) {
-        if (code.starts_with(key)) return code.ends_with("Left") ? KeyPlace::kLeft : KeyPlace::kRight;
+        if (code.starts_with(key)) return code.ends_with("Left") ? KeyLocation::kLeft : KeyLocation::kRight;
     }
-    return KeyPlace::kStandard;
+    return KeyLocation::kStandard;
 }
 
 std::string KeyName(UINT virtualKey, UINT scanCode) {

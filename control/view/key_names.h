@@ -7,17 +7,18 @@
 
 namespace tarvik {
 
-// What pages call a key: `code` by its place on the keyboard, `key` by its meaning with the modifiers and
-// locks of this moment. Tables of the published standards for KeyboardEvent.code and KeyboardEvent.key.
+// A page's names for a key: `code` for its place on the keyboard, `key` for its meaning with the current
+// modifiers and locks. The tables are those of the published standards for KeyboardEvent.code and
+// KeyboardEvent.key.
 
-// Empty for keys that the standard does not name.
+// Empty for keys without a name in the standard.
 std::string KeyCodeName(UINT scanCode, bool extended);
 
-// "Unidentified" for keys that have neither a name nor a character.
+// "Unidentified" for keys with neither a name nor a character.
 std::string KeyName(UINT virtualKey, UINT scanCode);
 
-// Which of several keys of one name it is; the numbers are those of KeyboardEvent.location.
-enum class KeyPlace { kStandard, kLeft, kRight, kKeypad };
-KeyPlace PlaceOfKey(std::string_view code);
+// Tells keys of the same name apart; the numbers are those of KeyboardEvent.location.
+enum class KeyLocation { kStandard, kLeft, kRight, kKeypad };
+KeyLocation LocationOfKey(std::string_view code);
 
 }  // namespace tarvik

@@ -33,9 +33,8 @@ bool IsPaste(UINT virtualKey) {
            (virtualKey == VK_INSERT && IsHeld(VK_SHIFT));
 }
 
-// The engine takes these for its own windows before a page hears of them: it would close the page, or open
-// others.
-bool IsKeptByEngine(UINT virtualKey) {
+// Shortcuts that the engine handles itself before the page gets them: they close the page or open a window.
+bool IsEngineShortcut(UINT virtualKey) {
     if (virtualKey == VK_F4) return IsHeld(VK_MENU) || IsHeld(VK_CONTROL);
     return IsHeld(VK_CONTROL) && !IsHeld(VK_MENU) &&
            (virtualKey == 'W' || virtualKey == 'T' || virtualKey == 'N');
@@ -67,19 +66,19 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
-    if (IsKeptByEngine(virtualKey)) return;
-    if (down && IsPaste(virtualKey)) BringClipboard(window_, queue_, page_);
+    if (IsEngineShortcut(virtualKey)) return;
+    if (down && IsPaste(virtualKey)) QueueClipboardText(window_, queue_, script_);
     const std::string code = CodeOf(lParam);
-    const KeyPlace place = PlaceOfKey(code);
-    queue_.Add(InputQueue::Care::kSeen, "Input.dispatchKeyEvent",
+    const KeyLocation location = LocationOfKey(code);
+    queue_.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
                {{"type", down ? "rawKeyDown" : "keyUp"},
                 {"windowsVirtualKeyCode", virtualKey},
                 {"nativeVirtualKeyCode", virtualKey},
                 {"key", KeyName(virtualKey, ScanCodeOf(lParam))},
                 {"code", code},
                 {"autoRepeat", down && (lParam & kWasDown) != 0},
-                {"isKeypad", place == KeyPlace::kKeypad},
-                {"location", place == KeyPlace::kKeypad ? 0 : static_cast<int>(place)},
+                {"isKeypad", location == KeyLocation::kKeypad},
+                {"location", location == KeyLocation::kKeypad ? 0 : static_cast<int>(location)},
                 {"modifiers", KeyModifiers()}});
 }
 
@@ -89,16 +88,16 @@ void KeyboardInput::OnCharacter(wchar_t character, LPARAM lParam) {
         highSurrogate_ = character;
         return;
     }
-    // Control characters come from keys that the page has seen already; Enter is the one that makes text.
+    // The page has already received the keys of control characters. Only Enter also makes text.
     if ((character < L' ' && character != L'\r') || character == kDelete) return;
     std::wstring units;
     if (IS_LOW_SURROGATE(character)) units = high;
     units += character;
     const std::string text = Narrow(units);
-    // Both together are AltGr, which made the character; with them the engine would not type it.
+    // Both together are AltGr, which selected the character. With them set the engine would not type it.
     int modifiers = KeyModifiers();
     if ((modifiers & kAltAndControl) == kAltAndControl) modifiers &= ~kAltAndControl;
-    queue_.Add(InputQueue::Care::kText, "Input.dispatchKeyEvent",
+    queue_.Add(InputQueue::DeliveryMode::kAwaitTextReceipt, "Input.dispatchKeyEvent",
                {{"type", "char"},
                 {"text", text},
                 {"key", text},

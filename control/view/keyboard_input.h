@@ -6,13 +6,13 @@
 
 namespace tarvik {
 
-// Keyboard messages of a window, sent to a page: keys as keys, characters as text, composed ones included.
+// Forwards keyboard messages of a window to a page: keys as keys, characters, also composed ones, as text.
 class KeyboardInput {
   public:
-    KeyboardInput(HWND window, InputQueue& queue, PageSide& page)
-        : window_(window), queue_(queue), page_(page) {}
+    KeyboardInput(HWND window, InputQueue& queue, ViewScript& script)
+        : window_(window), queue_(queue), script_(script) {}
 
-    // False if it is no keyboard message, or one that the system must see (Alt+F4, Alt+Space).
+    // False for other messages, and for those that the system must process too (Alt+F4, Alt+Space).
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
@@ -21,7 +21,7 @@ class KeyboardInput {
 
     HWND window_;
     InputQueue& queue_;
-    PageSide& page_;
+    ViewScript& script_;
     wchar_t highSurrogate_ = 0;
 };
 

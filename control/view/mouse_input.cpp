@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-// As browsers of the engine's family do: three lines a notch, the usual setting, are 100 pixels.
+// Three lines a notch, the default, are 100 pixels, as in browsers of the engine's family.
 constexpr double kPixelsPerLine = 100.0 / 3;
 constexpr POINT kOutside = {-1, -1};
 
@@ -33,13 +33,13 @@ int KeyModifiers() {
     return held(VK_MENU, 1) | held(VK_CONTROL, 2) | held(VK_LWIN, 4) | held(VK_RWIN, 4) | held(VK_SHIFT, 8);
 }
 
-// In the order in which a move names the one that is held.
+// A move names the first of these that is held.
 constexpr MouseInput::Button MouseInput::kButtons[] = {
     {"left", 1, WM_LBUTTONUP}, {"right", 2, WM_RBUTTONUP},    {"middle", 4, WM_MBUTTONUP},
     {"back", 8, WM_XBUTTONUP}, {"forward", 16, WM_XBUTTONUP},
 };
 
-// The messages of a button follow one another: press, release, second press of a double click.
+// The messages of a button are consecutive numbers: press, release, double click.
 const MouseInput::Button* MouseInput::FindButton(UINT message, WPARAM wParam) {
     for (const Button& button : kButtons) {
         if (message < button.release - 1 || message > button.release + 1) continue;
@@ -74,7 +74,7 @@ bool MouseInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_MOUSELEAVE:
             tracking_ = false;
-            // What is dragged goes on outside; Wine tells of leaving all the same.
+            // A drag continues outside of the window, where Wine sends this message too.
             if (!buttons_) OnMove(kOutside);
             return true;
         case WM_CAPTURECHANGED:
@@ -94,7 +94,8 @@ void MouseInput::OnMove(POINT point) {
     last_ = point;
     const Button* const held = std::find_if(std::begin(kButtons), std::end(kButtons),
                                             [&](const Button& button) { return buttons_ & button.bit; });
-    Send(InputQueue::Care::kLatest, "mouseMoved", point, held == std::end(kButtons) ? "none" : held->name, 0);
+    Send(InputQueue::DeliveryMode::kCoalesce, "mouseMoved", point,
+         held == std::end(kButtons) ? "none" : held->name, 0);
 }
 
 void MouseInput::OnPress(const Button& button, POINT point) {
@@ -102,39 +103,39 @@ void MouseInput::OnPress(const Button& button, POINT point) {
     last_ = point;
     buttons_ |= button.bit;
     const auto time = static_cast<DWORD>(GetMessageTime());
-    Send(InputQueue::Care::kSeen, "mousePressed", point, button.name, clicks_.Press(button.bit, point, time));
+    Send(InputQueue::DeliveryMode::kAwaitReceipt, "mousePressed", point, button.name,
+         clicks_.Press(button.bit, point, time));
 }
 
-// A button that went down somewhere else, or that the page was told of when the pointer was taken away, is
-// not its business.
+// Ignores a button that was pressed elsewhere, or whose release the page received when the capture was lost.
 void MouseInput::OnRelease(const Button& button, POINT point) {
     if (!(buttons_ & button.bit)) return;
     last_ = point;
     buttons_ &= ~button.bit;
-    Send(InputQueue::Care::kSeen, "mouseReleased", point, button.name, clicks_.Last());
+    Send(InputQueue::DeliveryMode::kAwaitReceipt, "mouseReleased", point, button.name, clicks_.Last());
     if (!buttons_ && GetCapture() == window_) ReleaseCapture();
 }
 
-// A menu or the dragging of the window takes the pointer with its button down: the release will not come
-// here. Outside of everything it ends a drag and clicks nothing.
+// A menu or the dragging of the window takes the capture while a button is down, so the release arrives
+// elsewhere. A release outside of the page ends a drag without a click.
 void MouseInput::OnCaptureLost() {
     for (const Button& button : kButtons)
         OnRelease(button, kOutside);
 }
 
 void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
-    // Both messages carry a place on the screen; with Wine's horizontal one it is in the window.
+    // Both messages carry a screen position, except that Wine's horizontal one is relative to the window.
     POINT point = PointOf(horizontal ? static_cast<LPARAM>(GetMessagePos()) : lParam);
     ScreenToClient(window_, &point);
     const double distance =
         GET_WHEEL_DELTA_WPARAM(wParam) * PixelsPerNotch(window_, horizontal) / WHEEL_DELTA;
-    // Windows turns the wheel away from the user for more; pages count downward. To the right both agree.
-    Send(InputQueue::Care::kInTurn, "mouseWheel", point, "none", 0,
+    // Windows counts upwards, pages downwards. To the right both agree.
+    Send(InputQueue::DeliveryMode::kFireAndForget, "mouseWheel", point, "none", 0,
          {{"deltaX", horizontal ? distance : 0.0}, {"deltaY", horizontal ? 0.0 : -distance}});
 }
 
-void MouseInput::Send(InputQueue::Care care, const char* type, POINT point, const char* button, int clicks,
-                      Json more) {
+void MouseInput::Send(InputQueue::DeliveryMode mode, const char* type, POINT point, const char* button,
+                      int clicks, Json more) {
     more.update({{"type", type},
                  {"x", point.x},
                  {"y", point.y},
@@ -142,7 +143,7 @@ void MouseInput::Send(InputQueue::Care care, const char* type, POINT point, cons
                  {"buttons", buttons_},
                  {"clickCount", clicks},
                  {"modifiers", KeyModifiers()}});
-    queue_.Add(care, "Input.dispatchMouseEvent", std::move(more));
+    queue_.Add(mode, "Input.dispatchMouseEvent", std::move(more));
 }
 
 }  // namespace tarvik

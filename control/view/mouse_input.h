@@ -10,21 +10,21 @@ namespace tarvik {
 // The state of Shift, Ctrl, Alt and the Windows key, as DevTools names it.
 int KeyModifiers();
 
-// Mouse messages of a window, sent to a page. The pointer is captured while a button is held.
+// Forwards mouse messages of a window to a page. The pointer is captured while a button is held.
 class MouseInput {
   public:
     MouseInput(HWND window, InputQueue& queue) : window_(window), queue_(queue) {}
 
-    // False if it is no mouse message.
+    // False for other messages.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // Whether a button goes down, which also asks for the keyboard.
+    // Whether the message is a press of a button, which also takes the keyboard focus.
     static bool IsPress(UINT message);
 
-    // A button that the page was told of is still down.
+    // Whether a button whose press the page received is still down.
     bool IsHeld() const { return buttons_ != 0; }
 
-    // Where the pointer is in the window; (-1, -1) when it has left.
+    // The pointer's position in the window; (-1, -1) outside.
     POINT LastPoint() const { return last_; }
 
   private:
@@ -41,12 +41,12 @@ class MouseInput {
     void OnRelease(const Button& button, POINT point);
     void OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal);
     void OnCaptureLost();
-    void Send(InputQueue::Care care, const char* type, POINT point, const char* button, int clicks,
+    void Send(InputQueue::DeliveryMode mode, const char* type, POINT point, const char* button, int clicks,
               Json more = Json::object());
 
     HWND window_;
     InputQueue& queue_;
-    int buttons_ = 0;  // that are held, as the page knows it
+    int buttons_ = 0;  // whose press the page received, and not the release
     POINT last_ = {-1, -1};
     bool tracking_ = false;
     ClickCounter clicks_;

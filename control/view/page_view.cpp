@@ -6,25 +6,25 @@
 #include "control/view/input_queue.h"
 #include "control/view/keyboard_input.h"
 #include "control/view/mouse_input.h"
-#include "control/view/page_side.h"
 #include "control/view/placement.h"
 #include "control/view/screencast.h"
+#include "control/view/view_script.h"
 
 namespace tarvik {
 
 struct PageView::Shown {
     Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable)
         : target(page),
-          side(page, textIsSelectable),
+          script(page, textIsSelectable),
           placement(window, page),
-          queue(page, side),
+          queue(page, script),
           mouse(window, queue),
-          keyboard(window, queue, side),
-          cursor(window, side),
+          keyboard(window, queue, script),
+          cursor(window, script),
           screencast(window, page, picture) {}
 
     PageTarget& target;
-    PageSide side;
+    ViewScript script;
     Placement placement;
     InputQueue queue;
     MouseInput mouse;
@@ -43,20 +43,20 @@ void PageView::SetTarget(PageTarget* target) {
     if (target) {
         SetNotice({});
         shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable);
-        TellFocus();
+        ForwardFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
 }
 
-// Readers of the screen find it as the window's text.
+// Screen readers read the window's text.
 void PageView::SetNotice(const std::wstring& text) {
     notice_ = text;
     SetWindowTextW(window_, text.c_str());
     InvalidateRect(window_, nullptr, FALSE);
 }
 
-void PageView::SetParked(bool parked) {
-    if (shown_) shown_->queue.SetParked(parked);
+void PageView::SetInNativeCall(bool inCall) {
+    if (shown_) shown_->queue.SetInNativeCall(inCall);
 }
 
 bool PageView::IsMouseHeld() const {
@@ -66,35 +66,36 @@ bool PageView::IsMouseHeld() const {
 void PageView::OnEvent(std::string_view method, const Json& params) {
     if (!shown_) return;
     shown_->queue.OnEvent(method);
-    const auto word = shown_->side.Hear(method, params);
-    if (!word) return;
-    if (word->kind == PageSide::Word::Kind::kCopied)
-        PutOnClipboard(window_, word->text);
+    const auto event = shown_->script.ParseEvent(method, params);
+    if (!event) return;
+    if (event->type == ViewScript::PageEvent::Type::kCopied)
+        CopyToClipboard(window_, event->text);
     else
-        options_.onNewWindow(word->text);
+        options_.onNewWindow(event->text);
 }
 
-void PageView::ShowEditMenu(POINT screen) {
+void PageView::OpenEditMenu(POINT screen) {
     if (!shown_) return;
-    shown_->side.Ask("hasSelection", "", [this, shown = std::weak_ptr(shown_), screen](const Json& answer) {
-        if (!shown.expired()) RunEditMenu(screen, answer == true);
-    });
+    shown_->script.Call("hasSelection", "",
+                        [this, shown = std::weak_ptr(shown_), screen](const Json& result) {
+                            if (!shown.expired()) RunEditMenu(screen, result == true);
+                        });
 }
 
-// The page may go while the menu is open, and this view with it.
+// The page, and this view with it, may be destroyed while the menu is open.
 void PageView::RunEditMenu(POINT screen, bool hasSelection) {
     const std::weak_ptr<Shown> before = shown_;
-    const EditCommand command = PickEditCommand(window_, screen, hasSelection);
+    const EditCommand command = ShowEditMenu(window_, screen, hasSelection);
     const auto shown = before.lock();
     if (!shown || command == EditCommand::kNone) return;
-    if (command == EditCommand::kPaste) BringClipboard(window_, shown->queue, shown->side);
-    // The engine runs editing commands with a key event that means nothing else.
-    shown->queue.Add(InputQueue::Care::kSeen, "Input.dispatchKeyEvent",
+    if (command == EditCommand::kPaste) QueueClipboardText(window_, shown->queue, shown->script);
+    // The engine runs an editing command as part of a key event, here one without a key.
+    shown->queue.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
                      {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
 }
 
-// The engine has a desktop of its own, on which no window is ever left.
-void PageView::TellFocus() {
+// The headless engine's own windows never lose the focus.
+void PageView::ForwardFocus() {
     shown_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
 }
 
@@ -109,7 +110,7 @@ void PageView::Paint() {
         PaintNotice(target, area, notice_);
     }
     EndPaint(window_, &paint);
-    if (shown_) shown_->screencast.Want();
+    if (shown_) shown_->screencast.EnsureRunning();
 }
 
 bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -120,9 +121,9 @@ bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
             return true;
         case WM_ERASEBKGND:
             *result = 1;
-            return true;  // painting covers everything
+            return true;  // WM_PAINT covers everything
         case WM_SIZE:
-            // A notice stands in the middle of the whole.
+            // A notice is centred in the window.
             if (!notice_.empty()) InvalidateRect(window_, nullptr, FALSE);
             break;
         case WM_GETDLGCODE:
@@ -139,14 +140,14 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
     switch (message) {
         case Screencast::kFrameMessage:
             shown.screencast.OnFrame();
-            shown.cursor.Renew();
+            shown.cursor.Refresh();
             return true;
         case WM_TIMER:
             if (wParam == PageCursor::kTimer) shown.cursor.OnTimer();
             if (wParam == Screencast::kTimer) shown.screencast.OnTimer();
             return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
         case WM_SIZE:
-            shown.screencast.ExpectChange();
+            shown.screencast.ExpectResize();
             [[fallthrough]];
         case WM_MOVE:
             shown.placement.Update();
@@ -158,7 +159,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
             return true;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            TellFocus();
+            ForwardFocus();
             return false;
         default:
             return HandleInput(message, wParam, lParam, result);
@@ -168,14 +169,14 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
 bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const std::weak_ptr<Shown> before = shown_;
     if (MouseInput::IsPress(message)) SetFocus(window_);
-    // Who loses the focus may do as he likes, also close this page.
+    // A blur handler may close this page.
     if (before.expired()) return true;
     Shown& shown = *shown_;
     if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) shown.placement.Update();
     if (!shown.mouse.HandleMessage(message, wParam, lParam))
         return shown.keyboard.HandleMessage(message, wParam, lParam);
-    shown.cursor.Follow(shown.mouse.LastPoint());
-    // The buttons at the side have an answer of their own.
+    shown.cursor.SetPosition(shown.mouse.LastPoint());
+    // Messages of the X buttons return TRUE.
     *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
     return true;
 }

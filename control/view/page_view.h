@@ -11,14 +11,14 @@
 
 namespace tarvik {
 
-// The picture of a page in a window, and the way of the window's input to the page. The window belongs to the
-// page control, whose procedure hands its messages over. It uses WM_APP + 1 and the timers 1 and 2. Main
-// thread.
+// Shows the picture of a page in a window and forwards the window's input to the page. The window belongs to
+// the page control, whose procedure passes its messages on. The view uses WM_APP + 1 and the timers 1 and 2.
+// Main thread.
 class PageView {
   public:
     struct Options {
         bool textIsSelectable = true;  // by the mouse
-        // The page asks for a window with this address.
+        // The page requests a window with this address.
         std::function<void(const std::wstring& url)> onNewWindow;
     };
     PageView(HWND window, Options options);
@@ -26,36 +26,36 @@ class PageView {
     PageView(const PageView&) = delete;
     PageView& operator=(const PageView&) = delete;
 
-    // The target that is shown, before its first navigation; null shows the notice. Not owned: the view lets
-    // go of it before it ends. Throws StatusError.
+    // Sets the target to show, before its first navigation; null shows the notice. The target is not owned
+    // and outlives its use here. Throws StatusError.
     void SetTarget(PageTarget* target);
 
-    // A text in place of the page.
+    // The text to show in place of a page.
     void SetNotice(const std::wstring& text);
 
-    // True if the message was dealt with, and `result` is its answer.
+    // True if the message was handled; then `result` is its return value.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-    // Every event of the target's session, in order; others want them too.
+    // Receives every event of the target's session, in order. Other listeners get the events too.
     void OnEvent(std::string_view method, const Json& params);
 
-    // The page waits in a native call: the last picture stays, and input waits with it.
-    void SetParked(bool parked);
+    // Whether the page is in a native call. Its input waits meanwhile.
+    void SetInNativeCall(bool inCall);
 
-    // A mouse button that the page was told of is still down.
+    // Whether a mouse button whose press the page received is still down.
     bool IsMouseHeld() const;
 
-    // The menu of a text field, once the page has told what is selected.
-    void ShowEditMenu(POINT screen);
+    // Opens the menu of a text field, after a query of the page's selection.
+    void OpenEditMenu(POINT screen);
 
   private:
-    struct Shown;  // what there is for one target
+    struct Shown;  // the parts that belong to one target
 
     void Paint();
     void RunEditMenu(POINT screen, bool hasSelection);
     bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
-    void TellFocus();
+    void ForwardFocus();
 
     HWND window_;
     const Options options_;

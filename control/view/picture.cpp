@@ -8,9 +8,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr COLORREF kPaper = RGB(255, 255, 255);
-constexpr COLORREF kNoticePaper = RGB(245, 247, 249);
-constexpr COLORREF kNoticeInk = RGB(70, 84, 99);
+constexpr COLORREF kBackground = RGB(255, 255, 255);
+constexpr COLORREF kNoticeBackground = RGB(245, 247, 249);
+constexpr COLORREF kNoticeText = RGB(70, 84, 99);
 
 void Fill(HDC target, const RECT& area, COLORREF colour) {
     if (area.left >= area.right || area.top >= area.bottom) return;
@@ -48,7 +48,7 @@ SIZE Picture::Size() const {
 
 void Picture::Paint(HDC target, const RECT& area) const {
     const std::lock_guard lock(lock_);
-    if (pixels_.colours.empty()) return Fill(target, area, kPaper);
+    if (pixels_.colours.empty()) return Fill(target, area, kBackground);
     const int width = std::min<int>(pixels_.width, area.right);
     const int height = std::min<int>(pixels_.height, area.bottom);
     BITMAPINFO format = {};
@@ -62,11 +62,11 @@ void Picture::Paint(HDC target, const RECT& area) const {
 }
 
 void PaintNotice(HDC target, const RECT& area, const std::wstring& text) {
-    Fill(target, area, kNoticePaper);
+    Fill(target, area, kNoticeBackground);
     const UniqueGdi font = NoticeFont();
     const HGDIOBJ before = SelectObject(target, font.Get());
     SetBkMode(target, TRANSPARENT);
-    SetTextColor(target, kNoticeInk);
+    SetTextColor(target, kNoticeText);
     RECT box = area;
     InflateRect(&box, -40, 0);
     RECT measured = box;

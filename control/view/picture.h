@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-// The last frame of a page. The decoder's thread replaces it, the window's thread paints it.
+// The last frame of a page. The decoder's thread replaces it; the window's thread paints it.
 class Picture {
   public:
     struct Pixels {
@@ -18,13 +18,13 @@ class Picture {
         std::vector<std::uint32_t> colours;  // top row first, 0x00RRGGBB
     };
 
-    // Swaps the new frame in; the old one's memory comes back in its place.
+    // Swaps in the new frame, and returns the memory of the old one in its place.
     void Replace(Pixels& pixels);
     void Clear();
-    SIZE Size() const;  // nothing before the first frame
+    SIZE Size() const;  // empty before the first frame
 
-    // Paints the frame without scaling. Where it does not reach, as while a window grows, its last colour
-    // goes on.
+    // Paints the frame without scaling. The area beyond it, as while a window grows, gets the colour of its
+    // last pixel.
     void Paint(HDC target, const RECT& area) const;
 
   private:

@@ -6,8 +6,7 @@ namespace tarvik {
 
 namespace {
 
-// What the engine's window has around its page is all above it, but for a border that is the same on all
-// sides.
+// The frame of the engine's window is above the page, except for a border of the same width on all sides.
 constexpr const char* kInset =
     "[(outerWidth - innerWidth) / 2, (outerHeight - innerHeight) - (outerWidth - innerWidth) / 2]";
 
@@ -48,7 +47,7 @@ Placement::Place Placement::Measure() const {
     return {{area.right, area.bottom}, origin, ScreenOf(window_)};
 }
 
-// One change at a time: a window that is being dragged changes faster than a page can be laid out.
+// One change at a time: a window that is being dragged changes faster than the page is laid out.
 void Placement::Update() {
     if (sending_) return;
     const Place place = Measure();
@@ -59,7 +58,7 @@ void Placement::Update() {
         "", "Browser.setWindowBounds",
         {{"windowId", engineWindow_},
          {"bounds", {{"left", place.origin.x - inset_.x}, {"top", place.origin.y - inset_.y}}}});
-    // Negative places are refused there.
+    // This command refuses negative positions.
     target_.Post("Emulation.setDeviceMetricsOverride",
                  {{"width", place.size.cx},
                   {"height", place.size.cy},

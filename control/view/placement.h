@@ -8,18 +8,17 @@
 
 namespace tarvik {
 
-// Keeps the engine's idea of a page's size and of its place on the screen like that of a window, so that a
-// page finds its own size, window.screenX, event.screenX and screen.width as they are.
+// Keeps the size and screen position that the engine reports to a page equal to those of a window:
+// window.innerWidth, window.screenX, event.screenX and screen.width.
 class Placement {
   public:
-    // Asks the engine, and so before the target's first navigation. Throws StatusError.
+    // Before the target's first navigation; queries the engine. Throws StatusError.
     Placement(HWND window, PageTarget& target);
     ~Placement() { *alive_ = false; }
     Placement(const Placement&) = delete;
     Placement& operator=(const Placement&) = delete;
 
-    // The window may have changed. Nobody is told when a window moves with its parent, so this is called
-    // before all that depends on it.
+    // Call before anything that depends on the position: a window gets no message when its parent moves.
     void Update();
 
   private:
@@ -34,7 +33,7 @@ class Placement {
     HWND window_;
     PageTarget& target_;
     Json engineWindow_;
-    POINT inset_ = {};  // of the page in the engine's own window
+    POINT inset_ = {};  // of the page in the engine's window
     Place sent_ = {};
     bool sending_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

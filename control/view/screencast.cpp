@@ -6,18 +6,18 @@ namespace tarvik {
 
 namespace {
 
-// PNG loses nothing and is cheap for plain pages. Pictures that fill a window are dear in it. Measured.
-constexpr double kDearBytes = 0.5;   // a pixel
-constexpr double kLivelyFrames = 5;  // a second
+// PNG is lossless and cheap for most pages, but expensive for photographs and the like. Measured.
+constexpr double kExpensiveBytes = 0.5;  // a pixel
+constexpr double kAnimatedFrames = 5;    // a second
 constexpr int kJpegQuality = 80;
 
 // Milliseconds
-constexpr ULONGLONG kMoment = 1000;
-constexpr ULONGLONG kHurry = 100;
-constexpr UINT kCalm = 150;
-constexpr UINT kLongestDelay = 5000;
+constexpr ULONGLONG kMeasurePeriod = 1000;
+constexpr ULONGLONG kQuickSuccession = 100;
+constexpr UINT kCalmPeriod = 150;
+constexpr UINT kMaxDelay = 5000;
 
-// So many frames a page gets that is not shown yet, so that its picture is there when it is.
+// Frames for a window that is not shown yet, so that its picture is ready when it is.
 constexpr int kUnseenFrames = 60;
 
 bool IsSeen(HWND window) {
@@ -43,7 +43,7 @@ Screencast::~Screencast() {
 
 void Screencast::OnArrived(std::string_view base64) {
     const ULONGLONG now = GetTickCount64();
-    if (now - arrived_ < kHurry) hurried_ = true;
+    if (now - arrived_ < kQuickSuccession) hurried_ = true;
     arrived_ = now;
     decoder_.Submit(base64);
 }
@@ -60,7 +60,7 @@ void Screencast::Start() {
     if (format_ == Format::kJpeg) parameters["quality"] = kJpegQuality;
     target_.Post("Page.startScreencast", std::move(parameters));
     running_ = true;
-    SetDelay(std::max(delay_, kCalm));
+    SetDelay(std::max(delay_, kCalmPeriod));
 }
 
 void Screencast::Stop() {
@@ -86,30 +86,30 @@ void Screencast::SetDelay(UINT milliseconds) {
     }
 }
 
-void Screencast::Want() {
+void Screencast::EnsureRunning() {
     unseen_ = 0;
     if (!running_) Start();
 }
 
-void Screencast::ExpectChange() {
-    if (running_) SetDelay(kCalm);
+void Screencast::ExpectResize() {
+    if (running_) SetDelay(kCalmPeriod);
 }
 
 void Screencast::OnFrame() {
     posted_ = false;
     if (!running_) return;
-    SetDelay(IsSettled() ? 0 : kCalm);
+    SetDelay(IsSettled() ? 0 : kCalmPeriod);
     if (!IsSeen(window_)) {
         if (++unseen_ > kUnseenFrames) Stop();
         return;
     }
     InvalidateRect(window_, nullptr, FALSE);
-    // Frames come faster than a busy thread has idle moments, in which paints are made.
+    // WM_PAINT comes only to an idle queue, which a quick succession of frames never leaves.
     UpdateWindow(window_);
     ChooseFormat();
 }
 
-// Whether the picture is what the page looks like, unless it changes again.
+// Whether the picture shows the page's current state.
 bool Screencast::IsSettled() {
     RECT area = {};
     GetClientRect(window_, &area);
@@ -118,24 +118,24 @@ bool Screencast::IsSettled() {
     return !hurried_.exchange(false) && fits && format_ == Format::kPng;
 }
 
-// A page that gives no frame now has its reasons; it is asked less and less.
+// A page that sends no frame now may have stopped painting, so the delay grows.
 void Screencast::OnTimer() {
-    delay_ = std::min(delay_ * 2, kLongestDelay);
+    delay_ = std::min(delay_ * 2, kMaxDelay);
     Restart(Format::kPng);
 }
 
 void Screencast::ChooseFormat() {
     const ULONGLONG now = GetTickCount64();
-    if (now - since_ < kMoment) return;
+    if (now - since_ < kMeasurePeriod) return;
     const double seconds = static_cast<double>(now - since_) / 1000;
     const bool first = since_ == 0;
     const int frames = frames_.exchange(0);
     const double bytes = static_cast<double>(bytes_.exchange(0));
     since_ = now;
     const SIZE size = picture_.Size();
-    const double dear = kDearBytes * size.cx * size.cy;
-    const bool lively = !first && frames / seconds >= kLivelyFrames;
-    if (format_ == Format::kPng && lively && bytes / frames > dear) Restart(Format::kJpeg);
+    const double expensive = kExpensiveBytes * size.cx * size.cy;
+    const bool animated = !first && frames / seconds >= kAnimatedFrames;
+    if (format_ == Format::kPng && animated && bytes / frames > expensive) Restart(Format::kJpeg);
 }
 
 }  // namespace tarvik

@@ -10,12 +10,11 @@
 
 namespace tarvik {
 
-// Keeps a picture of a target up to date, and paints a window when it has changed. Frames cost time even when
-// nobody sees them: it stops when the window cannot be seen and they keep coming, and goes on when the window
-// is painted.
+// Keeps a picture of a target up to date and repaints a window when it changes. Frames cost time even if the
+// window is invisible: then the screencast stops after some frames, and resumes when the window is painted.
 //
-// The engine leaves frames out when they come quickly or while a page changes its size, also the last one. So
-// once a page is calm after such a time, it is asked for its picture again.
+// The engine skips frames in quick succession and during a resize, sometimes the last one too. So the
+// screencast is restarted once the page is calm again, which makes the engine send its picture.
 class Screencast {
   public:
     Screencast(HWND window, PageTarget& target, Picture& picture);
@@ -23,12 +22,12 @@ class Screencast {
     Screencast(const Screencast&) = delete;
     Screencast& operator=(const Screencast&) = delete;
 
-    // The window is being painted: frames are wanted.
-    void Want();
-    // The page is getting another size.
-    void ExpectChange();
+    // Starts it if it has stopped: the window is being painted.
+    void EnsureRunning();
+    // The page is being resized.
+    void ExpectResize();
 
-    // A frame has arrived, on the window's thread. The view posts this message to its window on the way.
+    // Handles kFrameMessage, which the decoder posts to the window.
     void OnFrame();
     static constexpr UINT kFrameMessage = WM_APP + 1;
 
@@ -53,12 +52,12 @@ class Screencast {
     bool running_ = false;
     int unseen_ = 0;  // frames since the window was seen
     Format format_ = Format::kPng;
-    UINT delay_ = 0;                    // until the picture is asked for again; 0: it is the page's
-    ULONGLONG arrived_ = 0;             // when the last frame did, on the reader's thread
-    std::atomic<bool> hurried_{false};  // two came shortly one after the other
+    UINT delay_ = 0;                    // until the restart; 0 if the picture is up to date
+    ULONGLONG arrived_ = 0;             // time of the last frame, on the reader's thread
+    std::atomic<bool> hurried_{false};  // two arrived in quick succession
     std::atomic<bool> posted_{false};
 
-    // The frames of the last moment, and what they took.
+    // The frames of the current period, and their size.
     std::atomic<int> frames_{0};
     std::atomic<long long> bytes_{0};
     ULONGLONG since_ = 0;

@@ -18,7 +18,7 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr int kReadings = 20;
 // What was let go of may take its time.
-constexpr auto kPatience = std::chrono::seconds(20);
+constexpr auto kTimeout = std::chrono::seconds(20);
 
 }  // namespace
 
@@ -42,7 +42,7 @@ bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& ste
             last = read_();
             return last.holdings.GrownSince(readings_[0].holdings).empty();
         },
-        kPatience);
+        kTimeout);
     Note(steps, std::move(last));
     const std::string grown = readings_.back().holdings.GrownSince(readings_[0].holdings) + Risen();
     std::printf("%s: %d, %s\n\n", name_, steps, grown.empty() ? "nothing grew" : grown.c_str());

@@ -30,7 +30,7 @@ namespace fs = std::filesystem;
 using Process = EngineProcesses::Process;
 
 // The shell of an engine waits for 20 seconds for a host that was killed, and a host as long for its engine.
-constexpr DWORD kPatience = 90'000;
+constexpr DWORD kTimeout = 90'000;
 
 std::mt19937 chance;
 
@@ -117,7 +117,7 @@ class Subject {
         return static_cast<long>(std::ranges::count(program.Lines(), page));
     }
     bool Shows(const char* page) const {
-        return WaitFor([&] { return Count(page) > 0; }, kPatience);
+        return WaitFor([&] { return Count(page) > 0; }, kTimeout);
     }
 
     // The text of its window when there is no page.
@@ -135,7 +135,7 @@ class Subject {
 
     // Of all engines of this program, after the time that they need to end.
     std::string LeftOfEngine() {
-        if (WaitFor([this] { return engine.Left().empty(); }, kPatience)) return {};
+        if (WaitFor([this] { return engine.Left().empty(); }, kTimeout)) return {};
         return "left behind: " + engine.Left();
     }
 
@@ -195,12 +195,12 @@ class Faults {
         Subject subject(packed_);
         subject.program.Start();
         const auto isStarted = [&] { return std::ranges::any_of(subject.engine.Look(), &Process::IsEngine); };
-        if (!WaitFor(isStarted, kPatience)) return "no engine is started";
+        if (!WaitFor(isStarted, kTimeout)) return "no engine is started";
         Sleep(Random(2000));
         const long shown = subject.Count("unpacked");
         subject.engine.Kill(&Process::IsEngine);
         const auto isOver = [&] { return !subject.Notice().empty() || subject.Count("unpacked") > shown; };
-        if (!WaitFor(isOver, kPatience)) return "neither a notice nor a page";
+        if (!WaitFor(isOver, kTimeout)) return "neither a notice nor a page";
         return subject.End();
     }
 
@@ -257,8 +257,7 @@ class Faults {
         subject.program.SetVariable(L"TARVIK_FAULT", Widen(fault.what));
         subject.program.Start();
         if (fault.works && !subject.Shows("unpacked")) return "no page";
-        if (!fault.works && !WaitFor([&] { return !subject.Notice().empty(); }, kPatience))
-            return "no notice";
+        if (!fault.works && !WaitFor([&] { return !subject.Notice().empty(); }, kTimeout)) return "no notice";
         return subject.End();
     }
 

@@ -28,7 +28,7 @@
 namespace tarvik {
 namespace {
 
-constexpr auto kPatience = std::chrono::seconds(30);
+constexpr auto kTimeout = std::chrono::seconds(30);
 
 // What is done when a page calls; the page waits meanwhile.
 struct SoakAnswers {
@@ -181,7 +181,7 @@ class Soak {
     }
 
     bool IsEngineGone() {
-        if (PumpUntil([this] { return census_.Left().empty(); }, kPatience)) return true;
+        if (PumpUntil([this] { return census_.Left().empty(); }, kTimeout)) return true;
         return std::printf("left of the engine: %s\n", census_.Left().c_str()), false;
     }
 
@@ -203,7 +203,7 @@ class Soak {
 
     static bool Becomes(const std::function<bool()>& condition,
                         std::source_location place = std::source_location::current()) {
-        if (PumpUntil(condition, kPatience)) return true;
+        if (PumpUntil(condition, kTimeout)) return true;
         return std::printf("what line %u waits for does not come\n", place.line()), false;
     }
 

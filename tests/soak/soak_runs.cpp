@@ -24,7 +24,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kRuns = 50;
-constexpr auto kPatience = std::chrono::seconds(60);
+constexpr auto kTimeout = std::chrono::seconds(60);
 constexpr ULONG kFileSize = 300'000;
 
 enum class End { kSuccess, kFailure, kSilence };
@@ -163,7 +163,7 @@ bool RunRound(std::mt19937& random, bool closesWindow) {
     }
     if (closesWindow) ground.CloseWindow();
     const auto isOver = [](const auto& run) { return run.second->IsOver(); };
-    bool good = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kPatience);
+    bool good = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kTimeout);
     if (!good) std::printf("%d runs ended\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
     for (const auto& [errand, run] : runs)
         good &= EndedAsItMust(errand, run->End().text);

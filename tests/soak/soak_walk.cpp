@@ -28,7 +28,7 @@
 namespace tarvik {
 namespace {
 
-constexpr auto kPatience = std::chrono::seconds(60);
+constexpr auto kTimeout = std::chrono::seconds(60);
 constexpr UINT kPause = 50;
 constexpr int kStepsOfAWalk = 60;
 
@@ -238,7 +238,7 @@ class Walks {
             }
             return steps >= end;
         };
-        if (PumpUntil(isThrough, kPatience)) return true;
+        if (PumpUntil(isThrough, kTimeout)) return true;
         return std::printf("%d steps are missing\n", end - steps), false;
     }
 

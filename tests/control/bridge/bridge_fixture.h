@@ -75,7 +75,7 @@ inline std::span<const Member<Desk>> Desk::Members() {
 }
 
 // A page of the engine with the bridge and no window. The engine stays up from test to test.
-class BridgedPage : public WorldOwner {
+class BridgedPage : public ScriptContextDelegate {
   public:
     BridgedPage() : target(DevTools::Acquire()) {
         target.Engine().Listen(target.Session(), [this](std::string_view method, const Json& params) {
@@ -103,15 +103,17 @@ class BridgedPage : public WorldOwner {
         return reply["result"].value("value", std::string("undefined"));
     }
     // A value of the page as native code gets it.
-    Variant Get(const wchar_t* global) { return ReadScriptProperty(bridge->World()->Window().Get(), global); }
+    Variant Get(const wchar_t* global) {
+        return ReadScriptProperty(bridge->Context()->Window().Get(), global);
+    }
 
-    void OnDocumentStart() override { bridge->World()->SetExternal(desk.Get()); }
+    void OnDocumentStart() override { bridge->Context()->SetExternal(desk.Get()); }
     void OnOpenWindow(const std::wstring& url) override { opened.push_back(url); }
     void OnCloseWindow() override {}
     Variant OnDialog(const std::string&, const std::wstring&, const std::wstring&) override { return {}; }
     void OnContextMenu(POINT, IDispatch*) override {}
     void OnMouseDown() override {}
-    void OnParked(bool) override {}
+    void OnNativeCall(bool) override {}
 
     ComPtr<Desk> desk = MakeCom<Desk>();
     std::vector<std::wstring> opened;

@@ -113,7 +113,7 @@ TEST(Engine, IsHeardAfterMessagesOfAWrongShape) {
 TEST(Engine, IsAskedAgainToCloseAPageThatStays) {
     ScriptedEngine engine(R"({"id":1,"result":{"targetInfos":[{"type":"page","targetId":"first"}]}})"
                           "\0"s);
-    engine.connection->Greet();
+    engine.connection->Handshake();
     const auto nextToClose = [&] {
         for (;;) {
             const Json command = engine.NextCommand();

@@ -1,7 +1,7 @@
-// What the language brings, as it was before the page's own script. Pages may replace what they like of it, and hang what
-// they like on Object.prototype. So what is needed later is taken aside here, what others read has no prototype, and
-// nothing is spread, which would ask the page's iterators.
-const takeAside = () => {
+// The language's built-ins as they were before the page's own scripts ran. Pages may replace any of them and add members
+// to Object.prototype. So every built-in that is needed later is captured here, objects that others read have no
+// prototype, and nothing is spread, which would run the page's iterators.
+const captureIntrinsics = () => {
   const { apply, construct, ownKeys } = Reflect;
   const { is, defineProperty, getOwnPropertyDescriptor, getPrototypeOf, hasOwn } = Object;
   const methodOf = (prototype, name) => {
@@ -37,9 +37,9 @@ const takeAside = () => {
     newWeakMap: mapOf(WeakMap),
     define: (object, name, value) =>
       defineProperty(object, name, { __proto__: null, value, writable: true, enumerable: true, configurable: true }),
-    // Gives a function that has keys of objects told when the objects have gone.
-    finalization: (tell) => {
-      const registry = new Registry(tell);
+    // Returns a function that registers an object with a key; `onCollected` receives the key of each collected object.
+    finalization: (onCollected) => {
+      const registry = new Registry(onCollected);
       return (object, key) => apply(register, registry, [object, key]);
     },
     isWellFormed: methodOf(String.prototype, 'isWellFormed'),
@@ -49,7 +49,7 @@ const takeAside = () => {
     deref: methodOf(WeakRef.prototype, 'deref'),
     composedPath: methodOf(Event.prototype, 'composedPath'),
     addEventListener: methodOf(EventTarget.prototype, 'addEventListener'),
-    baseAddress: getterOf(Node.prototype, 'baseURI'),  // a form named so would stand before it
+    baseAddress: getterOf(Node.prototype, 'baseURI'),  // a form of that name would shadow the property
     body: getterOf(Document.prototype, 'body'),
     address: getterOf(URL.prototype, 'href'),
   };

@@ -1,6 +1,6 @@
-// What the page's windows, its frames' included, have of the host: adopts each in turn.
-const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => {
-  const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath, toLowerCase } = own;
+// The members of a page's windows, its frames' included, that the host implements. `adopt` installs them in one window.
+const makeAdopt = (post, external, exchange, { encodeText, encode }, intrinsics) => {
+  const { apply, define, URL, setTimeout: later, address, baseAddress, composedPath, toLowerCase } = intrinsics;
 
   const textOf = (value) => value === undefined ? '' : '' + value;
 
@@ -10,7 +10,7 @@ const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => 
     try {
       if (view.name === name) return true;
     } catch {
-      // One from somewhere else has no name for us.
+      // The name of a cross-origin frame cannot be read.
     }
     for (let i = 0; i < view.length; ++i) if (hasFrame(view[i], name)) return true;
     return false;
@@ -21,42 +21,42 @@ const makeAdopt = (binding, external, exchange, { encodeText, encode }, own) => 
     return keyword === '_self' || keyword === '_top' || keyword === '_parent' || (target && hasFrame(view.top, target));
   };
 
-  // Frames of a page keep the engine's own open(); everything else is for the host to decide.
+  // Frames of the page keep the engine's own open(); the host decides about every other target.
   const makeOpen = (engineOpen, view) => function open(given, name) {
     if (isOfPage(view, textOf(name))) return apply(engineOpen, view, [given, name]);
     exchange('open', encodeText(resolve(given, view)));
     return null;
   };
 
-  // While one of the host's dialogs is open the page can be called; while one of the engine's is, it could not.
-  const ask = (type) => (message, proposal) =>
+  // The host's dialogs leave the page callable while they are open; the engine's own would block it.
+  const openDialog = (type) => (message, proposal) =>
     exchange('dialog', type + ',' + encodeText(textOf(message)) + ',' + encodeText(textOf(proposal)));
 
   const onContextMenu = (event) => {
-    // After the page's own listeners, which may have a menu of their own.
+    // After the page's own listeners, which may show their own menu.
     const element = composedPath(event)[0];
     later(() => {
       if (event.defaultPrevented) return;
-      binding('["menu",' + event.screenX + ',' + event.screenY + ',' + encode(element) + ']');
+      post('["menu",' + event.screenX + ',' + event.screenY + ',' + encode(element) + ']');
     });
   };
 
-  const onMouseDown = () => binding('["mousedown"]');
+  const onMouseDown = () => post('["mousedown"]');
 
-  // Native sinks receive the presses that bubble to the body, as on the system's control: a page can stop a press on its
+  // Native sinks receive the presses that bubble to the body, as on the system's control: a page can stop an event on its
   // way, and a press in a frame stays in its document. Adding the listener again has no effect.
   const listen = () => {
-    const body = own.body(document);
-    if (body) own.addEventListener(body, 'mousedown', onMouseDown);
+    const body = intrinsics.body(document);
+    if (body) intrinsics.addEventListener(body, 'mousedown', onMouseDown);
   };
 
   const adopt = (view) => {
     define(view, 'external', external);
     define(view, 'open', makeOpen(view.open, view));
-    if (view === window) define(view, 'close', () => binding('["close"]'));
-    define(view, 'alert', ask('"alert"'));
-    define(view, 'confirm', ask('"confirm"'));
-    define(view, 'prompt', ask('"prompt"'));
+    if (view === window) define(view, 'close', () => post('["close"]'));
+    define(view, 'alert', openDialog('"alert"'));
+    define(view, 'confirm', openDialog('"confirm"'));
+    define(view, 'prompt', openDialog('"prompt"'));
     view.addEventListener('contextmenu', onContextMenu, true);
   };
 

@@ -1,8 +1,8 @@
 // Values to the host: primitives as JSON, everything else as a tagged array: ["u"] undefined, ["n", text] a number that
 // JSON cannot write, ["i", integer] a BigInt, ["s", units] a string that is not well-formed, ["o", id] a native object,
 // ["f", number, callable] a script object.
-const makeEncoders = (records, numberOf, held, own) => {
-  const { is, define, RangeError, isWellFormed, charCodeAt, stringify } = own;
+const makeEncoders = (records, numberOf, held, intrinsics) => {
+  const { is, define, RangeError, isWellFormed, charCodeAt, stringify } = intrinsics;
   const kOverflow = -2147352566;  // DISP_E_OVERFLOW
   let lastNumber = kWindow;
 
@@ -61,7 +61,7 @@ const makeEncoders = (records, numberOf, held, own) => {
     }
   };
 
-  // Refuses before it counts references, which a call that is never sent could not release.
+  // Checks all values before it counts any reference: a call that is never posted could not release them.
   const encodeAll = (values) => {
     for (let i = 0; i < values.length; ++i) requireEncodable(values[i]);
     let text = '';

@@ -1,9 +1,9 @@
-// Native objects in script: what their proxies do. `records` knows the record of a proxy: { id, methods, owner, name,
-// shape, proxy, listed }.
-const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own) => {
-  const { bind, toPrimitive, objectPrototype, newMap } = own;
+// Native objects in script: the handlers of their proxies. `records` maps a proxy to its record: { id, methods, owner,
+// name, shape, proxy, listed }.
+const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, intrinsics) => {
+  const { bind, toPrimitive, objectPrototype, newMap } = intrinsics;
 
-  // What is known of objects that were read from `external` under one name: they come from one maker.
+  // The methods of the objects that were read from `external` under one name: they share an implementation.
   const shapes = newMap();
 
   const callMember = (id, name, ...values) => exchange('call', id + ',' + name + ',' + encodeAll(values));
@@ -17,7 +17,7 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
     return call;
   };
 
-  // Takes note of where an object was read: a call of it there is a call of that member.
+  // Notes where an object was read: calling it there calls the member.
   const adoptChild = (record, name, child) => {
     child.owner = record;
     child.name = encodeText(name);
@@ -29,11 +29,11 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
   const readMember = (record, name) => {
     const known = record.methods.get(name);
     if (known) return known;
-    // Reading this one of a native array would already push.
+    // Reading `push` of a native array would already push.
     if (name === 'push' || record.shape?.has(name)) return method(record, name);
     const value = exchange('get', record.id + ',' + encodeText(name));
     if (value === kMethod) return method(record, name);
-    if (value === kPerhapsMethod) return bound(record, name);
+    if (value === kMethodThisTime) return bound(record, name);
     const child = records.get(value);
     if (child) adoptChild(record, name, child);
     return value;
@@ -53,7 +53,7 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
     if (typeof name !== 'string') return false;
     record.listed = null;
     exchange('put', record.id + ',' + encodeText(name) + ',' + encode(value));
-    // What could be written is no method, though it may have read as empty before.
+    // A member that can be written is no method, though it may have read as empty before.
     record.methods.remove(name);
     record.shape?.remove(name);
     return true;
@@ -72,8 +72,8 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, own)
     return names;
   };
 
-  // An enumeration asks for the description of each name that it was given, once, and wants to know whether it is still
-  // there. It gets that for nothing; the value is read when somebody wants it.
+  // An enumeration requests the descriptor of each listed name once, to skip deleted members. A name that has just been
+  // listed needs no call to the host, and its value is read only on access.
   const describe = (record, name) => {
     if (!record.listed?.remove(name) && !has(record, name)) return undefined;
     return {

@@ -1,0 +1,254 @@
+#include "control/bridge/script_context.h"
+
+#include "base/status.h"
+#include "control/bridge/script_object.h"
+#include "control/bridge/script_source.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kWindow = 0;
+constexpr std::string_view kQueued = "queued";
+
+}  // namespace
+
+// A task that has been sent to the page.
+struct ScriptContext::Pending {
+    bool done = false;
+    bool lost = false;  // the page could not be reached
+    Outcome outcome;
+};
+
+ScriptContext::ScriptContext(PageTarget& target, ScriptContextDelegate& delegate,
+                             const InjectedScript& script, int contextId)
+    : target_(target), delegate_(delegate), script_(script), contextId_(contextId), natives_([this] {
+          if (alive_) target_.Post("HeapProfiler.collectGarbage");
+      }) {}
+
+ScriptContext::~ScriptContext() = default;
+
+void ScriptContext::End() {
+    const auto self = shared_from_this();
+    alive_ = false;
+    releases_.clear();
+    members_.Clear();
+    natives_.Clear();
+}
+
+ComPtr<IDispatch> ScriptContext::Window() {
+    return ObjectFor(kWindow, false);
+}
+
+// ---- Script objects that native code holds
+
+ComPtr<IDispatch> ScriptContext::ObjectFor(int number, bool callable) {
+    const auto [place, isNew] = objects_.try_emplace(number, HeldObject{nullptr, 0});
+    ++place->second.references;
+    if (!isNew) return place->second.object;
+    auto made = MakeCom<ScriptObject>(shared_from_this(), number, callable);
+    place->second.object = made.Get();
+    return made;
+}
+
+void ScriptContext::Release(int number) {
+    const auto found = objects_.find(number);
+    if (found == objects_.end()) return;
+    const int references = found->second.references;
+    objects_.erase(found);
+    if (!alive_ || number == kWindow) return;
+    releases_.emplace_back(number, references);
+    SendReleases();
+}
+
+// While a call or task is in progress, releases go with its next message. Otherwise those that accumulate
+// while a message is in flight are sent together in the next one.
+void ScriptContext::SendReleases() {
+    if (!alive_ || releases_.empty() || releasing_ || openCalls_ > 0 || !pending_.empty()) return;
+    releasing_ = true;
+    Notify(R"("release")");
+}
+
+// ---- From host to page
+
+void ScriptContext::Receive(const Json& message) {
+    const auto self = shared_from_this();
+    if (!alive_) return;
+    const std::string& operation = message.at(0).get_ref<const std::string&>();
+    if (operation == "result") return HandleResult(message);
+    if (operation == "release") return natives_.Release(message.at(1), message.at(2));
+    if (operation == "unloading") {
+        unloading_ = true;
+        return;
+    }
+    if (operation == "close") return delegate_.OnCloseWindow();
+    if (operation == "mousedown") return delegate_.OnMouseDown();
+    if (operation == "menu") {
+        const Variant element = ReadValue(message.at(3));
+        return delegate_.OnContextMenu({message.at(1), message.at(2)},
+                                       element.Is(VT_DISPATCH) ? element.pdispVal : nullptr);
+    }
+    HandleCall(operation, message);
+}
+
+void ScriptContext::HandleResult(const Json& message) {
+    awaitingReply_ = message.at(3).get<bool>();
+    const auto found = pending_.find(message.at(1).get<int>());
+    if (found == pending_.end()) return;
+    const auto pending = found->second;
+    pending->outcome = ReadOutcome(message.at(2));
+    pending->done = true;
+}
+
+bool ScriptContext::HasMember(int object, const std::wstring& name) {
+    if (openCalls_ == 0) members_.ClearStale();
+    const auto known = members_.Lookup(object, name);
+    if (known != MemberCache::Result::kUnknown) return known == MemberCache::Result::kPresent;
+    const unsigned long before = exchanges_;
+    Outcome outcome = Run({.name = members_.IsCommon(name) ? "findOne" : "find",
+                           .object = object,
+                           .member = ScriptText(name),
+                           .reportErrors = false});
+    const bool hasAll = outcome.type == Outcome::Type::kMembers;
+    const bool isPresent = hasAll ? outcome.members.contains(name) : outcome.type != Outcome::Type::kAbsent;
+    // Reading a single value may have run a getter. If that throws, the member exists all the same.
+    if (!hasAll) members_.Clear();
+    if (outcome.type == Outcome::Type::kValue) outcome.members.emplace(name, std::move(outcome.value));
+    // Meanwhile the document may have ended or made calls of its own.
+    if (alive_ && exchanges_ == before + 1)
+        members_.Store(object, std::move(outcome.members), outcome.isComplete);
+    return isPresent;
+}
+
+const Variant* ScriptContext::CachedValue(int object, const std::wstring& name) {
+    if (openCalls_ == 0) members_.ClearStale();
+    return alive_ ? members_.Value(object, name) : nullptr;
+}
+
+void ScriptContext::CheckReachable() const {
+    if (!alive_) throw StatusError(RPC_E_DISCONNECTED);
+    if (dialogOpen_) throw StatusError(RPC_E_CALL_REJECTED);
+}
+
+ScriptContext::Outcome ScriptContext::Run(const Task& task) {
+    const auto self = shared_from_this();
+    if (std::string_view(task.name) != "find") members_.Clear();
+    CheckReachable();
+    const auto engine = target_.SharedEngine();
+    const auto pending = std::make_shared<Pending>();
+    const int id = ++lastTask_;
+    pending_[id] = pending;
+    const std::string call = R"("run",)" + std::to_string(id) + ",\"" + task.name + R"(",["f",)" +
+                             std::to_string(task.object) + "]," +
+                             (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments + "]," +
+                             (task.reportErrors ? "false" : "true");
+    Send(call, [this, pending](std::string_view text) {
+        if (text == kQueued) return;
+        pending->lost = text.empty();
+        if (!text.empty()) pending->outcome = ReadOutcome(Json::parse(text));
+        pending->done = true;
+    });
+    engine->WaitUntil([&] { return pending->done || !alive_; }, INFINITE);
+    pending_.erase(id);
+    ++exchanges_;
+    if (!pending->done || pending->lost) throw StatusError(RPC_E_DISCONNECTED);
+    return std::move(pending->outcome);
+}
+
+// Sends a message that does not wake a paused page.
+void ScriptContext::Notify(const std::string& arguments) {
+    target_.Post("Runtime.evaluate",
+                 {{"expression", ReceiveCall(arguments)}, {"contextId", contextId_}, {"silent", true}},
+                 [self = shared_from_this()](const Json*) {
+                     self->releasing_ = false;
+                     self->SendReleases();
+                 });
+}
+
+void ScriptContext::ListenToMouse() {
+    Notify(R"("listen")");
+}
+
+// Sends a message to the page and resumes it if it awaits one. A resume that arrives too early is made up for
+// after the reply to the evaluation.
+void ScriptContext::Send(const std::string& call, TextHandler onReply) {
+    const bool wakes = std::exchange(awaitingReply_, false);
+    evaluations_ += wakes;
+    const auto onResult = [self = shared_from_this(), wakes,
+                           onReply = std::move(onReply)](const Json* result) {
+        std::string text;
+        if (result && !result->contains("exceptionDetails"))
+            text = result->at("result").value("value", std::string());
+        self->evaluations_ -= wakes;
+        if (text == kQueued) self->pendingResume_ = true;
+        if (onReply) onReply(text);
+        self->ResumeIfNeeded();
+    };
+    target_.Engine().Batch([&] {
+        target_.Post("Runtime.evaluate",
+                     {{"expression", ReceiveCall(call)}, {"contextId", contextId_}, {"returnByValue", true}},
+                     onResult);
+        if (wakes) Resume();
+    });
+}
+
+// An expression that delivers a message and the pending releases.
+std::string ScriptContext::ReceiveCall(const std::string& arguments) {
+    std::string releases;
+    for (const auto& [number, references] : std::exchange(releases_, {}))
+        releases += (releases.empty() ? "" : ",") + std::to_string(number) + "," + std::to_string(references);
+    return script_.CallText("receive", "[" + releases + "]," + arguments);
+}
+
+// The engine handles a plain resume on another thread, where it overtakes the evaluation sent before it every
+// third time. Continuing to a location that is never reached has the same effect and keeps the order. But
+// only a plain resume releases the objects that the engine has listed for the pause, everything on the stack;
+// the rest of the document's life they would leak.
+void ScriptContext::Resume() {
+    if (unreachableScript_.empty()) return SendResume("Debugger.resume", Json::object());
+    SendResume("Debugger.continueToLocation",
+               {{"location", {{"scriptId", unreachableScript_}, {"lineNumber", 0}}}});
+    target_.Post("Runtime.releaseObjectGroup", {{"objectGroup", "backtrace"}});
+}
+
+void ScriptContext::SendResume(std::string_view method, Json params) {
+    resuming_ = true;
+    target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
+        self->resuming_ = false;
+        self->paused_ = false;  // if the command failed, it was not paused
+        self->ResumeIfNeeded();
+    });
+}
+
+void ScriptContext::CompileUnreachableScript() {
+    target_.Post(
+        "Runtime.compileScript",
+        {{"expression", "0"}, {"sourceURL", ""}, {"persistScript", true}, {"executionContextId", contextId_}},
+        [self = shared_from_this()](const Json* result) {
+            if (result) self->unreachableScript_ = result->value("scriptId", std::string());
+        });
+}
+
+// A page pauses only after it has read its inbox, so it does not know of messages queued from now on.
+void ScriptContext::OnPaused() {
+    paused_ = true;
+    unloading_ = false;
+    pendingResume_ = false;
+    ResumeIfNeeded();
+}
+
+void ScriptContext::OnResumed() {
+    paused_ = false;
+}
+
+// Resumes a page that is paused without awaiting a message: its own `debugger` statement paused it, or a
+// resume arrived too early. A page that awaits a message is resumed if one has been queued.
+void ScriptContext::ResumeIfNeeded() {
+    if (!alive_ || !target_.Engine().IsOpen() || !paused_) return;
+    if (resuming_ || evaluations_ > 0 || (awaitingReply_ && !pendingResume_)) return;
+    pendingResume_ = false;
+    awaitingReply_ = false;
+    SendResume("Debugger.resume", Json::object());
+}
+
+}  // namespace tarvik

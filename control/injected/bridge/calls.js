@@ -1,0 +1,54 @@
+// Calls to the host. `run` executes a task of the host and returns its outcome as JSON.
+const makeCalls = (post, run, { Error, define }) => {
+  const kEmptyTurns = 50;  // where `debugger` no longer pauses, a call gives up instead of spinning for ever
+  const inbox = { __proto__: null };
+  let first = 0;
+  let last = 0;
+  let paused = false;
+  let calls = 0;
+  const replies = { __proto__: null };  // the reply to an outer call may arrive while a later call still waits
+
+  const fail = (number, message) => {
+    const error = new Error(message);
+    define(error, 'number', number);
+    define(error, 'description', message);
+    throw error;
+  };
+
+  // Posts a call and runs the host's tasks until the reply arrives. Whatever else has arrived by then runs before script
+  // continues: nothing would look at the inbox later.
+  const exchange = (operation, parts) => {
+    const call = ++calls;
+    post('["' + operation + '",' + call + (parts ? ',' + parts : '') + ']');
+    let reply;
+    do {
+      for (let turns = 0; first === last; ++turns) {
+        if (turns > kEmptyTurns) {
+          post('["unloading"]');
+          fail(0, 'Native objects cannot be reached at this moment.');
+        }
+        paused = true;
+        debugger;
+        paused = false;
+      }
+      const item = inbox[first];
+      delete inbox[first++];
+      const result = item.kind === 'run' && run(item);
+      if (!result) replies[item.id] = item;
+      reply = replies[call];
+      const awaitsReply = !reply && first === last;
+      if (result) post('["result",' + item.id + ',' + result + ',' + awaitsReply + ']');
+    } while (!reply || first !== last);
+    delete replies[call];
+    if (reply.kind === 'error') fail(reply.number, reply.message);
+    return reply.kind === 'method' ? (reply.isPermanent ? kMethod : kMethodThisTime) : reply.value;
+  };
+
+  // False if no call is paused.
+  const enqueue = (item) => {
+    if (paused) inbox[last++] = item;
+    return paused;
+  };
+
+  return { exchange, enqueue };
+};

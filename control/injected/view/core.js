@@ -1,0 +1,48 @@
+// The injected script of the view. It runs in every frame of a page before the page's own scripts. The core lives in the
+// top document, where the host calls its functions; frames that may access it record in it what they receive.
+//
+// Pages may replace the language's built-ins, so those that are needed later are captured at the start.
+const post = window[bindingName];  // takes "copied:TEXT" and "window:ADDRESS"
+delete window[bindingName];
+applyStyles(options.textIsSelectable);
+
+const isTop = window === top;
+let core = isTop ? { __proto__: null } : undefined;
+try {
+  core ??= top[coreName];
+} catch {
+  // A cross-origin frame has no access.
+}
+if (!core) return;
+
+const { addEventListener } = EventTarget.prototype;
+const { apply } = Reflect;
+const receipts = makeReceipts(core);
+const clipboard = makeClipboard(core, post);
+
+// Adding a listener again has no effect, unless document.open() has removed them all.
+const listeners = [...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners];
+const listen = () => {
+  for (let i = 0; i < listeners.length; ++i) {
+    const types = listeners[i][0];
+    for (let j = 0; j < types.length; ++j) apply(addEventListener, window, [types[j], listeners[i][1], true]);
+  }
+};
+listen();
+if (!isTop) return;
+
+Object.assign(core, {
+  // Grows with each button or key that the page receives; no two documents start with the same number.
+  received: Math.random(),
+  lastKey: null,
+  clipboardText: undefined,
+
+  receipt: (isText) => {
+    listen();
+    return receipts.receipt(isText);
+  },
+  hasSelection: clipboard.hasSelection,
+  setClipboard: clipboard.setClipboard,
+  cursorAt: makeCursor(),
+});
+Object.defineProperty(window, coreName, { value: core });

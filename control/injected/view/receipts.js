@@ -1,0 +1,16 @@
+// Which input the page has received.
+const makeReceipts = (core) => {
+  const onInput = (event) => {
+    if (!event.isTrusted) return;
+    ++core.received;
+    if (event.type === 'keydown') core.lastKey = event;
+  };
+
+  return {
+    listeners: [
+      [['pointerdown', 'mousedown', 'pointerup', 'mouseup', 'keydown', 'keyup', 'keypress'], onInput],
+    ],
+    // The count, or null where it proves nothing: a key whose default the page has prevented makes no text.
+    receipt: (isText) => isText && core.lastKey?.defaultPrevented ? null : core.received,
+  };
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "control/injected/injected_script.h"
+
+namespace tarvik {
+
+// The injected script of the view: what a page receives, copies and shows under the pointer.
+class ViewScript {
+  public:
+    // Before the target's first navigation. If text is not selectable, it still is in fields and where the
+    // page's styles say so.
+    explicit ViewScript(PageTarget& target, bool textIsSelectable = true);
+
+    // Calls a function of the script, with arguments as JSON separated by commas. The handler receives the
+    // result; null if there is none or the page cannot be reached.
+    using Handler = std::function<void(const Json& result)>;
+    void Call(std::string_view function, std::string_view arguments, Handler handler);
+
+    // The parameters of "Runtime.evaluate" for such a call.
+    Json EvaluateParameters(std::string_view function, std::string_view arguments) const;
+
+    // An event that the script has posted.
+    struct PageEvent {
+        enum class Type { kCopied, kNewWindow } type;
+        std::wstring text;  // that was copied; the address for a new window
+    };
+    std::optional<PageEvent> ParseEvent(std::string_view method, const Json& params) const;
+
+  private:
+    PageTarget& target_;
+    const InjectedScript script_;
+};
+
+}  // namespace tarvik
