@@ -1,6 +1,7 @@
 #include <windows.h>
 #include <objbase.h>
 
+#include <memory>
 #include <string>
 
 #include "app/command_line/command_line.h"
@@ -25,23 +26,23 @@ void UseFolder(const wchar_t* folder) {
         ReportToAuthor(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
 }
 
-void UnpackAttached(UnpackFolder& unpackFolder) {
+void UnpackAttached(UnpackFolder& unpackFolder, SharedEngine& engine) {
     if (!HasAttachedArchive()) return;
-    PageControlClass::Prelaunch();  // unpacking takes a while, in which the engine can start
-    // SelfUnpack waits without pumping messages, which a single-threaded apartment must not do.
+    PageControlClass::Prelaunch(engine);  // unpacking takes a while, in which the engine can start
+    // It waits without pumping messages, and so must not be done in a single-threaded apartment.
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)SelfUnpack(unpackFolder);
     if (SUCCEEDED(apartment)) CoUninitialize();
 }
 
-// The application is the folder given with -d, or the archive attached to the executable. Without either, the
-// first window looks for a page beside the executable.
-void ChooseFolder(UnpackFolder& unpackFolder) {
+// The application is the folder that `d` names, or what is attached to the executable. Neither is an error:
+// the first window then looks beside the executable.
+void ChooseFolder(UnpackFolder& unpackFolder, SharedEngine& engine) {
     const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {
         UseFolder(folder);
     } else {
-        UnpackAttached(unpackFolder);
+        UnpackAttached(unpackFolder, engine);
     }
 }
 
@@ -63,15 +64,15 @@ bool FilterMessage(MSG* message) {
     return loop && loop->PreTranslateMessage(message);
 }
 
-int RunApplication(HINSTANCE instance) {
+int RunApplication(HINSTANCE instance, const std::shared_ptr<SharedEngine>& engine) {
     const bool hasPage = ChooseFirstPage();
     if (hasPage) {
-        PageControlClass::Prelaunch();
+        PageControlClass::Prelaunch(*engine);
     } else {
-        PageControlClass::Shutdown();
+        engine->Shutdown();
     }
     appModule.Init(instance);
-    const PageControlClass pageControl(FilterMessage);
+    const PageControlClass pageControl(engine, FilterMessage);
     KeepWorkerApartment();
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
@@ -92,8 +93,9 @@ int RunApplication(HINSTANCE instance) {
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
     tarvik::UseSystemLibrariesOnly();
     tarvik::UnpackFolder unpackFolder;
-    tarvik::ChooseFolder(unpackFolder);
-    const int exitCode = tarvik::RunApplication(instance);
+    const auto engine = std::make_shared<tarvik::SharedEngine>();
+    tarvik::ChooseFolder(unpackFolder, *engine);
+    const int exitCode = tarvik::RunApplication(instance, engine);
     tarvik::FreePluginLibraries();
     tarvik::RemoveUnpacked(unpackFolder);
     return exitCode;

@@ -1,11 +1,16 @@
-# cmake -DINPUTS=a.js,b.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: concatenates text files, without their comment
-# lines and indentation, into the constant tarvik::kText.
+# cmake -DINPUTS=a.js,b.js -DOUTPUT=a.cpp -DNAME=kText -P embed_text.cmake: text files, one after the other, as the
+# constant tarvik::kText, without their comment lines and indentation. The files are JavaScript (.js) or shell (.sh).
 string(REPLACE "," ";" INPUTS "${INPUTS}")
 foreach(INPUT ${INPUTS})
   file(READ ${INPUT} PART)
-  string(APPEND TEXT "\n${PART}")
+  if(INPUT MATCHES "\\.sh$")
+    set(COMMENT "#")
+  else()
+    set(COMMENT "//")
+  endif()
+  string(REGEX REPLACE "\n *${COMMENT}[^\n]*" "" PART "\n${PART}")
+  string(APPEND TEXT "${PART}")
 endforeach()
-string(REGEX REPLACE "\n *//[^\n]*" "" TEXT "${TEXT}")
 string(REGEX REPLACE "\n[ \n]*" "\n" TEXT "${TEXT}")
 string(HEX "${TEXT}" HEX)
 string(REGEX REPLACE "(..)" "0x\\1," BYTES "${HEX}")

@@ -134,7 +134,7 @@ ScriptContext::Outcome ScriptContext::Run(const Task& task) {
     const auto self = shared_from_this();
     if (std::string_view(task.name) != "find") members_.Clear();
     CheckReachable();
-    const auto engine = target_.SharedEngine();
+    const auto engine = target_.EnginePointer();
     const auto pending = std::make_shared<Pending>();
     const int id = ++lastTask_;
     pending_[id] = pending;

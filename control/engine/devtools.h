@@ -12,73 +12,59 @@ namespace tarvik {
 
 using Json = nlohmann::json;
 
-// The connection of this process to its browser engine, over the DevTools protocol. One engine and one
-// connection serve all page controls; the first user starts it and the last one that lets go ends it. Main
-// thread only: a reader thread queues what comes in, and it is delivered here, by the message loop or while a
-// wait is under way.
+// A connection to a browser engine over the DevTools protocol. Main thread only: a reader thread queues
+// incoming messages, which are delivered by the message loop or by a wait.
 class DevTools {
   public:
-    // Joins the running engine or starts one. Throws StatusError when there is none to be had; LastStartError
-    // then tells a person why, in a sentence or two.
-    static std::shared_ptr<DevTools> Acquire();
-    static std::wstring LastStartError();
-
-    // Starts the engine's program in the background, once, for the first user soon after. Shutdown ends it if
-    // no control came; at the program's end also if one is still there.
-    static void Prelaunch();
-    static void Shutdown();
-
-    // A long wait stands in for the program's message loop, and queries this before it dispatches a message.
-    // True takes the message. Null: none.
-    using MessageFilter = bool (*)(MSG* message);
-    static void SetMessageFilter(MessageFilter filter);
+    // The filter of the program's message loop, for which a long wait stands in. True if it has handled the
+    // message.
+    using MessageFilter = std::function<bool(MSG* message)>;
 
     virtual ~DevTools() = default;
 
-    // Sends a command, and calls `onReply` with the reply's result, or with null after an error or the
-    // engine's end. `session` is empty for the browser itself. Sending waits only for an engine that has
-    // stopped reading, when there is no more room on the way to it.
+    // Sends a command and calls `onReply` with the reply's result, or with null after an error or the
+    // engine's end. `session` is empty for the browser itself. Blocks only if the engine has stopped reading
+    // and the pipe is full.
     using ReplyHandler = std::function<void(const Json* result)>;
     virtual void Post(std::string_view session, std::string_view method, Json params,
                       ReplyHandler onReply = nullptr) = 0;
 
-    // What is posted inside goes to the engine in one piece, which saves it a wake-up.
+    // Sends the commands posted by the function in one write, which saves the engine a wake-up.
     virtual void Batch(const std::function<void()>& posts) = 0;
 
-    // Sends a command and waits for its reply, serving other messages meanwhile. Throws StatusError: E_FAIL
-    // for an error reply, RPC_E_DISCONNECTED when the engine ends, RPC_E_TIMEOUT.
+    // Sends a command and waits for its reply; serves other messages meanwhile. Throws StatusError: E_FAIL
+    // for an error reply, RPC_E_DISCONNECTED at the engine's end, RPC_E_TIMEOUT.
     virtual Json Call(std::string_view session, std::string_view method, Json params = Json::object(),
                       DWORD timeout = 10000) = 0;
 
-    // All events of a session go to one handler, on the main thread. Screencast frames do not come this way.
-    // An empty handler ends it. The event "Inspector.disconnected" with no session id is made up at the
-    // engine's end and goes to every handler.
+    // Sets the handler of all events of a session except screencast frames; an empty one removes it. At the
+    // engine's end every handler receives a synthetic event "Inspector.disconnected".
     using EventHandler = std::function<void(std::string_view method, const Json& params)>;
     virtual void Listen(std::string_view session, EventHandler handler) = 0;
 
-    // Frames of a session's screencast, acknowledged already, on the reader thread: the base64 text of the
-    // picture, valid for the call. An empty handler ends it, and returns when no call is under way.
+    // Sets the handler of a session's screencast frames; an empty one removes it, after the end of a call in
+    // progress. It is called on the reader thread, after the acknowledgement, with the base64 text of the
+    // picture.
     using FrameHandler = std::function<void(std::string_view base64)>;
     virtual void ListenToFrames(std::string_view session, FrameHandler handler) = 0;
 
-    // Serves DevTools messages and calls from other apartments until the condition holds. False when the
-    // engine ended, the program was told to quit, or the time (milliseconds, INFINITE) is over first. May be
-    // nested.
+    // Serves DevTools messages and calls from other apartments until the condition holds. False if the engine
+    // ends, the program is to quit, or the time (milliseconds, INFINITE) is over first. May be nested.
     virtual bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) = 0;
 
-    // Such a wait is under way: who runs a message loop now holds up everybody who waits.
+    // Whether a wait is in progress, which a nested message loop would hold up.
     virtual bool IsWaiting() const = 0;
 
     virtual bool IsOpen() const = 0;
 
-    // Opens a blank page in a window of its own; its target's id. Pages that nobody opened here, as a click
-    // with a modifier key asks for, are closed at once.
+    // Opens a blank page in its own window and returns its target's id. Pages that are opened by other means,
+    // like a click with a modifier key, are closed at once.
     virtual std::string OpenPage() = 0;
     virtual void ClosePage(const std::string& id) = 0;
 };
 
-// One page of the engine, in a window of its own, with a flat session attached. Destruction closes it,
-// without waiting.
+// A page of the engine in its own window, with a flat session attached. The destructor closes it without
+// waiting.
 class PageTarget {
   public:
     explicit PageTarget(std::shared_ptr<DevTools> devtools);
@@ -89,15 +75,15 @@ class PageTarget {
     const std::string& Session() const { return session_; }
     const std::string& Id() const { return id_; }
     DevTools& Engine() const { return *devtools_; }
-    // For who waits while the target may go.
-    std::shared_ptr<DevTools> SharedEngine() const { return devtools_; }
+    // Keeps the engine during a wait that the target may not survive.
+    std::shared_ptr<DevTools> EnginePointer() const { return devtools_; }
 
     void Post(std::string_view method, Json params = Json::object(),
               DevTools::ReplyHandler onReply = nullptr) {
         devtools_->Post(session_, method, std::move(params), std::move(onReply));
     }
     Json Call(std::string_view method, Json params = Json::object(), DWORD timeout = 10000) {
-        // The target, and with it the engine, may go meanwhile.
+        // The target, and with it the engine, may be destroyed during the call.
         const auto engine = devtools_;
         return engine->Call(session_, method, std::move(params), timeout);
     }

@@ -51,7 +51,7 @@ Function* WineFunction(const char* name) {
     return IsWine() ? FindFunction<Function>(L"kernel32.dll", name) : nullptr;
 }
 
-// A result of Wine's, freed here.
+// Takes ownership of a string from Wine.
 template <class Text>
 auto TakeText(Text* text) {
     std::basic_string<Text> taken;
@@ -60,7 +60,7 @@ auto TakeText(Text* text) {
     return taken;
 }
 
-// "/home/x/page.html" for "C:\...\page.html"; empty where files have no other name.
+// "/home/x/page.html" for "C:\...\page.html"; empty on Windows.
 std::string UnixPath(const std::wstring& path) {
     static auto* const translate = WineFunction<char* __cdecl(const wchar_t*)>("wine_get_unix_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::string();
@@ -72,8 +72,7 @@ std::wstring DosPath(const std::string& path) {
 }
 
 std::string FileUrl(const std::wstring& path) {
-    if (const std::string underlying = UnixPath(path); !underlying.empty())
-        return "file://" + Escape(underlying);
+    if (const std::string unixPath = UnixPath(path); !unixPath.empty()) return "file://" + Escape(unixPath);
     std::string slashes = Narrow(path);
     std::replace(slashes.begin(), slashes.end(), '\\', '/');
     const bool share = slashes.starts_with("//");

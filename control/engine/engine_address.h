@@ -4,13 +4,13 @@
 
 namespace tarvik {
 
-// Addresses as the host writes them and as the engine does. They differ for files: the host may give a path,
-// and under Wine the engine knows files by the names of the system underneath.
+// Conversions between the host's addresses and the engine's. They differ for files: the host may use a path,
+// and under Wine the engine uses Unix paths.
 
-// A URL, or a path with a `#fragment` perhaps; relative ones are of the current folder.
+// `address` is a URL or a path, optionally with a `#fragment`; a relative path starts at the current folder.
 std::string EngineAddress(const std::wstring& address);
 
-// File URLs come back as file:///C:/folder/page.html.
+// File URLs have the form file:///C:/folder/page.html.
 std::wstring HostAddress(const std::string& url);
 
 }  // namespace tarvik

@@ -24,7 +24,7 @@ bool Exists(const std::wstring& path) {
     return !path.empty() && GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// A path of the system underneath, as Wine shows it.
+// A Unix path as Wine maps it.
 std::wstring AsWinePath(std::wstring path) {
     if (path.empty() || path[0] != L'/') return path;
     for (wchar_t& character : path) {

@@ -6,11 +6,11 @@
 
 namespace tarvik {
 
-// The browser to start: what the environment variable TARVIK_BROWSER says; else Edge or Chrome where Windows
-// registers them; under Wine /usr/bin/chromium. Empty if there is none.
+// The path of the browser to start: the environment variable TARVIK_BROWSER, or else Edge or Chrome as
+// registered on Windows, /usr/bin/chromium under Wine. Empty if there is none.
 std::wstring FindEngine();
 
-// What a person is to do when there is none.
+// The message for the user if there is none.
 std::wstring MissingEngineText();
 
 }  // namespace tarvik

@@ -4,11 +4,11 @@
 
 namespace tarvik {
 
-// The arguments that every engine is started with, each with a blank before it; the profile's folder and the
-// pipe come on top.
+// The command-line arguments of every engine, each preceded by a blank. The caller adds the profile and the
+// pipe.
 std::wstring EngineArguments();
 
-// A name that nobody else uses, for folders.
+// A globally unique name, for folders and script identifiers.
 std::wstring UniqueName();
 
 }  // namespace tarvik

@@ -16,7 +16,7 @@ PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move
 PageTarget::~PageTarget() {
     devtools_->Listen(session_, nullptr);
     devtools_->ListenToFrames(session_, nullptr);
-    // A page that is held by the debugger would not close.
+    // A page that is paused by the debugger would not close.
     devtools_->Post("", "Target.detachFromTarget", {{"sessionId", session_}});
     devtools_->ClosePage(id_);
 }

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -12,38 +11,34 @@
 
 namespace tarvik {
 
-// The two pipes to a running engine. Messages end with a NUL. Closing the pipe is what ends the engine.
+// The two pipes to a running engine. Messages end with a NUL. The engine ends when its input is closed.
 class Transport {
   public:
-    // `isStarting`: whether an end before the first byte only means that nobody writes yet.
-    Transport(UniqueHandle fromEngine, UniqueHandle toEngine, std::function<bool()> isStarting = nullptr)
-        : fromEngine_(std::move(fromEngine)),
-          toEngine_(std::move(toEngine)),
-          isStarting_(std::move(isStarting)) {}
+    Transport(UniqueHandle fromEngine, UniqueHandle toEngine)
+        : fromEngine_(std::move(fromEngine)), toEngine_(std::move(toEngine)) {}
     virtual ~Transport() = default;
 
-    // Any thread. False when the engine is gone.
+    // Any thread. False if the engine has ended.
     bool Write(std::string_view message);
 
-    // Waits for bytes; 0 at the engine's end.
-    DWORD Read(char* buffer, DWORD size);
+    // Waits for bytes. Returns their number; 0 at the engine's end.
+    virtual DWORD Read(char* buffer, DWORD size);
 
-    // The engine sees the end of its input, and ends.
-    void CloseWriting();
+    // Any thread. Closes the engine's input, which ends it.
+    virtual void CloseWriting();
 
-    // Ends an engine that does not see it.
+    // Ends an engine that does not react to the end of its input.
     virtual void Kill() = 0;
 
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;
-    std::function<bool()> isStarting_;  // empty from the first byte on
     std::mutex writing_;
 };
 
-// Start the engine with a private profile that goes when it ends. When this process is killed it goes too; on
-// Windows, with the next start. They throw StatusError. The pipe is open when they return; the engine may
-// still be starting.
+// Start the engine with a private profile, which is removed when the engine ends. If this process is killed,
+// the engine ends too; on Windows the next start then removes the profile. Throw StatusError. The pipes are
+// open on return, but the engine may still be starting.
 std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine);  // under Wine
 std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine);  // on Windows
 

@@ -1,4 +1,4 @@
-// On Windows the engine inherits two anonymous pipes, and belongs to a job that ends with this process.
+// On Windows the engine inherits two anonymous pipes and belongs to a job that ends with this process.
 
 #include <string>
 #include <vector>
@@ -14,14 +14,14 @@ namespace tarvik {
 namespace {
 
 constexpr const wchar_t* kProfile = L".profile";
-constexpr const wchar_t* kMark = L".used";
+constexpr const wchar_t* kLockSuffix = L".used";
 
 struct Pipe {
     UniqueHandle read;
     UniqueHandle write;
 };
 
-// Room for what an engine that is busy does not read at once.
+// Enough that a busy engine does not block this process at once.
 constexpr DWORD kPipeSize = 1 << 20;
 
 Pipe MakePipe() {
@@ -34,7 +34,7 @@ void MakeInheritable(const UniqueHandle& handle) {
     SetHandleInformation(handle.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
 }
 
-// The list of the handles that the engine inherits, and no others.
+// An attribute list with the only handles that the engine inherits.
 class InheritedHandles {
   public:
     InheritedHandles(HANDLE read, HANDLE write) : handles_{read, write} {
@@ -66,63 +66,63 @@ UniqueHandle MakeJob() {
     return job;
 }
 
-// A profile in use has this file beside it, which nobody else can open or delete. It goes with the program
-// that uses it, also when that is killed.
-UniqueHandle HoldProfile(const std::wstring& profile) {
-    UniqueHandle mark(CreateFileW((profile + kMark).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+// Marks a profile as in use by an exclusively opened file beside it, which the system deletes with this
+// process, even if that is killed.
+UniqueHandle LockProfile(const std::wstring& profile) {
+    UniqueHandle lock(CreateFileW((profile + kLockSuffix).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-    if (!mark) ThrowLastError();
-    return mark;
+    if (!lock) ThrowLastError();
+    return lock;
 }
 
-// After a power failure the file may still be there.
+// After a power failure the file may still exist.
 bool IsInUse(const std::wstring& profile) {
-    return !DeleteFileW((profile + kMark).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND;
+    return !DeleteFileW((profile + kLockSuffix).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND;
 }
 
-void RemoveLeftProfiles(const std::wstring& folder) {
-    std::vector<std::wstring> left;
+void RemoveStaleProfiles(const std::wstring& folder) {
+    std::vector<std::wstring> stale;
     WIN32_FIND_DATAW found = {};
     const UniqueFind search(FindFirstFileW((folder + L"tarvik-*" + kProfile).c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
         const std::wstring path = folder + found.cFileName;
-        if (!IsInUse(path)) left.push_back(path);
+        if (!IsInUse(path)) stale.push_back(path);
     }
-    for (const std::wstring& path : left)
+    for (const std::wstring& path : stale)
         DeleteFolder(path);
 }
 
 class PipeTransport : public Transport {
   public:
     PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
-                  std::wstring profile, UniqueHandle mark)
+                  std::wstring profile, UniqueHandle lock)
         : Transport(std::move(fromEngine), std::move(toEngine)),
           process_(std::move(process)),
           job_(std::move(job)),
           profile_(std::move(profile)),
-          mark_(std::move(mark)) {}
+          lock_(std::move(lock)) {}
     ~PipeTransport() override {
         CloseWriting();
-        WaitForSingleObject(process_.Get(), kTimeout);
+        WaitForSingleObject(process_.Get(), kEndTimeout);
         PipeTransport::Kill();
     }
 
-    // Nobody else removes the profile.
+    // Also removes the profile, which nothing else does before the next start.
     void Kill() override {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);
-        WaitForSingleObject(process_.Get(), kTimeout);
-        const ULONGLONG end = GetTickCount64() + kTimeout;
+        WaitForSingleObject(process_.Get(), kEndTimeout);
+        const ULONGLONG end = GetTickCount64() + kEndTimeout;
         while (HasProcesses() && GetTickCount64() < end)
-            Sleep(kPause);
+            Sleep(kPollInterval);
         DeleteFolder(profile_);
     }
 
   private:
-    static constexpr DWORD kTimeout = 2000;
-    static constexpr DWORD kPause = 10;
+    static constexpr DWORD kEndTimeout = 2000;
+    static constexpr DWORD kPollInterval = 10;
 
-    // Whether others than the engine itself still hold files of the profile.
+    // Whether other processes of the engine still use the profile.
     bool HasProcesses() const {
         JOBOBJECT_BASIC_ACCOUNTING_INFORMATION information = {};
         QueryInformationJobObject(job_.Get(), JobObjectBasicAccountingInformation, &information,
@@ -133,7 +133,7 @@ class PipeTransport : public Transport {
     UniqueHandle process_;
     UniqueHandle job_;
     std::wstring profile_;
-    UniqueHandle mark_;
+    UniqueHandle lock_;
 };
 
 std::wstring HandleText(const UniqueHandle& handle) {
@@ -146,10 +146,10 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     Pipe toEngine = MakePipe();
     Pipe fromEngine = MakePipe();
     const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
-    RemoveLeftProfiles(folder);
+    RemoveStaleProfiles(folder);
     const std::wstring profile = folder + UniqueName() + kProfile;
-    UniqueHandle mark = HoldProfile(profile);
-    // An engine that runs as an administrator would start itself again as somebody less, and lose the pipes.
+    UniqueHandle lock = LockProfile(profile);
+    // An elevated engine would restart itself without elevation, and lose the pipes.
     std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +
                         QuoteArgument(L"--user-data-dir=" + profile) +
                         L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
@@ -169,11 +169,11 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     UniqueHandle process(information.hProcess);
     const UniqueHandle thread(information.hThread);
     UniqueHandle job = MakeJob();
-    // Where this process is in a job that allows none inside it, the end of the pipe alone ends the engine.
+    // If this process is in a job that allows no nested one, only the end of the pipe ends the engine.
     AssignProcessToJobObject(job.Get(), process.Get());
     ResumeThread(thread.Get());
     return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
-                                           std::move(process), std::move(job), profile, std::move(mark));
+                                           std::move(process), std::move(job), profile, std::move(lock));
 }
 
 }  // namespace tarvik

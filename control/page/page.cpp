@@ -15,8 +15,9 @@ constexpr const wchar_t* kRetry = L"\n\nClick here to try again.";
 
 }  // namespace
 
-Page::Page(HWND window, PageEvents& events, bool textIsSelectable)
-    : window_(window),
+Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events, bool textIsSelectable)
+    : engine_(std::move(engine)),
+      window_(window),
       events_(&events),
       view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
 
@@ -38,7 +39,7 @@ bool Page::Connect() {
         if (!events_) throw StatusError(E_ABORT);
     };
     try {
-        target = std::make_unique<PageTarget>(DevTools::Acquire());
+        target = std::make_unique<PageTarget>(engine_->Acquire());
         requireOpen();
         target->Engine().Listen(target->Session(),
                                 [weak = weak_from_this()](std::string_view method, const Json& params) {
@@ -60,7 +61,7 @@ bool Page::Connect() {
         bridge.reset();
         view_.SetTarget(nullptr);
         target.reset();
-        const std::wstring reason = DevTools::LastStartError();
+        const std::wstring& reason = engine_->LastStartError();
         if (events_) ShowFailure(reason.empty() ? L"The page could not be opened." : reason);
     }
     connecting_ = false;

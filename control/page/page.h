@@ -10,7 +10,7 @@
 #include "tarvik/com_ptr.h"
 #include "control/bridge/script_bridge.h"
 #include "control/bridge/staged_globals.h"
-#include "control/engine/devtools.h"
+#include "control/engine/shared_engine.h"
 #include "control/view/page_view.h"
 
 namespace tarvik {
@@ -45,7 +45,7 @@ class PageEvents {
 class Page : public ScriptContextDelegate, public std::enable_shared_from_this<Page> {
   public:
     // If text is not selectable, it still is in fields and where the page's styles say so.
-    Page(HWND window, PageEvents& events, bool textIsSelectable);
+    Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events, bool textIsSelectable);
 
     void Navigate(const std::wstring& address);
     void Reload();
@@ -110,6 +110,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void OnCrash(const Json& params);
     void OnEngineEnd(const Json& params);
 
+    const std::shared_ptr<SharedEngine> engine_;
     HWND window_;
     PageEvents* events_;  // null once the page is closed
     std::unique_ptr<PageTarget> target_;

@@ -46,7 +46,8 @@ bool ConfirmContinue(HWND delegate, const ScriptError& error) {
 
 }  // namespace
 
-PageControl::PageControl() : events_(MakeCom<ConnectionPoint>(DIID_DWebBrowserEvents2, this)) {}
+PageControl::PageControl(std::shared_ptr<SharedEngine> engine)
+    : engine_(std::move(engine)), events_(MakeCom<ConnectionPoint>(DIID_DWebBrowserEvents2, this)) {}
 
 PageControl::~PageControl() {
     if (windows_) SetWindowLongPtrW(windows_->Server(), GWLP_USERDATA, 0);

@@ -32,7 +32,7 @@ class PageControl
       public PageEvents,
       public PageWindows::Handler {
   public:
-    PageControl();
+    explicit PageControl(std::shared_ptr<SharedEngine> engine);
     ~PageControl() override;
 
     // IWebBrowser2
@@ -130,6 +130,7 @@ class PageControl
     void ReportErrors();
     ComPtr<HtmlElement> ElementFor(IDispatch* script);
 
+    const std::shared_ptr<SharedEngine> engine_;
     ComPtr<ConnectionPoint> events_;
     ComPtr<ConnectionPoint> mouse_;
     ComPtr<IOleClientSite> site_;

@@ -100,7 +100,7 @@ void PageControl::MakePage(HWND parent, const RECT* position) {
     if (!inPlaceSite_) throw StatusError(E_ABORT);
     mouse_ = MakeCom<ConnectionPoint>(kElementEvents, nullptr);
     windows_.emplace(parent, rectangle, *this);
-    const auto page = std::make_shared<Page>(windows_->Server(), *this, textIsSelectable_);
+    const auto page = std::make_shared<Page>(engine_, windows_->Server(), *this, textIsSelectable_);
     page_ = page;
     document_ = MakeCom<HtmlDocument>(page_, mouse_);
     RegisterDropTarget();

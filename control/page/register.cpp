@@ -8,7 +8,6 @@
 
 #include "tarvik/status.h"
 #include "base/text.h"
-#include "control/engine/devtools.h"
 #include "control/engine/engine_path.h"
 #include "control/page/page_control.h"
 
@@ -22,13 +21,18 @@ constexpr CLSID kHtmlDocument = {
 
 class Factory : public ComObject<IClassFactory> {
   public:
+    explicit Factory(std::shared_ptr<SharedEngine> engine) : engine_(std::move(engine)) {}
+
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) override {
         if (!out) return E_POINTER;
         *out = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        return Guard([&] { return MakeCom<PageControl>()->QueryInterface(iid, out); });
+        return Guard([&] { return MakeCom<PageControl>(engine_)->QueryInterface(iid, out); });
     }
     STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+  private:
+    const std::shared_ptr<SharedEngine> engine_;
 };
 
 // A system without a document class can create its control, but that shows no page.
@@ -49,31 +53,28 @@ std::optional<bool> IsPageControlRequested() {
 
 }  // namespace
 
-void PageControlClass::Prelaunch() {
+void PageControlClass::Prelaunch(SharedEngine& engine) {
     // SystemShowsPages() takes as long as the start of the engine, so this is an estimate.
-    if (IsPageControlRequested().value_or(IsWine())) DevTools::Prelaunch();
+    if (IsPageControlRequested().value_or(IsWine())) engine.Prelaunch();
 }
 
-void PageControlClass::Shutdown() {
-    DevTools::Shutdown();
-}
-
-PageControlClass::PageControlClass(MessageFilter filter) : initialized_(SUCCEEDED(OleInitialize(nullptr))) {
-    DevTools::SetMessageFilter(filter);
+PageControlClass::PageControlClass(std::shared_ptr<SharedEngine> engine, DevTools::MessageFilter filter)
+    : engine_(std::move(engine)), initialized_(SUCCEEDED(OleInitialize(nullptr))) {
+    engine_->SetMessageFilter(std::move(filter));
     const auto requested = IsPageControlRequested();
     if (requested ? !*requested : SystemShowsPages()) {
-        DevTools::Shutdown();
+        engine_->Shutdown();
         return;
     }
-    const auto factory = MakeCom<Factory>();
+    const auto factory = MakeCom<Factory>(engine_);
     CoRegisterClassObject(CLSID_WebBrowser, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                           &cookie_);
 }
 
 PageControlClass::~PageControlClass() {
     if (cookie_) CoRevokeClassObject(cookie_);
-    DevTools::SetMessageFilter(nullptr);
-    DevTools::Shutdown();
+    engine_->SetMessageFilter(nullptr);
+    engine_->Shutdown();
     if (initialized_) OleUninitialize();
 }
 

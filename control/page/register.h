@@ -2,6 +2,11 @@
 
 #include <windows.h>
 
+#include <functional>
+#include <memory>
+
+#include "control/engine/shared_engine.h"
+
 namespace tarvik {
 
 // Registers the page control as the system's web browser class in this process, if the system's control
@@ -11,19 +16,19 @@ class PageControlClass {
   public:
     // Starts the engine in the background if this control will probably be used. May be called long before
     // the constructor, and more than once.
-    static void Prelaunch();
-    // Ends the engine that Prelaunch has started, if no control has used it.
-    static void Shutdown();
+    static void Prelaunch(SharedEngine& engine);
 
-    // The filter of the program's message loop; true if it has handled the message. Long waits for a page
-    // call it too.
-    using MessageFilter = bool (*)(MSG* message);
-    explicit PageControlClass(MessageFilter filter = nullptr);
+    // Long waits for a page call the filter of the program's message loop.
+    explicit PageControlClass(std::shared_ptr<SharedEngine> engine = std::make_shared<SharedEngine>(),
+                              DevTools::MessageFilter filter = nullptr);
     ~PageControlClass();
     PageControlClass(const PageControlClass&) = delete;
     PageControlClass& operator=(const PageControlClass&) = delete;
 
+    SharedEngine& Engine() const { return *engine_; }
+
   private:
+    const std::shared_ptr<SharedEngine> engine_;
     const bool initialized_;
     DWORD cookie_ = 0;
 };

@@ -40,8 +40,8 @@ void EngineCensus::NoteStart() {
     if (IsWine()) ++starts_;
 }
 
-void EngineCensus::WatchPage() {
-    engine_ = DevTools::Acquire();
+void EngineCensus::WatchPage(SharedEngine& engine) {
+    engine_ = engine.Acquire();
     for (const Json& target : Targets(*engine_)) {
         if (target.at("type") != "page") continue;
         session_ =

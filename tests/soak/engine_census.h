@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "control/engine/devtools.h"
+#include "control/engine/shared_engine.h"
 #include "tests/soak/course.h"
 #include "tests/support/engine_processes.h"
 
@@ -17,7 +17,7 @@ class EngineCensus {
     EngineCensus();
 
     // The page of the only window there is now. While one is watched, the engine goes on.
-    void WatchPage();
+    void WatchPage(SharedEngine& engine);
     void ForgetPage();
 
     // An engine has been started. Wine loses a handle in this process whenever it starts a program of the

@@ -246,7 +246,7 @@ class Soak {
     bool Run(int calls, int seed, int first) {
         const Window quiet(folder_.Write(L"quiet.html", "<!doctype html>"));
         PumpUntil([] { return false; }, std::chrono::seconds(3));
-        census_.WatchPage();
+        census_.WatchPage(control_.Engine());
         threads_ = CountThreads();
         objects_ = liveComObjects;
         Course course("rounds", [this] { return Now(); });

@@ -158,7 +158,7 @@ class Soak {
         const Window first(pages_[0]);
         first_ = &first;
         if (!Becomes([this] { return ready_ == 1; })) return false;
-        census_.WatchPage();
+        census_.WatchPage(control_.Engine());
         Course opening("windows", [this] { return census_.Now(); });
         Course leaving("navigations", [this] { return census_.Now(); });
         Course calling("rounds", [this] { return census_.Now(); });

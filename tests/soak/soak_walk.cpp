@@ -211,7 +211,7 @@ class Walks {
     bool Run(int walks) {
         const Walker quiet(folder_.Write(L"quiet.html", "<!doctype html>"));
         PumpUntil([] { return false; }, std::chrono::seconds(3));
-        census_.WatchPage();
+        census_.WatchPage(control_.Engine());
         Course course("walks", [this] { return Now(); });
         const bool good = course.Run(5, walks, [this](int) { return Walk(); });
         census_.ForgetPage();

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "control/bridge/script_bridge.h"
+#include "control/engine/shared_engine.h"
 #include "script/dispatch.h"
 #include "tarvik/properties.h"
 #include "tarvik/text.h"
@@ -77,7 +78,7 @@ inline std::span<const Member<Desk>> Desk::Members() {
 // A page of the engine with the bridge and no window. The engine stays up from test to test.
 class BridgedPage : public ScriptContextDelegate {
   public:
-    BridgedPage() : target(DevTools::Acquire()) {
+    explicit BridgedPage(SharedEngine& engine) : target(engine.Acquire()) {
         target.Engine().Listen(target.Session(), [this](std::string_view method, const Json& params) {
             if (bridge && bridge->HandleEvent(method, params)) return;
             if (method == "Page.loadEventFired") loaded_ = true;

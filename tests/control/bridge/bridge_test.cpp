@@ -7,9 +7,9 @@ namespace {
 
 class Bridge : public testing::Test {
   protected:
-    // One engine for all of them.
-    static void SetUpTestSuite() { engine_ = DevTools::Acquire(); }
-    static void TearDownTestSuite() { engine_.reset(); }
+    // One engine for all tests.
+    static void SetUpTestSuite() { connection_ = engine_->Acquire(); }
+    static void TearDownTestSuite() { connection_.reset(); }
 
     // Expressions and their values.
     void Check(std::initializer_list<std::pair<const char*, const char*>> cases) {
@@ -17,10 +17,12 @@ class Bridge : public testing::Test {
             EXPECT_EQ(page_.Evaluate(expression), value) << expression;
     }
 
-    BridgedPage page_;
-
   private:
-    static inline std::shared_ptr<DevTools> engine_;
+    static inline const auto engine_ = std::make_shared<SharedEngine>();
+    static inline std::shared_ptr<DevTools> connection_;
+
+  protected:
+    BridgedPage page_{*engine_};
 };
 
 TEST_F(Bridge, PassesEveryKindOfValueBothWays) {

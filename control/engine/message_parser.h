@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+// The engine's byte stream, read without the platform's headers.
+namespace tarvik {
+
+// Splits a stream into texts, each of which ends with a NUL.
+class MessageSplitter {
+  public:
+    // Passes on the texts that are complete. The handler returns whether a text was a message. Returns false
+    // when more bytes than any message has have come without one: then the sender is no engine.
+    bool Append(std::string_view bytes, const std::function<bool(std::string_view text)>& handle);
+
+  private:
+    // The first message is a short one; the longest contains the longest string of script.
+    static constexpr size_t kMaxFirst = size_t{1} << 20;
+    static constexpr size_t kMaxLater = size_t{1} << 31;
+
+    std::string pending_;
+    size_t limit_ = kMaxFirst;
+    size_t sinceMessage_ = 0;
+};
+
+// A frame of a screencast, which is not parsed as JSON because of its size.
+struct ScreencastFrame {
+    std::string session;
+    nlohmann::json number;    // to acknowledge
+    std::string_view base64;  // in the parsed text
+};
+
+// Events that nothing handles, but that are long and frequent.
+struct IgnoredMessage {};
+
+using EngineMessage = std::variant<IgnoredMessage, ScreencastFrame, nlohmann::json>;
+
+// Empty if the text is no message.
+std::optional<EngineMessage> ParseMessage(std::string_view text);
+
+}  // namespace tarvik
