@@ -13,7 +13,25 @@ PageTarget& EnableDebugger(PageTarget& target) {
 }  // namespace
 
 ScriptBridge::ScriptBridge(PageTarget& target, ScriptContextDelegate& delegate)
-    : target_(EnableDebugger(target)), delegate_(delegate), script_(target, kBridgeScript) {}
+    : target_(EnableDebugger(target)),
+      delegate_(delegate),
+      script_(target, kBridgeScript, Json::object(),
+              [this](const std::string& payload, int contextId) { OnPost(payload, contextId); }) {
+    EventRouter& events = target_.Events();
+    subscriptions_ = {
+        events.Subscribe<event::Paused>([this](const auto&) {
+            if (context_) return context_->OnPaused();
+            target_.Post("Debugger.resume");  // at a statement of the page itself
+        }),
+        events.Subscribe<event::Resumed>([this](const auto&) {
+            if (context_) context_->OnResumed();
+        }),
+        events.Subscribe<event::ContextsCleared>([this](const auto&) { End(); }),
+        events.Subscribe<event::ContextDestroyed>([this](const event::ContextDestroyed& destroyed) {
+            if (context_ && destroyed.contextId == context_->ContextId()) End();
+        }),
+    };
+}
 
 ScriptBridge::~ScriptBridge() {
     End();
@@ -27,31 +45,8 @@ void ScriptBridge::End() {
     if (const auto context = std::move(context_)) context->End();
 }
 
-bool ScriptBridge::HandleEvent(std::string_view method, const Json& params) {
-    if (method == "Runtime.bindingCalled") {
-        OnBindingCalled(params);
-    } else if (method == "Debugger.paused") {
-        if (context_)
-            context_->OnPaused();
-        else
-            target_.Post("Debugger.resume");  // at a statement of the page itself
-    } else if (method == "Debugger.resumed") {
-        if (context_) context_->OnResumed();
-    } else if (method == "Runtime.executionContextsCleared") {
-        End();
-    } else if (method == "Runtime.executionContextDestroyed") {
-        if (context_ && params.value("executionContextId", 0) == context_->ContextId()) End();
-    } else {
-        return false;
-    }
-    return true;
-}
-
-void ScriptBridge::OnBindingCalled(const Json& params) {
-    const std::string* const payload = script_.Payload(params);
-    if (!payload) return;
-    const int contextId = params.at("executionContextId");
-    const Json message = Json::parse(*payload);
+void ScriptBridge::OnPost(const std::string& payload, int contextId) {
+    const Json message = Json::parse(payload);
     if (message.at(0) == "start") {
         End();
         context_ = std::make_shared<ScriptContext>(target_, delegate_, script_, contextId);

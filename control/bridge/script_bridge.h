@@ -2,7 +2,7 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "control/bridge/script_context.h"
 #include "control/engine/devtools.h"
@@ -20,9 +20,6 @@ class ScriptBridge {
     ScriptBridge(const ScriptBridge&) = delete;
     ScriptBridge& operator=(const ScriptBridge&) = delete;
 
-    // Handles an event of the target's session. True if it concerns only the bridge.
-    bool HandleEvent(std::string_view method, const Json& params);
-
     // Null before the first document's start and after its end.
     std::shared_ptr<ScriptContext> Context() const;
 
@@ -30,12 +27,13 @@ class ScriptBridge {
     void End();
 
   private:
-    void OnBindingCalled(const Json& params);
+    void OnPost(const std::string& payload, int contextId);
 
     PageTarget& target_;
     ScriptContextDelegate& delegate_;
-    const InjectedScript script_;
     std::shared_ptr<ScriptContext> context_;
+    const InjectedScript script_;
+    std::vector<EventRouter::Subscription> subscriptions_;
 };
 
 }  // namespace tarvik

@@ -1,6 +1,8 @@
-// Calls from a page's script to native objects.
+// Messages from a page's script: calls, most of them of native objects, and notifications.
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "tarvik/status.h"
@@ -25,8 +27,31 @@ std::string ErrorReply(const Json& message, HRESULT status, const std::wstring& 
 
 }  // namespace
 
-// Messages are [operation, call id, ...].
-void ScriptContext::HandleCall(const std::string& operation, const Json& message) {
+// Messages are [name, ...].
+void ScriptContext::Receive(const Json& message) {
+    using Name = std::string_view;
+    static const std::map<Name, CallHandler> kCalls = {
+        {"get", &ScriptContext::OnGet},   {"put", &ScriptContext::OnPut},
+        {"call", &ScriptContext::OnCall}, {"default", &ScriptContext::OnDefault},
+        {"has", &ScriptContext::OnHas},   {"delete", &ScriptContext::OnDelete},
+        {"keys", &ScriptContext::OnKeys}, {"start", &ScriptContext::OnStart},
+        {"open", &ScriptContext::OnOpen}, {"dialog", &ScriptContext::OnDialog},
+    };
+    static const std::map<Name, NotificationHandler> kNotifications = {
+        {"result", &ScriptContext::OnResult},       {"release", &ScriptContext::OnRelease},
+        {"unloading", &ScriptContext::OnUnloading}, {"close", &ScriptContext::OnClose},
+        {"mousedown", &ScriptContext::OnMouseDown}, {"menu", &ScriptContext::OnMenu},
+    };
+    const auto self = shared_from_this();
+    if (!alive_) return;
+    const Name name = message.at(0).get_ref<const std::string&>();
+    if (const auto found = kNotifications.find(name); found != kNotifications.end())
+        return (this->*found->second)(message);
+    if (const auto found = kCalls.find(name); found != kCalls.end()) HandleCall(found->second, message);
+}
+
+// A call is [name, id, ...].
+void ScriptContext::HandleCall(CallHandler handler, const Json& message) {
     awaitingReply_ = true;
     members_.Clear();
     if (openCalls_++ == 0) delegate_.OnNativeCall(true);
@@ -34,7 +59,7 @@ void ScriptContext::HandleCall(const std::string& operation, const Json& message
     const HRESULT status = Guard([&] {
         // Each level uses more stack than the one before, in the page and here.
         if (openCalls_ > kMaxDepth) throw StatusError(kOutOfStack);
-        reply = Dispatch(operation, message);
+        reply = (this->*handler)(message);
     });
     members_.Clear();
     if (FAILED(status)) reply = ErrorReply(message, status, ExceptionInfo().Text(status));
@@ -43,19 +68,6 @@ void ScriptContext::HandleCall(const std::string& operation, const Json& message
     if (openCalls_ == 0) delegate_.OnNativeCall(false);
     if (!alive_) return;
     Send(reply, nullptr);
-}
-
-std::string ScriptContext::Dispatch(const std::string& operation, const Json& message) {
-    using Handler = std::string (ScriptContext::*)(const Json& message);
-    static const std::map<std::string, Handler> kHandlers = {
-        {"get", &ScriptContext::OnGet},   {"put", &ScriptContext::OnPut},
-        {"call", &ScriptContext::OnCall}, {"default", &ScriptContext::OnDefault},
-        {"has", &ScriptContext::OnHas},   {"delete", &ScriptContext::OnDelete},
-        {"keys", &ScriptContext::OnKeys}, {"start", &ScriptContext::OnStart},
-        {"open", &ScriptContext::OnOpen}, {"dialog", &ScriptContext::OnDialog},
-    };
-    const auto found = kHandlers.find(operation);
-    return found == kHandlers.end() ? throw StatusError(E_NOTIMPL) : (this->*found->second)(message);
 }
 
 std::string ScriptContext::Reply(const Json& message, HRESULT status, const VARIANT& value,
@@ -147,6 +159,30 @@ std::string ScriptContext::OnDialog(const Json& message) {
 std::string ScriptContext::OnOpen(const Json& message) {
     delegate_.OnOpenWindow(ReadText(message.at(2)));
     return ValueReply(message);
+}
+
+// ---- Notifications
+
+void ScriptContext::OnRelease(const Json& message) {
+    natives_.Release(message.at(1), message.at(2));
+}
+
+void ScriptContext::OnUnloading(const Json&) {
+    unloading_ = true;
+}
+
+void ScriptContext::OnClose(const Json&) {
+    delegate_.OnCloseWindow();
+}
+
+void ScriptContext::OnMouseDown(const Json&) {
+    delegate_.OnMouseDown();
+}
+
+void ScriptContext::OnMenu(const Json& message) {
+    const Variant element = ReadValue(message.at(3));
+    delegate_.OnContextMenu({message.at(1), message.at(2)},
+                            element.Is(VT_DISPATCH) ? element.pdispVal : nullptr);
 }
 
 }  // namespace tarvik

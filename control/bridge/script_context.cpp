@@ -71,27 +71,7 @@ void ScriptContext::SendReleases() {
 
 // ---- From host to page
 
-void ScriptContext::Receive(const Json& message) {
-    const auto self = shared_from_this();
-    if (!alive_) return;
-    const std::string& operation = message.at(0).get_ref<const std::string&>();
-    if (operation == "result") return HandleResult(message);
-    if (operation == "release") return natives_.Release(message.at(1), message.at(2));
-    if (operation == "unloading") {
-        unloading_ = true;
-        return;
-    }
-    if (operation == "close") return delegate_.OnCloseWindow();
-    if (operation == "mousedown") return delegate_.OnMouseDown();
-    if (operation == "menu") {
-        const Variant element = ReadValue(message.at(3));
-        return delegate_.OnContextMenu({message.at(1), message.at(2)},
-                                       element.Is(VT_DISPATCH) ? element.pdispVal : nullptr);
-    }
-    HandleCall(operation, message);
-}
-
-void ScriptContext::HandleResult(const Json& message) {
+void ScriptContext::OnResult(const Json& message) {
     awaitingReply_ = message.at(3).get<bool>();
     const auto found = pending_.find(message.at(1).get<int>());
     if (found == pending_.end()) return;

@@ -122,8 +122,8 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     ComPtr<IDispatch> ObjectFor(int number, bool callable);
 
     // Page to host, in script_calls.cpp. Each handler returns the reply as arguments of the page's receive().
-    void HandleCall(const std::string& operation, const Json& message);
-    std::string Dispatch(const std::string& operation, const Json& message);
+    using CallHandler = std::string (ScriptContext::*)(const Json& message);
+    void HandleCall(CallHandler handler, const Json& message);
     std::string OnGet(const Json& message);
     std::string OnPut(const Json& message);
     std::string OnCall(const Json& message);
@@ -136,10 +136,17 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     std::string OnDialog(const Json& message);
     std::string Reply(const Json& message, HRESULT status, const VARIANT& value, ExceptionInfo& exception);
 
+    using NotificationHandler = void (ScriptContext::*)(const Json& message);
+    void OnResult(const Json& message);
+    void OnRelease(const Json& message);
+    void OnUnloading(const Json& message);
+    void OnClose(const Json& message);
+    void OnMouseDown(const Json& message);
+    void OnMenu(const Json& message);
+
     // Host to page
     Outcome ReadOutcome(const Json& outcome);
     void ReadMembers(const Json& outcome, Outcome* read);
-    void HandleResult(const Json& message);
     void Send(const std::string& arguments, TextHandler onReply);
     void Notify(const std::string& arguments);
     void SendReleases();

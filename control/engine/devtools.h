@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "control/engine/event_router.h"
+
 namespace tarvik {
 
 using Json = nlohmann::json;
@@ -75,6 +77,8 @@ class PageTarget {
     const std::string& Session() const { return session_; }
     const std::string& Id() const { return id_; }
     DevTools& Engine() const { return *devtools_; }
+    // The session's events.
+    EventRouter& Events() const { return *events_; }
     // Keeps the engine during a wait that the target may not survive.
     std::shared_ptr<DevTools> EnginePointer() const { return devtools_; }
 
@@ -92,6 +96,7 @@ class PageTarget {
     std::shared_ptr<DevTools> devtools_;
     std::string id_;
     std::string session_;
+    std::shared_ptr<EventRouter> events_ = std::make_shared<EventRouter>();
 };
 
 }  // namespace tarvik

@@ -17,7 +17,14 @@ EnginePages::EnginePages(DevTools& engine)
       }) {}
 
 void EnginePages::Start() {
-    engine_.Listen("", [this](std::string_view method, const Json& params) { OnEvent(method, params); });
+    created_ = events_.Subscribe<event::TargetCreated>([this](const event::TargetCreated& created) {
+        unclaimed_.insert(created.targetId);
+        CloseUnclaimed();
+    });
+    destroyed_ = events_.Subscribe<event::TargetDestroyed>(
+        [this](const event::TargetDestroyed& destroyed) { closing_.erase(destroyed.targetId); });
+    engine_.Listen("",
+                   [this](std::string_view method, const Json& params) { events_.Dispatch(method, params); });
     const Json targets = engine_.Call("", "Target.getTargets", Json::object(), kStartTimeout);
     for (const Json& target : targets.at("targetInfos")) {
         if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
@@ -70,13 +77,6 @@ void EnginePages::SendClose(const std::string& id) {
     engine_.Post("", "Target.closeTarget", {{"targetId", id}}, [this, id](const Json* result) {
         if (!result) closing_.erase(id);
     });
-}
-
-void EnginePages::OnEvent(std::string_view method, const Json& params) {
-    if (method == "Target.targetDestroyed") closing_.erase(params.at("targetId").get<std::string>());
-    if (method != "Target.targetCreated") return;
-    unclaimed_.insert(params.at("targetInfo").at("targetId").get<std::string>());
-    CloseUnclaimed();
 }
 
 void EnginePages::CloseUnclaimed() {

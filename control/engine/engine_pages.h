@@ -2,7 +2,6 @@
 
 #include <set>
 #include <string>
-#include <string_view>
 
 #include "control/engine/devtools.h"
 #include "control/engine/message_window.h"
@@ -25,7 +24,6 @@ class EnginePages {
   private:
     static constexpr UINT_PTR kCloseTimer = 1;
 
-    void OnEvent(std::string_view method, const Json& params);
     void CloseUnclaimed();
     void RetryClose();
     void SendClose(const std::string& id);
@@ -36,6 +34,9 @@ class EnginePages {
     std::set<std::string> closing_;    // asked to close, but not destroyed yet
     std::set<std::string> unclaimed_;  // created while a page was being opened, which may be one of them
     int opening_ = 0;
+    EventRouter events_;
+    EventRouter::Subscription created_;
+    EventRouter::Subscription destroyed_;
     MessageWindow window_;  // of the timer
 };
 

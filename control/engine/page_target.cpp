@@ -11,6 +11,9 @@ PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move
         devtools_->ClosePage(id_);
         throw;
     }
+    devtools_->Listen(session_, [events = events_](std::string_view method, const Json& params) {
+        events->Dispatch(method, params);
+    });
 }
 
 PageTarget::~PageTarget() {

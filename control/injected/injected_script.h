@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,18 +17,17 @@ extern const std::string_view kViewScript;    // the files of view/
 class InjectedScript {
   public:
     // `body` is that of a function with the parameters bindingName, coreName and options. Waits for the
-    // engine, because a navigation could overtake the commands. Throws StatusError.
-    InjectedScript(PageTarget& target, std::string_view body, const Json& options = Json::object());
+    // engine, because a navigation could overtake the commands. Throws StatusError. `onPost` receives what
+    // the script posts, and the id of the execution context that it does so in.
+    using PostHandler = std::function<void(const std::string& payload, int contextId)>;
+    InjectedScript(PageTarget& target, std::string_view body, const Json& options, PostHandler onPost);
 
     // JavaScript that calls a function of the core, with arguments separated by commas.
     std::string CallText(std::string_view function, std::string_view arguments) const;
 
-    // What the script has posted; null if the event "Runtime.bindingCalled" belongs to another binding.
-    const std::string* Payload(const Json& params) const;
-
   private:
-    const std::string binding_;
     const std::string core_;
+    EventRouter::Subscription posts_;
 };
 
 }  // namespace tarvik

@@ -41,10 +41,6 @@ bool Page::Connect() {
     try {
         target = std::make_unique<PageTarget>(engine_->Acquire());
         requireOpen();
-        target->Engine().Listen(target->Session(),
-                                [weak = weak_from_this()](std::string_view method, const Json& params) {
-                                    if (const auto page = weak.lock()) page->OnEvent(method, params);
-                                });
         target->Post("Page.enable");
         target->Post("Inspector.enable");
         target->Post("Fetch.enable",
@@ -53,6 +49,7 @@ bool Page::Connect() {
         requireOpen();
         bridge = std::make_unique<ScriptBridge>(*target, *this);
         requireOpen();
+        SubscribeAll(*target);
         target_ = std::move(target);
         bridge_ = std::move(bridge);
         failed_ = false;

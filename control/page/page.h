@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tarvik/com_ptr.h"
 #include "control/bridge/script_bridge.h"
@@ -70,8 +71,6 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
   private:
-    using Handler = void (Page::*)(const Json& params);
-
     // ScriptContextDelegate
     void OnDocumentStart() override;
     void OnOpenWindow(const std::wstring& url) override;
@@ -96,19 +95,21 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void ShowFailure(const std::wstring& notice);
     void ApplyStagedGlobals(ScriptContext& context);
 
-    // Events of the session
-    void OnEvent(std::string_view method, const Json& params);
-    void OnRequestPaused(const Json& params);
-    void OnFrameNavigated(const Json& params);
-    void OnNavigatedWithin(const Json& params);
-    void OnLoad(const Json& params);
-    void OnFrameStopped(const Json& params);
-    void OnFrameDetached(const Json& params);
-    void OnEngineDialog(const Json& params);
-    void OnException(const Json& params);
-    void OnWindowOpen(const Json& params);
-    void OnCrash(const Json& params);
-    void OnEngineEnd(const Json& params);
+    // Events of the target. Subscribe connects a handler for the time after Connect.
+    template <class Event>
+    EventRouter::Subscription Subscribe(PageTarget& target, void (Page::*handler)(const Event& event));
+    void SubscribeAll(PageTarget& target);
+    void OnRequestPaused(const event::RequestPaused& request);
+    void OnFrameNavigated(const event::FrameNavigated& navigated);
+    void OnNavigatedWithin(const event::NavigatedWithinDocument& navigated);
+    void OnLoad(const event::LoadEventFired&);
+    void OnFrameStopped(const event::FrameStoppedLoading& stopped);
+    void OnFrameDetached(const event::FrameDetached& detached);
+    void OnEngineDialog(const event::DialogOpening& opening);
+    void OnException(const event::ExceptionThrown& exception);
+    void OnWindowOpen(const event::WindowOpen& open);
+    void OnCrash(const event::TargetCrashed&);
+    void OnEngineEnd(const event::Disconnected&);
 
     const std::shared_ptr<SharedEngine> engine_;
     HWND window_;
@@ -116,6 +117,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     std::unique_ptr<PageTarget> target_;
     PageView view_;
     std::unique_ptr<ScriptBridge> bridge_;
+    std::vector<EventRouter::Subscription> subscriptions_;
     ComPtr<StagedGlobals> staged_ = MakeCom<StagedGlobals>();
     std::wstring location_;
     std::wstring requested_;  // the address of the last navigation from outside

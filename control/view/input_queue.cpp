@@ -13,6 +13,15 @@ constexpr ULONGLONG kRetryTimeout = 10'000;
 
 }  // namespace
 
+InputQueue::InputQueue(PageTarget& target, ViewScript& script) : target_(target), script_(script) {
+    EventRouter& events = target_.Events();
+    subscriptions_ = {
+        events.Subscribe<event::Paused>([this](const auto&) { OnPaused(); }),
+        events.Subscribe<event::Resumed>([this](const auto&) { OnResumed(); }),
+        events.Subscribe<event::ContextsCleared>([this](const auto&) { OnNewDocument(); }),
+    };
+}
+
 void InputQueue::Add(DeliveryMode mode, const char* method, Json parameters) {
     const bool waits = current_ || coalescedPending_;
     if (waits && !IsPaused() && GetTickCount64() - sentAt_ > kReplyTimeout) Finish();
@@ -29,16 +38,14 @@ void InputQueue::SetInNativeCall(bool inCall) {
     Advance();
 }
 
-void InputQueue::OnEvent(std::string_view method) {
-    if (method == "Debugger.paused") {
-        ++pauses_;
-        paused_ = true;
-    } else if (method == "Debugger.resumed") {
-        paused_ = false;
-        Advance();
-    } else if (method == "Runtime.executionContextsCleared") {
-        OnNewDocument();
-    }
+void InputQueue::OnPaused() {
+    ++pauses_;
+    paused_ = true;
+}
+
+void InputQueue::OnResumed() {
+    paused_ = false;
+    Advance();
 }
 
 // Input that was sent to the old document may be lost with it, and its reply too.

@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string_view>
+#include <vector>
 
 #include "control/engine/devtools.h"
 #include "control/view/view_script.h"
@@ -19,7 +19,7 @@ namespace tarvik {
 // and was paused meanwhile, the input is sent again.
 class InputQueue {
   public:
-    InputQueue(PageTarget& target, ViewScript& script) : target_(target), script_(script) {}
+    InputQueue(PageTarget& target, ViewScript& script);
     ~InputQueue() { *alive_ = false; }
     InputQueue(const InputQueue&) = delete;
     InputQueue& operator=(const InputQueue&) = delete;
@@ -35,8 +35,6 @@ class InputQueue {
 
     // Whether the page is in a native call.
     void SetInNativeCall(bool inCall);
-    // The session's events report when script pauses and resumes.
-    void OnEvent(std::string_view method);
 
   private:
     struct Input {
@@ -47,6 +45,8 @@ class InputQueue {
     };
     using Step = void (InputQueue::*)(const Json& value);
 
+    void OnPaused();
+    void OnResumed();
     void OnNewDocument();
     void Advance();
     void Start(Input input);
@@ -72,6 +72,7 @@ class InputQueue {
     Json received_;              // the page's count; null if unknown
     unsigned round_ = 0;         // replies of an earlier round are stale
     ULONGLONG sentAt_ = 0;
+    std::vector<EventRouter::Subscription> subscriptions_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

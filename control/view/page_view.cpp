@@ -13,9 +13,10 @@
 namespace tarvik {
 
 struct PageView::Shown {
-    Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable)
+    Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable,
+          ViewScript::EventHandler onEvent)
         : target(page),
-          script(page, textIsSelectable),
+          script(page, textIsSelectable, std::move(onEvent)),
           placement(window, page),
           queue(page, script),
           mouse(window, queue),
@@ -42,7 +43,11 @@ void PageView::SetTarget(PageTarget* target) {
     picture_.Clear();
     if (target) {
         SetNotice({});
-        shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable);
+        const auto onEvent = [this](const ViewScript::PageEvent& event) {
+            const bool isCopy = event.type == ViewScript::PageEvent::Type::kCopied;
+            isCopy ? CopyToClipboard(window_, event.text) : options_.onNewWindow(event.text);
+        };
+        shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable, onEvent);
         ForwardFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
@@ -61,17 +66,6 @@ void PageView::SetInNativeCall(bool inCall) {
 
 bool PageView::IsMouseHeld() const {
     return shown_ && shown_->mouse.IsHeld();
-}
-
-void PageView::OnEvent(std::string_view method, const Json& params) {
-    if (!shown_) return;
-    shown_->queue.OnEvent(method);
-    const auto event = shown_->script.ParseEvent(method, params);
-    if (!event) return;
-    if (event->type == ViewScript::PageEvent::Type::kCopied)
-        CopyToClipboard(window_, event->text);
-    else
-        options_.onNewWindow(event->text);
 }
 
 void PageView::OpenEditMenu(POINT screen) {

@@ -36,9 +36,6 @@ class PageView {
     // True if the message was handled; then `result` is its return value.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-    // Receives every event of the target's session, in order. Other listeners get the events too.
-    void OnEvent(std::string_view method, const Json& params);
-
     // Whether the page is in a native call. Its input waits meanwhile.
     void SetInNativeCall(bool inCall);
 

@@ -4,8 +4,22 @@
 
 namespace tarvik {
 
-ViewScript::ViewScript(PageTarget& target, bool textIsSelectable)
-    : target_(target), script_(target, kViewScript, {{"textIsSelectable", textIsSelectable}}) {}
+namespace {
+
+ViewScript::PageEvent ParseEvent(std::string_view payload) {
+    using Type = ViewScript::PageEvent::Type;
+    const Type type = payload.starts_with("copied:") ? Type::kCopied : Type::kNewWindow;
+    return {type, Widen(payload.substr(payload.find(':') + 1))};
+}
+
+}  // namespace
+
+ViewScript::ViewScript(PageTarget& target, bool textIsSelectable, EventHandler onEvent)
+    : target_(target),
+      script_(
+          target, kViewScript, {{"textIsSelectable", textIsSelectable}},
+          [onEvent = std::move(onEvent)](const std::string& payload, int) { onEvent(ParseEvent(payload)); }) {
+}
 
 Json ViewScript::EvaluateParameters(std::string_view function, std::string_view arguments) const {
     return {{"expression", script_.CallText(function, arguments)},
@@ -21,15 +35,6 @@ void ViewScript::Call(std::string_view function, std::string_view arguments, Han
                      const bool failed = !reply || reply->contains("exceptionDetails");
                      handler(failed ? kNone : reply->at("result").value("value", kNone));
                  });
-}
-
-std::optional<ViewScript::PageEvent> ViewScript::ParseEvent(std::string_view method,
-                                                            const Json& params) const {
-    const std::string* const payload = method == "Runtime.bindingCalled" ? script_.Payload(params) : nullptr;
-    if (!payload) return std::nullopt;
-    const std::string_view event = *payload;
-    const auto type = event.starts_with("copied:") ? PageEvent::Type::kCopied : PageEvent::Type::kNewWindow;
-    return PageEvent{type, Widen(event.substr(event.find(':') + 1))};
 }
 
 }  // namespace tarvik

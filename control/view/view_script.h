@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,9 +11,16 @@ namespace tarvik {
 // The injected script of the view: what a page receives, copies and shows under the pointer.
 class ViewScript {
   public:
+    // An event that the script has posted.
+    struct PageEvent {
+        enum class Type { kCopied, kNewWindow } type;
+        std::wstring text;  // that was copied; the address for a new window
+    };
+    using EventHandler = std::function<void(const PageEvent& event)>;
+
     // Before the target's first navigation. If text is not selectable, it still is in fields and where the
     // page's styles say so.
-    explicit ViewScript(PageTarget& target, bool textIsSelectable = true);
+    ViewScript(PageTarget& target, bool textIsSelectable, EventHandler onEvent);
 
     // Calls a function of the script, with arguments as JSON separated by commas. The handler receives the
     // result; null if there is none or the page cannot be reached.
@@ -23,13 +29,6 @@ class ViewScript {
 
     // The parameters of "Runtime.evaluate" for such a call.
     Json EvaluateParameters(std::string_view function, std::string_view arguments) const;
-
-    // An event that the script has posted.
-    struct PageEvent {
-        enum class Type { kCopied, kNewWindow } type;
-        std::wstring text;  // that was copied; the address for a new window
-    };
-    std::optional<PageEvent> ParseEvent(std::string_view method, const Json& params) const;
 
   private:
     PageTarget& target_;

@@ -79,10 +79,7 @@ inline std::span<const Member<Desk>> Desk::Members() {
 class BridgedPage : public ScriptContextDelegate {
   public:
     explicit BridgedPage(SharedEngine& engine) : target(engine.Acquire()) {
-        target.Engine().Listen(target.Session(), [this](std::string_view method, const Json& params) {
-            if (bridge && bridge->HandleEvent(method, params)) return;
-            if (method == "Page.loadEventFired") loaded_ = true;
-        });
+        loads_ = target.Events().Subscribe<event::LoadEventFired>([this](const auto&) { loaded_ = true; });
         target.Post("Page.enable");
         bridge = std::make_unique<ScriptBridge>(target, *this);
     }
@@ -133,6 +130,7 @@ class BridgedPage : public ScriptContextDelegate {
     }
 
     bool loaded_ = false;
+    EventRouter::Subscription loads_;
 };
 
 }  // namespace tarvik

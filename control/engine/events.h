@@ -1,0 +1,150 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+// The events of the DevTools protocol that the page control handles, with the parameters it uses. Parse
+// throws a JSON exception if a required parameter is missing.
+namespace tarvik::event {
+
+using nlohmann::json;
+
+namespace detail {
+
+// The base of an event whose parameters are not used.
+template <class Event>
+struct Plain {
+    static Event Parse(const json&) { return {}; }
+};
+
+inline std::string Text(const json& object, const char* name) {
+    return object.value(name, std::string());
+}
+
+}  // namespace detail
+
+struct TargetCreated {
+    static constexpr const char* kMethod = "Target.targetCreated";
+    static TargetCreated Parse(const json& params) { return {params.at("targetInfo").at("targetId")}; }
+    std::string targetId;
+};
+
+struct TargetDestroyed {
+    static constexpr const char* kMethod = "Target.targetDestroyed";
+    static TargetDestroyed Parse(const json& params) { return {params.at("targetId")}; }
+    std::string targetId;
+};
+
+// Synthetic, see DevTools.
+struct Disconnected : detail::Plain<Disconnected> {
+    static constexpr const char* kMethod = "Inspector.disconnected";
+};
+
+struct TargetCrashed : detail::Plain<TargetCrashed> {
+    static constexpr const char* kMethod = "Inspector.targetCrashed";
+};
+
+struct RequestPaused {
+    static constexpr const char* kMethod = "Fetch.requestPaused";
+    static RequestPaused Parse(const json& params) {
+        return {params.at("requestId"), detail::Text(params, "frameId"),
+                detail::Text(params.at("request"), "url"), params.contains("redirectedRequestId")};
+    }
+    std::string requestId;
+    std::string frameId;
+    std::string url;
+    bool isRedirected;
+};
+
+struct FrameNavigated {
+    static constexpr const char* kMethod = "Page.frameNavigated";
+    static FrameNavigated Parse(const json& params) {
+        const json& frame = params.at("frame");
+        const std::string url = detail::Text(frame, "url") + detail::Text(frame, "urlFragment");
+        return {detail::Text(frame, "id"), !frame.contains("parentId"), frame.value("unreachableUrl", url)};
+    }
+    std::string frameId;
+    bool isTop;
+    std::string url;  // if it cannot be opened, the requested address and not that of the engine's error page
+};
+
+struct NavigatedWithinDocument {
+    static constexpr const char* kMethod = "Page.navigatedWithinDocument";
+    static NavigatedWithinDocument Parse(const json& params) {
+        return {detail::Text(params, "frameId"), detail::Text(params, "url")};
+    }
+    std::string frameId;
+    std::string url;
+};
+
+struct LoadEventFired : detail::Plain<LoadEventFired> {
+    static constexpr const char* kMethod = "Page.loadEventFired";
+};
+
+struct FrameStoppedLoading {
+    static constexpr const char* kMethod = "Page.frameStoppedLoading";
+    static FrameStoppedLoading Parse(const json& params) { return {detail::Text(params, "frameId")}; }
+    std::string frameId;
+};
+
+struct FrameDetached {
+    static constexpr const char* kMethod = "Page.frameDetached";
+    static FrameDetached Parse(const json& params) { return {detail::Text(params, "frameId")}; }
+    std::string frameId;
+};
+
+struct DialogOpening {
+    static constexpr const char* kMethod = "Page.javascriptDialogOpening";
+    static DialogOpening Parse(const json& params) {
+        return {detail::Text(params, "type"), detail::Text(params, "message"),
+                detail::Text(params, "defaultPrompt")};
+    }
+    std::string type;
+    std::string message;
+    std::string defaultPrompt;
+};
+
+struct WindowOpen {
+    static constexpr const char* kMethod = "Page.windowOpen";
+    static WindowOpen Parse(const json& params) { return {detail::Text(params, "url")}; }
+    std::string url;
+};
+
+struct ExceptionThrown {
+    static constexpr const char* kMethod = "Runtime.exceptionThrown";
+    static ExceptionThrown Parse(const json& params);
+    std::string message;
+    std::string url;
+    int line;  // from 1
+    int column;
+};
+
+struct BindingCalled {
+    static constexpr const char* kMethod = "Runtime.bindingCalled";
+    static BindingCalled Parse(const json& params) {
+        return {params.at("name"), params.at("payload"), params.at("executionContextId")};
+    }
+    std::string name;
+    std::string payload;
+    int contextId;
+};
+
+struct ContextsCleared : detail::Plain<ContextsCleared> {
+    static constexpr const char* kMethod = "Runtime.executionContextsCleared";
+};
+
+struct ContextDestroyed {
+    static constexpr const char* kMethod = "Runtime.executionContextDestroyed";
+    static ContextDestroyed Parse(const json& params) { return {params.value("executionContextId", 0)}; }
+    int contextId;
+};
+
+struct Paused : detail::Plain<Paused> {
+    static constexpr const char* kMethod = "Debugger.paused";
+};
+
+struct Resumed : detail::Plain<Resumed> {
+    static constexpr const char* kMethod = "Debugger.resumed";
+};
+
+}  // namespace tarvik::event
