@@ -52,7 +52,7 @@ void ScriptContext::Receive(const Json& message) {
 
 // A call is [name, id, ...].
 void ScriptContext::HandleCall(CallHandler handler, const Json& message) {
-    awaitingReply_ = true;
+    thread_->OnCall();
     members_.Clear();
     if (openCalls_++ == 0) delegate_.OnNativeCall(true);
     std::string reply;
@@ -67,7 +67,7 @@ void ScriptContext::HandleCall(CallHandler handler, const Json& message) {
     --openCalls_;
     if (openCalls_ == 0) delegate_.OnNativeCall(false);
     if (!alive_) return;
-    Send(reply, nullptr);
+    thread_->Send(ReceiveCall(reply), nullptr);
 }
 
 std::string ScriptContext::Reply(const Json& message, HRESULT status, const VARIANT& value,
@@ -142,7 +142,7 @@ std::string ScriptContext::OnKeys(const Json& message) {
 }
 
 std::string ScriptContext::OnStart(const Json& message) {
-    CompileUnreachableScript();
+    thread_->CompileUnreachableScript();
     std::set<std::wstring> names;
     for (const Json& name : message.at(2))
         names.insert(ReadText(name));
@@ -168,7 +168,7 @@ void ScriptContext::OnRelease(const Json& message) {
 }
 
 void ScriptContext::OnUnloading(const Json&) {
-    unloading_ = true;
+    thread_->OnUnloading();
 }
 
 void ScriptContext::OnClose(const Json&) {

@@ -9,7 +9,6 @@ namespace tarvik {
 namespace {
 
 constexpr int kWindow = 0;
-constexpr std::string_view kQueued = "queued";
 
 }  // namespace
 
@@ -22,7 +21,12 @@ struct ScriptContext::Pending {
 
 ScriptContext::ScriptContext(PageTarget& target, ScriptContextDelegate& delegate,
                              const InjectedScript& script, int contextId)
-    : target_(target), delegate_(delegate), script_(script), contextId_(contextId), natives_([this] {
+    : target_(target),
+      delegate_(delegate),
+      script_(script),
+      contextId_(contextId),
+      thread_(std::make_shared<PageThread>(target, contextId)),
+      natives_([this] {
           if (alive_) target_.Post("HeapProfiler.collectGarbage");
       }) {}
 
@@ -31,6 +35,7 @@ ScriptContext::~ScriptContext() = default;
 void ScriptContext::End() {
     const auto self = shared_from_this();
     alive_ = false;
+    thread_->End();
     releases_.clear();
     members_.Clear();
     natives_.Clear();
@@ -72,7 +77,7 @@ void ScriptContext::SendReleases() {
 // ---- From host to page
 
 void ScriptContext::OnResult(const Json& message) {
-    awaitingReply_ = message.at(3).get<bool>();
+    thread_->OnResult(message.at(3).get<bool>());
     const auto found = pending_.find(message.at(1).get<int>());
     if (found == pending_.end()) return;
     const auto pending = found->second;
@@ -122,10 +127,9 @@ ScriptContext::Outcome ScriptContext::Run(const Task& task) {
                              std::to_string(task.object) + "]," +
                              (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments + "]," +
                              (task.reportErrors ? "false" : "true");
-    Send(call, [this, pending](std::string_view text) {
-        if (text == kQueued) return;
+    thread_->Send(ReceiveCall(call), [self, pending](std::string_view text) {
         pending->lost = text.empty();
-        if (!text.empty()) pending->outcome = ReadOutcome(Json::parse(text));
+        if (!text.empty()) pending->outcome = self->ReadOutcome(Json::parse(text));
         pending->done = true;
     });
     engine->WaitUntil([&] { return pending->done || !alive_; }, INFINITE);
@@ -149,86 +153,12 @@ void ScriptContext::ListenToMouse() {
     Notify(R"("listen")");
 }
 
-// Sends a message to the page and resumes it if it awaits one. A resume that arrives too early is made up for
-// after the reply to the evaluation.
-void ScriptContext::Send(const std::string& call, TextHandler onReply) {
-    const bool wakes = std::exchange(awaitingReply_, false);
-    evaluations_ += wakes;
-    const auto onResult = [self = shared_from_this(), wakes,
-                           onReply = std::move(onReply)](const Json* result) {
-        std::string text;
-        if (result && !result->contains("exceptionDetails"))
-            text = result->at("result").value("value", std::string());
-        self->evaluations_ -= wakes;
-        if (text == kQueued) self->pendingResume_ = true;
-        if (onReply) onReply(text);
-        self->ResumeIfNeeded();
-    };
-    target_.Engine().Batch([&] {
-        target_.Post("Runtime.evaluate",
-                     {{"expression", ReceiveCall(call)}, {"contextId", contextId_}, {"returnByValue", true}},
-                     onResult);
-        if (wakes) Resume();
-    });
-}
-
 // An expression that delivers a message and the pending releases.
 std::string ScriptContext::ReceiveCall(const std::string& arguments) {
     std::string releases;
     for (const auto& [number, references] : std::exchange(releases_, {}))
         releases += (releases.empty() ? "" : ",") + std::to_string(number) + "," + std::to_string(references);
     return script_.CallText("receive", "[" + releases + "]," + arguments);
-}
-
-// The engine handles a plain resume on another thread, where it overtakes the evaluation sent before it every
-// third time. Continuing to a location that is never reached has the same effect and keeps the order. But
-// only a plain resume releases the objects that the engine has listed for the pause, everything on the stack;
-// the rest of the document's life they would leak.
-void ScriptContext::Resume() {
-    if (unreachableScript_.empty()) return SendResume("Debugger.resume", Json::object());
-    SendResume("Debugger.continueToLocation",
-               {{"location", {{"scriptId", unreachableScript_}, {"lineNumber", 0}}}});
-    target_.Post("Runtime.releaseObjectGroup", {{"objectGroup", "backtrace"}});
-}
-
-void ScriptContext::SendResume(std::string_view method, Json params) {
-    resuming_ = true;
-    target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
-        self->resuming_ = false;
-        self->paused_ = false;  // if the command failed, it was not paused
-        self->ResumeIfNeeded();
-    });
-}
-
-void ScriptContext::CompileUnreachableScript() {
-    target_.Post(
-        "Runtime.compileScript",
-        {{"expression", "0"}, {"sourceURL", ""}, {"persistScript", true}, {"executionContextId", contextId_}},
-        [self = shared_from_this()](const Json* result) {
-            if (result) self->unreachableScript_ = result->value("scriptId", std::string());
-        });
-}
-
-// A page pauses only after it has read its inbox, so it does not know of messages queued from now on.
-void ScriptContext::OnPaused() {
-    paused_ = true;
-    unloading_ = false;
-    pendingResume_ = false;
-    ResumeIfNeeded();
-}
-
-void ScriptContext::OnResumed() {
-    paused_ = false;
-}
-
-// Resumes a page that is paused without awaiting a message: its own `debugger` statement paused it, or a
-// resume arrived too early. A page that awaits a message is resumed if one has been queued.
-void ScriptContext::ResumeIfNeeded() {
-    if (!alive_ || !target_.Engine().IsOpen() || !paused_) return;
-    if (resuming_ || evaluations_ > 0 || (awaitingReply_ && !pendingResume_)) return;
-    pendingResume_ = false;
-    awaitingReply_ = false;
-    SendResume("Debugger.resume", Json::object());
 }
 
 }  // namespace tarvik

@@ -3,7 +3,6 @@
 #include <windows.h>
 #include <dispex.h>
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -15,6 +14,7 @@
 #include "control/bridge/failure.h"
 #include "control/bridge/name_table.h"
 #include "control/bridge/native_objects.h"
+#include "control/bridge/page_thread.h"
 #include "control/bridge/member_cache.h"
 #include "control/engine/devtools.h"
 #include "control/injected/injected_script.h"
@@ -55,7 +55,7 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     bool IsAlive() const { return alive_; }
     // Another document is about to replace this one, so the engine no longer pauses the page: its calls of
     // native objects fail, and with them script that relies on them.
-    bool IsUnloading() const { return unloading_; }
+    bool IsUnloading() const { return thread_->IsUnloading(); }
     void End();
 
     void SetExternal(IDispatch* external) {
@@ -68,8 +68,8 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
     // Events of the engine.
     void Receive(const Json& message);
-    void OnPaused();
-    void OnResumed();
+    void OnPaused() { thread_->OnPaused(); }
+    void OnResumed() { thread_->OnResumed(); }
 
     // The page's global object.
     ComPtr<IDispatch> Window();
@@ -113,7 +113,6 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
   private:
     struct Pending;
-    using TextHandler = std::function<void(std::string_view text)>;
 
     // Values
     Variant ReadValue(const Json& value);
@@ -147,21 +146,16 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     // Host to page
     Outcome ReadOutcome(const Json& outcome);
     void ReadMembers(const Json& outcome, Outcome* read);
-    void Send(const std::string& arguments, TextHandler onReply);
     void Notify(const std::string& arguments);
     void SendReleases();
     std::string ReceiveCall(const std::string& arguments);
-    void CompileUnreachableScript();
-    void Resume();
-    void SendResume(std::string_view method, Json params);
-    void ResumeIfNeeded();
 
     PageTarget& target_;
     ScriptContextDelegate& delegate_;
     const InjectedScript& script_;
     const int contextId_;
+    const std::shared_ptr<PageThread> thread_;
     bool alive_ = true;
-    bool unloading_ = false;
     bool dialogOpen_ = false;
     int openCalls_ = 0;
     unsigned long exchanges_ = 0;  // completed, in both directions
@@ -179,15 +173,6 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
     std::map<int, std::shared_ptr<Pending>> pending_;
     int lastTask_ = 0;
-
-    std::string unreachableScript_;  // the id of a script that never runs, once it is known
-
-    // The state of the page's thread, as far as it is known.
-    bool paused_ = false;         // as the engine reported
-    bool awaitingReply_ = false;  // in a call: paused or about to pause
-    bool pendingResume_ = false;  // paused, with a queued message
-    int evaluations_ = 0;         // in flight, with a message for a paused page
-    bool resuming_ = false;       // a resume command is in flight
 };
 
 }  // namespace tarvik
