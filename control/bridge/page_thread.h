@@ -22,8 +22,8 @@ namespace tarvik {
 //   kAwaiting, kQueued --- send, return ---> kStopped --- call ---> kAwaiting
 //   kQueued --- resumed ---> kCalling
 //
-// A resume command ends kQueued and kStopped, but only when no other command of the host is in flight: a resume
-// may overtake a message, and a page that finds no message pauses again.
+// A resume command ends kQueued and kStopped, but only when no other command of the host is in flight: a
+// resume may overtake a message, and a page that finds no message pauses again.
 class PageThread : public std::enable_shared_from_this<PageThread> {
   public:
     enum class State {

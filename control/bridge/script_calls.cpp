@@ -1,6 +1,6 @@
 // Messages from a page's script: calls, most of them of native objects, and notifications.
 
-#include <map>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,37 +17,52 @@ namespace {
 constexpr int kMaxDepth = 100;
 constexpr HRESULT kOutOfStack = static_cast<HRESULT>(0x800A001C);  // as script engines report it
 
-std::string ValueReply(const Json& message, const std::string& value = "void 0") {
-    return R"("value",)" + message.at(1).dump() + "," + value;
+using protocol::Kind;
+
+std::string ReplyText(protocol::Name<Kind::kReply> name, const Json& call, const std::string& field) {
+    return "\"" + std::string(name) + "\"," + call.at(1).dump() + "," + field;
 }
 
-std::string ErrorReply(const Json& message, HRESULT status, const std::wstring& text) {
-    return R"("error",)" + message.at(1).dump() + "," + std::to_string(status) + "," + ScriptText(text);
+std::string ValueReply(const Json& call, const std::string& value = "void 0") {
+    return ReplyText("value", call, value);
+}
+
+std::string ErrorReply(const Json& call, HRESULT status, const std::wstring& text) {
+    return ReplyText("error", call, std::to_string(status) + "," + ScriptText(text));
 }
 
 }  // namespace
 
-// Messages are [name, ...].
 void ScriptContext::Receive(const Json& message) {
-    using Name = std::string_view;
-    static const std::map<Name, CallHandler> kCalls = {
-        {"get", &ScriptContext::OnGet},   {"put", &ScriptContext::OnPut},
-        {"call", &ScriptContext::OnCall}, {"default", &ScriptContext::OnDefault},
-        {"has", &ScriptContext::OnHas},   {"delete", &ScriptContext::OnDelete},
-        {"keys", &ScriptContext::OnKeys}, {"start", &ScriptContext::OnStart},
-        {"open", &ScriptContext::OnOpen}, {"dialog", &ScriptContext::OnDialog},
+    static constexpr struct {
+        protocol::Name<Kind::kCall> name;
+        CallHandler handler;
+    } kCalls[] = {
+        {"start", &ScriptContext::OnStart}, {"get", &ScriptContext::OnGet},
+        {"put", &ScriptContext::OnPut},     {"call", &ScriptContext::OnCall},
+        {"has", &ScriptContext::OnHas},     {"default", &ScriptContext::OnDefault},
+        {"keys", &ScriptContext::OnKeys},   {"delete", &ScriptContext::OnDelete},
+        {"open", &ScriptContext::OnOpen},   {"dialog", &ScriptContext::OnDialog},
     };
-    static const std::map<Name, NotificationHandler> kNotifications = {
+    static_assert(std::size(kCalls) == protocol::Count(Kind::kCall));
+    static constexpr struct {
+        protocol::Name<Kind::kNotification> name;
+        NotificationHandler handler;
+    } kNotifications[] = {
         {"result", &ScriptContext::OnResult},       {"release", &ScriptContext::OnRelease},
         {"unloading", &ScriptContext::OnUnloading}, {"close", &ScriptContext::OnClose},
         {"mousedown", &ScriptContext::OnMouseDown}, {"menu", &ScriptContext::OnMenu},
     };
+    static_assert(std::size(kNotifications) == protocol::Count(Kind::kNotification));
     const auto self = shared_from_this();
     if (!alive_) return;
-    const Name name = message.at(0).get_ref<const std::string&>();
-    if (const auto found = kNotifications.find(name); found != kNotifications.end())
-        return (this->*found->second)(message);
-    if (const auto found = kCalls.find(name); found != kCalls.end()) HandleCall(found->second, message);
+    const std::string_view name = message.at(0).get_ref<const std::string&>();
+    for (const auto& [known, handler] : kNotifications) {
+        if (known == name) return (this->*handler)(message);
+    }
+    for (const auto& [known, handler] : kCalls) {
+        if (known == name) return HandleCall(handler, message);
+    }
 }
 
 // A call is [name, id, ...].
@@ -91,7 +106,7 @@ std::string ScriptContext::OnGet(const Json& message) {
     const HRESULT status = natives_.Read({object, name}, &value, &exception);
     const bool empty = SUCCEEDED(status) && value.Is(VT_EMPTY) && !natives_.IsExtensible(object);
     if (empty || (FAILED(status) && !IsUnreachable(status)))
-        return R"("method",)" + message.at(1).dump() + (empty || IsRefusal(status) ? ",true" : ",false");
+        return ReplyText("method", message, empty || IsRefusal(status) ? "true" : "false");
     return Reply(message, status, value, exception);
 }
 

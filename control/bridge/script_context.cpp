@@ -10,6 +10,9 @@ namespace {
 
 constexpr int kWindow = 0;
 
+using Command = protocol::Name<protocol::Kind::kCommand>;
+using TaskName = protocol::Name<protocol::Kind::kTask>;
+
 }  // namespace
 
 // A task that has been sent to the page.
@@ -71,7 +74,7 @@ void ScriptContext::Release(int number) {
 void ScriptContext::SendReleases() {
     if (!alive_ || releases_.empty() || releasing_ || openCalls_ > 0 || !pending_.empty()) return;
     releasing_ = true;
-    Notify(R"("release")");
+    Notify("release");
 }
 
 // ---- From host to page
@@ -90,7 +93,7 @@ bool ScriptContext::HasMember(int object, const std::wstring& name) {
     const auto known = members_.Lookup(object, name);
     if (known != MemberCache::Result::kUnknown) return known == MemberCache::Result::kPresent;
     const unsigned long before = exchanges_;
-    Outcome outcome = Run({.name = members_.IsCommon(name) ? "findOne" : "find",
+    Outcome outcome = Run({.name = members_.IsCommon(name) ? TaskName("findOne") : TaskName("find"),
                            .object = object,
                            .member = ScriptText(name),
                            .reportErrors = false});
@@ -117,14 +120,14 @@ void ScriptContext::CheckReachable() const {
 
 ScriptContext::Outcome ScriptContext::Run(const Task& task) {
     const auto self = shared_from_this();
-    if (std::string_view(task.name) != "find") members_.Clear();
+    if (task.name != TaskName("find")) members_.Clear();
     CheckReachable();
     const auto engine = target_.EnginePointer();
     const auto pending = std::make_shared<Pending>();
     const int id = ++lastTask_;
     pending_[id] = pending;
-    const std::string call = R"("run",)" + std::to_string(id) + ",\"" + task.name + R"(",["f",)" +
-                             std::to_string(task.object) + "]," +
+    const std::string call = "\"" + std::string(Command("run")) + "\"," + std::to_string(id) + ",\"" +
+                             std::string(task.name) + R"(",["f",)" + std::to_string(task.object) + "]," +
                              (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments + "]," +
                              (task.reportErrors ? "false" : "true");
     thread_->Send(ReceiveCall(call), [self, pending](std::string_view text) {
@@ -140,9 +143,11 @@ ScriptContext::Outcome ScriptContext::Run(const Task& task) {
 }
 
 // Sends a message that does not wake a paused page.
-void ScriptContext::Notify(const std::string& arguments) {
+void ScriptContext::Notify(Command name) {
     target_.Post("Runtime.evaluate",
-                 {{"expression", ReceiveCall(arguments)}, {"contextId", contextId_}, {"silent", true}},
+                 {{"expression", ReceiveCall("\"" + std::string(name) + "\"")},
+                  {"contextId", contextId_},
+                  {"silent", true}},
                  [self = shared_from_this()](const Json*) {
                      self->releasing_ = false;
                      self->SendReleases();
@@ -150,7 +155,7 @@ void ScriptContext::Notify(const std::string& arguments) {
 }
 
 void ScriptContext::ListenToMouse() {
-    Notify(R"("listen")");
+    Notify("listen");
 }
 
 // An expression that delivers a message and the pending releases.

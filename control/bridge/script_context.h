@@ -18,6 +18,7 @@
 #include "control/bridge/member_cache.h"
 #include "control/engine/devtools.h"
 #include "control/injected/injected_script.h"
+#include "control/injected/protocol.h"
 
 namespace tarvik {
 
@@ -76,7 +77,7 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
     // An operation for the page to run on one of its objects.
     struct Task {
-        const char* name;          // a task of the injected script
+        protocol::Name<protocol::Kind::kTask> name;
         int object = 0;            // the number of a script object
         std::string member;        // JavaScript: a name, or the `this` of a call; empty means undefined
         std::string arguments;     // JavaScript: values separated by commas
@@ -146,7 +147,7 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     // Host to page
     Outcome ReadOutcome(const Json& outcome);
     void ReadMembers(const Json& outcome, Outcome* read);
-    void Notify(const std::string& arguments);
+    void Notify(protocol::Name<protocol::Kind::kCommand> name);
     void SendReleases();
     std::string ReceiveCall(const std::string& arguments);
 

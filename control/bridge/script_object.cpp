@@ -10,6 +10,8 @@ namespace tarvik {
 
 namespace {
 
+using TaskName = protocol::Name<protocol::Kind::kTask>;
+
 constexpr HRESULT kErrorReported = static_cast<HRESULT>(0x80020101);  // SCRIPT_E_REPORTED
 
 const VARIANT* NamedArgument(const DISPPARAMS& parameters, DISPID id) {
@@ -92,7 +94,7 @@ ScriptContext::Task ScriptObject::TaskFor(DISPID id, WORD flags, const DISPPARAM
         task.name = "new";
         task.arguments = Arguments(parameters);
     } else if (flags & DISPATCH_METHOD) {
-        task.name = id == DISPID_VALUE ? "call" : "member";
+        task.name = id == DISPID_VALUE ? TaskName("call") : TaskName("member");
         const VARIANT* self = NamedArgument(parameters, DISPID_THIS);
         if (id == DISPID_VALUE && self) task.member = context_->Write(*self);
         task.arguments = Arguments(parameters);

@@ -1,6 +1,7 @@
 // Values between the script of a page and native code, as injected/bridge/values.js writes and reads them.
 
 #include <climits>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -69,23 +70,28 @@ std::vector<Variant> ScriptContext::ReadValues(const Json& values) {
 }
 
 ScriptContext::Outcome ScriptContext::ReadOutcome(const Json& outcome) {
-    const std::string& type = outcome.at(0).get_ref<const std::string&>();
+    using Type = Outcome::Type;
+    static constexpr struct {
+        protocol::Name<protocol::Kind::kOutcome> tag;
+        Type type;
+    } kTypes[] = {
+        {"value", Type::kValue},     {"absent", Type::kAbsent}, {"present", Type::kPresent},
+        {"members", Type::kMembers}, {"names", Type::kNames},   {"error", Type::kError},
+    };
+    static_assert(std::size(kTypes) == protocol::Count(protocol::Kind::kOutcome));
+    const std::string_view tag = outcome.at(0).get_ref<const std::string&>();
     Outcome read;
-    if (type == "absent") {
-        read.type = Outcome::Type::kAbsent;
-    } else if (type == "present") {
-        read.type = Outcome::Type::kPresent;
-    } else if (type == "value") {
-        read.type = Outcome::Type::kValue;
+    for (const auto& [known, type] : kTypes) {
+        if (known == tag) read.type = type;
+    }
+    if (read.type == Type::kValue) {
         read.value = ReadValue(outcome.at(1));
-    } else if (type == "members") {
-        read.type = Outcome::Type::kMembers;
+    } else if (read.type == Type::kMembers) {
         ReadMembers(outcome, &read);
-    } else if (type == "names") {
-        read.type = Outcome::Type::kNames;
+    } else if (read.type == Type::kNames) {
         for (size_t i = 1; i < outcome.size(); ++i)
             read.names.push_back(ReadText(outcome.at(i)));
-    } else {
+    } else if (read.type == Type::kError) {
         const HRESULT number = outcome.at(1).get<int>();
         if (FAILED(number)) read.number = number;
         read.message = ReadText(outcome.at(2));

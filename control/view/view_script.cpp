@@ -8,8 +8,10 @@ namespace {
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {
     using Type = ViewScript::PageEvent::Type;
-    const Type type = payload.starts_with("copied:") ? Type::kCopied : Type::kNewWindow;
-    return {type, Widen(payload.substr(payload.find(':') + 1))};
+    constexpr protocol::Name<protocol::Kind::kViewEvent> kCopied = "copied";
+    const size_t colon = payload.find(':');
+    const Type type = kCopied == payload.substr(0, colon) ? Type::kCopied : Type::kNewWindow;
+    return {type, Widen(payload.substr(colon + 1))};
 }
 
 }  // namespace
@@ -21,14 +23,14 @@ ViewScript::ViewScript(PageTarget& target, bool textIsSelectable, EventHandler o
           [onEvent = std::move(onEvent)](const std::string& payload, int) { onEvent(ParseEvent(payload)); }) {
 }
 
-Json ViewScript::EvaluateParameters(std::string_view function, std::string_view arguments) const {
+Json ViewScript::EvaluateParameters(Function function, std::string_view arguments) const {
     return {{"expression", script_.CallText(function, arguments)},
             {"returnByValue", true},
             {"userGesture", true},
             {"silent", true}};
 }
 
-void ViewScript::Call(std::string_view function, std::string_view arguments, Handler handler) {
+void ViewScript::Call(Function function, std::string_view arguments, Handler handler) {
     target_.Post("Runtime.evaluate", EvaluateParameters(function, arguments),
                  [handler = std::move(handler)](const Json* reply) {
                      static const Json kNone;

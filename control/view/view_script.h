@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "control/injected/injected_script.h"
+#include "control/injected/protocol.h"
 
 namespace tarvik {
 
@@ -25,10 +26,11 @@ class ViewScript {
     // Calls a function of the script, with arguments as JSON separated by commas. The handler receives the
     // result; null if there is none or the page cannot be reached.
     using Handler = std::function<void(const Json& result)>;
-    void Call(std::string_view function, std::string_view arguments, Handler handler);
+    using Function = protocol::Name<protocol::Kind::kViewFunction>;
+    void Call(Function function, std::string_view arguments, Handler handler);
 
     // The parameters of "Runtime.evaluate" for such a call.
-    Json EvaluateParameters(std::string_view function, std::string_view arguments) const;
+    Json EvaluateParameters(Function function, std::string_view arguments) const;
 
   private:
     PageTarget& target_;

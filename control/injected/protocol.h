@@ -1,0 +1,116 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+// The protocol between the injected scripts and the host. The host's code takes the names of messages from
+// these tables; a test compares the scripts with them. Values are encoded as injected/bridge/values.js
+// describes.
+namespace tarvik::protocol {
+
+enum class Kind {
+    // The bridge's script posts a JSON array [name, ...].
+    kCall,          // [name, call id, fields...]: the page pauses until the host sends the reply
+    kNotification,  // [name, fields...]: the page continues
+    // The host evaluates receive(releases, name, fields...). `releases` are numbers of script objects, each
+    // followed by
+    // the count of released references. A paused page queues the message for its innermost call.
+    kReply,    // to a call; its first field is the call's id
+    kCommand,  // at any time; a paused page runs it before it pauses again
+    // Names inside of "run", and the tags of its outcome.
+    kTask,
+    kOutcome,
+    // The view's script posts the text "name:field".
+    kViewEvent,
+    // The host calls a function of the view's core, at any time.
+    kViewFunction,
+};
+
+struct Message {
+    Kind kind;
+    std::string_view name;
+    std::string_view fields;
+    std::string_view use;
+};
+
+inline constexpr Message kMessages[] = {
+    // The fields `object` are ids of native objects in calls, and numbers of script objects in tasks.
+    {Kind::kCall, "start", "names", "first: a document starts; the members of Object.prototype"},
+    {Kind::kCall, "get", "object, name", "a member is read; the reply is a value or \"method\""},
+    {Kind::kCall, "put", "object, name, value", "a member is written"},
+    {Kind::kCall, "call", "object, name or null, values", "a member, or the object itself, is called"},
+    {Kind::kCall, "default", "object", "the object is converted to a primitive value"},
+    {Kind::kCall, "has", "object, name", "`in` operator"},
+    {Kind::kCall, "delete", "object, name", "`delete` operator"},
+    {Kind::kCall, "keys", "object", "enumeration; the reply is an array of names"},
+    {Kind::kCall, "open", "url", "window.open of a new window"},
+    {Kind::kCall, "dialog", "type, message, proposal", "alert, confirm or prompt; the reply is the result"},
+
+    {Kind::kNotification, "result", "task id, outcome, awaits",
+     "a queued task has run; whether the page pauses again"},
+    {Kind::kNotification, "release", "object, count", "script has dropped a native object"},
+    {Kind::kNotification, "unloading", "", "the engine no longer pauses the page, so a call has failed"},
+    {Kind::kNotification, "close", "", "window.close"},
+    {Kind::kNotification, "mousedown", "", "after \"listen\": a press has reached the document's body"},
+    {Kind::kNotification, "menu", "x, y, element", "a context menu is requested"},
+
+    {Kind::kReply, "value", "call id, value", "the call has succeeded"},
+    {Kind::kReply, "method", "call id, isPermanent", "to \"get\": the member is a method"},
+    {Kind::kReply, "error", "call id, number, message", "the call throws an Error"},
+
+    {Kind::kCommand, "run", "task id, task, object, member, values, quiet", "runs a task"},
+    {Kind::kCommand, "listen", "", "reports mouse presses from now on"},
+    {Kind::kCommand, "release", "", "carries only releases"},
+
+    {Kind::kTask, "eval", "-, text", "evaluates global script"},
+    {Kind::kTask, "call", "object, this, values", "calls a function"},
+    {Kind::kTask, "new", "object, -, values", "constructs an object"},
+    {Kind::kTask, "member", "object, name, values", "calls a method, or reads a property"},
+    {Kind::kTask, "get", "object, name", "reads a property"},
+    {Kind::kTask, "find", "object, name", "looks a member up; the outcome may be \"members\""},
+    {Kind::kTask, "findOne", "object, name", "looks a member up, only this one"},
+    {Kind::kTask, "set", "object, name, [value]", "writes a property"},
+    {Kind::kTask, "delete", "object, name", "deletes a property"},
+    {Kind::kTask, "keys", "object", "enumerates"},
+    {Kind::kTask, "text", "object", "converts to a string"},
+
+    {Kind::kOutcome, "value", "value", "of the task"},
+    {Kind::kOutcome, "absent", "", "there is no such member"},
+    {Kind::kOutcome, "present", "", "the member exists; its value must be read"},
+    {Kind::kOutcome, "members", "isComplete, name, value, ...",
+     "several members; [\"?\"] for a value that must be read"},
+    {Kind::kOutcome, "names", "name, ...", "of an enumeration"},
+    {Kind::kOutcome, "error", "number, message", "the task has thrown"},
+
+    {Kind::kViewEvent, "copied", "text", "the page has copied a text"},
+    {Kind::kViewEvent, "window", "url", "a click requests a new window"},
+
+    {Kind::kViewFunction, "receipt", "isText", "returns how much input the page has received"},
+    {Kind::kViewFunction, "hasSelection", "", "returns whether text is selected"},
+    {Kind::kViewFunction, "setClipboard", "text", "fills the engine's clipboard"},
+    {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
+};
+
+// A name that is in the table; any other does not compile.
+template <Kind kind>
+class Name {
+  public:
+    consteval Name(const char* name) : text_(name) {
+        if (std::ranges::none_of(kMessages, [&](const Message& message) {
+                return message.kind == kind && message.name == text_;
+            }))
+            throw "not in the protocol";
+    }
+    constexpr operator std::string_view() const { return text_; }
+    friend constexpr bool operator==(Name name, std::string_view text) { return name.text_ == text; }
+
+  private:
+    std::string_view text_;
+};
+
+consteval std::size_t Count(Kind kind) {
+    return static_cast<std::size_t>(std::ranges::count(kMessages, kind, &Message::kind));
+}
+
+}  // namespace tarvik::protocol
