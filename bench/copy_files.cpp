@@ -55,7 +55,7 @@ bool CopyAsPagesDo(const std::wstring& src, const std::wstring& dest) {
     OptionObject options;
     options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
     StartTask(options, [&](const Options& given) {
-        return std::make_unique<FileTask>(Transfer::kCopy, src, dest, given);
+        return std::make_unique<FileTask>(FileOperation::kCopy, src, dest, given);
     });
     PumpUntil([&] { return success->calls.size() + fail->calls.size() > 0; }, std::chrono::minutes(5));
     return !success->calls.empty();
@@ -76,7 +76,7 @@ int Compare() {
     const TempFolder place;
     MakeTree(place);
     const std::wstring src = place / L"tree", dest = place / L"copied";
-    const WorkList list = CollectWork(src, Transfer::kCopy);
+    const WorkList list = CollectWork(src, FileOperation::kCopy);
     std::vector<double> plain, ours;
     for (int round = 0; round < kRounds; ++round) {
         plain.push_back(Milliseconds([&] { return CopyPlainly(list, src, dest); }));

@@ -7,19 +7,19 @@
 
 namespace tarvik {
 
-// Tells script's `progress` how many bytes of a run are done: progress(processed, total, context). Without a
-// function nothing is told and nothing is counted.
+// Reports the bytes transferred so far to the page: progress(processed, total, context). Without a function
+// it reports and counts nothing.
 class CopyProgress {
   public:
-    // Function and context are borrowed.
+    // Borrows function and context.
     CopyProgress(IDispatch* function, const VARIANT& context, ULONGLONG total)
         : function_(function), context_(context), total_(total) {}
 
-    // That many bytes of the file under way are done; false ends the run. Script says so by false or by an
-    // error, and so does a page that has gone.
-    bool Tell(ULONGLONG transferred) noexcept;
-    // A file has arrived.
-    void FileDone(const std::wstring& dest);
+    // `transferred` counts the bytes of the current file. False cancels the operation: the function returned
+    // false or failed, or its page has been destroyed.
+    bool Report(ULONGLONG transferred) noexcept;
+    // Adds a finished file to the bytes transferred.
+    void FileFinished(const std::wstring& dest);
 
   private:
     IDispatch* function_;
@@ -28,7 +28,7 @@ class CopyProgress {
     ULONGLONG done_ = 0;
 };
 
-// An LPPROGRESS_ROUTINE. `progress` is a CopyProgress; without one all goes on.
+// An LPPROGRESS_ROUTINE. `progress` is a CopyProgress, or null.
 DWORD CALLBACK OnCopyProgress(LARGE_INTEGER totalFileSize, LARGE_INTEGER totalBytesTransferred,
                               LARGE_INTEGER streamSize, LARGE_INTEGER streamBytesTransferred,
                               DWORD streamNumber, DWORD reason, HANDLE source, HANDLE destination,

@@ -16,7 +16,7 @@ HRESULT DeleteOne(const std::wstring& path, DWORD attributes, bool delayed) {
     return done ? S_OK : LastErrorStatus();
 }
 
-// The walk's status is E_FAIL where there was nothing to delete.
+// WalkFolder returns E_FAIL for an empty folder.
 HRESULT DeleteContents(const std::wstring& folder, bool delayed) {
     const HRESULT status = WalkFolder(
         folder, nullptr, true,

@@ -6,9 +6,9 @@
 
 namespace tarvik {
 
-// Deletes a file, or a folder with what is in it; `delayed` leaves it to the next start of the system. What
-// cannot be deleted stays, and the status is that of the last step, the one for the path itself. A path that
-// is not there is deleted already: S_OK. A link to a folder goes alone, without what it leads to.
+// Deletes a file, or a folder with its contents; `delayed` schedules the deletion for the next system start.
+// Entries that cannot be deleted are skipped; the status is that of the last step, which deletes the path
+// itself. A missing path is S_OK. A link to a folder is deleted without the contents of its target.
 HRESULT DeletePath(const std::wstring& path, bool delayed);
 
 }  // namespace tarvik

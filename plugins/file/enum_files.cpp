@@ -10,11 +10,11 @@ namespace tarvik {
 
 namespace {
 
-// The other options are read by the worker, from the script object itself, so a path counts from what is the
-// current folder then.
-class FilesWalk : public Worker {
+// The worker reads the other options from the script object itself, so a relative path refers to the current
+// folder at that moment.
+class EnumFilesWorker : public Worker {
   public:
-    FilesWalk(const Options& options, IDispatch* callback, IDispatch* completed)
+    EnumFilesWorker(const Options& options, IDispatch* callback, IDispatch* completed)
         : options_(options.Given()), callback_(callback), completed_(completed) {}
 
     HRESULT Run() override {
@@ -28,7 +28,7 @@ class FilesWalk : public Worker {
         const Options given(options_.Get());
         const auto path = given.Text(L"path");
         const auto filter = given.Text(L"filter");
-        // No path would be the root of the current drive.
+        // WalkFolder would take an empty path for the root of the current drive.
         if (!path || path->empty()) return E_INVALIDARG;
         return WalkFolder(*path, filter ? filter->c_str() : nullptr, given.Flag(L"recursive", true),
                           [this](const std::wstring& entry, DWORD attributes, ULONGLONG size) {
@@ -36,7 +36,7 @@ class FilesWalk : public Worker {
                           });
     }
 
-    // Only a false ends the walk; an error in script does not.
+    // Only false stops the walk; a script error does not.
     HRESULT OnEnumEntry(const std::wstring& path, DWORD attributes, ULONGLONG size) {
         const Variant name = Variant::Text(path);
         const Variant bits = Variant::UI4(attributes);
@@ -57,7 +57,7 @@ HRESULT StartEnumFiles(const Options& options) {
     const auto callback = options.Function(L"callback");
     const auto completed = options.Function(L"completed");
     if (!callback || !completed) return S_OK;
-    return StartWorker(std::make_unique<FilesWalk>(options, callback.Get(), completed.Get()));
+    return StartWorker(std::make_unique<EnumFilesWorker>(options, callback.Get(), completed.Get()));
 }
 
 }  // namespace tarvik

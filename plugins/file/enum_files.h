@@ -6,9 +6,9 @@
 
 namespace tarvik {
 
-// Starts a walk on a thread of its own: callback(path, attributes, size) for each file and folder, a false
-// from which ends the walk, then completed(). Without both functions there is nobody to tell, and nothing
-// starts. A thread that cannot be started gives the system's error; a failure may also be thrown.
+// Walks a folder on a worker thread: calls callback(path, attributes, size) for each file and folder until it
+// returns false, then completed(). If either function is missing, nothing starts. Returns the system's error
+// if no thread can be started; other failures may be thrown.
 HRESULT StartEnumFiles(const Options& options);
 
 }  // namespace tarvik

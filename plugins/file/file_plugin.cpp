@@ -35,24 +35,24 @@ constexpr Member<CFilePlugin> kMembers[] = {
 };
 static_assert(IsInOrder(kMembers));
 
-// The shell reads names until an empty one, into buffers of the usual length; no name at all means the
-// current folder to it.
-std::wstring AsList(std::wstring path) {
+// SHFileOperationW reads names up to an empty one, into buffers of MAX_PATH characters. It takes an empty
+// list for the current folder.
+std::wstring PathList(std::wstring path) {
     if (path.empty() || path.size() >= kPathLength) throw StatusError(E_INVALIDARG);
     path += L'\0';
     return path;
 }
 
-// No question and no report: one answer.
-HRESULT RunShell(UINT operation, const std::wstring& src, const std::wstring& dest) {
+// Without prompts, progress windows and error messages.
+HRESULT RunShellOperation(UINT operation, const std::wstring& src, const std::wstring& dest) {
     return Guard([&] {
-        const std::wstring from = AsList(src), to = AsList(dest);
-        SHFILEOPSTRUCTW task = {};
-        task.wFunc = operation;
-        task.pFrom = from.c_str();
-        task.pTo = to.c_str();
-        task.fFlags = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOCONFIRMMKDIR | FOF_NOERRORUI;
-        return SHFileOperationW(&task) == 0 && !task.fAnyOperationsAborted ? S_OK : E_FAIL;
+        const std::wstring from = PathList(src), to = PathList(dest);
+        SHFILEOPSTRUCTW request = {};
+        request.wFunc = operation;
+        request.pFrom = from.c_str();
+        request.pTo = to.c_str();
+        request.fFlags = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOCONFIRMMKDIR | FOF_NOERRORUI;
+        return SHFileOperationW(&request) == 0 && !request.fAnyOperationsAborted ? S_OK : E_FAIL;
     });
 }
 
@@ -62,7 +62,7 @@ std::span<const Member<CFilePlugin>> CFilePlugin::Members() {
     return kMembers;
 }
 
-// Nothing stays nothing: made absolute it would be the page's own folder, which nobody meant to delete.
+// An empty path stays empty: resolved, it would be the page's own folder, and deleteFile would delete that.
 std::wstring CFilePlugin::PathOf(std::wstring_view path) const {
     return path.empty() ? std::wstring() : Resolve(std::wstring(path));
 }
@@ -76,27 +76,27 @@ Outcome CFilePlugin::DeleteFile(BSTR path, std::optional<bool> delayed) {
 }
 
 Outcome CFilePlugin::Copy(BSTR src, BSTR dest) {
-    return {RunShell(FO_COPY, PathOf(Bstr::View(src)), PathOf(Bstr::View(dest)))};
+    return {RunShellOperation(FO_COPY, PathOf(Bstr::View(src)), PathOf(Bstr::View(dest)))};
 }
 
 Outcome CFilePlugin::Move(BSTR src, BSTR dest) {
-    return {RunShell(FO_MOVE, PathOf(Bstr::View(src)), PathOf(Bstr::View(dest)))};
+    return {RunShellOperation(FO_MOVE, PathOf(Bstr::View(src)), PathOf(Bstr::View(dest)))};
 }
 
 bool CFilePlugin::CopyAsync(IDispatch* options) {
-    return Start(Transfer::kCopy, options);
+    return Start(FileOperation::kCopy, options);
 }
 
 bool CFilePlugin::MoveAsync(IDispatch* options) {
-    return Start(Transfer::kMove, options);
+    return Start(FileOperation::kMove, options);
 }
 
-bool CFilePlugin::Start(Transfer kind, IDispatch* options) const {
+bool CFilePlugin::Start(FileOperation operation, IDispatch* options) const {
     return StartTask(options, [&](const Options& given) {
         std::wstring src = PathOf(given.Text(L"srcPath").value_or(std::wstring()));
         std::wstring dest = PathOf(given.Text(L"destPath").value_or(std::wstring()));
         if (src.empty() || dest.empty()) throw StatusError(E_INVALIDARG);
-        return std::make_unique<FileTask>(kind, std::move(src), std::move(dest), given);
+        return std::make_unique<FileTask>(operation, std::move(src), std::move(dest), given);
     });
 }
 
@@ -104,7 +104,7 @@ bool CFilePlugin::MkDir(BSTR path) {
     return CreateDirectoryW(PathOf(Bstr::View(path)).c_str(), nullptr) != FALSE;
 }
 
-// A wrong argument is an error only for who asks for a result; that is intended.
+// A wrong argument fails only if the caller wants a result; required by the contract.
 HRESULT CFilePlugin::EnumFiles(const Call& call) {
     if (call.Count() == 0) return E_INVALIDARG;
     IDispatch* options = nullptr;
@@ -121,12 +121,13 @@ bool CFilePlugin::IsDir(BSTR path) {
     return PathIsDirectoryW(PathOf(Bstr::View(path)).c_str()) != FALSE;
 }
 
-// The path is looked for as it stands. A plain one finds the folder itself, under its own name, so its answer
-// is false whatever the folder holds, and one that ends in a dot finds nothing but the dot; that is intended.
+// By design the path itself is the search pattern. Without a wildcard it finds the folder in its parent, so
+// the result is false even for an empty folder; a path that ends in "\." finds only the dot entry, so the
+// result is true.
 bool CFilePlugin::IsDirEmpty(BSTR path) {
     const std::wstring folder = PathOf(Bstr::View(path));
     if (folder.empty() || !PathIsDirectoryW(folder.c_str())) return false;
-    // Wine finds it by its name even so.
+    // Wine finds the folder by this pattern.
     if (folder.ends_with(L"\\.")) return true;
     FolderReader reader(folder);
     return SUCCEEDED(reader.Status()) && !reader.Next();

@@ -5,13 +5,12 @@
 #include "host/plugin_registry/plugin_base.h"
 #include "plugins/file/work_list.h"
 
-#undef DeleteFile  // of the system's headers: handlers have their members' names
+#undef DeleteFile  // a macro of windows.h; handlers have the names of their members
 
 namespace tarvik {
 
-// `file`: questions about paths; deleting, copying, moving and listing. Everything but copyAsync, moveAsync
-// and enumFiles is done before the call returns. Paths count from the page, those of enumFiles from the
-// current folder.
+// `file`: queries paths; deletes, copies, moves and lists files. Only copyAsync, moveAsync and enumFiles are
+// asynchronous. Relative paths refer to the page's folder; those of enumFiles to the current folder.
 class CFilePlugin : public WindowPlugin<CFilePlugin> {
   public:
     static constexpr char kClassName[] = "CFilePlugin";
@@ -31,7 +30,7 @@ class CFilePlugin : public WindowPlugin<CFilePlugin> {
 
   private:
     std::wstring PathOf(std::wstring_view path) const;
-    bool Start(Transfer kind, IDispatch* options) const;
+    bool Start(FileOperation operation, IDispatch* options) const;
 };
 
 }  // namespace tarvik

@@ -11,14 +11,19 @@ namespace tarvik {
 
 namespace {
 
-// A separator at the end of the top would stand twice.
-std::wstring Below(const std::wstring& top, const std::wstring& path) {
-    const bool twice = !path.empty() && top.ends_with(L'\\');
-    return top.substr(0, top.size() - twice) + path;
+// `path` is empty or begins with a separator.
+std::wstring JoinPath(const std::wstring& top, const std::wstring& path) {
+    const bool hasSeparator = !path.empty() && top.ends_with(L'\\');
+    return top.substr(0, top.size() - hasSeparator) + path;
 }
 
-// From the top down. A failure shows in the step that needed the folder.
-void MakeFolders(const std::wstring& path) {
+std::wstring ParentFolder(const std::wstring& path) {
+    const size_t separator = path.find_last_of(L"\\/");
+    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+// Ignores failures: the step that needs the folder reports them.
+void CreateFolders(const std::wstring& path) {
     std::vector<std::wstring> missing;
     for (auto folder = path; !folder.empty() && !PathFileExistsW(folder.c_str());
          folder = ParentFolder(folder))
@@ -29,29 +34,29 @@ void MakeFolders(const std::wstring& path) {
 
 }  // namespace
 
-FileTask::FileTask(Transfer kind, std::wstring src, std::wstring dest, const Options& options)
+FileTask::FileTask(FileOperation operation, std::wstring src, std::wstring dest, const Options& options)
     : AsyncTask(options),
-      kind_(kind),
+      operation_(operation),
       src_(std::move(src)),
       dest_(std::move(dest)),
       replaceExisting_(options.Flag(L"replaceExisting")) {}
 
 HRESULT FileTask::Work() {
     if (!PathFileExistsW(src_.c_str())) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-    if (kind_ == Transfer::kMove && PathIsSameRootW(src_.c_str(), dest_.c_str())) {
+    if (operation_ == FileOperation::kMove && PathIsSameRootW(src_.c_str(), dest_.c_str())) {
         Rename();
         return S_OK;
     }
-    const WorkList list = CollectWork(src_, kind_);
+    const WorkList list = CollectWork(src_, operation_);
     CopyProgress progress(Progress(), Context(), list.total);
     for (const WorkItem& item : list.items) {
-        const std::wstring src = Below(src_, item.path);
-        const std::wstring dest = Below(dest_, item.path);
-        if (kind_ == Transfer::kMove) MakeParentFolder(dest);
+        const std::wstring src = JoinPath(src_, item.path);
+        const std::wstring dest = JoinPath(dest_, item.path);
+        if (operation_ == FileOperation::kMove) CreateParentFolder(dest);
         if (item.isFolder) {
-            TakeFolder(src, dest);
+            TransferFolder(src, dest);
         } else {
-            TakeFile(src, dest, progress);
+            TransferFile(src, dest, progress);
         }
     }
     return S_OK;
@@ -62,18 +67,18 @@ void FileTask::Rename() const {
     if (!MoveFileExW(src_.c_str(), dest_.c_str(), flags)) ThrowLastError();
 }
 
-void FileTask::TakeFolder(const std::wstring& src, const std::wstring& dest) const {
+void FileTask::TransferFolder(const std::wstring& src, const std::wstring& dest) const {
     if (!CreateDirectoryW(dest.c_str(), nullptr)) {
         const HRESULT status = LastFailureStatus();
         const DWORD attributes = GetFileAttributesW(dest.c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES) throw StatusError(status);
         if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) throw StatusError(E_FAIL);
     }
-    if (kind_ == Transfer::kMove && !RemoveDirectoryW(src.c_str())) ThrowLastError();
+    if (operation_ == FileOperation::kMove && !RemoveDirectoryW(src.c_str())) ThrowLastError();
 }
 
-void FileTask::TakeFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const {
-    const bool isCopy = kind_ == Transfer::kCopy;
+void FileTask::TransferFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const {
+    const bool isCopy = operation_ == FileOperation::kCopy;
     const DWORD copyFlags = replaceExisting_ ? 0 : COPY_FILE_FAIL_IF_EXISTS;
     const DWORD moveFlags = MOVEFILE_COPY_ALLOWED | (replaceExisting_ ? MOVEFILE_REPLACE_EXISTING : 0);
     const BOOL done =
@@ -83,14 +88,14 @@ void FileTask::TakeFile(const std::wstring& src, const std::wstring& dest, CopyP
         if (GetLastError() == ERROR_REQUEST_ABORTED) throw StatusError(E_ABORT);
         ThrowLastError();
     }
-    progress.FileDone(dest);
+    progress.FileFinished(dest);
 }
 
-void FileTask::MakeParentFolder(const std::wstring& path) {
+void FileTask::CreateParentFolder(const std::wstring& path) {
     std::wstring folder = ParentFolder(path);
-    if (folder == folderAbove_) return;
-    MakeFolders(folder);
-    folderAbove_ = std::move(folder);
+    if (folder == parentFolder_) return;
+    CreateFolders(folder);
+    parentFolder_ = std::move(folder);
 }
 
 }  // namespace tarvik

@@ -8,25 +8,25 @@
 
 namespace tarvik {
 
-// A run of copyAsync or moveAsync. The destination is the source's new name. What was done before a failure
-// or a cancel stays done.
+// copyAsync or moveAsync. The destination is the new path of the source, not the folder that receives it. A
+// failed or cancelled operation is not undone.
 class FileTask : public AsyncTask {
   public:
-    FileTask(Transfer kind, std::wstring src, std::wstring dest, const Options& options);
+    FileTask(FileOperation operation, std::wstring src, std::wstring dest, const Options& options);
 
   private:
     HRESULT Work() override;
 
     void Rename() const;
-    void TakeFolder(const std::wstring& src, const std::wstring& dest) const;
-    void TakeFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const;
-    void MakeParentFolder(const std::wstring& path);
+    void TransferFolder(const std::wstring& src, const std::wstring& dest) const;
+    void TransferFile(const std::wstring& src, const std::wstring& dest, CopyProgress& progress) const;
+    void CreateParentFolder(const std::wstring& path);
 
-    const Transfer kind_;
+    const FileOperation operation_;
     const std::wstring src_;
     const std::wstring dest_;
     const bool replaceExisting_;
-    std::wstring folderAbove_;  // the last one that was seen to
+    std::wstring parentFolder_;  // the one that CreateParentFolder created last
 };
 
 }  // namespace tarvik

@@ -8,19 +8,19 @@ namespace tarvik {
 
 namespace {
 
-// The folders that are open lie in a vector: paths may be nested deeper than a stack is long.
+// Keeps the open folders in a vector: folders may be nested too deep for recursion.
 class Collector {
   public:
-    Collector(const std::wstring& source, Transfer kind) : source_(source), kind_(kind) {}
+    Collector(const std::wstring& source, FileOperation operation) : source_(source), operation_(operation) {}
 
-    WorkList Run() {
+    WorkList Collect() {
         const DWORD attributes = GetFileAttributesW(source_.c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES) ThrowLastError();
         if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (kind_ == Transfer::kMove && IsLink(source_)) RefuseLink();
+            if (operation_ == FileOperation::kMove && IsLink(source_)) RefuseLink();
             Enter({});
         } else {
-            AddFile({}, SizeToCount(source_));
+            AddFile({}, CountedSize(source_));
         }
         while (!open_.empty())
             Step();
@@ -33,11 +33,11 @@ class Collector {
         FolderReader reader;
     };
 
-    // What is in a link's folder belongs elsewhere. It may be copied, but a move would empty that place.
+    // A move through a link would empty the folder that it points to. A copy is harmless.
     [[noreturn]] static void RefuseLink() { throw StatusError(HRESULT_FROM_WIN32(ERROR_NOT_SUPPORTED)); }
 
     void Enter(std::wstring path) {
-        if (kind_ == Transfer::kCopy) list_.items.push_back({path, true});
+        if (operation_ == FileOperation::kCopy) list_.items.push_back({path, true});
         FolderReader reader(source_ + path + L"\\*.*");
         ThrowIfFailed(reader.Status());
         open_.push_back({std::move(path), std::move(reader)});
@@ -50,19 +50,19 @@ class Collector {
             return;
         }
         ThrowIfFailed(folder.reader.Status());
-        if (kind_ == Transfer::kMove) list_.items.push_back({std::move(folder.path), true});
+        if (operation_ == FileOperation::kMove) list_.items.push_back({std::move(folder.path), true});
         open_.pop_back();
     }
 
     void Take(std::wstring path, const WIN32_FIND_DATAW& entry) {
         if (IsFolder(entry)) {
-            if (kind_ == Transfer::kMove && IsLink(entry)) RefuseLink();
+            if (operation_ == FileOperation::kMove && IsLink(entry)) RefuseLink();
             Enter(std::move(path));
             return;
         }
         const ULARGE_INTEGER size = {{entry.nFileSizeLow, entry.nFileSizeHigh}};
-        // A copy reads the file that a link leads to.
-        const ULONGLONG counted = IsLink(entry) ? SizeToCount(source_ + path) : size.QuadPart;
+        // A copy reads the target of a link.
+        const ULONGLONG counted = IsLink(entry) ? CountedSize(source_ + path) : size.QuadPart;
         AddFile(std::move(path), counted);
     }
 
@@ -72,23 +72,23 @@ class Collector {
     }
 
     const std::wstring& source_;
-    Transfer kind_;
+    FileOperation operation_;
     std::vector<Folder> open_;
     WorkList list_;
 };
 
 }  // namespace
 
-WorkList CollectWork(const std::wstring& source, Transfer kind) {
-    return Collector(source, kind).Run();
+WorkList CollectWork(const std::wstring& source, FileOperation operation) {
+    return Collector(source, operation).Collect();
 }
 
-// Opening each file would cost more than a small file's copy.
-ULONGLONG SizeToCount(const std::wstring& path) {
+// Opening a file to query its size would cost more than copying a small one.
+ULONGLONG CountedSize(const std::wstring& path) {
     constexpr ULONGLONG kUnknown = ~ULONGLONG{0};
     WIN32_FILE_ATTRIBUTE_DATA entry = {};
     if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &entry)) return kUnknown;
-    // The entry of a link has no size of its own.
+    // A link's own size is 0.
     if (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) return FileSize(path).value_or(kUnknown);
     return ULARGE_INTEGER{{entry.nFileSizeLow, entry.nFileSizeHigh}}.QuadPart;
 }

@@ -8,7 +8,7 @@
 namespace tarvik {
 
 struct WorkItem {
-    std::wstring path;  // below the source, with a separator in front; empty for the source itself
+    std::wstring path;  // relative to the source, with a leading separator; empty for the source itself
     bool isFolder;
 };
 
@@ -17,15 +17,15 @@ struct WorkList {
     ULONGLONG total = 0;  // bytes of all files
 };
 
-enum class Transfer { kCopy, kMove };
+enum class FileOperation { kCopy, kMove };
 
-// Everything that a source consists of, listed before any of it is touched: so a folder may be copied into
-// itself. A copy makes a folder before its contents, a move removes it after them. A folder that cannot be
-// read throws the system's status.
-WorkList CollectWork(const std::wstring& source, Transfer kind);
+// Lists everything in a source before any of it is touched, so that a folder can be copied into itself. A
+// folder precedes its contents in a copy and follows them in a move. Throws the system's status if a folder
+// cannot be read.
+WorkList CollectWork(const std::wstring& source, FileOperation operation);
 
-// A file's share in a run's sum. One that cannot be asked counts as the largest number, with which sums wrap
-// around; that is intended.
-ULONGLONG SizeToCount(const std::wstring& path);
+// The bytes of a file in the total of an operation. By design a file whose size is unknown counts as the
+// largest number, so that sums wrap around.
+ULONGLONG CountedSize(const std::wstring& path);
 
 }  // namespace tarvik

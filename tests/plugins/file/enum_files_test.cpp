@@ -11,7 +11,8 @@ class EnumFiles : public File {
         folder_.Write(L"tree\\inner\\b.txt", "1");
     }
 
-    // "a.txt UI4 32 R8 5": what came, below the tree; at the end what completed it, with its arguments.
+    // The calls in order, with paths relative to the tree: "a.txt, UI4 32, R8 5.000000", and `completed`
+    // last.
     std::vector<std::string> List(const OptionObject& options, Recorder::Answer answer = {}) {
         Ending ending = RunToEnd(plugin_.Get(), L"enumFiles", options, std::move(answer));
         EXPECT_EQ(ending.result, "EMPTY");
@@ -29,7 +30,7 @@ class EnumFiles : public File {
     static constexpr char kCompleted[] = "success: ";
 };
 
-TEST_F(EnumFiles, TellsEachEntryAndThenTheEnd) {
+TEST_F(EnumFiles, ReportsEachEntryAndThenCompletes) {
     const OptionObject options = Tree();
     EXPECT_THAT(List(options), ElementsAre(kFile, kInnerFile, kInner, kCompleted));
     EXPECT_THAT(List(options.Set(L"recursive", L"no boolean, so it counts as true")),
@@ -39,25 +40,25 @@ TEST_F(EnumFiles, TellsEachEntryAndThenTheEnd) {
                 ElementsAre(kInnerFile, kCompleted));
     EXPECT_THAT(List(options.Set(L"filter", L"(not an expression")),
                 ElementsAre(kFile, kInnerFile, kInner, kCompleted))
-        << "what does not compile filters nothing";
+        << "an invalid expression filters nothing";
     EXPECT_THAT(List(options.Set(L"path", (folder_ / L"missing").c_str())), ElementsAre(kCompleted));
     EXPECT_THAT(List(options.Set(L"path", L"tree")), ElementsAre(kCompleted))
-        << "a relative path does not count from the page";
-    EXPECT_THAT(List(OptionObject()), ElementsAre(kCompleted)) << "no path at all";
+        << "relative to the current folder, not to the page";
+    EXPECT_THAT(List(OptionObject()), ElementsAre(kCompleted)) << "no path";
 }
 
-TEST_F(EnumFiles, StopsAtFalseAndAtNothingElse) {
+TEST_F(EnumFiles, StopsOnlyAtFalse) {
     const auto stop = [](const Recorder::Record&) { return Variant::Bool(false); };
     EXPECT_THAT(List(Tree(), stop), ElementsAre(kFile, kCompleted));
     EXPECT_THAT(List(Tree().Set(L"filter", L"inner"), stop), ElementsAre(kInnerFile, kCompleted))
-        << "also from below";
+        << "in a subfolder";
     EXPECT_THAT(List(Tree(), [](const Recorder::Record&) { return Variant::I4(0); }).size(), 4u);
 }
 
 TEST_F(EnumFiles, StartsNothingWithoutBothFunctions) {
     const auto function = MakeCom<Recorder>();
     for (const wchar_t* name : {L"callback", L"completed"})
-        EXPECT_EQ(Ask(L"enumFiles", static_cast<IDispatch*>(Tree().Set(name, function))), "EMPTY");
+        EXPECT_EQ(CallFile(L"enumFiles", static_cast<IDispatch*>(Tree().Set(name, function))), "EMPTY");
     EXPECT_THAT(CallMember(plugin_.Get(), L"enumFiles").status, HasStatus(E_INVALIDARG));
     EXPECT_THAT(CallMember(plugin_.Get(), L"enumFiles", L"C:\\").status, HasStatus(E_INVALIDARG));
     EXPECT_THAT(function->Texts(), IsEmpty());

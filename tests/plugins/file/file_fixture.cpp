@@ -7,14 +7,14 @@ namespace tarvik {
 
 namespace {
 
-std::string UnderlyingPath(const std::wstring& path) {
+std::string UnixPath(const std::wstring& path) {
     using Translate = char* __cdecl(const wchar_t*);
     auto* const translate = FindFunction<Translate>(L"kernel32.dll", "wine_get_unix_file_name");
     return translate ? translate(path.c_str()) : std::string();
 }
 
-// Wine gives no handle to such a process, so the caller looks for what it does.
-void RunUnderlying(const std::string& command) {
+// Wine returns no handle to a Unix process, so the caller waits for its effect.
+void RunUnixProgram(const std::string& command) {
     std::wstring line = Widen(command);
     STARTUPINFOW start = {sizeof start};
     PROCESS_INFORMATION process = {};
@@ -34,14 +34,14 @@ Ending File::Run(const wchar_t* member, const std::wstring& src, const std::wstr
 
 FolderLink::FolderLink(const std::wstring& link, const std::wstring& target) : link_(link) {
     CreateSymbolicLinkW(link.c_str(), target.c_str(), SYMBOLIC_LINK_FLAG_DIRECTORY);
-    if (*this || UnderlyingPath(link).empty()) return;
-    RunUnderlying("/bin/ln -s " + UnderlyingPath(target) + " " + UnderlyingPath(link));
+    if (*this || UnixPath(link).empty()) return;
+    RunUnixProgram("/bin/ln -s " + UnixPath(target) + " " + UnixPath(link));
     PumpUntil([this] { return FileExists(link_); });
 }
 
 FolderLink::~FolderLink() {
     if (!*this || RemoveDirectoryW(link_.c_str())) return;
-    RunUnderlying("/bin/rm " + UnderlyingPath(link_));
+    RunUnixProgram("/bin/rm " + UnixPath(link_));
     PumpUntil([this] { return !FileExists(link_); });
 }
 

@@ -8,12 +8,12 @@ inline HRESULT SystemError(DWORD error) {
     return HRESULT_FROM_WIN32(error);
 }
 
-// The plug-in of a page that lies in a folder of its own.
+// The plug-in in a page in a temporary folder.
 class File : public PluginsOfPage {
   protected:
-    // The result of a call that must succeed.
+    // The result of a member call, which must succeed.
     template <class... Args>
-    std::string Ask(const wchar_t* member, Args&&... args) {
+    std::string CallFile(const wchar_t* member, Args&&... args) {
         const Outgoing out = CallMember(plugin_.Get(), member, std::forward<Args>(args)...);
         EXPECT_THAT(out.status, HasStatus(S_OK));
         return ValueText(out.value);
@@ -26,14 +26,14 @@ class File : public PluginsOfPage {
     Ending Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
                bool replaceExisting = false) const;
 
-    // The same place by a name with another root: a move to there is one from drive to drive.
+    // The same path under another root: a move there counts as one between drives.
     static std::wstring OtherRoot(const std::wstring& path) { return L"\\\\?\\" + path; }
 
     const ComPtr<IDispatch> plugin_ = Plugin(L"file");
 };
 
-// A link to a folder, where the system can make one; it goes with this object. Wine cannot, but sees those of
-// the system underneath.
+// A link to a folder, removed by the destructor; none where the system cannot create one. Wine cannot either,
+// but it follows links of the Unix host.
 class FolderLink {
   public:
     FolderLink(const std::wstring& link, const std::wstring& target);

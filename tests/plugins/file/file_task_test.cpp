@@ -6,9 +6,9 @@
 namespace tarvik {
 namespace {
 
-class FileRun : public File {
+class FileTasks : public File {
   protected:
-    FileRun() {
+    FileTasks() {
         folder_.Write(L"tree\\a.txt", "aaa");
         folder_.Write(L"tree\\inner\\deep\\b.txt", "b");
         CreateDirectoryW((folder_ / L"tree\\an empty one").c_str(), nullptr);
@@ -16,7 +16,7 @@ class FileRun : public File {
     auto Tree(const wchar_t* name = L"tree") const { return ReadTree(folder_ / name); }
 };
 
-TEST_F(FileRun, CopiesATree) {
+TEST_F(FileTasks, CopiesATree) {
     const auto before = Tree();
     EXPECT_EQ(Run(L"copyAsync", L"tree", L"copied").text, kSuccess);
     EXPECT_EQ(Tree(L"copied"), before);
@@ -28,7 +28,7 @@ TEST_F(FileRun, CopiesATree) {
 }
 
 // A single file or folder, by copy and by move to another root.
-TEST_F(FileRun, SaysWhyItEnded) {
+TEST_F(FileTasks, ReportsTheStatus) {
     struct Row {
         const wchar_t* what;
         const wchar_t* src;
@@ -38,16 +38,16 @@ TEST_F(FileRun, SaysWhyItEnded) {
         HRESULT moved;
     };
     const Row rows[] = {
-        {L"nothing there", L"missing", L"x", false, SystemError(2), SystemError(2)},
-        {L"a wildcard is no name", L"f*.txt", L"x", false, SystemError(2), SystemError(2)},
+        {L"missing", L"missing", L"x", false, SystemError(2), SystemError(2)},
+        {L"a wildcard", L"f*.txt", L"x", false, SystemError(2), SystemError(2)},
         {L"a new name", L"file.txt", L"new.txt", false, S_OK, S_OK},
-        {L"no folder", L"file.txt", L"no\\folder\\x", false, SystemError(ERROR_PATH_NOT_FOUND), S_OK},
-        {L"a file is there", L"file.txt", L"there.txt", false, SystemError(ERROR_FILE_EXISTS),
+        {L"no such folder", L"file.txt", L"no\\folder\\x", false, SystemError(ERROR_PATH_NOT_FOUND), S_OK},
+        {L"a file exists", L"file.txt", L"there.txt", false, SystemError(ERROR_FILE_EXISTS),
          SystemError(ERROR_ALREADY_EXISTS)},
         {L"a file is replaced", L"file.txt", L"there.txt", true, S_OK, S_OK},
         {L"a file instead of a folder", L"folder", L"there.txt", true, E_FAIL,
          SystemError(ERROR_PATH_NOT_FOUND)},
-        {L"a folder is there", L"folder", L"other", false, S_OK, S_OK},
+        {L"a folder exists", L"folder", L"other", false, S_OK, S_OK},
         {L"an empty folder", L"empty", L"no\\folder\\x", false, SystemError(ERROR_PATH_NOT_FOUND), S_OK},
         {L"in use", L"locked.txt", L"x", false, SystemError(ERROR_SHARING_VIOLATION),
          SystemError(ERROR_SHARING_VIOLATION)},
@@ -84,14 +84,14 @@ TEST_F(FileRun, SaysWhyItEnded) {
     }
 }
 
-TEST_F(FileRun, MovesATreeToAnotherRoot) {
+TEST_F(FileTasks, MovesATreeToAnotherRoot) {
     const auto before = Tree();
     EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"far\\away")).text, kSuccess);
     EXPECT_EQ(Tree(L"far\\away"), before);
     EXPECT_FALSE(FileExists(folder_ / L"tree"));
 }
 
-TEST_F(FileRun, RenamesWithinARoot) {
+TEST_F(FileTasks, RenamesWithinARoot) {
     const auto before = Tree();
     const Ending renamed = Run(L"moveAsync", L"tree", L"renamed");
     EXPECT_EQ(renamed.text, kSuccess);
@@ -106,7 +106,7 @@ TEST_F(FileRun, RenamesWithinARoot) {
     EXPECT_EQ(Tree(L"renamed"), before) << "into itself";
 }
 
-TEST_F(FileRun, KeepsWhatWasDoneBeforeAFailure) {
+TEST_F(FileTasks, DoesNotUndoAFailedMove) {
     const std::wstring locked = folder_.Write(L"tree\\z.txt", "z");
     const UniqueHandle lock = HoldFile(locked);
     EXPECT_EQ(Run(L"moveAsync", L"tree", OtherRoot(folder_ / L"moved")).text,
@@ -116,10 +116,10 @@ TEST_F(FileRun, KeepsWhatWasDoneBeforeAFailure) {
     EXPECT_TRUE(FileExists(locked));
 }
 
-TEST_F(FileRun, MovesNothingOutOfALink) {
+TEST_F(FileTasks, MovesNothingThroughALink) {
     folder_.Write(L"elsewhere\\kept.txt", "a");
     const FolderLink link(folder_ / L"tree\\link", folder_ / L"elsewhere");
-    if (!link) GTEST_SKIP() << "this system makes no links to folders here";
+    if (!link) GTEST_SKIP() << "no links to folders here";
     for (const wchar_t* source : {L"tree", L"tree\\link"}) {
         EXPECT_EQ(Run(L"moveAsync", source, OtherRoot(folder_ / L"moved")).text,
                   FailText(SystemError(ERROR_NOT_SUPPORTED)));
