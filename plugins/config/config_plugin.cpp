@@ -29,8 +29,8 @@ STDMETHODIMP CConfigPlugin::Initialize(TVK::ICore* core, IUnknown*) {
     return S_OK;
 }
 
-// Empty where the page cannot say where the path is. Nothing stays nothing: made absolute it would be the
-// page's own folder. What ends at a zero would be another path.
+// An empty path stays empty: resolved, it would be the page's own folder. A path with a NUL is rejected: the
+// system would cut it there.
 std::wstring CConfigPlugin::FullPathOf(BSTR path) const {
     const std::wstring text(Bstr::View(path));
     if (text.empty() || text.find(L'\0') != std::wstring::npos) return {};
@@ -40,22 +40,22 @@ std::wstring CConfigPlugin::FullPathOf(BSTR path) const {
 Outcome CConfigPlugin::Init(BSTR text, std::optional<bool> isPath) {
     return {Guard([&] {
         if (isPath.value_or(false)) {
-            file_.Choose(FullPathOf(text));
-            key_.Leave();
+            file_.Select(FullPathOf(text));
+            key_.Deselect();
         } else {
-            key_.Choose(std::wstring(Bstr::View(text)));
-            file_.Leave();
+            key_.Select(std::wstring(Bstr::View(text)));
+            file_.Deselect();
         }
     })};
 }
 
-// A name of the wrong kind is a failure of the work here, not of the call; that is intended.
+// By design a name of the wrong type makes the result false; the call succeeds.
 Outcome CConfigPlugin::Clear(std::optional<AnyValue> name) {
     return {Guard([&] {
-        if (!name) return key_.IsChosen() ? key_.Clear() : file_.Clear();
+        if (!name) return key_.IsSelected() ? key_.Clear() : file_.Clear();
         BSTR text = nullptr;
         if (!FromVariant(*name->value, text)) throw StatusError(E_INVALIDARG);
-        key_.IsChosen() ? key_.ClearKey(Bstr::View(text)) : file_.ClearSection(Bstr::View(text));
+        key_.IsSelected() ? key_.ClearKey(Bstr::View(text)) : file_.ClearSection(Bstr::View(text));
     })};
 }
 
@@ -68,11 +68,11 @@ Outcome CConfigPlugin::SetFileValue(BSTR section, BSTR key, AnyValue value) {
 }
 
 Variant CConfigPlugin::QueryKeyValue(BSTR name) {
-    return FoundOrNull([&] { return key_.QueryValue(Bstr::View(name)); });
+    return ValueOrNull([&] { return key_.QueryValue(Bstr::View(name)); });
 }
 
 Variant CConfigPlugin::QueryFileValue(BSTR section, BSTR key) {
-    return FoundOrNull([&] { return file_.QueryValue(Bstr::View(section), Bstr::View(key)); });
+    return ValueOrNull([&] { return file_.QueryValue(Bstr::View(section), Bstr::View(key)); });
 }
 
 Outcome CConfigPlugin::DeleteKeyValue(BSTR name) {

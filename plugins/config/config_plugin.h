@@ -8,9 +8,9 @@
 
 namespace tarvik {
 
-// `config`: an application's settings, in the registry or in an INI file, as the last `init` chose. Members
-// have a form for each, told apart by the number of arguments; the form of the other store fails. A failure
-// in the work is false, or null where a value is asked for.
+// `config`: an application's settings, in the registry or in an INI file, whichever `init` selected last.
+// Each member has one form for either store, selected by the number of arguments; the form for the other
+// store fails. Members return false for a failure; queryValue returns null.
 class CConfigPlugin : public TablePlugin<CConfigPlugin> {
   public:
     static constexpr char kClassName[] = "CConfigPlugin";

@@ -10,26 +10,25 @@
 
 namespace tarvik {
 
-// Settings in an INI file, by section and key. Failures are thrown as statuses; without a chosen file all is
-// E_FAIL. Texts are handed to the system as they are: what stands behind a line end in one reads as a line of
-// its own.
+// Settings in an INI file, by section and key. Failures are thrown; every member throws E_FAIL while no file
+// is selected. Texts are written verbatim, so a line break in a text starts a new line of the file.
 class SettingsFile {
   public:
-    void Choose(std::wstring path);  // a full path
-    void Leave() { path_.clear(); }
+    void Select(std::wstring path);  // a full path
+    void Deselect() { path_.clear(); }
 
-    // Whatever becomes a text by the system's conversion. Makes the file, but no folder.
+    // Accepts any value that the system converts to a text. Creates the file, but no folder.
     void SetValue(std::wstring_view section, std::wstring_view key, const VARIANT& value) const;
-    // A text, cut at 10239 characters; null if there is none, and empty for an empty one.
+    // A text, cut at 10239 characters; VT_EMPTY for an empty text; null if the key is missing.
     Variant QueryValue(std::wstring_view section, std::wstring_view key) const;
-    // What is not there needs no deleting.
+    // Succeeds if the key is missing.
     void DeleteValue(std::wstring_view section, std::wstring_view key) const;
 
     void Clear() const;  // deletes the file
     void ClearSection(std::wstring_view section) const;
 
   private:
-    void RequireChosen() const;
+    void RequireSelected() const;
 
     std::wstring path_;
 };

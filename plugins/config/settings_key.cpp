@@ -7,75 +7,75 @@ namespace tarvik {
 
 namespace {
 
-constexpr wchar_t kAbove[] = L"Software";
+constexpr wchar_t kParentKey[] = L"Software";
 
-KeyPath Split(std::wstring_view name) {
+KeyPath SplitName(std::wstring_view name) {
     if (name.empty() || name.front() == L'\\' || name.back() == L'\\') throw StatusError(E_INVALIDARG);
     return SplitKeyPath(name);
 }
 
 }  // namespace
 
-// Backslashes alone would choose, and clear, the settings of all programs.
-void SettingsKey::Choose(std::wstring name) {
+// A name of backslashes alone would select, and clear, the settings of all programs.
+void SettingsKey::Select(std::wstring name) {
     if (name.find_first_not_of(L'\\') == std::wstring::npos || name.find(L'\0') != std::wstring::npos)
         throw StatusError(E_INVALIDARG);
     name_ = std::move(name);
 }
 
-void SettingsKey::RequireChosen() const {
-    if (!IsChosen()) throw StatusError(E_FAIL);
+void SettingsKey::RequireSelected() const {
+    if (!IsSelected()) throw StatusError(E_FAIL);
 }
 
 std::wstring SettingsKey::Path() const {
-    return std::wstring(kAbove) + L'\\' + name_;
+    return std::wstring(kParentKey) + L'\\' + name_;
 }
 
-HKEY SettingsKey::Store() {
-    RequireChosen();
-    if (!open_) open_ = FindKey(HKEY_CURRENT_USER, Path(), kWriteKey);
+HKEY SettingsKey::OpenStore() {
+    RequireSelected();
+    if (!open_) open_ = TryOpenKey(HKEY_CURRENT_USER, Path(), kWriteKey);
     return open_.Get();
 }
 
-// The store's key is made before the name is looked at; that is intended.
+// By design this creates the store's key even if the name is then rejected.
 void SettingsKey::SetValue(std::wstring_view name, const VARIANT& value) {
-    RequireChosen();
-    if (!open_) open_ = MakeKey(HKEY_CURRENT_USER, Path(), kWriteKey);
-    const KeyPath at = Split(name);
-    if (at.key.empty()) return WriteValue(open_.Get(), at.leaf, value);
-    WriteValue(MakeKey(open_.Get(), at.key, kWriteKey).Get(), at.leaf, value);
+    RequireSelected();
+    if (!open_) open_ = OpenOrCreateKey(HKEY_CURRENT_USER, Path(), kWriteKey);
+    const KeyPath split = SplitName(name);
+    if (split.key.empty()) return WriteValue(open_.Get(), split.leaf, value);
+    WriteValue(OpenOrCreateKey(open_.Get(), split.key, kWriteKey).Get(), split.leaf, value);
 }
 
 Variant SettingsKey::QueryValue(std::wstring_view name) {
-    const HKEY store = Store();
+    const HKEY store = OpenStore();
     if (!store) return Variant::Null();
-    const KeyPath at = Split(name);
-    if (at.key.empty()) return ReadValue(store, at.leaf);
-    const UniqueKey key = FindKey(store, at.key, kReadKey);
-    return key ? ReadValue(key.Get(), at.leaf) : Variant::Null();
+    const KeyPath split = SplitName(name);
+    if (split.key.empty()) return ReadValue(store, split.leaf);
+    const UniqueKey key = TryOpenKey(store, split.key, kReadKey);
+    return key ? ReadValue(key.Get(), split.leaf) : Variant::Null();
 }
 
 void SettingsKey::DeleteValue(std::wstring_view name) {
-    const HKEY store = Store();
+    const HKEY store = OpenStore();
     if (!store) return;
-    const KeyPath at = Split(name);
-    const UniqueKey below = at.key.empty() ? UniqueKey() : FindKey(store, at.key, kWriteKey);
-    const HKEY key = at.key.empty() ? store : below.Get();
-    if (key) (void)Guard([&] { tarvik::DeleteValue(key, at.leaf); });
+    const KeyPath split = SplitName(name);
+    const UniqueKey below = split.key.empty() ? UniqueKey() : TryOpenKey(store, split.key, kWriteKey);
+    const HKEY key = split.key.empty() ? store : below.Get();
+    if (key) (void)Guard([&] { tarvik::DeleteValue(key, split.leaf); });
 }
 
 void SettingsKey::Clear() {
-    RequireChosen();
+    RequireSelected();
     open_.Reset();
-    DeleteKeyTree(OpenKey(HKEY_CURRENT_USER, kAbove, kWriteKey).Get(), name_, 0);
+    DeleteKeyTree(OpenKey(HKEY_CURRENT_USER, kParentKey, kWriteKey).Get(), name_, 0);
 }
 
 void SettingsKey::ClearKey(std::wstring_view name) {
-    RequireChosen();
-    const KeyPath at = Split(name);
+    RequireSelected();
+    const KeyPath split = SplitName(name);
     open_.Reset();
     const UniqueKey store = OpenKey(HKEY_CURRENT_USER, Path(), kWriteKey);
-    DeleteKeyTree(OpenKey(store.Get(), at.key, kWriteKey).Get(), at.leaf, 0);
+    DeleteKeyTree(OpenKey(store.Get(), split.key, kWriteKey).Get(), split.leaf, 0);
 }
 
 }  // namespace tarvik

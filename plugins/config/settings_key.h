@@ -11,33 +11,33 @@
 
 namespace tarvik {
 
-// Settings below HKEY_CURRENT_USER\Software\NAME. A setting's name is that of a value, with the names of keys
-// before it where it has backslashes. Failures are thrown as statuses; without a chosen name all is E_FAIL.
+// Settings below HKEY_CURRENT_USER\Software\NAME. A setting is a value; backslashes in its name separate the
+// keys above it. Failures are thrown; every member throws E_FAIL while no name is selected.
 //
-// The key is opened when it is first needed and kept until it is cleared, and that is intended: values go to
-// it whatever name is chosen meanwhile, and it takes none once somebody else has deleted it.
+// By design the key stays open from its first use until it is cleared: values go there even after another
+// name has been selected, and writing fails after another program has deleted the key.
 class SettingsKey {
   public:
-    void Choose(std::wstring name);
-    void Leave() { name_.clear(); }
-    bool IsChosen() const { return !name_.empty(); }
+    void Select(std::wstring name);
+    void Deselect() { name_.clear(); }
+    bool IsSelected() const { return !name_.empty(); }
 
-    // Makes the keys that are missing, also for a value that it then refuses.
+    // Creates missing keys, even if it then rejects the value.
     void SetValue(std::wstring_view name, const VARIANT& value);
-    // Null if there is none.
+    // Null if the value is missing.
     Variant QueryValue(std::wstring_view name);
-    // What is not there needs no deleting.
+    // Succeeds if the value is missing.
     void DeleteValue(std::wstring_view name);
 
-    // Deletes all of the chosen key, or a key below it with all it has, and closes the open one.
+    // Delete the selected key or one below it, with subkeys, and close the open key.
     void Clear();
     void ClearKey(std::wstring_view name);
 
   private:
-    void RequireChosen() const;
+    void RequireSelected() const;
     std::wstring Path() const;
-    // The open key; null if there is none.
-    HKEY Store();
+    // Opens the selected key if none is open; null if it is missing.
+    HKEY OpenStore();
 
     std::wstring name_;
     UniqueKey open_;

@@ -25,7 +25,7 @@ constexpr Member<CRegistryPlugin> kMembers[] = {
 static_assert(IsInOrder(kMembers));
 
 struct Mode {
-    const wchar_t* word;
+    const wchar_t* name;
     REGSAM view;
 };
 constexpr Mode kModes[] = {
@@ -34,13 +34,13 @@ constexpr Mode kModes[] = {
     {L"force64", KEY_WOW64_64KEY},
 };
 
-struct Place {
+struct RegistryPath {
     HKEY root;
-    std::wstring path;
+    std::wstring path;  // below the root
 };
 
-// The character behind a root's name is skipped, whatever it is; that is intended.
-Place PlaceOf(BSTR text) {
+// By design any character separates the root's name from the path.
+RegistryPath ParsePath(BSTR text) {
     static const struct {
         std::wstring_view name;
         HKEY key;
@@ -59,24 +59,24 @@ Place PlaceOf(BSTR text) {
     throw StatusError(E_INVALIDARG);
 }
 
-// The bits of the whole part; a negative number has those of a signed one. What 64 bits cannot hold is
-// refused.
-LONGLONG WholeBits(double number) {
+// The whole part as the bits of a signed integer, or of an unsigned one if it is too large. Throws
+// E_INVALIDARG if it does not fit into 64 bits.
+LONGLONG WholePart(double number) {
     constexpr double kSignedEnd = 9223372036854775808.0;
     if (!(number >= -kSignedEnd && number < 2 * kSignedEnd)) throw StatusError(E_INVALIDARG);
     if (number < kSignedEnd) return static_cast<LONGLONG>(number);
     return static_cast<LONGLONG>(static_cast<ULONGLONG>(number));
 }
 
-// Script's numbers and booleans become those that the registry has.
-void Store(HKEY key, const std::wstring& name, const VARIANT& value) {
-    if (value.vt == VT_R8) return WriteValue(key, name, Variant::I8(WholeBits(value.dblVal)));
+// Converts JavaScript's numbers and booleans to integers.
+void StoreValue(HKEY key, const std::wstring& name, const VARIANT& value) {
+    if (value.vt == VT_R8) return WriteValue(key, name, Variant::I8(WholePart(value.dblVal)));
     if (value.vt == VT_BOOL) return WriteValue(key, name, Variant::I4(value.boolVal == VARIANT_TRUE));
     WriteValue(key, name, value);
 }
 
-// Script's engines do not calculate with numbers of 64 bits.
-Variant Load(HKEY key, const std::wstring& name) {
+// JavaScript engines cannot calculate with VT_UI8.
+Variant LoadValue(HKEY key, const std::wstring& name) {
     Variant value = ReadValue(key, name);
     return value.Is(VT_UI8) ? Variant::R8(static_cast<double>(value.ullVal)) : std::move(value);
 }
@@ -87,69 +87,69 @@ std::span<const Member<CRegistryPlugin>> CRegistryPlugin::Members() {
     return kMembers;
 }
 
-CRegistryPlugin::Leaf CRegistryPlugin::OpenAbove(BSTR path, REGSAM access) const {
-    const Place place = PlaceOf(path);
-    KeyPath split = SplitKeyPath(place.path);
-    return {OpenKey(place.root, split.key, access | view_), std::move(split.leaf)};
+CRegistryPlugin::Leaf CRegistryPlugin::OpenParent(BSTR path, REGSAM access) const {
+    const RegistryPath parsed = ParsePath(path);
+    KeyPath split = SplitKeyPath(parsed.path);
+    return {OpenKey(parsed.root, split.key, access | view_), std::move(split.leaf)};
 }
 
 Outcome CRegistryPlugin::CreateKey(BSTR path) {
     return {Guard([&] {
-        const Place place = PlaceOf(path);
-        MakeKey(place.root, place.path, kWriteKey | view_);
+        const RegistryPath parsed = ParsePath(path);
+        OpenOrCreateKey(parsed.root, parsed.path, kWriteKey | view_);
     })};
 }
 
 Outcome CRegistryPlugin::DeleteKey(BSTR path) {
     return {Guard([&] {
-        const Leaf leaf = OpenAbove(path, kWriteKey);
+        const Leaf leaf = OpenParent(path, kWriteKey);
         DeleteKeyTree(leaf.key.Get(), leaf.name, view_);
     })};
 }
 
 Outcome CRegistryPlugin::SetValue(BSTR path, AnyValue value) {
     return {Guard([&] {
-        const Leaf leaf = OpenAbove(path, kWriteKey);
-        Store(leaf.key.Get(), leaf.name, *value.value);
+        const Leaf leaf = OpenParent(path, kWriteKey);
+        StoreValue(leaf.key.Get(), leaf.name, *value.value);
     })};
 }
 
 Outcome CRegistryPlugin::DeleteValue(BSTR path) {
     return {Guard([&] {
-        const Leaf leaf = OpenAbove(path, kWriteKey);
+        const Leaf leaf = OpenParent(path, kWriteKey);
         tarvik::DeleteValue(leaf.key.Get(), leaf.name);
     })};
 }
 
 Variant CRegistryPlugin::QueryValue(BSTR path) {
-    return FoundOrNull([&] {
-        const Leaf leaf = OpenAbove(path, kReadKey);
-        return Load(leaf.key.Get(), leaf.name);
+    return ValueOrNull([&] {
+        const Leaf leaf = OpenParent(path, kReadKey);
+        return LoadValue(leaf.key.Get(), leaf.name);
     });
 }
 
 Outcome CRegistryPlugin::IsKeyExist(BSTR path) {
     return {Guard([&] {
-        const Place place = PlaceOf(path);
-        OpenKey(place.root, place.path, kReadKey | view_);
+        const RegistryPath parsed = ParsePath(path);
+        OpenKey(parsed.root, parsed.path, kReadKey | view_);
     })};
 }
 
 Outcome CRegistryPlugin::IsValueExist(BSTR path) {
     return {Guard([&] {
-        const Leaf leaf = OpenAbove(path, kReadKey);
+        const Leaf leaf = OpenParent(path, kReadKey);
         return HasValue(leaf.key.Get(), leaf.name) ? S_OK : S_FALSE;
     })};
 }
 
 Bstr CRegistryPlugin::GetMode() {
     const auto mode = std::ranges::find(kModes, view_, &Mode::view);
-    return Bstr(mode->word);
+    return Bstr(mode->name);
 }
 
 HRESULT CRegistryPlugin::SetMode(BSTR mode) {
     const auto known = std::ranges::find_if(
-        kModes, [&](const Mode& each) { return SameIgnoringCase(Bstr::View(mode), each.word); });
+        kModes, [&](const Mode& each) { return SameIgnoringCase(Bstr::View(mode), each.name); });
     if (known == std::end(kModes)) return E_INVALIDARG;
     view_ = known->view;
     return S_OK;

@@ -5,22 +5,22 @@
 
 namespace tarvik {
 
-// `registry`: keys and values of the system's registry, by paths that begin with the name of a root. Nothing
-// stays open between calls. A failure in the work is false, or null where a value is asked for.
+// `registry`: keys and values of the system's registry, by paths that begin with the name of a root key. No
+// key stays open between calls. Members return false for a failure; queryValue returns null.
 class CRegistryPlugin : public TablePlugin<CRegistryPlugin> {
   public:
     static constexpr char kClassName[] = "CRegistryPlugin";
     static std::span<const Member<CRegistryPlugin>> Members();
 
-    Outcome CreateKey(BSTR path);  // also if it is there
-    Outcome DeleteKey(BSTR path);  // with all that is below it
+    Outcome CreateKey(BSTR path);  // succeeds if the key exists
+    Outcome DeleteKey(BSTR path);  // with its subkeys
     Outcome SetValue(BSTR path, AnyValue value);
     Outcome DeleteValue(BSTR path);
     Variant QueryValue(BSTR path);
     Outcome IsKeyExist(BSTR path);
     Outcome IsValueExist(BSTR path);
 
-    // Which half of the registry of a 64-bit system is meant: `default`, `force32` or `force64`.
+    // The view of the registry on a 64-bit system: `default`, `force32` or `force64`.
     Bstr GetMode();
     HRESULT SetMode(BSTR mode);
 
@@ -29,7 +29,7 @@ class CRegistryPlugin : public TablePlugin<CRegistryPlugin> {
         UniqueKey key;
         std::wstring name;
     };
-    Leaf OpenAbove(BSTR path, REGSAM access) const;
+    Leaf OpenParent(BSTR path, REGSAM access) const;
 
     REGSAM view_ = 0;
 };

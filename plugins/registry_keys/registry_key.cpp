@@ -27,10 +27,10 @@ using detail::ThrowIfError;
 
 namespace {
 
-// The registry has no deeper trees. A link that leads back up would make one that never ends.
-constexpr size_t kDeepest = 512;
+// The registry allows no deeper trees. The limit also ends a walk through a link to a parent.
+constexpr size_t kMaxDepth = 512;
 
-constexpr DWORD kNameLength = 256;  // the longest name of a key, and its terminator
+constexpr DWORD kNameLength = 256;  // the longest name of a key, with its terminator
 
 std::optional<std::wstring> FirstSubkey(HKEY key) {
     wchar_t name[kNameLength];
@@ -40,7 +40,7 @@ std::optional<std::wstring> FirstSubkey(HKEY key) {
     return std::wstring(name, length);
 }
 
-// The oldest systems know no views.
+// The oldest systems have no views.
 void DeleteOneKey(HKEY parent, const std::wstring& name, REGSAM view) {
     static const auto deleteInView =
         FindFunction<decltype(RegDeleteKeyExW)>(L"Advapi32.dll", "RegDeleteKeyExW");
@@ -56,21 +56,21 @@ UniqueKey OpenKey(HKEY parent, const std::wstring& path, REGSAM access) {
     return key;
 }
 
-UniqueKey FindKey(HKEY parent, const std::wstring& path, REGSAM access) {
+UniqueKey TryOpenKey(HKEY parent, const std::wstring& path, REGSAM access) {
     UniqueKey key;
     const LSTATUS error = RegOpenKeyExW(parent, CheckedName(path), 0, access, key.Receive());
     if (error != ERROR_FILE_NOT_FOUND && error != ERROR_KEY_DELETED) ThrowIfError(error);
     return key;
 }
 
-UniqueKey MakeKey(HKEY parent, const std::wstring& path, REGSAM access) {
+UniqueKey OpenOrCreateKey(HKEY parent, const std::wstring& path, REGSAM access) {
     UniqueKey key;
     ThrowIfError(RegCreateKeyExW(parent, CheckedName(path), 0, nullptr, REG_OPTION_NON_VOLATILE, access,
                                  nullptr, key.Receive(), nullptr));
     return key;
 }
 
-// The open keys from the top of the tree down to the one at hand stand in a list, not on the stack.
+// Keeps the path of open keys in a list: a tree may be too deep for recursion.
 void DeleteKeyTree(HKEY parent, const std::wstring& name, REGSAM view) {
     if (name.empty()) throw StatusError(E_INVALIDARG);
     struct Level {
@@ -81,7 +81,7 @@ void DeleteKeyTree(HKEY parent, const std::wstring& name, REGSAM view) {
     std::optional<std::wstring> next = name;
     do {
         if (next) {
-            if (open.size() == kDeepest) throw StatusError(E_FAIL);
+            if (open.size() == kMaxDepth) throw StatusError(E_FAIL);
             UniqueKey key = OpenKey(open.empty() ? parent : open.back().key.Get(), *next, kWriteKey | view);
             open.push_back({std::move(*next), std::move(key)});
         } else {

@@ -20,19 +20,20 @@ struct Data {
     std::vector<BYTE> bytes;
 };
 
-constexpr size_t kFirstRoom = 1024;
-constexpr int kMostTries = 16;
+constexpr size_t kFirstCapacity = 1024;
+constexpr int kMaxTries = 16;
 
 bool IsText(DWORD type) {
     return type == REG_SZ || type == REG_EXPAND_SZ;
 }
 
-// One call gives kind and bytes, so they belong together whatever others write meanwhile. They may also make
-// the value longer each time; that comes to an end here. Only texts need more than the first room.
+// Type and bytes come from one call, so that they match even while another process writes the value. That
+// process could also make the value longer before each try, hence the limit. Only texts exceed the first
+// capacity.
 std::optional<Data> ReadData(HKEY key, const wchar_t* name) {
     Data data;
-    data.bytes.resize(kFirstRoom);
-    for (int tries = 0; tries < kMostTries; ++tries) {
+    data.bytes.resize(kFirstCapacity);
+    for (int tries = 0; tries < kMaxTries; ++tries) {
         DWORD size = static_cast<DWORD>(data.bytes.size());
         const LSTATUS error = RegQueryValueExW(key, name, nullptr, &data.type, data.bytes.data(), &size);
         const bool isLonger = error == ERROR_MORE_DATA && IsText(data.type);

@@ -24,7 +24,7 @@ class ConfigKey : public Config {
   protected:
     ConfigKey() { Use(L"store"); }
 
-    // Settings in a key below the test's.
+    // Selects a key below the test key.
     void Use(const std::wstring& name) {
         EXPECT_EQ(Call(L"init", (key_.Name() + L"\\" + name).c_str()), kTrue);
     }
@@ -52,7 +52,7 @@ TEST_F(Config, DoesNothingBeforeInit) {
     EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
 }
 
-TEST_F(ConfigKey, KeepsValues) {
+TEST_F(ConfigKey, StoresValues) {
     EXPECT_EQ(Call(L"setValue", L"number", -1), kTrue);
     EXPECT_EQ(Call(L"setValue", L"text", L"\u6f22"), kTrue);
     EXPECT_EQ(Call(L"setValue", L"a\\b\\large", Variant::I8(-1)), kTrue);
@@ -61,7 +61,7 @@ TEST_F(ConfigKey, KeepsValues) {
     EXPECT_EQ(Call(L"setValue", Variant::Text(L"refused\0x"s), 1), kFalse);
 
     config_ = Plugin(L"config");
-    EXPECT_EQ(Call(L"queryValue", L"number"), "NULL") << "a new object has seen no init";
+    EXPECT_EQ(Call(L"queryValue", L"number"), "NULL") << "a new object has no store";
     Use(L"store");
     EXPECT_EQ(Call(L"queryValue", L"number"), "UI4 4294967295");
     EXPECT_EQ(Call(L"queryValue", L"text"), "BSTR " + Narrow(L"\u6f22"));
@@ -72,7 +72,7 @@ TEST_F(ConfigKey, KeepsValues) {
     EXPECT_EQ(Call(L"queryValue", L"a\\b\\large"), "NULL");
 }
 
-TEST_F(ConfigKey, MakesItsKeyOnlyToWrite) {
+TEST_F(ConfigKey, CreatesItsKeyOnlyToWrite) {
     EXPECT_EQ(Call(L"queryValue", L"a"), "NULL");
     EXPECT_EQ(Call(L"deleteValue", L"a"), kTrue);
     EXPECT_EQ(Call(L"clear"), kFalse);
@@ -82,7 +82,7 @@ TEST_F(ConfigKey, MakesItsKeyOnlyToWrite) {
         EXPECT_EQ(Call(L"deleteValue", name), kFalse) << Narrow(name);
         EXPECT_EQ(Call(L"queryValue", name), "NULL") << Narrow(name);
     }
-    EXPECT_TRUE(key_.Has(L"store")) << "also for a bad name";
+    EXPECT_TRUE(key_.Has(L"store")) << "even for a bad name";
 }
 
 TEST_F(ConfigKey, ClearsKeys) {
@@ -102,19 +102,18 @@ TEST_F(ConfigKey, ClearsKeys) {
     EXPECT_TRUE(key_.Has(L"store"));
 }
 
-// The open key stays until it is cleared, whatever name comes later.
-TEST_F(ConfigKey, StaysAtItsOpenKey) {
+TEST_F(ConfigKey, KeepsItsKeyOpenAcrossInit) {
     Write(L"v");
     Use(L"other");
     Write(L"w");
     EXPECT_EQ(Call(L"queryValue", L"v"), "BSTR x");
-    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no other";
+    EXPECT_EQ(Call(L"clear"), kFalse) << "no key of that name";
     Write(L"v");
     EXPECT_TRUE(key_.Has(L"other"));
     EXPECT_EQ(Call(L"queryValue", L"w"), "NULL");
 }
 
-TEST_F(ConfigFile, KeepsTexts) {
+TEST_F(ConfigFile, StoresTexts) {
     EXPECT_EQ(Call(L"queryValue", L"s", L"text"), "NULL");
     EXPECT_EQ(Call(L"deleteValue", L"s", L"text"), kTrue);
     EXPECT_FALSE(FileExists(path_));
@@ -142,7 +141,7 @@ TEST_F(ConfigFile, KeepsTexts) {
     EXPECT_EQ(Call(L"queryValue", L"s", L"key"), "NULL");
 }
 
-TEST_F(ConfigFile, RefusesEmptyNamesAndWhatIsNoText) {
+TEST_F(ConfigFile, RejectsEmptyNamesAndNonTextValues) {
     EXPECT_EQ(Call(L"setValue", L"s", L"k", L"kept"), kTrue);
     const std::string before = ReadFileBytes(path_);
     EXPECT_EQ(Call(L"setValue", L"s", L"", 1), kFalse);
@@ -154,7 +153,7 @@ TEST_F(ConfigFile, RefusesEmptyNamesAndWhatIsNoText) {
 }
 
 TEST_F(ConfigFile, ClearsSectionsAndTheFile) {
-    EXPECT_EQ(Call(L"clear"), kFalse) << "there is no file";
+    EXPECT_EQ(Call(L"clear"), kFalse) << "no file";
     for (const wchar_t* section : {L"one", L"two"})
         EXPECT_EQ(Call(L"setValue", section, L"k", L"v"), kTrue);
     EXPECT_EQ(Call(L"clear", L"one"), kTrue);
@@ -165,7 +164,7 @@ TEST_F(ConfigFile, ClearsSectionsAndTheFile) {
     EXPECT_EQ(Call(L"queryValue", L"two", L"k"), "NULL");
 }
 
-TEST_F(ConfigFile, IsTheOneOfTheLastInit) {
+TEST_F(ConfigFile, IsSelectedByTheLastSuccessfulInit) {
     EXPECT_EQ(Call(L"init", L"", true), kFalse);
     EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kTrue) << "a failed init changes nothing";
     EXPECT_EQ(Call(L"init", L"\u00e9\u6f22.ini", true), kTrue);
@@ -177,8 +176,8 @@ TEST_F(ConfigFile, IsTheOneOfTheLastInit) {
     EXPECT_EQ(Call(L"setValue", L"s", L"k", 1), kFalse);
 }
 
-// Left in the current folder for check_ini.
-TEST_F(ConfigFile, IsReadByOthers) {
+// Leaves the file in the current folder for check_ini.
+TEST_F(ConfigFile, IsReadableByOtherPrograms) {
     const std::wstring path = std::filesystem::absolute("settings.ini").wstring();
     EXPECT_EQ(Call(L"init", path.c_str(), true), kTrue);
     Call(L"clear");

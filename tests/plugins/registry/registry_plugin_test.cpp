@@ -19,7 +19,7 @@ class Registry : public testing::Test {
   protected:
     Registry() { EXPECT_EQ(Call(L"createKey", L""), kTrue); }
 
-    // Members of the plug-in with a path below the test's key.
+    // Calls a member with a path below the test key.
     std::string Call(const wchar_t* member, const std::wstring& below, auto&&... value) {
         return ResultText(CallMember(plugin_.Get(), member, Variant::Text(At(below)),
                                      std::forward<decltype(value)>(value)...));
@@ -29,11 +29,11 @@ class Registry : public testing::Test {
     }
 
     const TestKey key_;
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     const ComPtr<CRegistryPlugin> plugin_ = MakeCom<CRegistryPlugin>();
 };
 
-TEST_F(Registry, KeepsNumbersAndBooleans) {
+TEST_F(Registry, StoresNumbersAndBooleans) {
     const struct {
         Argument value;
         DWORD type;
@@ -61,7 +61,7 @@ TEST_F(Registry, KeepsNumbersAndBooleans) {
     EXPECT_EQ(Call(L"isValueExist", L"refused"), kFalse);
 }
 
-TEST_F(Registry, KeepsTextsOfAllLengths) {
+TEST_F(Registry, StoresTextsOfAnyLength) {
     for (const size_t length : {0, 1, 510, 511, 512, 519, 520, 521, 100'000}) {
         const std::wstring text = std::wstring(length, L'\u6f22') + L"\0\xD83D\xDE00"s;
         EXPECT_EQ(Call(L"setValue", L"text", Variant::Text(text)), kTrue) << length;
@@ -69,7 +69,7 @@ TEST_F(Registry, KeepsTextsOfAllLengths) {
     }
 }
 
-TEST_F(Registry, ReadsWhatOthersWrote) {
+TEST_F(Registry, ReadsValuesOfOtherPrograms) {
     const struct {
         DWORD type;
         std::string bytes;
@@ -95,7 +95,7 @@ TEST_F(Registry, ReadsWhatOthersWrote) {
     }
 }
 
-TEST_F(Registry, ReadsPaths) {
+TEST_F(Registry, ParsesPaths) {
     const auto isKey = [&](const std::wstring& path) {
         return ResultText(CallMember(plugin_.Get(), L"isKeyExist", path.c_str()));
     };
@@ -115,8 +115,8 @@ TEST_F(Registry, ReadsPaths) {
     EXPECT_EQ(Call(L"deleteValue", L"a\\\u6f22\\"), kFalse);
 }
 
-// The system would take the name before the zero.
-TEST_F(Registry, RefusesNamesWithZeros) {
+// The system would cut the name at the NUL.
+TEST_F(Registry, RejectsNamesWithNuls) {
     Call(L"setValue", L"v", L"kept");
     Call(L"createKey", L"v");
     EXPECT_EQ(Call(L"setValue", L"v\0x"s, 1), kFalse);
@@ -133,7 +133,7 @@ TEST_F(Registry, DeletesTrees) {
         ASSERT_EQ(Call(L"createKey", deep += L"\\k"), kTrue) << level;
     for (const wchar_t* path : {L"tree\\k\\x", L"tree\\k\\y", L"tree\\b", L"other"})
         Call(L"createKey", path);
-    EXPECT_EQ(Call(L"deleteKey", L"tree\\"), kFalse) << "no name is no key";
+    EXPECT_EQ(Call(L"deleteKey", L"tree\\"), kFalse) << "an empty name";
     EXPECT_TRUE(key_.Has(L"tree\\b"));
     EXPECT_EQ(Call(L"deleteKey", L"tree"), kTrue);
     EXPECT_EQ(Call(L"deleteKey", L"tree"), kFalse);
@@ -141,7 +141,7 @@ TEST_F(Registry, DeletesTrees) {
     EXPECT_TRUE(key_.Has(L"other"));
 }
 
-TEST_F(Registry, StopsWhereRightsEnd) {
+TEST_F(Registry, StopsWhereAccessIsDenied) {
     Call(L"createKey", L"tree\\locked\\in");
     Call(L"setValue", L"tree\\locked\\v", L"kept");
     const UniqueKey locked = OpenKey(HKEY_CURRENT_USER, key_.Path() + L"\\tree\\locked", WRITE_DAC);
@@ -164,13 +164,13 @@ TEST_F(Registry, StopsWhereRightsEnd) {
     allow(L"D:(A;;KA;;;WD)");
 }
 
-TEST_F(Registry, SeesTheHalfOfItsMode) {
+TEST_F(Registry, UsesTheViewOfItsMode) {
     const auto mode = [&] { return ResultText(GetMember(plugin_.Get(), L"mode")); };
-    const auto put = [&](Argument word) { return PutMember(plugin_.Get(), L"mode", std::move(word)).status; };
+    const auto put = [&](Argument name) { return PutMember(plugin_.Get(), L"mode", std::move(name)).status; };
     EXPECT_EQ(mode(), "BSTR default");
     EXPECT_THAT(put(L"FORCE32"), HasStatus(S_OK));
-    for (const wchar_t* word : {L"", L"force", L"force322"})
-        EXPECT_THAT(put(word), HasStatus(E_INVALIDARG));
+    for (const wchar_t* unknown : {L"", L"force", L"force322"})
+        EXPECT_THAT(put(unknown), HasStatus(E_INVALIDARG));
     EXPECT_EQ(mode(), "BSTR force32");
 
     const TestKey machine(HKEY_LOCAL_MACHINE);
@@ -178,7 +178,7 @@ TEST_F(Registry, SeesTheHalfOfItsMode) {
         const std::wstring path = L"HKEY_LOCAL_MACHINE\\" + machine.Path();
         return ResultText(CallMember(plugin_.Get(), member, path.c_str()));
     };
-    if (call(L"createKey") != kTrue) GTEST_SKIP() << "the user may not write there";
+    if (call(L"createKey") != kTrue) GTEST_SKIP() << "access denied";
     put(L"default");
     EXPECT_EQ(call(L"isKeyExist"), kFalse);
     EXPECT_EQ(call(L"createKey"), kTrue);

@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-// The name of a key of the test's own below Software, which is removed with all that is in it at the end.
+// Names a new key below Software for one test, and deletes it with its contents at the end.
 class TestKey {
   public:
     explicit TestKey(HKEY root = HKEY_CURRENT_USER) : root_(root) {}
@@ -16,12 +16,12 @@ class TestKey {
     const std::wstring& Name() const { return name_; }
     std::wstring Path() const { return L"Software\\" + name_; }
     bool Has(const std::wstring& below) const {
-        return static_cast<bool>(FindKey(root_, Path() + L"\\" + below, kReadKey));
+        return static_cast<bool>(TryOpenKey(root_, Path() + L"\\" + below, kReadKey));
     }
 
-    // Makes the key, too.
+    // Creates the key if it is missing.
     void Write(const wchar_t* value, DWORD type, const std::string& bytes) const {
-        // Wine would take a zero behind the bytes of a text for its terminator.
+        // Wine takes a NUL behind the bytes of a text for its terminator.
         const std::string followed = bytes + "more";
         EXPECT_EQ(RegSetKeyValueW(root_, Path().c_str(), value, type, followed.data(),
                                   static_cast<DWORD>(bytes.size())),
