@@ -20,11 +20,11 @@ std::span<const Member<CConsolePlugin>> CConsolePlugin::Members() {
     return kMembers;
 }
 
-// Only a string is written, the first argument alone; nothing is converted.
+// Writes the first argument, if it is a string.
 HRESULT CConsolePlugin::Log(const Call& call) {
     if (call.Count() == 0) return E_FAIL;
     BSTR text = nullptr;
-    // The channel takes texts up to a NUL, so a line ends there.
+    // OutputDebugStringW stops at the first NUL, so a text is cut there.
     if (FromVariant(call.At(0), text)) OutputDebugStringW((std::wstring(text ? text : L"") + L'\n').c_str());
     return S_OK;
 }

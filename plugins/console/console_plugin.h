@@ -4,18 +4,18 @@
 
 namespace tarvik {
 
-// `console`: lines for the debugger, and whether script errors are shown.
+// `console`: writes lines to the debugger and controls whether script errors are shown.
 class CConsolePlugin : public BrowserPlugin<CConsolePlugin> {
   public:
     static std::span<const Member<CConsolePlugin>> Members();
 
     HRESULT Log(const Call& call);
-    Variant GetLog() const { return Variant(); }  // a read writes nothing
+    Variant GetLog() const { return Variant(); }  // reading `log` writes nothing
     Variant GetShowJsError() const { return Variant::Copy(showJsError_); }
     HRESULT SetShowJsError(const Call& call);
 
   private:
-    Variant showJsError_;  // whatever script put there; only a literal false hides errors
+    Variant showJsError_;  // any value; only a boolean false hides errors
 };
 
 }  // namespace tarvik

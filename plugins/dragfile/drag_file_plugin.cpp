@@ -1,7 +1,7 @@
 #include "plugins/dragfile/drag_file_plugin.h"
 
 #include "script/object.h"
-#include "tarvik/properties.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
@@ -35,7 +35,7 @@ HRESULT CDragFilePlugin::Bind(const Call& call) {
     const bool binds = FromVariant(call.At(1), function) && function;
     Binding binding{ComPtr<IDispatch>(binds ? function : nullptr),
                     call.Count() > 2 ? Variant::Copy(call.At(2)) : Variant()};
-    // What is replaced is let go of last: its end may come back here.
+    // Destroyed last: releasing a function may call back into this object.
     const auto replaced = bindings_.byId.extract(name);
     if (binds && bindings_.Window()) bindings_.byId.emplace(name, std::move(binding));
     return S_OK;
@@ -47,10 +47,10 @@ HRESULT CDragFilePlugin::Get(const Call& call) {
     const auto found = bindings_.byId.find(Bstr::View(id));
     if (found == bindings_.byId.end()) return S_OK;
     const auto& [function, context] = found->second;
-    auto object = MakeCom<CObject>();
-    ThrowIfFailed(SetScriptProperty(object.Get(), L"callback", Variant::Object(function.Get())));
-    ThrowIfFailed(SetScriptProperty(object.Get(), L"context", context));
-    return SetResult(call.Result(), Variant::Object(object.Get()));
+    const ScriptObject object(MakeCom<CObject>().Get());
+    object.Set(L"callback", function);
+    object.Set(L"context", Variant::Copy(context));
+    return SetResult(call.Result(), object);
 }
 
 }  // namespace tarvik

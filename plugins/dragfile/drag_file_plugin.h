@@ -9,17 +9,17 @@
 
 namespace tarvik {
 
-// `dragfile`: what the page does with files that are dragged onto its elements. The site asks for the binding
-// of an element and calls its function. Bindings stay when the page changes.
+// `dragfile`: binds functions to elements that accept dropped files. The site looks up the binding of an
+// element and calls its function. Bindings survive a navigation.
 class CDragFilePlugin : public BrowserPlugin<CDragFilePlugin> {
   public:
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
 
     static std::span<const Member<CDragFilePlugin>> Members();
 
-    // bind(id, function[, context]) replaces the binding of an id; anything but a function takes it away.
+    // bind(id, function[, context]) replaces the binding of an id; any other value removes it.
     HRESULT Bind(const Call& call);
-    // get(id) gives an object with `callback` and `context`, or no value.
+    // get(id) returns an object with `callback` and `context`, or nothing if the id has no binding.
     HRESULT Get(const Call& call);
 
   private:
@@ -27,13 +27,13 @@ class CDragFilePlugin : public BrowserPlugin<CDragFilePlugin> {
         ComPtr<IDispatch> function;
         Variant context;
     };
-    // They go with the window, and without one nothing is kept: what script gave may hold the plug-in that
-    // holds it.
+    // Released with the window, and empty without one: a function or context may hold the plug-in, which
+    // would be a cycle.
     struct Bindings : CWindowImpl {
         bool ProcessWindowMessage(UINT, WPARAM, LPARAM, LRESULT&) override { return false; }
-        void OnFinalMessage(HWND) override { const auto gone = std::exchange(byId, {}); }
+        void OnFinalMessage(HWND) override { const auto released = std::exchange(byId, {}); }
 
-        std::map<std::wstring, Binding, std::less<>> byId;  // of the element, as it is written
+        std::map<std::wstring, Binding, std::less<>> byId;
     };
     Bindings bindings_;
 };

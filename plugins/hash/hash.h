@@ -25,16 +25,16 @@ struct HashTraits {
 
 }  // namespace detail
 
-// A digest in the making. A failure of the system's provider is reported by Finish.
+// Computes a digest. Finish reports failures of the cryptographic provider.
 class CHashBase : public SmallDispatch<CHashBase, SmallRules> {
   public:
     static std::span<const Member<CHashBase>> Members();
 
-    // Takes the UTF-8 form of one text, and answers the object itself. With another number of arguments it
-    // does nothing; that is by design. After Finish the digest stays what it is.
+    // Adds one text as UTF-8 and returns the object itself. By design another number of arguments does
+    // nothing. After Finish the digest does not change.
     HRESULT AddData(const Call& call);
-    // The digest in upper-case hexadecimal digits, the same each time. If it cannot be computed, the status
-    // of the failure: an empty text would look like a digest.
+    // Returns the digest in upper-case hexadecimal digits. Fails if the digest cannot be computed: an empty
+    // text would look like a digest.
     HRESULT Finish(const Call& call);
 
   protected:

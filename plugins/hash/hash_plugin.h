@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// `hash`: each member gives a new, empty hash object. Arguments do not matter.
+// `hash`: each member creates a hash object. Arguments are ignored.
 class CHashPlugin : public SmallPlugin<CHashPlugin, SmallRules> {
   public:
     static std::span<const Member<CHashPlugin>> Members();

@@ -43,7 +43,7 @@ POINT Pointer() {
     return point;
 }
 
-// Input that does not move: the system heeds the place only with MOUSEEVENTF_MOVE.
+// Presses or releases the button at the pointer: without MOUSEEVENTF_MOVE the system ignores the point.
 HRESULT SendButton(DWORD action, POINT point) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
@@ -55,9 +55,9 @@ HRESULT SendButton(DWORD action, POINT point) {
 }
 
 HRESULT PressAndRelease(const Button& button, POINT point) {
-    constexpr DWORD kHeld = 50;  // milliseconds; some programs take no notice of a shorter press
+    constexpr DWORD kPressTime = 50;  // milliseconds; some programs miss a shorter press
     if (const HRESULT status = SendButton(button.press, point); status != S_OK) return status;
-    Sleep(kHeld);
+    Sleep(kPressTime);
     return SendButton(button.release, point);
 }
 

@@ -6,15 +6,15 @@
 
 namespace tarvik {
 
-// `mouse`: the pointer and the buttons of the whole desktop. Places are pixels of the screen.
+// `mouse`: the pointer and the buttons of the desktop. Positions are in pixels of the screen.
 class CMousePlugin : public TablePlugin<CMousePlugin> {
   public:
     static constexpr char kClassName[] = "CMousePlugin";
     static std::span<const Member<CMousePlugin>> Members();
 
-    // An unknown button is the left one.
+    // An unknown button stands for the left one.
     bool IsButtonDown(std::optional<AnyInt32> button);
-    // The click is where the pointer is, whatever x and y say; that is intended.
+    // By design both click at the pointer; x and y have no effect.
     Outcome Click(std::optional<AnyInt32> button);
     Outcome ClickAt(AnyInt32 button, CoercedInt x, CoercedInt y);
 

@@ -27,7 +27,7 @@ TEST_F(Console, WritesTheFirstArgumentAsALine) {
     EXPECT_THAT(channel_.texts, ElementsAre("a\n", "100%s\n", "\n", "cut\n"));
 }
 
-TEST_F(Console, WritesNothingButText) {
+TEST_F(Console, WritesOnlyStrings) {
     EXPECT_THAT(Log(12, L"text"), HasStatus(S_OK));
     EXPECT_THAT(Log(nullptr), HasStatus(S_OK));
     EXPECT_THAT(Log(plugin_.Get()), HasStatus(S_OK));
@@ -38,8 +38,8 @@ TEST_F(Console, WritesNothingButText) {
     EXPECT_THAT(channel_.texts, IsEmpty());
 }
 
-// As all small plug-ins.
-TEST_F(Console, KnowsItsNamesAndIdsOnly) {
+// Stands for all small plug-ins.
+TEST_F(Console, RejectsUnknownNamesAndIds) {
     DISPID id = 0;
     for (const wchar_t* unknown : {L"", L"Log", L"logs"})
         EXPECT_THAT(IdOf(plugin_.Get(), unknown, &id), HasStatus(DISP_E_UNKNOWNNAME));

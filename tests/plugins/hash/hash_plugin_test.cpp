@@ -16,12 +16,12 @@ class Hash : public testing::Test {
     }
     static std::string Finish(IDispatch* hash) { return CallText(hash, L"finish"); }
 
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     const ComPtr<CHashPlugin> plugin_ = MakeCom<CHashPlugin>();
 };
 
 // The texts and digests that RFC 1320, RFC 1321 and FIPS 180 publish.
-TEST_F(Hash, GivesThePublishedDigests) {
+TEST_F(Hash, ReturnsThePublishedDigests) {
     const struct {
         const wchar_t* text;
         const char* md4;
@@ -47,12 +47,12 @@ TEST_F(Hash, GivesThePublishedDigests) {
     }
 }
 
-TEST_F(Hash, AddsTextsUntilItIsFinished) {
+TEST_F(Hash, IgnoresTextsAfterFinish) {
     const auto hash = Make(L"md5");
     const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
     EXPECT_EQ(added.value.pdispVal, hash.Get());
     CallMember(hash.Get(), L"addData", L"bc");
-    EXPECT_EQ(GetText(hash.Get(), L"finish"), StatusText(E_NOTIMPL)) << "a read finishes nothing";
+    EXPECT_EQ(GetText(hash.Get(), L"finish"), StatusText(E_NOTIMPL)) << "finish is no property";
     CallMember(hash.Get(), L"addData", Variant::Text(std::wstring_view(L"\0\u00E9", 2)));
     const std::string digest = Finish(hash.Get());
     EXPECT_EQ(digest, "BSTR 442BEDDEFCF1FF203E57C218E2537606") << "of 61 62 63 00 C3 A9";

@@ -5,8 +5,8 @@
 namespace tarvik {
 namespace {
 
-// Clicks are tested where a page hears of them.
-TEST(MousePlugin, MovesThePointerInOneDirection) {
+// tests/page tests clicks, with a page that receives them.
+TEST(MousePlugin, MovesThePointerAlongOneAxis) {
     const auto plugin = MakeCom<CMousePlugin>();
     const auto place = [&] {
         return ResultText(GetMember(plugin.Get(), L"x")) + ResultText(GetMember(plugin.Get(), L"y"));
