@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-// What `http.createClient` gives. It has no state of its own: any number of downloads may be under way, and
-// they go on when script drops it.
+// The result of `http.createClient`. It has no state: any number of downloads may be in progress, and they
+// continue after the object has been released.
 class CClientDispatch : public TableDispatch<CClientDispatch> {
   public:
     static constexpr char kClassName[] = "CClientDispatch";

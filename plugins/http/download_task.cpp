@@ -13,9 +13,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr std::uint32_t kPiece = 65536;
+constexpr std::uint32_t kChunkSize = 65536;
 
-// A file that is removed again unless it is kept.
+// A new file, deleted by the destructor unless Commit has been called.
 class NewFile {
   public:
     explicit NewFile(const std::wstring& path)
@@ -33,18 +33,17 @@ class NewFile {
     NewFile& operator=(const NewFile&) = delete;
 
     void Write(std::span<const std::uint8_t> bytes) { WriteAll(file_.Get(), bytes.data(), bytes.size()); }
-    // Closes it: from here on it belongs to script.
-    void Keep() { file_.Reset(); }
+    void Commit() { file_.Reset(); }  // closes the file
 
   private:
     const std::wstring& path_;
     UniqueHandle file_;
 };
 
-// Whether a call failed because there is nobody any more to take it. An engine that has been closed answers
-// E_UNEXPECTED to calls of its functions, the old ones 0x800A1393; an error in a function that runs is
-// neither of them, whatever its number: 0x80020101 or DISP_E_EXCEPTION.
-bool HasGone(HRESULT status) {
+// Whether a call failed because the function's page has been destroyed. A closed JavaScript engine returns
+// E_UNEXPECTED for calls of its functions, older ones 0x800A1393. A function that throws returns 0x80020101
+// or DISP_E_EXCEPTION.
+bool IsCallbackDestroyed(HRESULT status) {
     constexpr auto kFreedScript = static_cast<HRESULT>(0x800A1393);
     return IsDisconnected(status) || status == E_UNEXPECTED || status == kFreedScript;
 }
@@ -58,28 +57,28 @@ HRESULT DownloadTask::Work() {
     const WebResponse response(url_);
     const std::uint32_t total = response.ContentLength();
     NewFile file(path_);
-    std::vector<std::uint8_t> buffer(kPiece);
+    std::vector<std::uint8_t> buffer(kChunkSize);
     for (std::uint32_t done = 0; done < total;) {
-        const auto piece = std::span(buffer).first(std::min(total - done, kPiece));
-        const std::uint32_t count = response.Read(piece);
+        const auto chunk = std::span(buffer).first(std::min(total - done, kChunkSize));
+        const std::uint32_t count = response.Read(chunk);
         if (count == 0) return E_FAIL;
-        file.Write(piece.first(count));
+        file.Write(chunk.first(count));
         done += count;
-        // Before the last call: script may use the file in it, and a stop there comes too late.
-        if (done == total) file.Keep();
-        Tell(done, total);
+        // Before the last report: the function may open the file, and it is too late to cancel.
+        if (done == total) file.Commit();
+        ReportProgress(done, total);
     }
     return S_OK;
 }
 
-void DownloadTask::Tell(std::uint32_t done, std::uint32_t total) {
+void DownloadTask::ReportProgress(std::uint32_t done, std::uint32_t total) {
     if (!Progress()) return;
-    const Variant bytes = Variant::UI4(done);
+    const Variant processed = Variant::UI4(done);
     const Variant all = Variant::UI4(total);
     Variant answer;
-    const HRESULT status = CallScriptFunction(Progress(), {&bytes, &all, &Context()}, &answer);
-    // The page's end is not that of its downloads.
-    if (HasGone(status)) return;
+    const HRESULT status = CallScriptFunction(Progress(), {&processed, &all, &Context()}, &answer);
+    // A download continues after its page has been destroyed.
+    if (IsCallbackDestroyed(status)) return;
     if (status != S_OK) throw StatusError(status);
     if (IsFalse(answer)) throw StatusError(E_ABORT);
 }

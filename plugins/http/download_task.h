@@ -7,15 +7,15 @@
 
 namespace tarvik {
 
-// A run of downloadToFile. The file is made when the server has said how long the body is, replacing one that
-// is there, and removed again unless it becomes complete.
+// downloadToFile. Creates the file once the length of the body is known, replacing an existing file, and
+// deletes it if the download does not complete.
 class DownloadTask : public AsyncTask {
   public:
     DownloadTask(std::wstring url, std::wstring path, const Options& options);
 
   private:
     HRESULT Work() override;
-    void Tell(std::uint32_t done, std::uint32_t total);
+    void ReportProgress(std::uint32_t done, std::uint32_t total);
 
     const std::wstring url_;
     const std::wstring path_;

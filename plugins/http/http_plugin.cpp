@@ -15,7 +15,7 @@ static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CHttpPlugin>(L"http", TVK::kTransientPlugin);
 
-// The platform's own object for requests.
+// The system's XMLHttpRequest object.
 ComPtr<IDispatch> MakeXmlHttp() {
     CLSID id = {};
     ComPtr<IDispatch> made;
@@ -26,7 +26,7 @@ ComPtr<IDispatch> MakeXmlHttp() {
 }
 
 template <class Make>
-HRESULT GiveNew(const Call& call, const char* label, Make make) {
+HRESULT ReturnNew(const Call& call, const char* label, Make make) {
     if (!call.Result()) {
         TARVIK_ERROR(label, L"pResult is NULL.");
         return S_OK;
@@ -49,11 +49,11 @@ STDMETHODIMP CHttpPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
 }
 
 HRESULT CHttpPlugin::CreateClient(const Call& call) {
-    return GiveNew(call, "CHttpPlugin::CreateClient", [this] { return MakeCom<CClientDispatch>(core_); });
+    return ReturnNew(call, "CHttpPlugin::CreateClient", [this] { return MakeCom<CClientDispatch>(core_); });
 }
 
 HRESULT CHttpPlugin::CreateXmlHttp(const Call& call) {
-    return GiveNew(call, "CHttpPlugin::CreateXmlHttp", MakeXmlHttp);
+    return ReturnNew(call, "CHttpPlugin::CreateXmlHttp", MakeXmlHttp);
 }
 
 }  // namespace tarvik

@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// `http`: gives objects that speak HTTP. What cannot be made comes out as nothing, and the call succeeds.
+// `http`: creates HTTP clients. If an object cannot be created, the result is empty and the call succeeds.
 class CHttpPlugin : public TablePlugin<CHttpPlugin> {
   public:
     static constexpr char kClassName[] = "CHttpPlugin";

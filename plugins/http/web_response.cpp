@@ -7,30 +7,31 @@ namespace tarvik {
 
 namespace {
 
-constexpr DWORD kPatience = 30'000;  // milliseconds
+constexpr DWORD kTimeout = 30'000;  // milliseconds
 
-void LimitWaiting(HINTERNET handle) {
-    DWORD limit = kPatience;
+void SetReceiveTimeout(HINTERNET handle) {
+    DWORD limit = kTimeout;
     if (!InternetSetOptionW(handle, INTERNET_OPTION_RECEIVE_TIMEOUT, &limit, sizeof limit)) ThrowLastError();
 }
 
-// Wine heeds the limit at the request alone, which nobody else sees before the server has answered.
+// Wine honours the timeout only on the request handle. InternetOpenUrlW returns that handle after the server
+// has responded, so the timeout is set in the callback.
 void CALLBACK OnStatus(HINTERNET, DWORD_PTR, DWORD status, LPVOID information, DWORD) {
     if (status != INTERNET_STATUS_HANDLE_CREATED) return;
     const auto* const created = static_cast<const INTERNET_ASYNC_RESULT*>(information);
-    (void)Guard([&] { LimitWaiting(reinterpret_cast<HINTERNET>(created->dwResult)); });
+    (void)Guard([&] { SetReceiveTimeout(reinterpret_cast<HINTERNET>(created->dwResult)); });
 }
-constexpr DWORD_PTR kTellStatus = 1;  // a context of 0 would switch the routine off
+constexpr DWORD_PTR kCallbackContext = 1;  // 0 would disable the callback
 
 }  // namespace
 
 WebResponse::WebResponse(const std::wstring& url)
     : session_(InternetOpenW(L"Tarvik", INTERNET_OPEN_TYPE_DIRECT, nullptr, nullptr, 0)) {
     if (!session_) ThrowLastError();
-    LimitWaiting(session_.Get());
+    SetReceiveTimeout(session_.Get());
     InternetSetStatusCallbackW(session_.Get(), OnStatus);
-    request_.Reset(
-        InternetOpenUrlW(session_.Get(), url.c_str(), nullptr, 0, INTERNET_FLAG_RESYNCHRONIZE, kTellStatus));
+    request_.Reset(InternetOpenUrlW(session_.Get(), url.c_str(), nullptr, 0, INTERNET_FLAG_RESYNCHRONIZE,
+                                    kCallbackContext));
     if (!request_) ThrowLastError();
 }
 

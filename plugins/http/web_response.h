@@ -21,18 +21,18 @@ struct InternetTraits : PointerTraits<HINTERNET> {
 
 using UniqueInternet = Owner<detail::InternetTraits>;
 
-// What a server answers to a GET: straight from it, without a proxy, redirects followed. Each member waits
-// for the server, 30 seconds at most for a sign of life; failures throw the system's status. The status code
-// of the answer is not looked at: the body of an error page is a body.
+// The response to a GET request, without a proxy, after redirects. Members block until the server sends data,
+// for at most 30 seconds, and throw the system's status for a failure. The HTTP status code is ignored, so
+// the body may be that of an error page.
 class WebResponse {
   public:
     explicit WebResponse(const std::wstring& url);
 
-    // As the server says it, which it must. No number, and 0, are E_FAIL; a negative number is taken as its
-    // 32 bits; a number that they cannot hold becomes the largest signed one. That is intended.
+    // Throws if the header is missing, and E_FAIL if it is 0 or not a number. By design a negative number is
+    // reinterpreted as unsigned, and one beyond 32 bits becomes the largest signed number.
     std::uint32_t ContentLength() const;
 
-    // How many bytes came; 0 at the end of the body.
+    // Returns the number of bytes read; 0 at the end of the body.
     std::uint32_t Read(std::span<std::uint8_t> bytes) const;
 
   private:

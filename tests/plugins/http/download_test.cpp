@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-constexpr size_t kPiece = 65536;
+constexpr size_t kChunkSize = 65536;
 
 std::string BodyOf(size_t size) {
     std::string body(size, '\0');
@@ -29,15 +29,15 @@ class Download : public Http {
     std::unique_ptr<AsyncRun> Start(const std::wstring& url, const wchar_t* name) const {
         return std::make_unique<AsyncRun>(client_.Get(), L"downloadToFile", Options(url, name));
     }
-    bool IsThere() const { return FileExists(got_); }
+    bool Exists() const { return FileExists(got_); }
 
     static constexpr char kDone[] = "success: I4 7";
     const ComPtr<IDispatch> client_ = NewClient();
     const std::wstring got_ = folder_ / L"got";
 };
 
-TEST_F(Download, StoresABodyOfAnySizeAndTellsEachPiece) {
-    for (const size_t size : {size_t{1}, kPiece - 1, kPiece, kPiece + 1, size_t{5'000'000}}) {
+TEST_F(Download, StoresABodyOfAnySizeAndReportsEachChunk) {
+    for (const size_t size : {size_t{1}, kChunkSize - 1, kChunkSize, kChunkSize + 1, size_t{5'000'000}}) {
         const std::string body = BodyOf(size);
         std::string head;
         const WebServer server([&](const WebExchange& exchange) {
@@ -45,19 +45,19 @@ TEST_F(Download, StoresABodyOfAnySizeAndTellsEachPiece) {
             exchange.Answer(body);
         });
         bool wasClosed = false;
-        ULONG told = 0;
+        ULONG reported = 0;
         const Ending end = Run(server.Url(L"a?b=c"), [&](const Recorder::Record& call) {
-            EXPECT_GT(call.arguments[0].ulVal, told);
-            EXPECT_LE(call.arguments[0].ulVal - told, kPiece);
-            told = call.arguments[0].ulVal;
-            if (told == size) wasClosed = static_cast<bool>(HoldFile(got_));
+            EXPECT_GT(call.arguments[0].ulVal, reported);
+            EXPECT_LE(call.arguments[0].ulVal - reported, kChunkSize);
+            reported = call.arguments[0].ulVal;
+            if (reported == size) wasClosed = static_cast<bool>(HoldFile(got_));
             return Variant::I4(0);
         });
         const std::string number = "UI4 " + std::to_string(size);
         EXPECT_EQ(end.result, "BOOL true");
         ASSERT_EQ(end.text, kDone);
         EXPECT_EQ(end.progress.back(), number + ", " + number + ", I4 7");
-        EXPECT_EQ(end.progress.size() == 1, size <= kPiece) << size;
+        EXPECT_EQ(end.progress.size() == 1, size <= kChunkSize) << size;
         EXPECT_TRUE(wasClosed) << "before the last call";
         EXPECT_TRUE(ReadFileBytes(got_) == body) << size;
         EXPECT_THAT(head, testing::StartsWith("GET /a?b=c HTTP/1.1\r\n"));
@@ -65,12 +65,12 @@ TEST_F(Download, StoresABodyOfAnySizeAndTellsEachPiece) {
     }
 }
 
-TEST_F(Download, GoesByTheLengthThatTheServerTells) {
+TEST_F(Download, ReadsContentLengthBytes) {
     const std::string eFail = FailText(E_FAIL, "I4 7");
     const struct {
         const char* answer;
         std::string end;
-        const char* content;  // null: the file is removed
+        const char* content;  // null if the file is deleted
     } rows[] = {
         {"HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nnone", kDone, "none"},
         {"HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nmore than that", kDone, "mor"},
@@ -87,7 +87,7 @@ TEST_F(Download, GoesByTheLengthThatTheServerTells) {
         const WebServer server([&](const WebExchange& exchange) { exchange.Send(row.answer); });
         folder_.Write(L"got", "old");
         EXPECT_EQ(Run(server.Url()).text, row.end) << row.answer;
-        EXPECT_EQ(IsThere(), row.content != nullptr) << row.answer;
+        EXPECT_EQ(Exists(), row.content != nullptr) << row.answer;
         if (row.content) {
             EXPECT_EQ(ReadFileBytes(got_), row.content) << row.answer;
         }
@@ -103,13 +103,13 @@ TEST_F(Download, FollowsRedirects) {
     EXPECT_EQ(ReadFileBytes(got_), "moved");
 }
 
-TEST_F(Download, TellsWhyItFailed) {
+TEST_F(Download, ReportsTheReasonOfAFailure) {
     const std::wstring closed = L"http://127.0.0.1:" + std::to_wstring(ClosedPort()) + L"/";
     EXPECT_EQ(Run(closed).text, WinInetFailure(ERROR_INTERNET_CANNOT_CONNECT));
     EXPECT_EQ(Run(L"no url").text, WinInetFailure(ERROR_INTERNET_UNRECOGNIZED_SCHEME));
     const WebServer dumb([](const WebExchange&) {});
     EXPECT_THAT(Run(dumb.Url()).text, testing::StartsWith("fail: I4 -2147"));
-    EXPECT_FALSE(IsThere());
+    EXPECT_FALSE(Exists());
 
     const WebServer server([](const WebExchange& exchange) { exchange.Answer("body"); });
     folder_.Write(L"got", "in use");
@@ -126,19 +126,19 @@ TEST_F(Download, TellsWhyItFailed) {
     }
 }
 
-TEST_F(Download, StopsAsProgressAnswers) {
-    const std::string body = BodyOf(3 * kPiece);
+TEST_F(Download, IsCancelledByProgress) {
+    const std::string body = BodyOf(3 * kChunkSize);
     const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
-    const auto no = [](const Recorder::Record&) { return Variant::Bool(false); };
-    const Ending first = Run(server.Url(), no);
+    const auto cancel = [](const Recorder::Record&) { return Variant::Bool(false); };
+    const Ending first = Run(server.Url(), cancel);
     EXPECT_EQ(first.progress.size(), 1u);
     EXPECT_EQ(first.text, "") << "a cancel is silent";
-    EXPECT_FALSE(IsThere());
+    EXPECT_FALSE(Exists());
     const Ending last = Run(server.Url(), [&](const Recorder::Record& call) {
         return Variant::Bool(call.arguments[0].ulVal < body.size());
     });
     EXPECT_EQ(last.text, "");
-    EXPECT_TRUE(ReadFileBytes(got_) == body) << "too late: the file is complete";
+    EXPECT_TRUE(ReadFileBytes(got_) == body) << "the file was complete";
 
     ScriptBench script(client_.Get());
     const auto fail = MakeCom<Recorder>();
@@ -148,12 +148,12 @@ TEST_F(Download, StopsAsProgressAnswers) {
     CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
     EXPECT_TRUE(PumpUntil([&] { return !fail->calls.empty() && liveComObjects == before; }));
     EXPECT_THAT(fail->Texts(), ElementsAre(testing::StartsWith("I4 -")));
-    EXPECT_FALSE(IsThere()) << "removed before it is told";
+    EXPECT_FALSE(Exists()) << "deleted before fail is called";
     EXPECT_EQ(script.Errors(), 1);
 }
 
-TEST_F(Download, GoesOnWithoutItsPage) {
-    const std::string body = BodyOf(3 * kPiece);
+TEST_F(Download, ContinuesWithoutItsPage) {
+    const std::string body = BodyOf(3 * kChunkSize);
     const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
     const auto success = MakeCom<Recorder>();
     const OptionObject options = Options(server.Url()).Set(L"success", success);
@@ -162,41 +162,42 @@ TEST_F(Download, GoesOnWithoutItsPage) {
         ScriptBench script(client_.Get());
         options.Set(L"progress", script.Evaluate(L"(function () { return false; })"));
         CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
-    }  // before the first call, which this thread has yet to take
+    }  // before this thread serves the first call
     EXPECT_TRUE(PumpUntil([&] { return !success->calls.empty() && liveComObjects == before; }));
     EXPECT_THAT(success->Texts(), ElementsAre("I4 7"));
     EXPECT_TRUE(ReadFileBytes(got_) == body);
 }
 
-TEST_F(Download, RunsAHundredTimesAtOnce) {
-    constexpr int kRuns = 100;
-    const std::string body = BodyOf(3 * kPiece);
-    const auto runThem = [&] {
+TEST_F(Download, RunsAHundredAtOnce) {
+    constexpr int kDownloads = 100;
+    const std::string body = BodyOf(3 * kChunkSize);
+    const auto downloadAll = [&] {
         const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body + exchange.Path()); });
-        std::vector<std::unique_ptr<AsyncRun>> runs;
-        for (int i = 0; i < kRuns; ++i) {
+        std::vector<std::unique_ptr<AsyncRun>> downloads;
+        for (int i = 0; i < kDownloads; ++i) {
             const std::wstring name = std::to_wstring(i);
-            runs.push_back(Start(server.Url(name), name.c_str()));
+            downloads.push_back(Start(server.Url(name), name.c_str()));
         }
-        const auto isOver = [](const auto& run) { return run->IsOver(); };
-        EXPECT_TRUE(PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, std::chrono::minutes(1)));
-        for (int i = 0; i < kRuns; ++i) {
-            EXPECT_EQ(runs[i]->End().text, kDone);
+        const auto isOver = [](const auto& download) { return download->IsOver(); };
+        EXPECT_TRUE(
+            PumpUntil([&] { return std::ranges::all_of(downloads, isOver); }, std::chrono::minutes(1)));
+        for (int i = 0; i < kDownloads; ++i) {
+            EXPECT_EQ(downloads[i]->End().text, kDone);
             EXPECT_TRUE(ReadFileBytes(folder_ / std::to_wstring(i)) == body + "/" + std::to_string(i));
         }
     };
-    runThem();  // the system makes itself threads that stay
+    downloadAll();  // the system creates threads that it keeps
     PumpUntil([] { return false; }, std::chrono::milliseconds(300));
     const Holdings before = Holdings::Now();
     const long handles = CountHandles();
-    runThem();
+    downloadAll();
     EXPECT_TRUE(PumpUntil([&] { return Holdings::Now().GrownSince(before).empty(); }))
         << Holdings::Now().GrownSince(before);
-    EXPECT_LT(CountHandles(), handles + kRuns) << "one for each run";
+    EXPECT_LT(CountHandles(), handles + kDownloads) << "one for each download";
 }
 
-TEST_F(Download, GivesUpAServerThatFallsSilent) {
-    constexpr ULONGLONG kPatience = 30'000;
+TEST_F(Download, TimesOutIfTheServerStopsSending) {
+    constexpr ULONGLONG kTimeout = 30'000;
     const WebServer server([](const WebExchange& exchange) {
         if (exchange.Path() == "/begun") exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc");
         exchange.StayOpen();
@@ -205,9 +206,9 @@ TEST_F(Download, GivesUpAServerThatFallsSilent) {
     const auto silent = Start(server.Url(L"silent"), L"silent"),
                begun = Start(server.Url(L"begun"), L"begun");
     EXPECT_TRUE(PumpUntil([&] { return silent->IsOver() && begun->IsOver(); }, std::chrono::minutes(1)));
-    EXPECT_GE(GetTickCount64() - start, kPatience - 1'000);
-    for (const auto& run : {silent.get(), begun.get()})
-        EXPECT_THAT(run->End().text, testing::StartsWith("fail: I4 -2147"));
+    EXPECT_GE(GetTickCount64() - start, kTimeout - 1'000);
+    for (const auto& download : {silent.get(), begun.get()})
+        EXPECT_THAT(download->End().text, testing::StartsWith("fail: I4 -2147"));
     EXPECT_FALSE(FileExists(folder_ / L"begun"));
 }
 

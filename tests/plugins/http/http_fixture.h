@@ -5,12 +5,12 @@
 
 namespace tarvik {
 
-// A page with the plug-in, and a folder for its files.
+// The plug-in in a page in a temporary folder.
 class Http : public PluginsOfPage {
   protected:
     ComPtr<IDispatch> NewClient() const { return CallMember(plugin_.Get(), L"createClient").value.pdispVal; }
 
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     const ComPtr<IDispatch> plugin_ = Plugin(L"http");
 };
 

@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-TEST_F(Http, GivesClientsWithNumbersToCompareWith) {
+TEST_F(Http, CreatesClientsWithStatusConstants) {
     const auto client = NewClient();
     EXPECT_EQ(ResultText(GetMember(client.Get(), L"S_OK")), "I4 0");
     EXPECT_EQ(ResultText(GetMember(client.Get(), L"E_ABORT")), "I4 -2147467260");
@@ -18,7 +18,7 @@ TEST_F(Http, GivesClientsWithNumbersToCompareWith) {
         HasStatus(E_NOTIMPL));
 }
 
-TEST_F(Http, RefusesWrongCalls) {
+TEST_F(Http, RejectsInvalidCalls) {
     EXPECT_THAT(CallMember(plugin_.Get(), L"createClient", 1).status, HasStatus(E_NOTIMPL));
     EXPECT_THAT(GetMember(plugin_.Get(), L"createXmlHttp").status, HasStatus(E_NOTIMPL));
 
@@ -38,13 +38,14 @@ TEST_F(Http, RefusesWrongCalls) {
     EXPECT_THAT(CallMember(client.Get(), L"downloadToFile").status, HasStatus(E_NOTIMPL));
 }
 
-TEST_F(Http, GivesTheRequestsOfThePlatform) {
-    const WebServer server([](const WebExchange& exchange) { exchange.Answer("said " + exchange.Path()); });
+TEST_F(Http, CreatesTheRequestsOfTheSystem) {
+    const WebServer server(
+        [](const WebExchange& exchange) { exchange.Answer("body of " + exchange.Path()); });
     const Outgoing request = CallMember(plugin_.Get(), L"createXmlHttp");
     ASSERT_EQ(ResultText(request), "DISPATCH");
     CallMember(request.value.pdispVal, L"open", L"GET", server.Url(L"it").c_str(), false);
     CallMember(request.value.pdispVal, L"send");
-    EXPECT_EQ(ResultText(GetMember(request.value.pdispVal, L"responseText")), "BSTR said /it");
+    EXPECT_EQ(ResultText(GetMember(request.value.pdispVal, L"responseText")), "BSTR body of /it");
 }
 
 }  // namespace
