@@ -1,4 +1,4 @@
-#include "plugins/fileio/chunk_teller.h"
+#include "plugins/fileio/chunk_notifier.h"
 
 #include "tarvik/stream.h"
 #include "host/plugin_registry/plugin_registry.h"
@@ -8,8 +8,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr Member<ChunkTeller> kMembers[] = {
-    Method<&ChunkTeller::Tell>(DISPID_VALUE, L"tell"),
+constexpr Member<ChunkNotifier> kMembers[] = {
+    Method<&ChunkNotifier::Notify>(DISPID_VALUE, L"notify"),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -25,11 +25,11 @@ ComPtr<TVK::IStream> MakeChunk(const void* bytes, ULONG count) {
 
 }  // namespace
 
-std::span<const Member<ChunkTeller>> ChunkTeller::Members() {
+std::span<const Member<ChunkNotifier>> ChunkNotifier::Members() {
     return kMembers;
 }
 
-HRESULT ChunkTeller::Tell(const Call& call) {
+HRESULT ChunkNotifier::Notify(const Call& call) {
     if (call.Count() != 2 || call.At(0).vt != VT_I8 || call.At(1).vt != VT_UI4) return E_INVALIDARG;
     const auto* const bytes = reinterpret_cast<const void*>(call.At(0).llVal);
     const Variant chunk = Variant::Object(MakeChunk(bytes, call.At(1).ulVal).Get());

@@ -4,17 +4,17 @@
 
 namespace tarvik {
 
-// Gives a page the pieces that a worker has read. The worker calls it through a proxy, as a function with the
-// address (VT_I8) and the size (VT_UI4) of a piece, and has the answer of script. So the chunk is made on the
-// page's own thread: it is no proxy there, and stays when the worker has gone.
-class ChunkTeller : public SmallDispatch<ChunkTeller, AnyAccessRules> {
+// Passes the chunks that a worker has read to `progress`. The worker calls this object through a proxy, as a
+// function of the address (VT_I8) and the size (VT_UI4) of a chunk, and gets the result of `progress`. So the
+// chunk's stream is created on the main thread: scripts hold no proxy, and it outlives the worker.
+class ChunkNotifier : public SmallDispatch<ChunkNotifier, AnyAccessRules> {
   public:
-    static std::span<const Member<ChunkTeller>> Members();
+    static std::span<const Member<ChunkNotifier>> Members();
 
-    ChunkTeller(ComPtr<IDispatch> progress, Variant context)
+    ChunkNotifier(ComPtr<IDispatch> progress, Variant context)
         : progress_(std::move(progress)), context_(std::move(context)) {}
 
-    HRESULT Tell(const Call& call);
+    HRESULT Notify(const Call& call);
 
   private:
     ComPtr<IDispatch> progress_;

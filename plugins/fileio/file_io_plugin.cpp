@@ -27,17 +27,17 @@ static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CFileIOPlugin>(L"fileIO", TVK::kTransientPlugin);
 
-// What has to be moved, for members that tell what they moved and not why they stopped. A negative length is
-// its 32 bits: -1 asks for all there is.
-struct Order {
+// The arguments of `read` and `write`. A negative length is reinterpreted as unsigned, so -1 means
+// everything.
+struct TransferRequest {
     ComPtr<TVK::IStream> stream;
     ULONG length;
 };
 
-Order ReadOrder(const ComPtr<IDispatch>& stream, CoercedInt length) {
-    const Order order = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
-    if (!order.stream || order.length == 0) throw StatusError(E_INVALIDARG);
-    return order;
+TransferRequest ParseRequest(const ComPtr<IDispatch>& stream, CoercedInt length) {
+    const TransferRequest request = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
+    if (!request.stream || request.length == 0) throw StatusError(E_INVALIDARG);
+    return request;
 }
 
 void AddTo(Variant& moved, ULONG count) {
@@ -74,13 +74,13 @@ bool CFileIOPlugin::WriteAsync(IDispatch* options) {
 }
 
 Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
-    const Order order = ReadOrder(stream, length);
-    const auto file = file_;  // a stream of a library may come back to this object
+    const TransferRequest request = ParseRequest(stream, length);
+    const auto file = file_;  // a library's stream may call back and replace it
     Variant moved = Variant::I4(0);
     (void)Guard([&] {
-        ReadPieces(*file, order.length, [&](const std::uint8_t* piece, DWORD count) {
+        ReadFileChunks(*file, request.length, [&](const std::uint8_t* chunk, DWORD count) {
             std::uint32_t written = 0;
-            const HRESULT status = order.stream->Write(piece, count, &written);
+            const HRESULT status = request.stream->Write(chunk, count, &written);
             AddTo(moved, written);
             ThrowIfFailed(status);
         });
@@ -89,15 +89,16 @@ Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
 }
 
 Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, CoercedInt length) {
-    const Order order = ReadOrder(stream, length);
+    const TransferRequest request = ParseRequest(stream, length);
     const auto file = file_;
     Variant moved = Variant::I4(0);
     (void)Guard([&] {
-        TakePieces(*order.stream.Get(), order.length, [&](const std::uint8_t* piece, DWORD count, DWORD) {
-            const DWORD written = file->Write(piece, count);
-            AddTo(moved, written);
-            if (written < count) throw StatusError(E_FAIL);
-        });
+        ReadStreamChunks(*request.stream.Get(), request.length,
+                         [&](const std::uint8_t* chunk, DWORD count, DWORD) {
+                             const DWORD written = file->Write(chunk, count);
+                             AddTo(moved, written);
+                             if (written < count) throw StatusError(E_FAIL);
+                         });
     });
     return moved;
 }

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// `fileIO`: one open file, whose bytes go to streams and come from them. A transfer that is under way goes on
-// when script drops the object, and fails when script closes the file.
+// `fileIO`: one open file, read into streams and written from them. A transfer in progress continues after
+// the object has been released, and fails when the file is closed.
 class CFileIOPlugin : public WindowPlugin<CFileIOPlugin> {
   public:
     static constexpr char kClassName[] = "CFileIOPlugin";
@@ -18,6 +18,7 @@ class CFileIOPlugin : public WindowPlugin<CFileIOPlugin> {
     void Close();
     bool ReadAsync(IDispatch* options);
     bool WriteAsync(IDispatch* options);
+    // Return the number of bytes transferred, even if they stopped at a failure.
     Variant Read(ComPtr<IDispatch> stream, CoercedInt length);
     Variant Write(ComPtr<IDispatch> stream, CoercedInt length);
     Variant Seek(Int64 offset, StrictInt32 origin);

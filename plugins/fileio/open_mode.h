@@ -11,9 +11,8 @@ struct OpenMode {
     DWORD disposition;
 };
 
-// Letters of any case: r and w add a right; c, e, n and o say what happens to a file that is there or is not
-// (CREATE_ALWAYS, OPEN_EXISTING, CREATE_NEW, OPEN_ALWAYS), the last of them holds, and OPEN_EXISTING without
-// one. Other letters mean nothing.
+// Letters in any case: r and w add access; the last of c, e, n and o selects the disposition (CREATE_ALWAYS,
+// OPEN_EXISTING, CREATE_NEW, OPEN_ALWAYS), which is OPEN_EXISTING by default. Other characters are ignored.
 OpenMode ParseOpenMode(std::wstring_view letters);
 
 }  // namespace tarvik

@@ -6,8 +6,8 @@ namespace tarvik {
 
 namespace {
 
-void Check(BOOL worked) {
-    if (!worked) ThrowLastError();
+void Check(BOOL succeeded) {
+    if (!succeeded) ThrowLastError();
 }
 
 }  // namespace

@@ -8,11 +8,9 @@
 
 namespace tarvik {
 
-// An open file that a script object shares with the transfers it has started, with one position for all. Any
-// thread may use it, also while another closes it: a handle that is closed fails each use with the status of
-// a bad handle, and its number, which the system gives out again, is never touched. Each use waits for the
-// one under way. Failures throw their
-// status.
+// An open file that the plug-in object shares with its transfers. All use one position. Thread-safe: every
+// use holds a lock, so that none touches a handle that another thread has closed and the system has reused.
+// After Close every use throws ERROR_INVALID_HANDLE. Other failures throw the system's status.
 class SharedFile {
   public:
     explicit SharedFile(UniqueHandle handle = UniqueHandle()) : handle_(std::move(handle)) {}
@@ -20,13 +18,14 @@ class SharedFile {
     bool IsOpen();
     void Close();
 
-    // Bytes moved: fewer than asked for, and at last 0, at the end of the file; or on a full disk.
+    // Return the number of bytes transferred, which is smaller than `count` at the end of the file or if the
+    // disk is full.
     DWORD Read(void* buffer, DWORD count);
     DWORD Write(const void* bytes, DWORD count);
-    // The new position; `origin` is FILE_BEGIN, FILE_CURRENT or FILE_END.
+    // Returns the new position. `origin` is FILE_BEGIN, FILE_CURRENT or FILE_END.
     LONGLONG Seek(LONGLONG offset, DWORD origin);
     LONGLONG Size();
-    // The position stays, also beyond the new end. A failure leaves it at the new size.
+    // Keeps the position, even beyond the new end. After a failure the position is the new size.
     void Resize(LONGLONG size);
 
   private:

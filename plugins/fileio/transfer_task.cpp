@@ -1,15 +1,15 @@
 #include "plugins/fileio/transfer_task.h"
 
-#include "plugins/fileio/chunk_teller.h"
+#include "plugins/fileio/chunk_notifier.h"
 #include "plugins/fileio/transfer.h"
-#include "tarvik/properties.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
 namespace {
 
-// A number of any other type is refused by design. A page passes a BigInt, or on the system's control a
-// number from a native source, such as readUInt32 of a stream.
+// By design only VT_UI4 is accepted. A page passes a BigInt or, in the system's control, a number from a
+// native object, such as the result of a stream's readUInt32.
 ULONG LengthIn(const Options& options) {
     const Variant length = options.Value(L"len");
     if (!length.Is(VT_UI4) || length.ulVal == 0) throw StatusError(E_INVALIDARG);
@@ -25,9 +25,7 @@ ComPtr<TVK::IStream> SourceIn(const Options& options) {
 TransferTask::TransferTask(const Options& options, std::shared_ptr<SharedFile> file)
     : AsyncTask(options), file_(std::move(file)), length_(LengthIn(options)) {}
 
-void TransferTask::Report(IDispatch* function, std::initializer_list<const VARIANT*> arguments) {
-    Variant answer;
-    ThrowIfFailed(CallScriptFunction(function, arguments, &answer));
+void TransferTask::CancelIfFalse(const Variant& answer) {
     if (IsFalse(answer)) throw StatusError(E_ABORT);
 }
 
@@ -35,16 +33,15 @@ ReadTask::ReadTask(const Options& options, std::shared_ptr<SharedFile> file)
     : TransferTask(options, std::move(file)) {
     if (SourceIn(options)) throw StatusError(E_INVALIDARG);
     if (auto progress = options.Function(L"progress"))
-        teller_ = MarshaledObject(MakeCom<ChunkTeller>(std::move(progress), options.Value(L"context")).Get());
+        chunkNotifier_ =
+            MarshaledObject(MakeCom<ChunkNotifier>(std::move(progress), options.Value(L"context")).Get());
 }
 
 HRESULT ReadTask::Work() {
-    IDispatch* const teller = teller_.Get();
-    ReadPieces(File(), Length(), [&](const std::uint8_t* piece, DWORD count) {
-        if (!teller) return;
-        const Variant address = Variant::I8(reinterpret_cast<LONGLONG>(piece));
-        const Variant size = Variant::UI4(count);
-        Report(teller, {&address, &size});
+    const ScriptObject notify(chunkNotifier_.Get());
+    ReadFileChunks(File(), Length(), [&](const std::uint8_t* chunk, DWORD count) {
+        if (!notify) return;
+        CancelIfFalse(notify(Variant::I8(reinterpret_cast<LONGLONG>(chunk)), Variant::UI4(count)));
     });
     return S_OK;
 }
@@ -55,11 +52,11 @@ WriteTask::WriteTask(const Options& options, std::shared_ptr<SharedFile> file)
 }
 
 HRESULT WriteTask::Work() {
-    TakePieces(*source_.Get(), Length(), [this](const std::uint8_t* piece, DWORD, DWORD wanted) {
-        // A piece that the stream could not fill is written in full length all the same: that is intended,
-        // and a page asks for no more than the stream has.
-        if (File().Write(piece, wanted) < wanted) throw StatusError(HRESULT_FROM_WIN32(ERROR_DISK_FULL));
-        if (Progress()) Report(Progress(), {&Context()});
+    const ScriptObject progress(Progress());
+    ReadStreamChunks(*source_.Get(), Length(), [&](const std::uint8_t* chunk, DWORD, DWORD wanted) {
+        // By design a chunk is written in full even if the stream has fewer bytes.
+        if (File().Write(chunk, wanted) < wanted) throw StatusError(HRESULT_FROM_WIN32(ERROR_DISK_FULL));
+        if (progress) CancelIfFalse(progress(Variant::Copy(Context())));
     });
     return S_OK;
 }

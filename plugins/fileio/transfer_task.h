@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <memory>
 
 #include "tarvik/stream.h"
@@ -9,25 +8,25 @@
 
 namespace tarvik {
 
-// A run of `readAsync` or `writeAsync`. It shares the file with the plug-in object, and nothing else: that
-// and its window are the main thread's.
+// `readAsync` or `writeAsync`. It shares only the file with the plug-in object, which belongs to the main
+// thread.
 class TransferTask : public AsyncTask {
   protected:
-    // Throws E_INVALIDARG for a `len` that is absent, 0 or of another kind than VT_UI4.
+    // Throws E_INVALIDARG if `len` is absent, 0 or not VT_UI4.
     TransferTask(const Options& options, std::shared_ptr<SharedFile> file);
 
     SharedFile& File() { return *file_; }
     ULONG Length() const { return length_; }
 
-    // Tells script that a piece has been moved, and ends the run (throws) if that fails or answers false.
-    static void Report(IDispatch* function, std::initializer_list<const VARIANT*> arguments);
+    // Throws E_ABORT if `progress` returned false.
+    static void CancelIfFalse(const Variant& answer);
 
   private:
     std::shared_ptr<SharedFile> file_;
     ULONG length_;
 };
 
-// Gives each piece to `progress` as a stream of its own. Without the function the bytes are read and dropped.
+// Passes each chunk to `progress` as a new stream. Without the function the bytes are read and discarded.
 class ReadTask : public TransferTask {
   public:
     ReadTask(const Options& options, std::shared_ptr<SharedFile> file);
@@ -35,10 +34,10 @@ class ReadTask : public TransferTask {
   private:
     HRESULT Work() override;
 
-    MarshaledObject teller_;  // in place of `progress`
+    MarshaledObject chunkNotifier_;  // calls `progress`
 };
 
-// Writes from the stream `src`, which nobody else may use until the run has ended.
+// Writes from the stream `src`, which must not be used elsewhere until the task has ended.
 class WriteTask : public TransferTask {
   public:
     WriteTask(const Options& options, std::shared_ptr<SharedFile> file);

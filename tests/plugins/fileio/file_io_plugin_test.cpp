@@ -27,31 +27,31 @@ class FileIO : public PluginsOfPage {
     const ComPtr<IDispatch> plugin_ = Plugin(L"fileIO");
 };
 
-TEST_F(FileIO, OpensAsTheLettersSay) {
+TEST_F(FileIO, OpensWithTheGivenMode) {
     const std::wstring old = folder_.Write(L"old.txt", "four");
     const std::wstring fresh = folder_ / L"new.txt";
-    EXPECT_FALSE(Open(fresh, L"rw")) << "without a letter the file must be there";
+    EXPECT_FALSE(Open(fresh, L"rw")) << "the file must exist by default";
     EXPECT_FALSE(Open(old, L"wn"));
-    EXPECT_TRUE(Open(old, L"R, wo?")) << "any case, and what means nothing is passed over";
+    EXPECT_TRUE(Open(old, L"R, wo?")) << "any case; other characters are ignored";
     EXPECT_EQ(Get(L"size"), "R8 4.000000");
-    EXPECT_TRUE(Open(old, L"ncer")) << "the last of them holds";
+    EXPECT_TRUE(Open(old, L"ncer")) << "the last letter counts";
     EXPECT_EQ(Get(L"size"), "R8 4.000000");
     EXPECT_TRUE(Open(old, L"wc"));
     EXPECT_EQ(Get(L"size"), "R8 0.000000");
     EXPECT_FALSE(Open(L"", L"r"));
     EXPECT_TRUE(Open(L"new.txt", L"wn")) << "relative to the page";
     EXPECT_TRUE(FileExists(fresh));
-    EXPECT_FALSE(Open(folder_ / L"no\\such.txt", L"wo")) << "folders are not made";
+    EXPECT_FALSE(Open(folder_ / L"no\\such.txt", L"wo")) << "folders are not created";
     EXPECT_EQ(Get(L"size"), "R8 0.000000") << "a failed open leaves the object closed";
 }
 
-// Whether the system itself lets a path be opened: where that differs between systems.
+// Whether the system opens a path for writing, for cases where systems differ.
 bool SystemOpens(const std::wstring& path) {
     return static_cast<bool>(
         UniqueHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr)));
 }
 
-TEST_F(FileIO, IsRefusedWhatOthersHoldOrProtect) {
+TEST_F(FileIO, CannotOpenLockedOrReadOnlyFiles) {
     const std::wstring path = folder_.Write(L"file", "four");
     UniqueHandle other = HoldFile(path);
     EXPECT_FALSE(Open(path, L"r"));
@@ -62,14 +62,14 @@ TEST_F(FileIO, IsRefusedWhatOthersHoldOrProtect) {
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(FileIO, MovesBytesToStreamsAndBack) {
+TEST_F(FileIO, ReadsIntoStreamsAndWritesFromThem) {
     const std::string large(200'000, 'x');
     const std::wstring path = folder_.Write(L"large", large + "end");
     const std::wstring copy = folder_ / L"copy";
     const auto stream = NewStream();
     EXPECT_TRUE(Open(path, L"r"));
     EXPECT_EQ(Call(L"read", stream, 10), "UI4 10");
-    EXPECT_EQ(Call(L"read", stream, -1), "UI4 199993") << "all that is left";
+    EXPECT_EQ(Call(L"read", stream, -1), "UI4 199993") << "the rest";
     EXPECT_EQ(Call(L"read", stream, 1), "I4 0") << "at the end";
     CallMember(stream.Get(), L"seek", 0, 0);
     EXPECT_TRUE(Open(copy, L"wc"));

@@ -4,9 +4,9 @@
 namespace tarvik {
 namespace {
 
-constexpr ULONG kPiece = 65536;
+constexpr ULONG kChunkSize = 65536;
 
-constexpr char kMine[] = "BSTR mine";  // the context of all runs
+constexpr char kContext[] = "BSTR mine";
 
 class Transfer : public PluginsOfPage {
   protected:
@@ -32,8 +32,8 @@ class Transfer : public PluginsOfPage {
     ComPtr<IDispatch> plugin_ = Plugin(L"fileIO");
 };
 
-TEST_F(Transfer, ReadsInPieces) {
-    const std::string content = std::string(kPiece, 'a') + std::string(kPiece, 'b') + "end";
+TEST_F(Transfer, ReadsInChunks) {
+    const std::string content = std::string(kChunkSize, 'a') + std::string(kChunkSize, 'b') + "end";
     Call(L"open", folder_.Write(L"file", content).c_str(), L"r");
     std::string read;
     const Ending end = Run(L"readAsync", Options(1'000'000), [&](const Recorder::Record& call) {
@@ -44,11 +44,11 @@ TEST_F(Transfer, ReadsInPieces) {
     EXPECT_THAT(end.progress,
                 ElementsAre("DISPATCH, BSTR mine", "DISPATCH, BSTR mine", "DISPATCH, BSTR mine"));
     EXPECT_TRUE(read == content);
-    EXPECT_EQ(end.text, "success: BSTR mine") << "also when the file is shorter";
+    EXPECT_EQ(end.text, "success: BSTR mine") << "even if the file is shorter";
 }
 
-TEST_F(Transfer, WritesInPiecesAndPadsTheLast) {
-    const std::string content = std::string(kPiece, 'a') + "end";
+TEST_F(Transfer, WritesInChunksAndPadsTheLast) {
+    const std::string content = std::string(kChunkSize, 'a') + "end";
     const std::wstring path = folder_ / L"file";
     Call(L"open", path.c_str(), L"wc");
     OptionObject options = Options(static_cast<ULONG>(content.size()));
@@ -58,33 +58,35 @@ TEST_F(Transfer, WritesInPiecesAndPadsTheLast) {
     Call(L"open", path.c_str(), L"wc");
     EXPECT_EQ(Run(L"writeAsync", Options(6).Set(L"src", StreamOf("end"))).text, "success: BSTR mine");
     Call(L"close");
-    EXPECT_EQ(ReadFileBytes(path), std::string("end\0\0\0", 6)) << "of a buffer that held nothing else";
+    EXPECT_EQ(ReadFileBytes(path), std::string("end\0\0\0", 6)) << "padded from a zeroed buffer";
 }
 
-TEST_F(Transfer, EndsAsProgressAnswers) {
-    Call(L"open", folder_.Write(L"file", std::string(3 * kPiece, 'a')).c_str(), L"r");
-    const auto no = [](const Recorder::Record&) { return Variant::Bool(false); };
-    const Ending cancelled = Run(L"readAsync", Options(3 * kPiece), no);
+TEST_F(Transfer, IsCancelledByProgress) {
+    Call(L"open", folder_.Write(L"file", std::string(3 * kChunkSize, 'a')).c_str(), L"r");
+    const auto cancel = [](const Recorder::Record&) { return Variant::Bool(false); };
+    const Ending cancelled = Run(L"readAsync", Options(3 * kChunkSize), cancel);
     EXPECT_EQ(cancelled.progress.size(), 1u);
     EXPECT_EQ(cancelled.text, "");
     EXPECT_EQ(ValueText(Call(L"seek", 0, 1)), "R8 65536.000000") << "the position is shared";
     const auto close = [this](const Recorder::Record&) { return Call(L"close"); };
-    const std::string badHandle = FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), kMine);
-    EXPECT_EQ(Run(L"readAsync", Options(3 * kPiece), close).text, badHandle) << "closed under way";
+    const std::string badHandle = FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), kContext);
+    EXPECT_EQ(Run(L"readAsync", Options(3 * kChunkSize), close).text, badHandle)
+        << "closed during the transfer";
     EXPECT_EQ(Run(L"readAsync", Options(1)).text, badHandle) << "closed before";
 }
 
-// The file of a run that is under way is not the one that script opens meanwhile.
-TEST_F(Transfer, KeepsToItsOwnFile) {
+// A page may open another file during a transfer.
+TEST_F(Transfer, KeepsItsFile) {
     const std::wstring other = folder_.Write(L"other", "other");
     Call(L"open", (folder_ / L"first").c_str(), L"wc");
     const auto open = [&](const Recorder::Record&) { return Call(L"open", other.c_str(), L"rw"); };
-    const OptionObject options = Options(2 * kPiece);
-    const Ending end = Run(L"writeAsync", options.Set(L"src", StreamOf(std::string(2 * kPiece, 'a'))), open);
-    EXPECT_EQ(end.text, FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), kMine));
+    const OptionObject options = Options(2 * kChunkSize);
+    const Ending end =
+        Run(L"writeAsync", options.Set(L"src", StreamOf(std::string(2 * kChunkSize, 'a'))), open);
+    EXPECT_EQ(end.text, FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), kContext));
     Call(L"close");
     EXPECT_EQ(ReadFileBytes(other), "other");
-    EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kPiece);
+    EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kChunkSize);
 }
 
 }  // namespace
