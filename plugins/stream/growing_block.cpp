@@ -8,11 +8,11 @@ namespace tarvik {
 namespace {
 
 constexpr uint32_t kMebibyte = 0x100000;
-// Addresses cost next to nothing; to move a large block costs more than to fill it.
+// Reserving addresses is cheap; moving a large block costs more than filling it.
 constexpr uint64_t kAddressesPerByte = 16;
 
-// A tenth of the block in whole mebibytes, and at least one. The step is kept to 32 bits, so a block of 40
-// GiB starts with small steps again; that is intended.
+// A tenth of the block, rounded up to whole mebibytes, but at least one. By design the step wraps at 32 bits,
+// so it starts from one mebibyte again for a block of 40 GiB.
 uint64_t Step(uint64_t capacity) {
     const auto tenth = static_cast<uint32_t>(capacity / 10 + kMebibyte - 1) & ~(kMebibyte - 1);
     return std::max(tenth, kMebibyte);
@@ -28,7 +28,7 @@ bool Commit(uint8_t* from, uint64_t size) {
 
 }  // namespace
 
-bool GrowingBlock::Reserve(uint64_t needed, uint64_t kept) noexcept {
+bool GrowingBlock::Reserve(uint64_t needed, uint64_t used) noexcept {
     if (needed <= capacity_) return true;
     const uint64_t step = Step(capacity_);
     if (needed > INT64_MAX / kAddressesPerByte - step) return false;
@@ -40,7 +40,7 @@ bool GrowingBlock::Reserve(uint64_t needed, uint64_t kept) noexcept {
         UniquePages pages = ReserveAddresses(addresses);
         if (!pages) pages = ReserveAddresses(addresses = capacity);
         if (!pages || !Commit(static_cast<uint8_t*>(pages.Get()), capacity)) return false;
-        if (kept > 0) std::memcpy(pages.Get(), Data(), kept);
+        if (used > 0) std::memcpy(pages.Get(), Data(), used);
         pages_ = std::move(pages);
         addresses_ = addresses;
     }

@@ -37,14 +37,14 @@ static_assert(IsInOrder(kMembers));
 
 constexpr uint32_t kAll = 0xFFFFFFFF;
 
-// What script gave as a count; 0 is refused.
+// A count argument; 0 is rejected.
 uint32_t CountOf(const std::optional<Bits32>& count) {
     if (!count) return kAll;
     if (count->value == 0) throw StatusError(E_INVALIDARG);
     return count->value;
 }
 
-TextEncoding GivenEncoding(const std::optional<BSTR>& name) {
+TextEncoding EncodingArgument(const std::optional<BSTR>& name) {
     return name ? EncodingOf(Bstr::View(*name)) : TextEncoding::kUtf8;
 }
 
@@ -54,13 +54,13 @@ std::span<const Member<CStreamPlugin>> CStreamPlugin::Members() {
     return kMembers;
 }
 
-// Workers of other plug-ins use the very object, without a proxy and the main thread.
+// The free-threaded marshaler lets workers of other plug-ins use the object directly, without a proxy.
 CStreamPlugin::CStreamPlugin() {
     ThrowIfFailed(CoCreateFreeThreadedMarshaler(AsUnknown(), marshaler_.GetAddressOf()));
 }
 
 void* CStreamPlugin::Find(REFIID iid) {
-    // Aggregated: what the marshaler counts is this object, and it lives as long.
+    // The marshaler is aggregated, so this object's reference keeps it alive.
     if (iid == __uuidof(IMarshal)) return Query<IMarshal>(marshaler_.Get()).Get();
     return ComObject::Find(iid);
 }
@@ -87,7 +87,7 @@ STDMETHODIMP CStreamPlugin::Write(const void* buffer, uint32_t count, uint32_t* 
     if (!buffer) return E_INVALIDARG;
     const uint64_t end = position_ + count;
     if (end < position_ || !block_.Reserve(end, size_)) return E_OUTOFMEMORY;
-    // A stream that is copied to itself writes what is there already.
+    // memmove, because a stream may be copied onto itself.
     std::memmove(block_.Data() + position_, buffer, count);
     position_ = end;
     size_ = std::max(size_, end);
@@ -106,8 +106,8 @@ STDMETHODIMP CStreamPlugin::Seek(uint64_t offset, uint32_t origin, uint64_t* new
 STDMETHODIMP CStreamPlugin::CopyTo(TVK::IStream* target, uint32_t count, uint32_t* written) {
     if (written) *written = 0;
     if (!target) return E_INVALIDARG;
-    const auto passed = static_cast<uint32_t>(Available(count));
-    return passed == 0 ? S_OK : target->Write(block_.Data() + position_, passed, written);
+    const auto available = static_cast<uint32_t>(Available(count));
+    return available == 0 ? S_OK : target->Write(block_.Data() + position_, available, written);
 }
 
 STDMETHODIMP CStreamPlugin::SetSize(uint64_t size) {
@@ -136,7 +136,7 @@ Outcome CStreamPlugin::ScriptSetSize(UInt64 size) {
     return {SetSize(size.value)};
 }
 
-// All of it or nothing: a number that is cut off by the end is not read.
+// Reads nothing if the stream ends within the number.
 template <class T>
 std::optional<T> CStreamPlugin::ReadNumber() {
     T value = 0;
@@ -151,26 +151,26 @@ std::optional<Number> CStreamPlugin::ReadUInt64() {
 }
 
 std::optional<Bstr> CStreamPlugin::ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length) {
-    const TextEncoding form = GivenEncoding(encoding);
+    const TextEncoding form = EncodingArgument(encoding);
     const uint32_t count = CountOf(length);
     if (Available(kAll) == 0) return std::nullopt;
-    // The length is signed: a negative one reads an empty text. No string is longer than the largest one.
+    // The length is signed: a negative one reads an empty text. No string is longer than INT32_MAX.
     const int32_t most = count == kAll ? INT32_MAX : std::max(static_cast<int32_t>(count), 0);
     const char* const bytes = reinterpret_cast<const char*>(block_.Data() + position_);
     DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(most))}, form);
-    position_ += decoded.taken;
+    position_ += decoded.consumed;
     return std::move(decoded.text);
 }
 
-// The kind of a 0 differs from that of other counts, as pages know it.
+// The contract requires another type for 0 than for other counts.
 Variant CStreamPlugin::WriteString(BSTR text, std::optional<BSTR> encoding) {
-    const std::string bytes = EncodeText(Bstr::View(text), GivenEncoding(encoding));
+    const std::string bytes = EncodeText(Bstr::View(text), EncodingArgument(encoding));
     uint32_t written = 0;
     ThrowIfFailed(Write(bytes.data(), static_cast<uint32_t>(bytes.size()), &written));
     return written == 0 ? Variant::I4(0) : Variant::UI4(written);
 }
 
-// Only content is overwritten, so there is nothing to make room for, however large the count is.
+// Overwrites content only, so the stream never grows.
 Integer CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
     const uint32_t most = CountOf(count);
     if (value.value > 0xFF) throw StatusError(E_INVALIDARG);

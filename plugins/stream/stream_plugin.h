@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-// `stream`: a block of bytes with a position, for script and, as TVK::IStream, for plug-ins. Numbers are
-// little-endian. Any thread may use it, one at a time: there is no lock.
+// `stream`: bytes in memory with a position, for scripts and, as TVK::IStream, for plug-ins. Numbers are
+// little-endian. Any thread may use it, but only one at a time: there is no lock.
 class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IStream, IDispatch>> {
   public:
     static constexpr char kClassName[] = "CStreamPlugin";
@@ -25,8 +25,8 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     STDMETHODIMP_(uint64_t) GetSize() override { return size_; }
     STDMETHODIMP_(uint8_t*) GetBuffer() override { return block_.Data(); }
 
-    // The members of script; those named Script... stand on an operation of that name. Counts are 32 bits as
-    // they stand, so -1 is the same as none: all.
+    // The script members. Those named Script... forward to the operation of TVK::IStream. Counts are
+    // reinterpreted as unsigned, so -1 means everything, as an absent count does.
     uint32_t ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count);
     Number ScriptSeek(UInt64 offset, StrictInt32 origin);
     Outcome ScriptSetSize(UInt64 size);
@@ -36,7 +36,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     Outcome WriteUInt16(Bits32 value) { return WriteNumber(static_cast<uint16_t>(value.value)); }
     std::optional<uint32_t> ReadUInt32() { return ReadNumber<uint32_t>(); }
     Outcome WriteUInt32(Bits32 value) { return WriteNumber(static_cast<uint32_t>(value.value)); }
-    // Reads an integer, but writes the image of the floating-point number: not inverse, and intended.
+    // By design ReadUInt64 reads an integer, but WriteUInt64 writes the bits of a double.
     std::optional<Number> ReadUInt64();
     Outcome WriteUInt64(Number value) { return WriteNumber(value.value); }
     std::optional<Bstr> ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length);
@@ -54,12 +54,12 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
         return {Write(&value, sizeof value, nullptr)};
     }
 
-    // Content from the position on, `count` bytes at most.
+    // The number of bytes after the position, at most `count`.
     uint64_t Available(uint64_t count) const;
 
     GrowingBlock block_;
-    uint64_t position_ = 0;  // may lie beyond the end
-    uint64_t size_ = 0;      // what lies behind it in the block is zero
+    uint64_t position_ = 0;  // may be beyond the end
+    uint64_t size_ = 0;      // the rest of the block is zero
     ComPtr<IUnknown> marshaler_;
 };
 

@@ -17,7 +17,7 @@ std::string_view BytesOf(std::wstring_view units) {
     return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof(wchar_t)};
 }
 
-// From any place in memory: the units of a stream may lie at odd addresses.
+// From bytes, because the code units of a stream may be unaligned.
 Bstr TextOfUnits(std::string_view bytes) {
     Bstr text;
     text.Attach(SysAllocStringByteLen(bytes.data(), static_cast<UINT>(bytes.size())));
@@ -42,12 +42,12 @@ std::string EncodeText(std::wstring_view text, TextEncoding encoding) {
 }
 
 DecodedText DecodeText(std::string_view bytes, TextEncoding encoding) {
-    size_t taken = bytes.find_last_not_of('\0') + 1;
+    size_t consumed = bytes.find_last_not_of('\0') + 1;
     if (encoding != TextEncoding::kUnicode)
-        return {Bstr(Widen(bytes.substr(0, taken), CodePageOf(encoding))), taken};
-    // The zero byte of the last unit belongs to it. Half a unit at the end is taken, and not in the text.
-    taken = std::min(taken + taken % 2, bytes.size());
-    return {TextOfUnits(bytes.substr(0, taken - taken % 2)), taken};
+        return {Bstr(Widen(bytes.substr(0, consumed), CodePageOf(encoding))), consumed};
+    // The high byte of the last unit may be zero. Half a unit at the end is consumed, but not in the text.
+    consumed = std::min(consumed + consumed % 2, bytes.size());
+    return {TextOfUnits(bytes.substr(0, consumed - consumed % 2)), consumed};
 }
 
 }  // namespace tarvik

@@ -10,18 +10,18 @@ namespace tarvik {
 
 enum class TextEncoding { kUtf8, kUnicode, kAnsi };
 
-// `utf8`, `unicode` or `ansi` in any case; another word throws E_INVALIDARG.
+// `utf8`, `unicode` or `ansi` in any case; another name throws E_INVALIDARG.
 TextEncoding EncodingOf(std::wstring_view name);
 
-// A zero ends the text in `unicode` and `ansi`, and not in `utf8`.
+// Appends a NUL in `unicode` and `ansi`, but not in `utf8`.
 std::string EncodeText(std::wstring_view text, TextEncoding encoding);
 
 struct DecodedText {
     Bstr text;
-    size_t taken;  // bytes
+    size_t consumed;  // in bytes
 };
 
-// Zeros at the end are not taken; those between are part of the text.
+// Neither consumes nor returns NULs at the end; others are part of the text.
 DecodedText DecodeText(std::string_view bytes, TextEncoding encoding);
 
 }  // namespace tarvik

@@ -34,7 +34,7 @@ class Stream : public testing::Test {
         stream_->Seek(0, TVK::kFromBegin, nullptr);
     }
 
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     const ComPtr<CStreamPlugin> stream_ = MakeCom<CStreamPlugin>();
 };
 
@@ -50,9 +50,9 @@ TEST_F(Stream, WritesAndReadsNumbers) {
     EXPECT_EQ(Call(L"readUInt16"), "UI2 258");
     EXPECT_EQ(Call(L"readUInt32"), "UI4 4278255360");
     Call(L"seek", 4, 1);
-    EXPECT_EQ(Call(L"readUInt64"), "R8 " + std::to_string(4607182418800017408.0)) << "the double's image";
+    EXPECT_EQ(Call(L"readUInt64"), "R8 " + std::to_string(4607182418800017408.0)) << "the bits of the double";
 
-    // A number that the end cuts off is not there.
+    // The stream ends within these numbers.
     Call(L"seek", 18, 0);
     for (const wchar_t* wider : {L"readUInt16", L"readUInt32", L"readUInt64"})
         EXPECT_EQ(Call(wider), "NULL");
@@ -82,7 +82,7 @@ TEST_F(Stream, WritesAndReadsTextInThreeEncodings) {
     EXPECT_EQ(Call(L"writeString", L"default"), "UI4 7");
 }
 
-TEST_F(Stream, ReadsTextUpToTheZerosAtItsEnd) {
+TEST_F(Stream, ReadsTextWithoutTrailingNuls) {
     const struct {
         std::string bytes;
         const wchar_t* encoding;
@@ -107,13 +107,13 @@ TEST_F(Stream, ReadsTextUpToTheZerosAtItsEnd) {
         EXPECT_EQ(Position(), c.position);
         EXPECT_EQ(stream_->GetSize(), c.bytes.size());
     }
-    // At an odd place, and after a text of another encoding.
+    // Unaligned.
     Fill("x\x22\x6F"s);
     EXPECT_EQ(Call(L"readUInt8"), "UI1 120");
     EXPECT_EQ(Call(L"readString", L"unicode"), "BSTR \xE6\xBC\xA2");
 }
 
-TEST_F(Stream, FillsGapsWithZerosAlsoWhereContentWas) {
+TEST_F(Stream, FillsGapsWithZerosEvenOverOldContent) {
     Fill("0123456789");
     EXPECT_EQ(Call(L"setSize", 4), "BOOL true");
     EXPECT_EQ(Call(L"setSize", 6), "BOOL true");
@@ -128,10 +128,10 @@ TEST_F(Stream, FillsGapsWithZerosAlsoWhereContentWas) {
     EXPECT_EQ(Call(L"seek", 1, 1), "R8 10.000000");
     Call(L"seek", 30'000'000, 0);
     EXPECT_EQ(Call(L"writeUInt8", 'y'), "BOOL true");
-    EXPECT_EQ(Content().substr(0, 10), "0123\0\0\0\0x\0"s) << "wherever it had to go to grow";
+    EXPECT_EQ(Content().substr(0, 10), "0123\0\0\0\0x\0"s) << "even if the block has moved";
 }
 
-TEST_F(Stream, FillsOnlyContent) {
+TEST_F(Stream, FillDoesNotGrowIt) {
     EXPECT_EQ(Call(L"fill", 1, 100), "I4 0");
     EXPECT_EQ(Call(L"getSize"), "UI8 0");
     Fill("abcd");
@@ -144,7 +144,7 @@ TEST_F(Stream, FillsOnlyContent) {
     EXPECT_EQ(Position(), 4u);
 }
 
-TEST_F(Stream, CopiesFromItsPositionWhichStays) {
+TEST_F(Stream, CopyToKeepsItsPosition) {
     const auto target = MakeCom<CStreamPlugin>();
     Fill("abcdef");
     Call(L"seek", 2, 0);
@@ -165,7 +165,7 @@ TEST_F(Stream, CopiesFromItsPositionWhichStays) {
     EXPECT_EQ(Call(L"copyTo", Variant::Object(nullptr)), kInvalid);
 }
 
-TEST_F(Stream, RefusesWrongArgumentsAndStaysAsItWas) {
+TEST_F(Stream, IsUnchangedByInvalidArguments) {
     Fill("abc");
     Call(L"seek", 1, 0);
     const std::pair<const wchar_t*, Outgoing> wrong[] = {
@@ -183,7 +183,7 @@ TEST_F(Stream, RefusesWrongArgumentsAndStaysAsItWas) {
     EXPECT_EQ(Content(), "abc");
 }
 
-TEST_F(Stream, StaysAsItWasWhereMemoryIsNotEnough) {
+TEST_F(Stream, IsUnchangedIfMemoryIsShort) {
     Fill("abc");
     EXPECT_EQ(Call(L"setSize", 1e15), "BOOL false");
     for (const double distance : {1e15, 9.2e18, 1.8e19}) {
