@@ -9,20 +9,22 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kPatience = 5'000;  // milliseconds, for each step
+constexpr int kTimeout = 5'000;  // milliseconds, for each step
 
-// Sent, failed, or the connection has gone. What is told before that is not asked for: it would end the hit
-// too early.
-constexpr DWORD kEnds = WINHTTP_CALLBACK_FLAG_SENDREQUEST_COMPLETE | WINHTTP_CALLBACK_FLAG_REQUEST_ERROR |
-                        WINHTTP_CALLBACK_FLAG_CLOSE_CONNECTION;
+// Sent, failed, or disconnected. The callback destroys the hit at its first notification, so it must not
+// receive any other.
+constexpr DWORD kFinalNotifications = WINHTTP_CALLBACK_FLAG_SENDREQUEST_COMPLETE |
+                                      WINHTTP_CALLBACK_FLAG_REQUEST_ERROR |
+                                      WINHTTP_CALLBACK_FLAG_CLOSE_CONNECTION;
 
-constexpr DWORD kIgnored = SECURITY_FLAG_IGNORE_UNKNOWN_CA | SECURITY_FLAG_IGNORE_CERT_WRONG_USAGE |
-                           SECURITY_FLAG_IGNORE_CERT_CN_INVALID | SECURITY_FLAG_IGNORE_CERT_DATE_INVALID;
+constexpr DWORD kIgnoredErrors = SECURITY_FLAG_IGNORE_UNKNOWN_CA | SECURITY_FLAG_IGNORE_CERT_WRONG_USAGE |
+                                 SECURITY_FLAG_IGNORE_CERT_CN_INVALID |
+                                 SECURITY_FLAG_IGNORE_CERT_DATE_INVALID;
 
-// The part in brackets is what services have always been told: whoever has IsWow64Process says WOW64, a
-// program of 64 bits too.
+// Services expect the part in parentheses in this form: "WOW64" if IsWow64Process exists, even in a 64-bit
+// program.
 std::wstring UserAgent() {
-    // Not by its declaration, which compilers warn of.
+    // Compilers warn about the deprecated declaration.
     const DWORD version = FindFunction<DWORD WINAPI()>(L"kernel32.dll", "GetVersion")();
     const bool mayBeWow64 = FindFunction<BOOL WINAPI(HANDLE, BOOL*)>(L"kernel32.dll", "IsWow64Process");
     SYSTEM_INFO system = {};
@@ -50,7 +52,7 @@ CAnalytics::CAnalytics()
                         WINHTTP_NO_PROXY_BYPASS, WINHTTP_FLAG_ASYNC)) {
     HINTERNET context = root_.Get();
     if (!WinHttpSetOption(root_.Get(), WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context) ||
-        !WinHttpSetTimeouts(root_.Get(), kPatience, kPatience, kPatience, kPatience))
+        !WinHttpSetTimeouts(root_.Get(), kTimeout, kTimeout, kTimeout, kTimeout))
         root_.Reset();
 }
 
@@ -60,19 +62,20 @@ void CAnalytics::Open(const AnalyticsEndpoint& endpoint) {
     request_ =
         Checked(WinHttpOpenRequest(connection_.Get(), L"POST", L"/collect", nullptr, WINHTTP_NO_REFERER,
                                    WINHTTP_DEFAULT_ACCEPT_TYPES, WINHTTP_FLAG_SECURE));
-    if (WinHttpSetStatusCallback(request_.Get(), StatusCallback, kEnds, 0) == WINHTTP_INVALID_STATUS_CALLBACK)
+    if (WinHttpSetStatusCallback(request_.Get(), StatusCallback, kFinalNotifications, 0) ==
+        WINHTTP_INVALID_STATUS_CALLBACK)
         ThrowLastError();
     if (!WinHttpAddRequestHeaders(request_.Get(), L"Content-Type: application/x-www-form-urlencoded",
                                   static_cast<DWORD>(-1), WINHTTP_ADDREQ_FLAG_ADD))
         ThrowLastError();
     SetFlags(request_.Get(), WINHTTP_OPTION_ENABLE_FEATURE, WINHTTP_ENABLE_SSL_REVOCATION);
-    SetFlags(request_.Get(), WINHTTP_OPTION_SECURITY_FLAGS, kIgnored);
+    SetFlags(request_.Get(), WINHTTP_OPTION_SECURITY_FLAGS, kIgnoredErrors);
 }
 
 void CAnalytics::Send(std::unique_ptr<CAnalytics> hit, const std::wstring& body) {
     hit->body_ = Narrow(body);
     const auto length = static_cast<DWORD>(hit->body_.size());
-    // The callback's from here on, unless nothing begins: then it is never called.
+    // The callback owns the hit from here on. It is not called if WinHttpSendRequest fails.
     CAnalytics* const sent = hit.release();
     if (!WinHttpSendRequest(sent->request_.Get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, sent->body_.data(),
                             length, length, reinterpret_cast<DWORD_PTR>(sent))) {
@@ -82,11 +85,11 @@ void CAnalytics::Send(std::unique_ptr<CAnalytics> hit, const std::wstring& body)
     }
 }
 
-// On a thread of the system's.
+// Called on a thread of the system.
 void CALLBACK CAnalytics::StatusCallback(HINTERNET request, DWORD_PTR context, DWORD status, LPVOID, DWORD) {
     TARVIK_TRACE_TEXT("CAnalytics::StatusCallback", L"%08X", static_cast<unsigned>(status));
     WinHttpSetStatusCallback(request, nullptr, WINHTTP_CALLBACK_FLAG_ALL_NOTIFICATIONS, 0);
-    const std::unique_ptr<CAnalytics> over(reinterpret_cast<CAnalytics*>(context));
+    const std::unique_ptr<CAnalytics> finished(reinterpret_cast<CAnalytics*>(context));
 }
 
 }  // namespace tarvik

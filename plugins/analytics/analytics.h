@@ -25,24 +25,24 @@ struct AnalyticsEndpoint {
     INTERNET_PORT port = INTERNET_DEFAULT_HTTPS_PORT;
 };
 
-// One hit: a POST over HTTPS whose answer nobody reads. It is over when the system tells for the first time
-// what has become of it, sent or failed, whichever it is.
+// One hit: a POST request over HTTPS. Its response is not read; the hit destroys itself when the request has
+// been sent or has failed.
 class CAnalytics {
   public:
-    CAnalytics();  // a failure shows in Open
+    CAnalytics();  // Open reports its failures
     CAnalytics(const CAnalytics&) = delete;
     CAnalytics& operator=(const CAnalytics&) = delete;
 
-    // Nothing is sent yet. Failures throw.
+    // Prepares the request without sending it. Failures are thrown.
     void Open(const AnalyticsEndpoint& endpoint);
 
-    // Returns at once, and the hit ends by itself; a failure to begin throws.
+    // Sends the request asynchronously. Throws if it cannot start.
     static void Send(std::unique_ptr<CAnalytics> hit, const std::wstring& body);
 
   private:
     static void CALLBACK StatusCallback(HINTERNET request, DWORD_PTR context, DWORD status, LPVOID, DWORD);
 
-    std::string body_;  // is read until the end
+    std::string body_;  // WinHTTP reads it while it sends
     UniqueWinHttp root_;
     UniqueWinHttp connection_;
     UniqueWinHttp request_;

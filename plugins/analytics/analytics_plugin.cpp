@@ -15,17 +15,17 @@ static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CGoogleAnalyticsPlugin>(L"ga", TVK::kRetainedPlugin);
 
-// A text that is an argument, up to its first zero.
-bool ReadText(const Call& call, size_t index, std::wstring& out) {
+// Reads a text argument up to its first NUL.
+bool ReadTextArgument(const Call& call, size_t index, std::wstring& out) {
     BSTR text = nullptr;
     if (index >= call.Count() || !FromVariant(call.At(index), text)) return false;
     out = text ? text : L"";
     return true;
 }
 
-// The bits of what is no text, whatever its kind. It is converted all the same, which objects of script
-// notice.
-std::wstring BitsOf(const VARIANT& value) {
+// The low 32 bits of a value of any type. The contract requires the conversion, although its result is not
+// used: scripts can observe that of an object.
+std::wstring RawInteger(const VARIANT& value) {
     Variant::Copy(value).ChangeType(VT_I4);
     return std::to_wstring(value.lVal);
 }
@@ -40,34 +40,35 @@ CGoogleAnalyticsPlugin::CGoogleAnalyticsPlugin() : CGoogleAnalyticsPlugin({TARVI
 
 HRESULT CGoogleAnalyticsPlugin::Page(const Call& call) {
     std::wstring screen;
-    if (!ReadText(call, 0, screen)) return E_FAIL;
-    Send([&] { return PageHit(screen, origin_); });
+    if (!ReadTextArgument(call, 0, screen)) return E_FAIL;
+    Send([&] { return PageHitBody(screen, settings_); });
     return S_OK;
 }
 
 HRESULT CGoogleAnalyticsPlugin::Event(const Call& call) {
     std::wstring category, action;
-    if (call.Count() < 2 || !ReadText(call, 0, category)) return S_OK;
-    if (!ReadText(call, 1, action)) action = BitsOf(call.At(1));
-    Send([&] { return EventHit(category, action, origin_); });
+    if (call.Count() < 2 || !ReadTextArgument(call, 0, category)) return S_OK;
+    if (!ReadTextArgument(call, 1, action)) action = RawInteger(call.At(1));
+    Send([&] { return EventHitBody(category, action, settings_); });
     return S_OK;
 }
 
 HRESULT CGoogleAnalyticsPlugin::Set(const Call& call) {
-    HitOrigin origin;
-    if (!ReadText(call, 0, origin.trackingId) || !ReadText(call, 1, origin.applicationName) ||
-        !ReadText(call, 2, origin.applicationVersion))
+    HitSettings settings;
+    if (!ReadTextArgument(call, 0, settings.trackingId) ||
+        !ReadTextArgument(call, 1, settings.applicationName) ||
+        !ReadTextArgument(call, 2, settings.applicationVersion))
         return E_FAIL;
-    origin_ = std::move(origin);
+    settings_ = std::move(settings);
     return S_OK;
 }
 
-template <class MakeBody>
-void CGoogleAnalyticsPlugin::Send(MakeBody makeBody) const {
+template <class CreateBody>
+void CGoogleAnalyticsPlugin::Send(CreateBody createBody) const {
     const HRESULT status = Guard([&] {
         auto hit = std::make_unique<CAnalytics>();
         hit->Open(endpoint_);
-        CAnalytics::Send(std::move(hit), makeBody());
+        CAnalytics::Send(std::move(hit), createBody());
     });
     if (FAILED(status)) TARVIK_ERROR("CAnalytics::Send", L"catch: %08X", static_cast<unsigned>(status));
 }

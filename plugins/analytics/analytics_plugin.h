@@ -2,12 +2,12 @@
 
 #include "host/plugin_registry/plugin_base.h"
 #include "plugins/analytics/analytics.h"
-#include "plugins/analytics/hit_text.h"
+#include "plugins/analytics/hit_body.h"
 
 namespace tarvik {
 
-// `ga`: tells a measurement service which screens are seen and what is done there. Nobody waits for a hit,
-// and one that fails is lost; that shows in the log alone.
+// `ga`: sends hits, which are page views and events, to a measurement service. Sending does not block;
+// failures only appear in the log.
 class CGoogleAnalyticsPlugin : public SmallPlugin<CGoogleAnalyticsPlugin, LocaleNameRules> {
   public:
     static std::span<const Member<CGoogleAnalyticsPlugin>> Members();
@@ -15,17 +15,17 @@ class CGoogleAnalyticsPlugin : public SmallPlugin<CGoogleAnalyticsPlugin, Locale
     CGoogleAnalyticsPlugin();
     explicit CGoogleAnalyticsPlugin(AnalyticsEndpoint endpoint) : endpoint_(std::move(endpoint)) {}
 
-    // Reads and calls are the same here, and what is more than the named arguments does not count.
+    // Reading a member calls it. Surplus arguments are ignored.
     HRESULT Page(const Call& call);
     HRESULT Event(const Call& call);
     HRESULT Set(const Call& call);
 
   private:
-    template <class MakeBody>
-    void Send(MakeBody makeBody) const;
+    template <class CreateBody>
+    void Send(CreateBody createBody) const;
 
     const AnalyticsEndpoint endpoint_;
-    HitOrigin origin_;
+    HitSettings settings_;
 };
 
 }  // namespace tarvik

@@ -1,4 +1,4 @@
-#include "plugins/analytics/hit_text.h"
+#include "plugins/analytics/hit_body.h"
 
 #include <windows.h>
 #include <shlwapi.h>
@@ -18,8 +18,7 @@ std::wstring Escape(const std::wstring& text) {
     return escaped;
 }
 
-// The GUID of the hardware profile. Where there is none, as under Wine, that of the system's installation,
-// in the same form.
+// The GUID of the hardware profile or, if there is none, as under Wine, of the system's installation.
 std::wstring MachineGuid() {
     HW_PROFILE_INFOW profile = {};
     if (GetCurrentHwProfileW(&profile)) return profile.szHwProfileGuid;
@@ -38,21 +37,22 @@ std::wstring UserLanguage() {
     return *language;
 }
 
-std::wstring CommonText(const HitOrigin& origin) {
-    return L"v=1&tid=" + origin.trackingId + L"&cid=" + ClientId(MachineGuid()) + L"&ul=" +
-           Escape(UserLanguage()) + L"&an=" + Escape(origin.applicationName) + L"&av=" +
-           origin.applicationVersion + L"&vp=" + std::to_wstring(GetSystemMetrics(SM_CXSCREEN)) + L'x' +
+std::wstring CommonParameters(const HitSettings& settings) {
+    return L"v=1&tid=" + settings.trackingId + L"&cid=" + ClientId(MachineGuid()) + L"&ul=" +
+           Escape(UserLanguage()) + L"&an=" + Escape(settings.applicationName) + L"&av=" +
+           settings.applicationVersion + L"&vp=" + std::to_wstring(GetSystemMetrics(SM_CXSCREEN)) + L'x' +
            std::to_wstring(GetSystemMetrics(SM_CYSCREEN));
 }
 
 }  // namespace
 
-std::wstring PageHit(const std::wstring& screen, const HitOrigin& origin) {
-    return L"t=appview&cd=" + Escape(screen) + L'&' + CommonText(origin);
+std::wstring PageHitBody(const std::wstring& screen, const HitSettings& settings) {
+    return L"t=appview&cd=" + Escape(screen) + L'&' + CommonParameters(settings);
 }
 
-std::wstring EventHit(const std::wstring& category, const std::wstring& action, const HitOrigin& origin) {
-    return L"t=event&ec=" + Escape(category) + L"&ea=" + Escape(action) + L'&' + CommonText(origin);
+std::wstring EventHitBody(const std::wstring& category, const std::wstring& action,
+                          const HitSettings& settings) {
+    return L"t=event&ec=" + Escape(category) + L"&ea=" + Escape(action) + L'&' + CommonParameters(settings);
 }
 
 std::wstring ClientId(std::wstring_view guid) {

@@ -5,20 +5,21 @@
 
 namespace tarvik {
 
-// What a page has set once for all of its hits.
-struct HitOrigin {
+// The settings for all hits of a page.
+struct HitSettings {
     std::wstring trackingId;
     std::wstring applicationName;
     std::wstring applicationVersion;
 };
 
-// Bodies of hits. Screen, category, action and application name are escaped as parts of a URL's path; the
-// other texts go out as they stand. An empty text cannot be escaped, nor one that has nothing but characters
-// to escape in it: the status is thrown, and that is intended.
-std::wstring PageHit(const std::wstring& screen, const HitOrigin& origin);
-std::wstring EventHit(const std::wstring& category, const std::wstring& action, const HitOrigin& origin);
+// The bodies of hits. Screen, category, action and application name are escaped as segments of a URL; the
+// other texts are sent verbatim. By design this throws for a text that is empty or contains only characters
+// to escape.
+std::wstring PageHitBody(const std::wstring& screen, const HitSettings& settings);
+std::wstring EventHitBody(const std::wstring& category, const std::wstring& action,
+                          const HitSettings& settings);
 
-// The id of this machine in a hit: what stands between the braces of a GUID's text, or all of it, escaped.
+// The id of this machine in a hit: the GUID without its braces; a text without braces is escaped.
 std::wstring ClientId(std::wstring_view guid);
 
 }  // namespace tarvik

@@ -7,7 +7,7 @@
 namespace tarvik {
 namespace {
 
-// The log of a diagnostic build.
+// With all logging enabled.
 class Analytics : public testing::Test {
   protected:
     Analytics() { processLog.flags = kLogTrace | kLogError; }
@@ -22,9 +22,9 @@ class Analytics : public testing::Test {
         channel_.texts.clear();
         const ULONGLONG start = GetTickCount64();
         EXPECT_THAT(CallMember(plugin, L"page", screen).status, HasStatus(S_OK));
-        EXPECT_LT(GetTickCount64() - start, 3'000u) << "nobody waits for a hit";
+        EXPECT_LT(GetTickCount64() - start, 3'000u) << "sending does not block";
     }
-    // The end of the one line that a hit leaves in the log.
+    // The text of the only line that a hit writes to the log.
     std::string Line() {
         if (!PumpUntil([&] { return !channel_.texts.empty(); })) return "none";
         PumpUntil([] { return false; }, std::chrono::milliseconds(200));
@@ -38,7 +38,7 @@ class Analytics : public testing::Test {
     const DWORD flags_ = processLog.flags;
 };
 
-TEST_F(Analytics, RefusesWrongCalls) {
+TEST_F(Analytics, RejectsInvalidCalls) {
     const auto plugin = PluginTo(ClosedPort());
     EXPECT_THAT(CallMember(plugin.Get(), L"page").status, HasStatus(E_FAIL));
     EXPECT_THAT(CallMember(plugin.Get(), L"page", 5).status, HasStatus(E_FAIL));
@@ -50,7 +50,7 @@ TEST_F(Analytics, RefusesWrongCalls) {
     EXPECT_THAT(channel_.texts, IsEmpty());
 }
 
-TEST_F(Analytics, LogsAHitThatCannotBeMade) {
+TEST_F(Analytics, LogsAHitThatCannotBeEncoded) {
     const std::string emptyText = "CAnalytics::Send catch: 80070057\n";
     Page(PluginTo(ClosedPort()).Get(), L"");
     EXPECT_EQ(Line(), emptyText);
@@ -58,7 +58,7 @@ TEST_F(Analytics, LogsAHitThatCannotBeMade) {
     EXPECT_EQ(Line(), emptyText) << "nothing was set";
 }
 
-TEST_F(Analytics, LosesAHitThatDoesNotArrive) {
+TEST_F(Analytics, LogsAHitThatDoesNotArrive) {
     const std::string failed = "CAnalytics::StatusCallback 00200000\n";
     Page(PluginTo(ClosedPort()).Get(), L"home");
     EXPECT_EQ(Line(), failed);
@@ -72,14 +72,14 @@ TEST_F(Analytics, LosesAHitThatDoesNotArrive) {
         Page(PluginTo(silent.Port()).Get(), L"home");
         EXPECT_TRUE(PumpUntil([&] { return silent.Connections() > 0; }));
     }
-    EXPECT_EQ(Line(), failed) << "when the server has gone at the latest";
+    EXPECT_EQ(Line(), failed) << "at the latest when the server has closed the connection";
 }
 
-TEST(ClientId, IsWhatStandsInTheBraces) {
+TEST(ClientId, IsTheTextInBraces) {
     EXPECT_EQ(ClientId(L"{12340001-0000}"), L"12340001-0000");
     EXPECT_EQ(ClientId(L"{no end"), L"no end");
     EXPECT_EQ(ClientId(L"no braces"), L"no%20braces");
-    EXPECT_THROW(ClientId(L"{}"), StatusError) << "nothing but characters to escape";
+    EXPECT_THROW(ClientId(L"{}"), StatusError) << "only characters to escape";
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include "tarvik/text.h"
 #include "tests/support/test.h"
 
-// Hits that arrive at the server of beside_server.
+// Hits that arrive at the server that beside_server starts.
 namespace tarvik {
 namespace {
 
@@ -16,7 +16,7 @@ class Hits : public testing::Test {
   protected:
     Hits() { CallMember(plugin_.Get(), L"set", L"UA-1 b", L"My App", L"1.0 b"); }
 
-    // The next request. They come in the order in which they arrive.
+    // The next request, in order of arrival.
     static std::string Next() {
         static int number = 0;
         const std::wstring path = Variable(L"TARVIK_HITS") + L"\\" + std::to_wstring(++number);
@@ -24,7 +24,7 @@ class Hits : public testing::Test {
         return ReadFileBytes(path);
     }
     static std::string BodyOf(const std::string& request) { return request.substr(request.find("\n\n") + 2); }
-    // What every body ends in.
+    // The end of every body.
     static std::string Common() {
         wchar_t language[LOCALE_NAME_MAX_LENGTH] = {};
         GetUserDefaultLocaleName(language, LOCALE_NAME_MAX_LENGTH);
@@ -32,8 +32,8 @@ class Hits : public testing::Test {
                "&an=My%20App&av=1.0 b&vp=" + std::to_string(GetSystemMetrics(SM_CXSCREEN)) + "x" +
                std::to_string(GetSystemMetrics(SM_CYSCREEN));
     }
-    // The one part of a body that only the machine knows.
-    static void LearnClientId(const std::string& body) {
+    // The test cannot predict the client id, so it takes the one of the first body.
+    static void StoreClientId(const std::string& body) {
         const size_t begin = body.find("&cid=") + 5;
         cid_ = body.substr(begin, body.find('&', begin) - begin);
         EXPECT_EQ(cid_.size(), 36u) << cid_;
@@ -48,7 +48,7 @@ class Hits : public testing::Test {
 TEST_F(Hits, ArriveByteForByte) {
     EXPECT_EQ(ResultText(CallMember(plugin_.Get(), L"page", L"home")), "EMPTY");
     const std::string request = Next();
-    LearnClientId(BodyOf(request));
+    StoreClientId(BodyOf(request));
     EXPECT_EQ(BodyOf(request), "t=appview&cd=home&" + Common());
     EXPECT_THAT(request, testing::StartsWith("POST /collect HTTP/1.1\n"));
     EXPECT_THAT(request, HasSubstr("Content-Type: application/x-www-form-urlencoded\n"));
@@ -63,7 +63,7 @@ TEST_F(Hits, ArriveByteForByte) {
     EXPECT_EQ(event(L"c", 5), "t=event&ec=c&ea=5&" + Common());
     EXPECT_EQ(event(L"c", true), "t=event&ec=c&ea=65535&" + Common()) << "the bits of a boolean";
 
-    // A read is a call.
+    // Reading a member calls it.
     InvokeMember(plugin_.Get(), L"page", DISPATCH_PROPERTYGET, [] {
         std::vector<Variant> arguments;
         arguments.push_back(Variant::Text(L"read"));
@@ -72,7 +72,7 @@ TEST_F(Hits, ArriveByteForByte) {
     EXPECT_EQ(BodyOf(Next()), "t=appview&cd=read&" + Common());
 }
 
-TEST_F(Hits, OverlapAndLeaveNothing) {
+TEST_F(Hits, OverlapAndRelease) {
     constexpr int kHits = 20;
     CallMember(plugin_.Get(), L"page", L"first");
     Next();
