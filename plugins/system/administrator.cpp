@@ -16,19 +16,19 @@ struct SidTraits : detail::PointerTraits<PSID> {
 };
 using UniqueSid = Owner<SidTraits>;
 
-// The check needs a token of the thread's own.
+// AccessCheck requires an impersonation token.
 class SelfImpersonation {
   public:
-    SelfImpersonation() : worked_(ImpersonateSelf(SecurityImpersonation) != FALSE) {}
+    SelfImpersonation() : succeeded_(ImpersonateSelf(SecurityImpersonation) != FALSE) {}
     ~SelfImpersonation() {
-        if (worked_) RevertToSelf();
+        if (succeeded_) RevertToSelf();
     }
     SelfImpersonation(const SelfImpersonation&) = delete;
     SelfImpersonation& operator=(const SelfImpersonation&) = delete;
-    explicit operator bool() const { return worked_; }
+    explicit operator bool() const { return succeeded_; }
 
   private:
-    const bool worked_;
+    const bool succeeded_;
 };
 
 UniqueHandle EffectiveToken() {
@@ -47,8 +47,8 @@ UniqueSid Administrators() {
     return sid;
 }
 
-// Against a descriptor that lets nobody in but the group.
-bool IsLetIn(HANDLE token, PSID group) {
+// Checks the access to a descriptor that allows only the group.
+bool IsAccessAllowed(HANDLE token, PSID group) {
     constexpr DWORD kRead = 1, kWrite = 2;
     const DWORD size = GetLengthSid(group) + sizeof(ACL) + offsetof(ACCESS_ALLOWED_ACE, SidStart);
     std::vector<std::byte> list(size);
@@ -75,7 +75,7 @@ bool IsAdministrator() {
     const SelfImpersonation self;
     const UniqueHandle token = EffectiveToken();
     const UniqueSid group = Administrators();
-    return self && token && group && IsLetIn(token.Get(), group.Get());
+    return self && token && group && IsAccessAllowed(token.Get(), group.Get());
 }
 
 }  // namespace tarvik

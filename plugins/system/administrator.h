@@ -2,8 +2,8 @@
 
 namespace tarvik {
 
-// Whether this process has the rights of an administrator now. The system is asked for an access that only
-// administrators have, so membership alone does not count.
+// Whether this process runs elevated. Checks an access that only administrators have: membership in the group
+// is not enough.
 bool IsAdministrator();
 
 }  // namespace tarvik

@@ -16,7 +16,7 @@ class CCmdArgs : public TableDispatch<CCmdArgs> {
     CCmdArgs() = default;
     explicit CCmdArgs(const wchar_t* text) : line_(text) {}
 
-    // Raw arguments, the first of which is the program.
+    // The raw arguments; the first is the program.
     Integer GetOrgArgsCount();
     std::optional<Bstr> GetOrgArg(AnyInt32 index);
     bool IsSwitchExist(BSTR name);

@@ -15,8 +15,8 @@ bool IsUrl(const std::wstring& target) {
     return PathIsURLW(target.c_str()) != FALSE;
 }
 
-// A file can lend its name to its shortcut, a URL cannot. The name gets .lnk whatever it is for, so a URL's
-// ends in .lnk.url; that is intended.
+// The name defaults to that of the target, unless that is a URL. By design the path always gets the extension
+// .lnk, so that of a URL's shortcut becomes .lnk.url.
 std::wstring PathOnDesktop(std::wstring name, const std::wstring& target) {
     if (name.empty() && !IsUrl(target)) name = PathFindFileNameW(target.c_str());
     if (name.empty()) throw StatusError(E_INVALIDARG);

@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-// Saves a shortcut to `src` at `dest`, or under a name on the desktop.
+// Saves a shortcut to the option `src` at `dest`, or on the desktop under `destName`.
 HRESULT SaveShortcut(TVK::ICore* core, const Options& options);
 
 }  // namespace tarvik

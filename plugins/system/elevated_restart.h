@@ -7,12 +7,12 @@
 
 namespace tarvik {
 
-// Ends this program in favour of a new instance that asks the user for an administrator's rights. E_ABORT
-// then, so that script goes no further; it ends also when the user refuses. S_OK if the rights are there.
+// Ends this program and starts a new instance that prompts for elevation, and returns E_ABORT, so that the
+// calling script stops. The program ends even if the user declines. Returns S_OK if it is elevated already.
 HRESULT RestartElevated(SystemCalls& calls);
 
-// The arguments for the new instance, each behind a blank. They are not quoted, so one with a blank in it
-// arrives as two; that is intended.
+// The arguments for the new instance, each after a space. By design they are not quoted, so an argument that
+// contains a space arrives as two.
 std::wstring RestartArguments(const CCommandLine& line);
 
 }  // namespace tarvik

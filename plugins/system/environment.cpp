@@ -24,7 +24,7 @@ constexpr SpecialFolder kSpecialFolders[] = {
     {L"COMMON_STARTMENU", CSIDL_COMMON_STARTMENU},
     {L"COMMON_STARTUP", CSIDL_COMMON_STARTUP},
     {L"COMMON_PROGRAMS", CSIDL_COMMON_PROGRAMS},
-    {L"LOCALAPPDATA", CSIDL_LOCAL_APPDATA, false},  // a variable of the system's own, where that has it
+    {L"LOCALAPPDATA", CSIDL_LOCAL_APPDATA, false},  // most systems set this variable
     {L"SENDTO", CSIDL_SENDTO},
     {L"MYDOCUMENTS", CSIDL_PERSONAL},
 };
@@ -35,7 +35,7 @@ bool Exists(const wchar_t* variable) {
     return GetEnvironmentVariableW(variable, nullptr, 0) != 0;
 }
 
-// Where a text does not fit, the system is free to leave a part of it in the buffer.
+// If the text does not fit, the system may have written a part of it to the buffer.
 Bstr TextOf(const wchar_t* buffer, DWORD lengthWithTerminator) {
     return Bstr(lengthWithTerminator <= kTextLength ? buffer : L"");
 }

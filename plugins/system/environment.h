@@ -5,17 +5,18 @@
 
 #include "tarvik/bstr.h"
 
-// The process's environment: programs that are started inherit it, and nothing of it outlives the process.
+// The environment of this process, which the programs that it starts inherit.
 namespace tarvik {
 
-// Sets DESKTOP, STARTMENU and others to the folders of this machine. One that cannot be had is left out.
+// Sets DESKTOP, STARTMENU and other variables to the special folders. Skips those that the system cannot
+// resolve.
 void PublishSpecialFolders();
 
-// Nothing if there is no such variable, or it is empty. A text of 520 characters or more reads as empty; that
-// is intended, as it is for expansions.
+// Nothing if the variable is missing or empty. By design a value of 520 characters or more reads as empty; so
+// does such an expansion.
 std::optional<Bstr> EnvironmentVariable(const std::wstring& name);
 
-// The text with a variable's value for each %name%.
+// Replaces each %name% by the variable's value.
 std::optional<Bstr> ExpandEnvironment(const std::wstring& text);
 
 }  // namespace tarvik

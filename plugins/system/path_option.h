@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-// A path made absolute against the page; a URL stays as it is, and nothing stays nothing.
+// A path option, resolved against the page. URLs and empty paths stay unchanged.
 inline std::wstring PathOption(TVK::ICore* core, const Options& options, const wchar_t* name) {
     const std::wstring path = options.Text(name).value_or(L"");
     return path.empty() ? path : ResolveUrl(core, path);

@@ -10,7 +10,7 @@ namespace tarvik {
 
 HRESULT CallRegistration(const std::wstring& path, const char* function) {
     if (!PathFileExistsW(path.c_str())) return E_INVALIDARG;
-    // By its full path: the loader would look for another one elsewhere.
+    // With a relative path the loader would search other folders, too.
     const UniqueModule library = LoadLibraryByPath(FullPath(path));
     if (!library) return LastFailureStatus();
     using Registration = HRESULT STDAPICALLTYPE();

@@ -6,7 +6,8 @@
 
 namespace tarvik {
 
-// Loads a library, calls a function of it that takes nothing, and frees it; the status is the function's own.
+// Loads a library, calls its function, which takes no arguments, frees the library and returns the function's
+// status.
 HRESULT CallRegistration(const std::wstring& path, const char* function);
 
 }  // namespace tarvik

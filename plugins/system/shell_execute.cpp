@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-// Waits for a process on a thread of its own and tells its exit code. Nobody can end the wait.
+// Waits for a process on a worker thread and reports its exit code. The wait cannot be cancelled.
 class ShellExitContext : public Worker {
   public:
     ShellExitContext(IDispatch* exitCallback, const VARIANT& context, IDispatch* plugin)
@@ -19,7 +19,7 @@ class ShellExitContext : public Worker {
     void SetProcess(UniqueHandle process) { process_ = std::move(process); }
 
     HRESULT Run() override {
-        // A program that was running already has taken the request over: there is no end to wait for.
+        // Another running program has taken over the request, so there is no process to wait for.
         if (!process_) return S_OK;
         const Variant code = Variant::UI4(WaitForExit());
         process_.Reset();
@@ -54,7 +54,7 @@ HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, 
     if (!exitCallback) {
         return calls.Open(verb, path.c_str(), parameters.c_str(), folder.c_str()) ? E_FAIL : S_OK;
     }
-    // Made first: a process whose end cannot be told is not started.
+    // Created first, so that no process starts whose exit cannot be reported.
     auto wait = std::make_unique<ShellExitContext>(exitCallback.Get(), context, plugin);
     SHELLEXECUTEINFOW info = {};
     info.cbSize = sizeof info;
@@ -66,7 +66,7 @@ HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, 
     info.nShow = SW_SHOWNORMAL;
     if (!calls.Execute(info)) {
         if (GetLastError() == ERROR_CANCELLED) return E_ABORT;
-        ThrowLastError();  // the system's message to the user may have cleared the error
+        ThrowLastError();  // E_FAIL if the system's error message has cleared the error
     }
     wait->SetProcess(UniqueHandle(info.hProcess));
     return StartWorker(std::move(wait));

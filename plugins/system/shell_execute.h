@@ -6,9 +6,9 @@
 
 namespace tarvik {
 
-// Opens a file, a program or a URL. With `exitCallback` S_OK means that it was started, and the end of the
-// process will be told. Without it the answer is the other way round, S_OK if it was not started: that is
-// intended, scripts are written against it. `plugin` is kept alive until the end has been told.
+// Opens a file, a program or a URL. With the option `exitCallback` S_OK means that it was started; the
+// function is called when the process exits, and `plugin` is kept alive until then. Without it S_OK means
+// that it was not started; required by the contract.
 HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, const Options& options);
 
 }  // namespace tarvik

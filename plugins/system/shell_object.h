@@ -8,19 +8,19 @@
 
 namespace tarvik {
 
-// A new object of a class of the shell's; a failure throws.
+// Creates an object of a shell class; a failure is thrown.
 template <class Interface>
-ComPtr<Interface> MakeShellObject(REFCLSID id, REFIID iid = __uuidof(Interface)) {
+ComPtr<Interface> CreateShellObject(REFCLSID id, REFIID iid = __uuidof(Interface)) {
     ComPtr<Interface> made;
     ThrowIfFailed(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, iid,
                                    reinterpret_cast<void**>(made.GetAddressOf())));
     return made;
 }
 
-// Whether ShellExecute has started what it was asked to: its answer is a number, and not a handle.
-inline bool HasStarted(HINSTANCE answer) {
+// Interprets the result of ShellExecuteW, which is a number and no handle.
+inline bool ShellExecuteSucceeded(HINSTANCE result) {
     constexpr INT_PTR kLastError = 32;
-    return reinterpret_cast<INT_PTR>(answer) > kLastError;
+    return reinterpret_cast<INT_PTR>(result) > kLastError;
 }
 
 }  // namespace tarvik

@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-class Real : public SystemCalls {
+class WindowsCalls : public SystemCalls {
   public:
     bool IsAdministrator() override { return tarvik::IsAdministrator(); }
     bool EndSession(UINT how) override { return ExitWindowsEx(how, SHTDN_REASON_FLAG_PLANNED) != FALSE; }
@@ -24,16 +24,16 @@ class Real : public SystemCalls {
 
     bool Open(const wchar_t* verb, const wchar_t* file, const wchar_t* parameters,
               const wchar_t* folder) override {
-        return HasStarted(ShellExecuteW(nullptr, verb, file, parameters, folder, SW_SHOWNORMAL));
+        return ShellExecuteSucceeded(ShellExecuteW(nullptr, verb, file, parameters, folder, SW_SHOWNORMAL));
     }
     bool Execute(SHELLEXECUTEINFOW& info) override { return ShellExecuteExW(&info) != FALSE; }
 };
 
 }  // namespace
 
-SystemCalls& RealSystemCalls() {
-    static Real real;
-    return real;
+SystemCalls& DefaultSystemCalls() {
+    static WindowsCalls calls;
+    return calls;
 }
 
 void EnableShutdownPrivilege() {

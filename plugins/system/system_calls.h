@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-// What acts on the user's session, on rights and on programs. It is in one place so that tests can put
-// something harmless there, and see what would have been done.
+// The calls that affect the user's session, privileges and programs. Tests replace them by harmless ones that
+// record each call.
 class SystemCalls {
   public:
     virtual ~SystemCalls() = default;
@@ -18,16 +18,17 @@ class SystemCalls {
     virtual void TurnOffMonitor() = 0;
     virtual void QuitProgram() = 0;
 
-    // Both ways to start a program or open a file. The verb "runas" asks the user for more rights. Execute
-    // leaves the system's error when it fails.
+    // Both start a program or open a file. The verb "runas" prompts for elevation. Execute sets the last
+    // error if it fails.
     virtual bool Open(const wchar_t* verb, const wchar_t* file, const wchar_t* parameters,
                       const wchar_t* folder) = 0;
     virtual bool Execute(SHELLEXECUTEINFOW& info) = 0;
 };
 
-SystemCalls& RealSystemCalls();
+SystemCalls& DefaultSystemCalls();
 
-// Without it the power state cannot be changed. A failure shows in the call that needed it.
+// Changing the power state requires this privilege. Failures are ignored: the call that needs it reports
+// them.
 void EnableShutdownPrivilege();
 
 }  // namespace tarvik

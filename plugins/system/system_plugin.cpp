@@ -64,7 +64,8 @@ STDMETHODIMP CSystemPlugin::Initialize(TVK::ICore* core, IUnknown*) {
     return S_OK;
 }
 
-// Here a call with the flags of a write and a read is a write, and a read needs no place for its value.
+// In this plug-in a call with the flags of a write and a read is a write, and a read needs no slot for its
+// result.
 STDMETHODIMP CSystemPlugin::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                                    VARIANT* result, EXCEPINFO* exception, UINT* argument) {
     if (flags & DISPATCH_PROPERTYPUT) flags &= static_cast<WORD>(~DISPATCH_PROPERTYGET);
@@ -82,7 +83,7 @@ bool CSystemPlugin::LockWorkStation() {
     return calls_.LockScreen();
 }
 
-// Script stops at the error that this is for it.
+// The failure stops the calling script.
 HRESULT CSystemPlugin::Abort(const Call&) {
     return E_ABORT;
 }
@@ -154,8 +155,7 @@ bool CSystemPlugin::IsX64Process() {
     return true;
 }
 
-// The system's answer as it stands, which is about 32-bit processes: false for a 64-bit one on a 64-bit
-// system. That is intended.
+// By design the unchanged result of IsWow64Process, which is false for a 64-bit process on a 64-bit system.
 bool CSystemPlugin::IsX64System() {
     using IsWow64 = BOOL WINAPI(HANDLE, BOOL*);
     auto* const isWow64 = FindFunction<IsWow64>(L"kernel32.dll", "IsWow64Process");

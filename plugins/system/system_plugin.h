@@ -6,20 +6,20 @@
 #include "plugins/system/command_args.h"
 #include "plugins/system/system_calls.h"
 
-#undef ShellExecute  // of the system's headers: handlers have their members' names
+#undef ShellExecute  // a macro of shellapi.h; handlers have the names of their members
 
 namespace tarvik {
 
-// `system`: environment, languages, rights and command line; programs, shortcuts, the task bar, libraries and
-// the power state. A program that is watched for its end keeps the plug-in alive until then.
+// `system`: environment, languages, privileges and command line; programs, shortcuts, the taskbar, libraries
+// and the power state. Waiting for the exit of a program keeps the plug-in alive.
 class CSystemPlugin : public TablePlugin<CSystemPlugin> {
   public:
     static constexpr char kClassName[] = "CSystemPlugin";
     static std::span<const Member<CSystemPlugin>> Members();
 
-    explicit CSystemPlugin(SystemCalls& calls = RealSystemCalls()) : calls_(calls) {}
+    explicit CSystemPlugin(SystemCalls& calls = DefaultSystemCalls()) : calls_(calls) {}
 
-    // Publishes the special folders in the process's environment; the browser is not needed.
+    // Publishes the special folders in the environment. Does not need the browser.
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* exception, UINT* argument) override;

@@ -21,24 +21,24 @@ std::wstring ShellText(UINT id) {
     return text;
 }
 
-// The shell gives nothing, and says that it succeeded, for what is not there.
+// For a missing item the shell returns success and a null pointer.
 template <class Interface, class Get>
-ComPtr<Interface> Got(Get&& get) {
-    ComPtr<Interface> got;
-    ThrowIfFailed(get(got.GetAddressOf()));
-    if (!got) throw StatusError(E_FAIL);
-    return got;
+ComPtr<Interface> RequireResult(Get&& get) {
+    ComPtr<Interface> result;
+    ThrowIfFailed(get(result.GetAddressOf()));
+    if (!result) throw StatusError(E_FAIL);
+    return result;
 }
 
 ComPtr<FolderItemVerbs> VerbsOf(const std::wstring& path) {
-    const auto shell = MakeShellObject<IShellDispatch>(CLSID_Shell);
+    const auto shell = CreateShellObject<IShellDispatch>(CLSID_Shell);
     const std::wstring name = PathFindFileNameW(path.c_str());
-    const Variant place = Variant::Text(path.substr(0, path.size() - name.size()));
+    const Variant parent = Variant::Text(path.substr(0, path.size() - name.size()));
     const Bstr itemName(name);
-    const auto folder = Got<Folder>([&](Folder** out) { return shell->NameSpace(place, out); });
+    const auto folder = RequireResult<Folder>([&](Folder** out) { return shell->NameSpace(parent, out); });
     const auto item =
-        Got<FolderItem>([&](FolderItem** out) { return folder->ParseName(itemName.Get(), out); });
-    return Got<FolderItemVerbs>([&](FolderItemVerbs** out) { return item->Verbs(out); });
+        RequireResult<FolderItem>([&](FolderItem** out) { return folder->ParseName(itemName.Get(), out); });
+    return RequireResult<FolderItemVerbs>([&](FolderItemVerbs** out) { return item->Verbs(out); });
 }
 
 }  // namespace
@@ -62,12 +62,12 @@ HRESULT DoTaskbarVerb(const TaskbarVerb& verb, const std::wstring& path) {
     const std::wstring text = ShellText(verb.text);
     if (text.empty()) return E_FAIL;
     if (!PathFileExistsW(path.c_str())) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-    // The extension is found and not used: only a path that is nothing but an extension goes by the name of
-    // the verb. That is intended; all others go by the menu, links too.
-    static_cast<void>(PathFindExtensionW(path.c_str()));
+    // By design this compares the entire path, not its extension: only the path ".lnk" is opened with the
+    // verb's name. All others, links included, use the menu.
     if (_wcsicmp(path.c_str(), L".lnk") != 0) return DoVerbOfText(path, text);
-    return HasStarted(ShellExecuteW(nullptr, verb.name, path.c_str(), nullptr, nullptr, SW_SHOW)) ? S_OK
-                                                                                                  : E_FAIL;
+    return ShellExecuteSucceeded(ShellExecuteW(nullptr, verb.name, path.c_str(), nullptr, nullptr, SW_SHOW))
+               ? S_OK
+               : E_FAIL;
 }
 
 }  // namespace tarvik

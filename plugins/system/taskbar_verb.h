@@ -7,16 +7,16 @@
 namespace tarvik {
 
 struct TaskbarVerb {
-    UINT text;            // of the shell's menu, in the language of the system
-    const wchar_t* name;  // of the verb itself
+    UINT text;  // the id of the menu's text in the shell's resources
+    const wchar_t* name;
 };
 inline constexpr TaskbarVerb kPinVerb = {5386, L"TaskbarPin"};
 inline constexpr TaskbarVerb kUnpinVerb = {5387, L"TaskbarUnPin"};
 
-// Does with a file what a click on that entry of its menu would do. E_FAIL where the menu has no such entry.
+// Invokes an item of a file's context menu. E_FAIL if the menu has no such item.
 HRESULT DoTaskbarVerb(const TaskbarVerb& verb, const std::wstring& path);
 
-// The same for any entry, found by its text.
+// The same for any item, found by its text.
 HRESULT DoVerbOfText(const std::wstring& path, const std::wstring& text);
 
 }  // namespace tarvik

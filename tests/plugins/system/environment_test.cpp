@@ -8,7 +8,7 @@
 namespace tarvik {
 namespace {
 
-// Sets a variable, or takes it away, for as long as it lives.
+// Sets or deletes a variable, and restores it at the end.
 class Environment {
   public:
     Environment(const wchar_t* name, const wchar_t* value) : name_(name) {
@@ -51,43 +51,43 @@ TEST_F(System, ReadsTextsOfUpTo519Characters) {
         const std::wstring text(length, L'\u00e9');
         const Environment variable(L"TARVIK_TEST", text.c_str());
         const std::string read = "BSTR " + (length < 520 ? Narrow(text) : std::string());
-        EXPECT_EQ(Ask(L"getEnvirVar", L"tarvik_test"), read);
-        EXPECT_EQ(Ask(L"expandEnvirPath", L"%TARVIK_TEST%"), read);
+        EXPECT_EQ(CallSystem(L"getEnvirVar", L"tarvik_test"), read);
+        EXPECT_EQ(CallSystem(L"expandEnvirPath", L"%TARVIK_TEST%"), read);
     }
     const Environment variable(L"TARVIK_TEST", L"value");
-    EXPECT_EQ(Ask(L"expandEnvirPath", L"a%TARVIK_TEST%b%TARVIK_NONE%"), "BSTR avalueb%TARVIK_NONE%");
-    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_NONE"), "NULL");
-    EXPECT_EQ(Ask(L"getEnvirVar", L""), "NULL");
+    EXPECT_EQ(CallSystem(L"expandEnvirPath", L"a%TARVIK_TEST%b%TARVIK_NONE%"), "BSTR avalueb%TARVIK_NONE%");
+    EXPECT_EQ(CallSystem(L"getEnvirVar", L"TARVIK_NONE"), "NULL");
+    EXPECT_EQ(CallSystem(L"getEnvirVar", L""), "NULL");
 }
 
-TEST_F(System, KnowsAnAdministratorAndKeepsNothingOfTheCheck) {
-    const std::string known = IsUserAnAdmin() ? "BOOL true" : "BOOL false";
-    EXPECT_EQ(Get(L"administrator"), known);
+TEST_F(System, ChecksForAnAdministratorWithoutLeaks) {
+    const std::string expected = IsUserAnAdmin() ? "BOOL true" : "BOOL false";
+    EXPECT_EQ(Get(L"administrator"), expected);
     const long before = CountHandles();
     for (int i = 0; i < 20; ++i)
-        EXPECT_EQ(Get(L"administrator"), known);
+        EXPECT_EQ(Get(L"administrator"), expected);
     EXPECT_EQ(CountHandles(), before);
     UniqueHandle token;
     EXPECT_FALSE(OpenThreadToken(GetCurrentThread(), TOKEN_QUERY, TRUE, token.Receive()))
-        << "the thread is itself again";
+        << "the thread no longer impersonates";
 }
 
-TEST_F(System, GivesTheCommandLine) {
+TEST_F(System, ReturnsTheCommandLine) {
     const Outgoing args = GetMember(plugin_.Get(), L"cmdArgs");
     ASSERT_TRUE(args.value.Is(VT_DISPATCH));
     EXPECT_THAT(CallText(args.value.pdispVal, L"getOrgArg", 0), HasSubstr("test_system"));
 
     const auto own = MakeCom<CCmdArgs>(L"app.exe -x /Key \"two words\" name=value");
-    const auto ask = [&](const wchar_t* member, auto argument) {
+    const auto call = [&](const wchar_t* member, auto argument) {
         return CallText(own.Get(), member, argument);
     };
     EXPECT_EQ(CallText(own.Get(), L"getOrgArgsCount"), "I4 5");
-    EXPECT_EQ(ask(L"getOrgArg", 3), "BSTR two words");
+    EXPECT_EQ(call(L"getOrgArg", 3), "BSTR two words");
     for (const int beyond : {-1, 5})
-        EXPECT_EQ(ask(L"getOrgArg", beyond), "NULL");
-    EXPECT_EQ(ask(L"isSwitchExist", L"/X"), "BOOL true");
-    EXPECT_EQ(ask(L"getArgPair", L"-KEY"), "BSTR two words");
-    EXPECT_EQ(ask(L"getArgPair", L"x"), "NULL");
+        EXPECT_EQ(call(L"getOrgArg", beyond), "NULL");
+    EXPECT_EQ(call(L"isSwitchExist", L"/X"), "BOOL true");
+    EXPECT_EQ(call(L"getArgPair", L"-KEY"), "BSTR two words");
+    EXPECT_EQ(call(L"getArgPair", L"x"), "NULL");
 }
 
 }  // namespace

@@ -69,18 +69,18 @@ std::string Padded(std::string bytes, size_t size) {
     bytes.resize(size);
     return bytes;
 }
-// Behind their size, which counts itself.
+// Prefixed with their size, which includes the prefix.
 template <class Size>
 std::string Sized(const std::string& bytes) {
     return Bytes(static_cast<Size>(sizeof(Size) + bytes.size())) + bytes;
 }
 
 // A folder or a file, with its long name in an extension.
-std::string ShellItem(u16 kind, const std::string& name) {
+std::string ShellItem(u16 type, const std::string& name) {
     const std::string shortName = Padded(name, (name.size() / 2 + 1) * 2);
     const std::string extension =
         Bytes(u16{3}, 0xBEEF0004, u32{}, u32{}, u16{20}, u16{}) + WideBytes(Widen(name) + L'\0');
-    return Sized<u16>(Bytes(kind, u32{}, u32{}, u16{}) + shortName +
+    return Sized<u16>(Bytes(type, u32{}, u32{}, u16{}) + shortName +
                       Sized<u16>(extension + Bytes(static_cast<u16>(14 + shortName.size()))));
 }
 

@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// A link file as its published format tells it, read without the system.
+// A link file, parsed by its published format without the system.
 struct LinkFile {
     bool isLink = false;
     std::string target;  // in the narrow code page
@@ -16,8 +16,8 @@ struct LinkFile {
 
 LinkFile ReadLink(const std::wstring& path);
 
-// A link to C:\windows\notepad.exe in all the ways in which Windows tells a target: shell items, a place in a
-// volume, a relative path, and a path with a variable in the blocks at the end.
+// A link to C:\windows\notepad.exe with every description of a target that Windows writes: shell items, a
+// path on a volume, a relative path, and a path with a variable in the blocks at the end.
 struct FullLink {
     std::string upToTexts;
     std::string blocks;

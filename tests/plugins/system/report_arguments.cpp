@@ -1,5 +1,5 @@
-// telling_program FILE CODE [ARGUMENT ...]: writes its current folder and its arguments to the file, a line
-// each, and ends with the code.
+// report_arguments FILE CODE [ARGUMENT ...]: writes its current folder and its arguments to the file, one per
+// line, and exits with the code.
 #include <windows.h>
 
 #include "app/command_line/command_line.h"

@@ -1,4 +1,4 @@
-// What changes the session and the machine. Only calls that do nothing are made.
+// Members that change the session or the machine, with harmless system calls.
 #include "plugins/system/elevated_restart.h"
 #include "tarvik/text.h"
 #include "tests/plugins/system/system_fixture.h"
@@ -6,10 +6,10 @@
 namespace tarvik {
 namespace {
 
-TEST_F(HarmlessSystem, AsksForThePowerState) {
+TEST_F(HarmlessSystem, ChangesThePowerState) {
     const struct {
         const wchar_t* member;
-        const char* told;
+        const char* call;
     } rows[] = {
         {L"reboot", "end 2, privileged"},
         {L"shutdown", "end 8, privileged"},
@@ -20,15 +20,16 @@ TEST_F(HarmlessSystem, AsksForThePowerState) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(Narrow(row.member));
-        calls_.works = true;
-        EXPECT_EQ(Ask(row.member), "BOOL true");
-        calls_.works = false;
-        EXPECT_EQ(Ask(row.member), row.member == std::wstring(L"closeMonitor") ? "BOOL true" : "BOOL false");
-        EXPECT_THAT(calls_.Told(), ElementsAre(row.told, row.told));
+        calls_.succeeds = true;
+        EXPECT_EQ(CallSystem(row.member), "BOOL true");
+        calls_.succeeds = false;
+        EXPECT_EQ(CallSystem(row.member),
+                  row.member == std::wstring(L"closeMonitor") ? "BOOL true" : "BOOL false");
+        EXPECT_THAT(calls_.TakeCalls(), ElementsAre(row.call, row.call));
     }
 }
 
-TEST_F(HarmlessSystem, RestartsForMoreRights) {
+TEST_F(HarmlessSystem, RestartsElevated) {
     const auto put = [this](Argument value) {
         return PutMember(plugin_.Get(), L"administrator", std::move(value)).status;
     };
@@ -36,33 +37,33 @@ TEST_F(HarmlessSystem, RestartsForMoreRights) {
     EXPECT_THAT(put(1), HasStatus(E_INVALIDARG));
     calls_.isAdministrator = true;
     EXPECT_THAT(put(true), HasStatus(S_OK));
-    EXPECT_THAT(calls_.Told(), IsEmpty());
+    EXPECT_THAT(calls_.TakeCalls(), IsEmpty());
 
     calls_.isAdministrator = false;
     const std::string start = "open runas " + Narrow(ExecutablePath());
     for (const bool consent : {true, false}) {
-        calls_.works = consent;
+        calls_.succeeds = consent;
         EXPECT_THAT(put(true), HasStatus(E_ABORT));
-        EXPECT_THAT(calls_.Told(), ElementsAre(start, "quit"));
+        EXPECT_THAT(calls_.TakeCalls(), ElementsAre(start, "quit"));
     }
     EXPECT_EQ(RestartArguments(CCommandLine(L"\"my app.exe\" -f \"a b\" x")), L" -f a b x") << "not quoted";
     EXPECT_EQ(RestartArguments(CCommandLine(L"app.exe")), L"");
 }
 
-TEST_F(System, LetsALibraryRegisterItself) {
+TEST_F(System, RegistersLibraries) {
     const std::wstring library = Helper(L"self_registering.dll");
-    EXPECT_EQ(Ask(L"registerDll", library.c_str()), "BOOL true");
-    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "BSTR yes");
-    EXPECT_EQ(Ask(L"unregisterDll", library.c_str()), "BOOL false") << "S_FALSE is not S_OK";
-    EXPECT_EQ(Ask(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "NULL");
+    EXPECT_EQ(CallSystem(L"registerDll", library.c_str()), "BOOL true");
+    EXPECT_EQ(CallSystem(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "BSTR yes");
+    EXPECT_EQ(CallSystem(L"unregisterDll", library.c_str()), "BOOL false") << "S_FALSE is not S_OK";
+    EXPECT_EQ(CallSystem(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "NULL");
     EXPECT_FALSE(GetModuleHandleW(L"self_registering.dll"));
 
     CopyFileW(library.c_str(), (folder_ / L"beside the page.dll").c_str(), TRUE);
-    EXPECT_EQ(Ask(L"registerDll", L"beside the page.dll"), "BOOL true");
-    Ask(L"unregisterDll", L"beside the page.dll");
+    EXPECT_EQ(CallSystem(L"registerDll", L"beside the page.dll"), "BOOL true");
+    CallSystem(L"unregisterDll", L"beside the page.dll");
     folder_.Write(L"text.dll", "no library");
     for (const wchar_t* path : {L"missing.dll", L"text.dll", L"C:\\windows\\system32\\version.dll"})
-        EXPECT_EQ(Ask(L"registerDll", path), "BOOL false") << Narrow(path);
+        EXPECT_EQ(CallSystem(L"registerDll", path), "BOOL false") << Narrow(path);
 }
 
 }  // namespace

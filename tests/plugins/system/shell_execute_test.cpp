@@ -10,22 +10,22 @@ using testing::UnorderedElementsAreArray;
 
 class ShellExecution : public System {
   protected:
-    // Options for the program of the tests, which tells its folder and arguments in a file.
-    OptionObject Telling(const wchar_t* file, int code, const std::wstring& arguments = L"") const {
+    // Options that start report_arguments.
+    OptionObject ReportingProgram(const wchar_t* file, int code, const std::wstring& arguments = L"") const {
         const std::wstring all =
             QuoteArgument(folder_ / file) + L" " + std::to_wstring(code) + L" " + arguments;
         OptionObject options;
-        options.Set(L"path", Helper(L"telling_program.exe").c_str()).Set(L"args", all.c_str());
+        options.Set(L"path", Helper(L"report_arguments.exe").c_str()).Set(L"args", all.c_str());
         return options;
     }
     std::string Execute(const OptionObject& options) const {
-        return Ask(L"shellExecute", static_cast<IDispatch*>(options));
+        return CallSystem(L"shellExecute", static_cast<IDispatch*>(options));
     }
     static bool PumpLong(const std::function<bool()>& condition) {
         return PumpUntil(condition, std::chrono::seconds(90));
     }
 
-    // Workers let go of what they hold a little after their last call, and of the function last.
+    // Workers release their references shortly after their last call, and the function last.
     void TearDown() override {
         EXPECT_TRUE(PumpLong([this] { return ended_->AddRef(), ended_->Release() == 1; }));
     }
@@ -34,13 +34,13 @@ class ShellExecution : public System {
     const ComPtr<Recorder> ended_ = MakeCom<Recorder>();
 };
 
-TEST_F(ShellExecution, TellsTheEndOfEachOfFiftyPrograms) {
+TEST_F(ShellExecution, ReportsTheExitOfFiftyPrograms) {
     constexpr int kPrograms = 50;
     std::vector<std::string> expected;
     {
-        const auto plugin = Plugin(L"system");  // only the programs keep it, from the end of this block on
+        const auto plugin = Plugin(L"system");  // only the workers retain it after this block
         for (int i = 0; i < kPrograms; ++i) {
-            const OptionObject options = Telling((L"told " + std::to_wstring(i)).c_str(), i * 5);
+            const OptionObject options = ReportingProgram((L"reported " + std::to_wstring(i)).c_str(), i * 5);
             options.Set(L"exitCallback", ended_).Set(L"context", i);
             EXPECT_EQ(ResultText(CallMember(plugin.Get(), L"shellExecute", static_cast<IDispatch*>(options))),
                       "BOOL true");
@@ -56,26 +56,26 @@ TEST_F(ShellExecution, TellsTheEndOfEachOfFiftyPrograms) {
 TEST_F(ShellExecution, PassesArgumentsFolderAndEnvironmentAsGiven) {
     folder_.Write(L"work\\inside", "");
     const OptionObject options =
-        Telling(L"told", 259, L"\"two words\" \"a \\\"quote\\\"\" \u6f22 %TEMP% \"\" last\\");
+        ReportingProgram(L"reported", 259, L"\"two words\" \"a \\\"quote\\\"\" \u6f22 %TEMP% \"\" last\\");
     const OptionObject context;
     options.Set(L"workDir", L"work").Set(L"exitCallback", ended_).Set(L"context", context);
     EXPECT_EQ(Execute(options), "BOOL true");
     ASSERT_TRUE(PumpLong([&] { return !ended_->calls.empty(); }));
-    EXPECT_EQ(ValueText(ended_->calls[0].arguments[0]), "UI4 259") << "and not for still active";
+    EXPECT_EQ(ValueText(ended_->calls[0].arguments[0]), "UI4 259") << "not taken for STILL_ACTIVE";
     EXPECT_EQ(ended_->calls[0].arguments[1].pdispVal, static_cast<IDispatch*>(context));
-    EXPECT_EQ(ReadFileBytes(folder_ / L"told"),
+    EXPECT_EQ(ReadFileBytes(folder_ / L"reported"),
               Narrow(folder_ / L"work") + "\ntwo words\na \"quote\"\n\xe6\xbc\xa2\n%TEMP%\n\nlast\\\n");
 }
 
-TEST_F(ShellExecution, AnswersTheOtherWayRoundWithoutAFunction) {
-    EXPECT_EQ(Execute(Telling(L"told", 0)), "BOOL false") << "it was started";
-    EXPECT_TRUE(PumpLong([&] { return FileExists(folder_ / L"told"); }));
+TEST_F(ShellExecution, ReturnsTheOppositeWithoutAFunction) {
+    EXPECT_EQ(Execute(ReportingProgram(L"reported", 0)), "BOOL false") << "started";
+    EXPECT_TRUE(PumpLong([&] { return FileExists(folder_ / L"reported"); }));
     OptionObject missing;
     missing.Set(L"path", L"missing.exe").Set(L"exitCallback", L"no function");
     EXPECT_EQ(Execute(missing), "BOOL true");
 }
 
-TEST_F(ShellExecution, StartsNothingOfWhatCannotBeStarted) {
+TEST_F(ShellExecution, FailsForMissingAndInvalidPrograms) {
     folder_.Write(L"text.exe", "no program");
     OptionObject options;
     options.Set(L"exitCallback", ended_);
@@ -83,39 +83,39 @@ TEST_F(ShellExecution, StartsNothingOfWhatCannotBeStarted) {
     for (const wchar_t* path : {L"missing.exe", L"text.exe", L""}) {
         options.Set(L"path", path);
         const auto execute = [&] { EXPECT_EQ(Execute(options), "BOOL false") << Narrow(path); };
-        // The system tells the user, and waits.
+        // The system shows an error message.
         if (*path) {
             AnswerDialogs(execute, [](HWND first) { EXPECT_TRUE(Press(first, IDOK)); });
         } else {
             execute();
         }
     }
-    EXPECT_EQ(Ask(L"shellExecute", static_cast<IDispatch*>(nullptr)), "BOOL false");
+    EXPECT_EQ(CallSystem(L"shellExecute", static_cast<IDispatch*>(nullptr)), "BOOL false");
     EXPECT_EQ(ended_->calls.size(), 0u);
 }
 
-TEST_F(HarmlessSystem, AsksTheUserForRightsThatItHasNot) {
+TEST_F(HarmlessSystem, PromptsForElevation) {
     const auto ended = MakeCom<Recorder>();
     const auto execute = [&](const auto& requestAdmin, bool isWatched) {
         OptionObject options;
         options.Set(L"path", L"app.exe").Set(L"requestAdmin", requestAdmin);
         if (isWatched) options.Set(L"exitCallback", ended);
-        return Ask(L"shellExecute", static_cast<IDispatch*>(options));
+        return CallSystem(L"shellExecute", static_cast<IDispatch*>(options));
     };
     EXPECT_EQ(execute(true, false), "BOOL false");
     EXPECT_EQ(execute(true, true), "BOOL true");
     EXPECT_EQ(execute(1, true), "BOOL true");
     calls_.isAdministrator = true;
     EXPECT_EQ(execute(true, true), "BOOL true");
-    EXPECT_THAT(calls_.Told(), ElementsAre("open runas C:\\app.exe", "execute runas C:\\app.exe",
-                                           "execute - C:\\app.exe", "execute - C:\\app.exe"));
-    calls_.works = false;
+    EXPECT_THAT(calls_.TakeCalls(), ElementsAre("open runas C:\\app.exe", "execute runas C:\\app.exe",
+                                                "execute - C:\\app.exe", "execute - C:\\app.exe"));
+    calls_.succeeds = false;
     EXPECT_EQ(execute(true, false), "BOOL true");
     for (const DWORD error : {ERROR_CANCELLED, ERROR_ACCESS_DENIED, ERROR_SUCCESS}) {
         calls_.error = error;
         EXPECT_EQ(execute(true, true), "BOOL false");
     }
-    // There was no process to wait for, so nobody is called, and all is let go.
+    // Without a process to wait for, the workers call nothing and release their references.
     EXPECT_TRUE(PumpUntil([&] { return ended->AddRef(), ended->Release() == 1; }));
     EXPECT_EQ(ended->calls.size(), 0u);
 }

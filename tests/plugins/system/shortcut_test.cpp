@@ -10,7 +10,7 @@ namespace {
 class Shortcuts : public System {
   protected:
     std::string Create(const OptionObject& options) const {
-        return Ask(L"createShortcut", static_cast<IDispatch*>(options));
+        return CallSystem(L"createShortcut", static_cast<IDispatch*>(options));
     }
     static std::wstring Desktop() {
         return ReadPath(
@@ -20,13 +20,13 @@ class Shortcuts : public System {
 
 constexpr wchar_t kUrl[] = L"http://localhost/page";
 
-TEST_F(Shortcuts, GetTheNameThatTheirTableSays) {
+TEST_F(Shortcuts, AreSavedUnderTheExpectedName) {
     const struct {
         const wchar_t* src;
         const wchar_t* dest;
         const wchar_t* destName;
         bool desktop;
-        const wchar_t* made;  // beside the page or on the desktop; null: nothing
+        const wchar_t* made;  // in the page's folder or on the desktop; null if none
     } rows[] = {
         {L"b.exe", L"a", nullptr, false, L"a.lnk"},
         {L"b.exe", L"b.LNK", nullptr, false, L"b.LNK"},
@@ -45,7 +45,7 @@ TEST_F(Shortcuts, GetTheNameThatTheirTableSays) {
         {L"b.exe", L"no\\folder\\j", nullptr, false, nullptr},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.made ? Narrow(row.made) : "nothing");
+        SCOPED_TRACE(row.made ? Narrow(row.made) : "none");
         OptionObject options;
         if (row.src) options.Set(L"src", row.src);
         if (row.dest) options.Set(L"dest", row.dest);
@@ -57,12 +57,12 @@ TEST_F(Shortcuts, GetTheNameThatTheirTableSays) {
         EXPECT_TRUE(FileExists(path));
         DeleteFileW(path.c_str());
     }
-    EXPECT_THAT(ReadTree(folder_.Path()), IsEmpty()) << "nothing else was made";
-    EXPECT_EQ(Ask(L"createShortcut", static_cast<IDispatch*>(nullptr)), "BOOL false");
-    EXPECT_EQ(Ask(L"createShortcut", L"b.exe"), StatusText(E_INVALIDARG));
+    EXPECT_THAT(ReadTree(folder_.Path()), IsEmpty()) << "no other file";
+    EXPECT_EQ(CallSystem(L"createShortcut", static_cast<IDispatch*>(nullptr)), "BOOL false");
+    EXPECT_EQ(CallSystem(L"createShortcut", L"b.exe"), StatusText(E_INVALIDARG));
 }
 
-TEST_F(Shortcuts, SayWhatTheyWereToldInTheFileItself) {
+TEST_F(Shortcuts, ContainTheGivenOptions) {
     const std::wstring target = folder_.Write(L"inner\\app.exe", "");
     const OptionObject options;
     options.Set(L"src", L"inner\\app.exe").Set(L"dest", L"link").Set(L"iconIndex", 3);
@@ -73,7 +73,7 @@ TEST_F(Shortcuts, SayWhatTheyWereToldInTheFileItself) {
     EXPECT_EQ(plain.folder, folder_ / L"inner");
     EXPECT_EQ(plain.arguments, L"");
     EXPECT_EQ(plain.icon, L"");
-    EXPECT_EQ(plain.iconIndex, 0) << "without an icon the index is not read";
+    EXPECT_EQ(plain.iconIndex, 0) << "ignored without an icon";
 
     const OptionObject full;
     full.Set(L"src", target.c_str()).Set(L"dest", L"full").Set(L"iconIndex", 3);
@@ -91,17 +91,17 @@ TEST_F(Shortcuts, SayWhatTheyWereToldInTheFileItself) {
     EXPECT_EQ(ResultText(GetMember(parsed.value.pdispVal, L"args")), "BSTR -a \"b \xe6\xbc\xa2\"");
 }
 
-TEST_F(Shortcuts, ReadsOnlyLinksAndThoseByTheirFullPath) {
+TEST_F(Shortcuts, AreParsedOnlyByTheirFullPath) {
     const OptionObject options;
     options.Set(L"src", L"app.exe").Set(L"dest", L"link");
     EXPECT_EQ(Create(options), "BOOL true");
     const std::wstring text = folder_.Write(L"text.lnk", "no link");
     for (const wchar_t* path : {L"link.lnk", L"", L"missing.lnk", text.c_str(), folder_.Path().c_str()})
-        EXPECT_EQ(Ask(L"parseShortcut", path), "NULL") << Narrow(path);
-    EXPECT_EQ(Ask(L"parseShortcut", nullptr), StatusText(E_INVALIDARG));
+        EXPECT_EQ(CallSystem(L"parseShortcut", path), "NULL") << Narrow(path);
+    EXPECT_EQ(CallSystem(L"parseShortcut", nullptr), StatusText(E_INVALIDARG));
 }
 
-TEST_F(Shortcuts, ReadsWhatOthersWrite) {
+TEST_F(Shortcuts, OfOtherProgramsAreParsed) {
     const FullLink link = WriteFullLink(L"-a \u6f22");
     const auto parse = [&](const std::string& bytes) {
         return CallMember(plugin_.Get(), L"parseShortcut", folder_.Write(L"link", bytes).c_str());

@@ -6,35 +6,35 @@
 
 namespace tarvik {
 
-// Does nothing and tells what would have been done.
+// Records the calls and does nothing.
 class HarmlessCalls : public SystemCalls {
   public:
     bool IsAdministrator() override { return isAdministrator; }
-    bool EndSession(UINT how) override { return Tell("end " + std::to_string(how) + Privilege()); }
+    bool EndSession(UINT how) override { return Record("end " + std::to_string(how) + Privilege()); }
     bool Suspend(bool hibernate) override {
-        return Tell((hibernate ? "hibernate" : "suspend") + Privilege());
+        return Record((hibernate ? "hibernate" : "suspend") + Privilege());
     }
-    bool LockScreen() override { return Tell("lock"); }
-    void TurnOffMonitor() override { Tell("monitor off"); }
-    void QuitProgram() override { Tell("quit"); }
+    bool LockScreen() override { return Record("lock"); }
+    void TurnOffMonitor() override { Record("monitor off"); }
+    void QuitProgram() override { Record("quit"); }
     bool Open(const wchar_t* verb, const wchar_t* file, const wchar_t*, const wchar_t*) override {
-        return Tell("open " + Start(verb, file));
+        return Record("open " + Start(verb, file));
     }
     bool Execute(SHELLEXECUTEINFOW& info) override {
-        return Tell("execute " + Start(info.lpVerb, info.lpFile));
+        return Record("execute " + Start(info.lpVerb, info.lpFile));
     }
 
-    std::vector<std::string> Told() { return std::exchange(told_, {}); }
+    std::vector<std::string> TakeCalls() { return std::exchange(recorded_, {}); }
 
     bool isAdministrator = false;
-    bool works = true;
+    bool succeeds = true;
     DWORD error = 0;
 
   private:
-    bool Tell(std::string what) {
-        told_.push_back(std::move(what));
+    bool Record(std::string call) {
+        recorded_.push_back(std::move(call));
         SetLastError(error);
-        return works;
+        return succeeds;
     }
     static std::string Start(const wchar_t* verb, const wchar_t* file) {
         return (verb ? Narrow(verb) : "-") + " " + Narrow(file);
@@ -49,14 +49,14 @@ class HarmlessCalls : public SystemCalls {
         return isOn ? ", privileged" : "";
     }
 
-    std::vector<std::string> told_;
+    std::vector<std::string> recorded_;
 };
 
-// The plug-in of a page that lies in a folder of its own.
+// The plug-in in a page in a temporary folder.
 class System : public PluginsOfPage {
   protected:
     template <class... Args>
-    std::string Ask(const wchar_t* member, Args&&... args) const {
+    std::string CallSystem(const wchar_t* member, Args&&... args) const {
         return ResultText(CallMember(plugin_.Get(), member, std::forward<Args>(args)...));
     }
     std::string Get(const wchar_t* member) const { return ResultText(GetMember(plugin_.Get(), member)); }
@@ -65,11 +65,11 @@ class System : public PluginsOfPage {
         return FullPath(ExecutablePath() + L"\\..\\helpers\\" + name);
     }
 
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     const ComPtr<IDispatch> plugin_ = Plugin(L"system");
 };
 
-// The same over calls that do nothing.
+// The same with harmless system calls.
 class HarmlessSystem : public testing::Test {
   protected:
     HarmlessSystem() {
@@ -77,11 +77,11 @@ class HarmlessSystem : public testing::Test {
         EXPECT_EQ(plugin_->Initialize(core.Get(), nullptr), S_OK);
     }
     template <class... Args>
-    std::string Ask(const wchar_t* member, Args&&... args) const {
+    std::string CallSystem(const wchar_t* member, Args&&... args) const {
         return ResultText(CallMember(plugin_.Get(), member, std::forward<Args>(args)...));
     }
 
-    const ObjectCheck noneIsLeft_;
+    const ObjectCheck objectCheck_;
     HarmlessCalls calls_;
     const ComPtr<CSystemPlugin> plugin_ = MakeCom<CSystemPlugin>(calls_);
 };
