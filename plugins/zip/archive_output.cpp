@@ -8,13 +8,13 @@ namespace tarvik {
 
 namespace {
 
-// The current folder may change until the file has to go again.
-std::wstring PinnedPath(const std::wstring& path) {
+// Absolute, because the current folder may change before the destructor deletes the file.
+std::wstring AbsolutePath(const std::wstring& path) {
     if (path.empty()) throw StatusError(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
     return FullPath(path);
 }
 
-// A file has a short name beside the one that folders list.
+// The name that the folder lists, not the short one.
 std::wstring ListedName(const std::wstring& path) {
     const std::wstring full =
         ReadPath([&](wchar_t* buffer) { GetLongPathNameW(path.c_str(), buffer, kPathLength); });
@@ -24,7 +24,7 @@ std::wstring ListedName(const std::wstring& path) {
 }  // namespace
 
 FileOutput::FileOutput(const std::wstring& path, bool overWrite)
-    : path_(PinnedPath(path)),
+    : path_(AbsolutePath(path)),
       file_(CreateFileW(path_.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                         overWrite ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)) {
     if (!file_) ThrowLastError();
@@ -38,16 +38,16 @@ FileOutput::~FileOutput() {
 }
 
 size_t FileOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
-    LARGE_INTEGER place;
-    place.QuadPart = static_cast<LONGLONG>(offset);
+    LARGE_INTEGER position;
+    position.QuadPart = static_cast<LONGLONG>(offset);
     DWORD written = 0;
-    if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_BEGIN))
+    if (SetFilePointerEx(file_.Get(), position, nullptr, FILE_BEGIN))
         WriteFile(file_.Get(), data, count, &written, nullptr);
     return written;
 }
 
-// Few files have the same name, so few are opened for this.
-bool FileOutput::LiesAt(const std::wstring& path) const {
+// Compares the names first, so that few files are opened.
+bool FileOutput::IsAt(const std::wstring& path) const {
     return SameIgnoringCase(FileNameOf(path), name_) && IsSameFile(path, path_);
 }
 

@@ -10,23 +10,23 @@
 
 namespace tarvik {
 
-// Where an archive goes. Pieces come with the place that they belong to, which also lies further in front.
+// The destination of an archive. Offsets may decrease between writes.
 class ArchiveOutput {
   public:
     virtual ~ArchiveOutput() = default;
-    virtual size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) = 0;  // the bytes written
-    virtual void Keep() = 0;                                                      // the archive is complete
-    virtual bool LiesAt(const std::wstring& path) const = 0;                      // a path as folders list it
+    virtual size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) = 0;  // returns the bytes written
+    virtual void Commit() = 0;                                                    // the archive is complete
+    virtual bool IsAt(const std::wstring& path) const = 0;  // takes a path as its folder lists it
 };
 
-// A new file. It goes again, unless it is kept.
+// A new file, deleted by the destructor unless Commit has been called.
 class FileOutput : public ArchiveOutput {
   public:
-    FileOutput(const std::wstring& path, bool overWrite);  // throws the status of the failure
+    FileOutput(const std::wstring& path, bool overWrite);  // failures are thrown
     ~FileOutput() override;
     size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) override;
-    void Keep() override { file_.Reset(); }
-    bool LiesAt(const std::wstring& path) const override;
+    void Commit() override { file_.Reset(); }
+    bool IsAt(const std::wstring& path) const override;
 
   private:
     std::wstring path_;
@@ -38,8 +38,8 @@ class StreamOutput : public ArchiveOutput {
   public:
     explicit StreamOutput(TVK::IStream* stream) : stream_(stream) {}
     size_t WriteAt(ULONGLONG offset, const void* data, DWORD count) override;
-    void Keep() override {}
-    bool LiesAt(const std::wstring&) const override { return false; }
+    void Commit() override {}
+    bool IsAt(const std::wstring&) const override { return false; }
 
   private:
     ComPtr<TVK::IStream> stream_;

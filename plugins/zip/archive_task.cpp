@@ -9,8 +9,8 @@ CZipPlugin& ArchiveTask::Plugin() const {
 }
 
 const VARIANT& ArchiveTask::Context() {
-    const VARIANT& taken = AsyncTask::Context();
-    if (taken.vt == VT_DISPATCH) return taken;
+    const VARIANT& marshaled = AsyncTask::Context();
+    if (marshaled.vt == VT_DISPATCH) return marshaled;
     if (!plainContext_) plainContext_ = Given().Value(L"context");
     return *plainContext_;
 }

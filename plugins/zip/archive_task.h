@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// A run of `minizip`. Only its functions and objects are taken along; all other options are read by the
-// worker, from the script object itself. So script may still change them after the call.
+// A task of `minizip`. Only functions and objects are marshaled when it is created; the worker reads all
+// other options from the script object itself, so scripts may change them after the call.
 class ArchiveTask : public AsyncTask {
   public:
     ArchiveTask(IDispatch* plugin, const Options& options)
@@ -20,7 +20,7 @@ class ArchiveTask : public AsyncTask {
     const VARIANT& Context() override;
 
   private:
-    ComPtr<IDispatch> plugin_;  // itself, with no proxy; it lives at least as long as the run
+    ComPtr<IDispatch> plugin_;  // used directly, without a proxy
     MarshaledObject options_;
     std::optional<Variant> plainContext_;
 };

@@ -7,11 +7,11 @@
 
 namespace tarvik {
 
-// How a worker thread, which holds a plug-in as an interface only, reaches the native object behind it.
+// Gives a worker thread, which has only an interface of the plug-in, access to the native object.
 MIDL_INTERFACE("ED8550FC-4519-42A9-8B4A-2AC8A12030D9")
 IContext : public IUnknown {
   public:
-    virtual void* STDMETHODCALLTYPE GetContext() = 0;  // the object itself; no reference
+    virtual void* STDMETHODCALLTYPE GetContext() = 0;  // without a reference
 };
 
 // T derives from this.

@@ -12,15 +12,15 @@ namespace tarvik {
 
 namespace {
 
-constexpr ULONGLONG kMostBytes = MZ_UINT32_MAX;
+constexpr ULONGLONG kMaxBytes = MZ_UINT32_MAX;
 
 std::unique_ptr<ArchiveOutput> OpenOutput(const CreateOptions& options) {
     if (options.stream) return std::make_unique<StreamOutput>(options.stream);
     return std::make_unique<FileOutput>(options.dest, options.overWrite);
 }
 
-// Tells script's `progress` after each write. Unlike in `unzip` the sizes are told in 64 bits, and the second
-// of them stays 0; both is intended.
+// Calls `progress` after each write. By design, unlike in `unzip`, sizes are VT_UI8 and the second one is
+// always 0.
 struct ArchiveWriteContext {
     ArchiveOutput& output;
     IDispatch* progress;
@@ -29,7 +29,7 @@ struct ArchiveWriteContext {
     Variant processingFile = Variant::Text({});
     Variant processeedSize = Variant::UI8(0);
 
-    bool GoesOn() const {
+    bool ReportProgress() const {  // false to abort
         if (!progress) return true;
         Variant answer;
         CallScriptFunction(progress, {&processingFile, &total, &processeedSize, &context}, &answer);
@@ -37,21 +37,22 @@ struct ArchiveWriteContext {
     }
 };
 
-constexpr size_t kGiveUp = static_cast<size_t>(-1);
+constexpr size_t kAbort = static_cast<size_t>(-1);
 
 size_t OnArchiveWrite(void* target, mz_uint64 offset, const void* data, size_t count) noexcept {
     size_t written = 0;
     const HRESULT status = Guard([&] {
         const auto& write = *static_cast<ArchiveWriteContext*>(target);
-        if (count > kMostBytes || offset > kMostBytes - count) return E_FAIL;
+        if (count > kMaxBytes || offset > kMaxBytes - count) return E_FAIL;
         written = write.output.WriteAt(offset, data, static_cast<DWORD>(count));
-        return write.GoesOn() ? S_OK : E_FAIL;
+        return write.ReportProgress() ? S_OK : E_FAIL;
     });
-    return status == S_OK ? written : kGiveUp;
+    return status == S_OK ? written : kAbort;
 }
 
 void AddEntry(ArchiveWriter& archive, const Source& source) {
-    // What has vanished since it was found has all attributes, so it becomes a folder; that is intended.
+    // By design a source that has been deleted meanwhile becomes a folder: INVALID_FILE_ATTRIBUTES has all
+    // bits set.
     const bool isFolder = (GetFileAttributesW(source.path.c_str()) & FILE_ATTRIBUTE_DIRECTORY) != 0;
     const std::wstring name = EntryName(source, isFolder);
     if (isFolder) {
@@ -74,7 +75,7 @@ void CZipPlugin::CreateArchive(const CreateOptions& options) {
         AddEntry(archive, source);
     }
     archive.Finish();
-    output->Keep();
+    output->Commit();
 }
 
 }  // namespace tarvik

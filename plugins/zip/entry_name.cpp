@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-bool IsGood(const std::wstring& name) {
+bool IsValidName(const std::wstring& name) {
     return !name.empty() && name.front() != L'/' && name.find(L':') == std::wstring::npos;
 }
 
@@ -22,7 +22,7 @@ std::wstring EntryName(const Source& source, bool isFolder) {
                                                          : path.substr(source.rootLength + 1);
     if (isFolder) name += L'\\';
     std::ranges::replace(name, L'\\', L'/');
-    if (!IsGood(name)) throw StatusError(E_FAIL);
+    if (!IsValidName(name)) throw StatusError(E_FAIL);
     return name;
 }
 

@@ -6,10 +6,10 @@
 
 namespace tarvik {
 
-// What a source is called in the archive: a source that script named itself by its last component, everything
-// else by its path from the folder that script named, one character behind it. So a folder that was written
-// with a backslash at its end costs the names directly below it their first letter; that is intended. Throws
-// E_FAIL for a name that would be none.
+// The name of a source in the archive. A source from the option `src` is named by the last component of its
+// path, the contents of a folder by their path relative to it. By design that path starts one character after
+// the folder's, so a folder with a trailing backslash costs names their first letter. Throws E_FAIL if the
+// name is invalid.
 std::wstring EntryName(const Source& source, bool isFolder);
 
 }  // namespace tarvik

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-// Script engines know no 64-bit integers. What is more stays at the most that can be told.
+// JavaScript engines have no 64-bit integers, so larger counts become the largest 32-bit one.
 Variant Count(ULONGLONG bytes) {
     constexpr ULONGLONG kMost = std::numeric_limits<ULONG>::max();
     return Variant::UI4(static_cast<ULONG>(std::min(bytes, kMost)));

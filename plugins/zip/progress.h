@@ -10,11 +10,10 @@
 
 namespace tarvik {
 
-// Tells script's `progress` how a run goes on, and reads from its answers how it shall go on. Without a
-// function everything goes on. A script error counts as no answer.
+// Reports an extraction to `progress`, whose result can skip a member or stop. Script errors are ignored.
 class Progress : public ExtractListener {
   public:
-    // Both are borrowed.
+    // Borrows both. The function may be null.
     Progress(IDispatch* function, const VARIANT& context) : function_(function), context_(context) {}
 
     void SetTotal(ULONGLONG total) override { total_ = total; }

@@ -16,9 +16,9 @@ ULONGLONG SizeOf(const std::wstring& path) {
     return static_cast<ULONGLONG>(size.QuadPart);
 }
 
-class Finder {
+class SourceFinder {
   public:
-    Finder(size_t most, const ArchiveOutput& archive) : most_(most), archive_(archive) {}
+    SourceFinder(size_t limit, const ArchiveOutput& archive) : limit_(limit), archive_(archive) {}
 
     void Add(const std::wstring& path) {
         const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -33,31 +33,31 @@ class Finder {
     SourceList Result() && { return std::move(list_); }
 
   private:
-    // The folder itself is not reported, so it gets no entry.
+    // WalkFolder does not report the folder itself, so it gets no entry.
     void AddContents(const std::wstring& folder) {
         const HRESULT status =
             WalkFolder(folder, nullptr, true, [&](const std::wstring& path, DWORD, ULONGLONG size) {
-                if (!archive_.LiesAt(path)) Add(folder.size(), path, size);
+                if (!archive_.IsAt(path)) Add(folder.size(), path, size);
                 return S_OK;
             });
-        if (FAILED(status) && status != E_FAIL) throw StatusError(status);  // E_FAIL: it is empty
+        if (FAILED(status) && status != E_FAIL) throw StatusError(status);  // E_FAIL: empty
     }
 
     void Add(size_t rootLength, const std::wstring& path, ULONGLONG size) {
-        if (list_.sources.size() == most_) throw StatusError(E_FAIL);
+        if (list_.sources.size() == limit_) throw StatusError(E_FAIL);
         list_.sources.push_back({rootLength, path});
         list_.totalSize += size;
     }
 
     SourceList list_;
-    size_t most_;
+    size_t limit_;
     const ArchiveOutput& archive_;
 };
 
 }  // namespace
 
-SourceList FindSources(const std::vector<std::wstring>& paths, size_t most, const ArchiveOutput& archive) {
-    Finder finder(most, archive);
+SourceList FindSources(const std::vector<std::wstring>& paths, size_t limit, const ArchiveOutput& archive) {
+    SourceFinder finder(limit, archive);
     for (const std::wstring& path : paths)
         finder.Add(path);
     return std::move(finder).Result();

@@ -9,9 +9,9 @@
 
 namespace tarvik {
 
-// Something to pack, and how long the path is that script named for it: its own, or that of a folder above.
+// A file or folder to pack.
 struct Source {
-    size_t rootLength;
+    size_t rootLength;  // of the path in the option `src`: this one or that of a parent
     std::wstring path;
 };
 
@@ -20,10 +20,10 @@ struct SourceList {
     ULONGLONG totalSize = 0;  // of the files
 };
 
-// Finds everything below the folders, except the archive itself, and takes the files as they are, in the
-// order of the paths; a folder stands behind its contents. Throws E_FAIL for a path that leads nowhere and
-// for more than `most` sources, and the system's error where one of the paths cannot be opened. A folder
-// further down that cannot be read counts as empty.
-SourceList FindSources(const std::vector<std::wstring>& paths, size_t most, const ArchiveOutput& archive);
+// Lists the files in `paths` and the contents of the folders, except the archive itself, in the order of the
+// paths; a folder follows its contents. Throws E_FAIL for a missing path and for more than `limit` sources,
+// and the system's status if one of the paths cannot be opened. A subfolder that cannot be read counts as
+// empty.
+SourceList FindSources(const std::vector<std::wstring>& paths, size_t limit, const ArchiveOutput& archive);
 
 }  // namespace tarvik

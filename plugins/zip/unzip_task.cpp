@@ -17,12 +17,13 @@ class UnzipTask : public ArchiveTask {
         const Options given = Given();
         const auto dest = given.Text(L"dest");
         if (!dest || dest->empty()) throw StatusError(E_INVALIDARG);
-        // The system makes no folder that is named from the current one, and that may change during the run.
+        // The system creates folders only by absolute paths here, and the current folder may change
+        // meanwhile.
         return {FullPath(*dest), given.Flag(L"overWrite"), Progress(), &Context()};
     }
 };
 
-// The two orders of fail differ on purpose: scripts are written against them.
+// The contract requires another order of the arguments of `fail` in each of the two tasks.
 class UnzipFileTask : public UnzipTask {
   public:
     using UnzipTask::UnzipTask;
@@ -41,7 +42,7 @@ class UnzipFileTask : public UnzipTask {
     }
 };
 
-// Whether every page can be read at this moment. Pages may hand in any number as an address.
+// Whether all of the memory can be read now. A script may pass any number as an address.
 bool IsReadable(Bytes bytes) {
     constexpr DWORD kReadable = PAGE_READONLY | PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READ |
                                 PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
@@ -75,7 +76,7 @@ class UnzipMemoryTask : public UnzipTask {
     }
 
     static Bytes ReadSource(const Options& given) {
-        // Whatever its kind, the eight bytes of the value are the address.
+        // The contract takes the eight bytes of a value of any type for the address.
         const Variant buffer = given.Value(L"buffer");
         Variant length = given.Value(L"length");
         if (buffer.Is(VT_EMPTY) || length.Is(VT_EMPTY) || !length.ChangeType(VT_UI4))
@@ -89,7 +90,7 @@ class UnzipMemoryTask : public UnzipTask {
 }  // namespace
 
 HRESULT StartUnzip(IDispatch* plugin, const Options& options) {
-    // The presence of `src`, of whatever kind, chooses the source.
+    // A `src` of any type selects the file.
     if (options.Value(L"src").Is(VT_EMPTY))
         return StartWorker(std::make_unique<UnzipMemoryTask>(plugin, options));
     return StartWorker(std::make_unique<UnzipFileTask>(plugin, options));

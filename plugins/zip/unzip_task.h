@@ -7,8 +7,7 @@
 
 namespace tarvik {
 
-// Starts a run of `unzip`; script hears the rest from its functions. A run that cannot be started gives the
-// status of the failure, or throws it.
+// Starts `unzip`, which reports through its functions. A failure to start is returned or thrown.
 HRESULT StartUnzip(IDispatch* plugin, const Options& options);
 
 }  // namespace tarvik

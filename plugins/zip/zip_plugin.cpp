@@ -29,7 +29,7 @@ HRESULT CZipPlugin::Zip(const Call& call) {
     return Start(StartZip, call);
 }
 
-HRESULT CZipPlugin::Start(StartRun start, const Call& call) {
+HRESULT CZipPlugin::Start(StartFunction start, const Call& call) {
     IDispatch* options = nullptr;
     if (call.Count() == 0 || !FromVariant(call.At(0), options) || !options) return E_INVALIDARG;
     return start(this, Options(options));

@@ -51,7 +51,7 @@ class ZipTask : public ArchiveTask {
     }
 
     MarshaledObject sourceArray_;
-    ComPtr<TVK::IStream> stream_;  // itself: there is no proxy for it
+    ComPtr<TVK::IStream> stream_;  // used directly, without a proxy
 };
 
 }  // namespace

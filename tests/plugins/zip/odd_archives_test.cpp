@@ -3,7 +3,7 @@
 #include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
-// Archives that other programs write, with what is unusual in them.
+// Unusual archives of other programs.
 namespace tarvik {
 namespace {
 
@@ -53,8 +53,8 @@ TEST_F(Unzip, ReadsUnmarkedNamesInTheCodePageOfTheSystem) {
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\" + Widen(name, CP_ACP)), "1");
 }
 
-// The system's own errors differ from case to case.
-TEST_F(Unzip, EndsWhereAFileAndAFolderHaveOneName) {
+// With one status, in place of the system's errors, which differ from case to case.
+TEST_F(Unzip, FailsIfAFileAndAFolderHaveOneName) {
     const std::string taken = UnzipFailText(HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
     const std::vector<ArchiveMember> archives[] = {
         {{"d", "1"}, {"d/", ""}}, {{"d", "1"}, {"d/a", "2"}}, {{"d", "1"}, {"d/e/a", "2"}},

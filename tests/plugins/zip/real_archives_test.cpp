@@ -2,16 +2,16 @@
 
 #include "tests/plugins/zip/zip_fixture.h"
 
-// Archives made by the programs that people use (see make_archives), and made for them (see check_archives).
+// Archives of common programs (see make_archives), and archives for them (see check_archives).
 namespace tarvik {
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST_F(Unzip, RealArchivesComeOutAsTheyWentIn) {
+TEST_F(Unzip, ExtractsArchivesOfCommonPrograms) {
     const struct {
         const char* name;
-        const char* tree;  // what must come out
+        const char* tree;  // the expected contents
         int index = 0;
     } archives[] = {
         {"zip.zip", "ascii"},     {"zip-stored.zip", "ascii"}, {"zip-comment.zip", "ascii"},
@@ -34,7 +34,7 @@ TEST_F(Unzip, RealArchivesComeOutAsTheyWentIn) {
 
 class PackedTrees : public Zip {
   protected:
-    // Left there for check_archives.
+    // Leaves the archive for check_archives.
     std::wstring PackForOthers(const std::string& tree) {
         const fs::path archive = fs::absolute("packed") / (tree + ".zip");
         fs::create_directories(archive.parent_path());
@@ -49,7 +49,7 @@ class PackedTrees : public Zip {
     }
 };
 
-TEST_F(PackedTrees, ComeOutAsTheyWentIn) {
+TEST_F(PackedTrees, AreExtractedUnchanged) {
     EXPECT_EQ(RunOn(ReadFileBytes(PackForOthers("tree"))).text, kSuccess);
     EXPECT_EQ(ReadTree(Dest()), ReadTree(fs::absolute("archives/tree")));
 }

@@ -3,13 +3,13 @@
 #include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
-// What a run leaves on the disk.
+// The files that unzip leaves on disk.
 namespace tarvik {
 namespace {
 
 const std::string kAlreadyThere = UnzipFailText(HRESULT_FROM_WIN32(ERROR_FILE_EXISTS));
 
-TEST_F(Unzip, ReplacesFilesOnlyWhenToldTo) {
+TEST_F(Unzip, ReplacesFilesOnlyWithOverWrite) {
     const std::string archive = WriteArchive({{"a", "new"}, {"b", "b"}});
     folder_.Write(L"out\\a", "the old one, which is longer");
     EXPECT_EQ(RunOn(archive).text, kAlreadyThere);
@@ -19,8 +19,8 @@ TEST_F(Unzip, ReplacesFilesOnlyWhenToldTo) {
     EXPECT_EQ(ReadFileBytes(Dest() + L"\\a"), "new");
 }
 
-// However the folder is written, it is made for a run and goes with one that fails; one that was there stays.
-TEST_F(Unzip, RemovesAFolderThatItMadeAndNoOther) {
+// For every form of the folder's path.
+TEST_F(Unzip, DeletesItsFolderAfterAFailureUnlessItExisted) {
     namespace fs = std::filesystem;
     const std::string broken = WriteArchive({{"good", "1"}, {.name = "bad", .content = "2", .sum = 0}});
     const fs::path before = fs::current_path();
@@ -43,7 +43,7 @@ TEST_F(Unzip, RemovesAFolderThatItMadeAndNoOther) {
     EXPECT_FALSE(FileExists(Dest()));
 }
 
-TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
+TEST_F(Unzip, CreatesTheFoldersInNames) {
     const std::string archive =
         WriteArchive({{"deep/er/file", "1"}, {"only/", ""}, {"a//b", "2"}, {"./dot/c", "3"}});
     EXPECT_EQ(RunOn(archive).text, kSuccess);
@@ -51,7 +51,7 @@ TEST_F(Unzip, MakesFoldersAsNamesAskForThem) {
         {u8"a/", ""},   {u8"a/b", "2"},   {u8"deep/", ""}, {u8"deep/er/", ""}, {u8"deep/er/file", "1"},
         {u8"dot/", ""}, {u8"dot/c", "3"}, {u8"only/", ""}};
     EXPECT_EQ(ReadTree(Dest()), expected);
-    // Backslashes make no folders.
+    // Backslashes do not separate folders.
     EXPECT_EQ(RunOn(WriteArchive({{"new\\file", "1"}})).text,
               UnzipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)));
     EXPECT_EQ(RunOn(WriteArchive({})).text, kSuccess);
@@ -63,7 +63,7 @@ std::string Damaged(std::string archive, size_t at) {
     return archive;
 }
 
-TEST_F(Unzip, RefusesBrokenArchives) {
+TEST_F(Unzip, RejectsBrokenArchives) {
     constexpr std::uint64_t kHuge = ~std::uint64_t{0} - 8;
     const std::string c(3000, 'c');
     const std::string good = WriteArchive({{"a", c}});
@@ -74,7 +74,7 @@ TEST_F(Unzip, RefusesBrokenArchives) {
         {"cut at its start", good.substr(1)},
         {"damaged content", Damaged(good, 40)},
         {"damaged directory", Damaged(good, good.size() - 22 - 46 - 1)},
-        {"more members than there are", WriteArchive({{"a", c}}, {.count = 0xFFFF})},
+        {"member count too large", WriteArchive({{"a", c}}, {.count = 0xFFFF})},
     };
     for (const auto& [what, archive] : archives) {
         EXPECT_EQ(RunOn(archive).text, UnzipFailText(E_FAIL)) << what;
@@ -89,7 +89,7 @@ TEST_F(Unzip, RefusesBrokenArchives) {
         {"unknown method", {.name = "a", .content = c, .method = 12}},
         {"content of a folder", {.name = "a", .content = c, .attributes = 0x10}},
         {"packed size beyond 64 bits", {.name = "a", .content = c, .method = 0, .packedSize64 = kHuge}},
-        {"packed size of nothing", {.name = "a", .content = c, .packedSize64 = 0}},
+        {"packed size of 0", {.name = "a", .content = c, .packedSize64 = 0}},
         {"header beyond the archive",
          {.name = "a", .content = c, .method = 0, .packedSize64 = 3000, .headerOffset64 = kHuge}},
     };
@@ -99,7 +99,7 @@ TEST_F(Unzip, RefusesBrokenArchives) {
     }
 }
 
-std::vector<ArchiveMember> RefusedMembers() {
+std::vector<ArchiveMember> RejectedMembers() {
     constexpr std::uint64_t kHuge = ~std::uint64_t{0} - 8;
     using namespace std::string_literals;
     std::vector<ArchiveMember> members = {
@@ -112,9 +112,9 @@ std::vector<ArchiveMember> RefusedMembers() {
     return members;
 }
 
-TEST_F(Unzip, EndsAtARefusedMemberUnlessProgressSkipsIt) {
+TEST_F(Unzip, FailsAtARejectedMemberUnlessProgressSkipsIt) {
     CreateDirectoryW(Dest().c_str(), nullptr);
-    for (const ArchiveMember& member : RefusedMembers()) {
+    for (const ArchiveMember& member : RejectedMembers()) {
         SCOPED_TRACE(member.name);
         const std::string call = "BSTR " + member.name;
         const OptionObject options = OptionsFor(WriteArchive({{"good", "1"}, member, {"other", "2"}}));

@@ -1,17 +1,17 @@
 #include "tests/plugins/zip/zip_fixture.h"
 
-// The call, its sources and callbacks, and how `progress` steers a run.
+// The options, sources and callbacks of unzip.
 namespace tarvik {
 namespace {
 
-TEST_F(Unzip, AnswersMissingOptions) {
+TEST_F(Unzip, ReportsMissingOptions) {
     const std::string archive = "program" + WriteArchive({{"a", "1"}});
     const std::string noPath = UnzipFailText(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
     const auto with = [&](const wchar_t* name, auto value) {
         return Run(OptionsFor(archive).Set(name, value)).text;
     };
     EXPECT_EQ(with(L"dest", 5), UnzipFailText(E_INVALIDARG));
-    EXPECT_EQ(with(L"dest", L""), UnzipFailText(E_INVALIDARG)) << "else it would be the root of the drive";
+    EXPECT_EQ(with(L"dest", L""), UnzipFailText(E_INVALIDARG)) << "not the root of the drive";
     EXPECT_EQ(with(L"src", nullptr), noPath);
     EXPECT_EQ(with(L"index", 1), UnzipFailText(E_FAIL));
     EXPECT_EQ(with(L"index", -1), UnzipFailText(E_FAIL));
@@ -19,7 +19,7 @@ TEST_F(Unzip, AnswersMissingOptions) {
     EXPECT_EQ(RunOn("").text, UnzipFailText(HRESULT_FROM_WIN32(ERROR_FILE_INVALID)));
 }
 
-TEST_F(Unzip, ReadsAnArchiveInMemoryAndFailsInAnotherOrder) {
+TEST_F(Unzip, ReadsAnArchiveInMemory) {
     const auto fail = [](const std::string& context, HRESULT status) {
         return "fail: DISPATCH null, " + context + ", I4 " + std::to_string(status);
     };
@@ -55,9 +55,9 @@ TEST_F(Unzip, ReportsMembersAndData) {
                             "BSTR stored, UI4 140000, UI4 140000, BSTR c", "BSTR e"));
 }
 
-TEST_F(Unzip, IsSteeredByTheAnswerOfProgress) {
+TEST_F(Unzip, IsControlledByTheResultOfProgress) {
     const struct {
-        bool atStart;  // which of the two forms of progress is answered
+        bool atStart;  // whether the call at a member's start returns `answer`, or those for data
         Variant answer;
         std::string ending;
         size_t filesLeft;

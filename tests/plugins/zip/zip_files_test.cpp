@@ -7,7 +7,7 @@
 #include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
-// What goes into an archive, and what is left on the disk.
+// The contents of an archive, and the files that zip leaves on disk.
 namespace tarvik {
 namespace {
 
@@ -20,12 +20,12 @@ std::string Noise(size_t size) {
     return bytes;
 }
 
-TEST(EntryName, FollowsTheSourceThatScriptNamed) {
+TEST(EntryName, IsRelativeToTheGivenSource) {
     const struct {
         std::wstring root;
         std::wstring path;
         bool isFolder;
-        const wchar_t* name;  // null: refused
+        const wchar_t* name;  // null if rejected
     } cases[] = {
         {L"C:\\x", L"C:\\x\\deep\\a.txt", false, L"deep/a.txt"},
         {L"C:\\x", L"C:\\x\\deep", true, L"deep/"},
@@ -47,8 +47,8 @@ TEST(EntryName, FollowsTheSourceThatScriptNamed) {
     }
 }
 
-// Answers of progress change what is packed while it is packed.
-TEST_F(Zip, FindsOutWhatChangesBelowIt) {
+// `progress` changes the sources while they are packed.
+TEST_F(Zip, DetectsSourcesThatChange) {
     folder_.Write(L"source\\a", "1");
     const std::wstring later = folder_.Write(L"source\\b", Noise(200'000));
     const auto packWith = [&](const wchar_t* at, auto change) {
@@ -66,13 +66,13 @@ TEST_F(Zip, FindsOutWhatChangesBelowIt) {
     folder_.Write(L"source\\b", content);
     EXPECT_EQ(packWith(L"b", [&] { std::filesystem::resize_file(later, 300'000, ignored); }), kSuccess);
     EXPECT_EQ(RunOn(ReadFileBytes(Archive())).text, kSuccess);
-    EXPECT_EQ(ReadFileBytes(Dest() + L"\\b"), content) << "and nothing of what was appended";
+    EXPECT_EQ(ReadFileBytes(Dest() + L"\\b"), content) << "without the appended bytes";
     DeleteFileW(Archive().c_str());
     EXPECT_EQ(packWith(L"a", [&] { std::filesystem::remove(later, ignored); }), kSuccess);
     EXPECT_THAT(PackedNames(), ElementsAre("a", "b/"));
 }
 
-TEST_F(Zip, FailsWithNoFileLeftAndNoneReplaced) {
+TEST_F(Zip, LeavesNoFileAfterAFailure) {
     const std::wstring good = folder_.Write(L"source\\a", "1");
     const std::wstring missing = folder_ / L"missing";
     const auto with = [&](const wchar_t* name, auto&& value) {
@@ -106,7 +106,7 @@ TEST_F(Zip, FailsWithNoFileLeftAndNoneReplaced) {
     EXPECT_THAT(PackedNames(), ElementsAre("a"));
 }
 
-TEST_F(Zip, LeavesItselfOut) {
+TEST_F(Zip, ExcludesTheArchiveItself) {
     folder_.Write(L"source\\a", "1");
     folder_.Write(L"source\\deep\\packed.zip", "another one");
     for (const wchar_t* form : {L"\\packed.zip", L"\\0.zip", L"\\.\\deep/../PACKED.ZIP"}) {

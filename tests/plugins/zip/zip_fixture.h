@@ -9,13 +9,13 @@
 
 namespace tarvik {
 
-// Of an archive in a file: the context comes first there.
+// For an archive in a file, where the context is the first argument.
 inline std::string UnzipFailText(HRESULT status) {
     return "fail: EMPTY, I4 " + std::to_string(status);
 }
 
-// Calls unzip as script does and pumps messages until the run has ended; exactly one of `success` and
-// `fail` must have come. A run gives everything back at its end.
+// Calls unzip as a script does and pumps messages until the task has ended. Exactly one of `success` and
+// `fail` must be called, and the task must release all references.
 class Unzip : public testing::Test {
   protected:
     void TearDown() override {
@@ -32,7 +32,7 @@ class Unzip : public testing::Test {
         return RunMember(L"unzip", options, std::move(answer));
     }
 
-    // An archive in a file, into Dest().
+    // Options that extract an archive from a file to Dest().
     OptionObject OptionsFor(const std::string& archive) const {
         OptionObject options;
         return options.Set(L"src", folder_.Write(L"archive.zip", archive).c_str())
@@ -48,7 +48,7 @@ class Unzip : public testing::Test {
     ComPtr<CZipPlugin> plugin_ = MakeCom<CZipPlugin>();
 };
 
-// The names in an archive, in its own order.
+// The names in an archive, in the order of the archive.
 inline std::vector<std::string> EntryNames(const std::string& archive) {
     ArchiveReader reader(BytesOf(archive));
     std::vector<std::string> names;
@@ -57,7 +57,7 @@ inline std::vector<std::string> EntryNames(const std::string& archive) {
     return names;
 }
 
-// Calls zip as script does, until the run has ended. What it packs lies below Source().
+// Calls zip as a script does, until the task has ended. The sources are in Source().
 class Zip : public Unzip {
   protected:
     Ending Pack(const OptionObject& options, Recorder::Answer answer = {}) {

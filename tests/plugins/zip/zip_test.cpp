@@ -3,7 +3,7 @@
 #include "tarvik/text.h"
 #include "tests/plugins/zip/zip_fixture.h"
 
-// The call, its callbacks, how `progress` steers a run, and where the archive goes.
+// The options, callbacks and destinations of zip.
 namespace tarvik {
 namespace {
 
@@ -15,7 +15,7 @@ ComPtr<CArray> ArrayOf(Elements&&... elements) {
     return array;
 }
 
-TEST_F(Zip, ReportsEveryWriteWithTheEntryAtHand) {
+TEST_F(Zip, ReportsEveryWriteWithItsEntry) {
     const std::wstring first = folder_.Write(L"source\\a.txt", "12345");
     const std::wstring second = folder_.Write(L"source\\b.txt", "123");
     const Ending ending = Pack(PackingOf(Source()).Set(L"context", L"c"));
@@ -29,14 +29,14 @@ TEST_F(Zip, ReportsEveryWriteWithTheEntryAtHand) {
     EXPECT_EQ(ending.progress, expected);
 }
 
-TEST_F(Zip, GoesOnUnlessProgressAnswersFalse) {
+TEST_F(Zip, StopsOnlyIfProgressReturnsFalse) {
     folder_.Write(L"source\\a.txt", "12345");
     const OptionObject options = PackingOf(Source()).Set(L"overWrite", true);
     const auto run = [&](const Variant& answer) {
         return Pack(options, [&](const Recorder::Record&) { return Variant::Copy(answer); });
     };
     EXPECT_EQ(run(Variant::I4(0)).text, kSuccess);
-    // At any call, also where nothing is written, as for a folder.
+    // At any call, even for a folder, which writes no data.
     folder_.Write(L"source\\folder\\b.txt", "1");
     const size_t calls = run(Variant()).progress.size();
     for (size_t last = 1; last <= calls; ++last) {
@@ -49,7 +49,7 @@ TEST_F(Zip, GoesOnUnlessProgressAnswersFalse) {
     }
 }
 
-TEST_F(Zip, TakesSeveralSourcesInTheirOrder) {
+TEST_F(Zip, PacksSeveralSourcesInOrder) {
     folder_.Write(L"source\\z", "1");
     folder_.Write(L"source\\deep\\er\\a", "2");
     folder_.Write(L"source\\deep\\b", "3");
@@ -60,10 +60,10 @@ TEST_F(Zip, TakesSeveralSourcesInTheirOrder) {
     EXPECT_EQ(Pack(PackingOf(L"").Set(L"src", sources)).text, kSuccess);
     EXPECT_THAT(PackedNames(),
                 ElementsAre("single.txt", "deep/b", "deep/er/a", "deep/er/", "deep/", "none/", "z"))
-        << "folders stand behind their contents, and the folder that was named has no entry";
+        << "folders follow their contents, and the source folder has no entry";
 }
 
-TEST_F(Zip, MakesAnEmptyArchiveOfNothing) {
+TEST_F(Zip, CreatesAnEmptyArchive) {
     CreateDirectoryW(Source().c_str(), nullptr);
     const OptionObject options = PackingOf(Source()).Set(L"overWrite", true);
     EXPECT_THAT(Pack(options).progress, ElementsAre("BSTR , UI8 0, UI8 0, EMPTY"));
@@ -72,7 +72,7 @@ TEST_F(Zip, MakesAnEmptyArchiveOfNothing) {
     EXPECT_EQ(RunOn(ReadFileBytes(Archive())).text, kSuccess);
 }
 
-TEST_F(Zip, TakesObjectsAtOnceAndReadsTheRestLate) {
+TEST_F(Zip, MarshalsObjectsAtOnceAndReadsOtherOptionsLater) {
     const std::wstring file = folder_.Write(L"source\\a.txt", "12345");
     OptionObject options = PackingOf(L"");
     options.Set(L"src", ArrayOf(file.c_str())).Set(L"dest", 5);
@@ -82,7 +82,7 @@ TEST_F(Zip, TakesObjectsAtOnceAndReadsTheRestLate) {
     EXPECT_THAT(PackedNames(), ElementsAre("a.txt"));
 }
 
-TEST_F(Zip, WritesToAStreamWhatItWritesToAFile) {
+TEST_F(Zip, WritesTheSameBytesToAStream) {
     folder_.Write(L"source\\a.txt", std::string(500'000, 'a'));
     folder_.Write(L"source\\b.txt", "b");
     const OptionObject options = PackingOf(Source());
