@@ -26,19 +26,19 @@ STDMETHODIMP CHotkeyPlugin::Initialize(TVK::ICore* core, IUnknown*) {
     return S_OK;
 }
 
-// Some keyboard layouts have a capital on another key than its small letter, which is the one that is meant.
+// Lower case, because some keyboard layouts have a capital letter on another key.
 bool CHotkeyPlugin::Set(BSTR keys, IDispatch* function, std::optional<AnyValue> context) {
     if (!function) throw StatusError(E_INVALIDARG);
     std::wstring text(Bstr::View(keys));
     CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
-    const auto combination = ReadKeyCombination(text);
+    const auto combination = ParseKeyCombination(text);
     return combination && window_.Register(*combination, ComPtr<IDispatch>(function),
                                            context ? Variant::Copy(*context->value) : Variant());
 }
 
-// Unlike there, letters are taken as they are written; that is intended.
+// By design, unlike Set, this does not convert to lower case.
 bool CHotkeyPlugin::Clear(BSTR keys) {
-    const auto combination = ReadKeyCombination(Bstr::View(keys));
+    const auto combination = ParseKeyCombination(Bstr::View(keys));
     return combination && window_.Unregister(*combination);
 }
 

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// `hotkey`: keys that call the page wherever the user works. They stay when the page changes, until they are
-// cleared or the window goes; so does the plug-in.
+// `hotkey`: system-wide hot keys that call functions of the page. Hot keys and plug-in survive a navigation;
+// hot keys end when they are cleared or the window is destroyed.
 class CHotkeyPlugin : public TablePlugin<CHotkeyPlugin> {
   public:
     static constexpr char kClassName[] = "CHotkeyPlugin";

@@ -2,21 +2,21 @@
 
 #include <utility>
 
+#include "tarvik/script_object.h"
 #include "tarvik/status.h"
-#include "tarvik/properties.h"
 
 namespace tarvik {
 
-// Without a window the system would tell the thread, and nobody would hear.
+// Without a window RegisterHotKey would post WM_HOTKEY to the thread, which no window would receive.
 bool CHotkeySubclassWindow::Register(const KeyCombination& keys, ComPtr<IDispatch> function,
                                      Variant context) {
     if (!Window()) return false;
     HotKey hotKey{0, std::move(function), std::move(context)};
-    const auto [place, isNew] = hotKeys_.try_emplace(keys, std::move(hotKey));
+    const auto [entry, isNew] = hotKeys_.try_emplace(keys, std::move(hotKey));
     if (!isNew) return false;
-    place->second.id = nextId_++;
-    if (RegisterHotKey(Window(), place->second.id, keys.modifiers, keys.key)) return true;
-    const auto refused = hotKeys_.extract(place);
+    entry->second.id = nextId_++;
+    if (RegisterHotKey(Window(), entry->second.id, keys.modifiers, keys.key)) return true;
+    const auto removed = hotKeys_.extract(entry);
     return false;
 }
 
@@ -24,7 +24,7 @@ bool CHotkeySubclassWindow::Unregister(const KeyCombination& keys) {
     const auto found = hotKeys_.find(keys);
     if (found == hotKeys_.end()) return false;
     UnregisterHotKey(Window(), found->second.id);
-    const auto removed = hotKeys_.extract(found);  // let go of when the table is done with it
+    const auto removed = hotKeys_.extract(found);  // released after the map has been changed
     return true;
 }
 
@@ -33,9 +33,8 @@ bool CHotkeySubclassWindow::Call(const KeyCombination& keys) const {
     const auto found = hotKeys_.find(keys);
     if (found == hotKeys_.end()) return false;
     (void)Guard([&] {
-        const ComPtr<IDispatch> function = found->second.function;
-        const Variant context = Variant::Copy(found->second.context);
-        return CallScriptFunction(function.Get(), {&context});
+        const ScriptObject function(found->second.function.Get());
+        function(Variant::Copy(found->second.context));
     });
     return true;
 }

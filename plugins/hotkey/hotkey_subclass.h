@@ -6,25 +6,25 @@
 #include <map>
 
 #include "atl/window.h"
+#include "host/plugin_registry/window_numbers.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/variant.h"
 #include "plugins/hotkey/key_combination.h"
 
 namespace tarvik {
 
-// The hot keys of a window, which the system tells it of wherever the user works. The system lets go of them
-// with the window.
+// The system-wide hot keys of a window. The system unregisters them when it destroys the window.
 class CHotkeySubclassWindow : public CWindowImpl {
   public:
-    // The function is called as function(context) at each press. False, and nothing changes, if the window
-    // has the combination already, if anybody else has it, or if the window has gone.
+    // Each press calls function(context). Returns false and changes nothing if the combination is taken, by
+    // this window or another, or if the window has been destroyed.
     bool Register(const KeyCombination& keys, ComPtr<IDispatch> function, Variant context);
-    // Whether the window had it.
+    // Returns whether the combination was registered.
     bool Unregister(const KeyCombination& keys);
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    // What script gave may hold the plug-in that holds it.
+    // Releases functions and contexts: they may hold the plug-in, which would be a cycle.
     void OnFinalMessage(HWND window) override;
 
   private:
@@ -36,7 +36,7 @@ class CHotkeySubclassWindow : public CWindowImpl {
     bool Call(const KeyCombination& keys) const;
 
     std::map<KeyCombination, HotKey> hotKeys_;
-    int nextId_ = 1000;  // one that was refused is not used again
+    int nextId_ = kFirstHotKeyId;  // ids are not reused, even after a failure
 };
 
 }  // namespace tarvik

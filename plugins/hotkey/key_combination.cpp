@@ -23,14 +23,25 @@ constexpr Name kKeys[] = {
     {L"f8", VK_F8},         {L"f9", VK_F9},         {L"f10", VK_F10},        {L"f11", VK_F11},
     {L"f12", VK_F12}};
 
-std::optional<UINT> ReadCharacter(wchar_t character) {
+bool BeginsWith(std::wstring_view text, std::wstring_view start) {
+    return text.size() >= start.size() && _wcsnicmp(text.data(), start.data(), start.size()) == 0;
+}
+
+std::optional<UINT> ParseModifier(std::wstring_view text) {
+    for (const auto& [name, flag] : kModifiers) {
+        if (BeginsWith(text, name)) return flag;
+    }
+    return std::nullopt;
+}
+
+std::optional<UINT> ParseCharacter(wchar_t character) {
     constexpr BYTE kNoKey = 0xFF;
     const BYTE key = LOBYTE(VkKeyScanW(character));
     return key == kNoKey ? std::nullopt : std::optional<UINT>(key);
 }
 
-std::optional<UINT> ReadKey(std::wstring_view text) {
-    if (text.size() == 1) return ReadCharacter(text[0]);
+std::optional<UINT> ParseKey(std::wstring_view text) {
+    if (text.size() == 1) return ParseCharacter(text[0]);
     for (const auto& [name, key] : kKeys) {
         if (text.size() == name.size() && StartsWithIgnoringCase(text, name)) return key;
     }
@@ -39,9 +50,14 @@ std::optional<UINT> ReadKey(std::wstring_view text) {
 
 }  // namespace
 
-std::optional<KeyCombination> ReadKeyCombination(std::wstring_view text) {
-    const auto parts = SplitKeyText(text);
-    const auto key = parts ? ReadKey(parts->key) : std::nullopt;
+std::optional<KeyCombination> ParseKeyCombination(std::wstring_view text) {
+    KeyCombination keys;
+    for (size_t plus; (plus = text.find(L'+')) != text.npos; text.remove_prefix(plus + 1)) {
+        const auto modifier = ParseModifier(text.substr(0, plus));
+        if (!modifier) return std::nullopt;
+        keys.modifiers |= *modifier;
+    }
+    const auto key = ParseKey(text);
     if (!key) return std::nullopt;
     return KeyCombination{parts->modifiers, *key};
 }

@@ -16,13 +16,12 @@ struct KeyCombination {
     auto operator<=>(const KeyCombination&) const = default;
 };
 
-// Reads a text like "ctrl+alt+f5": modifiers with a plus sign behind each (ctrl, shift, alt, win), and one
-// key, which is a single character or has a name. The case of letters does not count. Nothing if the text is
-// no combination. Intended:
-// - a modifier is known by its start, so "ctrlx+a" is ctrl+a, and it may be repeated;
-// - "+" is no key, because it ends a modifier;
-// - a character stands for the key that it is on in the keyboard layout in use, and adds no shift of its own;
+// Parses a text like "ctrl+alt+f5": modifiers (ctrl, shift, alt, win), each followed by a plus sign, then a
+// key, which is one character or a name. Case does not matter. Returns nothing for any other text. By design
+// - a modifier is matched by its prefix, so "ctrlx+a" is ctrl+a, and may be repeated;
+// - "+" cannot be the key, because it separates;
+// - a character stands for its key in the current keyboard layout and does not imply shift;
 // - "pause" is VK_CANCEL, not the pause key.
-std::optional<KeyCombination> ReadKeyCombination(std::wstring_view text);
+std::optional<KeyCombination> ParseKeyCombination(std::wstring_view text);
 
 }  // namespace tarvik

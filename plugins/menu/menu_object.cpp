@@ -4,6 +4,7 @@
 
 #include "app/log/log.h"
 #include "base/text.h"
+#include "host/plugin_registry/window_numbers.h"
 #include "plugins/menu/native_menu.h"
 #include "tarvik/properties.h"
 
@@ -20,17 +21,16 @@ constexpr Member<CMenuDispatch> kMembers[] = {
 };
 static_assert(IsInOrder(kMembers));
 
-// By this a menu is known to be one of this class.
-constexpr GUID kOwnClass = {0xA27C5B0E, 0x5D0C, 0x4B1B, {0x9E, 0x43, 0x1F, 0x70, 0x2B, 0x8C, 0x66, 0xD1}};
+// QueryInterface recognises objects of this class by this identifier.
+constexpr GUID kClassId = {0xA27C5B0E, 0x5D0C, 0x4B1B, {0x9E, 0x43, 0x1F, 0x70, 0x2B, 0x8C, 0x66, 0xD1}};
 
-// One sequence for all menus of the process. A window passes on commands of its menu bar up to 3000; that is
-// intended.
+// One sequence for all menus of the process. By design it does not stop at kLastMenuCommand.
 UINT NextCommandId() {
-    static UINT next = 2000;
+    static UINT next = kFirstMenuCommand;
     return next++;
 }
 
-[[noreturn]] void RefuseItem(const wchar_t* reason, HRESULT status) {
+[[noreturn]] void RejectItem(const wchar_t* reason, HRESULT status) {
     TARVIK_ERROR("CMenuDispatch::AddMenu", reason);
     throw StatusError(status);
 }
@@ -41,26 +41,27 @@ std::span<const Member<CMenuDispatch>> CMenuDispatch::Members() {
     return kMembers;
 }
 
-// The system destroys submenus with a menu, but here they belong to objects of their own. Those may end with
-// it, and theirs with them, deeper than the stack is: so all that ends is let go of one after the other.
+// DestroyMenu would destroy the submenus, which belong to objects of their own. Releasing an item may destroy
+// its submenu's object, and so on, too deep for recursion: the outermost destructor releases all items in
+// turn.
 CMenuDispatch::~CMenuDispatch() {
-    static std::map<UINT, Item> ending;
-    static bool isEnding = false;
-    EmptyMenu(menu_.Get());
-    ending.merge(items_);
-    if (std::exchange(isEnding, true)) return;
-    while (!ending.empty())
-        const auto item = ending.extract(ending.begin());
-    isEnding = false;
+    static std::map<UINT, Item> pending;
+    static bool isReleasing = false;
+    RemoveAllItems(menu_.Get());
+    pending.merge(items_);
+    if (std::exchange(isReleasing, true)) return;
+    while (!pending.empty())
+        const auto item = pending.extract(pending.begin());
+    isReleasing = false;
 }
 
 void* CMenuDispatch::Find(REFIID iid) {
-    return iid == kOwnClass ? this : Dispatch::Find(iid);
+    return iid == kClassId ? this : Dispatch::Find(iid);
 }
 
-ComPtr<CMenuDispatch> CMenuDispatch::OwnMenu(IDispatch* object) {
+ComPtr<CMenuDispatch> CMenuDispatch::AsMenuDispatch(IDispatch* object) {
     ComPtr<CMenuDispatch> menu;
-    object->QueryInterface(kOwnClass, reinterpret_cast<void**>(menu.GetAddressOf()));
+    object->QueryInterface(kClassId, reinterpret_cast<void**>(menu.GetAddressOf()));
     return menu;
 }
 
@@ -72,21 +73,21 @@ STDMETHODIMP CMenuDispatch::Init(HWND serverWindow, HWND mainWindow, int menuTyp
     return menu_ ? S_OK : LastFailureStatus();
 }
 
-// Menus may nest as deep as script likes and share submenus: each is asked once, and without recursion.
+// Menus may share submenus and nest too deep for recursion. Each is searched once.
 STDMETHODIMP_(int) CMenuDispatch::Exec(UINT commandId) {
     bool isDone = false;
     (void)Guard([&] {
         std::vector<ComPtr<TVK::IMenu>> menus{ComPtr<TVK::IMenu>(this)};
         for (size_t i = 0; i < menus.size() && !isDone; ++i) {
-            const auto own = OwnMenu(menus[i].Get());
+            const auto own = AsMenuDispatch(menus[i].Get());
             isDone = own ? own->RunItem(commandId) : menus[i]->Exec(commandId) == 0;
-            if (own && !isDone) own->ListSubMenus(menus);
+            if (own && !isDone) own->AddSubMenus(menus);
         }
     });
     return isDone ? 0 : 1;
 }
 
-// The function may drop script's last references, and append items.
+// The function may release this menu and append items.
 bool CMenuDispatch::RunItem(UINT commandId) {
     const auto found = items_.find(commandId);
     if (found == items_.end()) return false;
@@ -100,7 +101,7 @@ bool CMenuDispatch::RunItem(UINT commandId) {
     return true;
 }
 
-void CMenuDispatch::ListSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const {
+void CMenuDispatch::AddSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const {
     for (const auto& [id, item] : items_) {
         if (!(item.flags & MF_POPUP)) continue;
         const auto menu = Query<TVK::IMenu>(item.target.Get());
@@ -117,7 +118,7 @@ bool CMenuDispatch::AppendMenu(IDispatch* options) {
     return FAILED(Guard([&] { Append(id, Options(options)); }));
 }
 
-// Reading the options may run script, which may append to this menu, too: the menu itself comes last.
+// Reading the options may run a script that appends to this menu, so the menu is changed last.
 void CMenuDispatch::Append(UINT id, const Options& options) {
     Item item;
     if (options.Flag(L"gray")) item.flags |= MF_GRAYED;
@@ -125,30 +126,30 @@ void CMenuDispatch::Append(UINT id, const Options& options) {
     const bool isSeparator = (item.flags & MF_SEPARATOR) != 0;
     const auto subMenu = options.Object(L"subMenu");
     item.name = options.Text(L"name").value_or(L"");
-    if (item.name.empty() && !isSeparator) RefuseItem(L"Menu name empty.", E_FAIL);
-    UINT_PTR opens = id;
+    if (item.name.empty() && !isSeparator) RejectItem(L"Menu name empty.", E_FAIL);
+    UINT_PTR idOrSubMenu = id;
     if (subMenu) {
         item.flags |= MF_POPUP;
         item.target = subMenu;
-        opens = reinterpret_cast<UINT_PTR>(HandleOf(subMenu.Get()));
+        idOrSubMenu = reinterpret_cast<UINT_PTR>(SubMenuHandle(subMenu.Get()));
     } else {
         item.target = options.Function(L"callback");
         if (item.target) item.context = options.Value(L"context");
         if (!item.target && !isSeparator) item.flags |= MF_GRAYED;
     }
-    // What the system refuses is an item all the same, at no position; that is intended.
-    if (::AppendMenuW(menu_.Get(), item.flags, opens, item.name.c_str()))
+    // By design an item that the system rejects is stored without a position.
+    if (::AppendMenuW(menu_.Get(), item.flags, idOrSubMenu, item.name.c_str()))
         item.position = ::GetMenuItemCount(menu_.Get()) - 1;
     items_.emplace(id, std::move(item));
 }
 
-// The system cannot bear a menu that is in itself, and its object would never end.
-HMENU CMenuDispatch::HandleOf(IDispatch* subMenu) const {
+// The system cannot handle a menu that contains itself, and the object would never be destroyed.
+HMENU CMenuDispatch::SubMenuHandle(IDispatch* subMenu) const {
     const auto menu = Query<TVK::IMenu>(subMenu);
-    if (!menu) RefuseItem(L"Query SubMenu failed.", E_INVALIDARG);
+    if (!menu) RejectItem(L"Query SubMenu failed.", E_INVALIDARG);
     const HMENU handle = menu->GetMenu();
-    if (!handle) RefuseItem(L"Get SubMenu handle failed.", E_FAIL);
-    if (IsInMenu(handle, menu_.Get())) RefuseItem(L"SubMenu contains the menu.", E_INVALIDARG);
+    if (!handle) RejectItem(L"Get SubMenu handle failed.", E_FAIL);
+    if (ContainsMenu(handle, menu_.Get())) RejectItem(L"SubMenu contains the menu.", E_INVALIDARG);
     return handle;
 }
 
@@ -166,7 +167,7 @@ bool CMenuDispatch::PopupAt(AnyInt32 x, AnyInt32 y) {
 
 bool CMenuDispatch::Show(POINT point) {
     if (type_ == TVK::kWindowMenu || ::GetMenuItemCount(menu_.Get()) <= 0) return false;
-    // Without both a menu of a tray icon would not go when the user clicks elsewhere.
+    // Without both calls the menu of a tray icon would stay open when the user clicks elsewhere.
     if (type_ == TVK::kTrayMenu) SetForegroundWindow(mainWindow_);
     const UINT chosen = TrackMenu(menu_.Get(), point, serverWindow_);
     if (type_ == TVK::kTrayMenu) PostMessageW(nullptr, WM_NULL, 0, 0);
@@ -184,7 +185,7 @@ bool CMenuDispatch::Enable(BSTR name, bool on) {
     Item* const item = Bstr::View(name).empty() ? nullptr : FindItem(name, 0);
     if (!item) return false;
     item->flags = on ? item->flags & ~MF_GRAYED : item->flags | MF_GRAYED;
-    // By position, because the system does not know an item that opens a menu by its command.
+    // By position: an item that opens a submenu has no command id.
     EnableMenuItem(menu_.Get(), static_cast<UINT>(item->position),
                    MF_BYPOSITION | (on ? MF_ENABLED : MF_GRAYED));
     if (type_ == TVK::kWindowMenu) DrawMenuBar(mainWindow_);
@@ -195,7 +196,7 @@ Integer CMenuDispatch::GetItemCount() {
     return {::GetMenuItemCount(menu_.Get())};
 }
 
-// The first one appended that has the name, in any case of letters, and these flags.
+// The first item with the name, ignoring case, and these flags.
 CMenuDispatch::Item* CMenuDispatch::FindItem(BSTR name, UINT flags) {
     const auto found = std::ranges::find_if(items_, [&](const auto& entry) {
         const Item& item = entry.second;

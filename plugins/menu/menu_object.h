@@ -12,8 +12,8 @@
 
 namespace tarvik {
 
-// A menu that script builds. It lives as long as script, a window or a menu that it is in holds it; items
-// stay for its life. No menu is ever in itself.
+// A menu that a page builds. Scripts, windows and the menus that contain it hold references. Items cannot be
+// removed, and no menu contains itself.
 class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispatch, TVK::IMenu>> {
   public:
     ~CMenuDispatch() override;
@@ -25,10 +25,10 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
     STDMETHODIMP_(HMENU) GetMenu() override { return menu_.Get(); }
     STDMETHODIMP_(int) Exec(UINT commandId) override;
 
-    // False is success; that is intended.
+    // Returns false for success; required by the contract.
     bool AppendMenu(IDispatch* options);
-    // At a point of the page, or where the pointer is. Returns when the menu has gone, and the item's
-    // function has come to its end.
+    // Show the menu at the pointer or at a point of the page. They return after the menu has closed and the
+    // function of the chosen item has returned.
     bool Popup();
     bool PopupAt(AnyInt32 x, AnyInt32 y);
     Variant GetSubMenu(BSTR name);
@@ -40,20 +40,20 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
 
   private:
     struct Item {
-        std::wstring name;         // a separator needs none
+        std::wstring name;         // may be empty for a separator
         UINT flags = 0;            // MF_GRAYED, MF_POPUP, MF_SEPARATOR
         ComPtr<IDispatch> target;  // the function, or the submenu's object
-        Variant context;           // empty: the function gets no argument
+        Variant context;           // if VT_EMPTY, the function gets no argument
         int position = -1;
     };
 
-    static ComPtr<CMenuDispatch> OwnMenu(IDispatch* object);
+    static ComPtr<CMenuDispatch> AsMenuDispatch(IDispatch* object);
 
     void Append(UINT id, const Options& options);
-    HMENU HandleOf(IDispatch* subMenu) const;
+    HMENU SubMenuHandle(IDispatch* subMenu) const;
     bool Show(POINT point);
     bool RunItem(UINT commandId);
-    void ListSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const;
+    void AddSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const;
     Item* FindItem(BSTR name, UINT flags);
 
     HWND serverWindow_ = nullptr;

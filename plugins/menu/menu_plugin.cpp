@@ -45,7 +45,7 @@ HRESULT CMenuManagePlugin::CreateMenu(const Call& call) {
         TARVIK_ERROR("CMenuManagePlugin::CreateMenu", L"pResult is NULL.");
         return E_INVALIDARG;
     }
-    // A plug-in that script asks for while its window goes has no core.
+    // A plug-in created while its window is being destroyed has no core.
     const HWND window = core_ ? core_->GetWindowHandle() : nullptr;
     const auto menu = MakeCom<CMenuDispatch>();
     ThrowIfFailed(menu->Init(GetIEServerWnd(window), window, *type));

@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// `menu`: makes menus.
+// `menu`: creates menus.
 class CMenuManagePlugin : public TablePlugin<CMenuManagePlugin> {
   public:
     static constexpr char kClassName[] = "CMenuManagePlugin";

@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-// A point beside all monitors comes to the nearest one, from the side only.
+// Moves a point outside all monitors to the nearest one, horizontally only.
 POINT OnMonitor(POINT point) {
     if (MonitorFromPoint(point, MONITOR_DEFAULTTONULL)) return point;
     MONITORINFO monitor = {};
@@ -20,23 +20,23 @@ POINT OnMonitor(POINT point) {
 
 }  // namespace
 
-// Each menu is looked into once: they may nest as deep as script likes, and share others.
-bool IsInMenu(HMENU menu, HMENU wanted) {
-    std::vector<HMENU> open{menu};
+// Searches each menu once and without recursion: menus may share submenus and nest deeply.
+bool ContainsMenu(HMENU menu, HMENU wanted) {
+    std::vector<HMENU> pending{menu};
     std::set<HMENU> known{menu};
-    while (!open.empty()) {
-        const HMENU next = open.back();
-        open.pop_back();
+    while (!pending.empty()) {
+        const HMENU next = pending.back();
+        pending.pop_back();
         if (next == wanted) return true;
         for (int i = GetMenuItemCount(next); i-- > 0;) {
             const HMENU inner = GetSubMenu(next, i);
-            if (inner && known.insert(inner).second) open.push_back(inner);
+            if (inner && known.insert(inner).second) pending.push_back(inner);
         }
     }
     return false;
 }
 
-void EmptyMenu(HMENU menu) {
+void RemoveAllItems(HMENU menu) {
     for (int i = GetMenuItemCount(menu); i-- > 0;)
         RemoveMenu(menu, static_cast<UINT>(i), MF_BYPOSITION);
 }

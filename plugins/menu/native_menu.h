@@ -5,14 +5,14 @@
 // The system's menus.
 namespace tarvik {
 
-// Whether a menu is that one or in it, at any depth.
-bool IsInMenu(HMENU menu, HMENU wanted);
+// Whether `wanted` is the menu or a submenu at any depth.
+bool ContainsMenu(HMENU menu, HMENU wanted);
 
-// Takes all items out. What they opened lives on, as it would not if the menu were destroyed with them.
-void EmptyMenu(HMENU menu);
+// Removes all items without destroying their submenus, as DestroyMenu would.
+void RemoveAllItems(HMENU menu);
 
-// Shows the menu at a point of the screen until something is chosen, and answers the item's id; 0 if nothing
-// was. The owner is a window of this thread.
+// Shows the menu at a point of the screen and returns the id of the chosen item, or 0. The owner is a window
+// of this thread.
 UINT TrackMenu(HMENU menu, POINT point, HWND owner);
 
 }  // namespace tarvik

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// `tray`: one icon of the window in the notification area. It lives until the window has handled its last
-// message; icon and functions stay when the page changes.
+// `tray`: the window's icon in the notification area. Plug-in, icon and functions survive a navigation and
+// live until the window's last message.
 class CTrayPlugin : public TablePlugin<CTrayPlugin> {
   public:
     static constexpr char kClassName[] = "CTrayPlugin";
@@ -16,8 +16,7 @@ class CTrayPlugin : public TablePlugin<CTrayPlugin> {
 
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
 
-    // What the shell refuses is not reported; that is intended. So a second icon is only kept for the next
-    // `show`.
+    // By design failures of the shell are not reported. So a second icon appears only after the next `show`.
     HRESULT AddTray(BSTR tip, std::optional<BSTR> icon);
     HRESULT Show();
     HRESULT Hide();

@@ -10,39 +10,39 @@ namespace tarvik {
 
 namespace {
 
-// Without the fields of later systems.
-constexpr DWORD kRecordSize = 968;
-static_assert(kRecordSize == FIELD_OFFSET(NOTIFYICONDATAW, hBalloonIcon));
+// Without the fields that later systems added.
+constexpr DWORD kDataSize = 968;
+static_assert(kDataSize == FIELD_OFFSET(NOTIFYICONDATAW, hBalloonIcon));
 
-NOTIFYICONDATAW RecordOf(HWND window) {
-    NOTIFYICONDATAW record = {};
-    record.cbSize = kRecordSize;
-    record.hWnd = window;
-    record.uID = kTrayIcon;
-    return record;
+NOTIFYICONDATAW IconData(HWND window) {
+    NOTIFYICONDATAW data = {};
+    data.cbSize = kDataSize;
+    data.hWnd = window;
+    data.uID = kTrayIconId;
+    return data;
 }
 
 }  // namespace
 
 void CTraySubclassWindow::SetCallback(TrayEvent event, IDispatch* function) {
     if (!Window()) return;
-    // What is replaced is let go of last: its end may come back here.
+    // Released last: releasing a function may call back into this object.
     ComPtr<IDispatch> changed(function);
     callbacks_[static_cast<size_t>(event)].Swap(changed);
 }
 
 void CTraySubclassWindow::Add() {
-    NOTIFYICONDATAW record = RecordOf(Window());
-    record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
-    record.uCallbackMessage = kTrayMessage;
-    record.hIcon = icon_.Get();
-    tip_.copy(record.szTip, std::size(record.szTip) - 1);  // a longer one is cut
-    if (Shell_NotifyIconW(NIM_ADD, &record)) isShown_ = true;
+    NOTIFYICONDATAW data = IconData(Window());
+    data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+    data.uCallbackMessage = kTrayMessage;
+    data.hIcon = icon_.Get();
+    tip_.copy(data.szTip, std::size(data.szTip) - 1);  // a longer one is cut
+    if (Shell_NotifyIconW(NIM_ADD, &data)) isShown_ = true;
 }
 
 void CTraySubclassWindow::Remove() {
-    NOTIFYICONDATAW record = RecordOf(Window());
-    Shell_NotifyIconW(NIM_DELETE, &record);
+    NOTIFYICONDATAW data = IconData(Window());
+    Shell_NotifyIconW(NIM_DELETE, &data);
     isShown_ = false;
 }
 
@@ -70,15 +70,15 @@ void CTraySubclassWindow::OnFinalMessage(HWND) {
 
 bool CTraySubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == kTrayMessage) {
-        result = wParam == kTrayIcon ? 0 : -1;
-        if (wParam == kTrayIcon) OnMouse(lParam);
+        result = wParam == kTrayIconId ? 0 : -1;
+        if (wParam == kTrayIconId) OnMouse(lParam);
         return true;
     }
     if (message == WM_DESTROY) {
         if (isShown_) Remove();
         return false;
     }
-    // The shell has started anew, and knows no icons.
+    // The shell has been restarted and has no icons.
     if (message == RegisterWindowMessageW(L"TaskbarCreated")) {
         if (isShown_) Add();
         result = 0;

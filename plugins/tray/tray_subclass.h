@@ -6,35 +6,32 @@
 #include <string>
 
 #include "atl/window.h"
+#include "host/plugin_registry/window_numbers.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/owners.h"
 
 namespace tarvik {
 
-// What a person does to the icon.
 enum class TrayEvent { kClick, kDoubleClick, kRightClick };
 
-inline constexpr UINT kTrayMessage = 4024;  // from the shell: the icon's number, and a mouse message
-inline constexpr UINT kTrayIcon = 200;
-
-// The icon of a window in the notification area, and the part that it takes in the window's messages.
+// The icon of a window in the notification area. Subclasses the window to receive the icon's messages.
 class CTraySubclassWindow : public CWindowImpl {
   public:
-    // The function stays until it is replaced or the window goes, also when its page has gone. Without a
-    // window nothing is kept.
+    // Retains the function until it is replaced or the window is destroyed, even after its page has been
+    // destroyed. Does nothing without a window.
     void SetCallback(TrayEvent event, IDispatch* function);
 
-    // What is shown by the next Add.
+    // Take effect with the next Add.
     void SetTip(std::wstring tip) { tip_ = std::move(tip); }
     void SetIcon(UniqueIcon icon) { icon_ = std::move(icon); }
 
-    // The shell refuses an icon that is there already.
+    // Add does nothing if the icon is shown: the shell rejects a second one.
     void Add();
     void Remove();
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    // What script gave may hold the plug-in that holds it.
+    // Releases the functions: they may hold the plug-in, which would be a cycle.
     void OnFinalMessage(HWND window) override;
 
   private:

@@ -4,9 +4,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kBand = 6;
+constexpr int kBorderWidth = 6;  // pixels
 
-// SC_SIZE names the edges from 1 on, in the order of the hit codes from HTLEFT to HTBOTTOMRIGHT.
+// The low bits of SC_SIZE number the edges from 1 on, in the order from HTLEFT to HTBOTTOMRIGHT.
 WPARAM SizeCommand(LRESULT hit) {
     const bool isEdge = hit >= HTLEFT && hit <= HTBOTTOMRIGHT;
     return SC_SIZE + (isEdge ? static_cast<WPARAM>(hit - HTLEFT + 1) : 0);
@@ -23,10 +23,10 @@ LRESULT HitCodeAt(HWND window, LPARAM screen) {
 }  // namespace
 
 LRESULT HitCode(const RECT& client, POINT point) {
-    const bool left = point.x <= client.left + kBand;
-    const bool right = point.x >= client.right - kBand;
-    const bool top = point.y <= client.top + kBand;
-    const bool bottom = point.y >= client.bottom - kBand;
+    const bool left = point.x <= client.left + kBorderWidth;
+    const bool right = point.x >= client.right - kBorderWidth;
+    const bool top = point.y <= client.top + kBorderWidth;
+    const bool bottom = point.y >= client.bottom - kBorderWidth;
     if (left && top) return HTTOPLEFT;
     if (left && bottom) return HTBOTTOMLEFT;
     if (right && top) return HTTOPRIGHT;

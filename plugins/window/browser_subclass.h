@@ -6,8 +6,8 @@
 
 namespace tarvik {
 
-// The part that a page takes in the messages of the window it is drawn in: while sizing is on, a band along
-// its edges sizes the top-level window in the place of a frame.
+// Subclasses the page's window. While sizing is on, a border along its edges sizes the top-level window, as a
+// frame would.
 class CBrowserSubclassWindow : public CWindowImpl {
   public:
     bool Attach(HWND serverWindow, HWND mainWindow, IUnknown* owner);
@@ -21,7 +21,7 @@ class CBrowserSubclassWindow : public CWindowImpl {
     bool sizing_ = false;
 };
 
-// The part of a frame that a point of the client area stands for, such as HTTOPLEFT; 0 inside of the band.
+// The hit code of a point of the client area, such as HTTOPLEFT; 0 inside the border.
 LRESULT HitCode(const RECT& client, POINT point);
 
 }  // namespace tarvik

@@ -4,12 +4,12 @@
 
 namespace tarvik {
 
-// The desktop's compositor. Systems that have none, or have it turned off, draw windows the plain way.
+// Desktop composition, which a system may lack or have disabled.
 class Composition {
   public:
     virtual ~Composition() = default;
     virtual bool IsEnabled() const = 0;
-    // Margins of so many pixels on all sides.
+    // `margin` is the width in pixels on each side.
     virtual void ExtendFrame(HWND window, int margin) const = 0;
 
     static const Composition& System();

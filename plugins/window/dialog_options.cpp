@@ -1,4 +1,4 @@
-#include "plugins/window/dialog_start.h"
+#include "plugins/window/dialog_options.h"
 
 #include <shlwapi.h>
 
@@ -10,7 +10,7 @@ HWND DialogOwner(HWND window) {
     return window ? window : GetActiveWindow();
 }
 
-std::wstring FirstFolder(TVK::ICore* core, const Options& options) {
+std::wstring InitialFolder(TVK::ICore* core, const Options& options) {
     const std::wstring folder = options.Text(L"initDir").value_or(L"");
     if (folder.empty() || PathIsURLW(folder.c_str())) return folder;
     return ResolveUrl(core, folder);

@@ -7,13 +7,13 @@
 #include "tarvik/plugin.h"
 #include "tarvik/options.h"
 
-// What the dialogs for files and folders start from.
+// Options that the dialogs for files and folders share.
 namespace tarvik {
 
-// The window that a dialog belongs to; without one, the thread's active window.
+// The owner window of a dialog: the thread's active window if `window` is null.
 HWND DialogOwner(HWND window);
 
-// The option initDir, made absolute against the page; a URL stays as it is. Empty if it is absent.
-std::wstring FirstFolder(TVK::ICore* core, const Options& options);
+// The option initDir, resolved against the page; a URL stays unchanged. Empty if absent.
+std::wstring InitialFolder(TVK::ICore* core, const Options& options);
 
 }  // namespace tarvik

@@ -16,7 +16,7 @@ namespace {
 
 constexpr DISPID kElementMouseDown = static_cast<DISPID>(0x8001000B);
 
-// An empty text may come as null.
+// `text` may be null.
 bool IsText(BSTR text, const wchar_t* other) {
     return text && _wcsicmp(text, other) == 0;
 }
@@ -27,8 +27,8 @@ bool IsControl(IHTMLElement* element) {
     return IsText(name.Get(), L"input") || IsText(name.Get(), L"textarea") || IsText(name.Get(), L"button");
 }
 
-// What the element itself says; nothing if its parent has to.
-std::optional<bool> SaysHandle(IHTMLElement* element) {
+// Nothing if the element has no valid attribute, so that its parent decides.
+std::optional<bool> DragWindowAttribute(IHTMLElement* element) {
     Variant value;
     if (FAILED(element->getAttribute(Bstr(L"dragWindow").Get(), 0, value.Receive()))) return std::nullopt;
     if (value.Is(VT_BOOL)) return value.boolVal == VARIANT_TRUE;
@@ -36,6 +36,12 @@ std::optional<bool> SaysHandle(IHTMLElement* element) {
     if (IsText(value.bstrVal, L"true")) return true;
     if (IsText(value.bstrVal, L"false")) return false;
     return std::nullopt;
+}
+
+ComPtr<IHTMLElement> ParentElement(IHTMLElement* element) {
+    ComPtr<IHTMLElement> parent;
+    element->get_parentElement(parent.GetAddressOf());
+    return parent;
 }
 
 }  // namespace
@@ -46,7 +52,7 @@ STDMETHODIMP CDragSink::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
-bool CDragSink::IsOverHandle() {
+bool CDragSink::IsOverDragHandle() {
     POINT point = {};
     GetCursorPos(&point);
     ScreenToClient(window_, &point);
@@ -54,18 +60,18 @@ bool CDragSink::IsOverHandle() {
     if (document_) document_->elementFromPoint(point.x, point.y, first.GetAddressOf());
     for (auto element = first; element;) {
         if (IsControl(element.Get())) return false;
-        if (const auto said = SaysHandle(element.Get())) return *said;
-        auto parent = ParentOf(element.Get());
+        if (const auto drags = DragWindowAttribute(element.Get())) return *drags;
+        auto parent = ParentElement(element.Get());
         element.Swap(parent);
     }
     return false;
 }
 
-// The system's own move loop does the rest.
+// Starts the system's move loop.
 STDMETHODIMP CDragSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {
     return Guard([&] {
         const bool isPress = id == DISPID_MOUSEDOWN || id == kElementMouseDown;
-        if (!isPress || !window_ || !IsOverHandle()) return E_NOTIMPL;
+        if (!isPress || !window_ || !IsOverDragHandle()) return E_NOTIMPL;
         PostMessageW(window_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
         return S_OK;
     });

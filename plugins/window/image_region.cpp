@@ -10,11 +10,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr uint32_t kColor = 0xFFFFFF;
+constexpr uint32_t kColorMask = 0xFFFFFF;
 constexpr uint32_t kWhite = 0xFFFFFF;
 
-// The pixels as 0x__RRGGBB, row by row from the top; black where the system refuses, so that the window stays
-// to be seen.
+// The pixels as 0x__RRGGBB, row by row from the top. All are black if the system fails, so that the window
+// stays visible.
 std::vector<uint32_t> PixelsOf(HGDIOBJ picture, SIZE size) {
     std::vector<uint32_t> pixels(static_cast<size_t>(size.cx) * size.cy);
     BITMAPINFO format = {};
@@ -25,18 +25,18 @@ std::vector<uint32_t> PixelsOf(HGDIOBJ picture, SIZE size) {
     return pixels;
 }
 
-// One rectangle for each run of pixels in a row.
+// Adds one rectangle for each run of non-white pixels.
 void AddRuns(std::span<const uint32_t> row, LONG y, std::vector<RECT>& runs) {
     const auto width = static_cast<LONG>(row.size());
     LONG start = 0;
     for (LONG x = 0; x <= width; ++x) {
-        if (x < width && (row[x] & kColor) != kWhite) continue;
+        if (x < width && (row[x] & kColorMask) != kWhite) continue;
         if (start != x) runs.push_back({start, y, x, y + 1});
         start = x + 1;
     }
 }
 
-// Together, because adding one rectangle after the other costs more with each.
+// In one call: combining regions one by one takes quadratic time.
 UniqueGdi RegionOf(const std::vector<RECT>& rectangles, SIZE bound) {
     if (rectangles.empty()) return UniqueGdi(CreateRectRgn(0, 0, 0, 0));
     const DWORD bytes = static_cast<DWORD>(rectangles.size() * sizeof(RECT));

@@ -6,12 +6,12 @@
 
 namespace tarvik {
 
-// A picture from a bitmap file; null if the system cannot read it.
+// Loads a bitmap file; null if the system cannot read it.
 UniqueGdi LoadPicture(const wchar_t* path);
 
 SIZE SizeOf(HGDIOBJ picture);
 
-// Every pixel of the picture that is not exactly white. Null if there is not enough memory.
+// The pixels that are not exactly white. Null if memory is short.
 UniqueGdi RegionFromImage(HGDIOBJ picture);
 
 }  // namespace tarvik

@@ -2,24 +2,18 @@
 
 #include <utility>
 
+#include "host/plugin_registry/window_numbers.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
 #include "plugins/window/menu_bar.h"
-#include "plugins/window/window_marks.h"
+#include "plugins/window/window_properties.h"
 #include "tarvik/properties.h"
 
 namespace tarvik {
 
-namespace {
-
-constexpr UINT kFirstMenuCommand = 2000;
-constexpr UINT kLastMenuCommand = 3000;
-
-}  // namespace
-
 void CMainSubclassWindow::SetCallback(WindowEvent event, IDispatch* function) {
     if (!Window()) return;
-    // What is replaced is let go of last: its end may come back here.
+    // Released last: releasing a function may call back into this object.
     ComPtr<IDispatch> changed(function);
     callbacks_[static_cast<size_t>(event)].Swap(changed);
 }
@@ -32,28 +26,28 @@ void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
         EndMenu();
         replacedMenus_.push_back(menu);
     }
-    SetMenuBar(Window(), shown);  // the page hears of its new size, and may set another menu
+    SetMenuBar(Window(), shown);  // resizes the page, which may set another menu
 }
 
-// Only a real false refuses; a call that fails does not.
-bool CMainSubclassWindow::Allows(WindowEvent event) {
+// A function refuses by returning false. A failed call is no refusal.
+bool CMainSubclassWindow::Raise(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     if (!function) return true;
     Variant answer;
     return FAILED(CallScriptFunction(function.Get(), {}, answer.Receive())) || !IsFalse(answer);
 }
 
-// A command with low bits set, as for a double click on the caption, is none of these; that is intended.
-bool CMainSubclassWindow::AllowsCommand(WPARAM command) {
+// By design a command with low bits set, as from a double click on the caption, raises no event.
+bool CMainSubclassWindow::IsCommandAllowed(WPARAM command) {
     switch (command) {
         case SC_CLOSE:
-            return Allows(WindowEvent::kClose);
+            return Raise(WindowEvent::kClose);
         case SC_MINIMIZE:
-            return Allows(WindowEvent::kMinimize);
+            return Raise(WindowEvent::kMinimize);
         case SC_MAXIMIZE:
-            return Allows(WindowEvent::kMaximize);
+            return Raise(WindowEvent::kMaximize);
         case SC_RESTORE:
-            return Allows(WindowEvent::kRestore);
+            return Raise(WindowEvent::kRestore);
         default:
             return true;
     }
@@ -75,10 +69,11 @@ bool CMainSubclassWindow::RunMenuCommand(UINT id) {
 }
 
 void CMainSubclassWindow::SetUniqueId(std::wstring identifier) {
-    if (SetMark(Window(), identifier.c_str(), WindowMark::kReceives)) uniqueId_ = std::move(identifier);
+    if (SetWindowProperty(Window(), identifier.c_str(), WindowProperty::kReceives))
+        uniqueId_ = std::move(identifier);
 }
 
-// The block is let go of before the handler runs: the handler may be sent another one of that name.
+// Releases the block before it calls the handler, which may be sent another block of the same name.
 HRESULT CMainSubclassWindow::Receive(DWORD sender, size_t size) {
     return Guard([&] {
         auto message = ReadSharedBlock(sender, Window(), size);
@@ -98,30 +93,30 @@ bool CMainSubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
     result = 0;
     switch (message) {
         case WM_DESTROY:
-            Allows(WindowEvent::kClosed);
+            Raise(WindowEvent::kClosed);
             if (isMenuOpen_) EndMenu();
-            // With its window the system would end the menu, which is the object's own.
+            // The system destroys a menu with its window, but this one belongs to its object.
             if (menu_) SetMenuBar(Window(), nullptr);
             return false;
         case WM_SYSCOMMAND:
-            return !AllowsCommand(wParam);
+            return !IsCommandAllowed(wParam);
         case WM_GETMINMAXINFO:
             Limit(*reinterpret_cast<MINMAXINFO*>(lParam));
             return true;
         case WM_NCCALCSIZE:
             return frameless_;
         case WM_NCACTIVATE:
-            Allows(wParam ? WindowEvent::kActivate : WindowEvent::kInactivate);
+            Raise(wParam ? WindowEvent::kActivate : WindowEvent::kInactivate);
             return false;
         case WM_QUERYENDSESSION:
-            Allows(WindowEvent::kShutdown);
+            Raise(WindowEvent::kShutdown);
             result = TRUE;
             return true;
         case WM_COMMAND:
             return RunMenuCommand(LOWORD(wParam));
         case WM_ENTERMENULOOP:
         case WM_EXITMENULOOP:
-            if (!wParam) isMenuOpen_ = message == WM_ENTERMENULOOP;  // else it is a popup menu
+            if (!wParam) isMenuOpen_ = message == WM_ENTERMENULOOP;  // wParam is TRUE for a popup menu
             if (!isMenuOpen_) std::exchange(replacedMenus_, {});
             return false;
         case kShowMessage:

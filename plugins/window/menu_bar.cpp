@@ -37,29 +37,29 @@ bool IsPopupOf(HWND window, HMENU menu) {
            SendMessageW(window, kGetMenuOfPopup, 0, 0) == reinterpret_cast<LRESULT>(menu);
 }
 
-// A menu under Wine refers to one window, the last whose bar it became or the popup that shows it, and
-// destroys that window when a popup closes or when the menu is destroyed. SetMenu alone never takes the
-// reference back, so this leads it to a window that may be destroyed.
-void ReferTo(HWND window, HMENU menu) {
+// A menu under Wine refers to one window: the last whose menu bar it became, or the popup that shows it. Wine
+// destroys that window when a popup closes or when the menu is destroyed, and SetMenu does not clear the
+// reference. This makes the menu refer to a window that may be destroyed.
+void ReferToWindow(HWND window, HMENU menu) {
     SetMenu(window, menu);
-    SetMenu(window, nullptr);  // or the window would destroy the menu
+    SetMenu(window, nullptr);  // else the window would destroy the menu
 }
 
-// The reference of a menu that became a bar while it hangs open stays with its popup.
-void KeepPopup(HMENU menu) {
+// A menu that becomes a menu bar while its popup is open must still refer to the popup.
+void RestorePopupReference(HMENU menu) {
     const HWND popup = FindWindowOfThread([&](HWND window) { return IsPopupOf(window, menu); });
-    if (popup) ReferTo(popup, menu);
+    if (popup) ReferToWindow(popup, menu);
 }
 
-// The reference of a former bar goes to a window that still shows it, or to one that ends here.
-void ForgetWindow(HMENU menu) {
+// Makes a former menu bar refer to another window that shows it, or to a temporary one.
+void ReplaceReference(HMENU menu) {
     if (const HWND other = FindWindowOfThread([&](HWND window) { return GetMenu(window) == menu; })) {
         SetMenu(other, menu);
         return;
     }
-    const UniqueWindow passing(CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                                               GetModuleHandleW(nullptr), nullptr));
-    ReferTo(passing.Get(), menu);
+    const UniqueWindow temporary(CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                                                 nullptr, GetModuleHandleW(nullptr), nullptr));
+    ReferToWindow(temporary.Get(), menu);
 }
 
 }  // namespace
@@ -68,9 +68,9 @@ void SetMenuBar(HWND window, HMENU menu) {
     const HMENU previous = GetMenu(window);
     if (!SetMenu(window, menu)) SetMenu(window, nullptr);
     if (!IsWine()) return;
-    // The page may have set another bar meanwhile.
-    if (menu && GetMenu(window) == menu) KeepPopup(menu);
-    if (previous && GetMenu(window) != previous) ForgetWindow(previous);
+    // SetMenu resizes the page, which may have set another menu.
+    if (menu && GetMenu(window) == menu) RestorePopupReference(menu);
+    if (previous && GetMenu(window) != previous) ReplaceReference(previous);
 }
 
 }  // namespace tarvik

@@ -4,8 +4,7 @@
 
 namespace tarvik {
 
-// Makes a menu the bar of a window in place of the present one; null, and what is no menu, leave it without
-// one. The menu that was the bar stays its owner's.
+// Replaces the menu bar of a window; null or an invalid menu removes it. The previous menu is not destroyed.
 void SetMenuBar(HWND window, HMENU menu);
 
 }  // namespace tarvik

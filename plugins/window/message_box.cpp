@@ -16,27 +16,27 @@ struct Style {
     const wchar_t* name;
     UINT bits;
 };
-constexpr Style kButtons[] = {{L"ok", MB_OK}, {L"okCancel", MB_OKCANCEL}, {L"yesNo", MB_YESNO}};
+constexpr Style kButtonSets[] = {{L"ok", MB_OK}, {L"okCancel", MB_OKCANCEL}, {L"yesNo", MB_YESNO}};
 constexpr Style kIcons[] = {{L"information", MB_ICONINFORMATION},
                             {L"error", MB_ICONERROR},
                             {L"warning", MB_ICONWARNING},
                             {L"question", MB_ICONQUESTION}};
 
-struct Answer {
+struct Button {
     int button;
     const wchar_t* callback;
 };
-constexpr Answer kAnswers[] = {{IDOK, L"onOk"}, {IDCANCEL, L"onCancel"}, {IDYES, L"onYes"}, {IDNO, L"onNo"}};
+constexpr Button kButtons[] = {{IDOK, L"onOk"}, {IDCANCEL, L"onCancel"}, {IDYES, L"onYes"}, {IDNO, L"onNo"}};
 
-UINT BitsOf(std::span<const Style> styles, const std::wstring& name, UINT otherwise) {
+UINT BitsOf(std::span<const Style> styles, const std::wstring& name, UINT fallback) {
     for (const Style& style : styles) {
         if (_wcsicmp(style.name, name.c_str()) == 0) return style.bits;
     }
-    return otherwise;
+    return fallback;
 }
 
 UINT StyleOf(const Options& options) {
-    const UINT buttons = BitsOf(kButtons, options.Text(L"type").value_or(L""), MB_OK);
+    const UINT buttons = BitsOf(kButtonSets, options.Text(L"type").value_or(L""), MB_OK);
     const UINT icon = buttons == MB_YESNO ? MB_ICONQUESTION : MB_ICONINFORMATION;
     return buttons | BitsOf(kIcons, options.Text(L"icon").value_or(L""), icon);
 }
@@ -47,13 +47,13 @@ bool ShowMessageBox(HWND owner, const Options& options) {
     const std::wstring caption = options.Text(L"caption").value_or(L"");
     const std::wstring text = options.Text(L"text").value_or(L"");
     const UINT style = StyleOf(options);
-    // What the options say when the box opens counts, whatever script does to them behind it.
-    std::array<ComPtr<IDispatch>, std::size(kAnswers)> callbacks;
+    // Read before the box opens: scripts may change the options while it is open.
+    std::array<ComPtr<IDispatch>, std::size(kButtons)> callbacks;
     for (size_t i = 0; i < callbacks.size(); ++i)
-        callbacks[i].Swap(options.Object(kAnswers[i].callback));
+        callbacks[i].Swap(options.Object(kButtons[i].callback));
     const int button = MessageBoxW(owner, text.c_str(), caption.c_str(), style);
     for (size_t i = 0; i < callbacks.size(); ++i) {
-        if (kAnswers[i].button == button) CallScriptFunction(callbacks[i].Get());
+        if (kButtons[i].button == button) CallScriptFunction(callbacks[i].Get());
     }
     return button != 0;
 }

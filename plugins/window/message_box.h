@@ -6,8 +6,8 @@
 
 namespace tarvik {
 
-// Shows a box over the owner, which may be null, until it is answered, and then calls the function that is
-// given for the answer. False if no box could be shown.
+// Shows a modal message box, then calls the function for the button that closed it. The owner may be null.
+// Returns false if no box can be shown.
 bool ShowMessageBox(HWND owner, const Options& options);
 
 }  // namespace tarvik

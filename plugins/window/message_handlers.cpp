@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "tarvik/properties.h"
 #include "tarvik/arguments.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 
@@ -16,7 +16,7 @@ HRESULT MessageHandlers::Register(const wchar_t* name, ComPtr<IDispatch> functio
 void MessageHandlers::Unregister(const wchar_t* name) {
     const auto found = handlers_.find(name);
     if (found == handlers_.end()) return;
-    const auto removed = handlers_.extract(found);  // let go of when the table is done with it
+    const auto removed = handlers_.extract(found);  // released after the map has been changed
 }
 
 void MessageHandlers::Clear() {
@@ -28,8 +28,7 @@ HRESULT MessageHandlers::Call(BusMessage message) const {
     if (found == handlers_.end()) return E_FAIL;
     const ComPtr<IDispatch> function = found->second.function;
     const Variant context = Variant::Copy(found->second.context);
-    Variant payload;
-    SetResult(&payload, std::move(message.payload));
+    const Variant payload = ToVariant(std::move(message.payload));
     return CallScriptFunction(function.Get(), {&payload, &context});
 }
 

@@ -12,17 +12,16 @@
 
 namespace tarvik {
 
-// The functions that a page has for messages, one for each name. They stay until they are taken out, also
-// when their page has gone; then calling one fails. A function may change the table while it runs, and so may
-// the end of one that is let go of.
+// The functions that handle messages, one for each name. They are retained until they are unregistered, even
+// after their page has been destroyed: calls fail then. Calling or releasing a function may change the table.
 class MessageHandlers {
   public:
-    // E_INVALIDARG without a function. E_FAIL if the name has one already, which stays.
+    // E_INVALIDARG without a function. E_FAIL if the name has a function, which is not replaced.
     HRESULT Register(const wchar_t* name, ComPtr<IDispatch> function, Variant context);
     void Unregister(const wchar_t* name);
     void Clear();
 
-    // function(payload, context), and its status; E_FAIL if the name has none.
+    // Calls function(payload, context) and returns its status; E_FAIL if the name has no function.
     HRESULT Call(BusMessage message) const;
 
   private:

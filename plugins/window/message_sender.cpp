@@ -2,16 +2,15 @@
 
 #include <windows.h>
 
-#include "plugins/window/main_subclass.h"
+#include "host/plugin_registry/window_numbers.h"
 #include "plugins/window/shared_block.h"
-#include "plugins/window/window_marks.h"
+#include "plugins/window/window_properties.h"
 
 namespace tarvik {
 
 namespace {
 
-// One message on its way to one window. While the window deals with it, script may send more: then deliveries
-// stand one inside the other.
+// The delivery of one message to one window. Handlers may send more messages, so deliveries can nest.
 class Delivery {
   public:
     explicit Delivery(HWND target) : target_(target), outer_(innermost) { innermost = this; }
@@ -19,18 +18,18 @@ class Delivery {
     Delivery(const Delivery&) = delete;
     Delivery& operator=(const Delivery&) = delete;
 
-    void Run(const wchar_t* name, std::wstring_view payload) {
+    void Send(const wchar_t* name, std::wstring_view payload) {
         for (Delivery* outer = outer_; outer; outer = outer->outer_) {
-            if (outer->target_ == target_ && outer->block_) outer->GiveUpBlock();
+            if (outer->target_ == target_ && outer->block_) outer->ReleaseBlock();
         }
         block_ = SharedBlock::Make(target_, name, payload);
         if (block_) SendMessageW(target_, kBusMessage, GetCurrentProcessId(), block_.Size());
     }
 
   private:
-    // A block's name allows one to a window at a time. A window takes messages in the order they were sent,
-    // so when it has answered a further one, it has read the block.
-    void GiveUpBlock() {
+    // Only one block for a window can exist at a time, because blocks are named after their window. A window
+    // handles sent messages in order, so it has read the block once it has handled WM_NULL.
+    void ReleaseBlock() {
         SendMessageW(target_, WM_NULL, 0, 0);
         block_ = {};
     }
@@ -47,9 +46,9 @@ class Delivery {
 bool SendToReceivers(const wchar_t* identifier, const wchar_t* name, std::wstring_view payload) {
     bool found = false;
     for (const HWND window : TopLevelWindows()) {
-        if (!HasMark(window, identifier, WindowMark::kReceives)) continue;
+        if (!HasWindowProperty(window, identifier, WindowProperty::kReceives)) continue;
         found = true;
-        if (name) Delivery(window).Run(name, payload);
+        if (name) Delivery(window).Send(name, payload);
     }
     return found;
 }

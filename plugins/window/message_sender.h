@@ -4,9 +4,9 @@
 
 namespace tarvik {
 
-// Hands a message to every window that receives for the identifier, one after the other, and returns when the
-// last has dealt with it. Whether there was such a window; that is all a sender learns. Without a name (null)
-// nothing is handed over. Main thread; meanwhile it answers messages, so more may be sent before it returns.
+// Sends a message to every window with the identifier, one after the other, and waits until each has handled
+// it. Returns whether there is such a window, whatever its handler did. A null name sends nothing. Called on
+// the main thread, which handles sent messages while it waits, so that calls can nest.
 bool SendToReceivers(const wchar_t* identifier, const wchar_t* name, std::wstring_view payload);
 
 }  // namespace tarvik

@@ -26,7 +26,7 @@ STDMETHODIMP CMsgDispatch::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags
     return Dispatch::Invoke(id, iid, locale, flags, parameters, result, exception, argument);
 }
 
-// Converting an argument may run script, and that may end the window.
+// Converting an argument may run a script that destroys the window.
 CMainSubclassWindow& CMsgDispatch::Window() const {
     if (!window_) throw StatusError(E_FAIL);
     return *window_;
@@ -34,7 +34,7 @@ CMainSubclassWindow& CMsgDispatch::Window() const {
 
 Outcome CMsgDispatch::RegisterMsg(BSTR name, IDispatch* function, std::optional<AnyValue> context) {
     if (!name) return {E_INVALIDARG};
-    if (!Window().Window()) return {E_FAIL};  // nothing will come any more
+    if (!Window().Window()) return {E_FAIL};  // destroyed: no message can arrive
     return {
         Window().Handlers().Register(name, function, context ? Variant::Copy(*context->value) : Variant())};
 }
@@ -45,7 +45,7 @@ bool CMsgDispatch::UnregisterMsg(BSTR name) {
 }
 
 bool CMsgDispatch::SendMsg(CoercedText identifier, CoercedText name, std::optional<AnyValue> payload) {
-    // Copied: a handler may change the variable that it stands in before the next receiver's turn.
+    // Copied, because a handler may change the argument before the next window receives it.
     std::wstring text;
     if (BSTR given = nullptr; payload && FromVariant(*payload->value, given)) text = Bstr::View(given);
     return SendToReceivers(identifier.Get(), name.isNull ? nullptr : name.Get(), text);

@@ -13,8 +13,8 @@ namespace tarvik {
 
 namespace {
 
-// What a message of the dialog answers: it takes the length of a buffer and the buffer.
-std::wstring Ask(HWND dialog, UINT message) {
+// The result of a dialog message that takes the length of a buffer and the buffer.
+std::wstring QueryDialog(HWND dialog, UINT message) {
     const LRESULT length = SendMessageW(dialog, message, 0, 0);
     if (length <= 0) return {};
     std::wstring text(static_cast<size_t>(length), L'\0');
@@ -23,7 +23,7 @@ std::wstring Ask(HWND dialog, UINT message) {
     return text;
 }
 
-// "a.txt" "b.txt": the names in quotes. A name alone has none.
+// The names in a text like "a.txt" "b.txt". A single name is not quoted.
 std::vector<std::wstring> QuotedNames(const std::wstring& text) {
     std::vector<std::wstring> names;
     size_t open = text.find(L'"');
@@ -54,11 +54,11 @@ std::wstring TargetOf(const std::wstring& shortcut) {
 
 }  // namespace
 
-// A dialog puts the target of a shortcut in its place.
-size_t NameBuffer::GrowthOf(const std::wstring& path) {
-    const auto [entry, isNew] = growth_.try_emplace(path, 0);
+// How much longer the target of a shortcut is than its name: the dialog returns the target.
+size_t NameBuffer::ExtraLength(const std::wstring& path) {
+    const auto [entry, isNew] = extraLengths_.try_emplace(path, 0);
     if (!isNew) return entry->second;
-    for (const std::wstring& file : {path, path + L".lnk"}) {  // such names are shown without their end
+    for (const std::wstring& file : {path, path + L".lnk"}) {  // the dialog hides this extension
         if (!IsShortcut(file)) continue;
         const size_t target = TargetOf(file).size();
         const size_t name = path.size() - path.rfind(L'\\') - 1;
@@ -69,23 +69,23 @@ size_t NameBuffer::GrowthOf(const std::wstring& path) {
 }
 
 void NameBuffer::Fit(HWND dialog) {
-    const std::wstring folder = Ask(dialog, CDM_GETFOLDERPATH);
-    const std::wstring names = Ask(dialog, CDM_GETSPEC);
-    size_t size = folder.size() + names.size() + 3;  // with the terminators of both, and that of the list
+    const std::wstring folder = QueryDialog(dialog, CDM_GETFOLDERPATH);
+    const std::wstring names = QueryDialog(dialog, CDM_GETSPEC);
+    size_t size = folder.size() + names.size() + 3;  // with the terminators of both and of the list
     for (const std::wstring& name : QuotedNames(names))
-        size += GrowthOf(folder + L'\\' + name);
+        size += ExtraLength(folder + L'\\' + name);
     if (size > Size()) buffer_.resize(size + kTypedLength);
 }
 
-// One full path, or a folder and the names in it; each ends in a zero, and the list in another.
+// The buffer holds one full path, or a folder and the names in it. Each ends in a NUL; another NUL ends the
+// list.
 std::vector<std::wstring> NameBuffer::Paths() const {
     const std::wstring folder = buffer_.data();
     std::vector<std::wstring> paths;
     const wchar_t* name = buffer_.data() + folder.size() + 1;
     if (!*name) paths.push_back(folder);
     for (; *name; name += wcslen(name) + 1) {
-        // The target of a shortcut is a full path already. A drive's root gives two backslashes; that is
-        // intended.
+        // The target of a shortcut is a full path. By design the root of a drive yields two backslashes.
         paths.push_back(PathIsRelativeW(name) ? folder + L'\\' + name : std::wstring(name));
     }
     const auto tooLong = [](const std::wstring& path) { return path.size() >= kPathLength; };

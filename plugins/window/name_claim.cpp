@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "plugins/window/main_subclass.h"
-#include "plugins/window/window_marks.h"
+#include "host/plugin_registry/window_numbers.h"
+#include "plugins/window/window_properties.h"
 
 namespace tarvik {
 
 namespace {
 
-std::wstring MarkName(const std::wstring& name) {
+std::wstring PropertyName(const std::wstring& name) {
     return name + L"_UniquePropName";
 }
 
@@ -17,20 +17,21 @@ std::wstring MarkName(const std::wstring& name) {
 
 bool NameClaim::Claim(HWND window, const std::wstring& name) {
     const std::wstring mutexName = name + L"_WndMutex";
-    mutex_.Reset();  // its name may be this one
+    mutex_.Reset();  // the previous claim may be on the same name
     mutex_ = UniqueHandle(CreateMutexW(nullptr, TRUE, mutexName.c_str()));
     isTaken_ = mutex_ && GetLastError() == ERROR_ALREADY_EXISTS;
-    if (mutex_ && !isTaken_) SetMark(window, MarkName(name).c_str(), WindowMark::kOwnsName);
+    if (mutex_ && !isTaken_) SetWindowProperty(window, PropertyName(name).c_str(), WindowProperty::kOwnsName);
     name_ = name;
     return !isTaken_;
 }
 
 bool NameClaim::ShowOwner() const {
     if (!mutex_ || !isTaken_) return false;
-    const std::wstring mark = MarkName(name_);
+    const std::wstring property = PropertyName(name_);
     const auto windows = TopLevelWindows();
-    const auto owner = std::ranges::find_if(
-        windows, [&](HWND window) { return HasMark(window, mark.c_str(), WindowMark::kOwnsName); });
+    const auto owner = std::ranges::find_if(windows, [&](HWND window) {
+        return HasWindowProperty(window, property.c_str(), WindowProperty::kOwnsName);
+    });
     if (owner == windows.end() || SendMessageW(*owner, kShowMessage, 0, SW_SHOWNORMAL) != 0) return false;
     SetForegroundWindow(*owner);
     return true;

@@ -8,14 +8,14 @@
 
 namespace tarvik {
 
-// One name of which there is one window in the session. The claim on it ends with this object or with a claim
-// on another name.
+// A claim on a name that only one window in the session can own. It ends with this object or with the next
+// claim.
 class NameClaim {
   public:
-    // Whether the name was free, and the window now owns it. If the system refuses the name, it is free for
-    // everybody; that is intended.
+    // Returns whether the name was free, so that the window now owns it. By design this is also true for a
+    // name that the system rejects.
     bool Claim(HWND window, const std::wstring& name);
-    // Brings up the window that owns the name. Only for one that claimed it in vain.
+    // Brings the owner of the name to the front, if the last claim failed.
     bool ShowOwner() const;
 
   private:

@@ -19,7 +19,7 @@ ComPtr<IHTMLWindow2> WindowOf(IWebBrowser2* browser) {
     return window;
 }
 
-// The object in a value, or null.
+// Null if the value is no object.
 IDispatch* ObjectOf(const Variant& value) {
     return value.Is(VT_DISPATCH) ? value.pdispVal : nullptr;
 }

@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-// A new Array of the page's own script with these texts; null if the page gives none.
+// Creates a JavaScript Array of the page with these texts; null if the page cannot create one.
 Variant MakePageArray(IWebBrowser2* browser, const std::vector<std::wstring>& texts);
 
 }  // namespace tarvik

@@ -7,7 +7,7 @@
 
 #include "tarvik/status.h"
 #include "base/text.h"
-#include "plugins/window/dialog_start.h"
+#include "plugins/window/dialog_options.h"
 #include "plugins/window/name_buffer.h"
 #include "plugins/window/page_array.h"
 
@@ -19,13 +19,13 @@ struct FileOptions {
     FileOptions(TVK::ICore* core, const Options& options)
         : title(options.Text(L"title").value_or(L"")),
           filter(options.Text(L"filter").value_or(L"")),
-          folder(FirstFolder(core, options)),
+          folder(InitialFolder(core, options)),
           multi(options.Flag(L"multi")),
           fileMustExist(options.Flag(L"fileMustExist")),
           overwritePrompt(options.Flag(L"overwritePrompt")),
           saveMode(options.Flag(L"saveMode")) {
-        // Pairs of a description and a pattern: with these a list without its end, or with half a pair, ends
-        // all the same.
+        // Pairs of a description and a pattern. Two NULs terminate the list even if it lacks its end or half
+        // of its last pair.
         if (!filter.empty()) filter.append(2, L'\0');
     }
 
@@ -33,13 +33,13 @@ struct FileOptions {
     bool multi, fileMustExist, overwritePrompt, saveMode;
 };
 
-// Explorer's dialogs send what is selected to the hook.
+// Grows the buffer when the selection changes.
 UINT_PTR CALLBACK OnDialog(HWND hook, UINT message, WPARAM, LPARAM parameter) {
     if (message != WM_NOTIFY) return 0;
     const auto& notice = *reinterpret_cast<const OFNOTIFYW*>(parameter);
     auto* const names = reinterpret_cast<NameBuffer*>(notice.lpOFN->lCustData);
     if (notice.hdr.code != CDN_SELCHANGE || !names) return 0;
-    // Without memory the dialog has the room that it had, and says at its end that it is too small.
+    // If memory is short, the buffer stays as it is and the dialog fails because it is too small.
     static_cast<void>(Guard([&] { names->Fit(GetParent(hook)); }));
     notice.lpOFN->lpstrFile = names->Data();
     notice.lpOFN->nMaxFile = names->Size();
@@ -54,14 +54,14 @@ DWORD FlagsOf(const FileOptions& options) {
            (options.fileMustExist ? OFN_FILEMUSTEXIST : 0);
 }
 
-// An empty text as none; a dialog for several files is given it all the same.
-const wchar_t* Given(const std::wstring& text, const FileOptions& options) {
+// Null for an empty text, except in a dialog with multiple selection.
+const wchar_t* TextOrNull(const std::wstring& text, const FileOptions& options) {
     return options.multi || !text.empty() ? text.c_str() : nullptr;
 }
 
 }  // namespace
 
-Variant AskForFile(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& given) {
+Variant ShowFileDialog(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& given) {
     constexpr size_t kTitleLength = 256;
     const FileOptions options(core, given);
     NameBuffer names;
@@ -74,8 +74,8 @@ Variant AskForFile(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Op
     dialog.nMaxFile = names.Size();
     dialog.lpstrFileTitle = fileTitle;
     dialog.nMaxFileTitle = kTitleLength;
-    dialog.lpstrInitialDir = Given(options.folder, options);
-    dialog.lpstrTitle = Given(options.title, options);
+    dialog.lpstrInitialDir = TextOrNull(options.folder, options);
+    dialog.lpstrTitle = TextOrNull(options.title, options);
     dialog.Flags = FlagsOf(options);
     dialog.lpfnHook = OnDialog;
     dialog.lCustData = reinterpret_cast<LPARAM>(options.multi ? &names : nullptr);

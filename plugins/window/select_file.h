@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// Asks for a file, or with the option `multi` for files. The answer is the path, or an Array of the page's
-// script with the paths; null if nothing was chosen.
-Variant AskForFile(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& options);
+// Lets the user select a file, or several with the option `multi`. Returns the path, or a JavaScript Array of
+// paths; null if the user cancels.
+Variant ShowFileDialog(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& options);
 
 }  // namespace tarvik

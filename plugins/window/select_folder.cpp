@@ -6,13 +6,13 @@
 
 #include "tarvik/owners.h"
 #include "base/text.h"
-#include "plugins/window/dialog_start.h"
+#include "plugins/window/dialog_options.h"
 
 namespace tarvik {
 
 namespace {
 
-// `data` is the first folder's path.
+// `data` is the path of the initial folder.
 int CALLBACK OnBrowse(HWND dialog, UINT message, LPARAM, LPARAM data) {
     if (message != BFFM_INITIALIZED || !*reinterpret_cast<const wchar_t*>(data)) return 0;
     SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, data);
@@ -22,9 +22,9 @@ int CALLBACK OnBrowse(HWND dialog, UINT message, LPARAM, LPARAM data) {
 
 }  // namespace
 
-Variant AskForFolder(HWND owner, TVK::ICore* core, const Options& options) {
+Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const Options& options) {
     const std::wstring title = options.Text(L"title").value_or(L"");
-    const std::wstring folder = FirstFolder(core, options);
+    const std::wstring folder = InitialFolder(core, options);
     wchar_t name[kPathLength] = {};
     BROWSEINFOW browse = {};
     browse.hwndOwner = DialogOwner(owner);

@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-// Asks for a folder. The answer is its path; null if none was chosen, or one that is in no file system.
-Variant AskForFolder(HWND owner, TVK::ICore* core, const Options& options);
+// Lets the user select a folder. Returns its path; null if the user cancels or the folder is virtual.
+Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const Options& options);
 
 }  // namespace tarvik

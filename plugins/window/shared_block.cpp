@@ -9,6 +9,8 @@ namespace tarvik {
 
 namespace {
 
+constexpr size_t kNulCount = 2;  // in every block
+
 std::wstring BlockName(DWORD sender, HWND target) {
     wchar_t name[64] = {};
     std::swprintf(name, std::size(name), L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(sender),
@@ -16,18 +18,30 @@ std::wstring BlockName(DWORD sender, HWND target) {
     return name;
 }
 
-// A sender may name more bytes than it has, or reserve memory and put nothing there.
+// A sender may claim more bytes than the block has, or reserve memory without committing it.
 bool HoldsBytes(const void* view, size_t size) {
     MEMORY_BASIC_INFORMATION region = {};
     return VirtualQuery(view, &region, sizeof region) != 0 && region.State == MEM_COMMIT &&
            region.RegionSize >= size;
 }
 
+// The sender may write while this reads, so every access is checked against the size of the block.
+std::optional<BusMessage> Parse(std::wstring_view block) {
+    const size_t end = block.find(L'\0');
+    if (end == 0 || end == std::wstring_view::npos) return std::nullopt;
+    BusMessage message;
+    message.name = block.substr(0, end);
+    if (block.size() > end + kNulCount) {
+        message.payload = Bstr(block.substr(end + 1, block.size() - end - kNulCount));
+    }
+    return message;
+}
+
 }  // namespace
 
 SharedBlock SharedBlock::Make(HWND target, const wchar_t* name, std::wstring_view payload) {
     const std::wstring_view head(name);
-    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kBlockZeros) * sizeof(wchar_t);
+    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kNulCount) * sizeof(wchar_t);
     if (size > MAXDWORD) return {};
     const std::wstring blockName = BlockName(GetCurrentProcessId(), target);
     UniqueHandle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
@@ -35,14 +49,14 @@ SharedBlock SharedBlock::Make(HWND target, const wchar_t* name, std::wstring_vie
     if (!mapping || GetLastError() == ERROR_ALREADY_EXISTS) return {};
     const UniqueView view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, size));
     if (!view) return {};
-    auto* const text = static_cast<wchar_t*>(view.Get());  // all zeros
+    auto* const text = static_cast<wchar_t*>(view.Get());  // zero-filled
     head.copy(text, head.size());
     payload.copy(text + head.size() + 1, payload.size());
     return {std::move(mapping), static_cast<DWORD>(size)};
 }
 
 std::optional<BusMessage> ReadSharedBlock(DWORD sender, HWND target, size_t size) {
-    if (size == 0) return std::nullopt;  // the system would map all there is
+    if (size == 0) return std::nullopt;  // the system would map the entire block
     const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(sender, target).c_str()));
     if (!mapping) return std::nullopt;
     const UniqueView view(MapViewOfFile(mapping.Get(), FILE_MAP_READ, 0, 0, size));

@@ -11,15 +11,15 @@
 
 namespace tarvik {
 
-// The named memory that carries one message to one window, and lives for one SendMessageW:
+// Named shared memory that carries one message to one window during one SendMessageW. In UTF-16:
 //
-//     the message's name, a zero, the payload, a zero
+//     the message's name, NUL, the payload, NUL
 //
-// in UTF-16. Without a payload only the two zeros follow the name. The block's name says who sends to whom.
+// The block's name contains the sender's process id and the window.
 class SharedBlock {
   public:
-    // Empty if the texts are too long or the system refuses; also if a block of that name is there, which is
-    // none of ours. The name of the message ends at its first zero, the payload may hold some.
+    // Empty if the texts are too long, the system fails, or a block of that name exists, which is not ours.
+    // The message's name ends at its first NUL; the payload may contain NULs.
     static SharedBlock Make(HWND target, const wchar_t* name, std::wstring_view payload);
 
     SharedBlock() = default;
@@ -35,10 +35,10 @@ class SharedBlock {
 
 struct BusMessage {
     std::wstring name;  // not empty
-    Bstr payload;       // null if there is none
+    Bstr payload;       // null if absent
 };
 
-// What the block of that sender says to the window. Neither the block nor its size, in bytes, is believed.
+// Reads a sender's block for the window. Block and `size`, in bytes, are untrusted.
 std::optional<BusMessage> ReadSharedBlock(DWORD sender, HWND target, size_t size);
 
 }  // namespace tarvik

@@ -18,7 +18,7 @@ constexpr State kStates[] = {
 
 }  // namespace
 
-ComPtr<ITaskbarList3> FindTaskbar() {
+ComPtr<ITaskbarList3> CreateTaskbarList() {
     ComPtr<ITaskbarList3> taskbar;
     CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, __uuidof(ITaskbarList3),
                      reinterpret_cast<void**>(taskbar.GetAddressOf()));

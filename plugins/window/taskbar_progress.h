@@ -9,10 +9,10 @@
 
 namespace tarvik {
 
-// Null where the system shows no progress in its task bar.
-ComPtr<ITaskbarList3> FindTaskbar();
+// Null if the system's taskbar cannot show progress.
+ComPtr<ITaskbarList3> CreateTaskbarList();
 
-// The system's flag for a state as script names it, in any case of letters.
+// The flag for a state's name, ignoring case.
 std::optional<TBPFLAG> ProgressFlag(const wchar_t* state);
 
 }  // namespace tarvik

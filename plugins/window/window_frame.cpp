@@ -9,7 +9,7 @@ namespace tarvik {
 namespace {
 
 constexpr DWORD kFrame = WS_CAPTION | WS_THICKFRAME;
-constexpr COLORREF kUnusualColor = 0x563412;  // one that no page is expected to use
+constexpr COLORREF kColorKey = 0x563412;  // unlikely in a page
 constexpr UINT kFrameChanged = SWP_NOSIZE | SWP_NOMOVE | SWP_FRAMECHANGED;
 
 }  // namespace
@@ -22,19 +22,19 @@ void ChangeWindowStyle(HWND window, DWORD bits, bool on) {
 
 HRESULT WindowFrame::SetCaption(bool visible) {
     if (shaped_) return E_FAIL;
-    ChangeCaption(visible, composition_.IsEnabled() ? Look::kComposed : Look::kPlain);
+    ChangeCaption(visible, composition_.IsEnabled() ? FrameType::kComposed : FrameType::kPlain);
     return S_OK;
 }
 
-// A composed window keeps the style of its frame, and with it the shadow and the animations, and covers the
-// frame with its client area.
-void WindowFrame::ChangeCaption(bool visible, Look look) {
-    main_.SetFrameless(look == Look::kComposed && !visible);
-    if (look != Look::kComposed) {
+// A composed window keeps the style of its frame, for shadow and animations, and covers the frame with its
+// client area.
+void WindowFrame::ChangeCaption(bool visible, FrameType type) {
+    main_.SetFrameless(type == FrameType::kComposed && !visible);
+    if (type != FrameType::kComposed) {
         ChangeWindowStyle(window_, kFrame, visible);
         RedrawFrame();
     }
-    if (look == Look::kShaped) {
+    if (type == FrameType::kShaped) {
         AddShadow();
     } else {
         ExtendFrame(!visible);
@@ -44,7 +44,7 @@ void WindowFrame::ChangeCaption(bool visible, Look look) {
     SetWindowPos(window_, nullptr, 0, 0, 0, 0, kFrameChanged);
 }
 
-// A new size is what makes the system compute the frame anew.
+// Changes the size for a moment, so that the system recalculates the frame.
 void WindowFrame::RedrawFrame() {
     RECT place = {};
     GetWindowRect(window_, &place);
@@ -57,7 +57,7 @@ void WindowFrame::RedrawFrame() {
 void WindowFrame::ExtendFrame(bool hide) {
     if (composition_.IsEnabled()) {
         SetWindowLongW(window_, GWL_EXSTYLE, GetWindowLongW(window_, GWL_EXSTYLE) | WS_EX_LAYERED);
-        SetLayeredWindowAttributes(window_, kUnusualColor, 0, LWA_COLORKEY);
+        SetLayeredWindowAttributes(window_, kColorKey, 0, LWA_COLORKEY);
         composition_.ExtendFrame(window_, hide ? 1 : 0);
     } else if (hide) {
         AddShadow();
@@ -83,13 +83,12 @@ HRESULT WindowFrame::ShapeImage(const wchar_t* path) {
     if (!picture) return E_INVALIDARG;
     UniqueGdi region = RegionFromImage(picture.Get());
     if (!shaped_) {
-        ChangeCaption(false, Look::kShaped);
+        ChangeCaption(false, FrameType::kShaped);
         SetResizable(false);
     }
     const SIZE size = SizeOf(picture.Get());
     SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
-    // From now on the region is the system's.
-    if (SetWindowRgn(window_, static_cast<HRGN>(region.Get()), TRUE)) region.Detach();
+    if (SetWindowRgn(window_, static_cast<HRGN>(region.Get()), TRUE)) region.Detach();  // the system owns it
     shaped_ = true;
     return S_OK;
 }

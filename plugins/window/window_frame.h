@@ -8,9 +8,9 @@
 
 namespace tarvik {
 
-// The frame of a top-level window: its caption, the means to size it, or a shape in the place of both. A
-// window without a caption is sized by a band along the page's edges. A shape is for good: from then on
-// caption and sizing are refused with E_FAIL.
+// The frame of a top-level window: caption and sizing border, or a shape instead. A window without a caption
+// is sized by a border along the page's edges. A shape cannot be removed: from then on SetCaption and
+// SetResizable return E_FAIL.
 class WindowFrame {
   public:
     WindowFrame(CMainSubclassWindow& main, CBrowserSubclassWindow& browser,
@@ -22,15 +22,15 @@ class WindowFrame {
     HRESULT SetCaption(bool visible);
     HRESULT SetResizable(bool resizable);
 
-    // The pixels of a bitmap file that are not exactly white become the window. A further picture replaces
-    // the shape. E_INVALIDARG without a picture.
+    // Shapes the window to the pixels of a bitmap file that are not exactly white, in place of an earlier
+    // shape. E_INVALIDARG if the file cannot be read.
     HRESULT ShapeImage(const wchar_t* path);
     bool IsShaped() const { return shaped_; }
 
   private:
-    enum class Look { kComposed, kPlain, kShaped };
+    enum class FrameType { kComposed, kPlain, kShaped };
 
-    void ChangeCaption(bool visible, Look look);
+    void ChangeCaption(bool visible, FrameType type);
     void ExtendFrame(bool hide);
     void AddShadow();
     void RedrawFrame();

@@ -5,6 +5,7 @@
 #include "app/log/log.h"
 #include "base/module_function.h"
 #include "atl/server_window.h"
+#include "host/plugin_registry/window_numbers.h"
 #include "plugins/window/message_box.h"
 #include "plugins/window/select_file.h"
 #include "plugins/window/select_folder.h"
@@ -68,8 +69,8 @@ static_assert(IsInOrder(kMembers));
 
 constexpr int kTitleLength = 1000;  // with the terminator; a longer title is cut
 
-// What other processes send to the window, also those with fewer rights. Older systems let everything pass.
-void LetMessagesPass() {
+// Lets processes of lower integrity send these messages. Older systems do not filter messages.
+void AllowMessagesOfOtherProcesses() {
     using ChangeFilter = BOOL WINAPI(UINT, DWORD);
     auto* const change = FindFunction<ChangeFilter>(L"user32.dll", "ChangeWindowMessageFilter");
     for (const UINT message : {kShowMessage, kBusMessage}) {
@@ -83,10 +84,10 @@ RECT WorkArea() {
     return area;
 }
 
-// Nobody is asked where there is no place for the answer. While a dialog is open, and if it fails, the answer
-// is null.
-template <class Ask>
-HRESULT AnswerByDialog(const Call& call, const char* label, Ask&& ask) {
+// Without a slot for the result no dialog opens. The result is null while the dialog is open, and if it
+// fails.
+template <class ShowDialog>
+HRESULT ReturnDialogResult(const Call& call, const char* label, ShowDialog&& showDialog) {
     IDispatch* options = nullptr;
     if (call.Count() > 0 && !FromVariant(call.At(0), options)) return E_INVALIDARG;
     if (!call.Result()) {
@@ -94,7 +95,7 @@ HRESULT AnswerByDialog(const Call& call, const char* label, Ask&& ask) {
         return S_OK;
     }
     SetResult(call.Result(), Variant::Null());
-    return SetResult(call.Result(), ask(Options(options)));
+    return SetResult(call.Result(), showDialog(Options(options)));
 }
 
 }  // namespace
@@ -103,7 +104,7 @@ std::span<const Member<CWindowPlugin>> CWindowPlugin::Members() {
     return kMembers;
 }
 
-// Script may keep the message object longer than the window.
+// Scripts may keep the message object alive longer than the window.
 CWindowPlugin::~CWindowPlugin() {
     if (msg_) msg_->Detach();
 }
@@ -114,14 +115,14 @@ STDMETHODIMP CWindowPlugin::Initialize(TVK::ICore* core, IUnknown* browser) {
     core_ = core;
     window_ = core->GetWindowHandle();
     frame_.SetWindow(window_);
-    taskbar_ = FindTaskbar();
+    taskbar_ = CreateTaskbarList();
     browser_ = Query<IWebBrowser2>(browser);
     if (!browser_) {
         LogNoBrowser(kClassName);
         return E_INVALIDARG;
     }
     main_.SubclassWindow(window_, AsUnknown());
-    LetMessagesPass();
+    AllowMessagesOfOtherProcesses();
     return S_OK;
 }
 
@@ -163,7 +164,7 @@ bool CWindowPlugin::Minimize() {
     return true;
 }
 
-// On the desktop window, within the work area of its monitor.
+// In the desktop window, but within the work area of its monitor.
 bool CWindowPlugin::CenterWindow() {
     RECT desktop = {};
     GetWindowRect(GetDesktopWindow(), &desktop);
@@ -202,14 +203,14 @@ bool CWindowPlugin::IsSupportTaskbarProgress() {
 }
 
 HRESULT CWindowPlugin::SelectFile(const Call& call) {
-    return AnswerByDialog(call, "CWindowPlugin::SelectFile", [this](const Options& options) {
-        return AskForFile(window_, core_.Get(), browser_.Get(), options);
+    return ReturnDialogResult(call, "CWindowPlugin::SelectFile", [this](const Options& options) {
+        return ShowFileDialog(window_, core_.Get(), browser_.Get(), options);
     });
 }
 
 HRESULT CWindowPlugin::SelectFolder(const Call& call) {
-    return AnswerByDialog(call, "CWindowPlugin::SelectFolder", [this](const Options& options) {
-        return AskForFolder(window_, core_.Get(), options);
+    return ReturnDialogResult(call, "CWindowPlugin::SelectFolder", [this](const Options& options) {
+        return ShowFolderDialog(window_, core_.Get(), options);
     });
 }
 
@@ -319,7 +320,7 @@ ComPtr<IDispatch> CWindowPlugin::GetMenu() {
     return ComPtr<IDispatch>(main_.Menu());
 }
 
-// What is no menu changes nothing and is no error; that is intended.
+// By design an object that is no menu is ignored.
 HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
     if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
     return S_OK;
@@ -339,7 +340,7 @@ bool CWindowPlugin::SetTopMost(bool topMost) {
     return true;
 }
 
-// Script hears nothing of a refusal of these two; that is intended.
+// By design this and ShapeImage do not report failures.
 HRESULT CWindowPlugin::SetResizable(bool resizable) {
     frame_.SetResizable(resizable);
     return S_OK;

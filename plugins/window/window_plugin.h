@@ -14,8 +14,8 @@
 
 namespace tarvik {
 
-// `window`: the top-level window that a page lives in. It lives until that window has handled its last
-// message; callbacks, menu, limits, shape and style stay when the page changes.
+// `window`: the page's top-level window. The plug-in lives until the window's last message; callbacks, menu,
+// limits, shape and style survive a navigation.
 class CWindowPlugin : public TablePlugin<CWindowPlugin> {
   public:
     ~CWindowPlugin() override;
@@ -27,7 +27,7 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown* browser) override;
     STDMETHODIMP OnDocumentComplete(void*) override;
 
-    // All positions and sizes are pixels of the screen, frame included.
+    // Positions and sizes are in pixels of the screen and include the frame.
     bool Show(bool visible);
     bool Close();
     HRESULT Quit(std::optional<AnyInt32> code);

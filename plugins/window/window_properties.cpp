@@ -1,15 +1,15 @@
-#include "plugins/window/window_marks.h"
+#include "plugins/window/window_properties.h"
 
 #include "tarvik/status.h"
 
 namespace tarvik {
 
-bool SetMark(HWND window, const wchar_t* name, WindowMark mark) {
-    return SetPropW(window, name, reinterpret_cast<HANDLE>(mark)) != FALSE;
+bool SetWindowProperty(HWND window, const wchar_t* name, WindowProperty property) {
+    return SetPropW(window, name, reinterpret_cast<HANDLE>(property)) != FALSE;
 }
 
-bool HasMark(HWND window, const wchar_t* name, WindowMark mark) {
-    return GetPropW(window, name) == reinterpret_cast<HANDLE>(mark);
+bool HasWindowProperty(HWND window, const wchar_t* name, WindowProperty property) {
+    return GetPropW(window, name) == reinterpret_cast<HANDLE>(property);
 }
 
 std::vector<HWND> TopLevelWindows() {

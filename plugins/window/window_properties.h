@@ -6,16 +6,16 @@
 
 namespace tarvik {
 
-// How a window tells other processes of a name: by a property with that name, whose data says what it means.
-// A mark goes with its window.
-enum class WindowMark : ULONG_PTR {
+// Window properties, by which other processes find a window: the property's name is the claimed name or the
+// identifier, its data tells the two apart.
+enum class WindowProperty : ULONG_PTR {
     kOwnsName = 0x10101,
     kReceives = 0x10102,
 };
 
-// False if the system refuses the name, which may be empty or too long.
-bool SetMark(HWND window, const wchar_t* name, WindowMark mark);
-bool HasMark(HWND window, const wchar_t* name, WindowMark mark);
+// False if the system rejects the name because it is empty or too long.
+bool SetWindowProperty(HWND window, const wchar_t* name, WindowProperty property);
+bool HasWindowProperty(HWND window, const wchar_t* name, WindowProperty property);
 
 // The windows of all processes on the desktop, in the system's order.
 std::vector<HWND> TopLevelWindows();

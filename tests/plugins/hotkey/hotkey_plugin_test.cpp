@@ -3,7 +3,7 @@
 namespace tarvik {
 namespace {
 
-// Presses of real keys are tested where a page hears of them.
+// tests/page tests real key presses, with a page that receives them.
 class HotkeyPlugin : public PluginOfWindow {
   protected:
     HotkeyPlugin() : PluginOfWindow(L"hotkey") {}
@@ -12,14 +12,14 @@ class HotkeyPlugin : public PluginOfWindow {
         return CallText(plugin_.Get(), L"set", keys, function);
     }
     std::string Clear(const wchar_t* keys) { return CallText(plugin_.Get(), L"clear", keys); }
-    // As the system tells of it; the number that it gives in front says nothing.
+    // As the system posts it. The hot key's id, 5, has no meaning.
     void Press(WORD modifiers, WORD key) { SendMessageW(window_, WM_HOTKEY, 5, MAKELPARAM(modifiers, key)); }
 
     const ComPtr<Recorder> first_ = MakeCom<Recorder>();
     const ComPtr<Recorder> second_ = MakeCom<Recorder>();
 };
 
-TEST_F(HotkeyPlugin, GivesACombinationToOneOnly) {
+TEST_F(HotkeyPlugin, RegistersACombinationOnce) {
     const auto browser = MakeCom<CWebBrowser>();
     const HWND window = browser->CreateHidden(nullptr, (folder_ / L"page.html").c_str());
     ComPtr<IDispatch> other;
@@ -37,10 +37,10 @@ TEST_F(HotkeyPlugin, GivesACombinationToOneOnly) {
     EXPECT_EQ(Clear(L"ctrl+alt+k"), "BOOL false");
     EXPECT_EQ(CallText(other.Get(), L"set", L"ctrl+alt+k", second_), "BOOL true");
     DestroyWindow(window);
-    EXPECT_EQ(Set(L"ctrl+alt+k", second_), "BOOL true") << "the keys go with the window";
+    EXPECT_EQ(Set(L"ctrl+alt+k", second_), "BOOL true") << "a destroyed window has no hot keys";
 }
 
-TEST_F(HotkeyPlugin, MayLoseItsWindowInItsFunction) {
+TEST_F(HotkeyPlugin, SurvivesAFunctionThatDestroysTheWindow) {
     Set(L"f8", MakeCom<Recorder>([&](const Recorder::Record&) {
             plugin_.Reset();
             DestroyWindow(window_);

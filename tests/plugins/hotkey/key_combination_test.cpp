@@ -6,7 +6,7 @@
 namespace tarvik {
 namespace {
 
-TEST(KeyCombination, IsReadAsModifiersAndAKey) {
+TEST(KeyCombination, ParsesModifiersAndAKey) {
     const struct {
         const wchar_t* text;
         UINT modifiers;
@@ -20,14 +20,14 @@ TEST(KeyCombination, IsReadAsModifiersAndAKey) {
         {L"Return", 0, VK_RETURN},
         {L"ctrl+alt+shift+win+k", MOD_CONTROL | MOD_ALT | MOD_SHIFT | MOD_WIN, 'K'},
         {L"SHIFT+Shift+esc", MOD_SHIFT, VK_ESCAPE},
-        {L"ctrlx+window+a", MOD_CONTROL | MOD_WIN, 'A'},  // the beginning counts
+        {L"ctrlx+window+a", MOD_CONTROL | MOD_WIN, 'A'},  // matched by prefix
     };
     for (const auto& c : good)
-        EXPECT_EQ(ReadKeyCombination(c.text), (KeyCombination{c.modifiers, c.key})) << Narrow(c.text);
+        EXPECT_EQ(ParseKeyCombination(c.text), (KeyCombination{c.modifiers, c.key})) << Narrow(c.text);
     for (const wchar_t* bad : {L"", L"ctrl", L"ctrl+", L"+a", L"a+b", L"control+a", L"xctrl+a", L" ctrl+a",
                                L"f13", L"enter", L"pageup ", L"\u2603", L"ctrl++a"})
-        EXPECT_FALSE(ReadKeyCombination(bad)) << Narrow(bad);
-    EXPECT_EQ(ReadKeyCombination(L":"), ReadKeyCombination(L";")) << "a character adds no shift";
+        EXPECT_FALSE(ParseKeyCombination(bad)) << Narrow(bad);
+    EXPECT_EQ(ParseKeyCombination(L":"), ParseKeyCombination(L";")) << "a character does not imply shift";
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-// A menu object and what the system has of it.
+// A menu object and its native menu.
 class Menu {
   public:
     explicit Menu(IDispatch* object = nullptr) : object_(Query<TVK::IMenu>(object)) {}
@@ -18,7 +18,7 @@ class Menu {
     UINT Id(int position) const { return GetMenuItemID(Native(), position); }
     int Exec(UINT id) const { return object_->Exec(id); }
 
-    // Whether it was done, which script hears the other way round.
+    // Whether the item was appended; the member returns the opposite.
     bool Append(const OptionObject& options) const {
         return CallText(*this, L"appendMenu", static_cast<IDispatch*>(options)) == "BOOL false";
     }
@@ -46,7 +46,7 @@ class MenuPlugin : public PluginOfWindow {
     const ComPtr<Recorder> function_ = MakeCom<Recorder>();
 };
 
-TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
+TEST_F(MenuPlugin, AppendsItemsAsTheOptionsSpecify) {
     const Menu menu = Make(), inner = Make();
     const auto item = [&](const wchar_t* option, auto&& value) {
         return OptionObject().Set(L"name", L"a").Set(L"callback", function_).Set(option, value);
@@ -72,7 +72,7 @@ TEST_F(MenuPlugin, AppendsWhatTheOptionsSay) {
     EXPECT_EQ(CallText(menu, L"getItemCount"), "I4 " + std::to_string(count + 1));
     EXPECT_TRUE(inner.Add(L"b", function_.Get()));
     EXPECT_GE(menu.Id(0), 2000u);
-    EXPECT_EQ(inner.Id(0), menu.Id(0) + 10) << "every call takes a number";
+    EXPECT_EQ(inner.Id(0), menu.Id(0) + 10) << "every call consumes an id";
 }
 
 TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
@@ -87,7 +87,7 @@ TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
     }
     EXPECT_EQ(CallText(menu, L"enable", L"MORE", false), "BOOL true");
     EXPECT_EQ(menu.State(2), static_cast<UINT>(MF_POPUP | MF_GRAYED));
-    EXPECT_EQ(menu.State(3), static_cast<UINT>(MF_ENABLED)) << "the first of the name is meant";
+    EXPECT_EQ(menu.State(3), static_cast<UINT>(MF_ENABLED)) << "only the first item of that name changes";
     for (const wchar_t* none : {L"", L"mor"})
         EXPECT_EQ(CallText(menu, L"enable", none, false), "BOOL false");
     EXPECT_EQ(CallMember(menu, L"getSubMenu", L"mORE").value.pdispVal, static_cast<IDispatch*>(inner));
@@ -95,16 +95,16 @@ TEST_F(MenuPlugin, FindsAndEnablesItemsByName) {
     EXPECT_THAT(CallMember(menu, L"getSubMenu", L"").status, HasStatus(E_INVALIDARG));
 }
 
-TEST_F(MenuPlugin, IsNeverInItself) {
-    const ObjectCheck nothingLeft;
+TEST_F(MenuPlugin, NeverContainsItself) {
+    const ObjectCheck objects;
     const Menu first = Make(), second = Make(), third = Make();
     EXPECT_TRUE(first.AddMenu(L"second", second) && second.AddMenu(L"third", third));
     for (const Menu& menu : {first, second, third})
         EXPECT_FALSE(third.AddMenu(L"around", menu));
-    EXPECT_TRUE(first.AddMenu(L"third again", third)) << "several may share one";
+    EXPECT_TRUE(first.AddMenu(L"third again", third)) << "menus may share a submenu";
 }
 
-TEST_F(MenuPlugin, OutlivesTheMenusThatItIsIn) {
+TEST_F(MenuPlugin, OutlivesTheMenusThatContainIt) {
     const Menu shared = Make();
     shared.Add(L"a", function_.Get());
     {
@@ -116,7 +116,7 @@ TEST_F(MenuPlugin, OutlivesTheMenusThatItIsIn) {
 }
 
 TEST_F(MenuPlugin, NestsDeeperThanTheStack) {
-    const ObjectCheck nothingLeft;
+    const ObjectCheck objects;
     const Menu top = Make();
     Menu menu = top;
     for (int i = 0; i < 9500; ++i) {

@@ -17,16 +17,16 @@ class TrayPlugin : public PluginOfWindow {
     HRESULT Call(const wchar_t* member, Args... arguments) const {
         return CallMember(plugin_.Get(), member, arguments...).status;
     }
-    BOOL Tell(DWORD what) const {
-        NOTIFYICONDATAW record = {};
-        record.cbSize = sizeof record;
-        record.hWnd = window_;
-        record.uID = kTrayIcon;
-        return Shell_NotifyIconW(what, &record);
+    BOOL NotifyShell(DWORD message) const {
+        NOTIFYICONDATAW data = {};
+        data.cbSize = sizeof data;
+        data.hWnd = window_;
+        data.uID = kTrayIconId;
+        return Shell_NotifyIconW(message, &data);
     }
-    // Only an icon that is there can be changed.
-    bool IsShown() const { return Tell(NIM_MODIFY) != FALSE; }
-    LRESULT Click(LPARAM mouse, WPARAM icon = kTrayIcon) const {
+    // The shell modifies only icons that it shows.
+    bool IsShown() const { return NotifyShell(NIM_MODIFY) != FALSE; }
+    LRESULT Click(LPARAM mouse, WPARAM icon = kTrayIconId) const {
         return SendMessageW(window_, kTrayMessage, icon, mouse);
     }
 };
@@ -40,23 +40,23 @@ TEST_F(TrayPlugin, ShowsAndHidesItsIcon) {
         EXPECT_FALSE(IsShown());
     }
     for (int i = 0; i < 2; ++i)
-        EXPECT_THAT(Call(L"show"), HasStatus(S_OK)) << "what the shell refuses is not told";
+        EXPECT_THAT(Call(L"show"), HasStatus(S_OK)) << "failures of the shell are not reported";
     EXPECT_TRUE(IsShown());
 }
 
-TEST_F(TrayPlugin, AddsNothingWithoutItsPicture) {
-    const std::wstring bad = folder_.Write(L"bad.ico", "no icon at all");
+TEST_F(TrayPlugin, AddsNoIconIfItCannotBeLoaded) {
+    const std::wstring bad = folder_.Write(L"bad.ico", "not an icon");
     EXPECT_TRUE(FAILED(Call(L"addTray", L"tip", bad.c_str())));
     EXPECT_THAT(Call(L"addTray", L"tip", (folder_ / L"missing.ico").c_str()),
                 HasStatus(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)));
     EXPECT_FALSE(IsShown());
 }
 
-TEST_F(TrayPlugin, ComesBackWithTheShell) {
+TEST_F(TrayPlugin, RestoresItsIconWhenTheShellRestarts) {
     for (const bool shown : {true, false}) {
         Call(L"addTray", L"tip");
         if (!shown) Call(L"hide");
-        Tell(NIM_DELETE);
+        NotifyShell(NIM_DELETE);
         SendMessageW(window_, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
         EXPECT_EQ(IsShown(), shown);
     }

@@ -1,4 +1,4 @@
-// The dialogs of the plug-in, driven on the system's own.
+// The plug-in's dialogs, driven through the system's dialog windows.
 
 #include <windows.h>
 #include <commctrl.h>
@@ -45,10 +45,10 @@ class Dialogs : public WindowPluginTest {
         CallMember(plugin_.Get(), L"show", true);
     }
 
-    // Calls a member while a person answers its dialogs.
-    std::string Ask(const wchar_t* member, IDispatch* options, const std::function<void(HWND)>& person) {
+    // Calls a member while `user` drives its dialogs.
+    std::string RunDialog(const wchar_t* member, IDispatch* options, const std::function<void(HWND)>& user) {
         Outgoing answer{};
-        AnswerDialogs([&] { answer = CallMember(plugin_.Get(), member, options); }, person);
+        AnswerDialogs([&] { answer = CallMember(plugin_.Get(), member, options); }, user);
         EXPECT_THAT(answer.status, HasStatus(S_OK));
         answer_ = std::move(answer.value);
         return ValueText(answer_);
@@ -58,7 +58,7 @@ class Dialogs : public WindowPluginTest {
     Variant answer_;
 };
 
-TEST_F(Dialogs, BoxesShowAndAnswer) {
+TEST_F(Dialogs, MessageBoxesShowButtonsAndCallBack) {
     const struct {
         const wchar_t* type;
         const wchar_t* icon;
@@ -82,7 +82,7 @@ TEST_F(Dialogs, BoxesShowAndAnswer) {
                             return Variant();
                         }));
         }
-        const auto person = [&](HWND dialog) {
+        const auto user = [&](HWND dialog) {
             EXPECT_EQ(TextOf(dialog, kBoxText), L"What now?");
             EXPECT_EQ(GetWindow(dialog, GW_OWNER), window_);
             EXPECT_FALSE(IsWindowEnabled(window_));
@@ -98,18 +98,18 @@ TEST_F(Dialogs, BoxesShowAndAnswer) {
             EXPECT_EQ(icon, reinterpret_cast<LRESULT>(LoadIconW(nullptr, box.shown)));
             EXPECT_TRUE(Press(dialog, box.press));
         };
-        EXPECT_EQ(Ask(L"messageBox", options, person), "BOOL true");
+        EXPECT_EQ(RunDialog(L"messageBox", options, user), "BOOL true");
         EXPECT_THAT(called, ElementsAre(box.called));
     }
     EXPECT_EQ(CallText(plugin_.Get(), L"messageBox", Variant::Object(nullptr)), "BOOL false");
 }
 
-TEST_F(Dialogs, FlagsDecideWhichFilesAreTaken) {
+TEST_F(Dialogs, FlagsDecideWhichFilesAreAccepted) {
     const struct {
         std::vector<const wchar_t*> flags;
         const wchar_t* typed;
         const wchar_t* button;  // of the dialog
-        int press;              // in the box that comes up; 0 if none does
+        int press;              // in the message box that opens; 0 if none opens
         bool isChosen;
     } files[] = {
         {{}, L"new.txt", L"&Open", 0, true},
@@ -128,11 +128,11 @@ TEST_F(Dialogs, FlagsDecideWhichFilesAreTaken) {
         options.Set(L"initDir", folder_.Path().c_str()).Set(L"multi", 1).Set(L"title", L"Which one?");
         for (const wchar_t* flag : file.flags)
             options.Set(flag, true);
-        const std::string answer = Ask(L"selectFile", options, [&](HWND dialog) {
+        const std::string answer = RunDialog(L"selectFile", options, [&](HWND dialog) {
             EXPECT_EQ(TitleOf(dialog), L"Which one?");
             EXPECT_EQ(TextOf(dialog, IDOK), file.button);
             EXPECT_EQ(GetWindow(dialog, GW_OWNER), window_);
-            EXPECT_FALSE(Shows(dialog, chx1)) << "opening for reading only";
+            EXPECT_FALSE(Shows(dialog, chx1)) << "the read-only check box";
             EnterFileName(dialog, file.typed);
             EXPECT_TRUE(!file.press || Press(NextDialog(dialog), file.press));
             EXPECT_TRUE(file.isChosen || Press(dialog, IDCANCEL));
@@ -141,30 +141,30 @@ TEST_F(Dialogs, FlagsDecideWhichFilesAreTaken) {
     }
 }
 
-TEST_F(Dialogs, FilesAreFiltered) {
+TEST_F(Dialogs, FilterIsShown) {
     constexpr wchar_t kFilter[] = L"Text files\0*.txt\0All files\0*.*";
     const OptionObject options;
     options.Set(L"filter", Variant::Text({kFilter, std::size(kFilter) - 1}));
-    std::vector<std::wstring> kinds;
-    Ask(L"selectFile", options, [&](HWND dialog) {
+    std::vector<std::wstring> filters;
+    RunDialog(L"selectFile", options, [&](HWND dialog) {
         const HWND list = GetDlgItem(dialog, cmb1);
         for (LRESULT i = 0; i < SendMessageW(list, CB_GETCOUNT, 0, 0); ++i) {
             wchar_t text[100] = {};
             SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
-            kinds.push_back(text);
+            filters.push_back(text);
         }
         Press(dialog, IDCANCEL);
     });
-    EXPECT_THAT(kinds, ElementsAre(L"Text files", L"All files"));
+    EXPECT_THAT(filters, ElementsAre(L"Text files", L"All files"));
 }
 
-// What shows pages must be there before the window is.
-struct ShownPages {
+// The page control must be registered before the window is created.
+struct RegisteredControl {
     const PageControlClass control;
 };
 
-// Of a page that is there: paths count from it, and its script has the lists.
-class PageDialogs : ShownPages, public Dialogs {
+// With a loaded page, which resolves relative paths and creates the arrays.
+class PageDialogs : RegisteredControl, public Dialogs {
   protected:
     void SetUp() override {
         Dialogs::SetUp();
@@ -176,7 +176,7 @@ class PageDialogs : ShownPages, public Dialogs {
         }));
     }
 
-    // What was answered, as a list.
+    // The returned Array.
     std::vector<std::wstring> Paths() const {
         std::vector<std::wstring> paths;
         if (!answer_.Is(VT_DISPATCH)) return paths;
@@ -188,39 +188,39 @@ class PageDialogs : ShownPages, public Dialogs {
     }
 };
 
-// A relative one counts from the page.
-TEST_F(PageDialogs, BeginInAFolder) {
+// A relative path refers to the page's folder.
+TEST_F(PageDialogs, OpenInTheInitialFolder) {
     folder_.Write(L"inner\\a.txt", "1");
     for (const std::wstring& first : {std::wstring(L"inner"), folder_ / L"inner"}) {
         const OptionObject options;
         options.Set(L"initDir", first.c_str()).Set(L"title", L"Where?");
-        EXPECT_EQ(Ask(L"selectFile", options, [](HWND dialog) { EnterFileName(dialog, L"a.txt"); }),
+        EXPECT_EQ(RunDialog(L"selectFile", options, [](HWND dialog) { EnterFileName(dialog, L"a.txt"); }),
                   PathText(L"inner\\a.txt"));
-        EXPECT_EQ(Ask(L"selectFolder", options,
-                      [](HWND dialog) {
-                          EXPECT_EQ(TextOf(dialog, kFolderTitle), L"Where?");
-                          EXPECT_FALSE(Shows(dialog, kNewFolder));
-                          Press(dialog, IDOK);
-                      }),
+        EXPECT_EQ(RunDialog(L"selectFolder", options,
+                            [](HWND dialog) {
+                                EXPECT_EQ(TextOf(dialog, kFolderTitle), L"Where?");
+                                EXPECT_FALSE(Shows(dialog, kNewFolder));
+                                Press(dialog, IDOK);
+                            }),
                   PathText(L"inner"));
     }
     const OptionObject options;
     options.Set(L"newFolderButton", true).Set(L"initDir", L"http://localhost/");
-    EXPECT_EQ(Ask(L"selectFolder", options,
-                  [](HWND dialog) {
-                      EXPECT_TRUE(Shows(dialog, kNewFolder));
-                      Press(dialog, IDCANCEL);
-                  }),
+    EXPECT_EQ(RunDialog(L"selectFolder", options,
+                        [](HWND dialog) {
+                            EXPECT_TRUE(Shows(dialog, kNewFolder));
+                            Press(dialog, IDCANCEL);
+                        }),
               "NULL");
 }
 
-TEST_F(PageDialogs, GiveSeveralFilesAsAnArray) {
+TEST_F(PageDialogs, ReturnSeveralFilesAsAnArray) {
     folder_.Write(L"files\\a.txt", "1");
     folder_.Write(L"files\\b.txt", "1");
     const OptionObject options;
     options.Set(L"initDir", L"files").Set(L"multi", true).Set(L"saveMode", true);
     const auto enter = [&](const wchar_t* names) {
-        Ask(L"selectFile", options, [&](HWND dialog) {
+        RunDialog(L"selectFile", options, [&](HWND dialog) {
             EXPECT_EQ(TextOf(dialog, IDOK), L"&Open");
             EnterFileName(dialog, names);
         });
@@ -229,20 +229,20 @@ TEST_F(PageDialogs, GiveSeveralFilesAsAnArray) {
     EXPECT_THAT(enter(L"b.txt"), ElementsAre(folder_ / L"files\\b.txt"));
     EXPECT_THAT(enter(L"\"a.txt\" \"b.txt\""),
                 ElementsAre(folder_ / L"files\\a.txt", folder_ / L"files\\b.txt"));
-    EXPECT_EQ(Ask(L"selectFile", options, [](HWND dialog) { Press(dialog, IDCANCEL); }), "NULL");
+    EXPECT_EQ(RunDialog(L"selectFile", options, [](HWND dialog) { Press(dialog, IDCANCEL); }), "NULL");
     options.Set(L"initDir", L"C:\\");
     EXPECT_THAT(enter(L"\"a.txt\" \"b.txt\""), ElementsAre(L"C:\\\\a.txt", L"C:\\\\b.txt"))
-        << "two backslashes behind a drive";
+        << "two backslashes after a drive";
 }
 
-// More than the dialog's first room holds.
-TEST_F(PageDialogs, TakeAnyNumberOfFiles) {
+// More than the buffer's first capacity.
+TEST_F(PageDialogs, ReturnAnyNumberOfFiles) {
     std::vector<std::wstring> files;
     for (int i = 100; i < 200; ++i)
         files.push_back(folder_.Write(L"files\\the file with number " + std::to_wstring(i) + L".txt", "1"));
     const OptionObject options;
     options.Set(L"initDir", L"files").Set(L"multi", true);
-    Ask(L"selectFile", options, [&](HWND dialog) {
+    RunDialog(L"selectFile", options, [&](HWND dialog) {
         const HWND view = FindWindowExW(dialog, nullptr, L"SHELLDLL_DefView", nullptr);
         const HWND list = FindWindowExW(view, nullptr, WC_LISTVIEWW, nullptr);
         ASSERT_TRUE(list);

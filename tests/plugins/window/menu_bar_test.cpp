@@ -27,7 +27,7 @@ class MenuBar : public WindowPluginTest {
     const ComPtr<Recorder> function_ = MakeCom<Recorder>();
 };
 
-TEST_F(MenuBar, LeavesTheWindowWithoutTakingItAlong) {
+TEST_F(MenuBar, IsReplacedWithoutDestroyingTheWindow) {
     const auto closed = MakeCom<Recorder>();
     PutMember(plugin_.Get(), L"onClosed", closed);
     for (const wchar_t* type : {L"popupMenu", L"trayMenu", L"windowMenu"})
@@ -46,7 +46,7 @@ TEST_F(MenuBar, LeavesTheWindowWithoutTakingItAlong) {
     EXPECT_EQ(GetMenuItemCount(NativeMenu(last.Get())), 1) << "a menu outlives its window";
 }
 
-TEST_F(MenuBar, StaysWithTheOtherWindowThatShowsIt) {
+TEST_F(MenuBar, StaysInAnotherWindowThatShowsIt) {
     const auto browser = MakeCom<CWebBrowser>();
     const HWND other = browser->CreateHidden(nullptr, (folder_ / L"page.html").c_str());
     ComPtr<IDispatch> plugin;
@@ -72,14 +72,14 @@ TEST_F(MenuBar, StaysWithTheOtherWindowThatShowsIt) {
     DestroyWindow(other);
 }
 
-// What a page does while a menu is open.
+// Changes that a page makes while a menu is open.
 class OpenMenu : public MenuBar {
   protected:
     void SetUp() override {
         MenuBar::SetUp();
         CallMember(plugin_.Get(), L"show", true);
     }
-    // Opens a menu, acts, and is back when the system has left its menu loop.
+    // Opens a menu, acts, and returns when the system has left its menu loop.
     void During(const std::function<void()>& open, std::function<void()> act) {
         act_ = std::move(act);
         opened_ = this;
@@ -115,7 +115,7 @@ class OpenMenu : public MenuBar {
     int ticks_ = 0;
 };
 
-TEST_F(OpenMenu, ClosesBeforeItLeavesTheWindow) {
+TEST_F(OpenMenu, ClosesWhenItIsReplacedOrItsWindowDestroyed) {
     const auto inner = MakeMenu(L"popupMenu"), next = MakeMenu(L"popupMenu");
     for (const bool closes : {false, true}) {
         Show(MakeMenu(L"windowMenu"));
@@ -134,7 +134,7 @@ TEST_F(OpenMenu, ClosesBeforeItLeavesTheWindow) {
     EXPECT_FALSE(IsWindow(window_));
 }
 
-TEST_F(OpenMenu, BecomesTheBar) {
+TEST_F(OpenMenu, BecomesTheMenuBar) {
     const auto menu = MakeMenu(L"popupMenu");
     During([&] { TrackPopupMenu(NativeMenu(menu.Get()), TPM_NONOTIFY, 10, 10, 0, window_, nullptr); },
            [&] {

@@ -1,5 +1,5 @@
-// Messages between the windows of this process, by the members that script uses. Blocks are also made and
-// read by hand here, as their layout is written down.
+// Messages between the windows of this process, sent through the script members, and forged ones in hand-made
+// blocks.
 
 #include <windows.h>
 
@@ -22,8 +22,7 @@ bool IsBlockThere(HWND target) {
     return static_cast<bool>(UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, BlockName(target).c_str())));
 }
 
-// The block of a sender that does as it likes: a page of memory, and perhaps a further one that is only
-// reserved.
+// Sends a forged block: one page of memory, followed by `reserved` bytes that are not committed.
 HRESULT SendByHand(HWND target, std::wstring_view text, size_t size, DWORD reserved = 0) {
     constexpr DWORD kPage = 0x1000;
     const UniqueHandle block(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
@@ -39,21 +38,21 @@ HRESULT SendByHand(HWND target, std::wstring_view text) {
     return SendByHand(target, text, text.size() * sizeof(wchar_t));
 }
 
-// A browser window and its end of the bus.
-class Side {
+// A browser window and its `msg` object.
+class Endpoint {
   public:
-    explicit Side(const std::wstring& page) : window_(browser_->CreateHidden(nullptr, page.c_str())) {
+    explicit Endpoint(const std::wstring& page) : window_(browser_->CreateHidden(nullptr, page.c_str())) {
         browser_->GetPlugin(L"window", plugin_.GetAddressOf());
         const Outgoing msg = GetMember(plugin_.Get(), L"msg");
         msg_ = msg.value.vt == VT_DISPATCH ? msg.value.pdispVal : nullptr;
     }
-    ~Side() { Close(); }
+    ~Endpoint() { Close(); }
 
     void Close() {
         if (IsWindow(window_)) DestroyWindow(window_);
         PumpOnce();
     }
-    void ForgetPlugin() { plugin_.Reset(); }
+    void ReleasePlugin() { plugin_.Reset(); }
 
     HWND Window() const { return window_; }
     IDispatch* Msg() const { return msg_.Get(); }
@@ -63,7 +62,7 @@ class Side {
     std::string Call(const wchar_t* member, Args&&... args) const {
         return CallText(Msg(), member, std::forward<Args>(args)...);
     }
-    // Its function for a message, which is called with a payload and the context "in".
+    // Registers a function for a message, with the context "in".
     ComPtr<Recorder> On(const wchar_t* name, Recorder::Answer answer = {}) const {
         const auto function = MakeCom<Recorder>(std::move(answer));
         EXPECT_EQ(Call(L"registerMsg", name, function, L"in"), "BOOL true");
@@ -92,11 +91,11 @@ class MessageBus : public testing::Test {
     const ObjectCheck objects_;
     const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
-    Side one_{page_};
-    Side two_{page_};
+    Endpoint one_{page_};
+    Endpoint two_{page_};
 };
 
-TEST_F(MessageBus, ReceivesForEveryIdentifierItWasGiven) {
+TEST_F(MessageBus, ReceivesForEveryIdentifier) {
     const auto news = one_.On(L"news");
     one_.Receive(L"both");
     PutMember(one_.Msg(), L"uniqueID", 42);
@@ -105,14 +104,14 @@ TEST_F(MessageBus, ReceivesForEveryIdentifierItWasGiven) {
     EXPECT_EQ(GetText(one_.Msg(), L"uniqueID"), "BSTR 42");
     for (const wchar_t* identifier : {L"one", L"both", L"42"})
         EXPECT_EQ(two_.Call(L"sendMsg", identifier, L"news"), "BOOL true");
-    for (const wchar_t* identifier : {L"nobody", tooLong.c_str()})
+    for (const wchar_t* identifier : {L"unused", tooLong.c_str()})
         EXPECT_EQ(two_.Call(L"sendMsg", identifier, L"news"), "BOOL false");
     EXPECT_EQ(two_.Call(L"sendMsg", L"one", L"unknown"), "BOOL true");
     EXPECT_EQ(news->calls.size(), 3u);
 }
 
-// Nothing goes into memory of somebody else.
-TEST_F(MessageBus, WritesIntoItsOwnBlockOnly) {
+// Another process may have created a block of that name.
+TEST_F(MessageBus, WritesOnlyToItsOwnBlock) {
     const auto news = one_.On(L"news");
     const UniqueHandle squatter(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 0x1000,
                                                    BlockName(one_.Window()).c_str()));
@@ -120,7 +119,7 @@ TEST_F(MessageBus, WritesIntoItsOwnBlockOnly) {
     EXPECT_THAT(news->calls, IsEmpty());
 }
 
-TEST_F(MessageBus, BelievesNoSender) {
+TEST_F(MessageBus, RejectsForgedBlocks) {
     const auto news = one_.On(L"news");
     const HWND target = one_.Window();
     const std::wstring good(L"news\0text\0", 10);
@@ -128,8 +127,8 @@ TEST_F(MessageBus, BelievesNoSender) {
     EXPECT_EQ(SendByHand(target, good, 0), E_FAIL);
     EXPECT_EQ(SendByHand(target, good, 0x1001), E_FAIL) << "larger than the memory";
     EXPECT_EQ(SendByHand(target, good, ~size_t{0}), E_FAIL);
-    EXPECT_EQ(SendByHand(target, good, 0x1002, 0x1000), E_FAIL) << "no memory behind the end";
-    EXPECT_EQ(SendByHand(target, std::wstring(0x800, L'x')), E_FAIL) << "a name without an end";
+    EXPECT_EQ(SendByHand(target, good, 0x1002, 0x1000), E_FAIL) << "beyond the committed memory";
+    EXPECT_EQ(SendByHand(target, std::wstring(0x800, L'x')), E_FAIL) << "a name without a terminator";
     EXPECT_EQ(SendByHand(target, std::wstring(L"\0text\0", 6)), E_FAIL) << "an empty name";
     EXPECT_EQ(SendByHand(target, std::wstring(L"old\0text\0", 9)), E_FAIL);
     EXPECT_EQ(SendByHand(target, good, 1), E_FAIL);
@@ -137,16 +136,16 @@ TEST_F(MessageBus, BelievesNoSender) {
 
     EXPECT_EQ(SendByHand(target, good), S_OK);
     EXPECT_EQ(SendByHand(target, good, 0x1000, 0x1000), S_OK) << "to the end of the memory";
-    EXPECT_EQ(SendByHand(target, good.substr(0, 5)), S_OK) << "cut behind the name";
+    EXPECT_EQ(SendByHand(target, good.substr(0, 5)), S_OK) << "cut after the name";
     EXPECT_EQ(SysStringLen(news->calls[1].arguments[0].bstrVal), 0x800u - 6);
     EXPECT_EQ(Recorder::Text(news->calls[2]), "BSTR , BSTR in");
 }
 
 TEST_F(MessageBus, SurvivesTheEndOfItsWindow) {
-    one_.ForgetPlugin();
+    one_.ReleasePlugin();
     const auto news = one_.On(L"news", [&](const auto&) {
         one_.Close();
-        EXPECT_EQ(one_.Call(L"sendMsg", L"one", L"news"), "BOOL false") << "the window is gone";
+        EXPECT_EQ(one_.Call(L"sendMsg", L"one", L"news"), "BOOL false") << "the window has been destroyed";
         return Variant();
     });
     EXPECT_EQ(two_.Call(L"sendMsg", L"one", L"news", L"end"), "BOOL true");

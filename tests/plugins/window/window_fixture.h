@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-// The content of a bitmap file of 24-bit pixels, 0x__RRGGBB, from the top.
+// The content of a bitmap file with 24 bits a pixel. `pixels` are 0x__RRGGBB, from the top.
 inline std::string BitmapOf(const std::vector<uint32_t>& pixels, LONG width) {
     const LONG height = static_cast<LONG>(pixels.size()) / width;
     const LONG stride = (width * 3 + 3) & ~3;

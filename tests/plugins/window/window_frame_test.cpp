@@ -22,7 +22,7 @@ class FakeComposition : public Composition {
 
 constexpr LONG kBorder = WS_CAPTION | WS_THICKFRAME;
 
-// A top-level window with another one in it, in the place of a page.
+// A top-level window with a child that stands for the page.
 class Frame : public testing::Test {
   protected:
     Frame() {
@@ -64,7 +64,7 @@ class Frame : public testing::Test {
     WindowFrame frame_{main_, server_, composition_};
 };
 
-TEST_F(Frame, WithoutCompositionLosesTheBitsOfItsStyle) {
+TEST_F(Frame, LosesItsStyleBitsWithoutComposition) {
     frame_.SetCaption(false);
     EXPECT_EQ(Border(), 0);
     EXPECT_TRUE(CoversWindow());
@@ -78,7 +78,7 @@ TEST_F(Frame, WithoutCompositionLosesTheBitsOfItsStyle) {
     EXPECT_THAT(composition_.margins, ElementsAre());
 }
 
-TEST_F(Frame, WithCompositionKeepsTheCaptionUnderItsClientArea) {
+TEST_F(Frame, KeepsItsCaptionStyleWithComposition) {
     composition_.enabled = true;
     frame_.SetCaption(false);
     EXPECT_EQ(Border(), WS_CAPTION);
@@ -95,7 +95,7 @@ TEST_F(Frame, WithCompositionKeepsTheCaptionUnderItsClientArea) {
     EXPECT_THAT(composition_.margins, ElementsAre(1, 0));
 }
 
-TEST_F(Frame, KeepsWhetherItCanBeSized) {
+TEST_F(Frame, StaysResizableWithoutACaption) {
     frame_.SetResizable(false);
     EXPECT_EQ(Border(), WS_CAPTION);
     frame_.SetCaption(false);
@@ -107,7 +107,7 @@ TEST_F(Frame, KeepsWhetherItCanBeSized) {
     EXPECT_EQ(Border(), kBorder);
 }
 
-TEST_F(Frame, TakesTheShapeOfWhatIsNotWhite) {
+TEST_F(Frame, TakesTheShapeOfNonWhitePixels) {
     std::mt19937 random(1);
     constexpr uint32_t kPixels[] = {0xFFFFFF, 0xFFFFFF, 0xFFFFFE, 0xFEFFFF, 0, 0x123456};
     for (const LONG width : {1, 2, 7, 64}) {
@@ -126,7 +126,7 @@ TEST_F(Frame, TakesTheShapeOfWhatIsNotWhite) {
     }
 }
 
-TEST_F(Frame, StaysShapedForGood) {
+TEST_F(Frame, KeepsItsShape) {
     EXPECT_THAT(frame_.ShapeImage((folder_ / L"missing.bmp").c_str()), HasStatus(E_INVALIDARG));
     EXPECT_THAT(frame_.ShapeImage(folder_.Write(L"text.bmp", "no picture").c_str()), HasStatus(E_INVALIDARG));
     EXPECT_FALSE(frame_.IsShaped());

@@ -15,7 +15,7 @@ bool operator==(const RECT& place, const std::array<LONG, 4>& sides) {
     return sides == std::array<LONG, 4>{place.left, place.top, place.right, place.bottom};
 }
 
-TEST_F(WindowPlugin, ChangesOneSideAndKeepsTheOthers) {
+TEST_F(WindowPlugin, ChangesOneSideOnly) {
     IDispatch* const window = plugin_.Get();
     EXPECT_EQ(CallText(window, L"setWindowPos", 40, L"50", 400.4, 300), "BOOL true");
     EXPECT_TRUE(Place() == (std::array<LONG, 4>{40, 50, 440, 350}));
@@ -44,11 +44,11 @@ TEST_F(WindowPlugin, CentresInTheWorkArea) {
                 (std::array<LONG, 4>{width / 2 - 200, height / 2 - 150, width / 2 + 201, height / 2 + 150}));
     CallMember(plugin_.Get(), L"setWindowPos", 30, 30, width + 100, height + 100);
     CallMember(plugin_.Get(), L"centerWindow");
-    EXPECT_EQ(Place().left, area.left) << "one that is too large begins where the work area does";
+    EXPECT_EQ(Place().left, area.left) << "too large: aligned with the work area";
     EXPECT_EQ(Place().top, area.top);
 }
 
-TEST_F(WindowPlugin, TakesAFileUrlForItsShape) {
+TEST_F(WindowPlugin, AcceptsAFileUrlForItsShape) {
     const TempFolder folder;
     std::wstring path = folder.Write(L"a shape.bmp", BitmapOf(std::vector<uint32_t>(30 * 20), 30));
     std::ranges::replace(path, L'\\', L'/');
@@ -58,7 +58,7 @@ TEST_F(WindowPlugin, TakesAFileUrlForItsShape) {
     EXPECT_EQ(Place().bottom - Place().top, 20);
 }
 
-TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
+TEST_F(WindowPlugin, TogglesStyleBits) {
     const std::pair<const wchar_t*, LONG> boxes[] = {
         {L"minimizeBox", WS_MINIMIZEBOX}, {L"maximizeBox", WS_MAXIMIZEBOX}, {L"sysMenu", WS_SYSMENU}};
     for (const auto& [name, bits] : boxes) {
@@ -76,7 +76,7 @@ TEST_F(WindowPlugin, SwitchesBitsOfItsStyle) {
     }
 }
 
-TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
+TEST_F(WindowPlugin, LimitsItsTrackingSize) {
     const auto limits = [this] {
         MINMAXINFO info = {};
         SendMessageW(window_, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
@@ -95,7 +95,7 @@ TEST_F(WindowPlugin, LimitsHowTheUserSizesIt) {
     EXPECT_EQ(limits(), (std::array<LONG, 4>{0, 0, 0, 0})) << "-1 is no limit";
 }
 
-// A page's functions for the events of its window, each with an answer.
+// A function for each event of the window.
 class WindowEvents : public WindowPluginTest {
   protected:
     static constexpr const wchar_t* kNames[] = {L"onClose",  L"onMinimize", L"onMaximize",   L"onRestore",
@@ -103,15 +103,15 @@ class WindowEvents : public WindowPluginTest {
 
     void AnswerAll(const Variant& answer) {
         for (const wchar_t* name : kNames) {
-            const auto note = [this, name, &answer](const Recorder::Record& call) {
+            const auto onCall = [this, name, &answer](const Recorder::Record& call) {
                 EXPECT_TRUE(call.arguments.empty());
                 called_ += std::wstring(name) + L' ';
                 return Variant::Copy(answer);
             };
-            PutMember(plugin_.Get(), name, MakeCom<Recorder>(note));
+            PutMember(plugin_.Get(), name, MakeCom<Recorder>(onCall));
         }
     }
-    // What was called for a message, and whether the window dealt with it as usual.
+    // Sends a message, checks its result and returns the names of the functions called.
     std::wstring After(UINT message, WPARAM wParam, LRESULT expected = 0) {
         called_.clear();
         EXPECT_EQ(SendMessageW(window_, message, wParam, 0), expected);
@@ -121,7 +121,7 @@ class WindowEvents : public WindowPluginTest {
     std::wstring called_;
 };
 
-TEST_F(WindowEvents, RefuseByARealFalseOnly) {
+TEST_F(WindowEvents, AreRefusedOnlyByFalse) {
     CallMember(plugin_.Get(), L"show", true);
     const Variant refusal = Variant::Bool(false);
     AnswerAll(refusal);
@@ -131,8 +131,8 @@ TEST_F(WindowEvents, RefuseByARealFalseOnly) {
     EXPECT_FALSE(IsZoomed(window_));
     EXPECT_EQ(After(WM_SYSCOMMAND, SC_CLOSE), L"onClose ");
     EXPECT_TRUE(IsWindow(window_));
-    EXPECT_EQ(After(WM_QUERYENDSESSION, 0, TRUE), L"onShutdown ") << "nobody refuses that";
-    EXPECT_EQ(After(WM_NCACTIVATE, FALSE, TRUE), L"onInactivate ") << "nor that";
+    EXPECT_EQ(After(WM_QUERYENDSESSION, 0, TRUE), L"onShutdown ") << "cannot be refused";
+    EXPECT_EQ(After(WM_NCACTIVATE, FALSE, TRUE), L"onInactivate ") << "cannot be refused";
     EXPECT_EQ(After(WM_NCACTIVATE, TRUE, TRUE), L"onActivate ");
     const Variant answers[] = {Variant(), Variant::I4(0), Variant::Text(L"")};
     for (const Variant& answer : answers) {
@@ -145,7 +145,7 @@ TEST_F(WindowEvents, RefuseByARealFalseOnly) {
     AnswerAll(refusal);
     After(WM_SYSCOMMAND, SC_MAXIMIZE | HTCAPTION);
     EXPECT_TRUE(IsZoomed(window_)) << "a double click on the caption is another command";
-    EXPECT_EQ(After(WM_CLOSE, 0), L"onInactivate onClosed ") << "and so is being closed";
+    EXPECT_EQ(After(WM_CLOSE, 0), L"onInactivate onClosed ") << "WM_CLOSE cannot be refused";
     EXPECT_FALSE(IsWindow(window_));
 }
 
