@@ -10,12 +10,12 @@
 
 namespace tarvik {
 
-// What plug-ins ask of their window, for a page with that path, and without the window.
+// The services of a browser window for a page with that path, without a window.
 class PageCore : public ComObject<As<TVK::ICore>> {
   public:
     explicit PageCore(const std::wstring& page) : location_(L"file:///" + page) {}
 
-    // A new object of a plug-in, also of a retained one.
+    // Always creates a new plug-in object.
     STDMETHODIMP GetPlugin(const wchar_t* name, IDispatch** out) override {
         const PluginEntry* const entry = FindPlugin(name);
         ComPtr<TVK::IPlugin> plugin;
@@ -42,7 +42,7 @@ class PageCore : public ComObject<As<TVK::ICore>> {
     std::wstring location_;
 };
 
-// A page's plug-ins. The page lies in a folder of the test's own.
+// The plug-ins of a page in a temporary folder.
 class PluginsOfPage : public testing::Test {
   protected:
     ComPtr<IDispatch> Plugin(const wchar_t* name) const {

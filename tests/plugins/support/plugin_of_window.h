@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-// A plug-in of a real browser window.
+// A plug-in in a browser window.
 class PluginOfWindow : public testing::Test {
   protected:
     explicit PluginOfWindow(const wchar_t* name) {
