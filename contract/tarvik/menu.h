@@ -1,5 +1,8 @@
 #pragma once
 
+// The native interface of a script menu object. A window shows a menu and passes commands on through it, and
+// a menu finds its submenus by it. Main thread only.
+
 #include <windows.h>
 #include <oaidl.h>
 
@@ -7,23 +10,25 @@ namespace TVK {
 
 enum MenuType : int {
     kPopupMenu = 0,   // shown at a point
-    kTrayMenu = 1,    // the same, opened from a tray icon
+    kTrayMenu = 1,    // a popup menu that a tray icon opens
     kWindowMenu = 2,  // the menu bar of a window
 };
 
-// The native side of a script menu object: by it a window shows a menu and passes commands on, and a menu
-// reaches its submenus. Main thread only.
 MIDL_INTERFACE("6CA55863-199D-4ED3-BF7F-E0E3E0AEE56D")
 IMenu : public IDispatch {
   public:
-    // Makes the native menu, a menu bar for kWindowMenu, or tells the system's error. Called once, by the
-    // maker of the object. `serverWindow` is the page's, from which points count and which gets the messages
-    // of a menu that is shown; `mainWindow` is the top-level one. Both stay the caller's.
+    // Creates the native menu: a menu bar for kWindowMenu, a popup menu for the other types. The creator of
+    // the object calls it once. `serverWindow` displays the page: client coordinates refer to it, and it
+    // receives the messages of the menu while the menu is shown. `mainWindow` is the top-level window. The
+    // menu closes neither. Returns S_OK or the system's error.
     STDMETHOD(Init)(HWND serverWindow, HWND mainWindow, int menuType) = 0;
-    // Stays the object's own; it ends with the object. Null before Init.
+
+    // The native menu; null before Init. The object owns it and destroys it with itself.
     STDMETHOD_(HMENU, GetMenu)() = 0;
-    // Runs the item's function, which may let go of the menu: the caller holds a reference. 0 if the command
-    // was this menu's or a submenu's, 1 if it was not; no failure of the function is told.
+
+    // Calls the function of the item with this command id. Returns 0 if the item is in this menu or a
+    // submenu, also if its function fails; otherwise 1. The function may release the menu, so the caller
+    // holds a reference until the call returns.
     STDMETHOD_(int, Exec)(UINT commandId) = 0;
 };
 

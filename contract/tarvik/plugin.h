@@ -4,16 +4,18 @@
 //
 //     extern "C" HRESULT __stdcall CreateInterface(REFIID iid, void** out);
 //
-// which answers the id of TVK::IPluginDescriptor with an object that describes the library's plug-in, and the
-// id of TVK::IPlugin with a new plug-in object each time it is asked. The module stays loaded until the
-// process ends.
+// For the id of TVK::IPluginDescriptor it returns an object that describes the library's plug-in, and for the
+// id of TVK::IPlugin a new plug-in object at each call. The module stays loaded until the process ends.
 //
-// Everything here is used on the main thread, the thread of the windows. A plug-in that works on another
-// thread takes script objects there by marshalling (CoMarshalInterThreadInterfaceInStream).
+// Threads: every call in either direction is made on the main thread, which owns the windows. A plug-in that
+// works on another thread marshals the script objects that it uses there
+// (CoMarshalInterThreadInterfaceInStream).
 //
-// Arguments are borrowed for the call: who keeps an interface takes a reference. What an out parameter
-// receives belongs to the caller, an interface with one reference, a string to be freed (SysFreeString);
-// after a failure it is null. No C++ exception may leave a library.
+// Ownership: arguments are borrowed for the call; to keep an interface, take a reference. The caller owns
+// what an out parameter receives: one reference to an interface, or a string to free by SysFreeString. After
+// a failure the out parameter is null.
+//
+// Errors: methods return a status. No C++ exception may leave a library.
 
 #include <windows.h>
 #include <oaidl.h>
@@ -21,75 +23,82 @@
 
 namespace TVK {
 
-// The services that a browser window gives to its plug-ins. A plug-in may keep it as long as it lives itself.
+// The services of one browser window. A plug-in may hold a reference for its lifetime.
 struct ICore : public IUnknown {
-    // Opens a further browser window, hidden, at `url`, resolved as below; null means the page that a first
-    // window would open. `inherit` makes it owned by this one. `callback` and `context` become the globals
-    // windowCallback and windowContext of its script; null leaves the global out. `out` may be null; it
-    // receives the `window` plug-in of the new window. Without a window it is null, and the status may be a
-    // success all the same.
+    // Opens another browser window, hidden, on the page `url`, which is resolved as ResolveUrl does. A null
+    // `url` means the page that the first window opens. With `inherit` this window owns the new one. The
+    // script of the new window gets `callback` and `context` as its globals windowCallback and windowContext;
+    // for null it gets no such global. `out`, which may be null, receives the new window's plug-in `window`.
+    // If no window was opened, `out` is null, while the status may still be S_OK.
     STDMETHOD(CreateBrowserWindow)
     (const wchar_t* url, BOOL inherit, const VARIANT* callback, const VARIANT* context, IDispatch** out) = 0;
 
-    // The top-level window. It is valid as long as the browser window lives, and stays the host's.
+    // The top-level window, which the host owns; null once it has been destroyed.
     STDMETHOD_(HWND, GetWindowHandle)() = 0;
 
-    // A plug-in of this same window by its script name, which is made if it is not there yet. Fails for a
-    // name that there is not, and when the window is going.
+    // The plug-in of this window with the script name `name`. A retained plug-in is created at its first use,
+    // a transient one at every call. Fails for an unknown name, and once the window is being destroyed.
     STDMETHOD(GetPlugin)(const wchar_t* name, IDispatch** out) = 0;
 
-    // Makes a URL or path absolute against the current page: URLs and full paths stay as they are. Relative
-    // paths on a page of a file give a full path, not a URL. Relative addresses on http pages give an empty
-    // string; that is by design. E_POINTER without `out`.
+    // Resolves a URL or a path against the current page. URLs and full paths are returned unchanged. On a
+    // page from a file, a relative path becomes a full path, not a URL. On an http or https page, a relative
+    // address gives an empty string, by design. A null `url` counts as empty. E_POINTER for a null `out`.
     STDMETHOD(ResolveUrl)(const wchar_t* url, BSTR* out) = 0;
 
-    // Makes a new script object: "object" or "array", in any case of letters; E_NOINTERFACE for other names,
-    // E_INVALIDARG for a null pointer.
+    // Creates an empty script object. `typeName` is "object" or "array", in upper or lower case; any other
+    // gives E_NOINTERFACE. E_INVALIDARG for a null `out`.
     STDMETHOD(CreateScriptObject)(const wchar_t* typeName, IDispatch** out) = 0;
 };
 
-// What a plug-in object answers besides IDispatch, which is its face to script.
+// A plug-in object implements this, and IDispatch for its members in script.
 MIDL_INTERFACE("111EE8F2-9143-42CC-83D2-9F23C3D84412")
 IPlugin : public IUnknown {
   public:
-    // Called once, right after creation. `browser` answers IWebBrowser2. Either may be null for a plug-in
-    // that script asks for while its window is being destroyed. The status is not looked at.
+    // Called once, right after the object was created. `browser` implements IWebBrowser2. Either argument may
+    // be null if script requests the plug-in while its window is being destroyed. The host ignores the
+    // status.
     STDMETHOD(Initialize)(ICore * core, IUnknown * browser) = 0;
-    // The window, or a frame in it, has a new document. The argument is always null, and the status is
-    // ignored. This call and the next one go to retained plug-ins. A retained plug-in that is created later
-    // gets the calls that it missed right after Initialize. A transient plug-in gets neither, except the
-    // object that the host creates to look up its name and releases at once: it gets the missed calls.
+
+    // The window, or a frame in it, has a new document. `reserved` is null. The host ignores the status.
+    //
+    // This call and the next one go to retained plug-ins. A retained plug-in that is created later gets the
+    // calls that it missed right after Initialize. A transient plug-in gets neither, except the object that
+    // the host creates to look up its name and releases at once: that object gets the missed calls.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
-    // The document, or that of a frame, finished loading; the argument is always null.
+
+    // The document of the window, or of a frame in it, has been loaded. `reserved` is null. The host ignores
+    // the status.
     STDMETHOD(OnDocumentComplete)(void* reserved) = 0;
 };
 
 inline constexpr int kPluginKind = 3;
 
 enum PluginFlags : int {
-    kRetainedPlugin = 0,   // one object per browser window, from its first use until the window goes
-    kTransientPlugin = 1,  // a new object at every read of window.external[name]
+    kRetainedPlugin = 0,   // one object per browser window, from its first use until the window is destroyed
+    kTransientPlugin = 1,  // a new object for every read of window.external[name]
 };
 
-// What a library answers about its plug-in. It is asked once, when the library is loaded, and released then.
+// Describes the plug-in of a library. The host queries it once, when it loads the library, and releases it.
 MIDL_INTERFACE("5DC680BA-377B-4E7C-A737-5FEDD763A63A")
 IPluginDescriptor : public IUnknown {
   public:
-    // `kind` must come back as kPluginKind; another one, or a status other than 0, refuses the library.
-    // `reserved` is 0.
+    // `kind` receives kPluginKind. The host rejects the library for any other value, and for any status but
+    // S_OK. `reserved` is 0.
     STDMETHOD(GetKind)(int* kind, int reserved) = 0;
-    // The name under which script reaches the plug-in, case and all; the host frees it.
+
+    // `name` receives the plug-in's name in script, which is case-sensitive.
     STDMETHOD(GetName)(BSTR * name) = 0;
-    // PluginFlags; the other bits have no meaning yet.
+
+    // `flags` receives PluginFlags; the other bits are reserved and 0.
     STDMETHOD(GetFlags)(int* flags) = 0;
 };
 
-// A factory makes an object and answers the interface asked for, with one reference. A failure goes to the
-// script that asked for the plug-in. CreateInterface is a factory.
+// Creates an object and returns the requested interface. Script that requested the plug-in gets the status of
+// a failure. CreateInterface is such a factory.
 using PluginFactory = HRESULT(STDAPICALLTYPE*)(REFIID iid, void** out);
 
-// The three operations of IPlugin for a plug-in that needs none of them: derive as
-// class CMyPlugin : public TVK::IPluginImpl<CMyPlugin>, public IDispatch, and override what is wanted.
+// IPlugin for a plug-in that needs none of its methods, or overrides only some:
+//     class MyPlugin : public TVK::IPluginImpl<MyPlugin>, public IDispatch { ... };
 template <class T>
 class IPluginImpl : public IPlugin {
   public:

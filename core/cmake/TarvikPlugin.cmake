@@ -1,12 +1,12 @@
-# tarvik_configure_core(TARGET CONTRACT): what the core is compiled with and needs, here and in an author's project.
+# tarvik_configure_core(TARGET CONTRACT): the options and libraries of the core, here and in an author's project.
 function(tarvik_configure_core TARGET CONTRACT)
   target_compile_features(${TARGET} PUBLIC cxx_std_20)
   target_link_libraries(${TARGET} PUBLIC ${CONTRACT} ole32 oleaut32 shlwapi uuid)
   set_target_properties(${TARGET} PROPERTIES MSVC_RUNTIME_LIBRARY MultiThreaded$<$<CONFIG:Debug>:Debug>)
 endfunction()
 
-# tarvik_add_plugin(NAME SOURCE...): a plug-in library on the core, which needs no other file at run time. It is built
-# into the folder `plugins` of the build folder, under the name by which the host looks for it: all in small letters.
+# tarvik_add_plugin(NAME SOURCE...): a plug-in library with the core. It needs no other file at run time. It is built in
+# the folder `plugins` of the build folder, under NAME in lower case, because the host looks for "*.dll" in lower case.
 function(tarvik_add_plugin NAME)
   string(TOLOWER ${NAME} FILE)
   add_library(${NAME} MODULE ${ARGN})

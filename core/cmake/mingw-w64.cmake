@@ -1,4 +1,4 @@
-# Cross-builds 64-bit Windows programs on Debian; the posix thread model is the one with <thread> and <mutex>.
+# Builds 64-bit Windows programs on Debian. Only the posix thread model has <thread> and <mutex>.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 

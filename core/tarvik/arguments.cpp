@@ -8,10 +8,10 @@ namespace tarvik {
 
 namespace {
 
-// Empty where the system cannot convert the value.
-Variant Converted(const VARIANT& value, VARTYPE kind) {
+// Empty if the system cannot convert the value.
+Variant Converted(const VARIANT& value, VARTYPE type) {
     Variant converted;
-    VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, kind);
+    VariantChangeType(&converted, const_cast<VARIANT*>(&value), 0, type);
     return converted;
 }
 

@@ -14,17 +14,20 @@
 #include "tarvik/com_ptr.h"
 #include "tarvik/variant.h"
 
-// The argument converters: how values of script become C++ values (FromVariant) and C++ values become values
-// of script (ToVariant). A type of your own becomes an argument or a result by an overload beside it.
+// The argument converters: FromVariant converts a script value to a C++ value, ToVariant converts back. To
+// pass a type of your own to or from script, write an overload beside the type.
+//
+// Most handlers need only bool, int, double, std::wstring, ScriptObject, Variant and std::optional of these.
+// The structs below select other conversions; "converts" there means the system's conversion,
+// VariantChangeType, which also accepts strings and booleans. JavaScript passes a whole number that fits 32
+// bits as VT_I4, and any other number as VT_R8.
 namespace tarvik {
 
-// Whole numbers. JavaScript passes VT_I4 for whole numbers in 32 bits and VT_R8 for all others.
-
-// By the system's conversion from any type; 0 if that fails.
+// Any type that converts to a signed 32-bit integer; 0 for a value that does not.
 struct CoercedInt {
     LONG value = 0;
 };
-// VT_I4, VT_INT, VT_UI4 or VT_UINT; the 32 bits are taken as they are.
+// VT_I4, VT_INT, VT_UI4 or VT_UINT; unsigned values keep their bits.
 struct AnyInt32 {
     LONG value = 0;
 };
@@ -32,23 +35,25 @@ struct AnyInt32 {
 struct StrictInt32 {
     LONG value = 0;
 };
-// 32 bits, from anything that converts to a signed or to an unsigned integer of that width.
+// Any type that converts to a signed or to an unsigned 32-bit integer; signed values keep their bits.
 struct Bits32 {
     ULONG value = 0;
 };
-
-// By the system's conversion; refused if that fails.
+// Any type that converts to a signed 64-bit integer.
 struct Int64 {
     LONGLONG value = 0;
 };
+// Any type that converts to an unsigned 64-bit integer.
 struct UInt64 {
     ULONGLONG value = 0;
 };
+// Any type that converts to a double.
 struct Number {
     double value = 0;
 };
 
-// A text by the system's conversion from any type; null if that fails.
+// Any type that converts to a string. `isNull` is true for a value that does not convert, and for a null
+// BSTR.
 struct CoercedText {
     std::wstring value;
     bool isNull = true;
@@ -56,15 +61,17 @@ struct CoercedText {
     const wchar_t* Get() const { return value.c_str(); }
 };
 
-// Borrowed for the call.
+// The argument itself, of any type; borrowed for the call.
 struct AnyValue {
     const VARIANT* value = nullptr;
 };
 
-// The object in a VT_DISPATCH, or in a VT_UNKNOWN, as which engines pass plug-ins. Null for other types.
+// The object in a VT_DISPATCH, or in a VT_UNKNOWN: engines pass plug-ins as VT_UNKNOWN. Null for other types,
+// and for an object without IDispatch.
 ComPtr<IDispatch> ObjectIn(const VARIANT& value);
 
-// False if the value has another type; `out` then means nothing.
+// False if the value has the wrong type; `out` is then undefined. Conversions to std::wstring, CoercedText
+// and Variant copy the value, and throw std::bad_alloc or StatusError when out of memory.
 bool FromVariant(const VARIANT& value, bool& out);    // VT_BOOL; only VARIANT_TRUE is true
 bool FromVariant(const VARIANT& value, int& out);     // a number of any type that is whole and fits
 bool FromVariant(const VARIANT& value, double& out);  // a number of any type
@@ -75,8 +82,8 @@ bool FromVariant(const VARIANT& value, Bits32& out);
 bool FromVariant(const VARIANT& value, Int64& out);
 bool FromVariant(const VARIANT& value, UInt64& out);
 bool FromVariant(const VARIANT& value, Number& out);
-bool FromVariant(const VARIANT& value, BSTR& out);          // borrowed; may be null
-bool FromVariant(const VARIANT& value, std::wstring& out);  // VT_BSTR; a null one is empty
+bool FromVariant(const VARIANT& value, BSTR& out);          // VT_BSTR; borrowed; may be null
+bool FromVariant(const VARIANT& value, std::wstring& out);  // VT_BSTR; a null BSTR becomes an empty string
 bool FromVariant(const VARIANT& value, CoercedText& out);
 bool FromVariant(const VARIANT& value, IDispatch*& out);         // VT_DISPATCH; borrowed; may be null
 bool FromVariant(const VARIANT& value, ComPtr<IDispatch>& out);  // VT_DISPATCH or VT_UNKNOWN; may be null
@@ -87,17 +94,18 @@ bool FromVariant(const VARIANT& value, std::optional<T>& out) {
     return FromVariant(value, out.emplace());
 }
 
-// A whole number as a result: HRESULT and LONG are one C++ type, so it has a type of its own.
+// A number as the result of a handler, VT_I4. A handler that returns a plain LONG returns a status, because
+// LONG and HRESULT are the same C++ type.
 struct Integer {
     LONG value;
 };
 
-// A boolean that is true exactly when the status is S_OK; the call itself succeeds.
+// A boolean as the result of a handler: true for S_OK, false for any other status. The call itself succeeds.
 struct Outcome {
     HRESULT status;
 };
 
-// Those that allocate throw when out of memory.
+// Strings are copied, and objects get a further reference. Throws std::bad_alloc when out of memory.
 inline Variant ToVariant(Variant&& value) {
     return std::move(value);
 }
@@ -128,17 +136,13 @@ inline Variant ToVariant(uint16_t value) {
 inline Variant ToVariant(uint32_t value) {
     return Variant::UI4(value);
 }
-// VT_UI8, which the old engine cannot calculate with; a double is a number everywhere.
-inline Variant ToVariant(uint64_t value) {
-    return Variant::UI8(value);
-}
-// Other whole numbers: VT_I4 if the value fits, else VT_R8.
+// Other integers: VT_I4 if the value fits, otherwise VT_R8.
 template <std::integral T>
 Variant ToVariant(T value) {
     return std::in_range<LONG>(value) ? Variant::I4(static_cast<LONG>(value))
                                       : Variant::R8(static_cast<double>(value));
 }
-Variant ToVariant(Bstr&& value);  // a null one stays null
+Variant ToVariant(Bstr&& value);  // takes the string over; a null BSTR stays null
 inline Variant ToVariant(std::wstring_view value) {
     return Variant::Text(value);
 }
@@ -155,18 +159,18 @@ inline Variant ToVariant(const ComPtr<IDispatch>& value) {
     return Variant::Object(value.Get());
 }
 template <class T>
-Variant ToVariant(std::optional<T> value) {  // null if there is none
+Variant ToVariant(std::optional<T> value) {  // VT_NULL for an empty one
     return value ? ToVariant(std::move(*value)) : Variant::Null();
 }
 
-// The result of a handler becomes the result of the call. `slot` is null if script wants no value.
+// Stores the result of a handler in the call's result slot, which is null if script ignores the result.
 template <class T>
 HRESULT SetResult(VARIANT* slot, T&& result) {
     Variant value = ToVariant(std::forward<T>(result));
     if (slot) value.MoveInto(slot);
     return S_OK;
 }
-// A status is no value.
+// A handler that returns a status has no result.
 inline HRESULT SetResult(VARIANT*, HRESULT status) {
     return status;
 }

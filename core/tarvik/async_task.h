@@ -10,25 +10,32 @@
 
 namespace tarvik {
 
-// One run of an asynchronous member: `progress` as often as the work likes, then one `success` or `fail`. The
-// functions are called on the main thread, while the worker waits; calls of a page that has gone fail and are
-// dropped. A member derives from this, takes what else it needs with it, and states its work.
+// One operation of an asynchronous member, on a worker thread. It reports to functions of the option object:
+// `progress` any number of times, then `success` or `fail` once. Each call of a function runs on the main
+// thread while the worker waits. A call fails if its page has been destroyed; AsyncTask ignores that.
+//
+// Derive from this class, copy further arguments into members (script objects as MarshaledObject), and
+// implement Work. StartTask or StartWorker starts the operation.
 class AsyncTask : public Worker {
   public:
     HRESULT Run() final;
 
   protected:
-    // On the main thread; a failure throws.
+    // Reads `progress`, `success`, `fail` and `context`, each of which may be absent. On the main thread.
+    // Throws StatusError if an object cannot be marshaled.
     explicit AsyncTask(const Options& options);
 
-    // On the worker. May throw; S_OK ends in success.
+    // The work, on the worker thread. A returned S_OK leads to Succeed; any other status, and an exception,
+    // leads to Fail.
     virtual HRESULT Work() = 0;
-    // The last calls. The orders of their arguments differ by member on purpose: scripts are written against
-    // them. Usual are success(context) and fail(code, context), and neither after E_ABORT, a cancel.
+
+    // The final call: success(context) or fail(status, context). A task that was cancelled returns E_ABORT
+    // from Work and calls neither. Override them where scripts expect other arguments.
     virtual void Succeed();
     virtual void Fail(HRESULT status);
 
-    // On the worker: the functions, null if script gave none, and the context value.
+    // The functions, null if script passed none, and the context value, VT_EMPTY if script passed none. On
+    // the worker thread; the task owns them.
     IDispatch* Progress() { return progress_.Get(); }
     IDispatch* Success() { return success_.Get(); }
     IDispatch* Failure() { return fail_.Get(); }
@@ -41,11 +48,13 @@ class AsyncTask : public Worker {
     MarshaledValue context_;
 };
 
-// Calls fail(code, context) on the main thread.
+// Calls fail(status, context) of the option object. On the main thread.
 void CallFail(const Options& options, HRESULT status);
 
-// The main thread's side of members that answer whether their run has started. `make` makes the task from the
-// options, and may throw; what fails before the start is told to `fail` at once.
+// Starts a task for a member that returns whether its operation has started. `make` creates the task from the
+// options, std::unique_ptr<Worker>(const Options&), and may throw. If it throws, or no thread can be started,
+// `fail` is called at once and the result is false. On the main thread. Throws E_INVALIDARG for a null
+// `object`.
 template <class MakeTask>
 bool StartTask(IDispatch* object, MakeTask make) {
     if (!object) throw StatusError(E_INVALIDARG);

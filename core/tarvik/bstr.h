@@ -11,10 +11,11 @@
 
 namespace tarvik {
 
-// Owner of a BSTR. A null one reads as the empty string.
+// Owner of a BSTR. A null BSTR reads as an empty string.
 class Bstr {
   public:
-    Bstr() noexcept = default;
+    Bstr() noexcept = default;  // null
+    // A copy of the text, never null. Throws std::bad_alloc when out of memory.
     explicit Bstr(std::wstring_view text)
         : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
         if (!value_) throw std::bad_alloc();
@@ -28,16 +29,20 @@ class Bstr {
 
     BSTR Get() const noexcept { return value_; }
     bool IsNull() const noexcept { return value_ == nullptr; }
+    // Valid until the string is freed. The static form works on any BSTR, which may be null.
     std::wstring_view View() const noexcept { return View(value_); }
     static std::wstring_view View(BSTR text) noexcept {
         return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
     }
 
+    // The caller has to free the string.
     BSTR Detach() noexcept { return std::exchange(value_, nullptr); }
+    // Takes the string over and frees the old one.
     void Attach(BSTR value) noexcept {
         const BSTR old = std::exchange(value_, value);
         SysFreeString(old);
     }
+    // For calls that fill an out parameter; frees the old string.
     BSTR* Receive() noexcept {
         Attach(nullptr);
         return &value_;

@@ -7,19 +7,23 @@
 
 namespace tarvik {
 
-// One invocation of a member. The arguments are in script order and borrowed for the call.
+// The arguments and the result slot of one IDispatch::Invoke. Everything is borrowed for the call.
 class Call {
   public:
+    // Either argument may be null.
     Call(const DISPPARAMS* parameters, VARIANT* result)
         : reversed_(parameters ? parameters->rgvarg : nullptr, parameters ? parameters->cArgs : 0),
           result_(result) {}
 
+    // The number of arguments.
     size_t Count() const { return reversed_.size(); }
+    // An argument, counted from 0 in the order of script, without a VT_VARIANT reference around it. `index`
+    // must be less than Count().
     const VARIANT& At(size_t index) const {
         const VARIANT& value = reversed_[reversed_.size() - 1 - index];
         return value.vt == (VT_VARIANT | VT_BYREF) ? *value.pvarVal : value;
     }
-    // Null if script wants no value.
+    // Null if script ignores the result.
     VARIANT* Result() const { return result_; }
 
   private:

@@ -8,11 +8,12 @@
 
 namespace tarvik {
 
-// The number of ComObject instances alive in the process; tests of object lifetimes compare it.
+// The number of ComObject instances in this module; tests compare it to find leaks.
 inline std::atomic<long> liveComObjects{0};
 
-// An entry of ComObject's list: derive from Class, and answer these interfaces with it. For interfaces that
-// stand on another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for bases that implement one.
+// An entry in the list of ComObject: derive from Class and return it for these interfaces. Needed for an
+// interface that derives from another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for a Class that
+// implements interfaces.
 template <class Class, class... Interfaces>
 struct As;
 
@@ -43,9 +44,9 @@ struct FirstOf {
 
 }  // namespace detail
 
-// Base of every COM object made here: count and QueryInterface from a list of interfaces, the first of which
-// is the identity. Objects start with a count of 1 (see MakeCom). The count is interlocked: some plug-ins
-// and streams are kept alive by worker threads.
+// The base of a COM object: implements IUnknown for a list of interfaces, the first of which is the identity
+// of the object. An entry is an interface, or As<...>. MakeCom creates objects. The reference count is
+// atomic, because worker threads retain some objects; the last Release destroys the object on its thread.
 template <class... Entries>
 class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
   public:
@@ -68,13 +69,15 @@ class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
         return left;
     }
 
+    // The identity, without a further reference.
     IUnknown* AsUnknown() { return static_cast<Identity*>(this); }
 
   protected:
     ComObject() { ++liveComObjects; }
     virtual ~ComObject() { --liveComObjects; }
 
-    // The interface's pointer without a reference, or null. Override to add what the list cannot say.
+    // A pointer to the interface, without a further reference; null if the object does not have it. Override
+    // it for interfaces that the list cannot express.
     virtual void* Find(REFIID iid) {
         if (iid == __uuidof(IUnknown)) return AsUnknown();
         void* found = nullptr;

@@ -9,16 +9,17 @@ namespace tarvik {
 
 using Microsoft::WRL::ComPtr;
 
-// Makes a ComObject and owns its first reference.
+// Creates a ComObject and owns its first reference. Throws std::bad_alloc, and what the constructor throws.
 template <class T, class... Args>
 ComPtr<T> MakeCom(Args&&... args) {
     ComPtr<T> made;
-    // Not Attach: that of mingw-w64 takes a further reference.
+    // Not Attach: mingw-w64's takes a further reference.
     *made.GetAddressOf() = new T(std::forward<Args>(args)...);
     return made;
 }
 
-// The object's answer for an interface, or null.
+// QueryInterface: another interface of the object; null if the object does not have it, and for a null
+// object.
 template <class Interface>
 ComPtr<Interface> Query(IUnknown* object) {
     ComPtr<Interface> found;
@@ -26,7 +27,8 @@ ComPtr<Interface> Query(IUnknown* object) {
     return found;
 }
 
-// Hands out one reference through an out parameter.
+// Stores a further reference in an out parameter, which the caller owns. A null object stores null. E_POINTER
+// for a null `out`.
 template <class T, class U>
 HRESULT CopyTo(const ComPtr<T>& object, U** out) {
     if (!out) return E_POINTER;

@@ -1,6 +1,6 @@
 #pragma once
 
-// All of the public core, for plug-in libraries.
+// The whole public core, for plug-in libraries.
 
 #include "tarvik/async_task.h"
 #include "tarvik/library.h"

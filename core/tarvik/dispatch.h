@@ -13,20 +13,25 @@
 
 namespace tarvik {
 
-// The one name that GetIDsOfNames looks at: members have no named arguments. Null if there is none.
+// The member name among the names that GetIDsOfNames receives; null if there is none. Members have no named
+// arguments, so the other names are ignored.
 inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
     return names && count > 0 ? names[0] : nullptr;
 }
 
-// IDispatch over a member table. Self has `static std::span<const Member<Self>> Members()`, with rising ids.
-// Base is a ComObject with IDispatch among its interfaces. Rules states what the objects of one family have
-// in common; LibraryRules (tarvik/plugin.h) is the simplest:
-//     static HRESULT GetTypeInfoCount(UINT* count)
-//     static HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** out)
-//     static bool SameName(std::wstring_view given, std::wstring_view member)
-//     static HRESULT UnknownName(const wchar_t* name)    the status for it
-//     static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call)
-//                                                        `row` is null for an unknown id; may throw
+// Implements IDispatch by a member table (tarvik/member_table.h).
+//     Self   the derived class; its `static std::span<const Member<Self>> Members()` returns the table.
+//     Base   a ComObject with IDispatch among its interfaces.
+//     Rules  a policy class, whose static functions state what a family of objects has in common:
+//                HRESULT GetTypeInfoCount(UINT* count)
+//                HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** out)
+//                bool SameName(std::wstring_view given, std::wstring_view member)
+//                HRESULT UnknownName(const wchar_t* name)
+//                    returns the status for an unknown name
+//                HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call)
+//                    `row` is null for an unknown id; may throw
+//            LibraryRules (tarvik/library.h) is the simplest.
+// An exception becomes the status of the call (CaughtStatus).
 template <class Self, class Rules, class Base>
 class Dispatch : public Base {
   public:
@@ -49,7 +54,7 @@ class Dispatch : public Base {
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override {
-        // A callback made by the member may drop script's last reference.
+        // The member may call script, which may release its last reference to this object.
         const ComPtr<IUnknown> alive(this->AsUnknown());
         return Guard([&] {
             return Rules::Invoke(FindById(Self::Members(), id), static_cast<Self&>(*this), flags,

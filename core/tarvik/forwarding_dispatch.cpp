@@ -11,8 +11,8 @@ namespace tarvik {
 
 namespace {
 
-// An object of this class has this interface, and no object of another module does: a library has a copy of
-// the class, which may be of another version.
+// An interface id that only objects of this class in this module answer. Every library has its own copy of
+// the class, perhaps of another version, so the id contains an address in this module.
 GUID OwnClass() {
     GUID id = {0x5F0B61C3, 0x8A42, 0x4E0D, {}};
     const auto* const code = reinterpret_cast<const void*>(&OwnClass);
@@ -21,7 +21,7 @@ GUID OwnClass() {
     return id;
 }
 
-// Only IDispatch objects can be marshaled.
+// Replaces an object in a result by a forwarder; an object without IDispatch becomes VT_EMPTY.
 void ForwardResult(VARIANT& result) {
     if ((result.vt != VT_DISPATCH && result.vt != VT_UNKNOWN) || !result.punkVal) return;
     Variant forwarded;
@@ -47,7 +47,7 @@ STDMETHODIMP ForwardingDispatch::Invoke(DISPID id, REFIID iid, LCID locale, WORD
                                         UINT* badArgument) {
     if (!parameters) return E_INVALIDARG;
     return Guard([&] {
-        // Borrowed bits, as the caller's own.
+        // A bitwise copy: the caller keeps the ownership of the values.
         std::vector<VARIANT> arguments(parameters->rgvarg, parameters->rgvarg + parameters->cArgs);
         for (VARIANT& argument : arguments)
             if (argument.vt == VT_DISPATCH) argument.pdispVal = Target(argument.pdispVal);

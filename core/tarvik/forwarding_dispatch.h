@@ -8,13 +8,15 @@
 
 namespace tarvik {
 
-// Stands for an object of the main thread towards one worker, and passes every call on. As an argument of
-// such a call it becomes the object again, and objects in results are stood for in turn. So no object of
-// script has a proxy of its own, which workers would share: Wine destroys a proxy twice when one worker takes
-// it up while another drops the last reference to it.
+// Represents an object of the main thread for one worker, and forwards every call to it. A forwarder among
+// the arguments of a call is replaced by its object; an object in a result is replaced by a forwarder of its
+// own. So workers never share the proxy of a script object: under Wine, a proxy is destroyed twice if one
+// worker retains it while another releases the last reference.
+//
+// MarshaledObject uses it; authors of libraries do not need it.
 class ForwardingDispatch : public ComObject<IDispatch> {
   public:
-    explicit ForwardingDispatch(IDispatch* target) : target_(target) {}
+    explicit ForwardingDispatch(IDispatch* target) : target_(target) {}  // not null
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override { return target_->GetTypeInfoCount(count); }
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** out) override {
@@ -30,7 +32,7 @@ class ForwardingDispatch : public ComObject<IDispatch> {
     void* Find(REFIID iid) override;
 
   private:
-    // What an object stands for, or the object itself.
+    // The object that a forwarder represents; any other object is returned unchanged.
     static IDispatch* Target(IDispatch* object);
 
     const ComPtr<IDispatch> target_;

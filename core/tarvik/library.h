@@ -1,6 +1,6 @@
 #pragma once
 
-// A plug-in library in a few lines: a class with a table of members, and the line that exports it.
+// A plug-in library consists of a class with a member table, and a line that exports the class:
 //
 //     class Hello : public tarvik::Plugin<Hello> {
 //       public:
@@ -26,48 +26,51 @@
 
 namespace tarvik {
 
-// What script may do with the members of a library's objects.
+// The rules (tarvik/dispatch.h) for objects of a library: names are case-sensitive, there is no type
+// information, and unknown members give DISP_E_UNKNOWNNAME and DISP_E_MEMBERNOTFOUND.
 struct LibraryRules {
     static HRESULT GetTypeInfoCount(UINT* count) { return count ? (*count = 0, S_OK) : E_POINTER; }
     static HRESULT GetTypeInfo(UINT, LCID, ITypeInfo**) { return E_NOTIMPL; }
     static bool SameName(std::wstring_view given, std::wstring_view member) { return given == member; }
     static HRESULT UnknownName(const wchar_t*) { return DISP_E_UNKNOWNNAME; }
-    // Engines write objects by reference.
     template <class Self>
     static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call) {
         if (!row) return DISP_E_MEMBERNOTFOUND;
+        // Engines assign an object by reference.
         if (flags & DISPATCH_PROPERTYPUTREF) flags |= DISPATCH_PROPERTYPUT;
         return InvokeMember(*row, self, flags, call);
     }
 };
 
-// An entry of ComObject's list: IPlugin with its default methods.
+// An entry in the list of ComObject: IPlugin with default methods.
 template <class Self>
 using PluginInterface = As<TVK::IPluginImpl<Self>, TVK::IPlugin>;
 
-// The base of a plug-in. The host calls all of it on the main thread. A constructor may throw: script then
-// sees its status.
+// The base of a plug-in. Every call comes on the main thread. The constructor and the members may throw:
+// script gets the status, as the `number` of an Error.
 template <class Self>
 class Plugin : public Dispatch<Self, LibraryRules, ComObject<PluginInterface<Self>, IDispatch>> {
   public:
-    // A plug-in that overrides it calls this one first.
+    // Stores the services of the window. An override calls this first.
     STDMETHODIMP Initialize(TVK::ICore* core, IUnknown*) override {
         core_ = core;
         return S_OK;
     }
 
   protected:
-    // The services of the window. A plug-in that script asks for while its window is being destroyed has
-    // none: that throws E_ABORT.
+    // The services of the window, valid as long as the plug-in. Throws E_ABORT before Initialize, and for a
+    // plug-in that script requested while its window was being destroyed: such a plug-in has none.
     TVK::ICore& Core() const {
         if (!core_) throw StatusError(E_ABORT);
         return *core_.Get();
     }
 
-    // A path of script, relative to the page, as a full path. A file URL becomes its path.
+    // Resolves a path or URL against the current page; a file URL becomes a path. Empty if there is no such
+    // path, as for a relative one on a web page. Throws as Core() does.
     std::wstring ResolvePath(const std::wstring& path) const { return tarvik::ResolvePath(&Core(), path); }
 
-    // New objects of script, for results.
+    // A new, empty script object or array. Throws as Core() does, and StatusError if the host cannot create
+    // it.
     ScriptObject NewObject() const { return New(L"object"); }
     ScriptObject NewArray() const { return New(L"array"); }
 
@@ -81,7 +84,7 @@ class Plugin : public Dispatch<Self, LibraryRules, ComObject<PluginInterface<Sel
     ComPtr<TVK::ICore> core_;
 };
 
-// What a library reports about its plug-in.
+// Describes the plug-in of a library; TARVIK_PLUGIN creates it. `name` must be a literal.
 class PluginDescriptor : public ComObject<TVK::IPluginDescriptor> {
   public:
     PluginDescriptor(const wchar_t* name, TVK::PluginFlags flags) : name_(name), flags_(flags) {}
@@ -97,7 +100,8 @@ class PluginDescriptor : public ComObject<TVK::IPluginDescriptor> {
     TVK::PluginFlags flags_;
 };
 
-// Makes an object and gives out one of its interfaces; a factory of plug-ins.
+// Creates an object and stores one of its interfaces in `out`, which must not be null. An exception becomes
+// the status.
 template <class Class, class... Args>
 HRESULT CreateInstance(REFIID iid, void** out, Args&&... args) {
     return Guard([&] { return MakeCom<Class>(std::forward<Args>(args)...)->QueryInterface(iid, out); });
@@ -105,7 +109,9 @@ HRESULT CreateInstance(REFIID iid, void** out, Args&&... args) {
 
 }  // namespace tarvik
 
-// The one export of a library: its plug-in's class, its name in script, and its flags.
+// Exports the plug-in of a library; use it once, outside of any namespace. `Class` derives from
+// Plugin<Class>, `name` is the wide literal under which script finds the plug-in, and `flags` is one of
+// TVK::PluginFlags.
 #define TARVIK_PLUGIN(Class, name, flags)                                                        \
     extern "C" __declspec(dllexport) HRESULT __stdcall CreateInterface(REFIID iid, void** out) { \
         if (!out) return E_POINTER;                                                              \

@@ -27,7 +27,7 @@ MarshaledObject& MarshaledObject::operator=(MarshaledObject&& other) noexcept {
 }
 
 IDispatch* MarshaledObject::Get() noexcept {
-    // The call releases the stream, whatever its status.
+    // The call releases the stream even if it fails.
     if (stream_) {
         CoGetInterfaceAndReleaseStream(stream_.Detach(), IID_IDispatch,
                                        reinterpret_cast<void**>(object_.GetAddressOf()));
@@ -35,7 +35,8 @@ IDispatch* MarshaledObject::Get() noexcept {
     return object_.Get();
 }
 
-// Only IDispatch objects can be marshaled.
+// Only IDispatch objects can be marshaled. An object without IDispatch stays VT_EMPTY; a null object is
+// copied.
 MarshaledValue::MarshaledValue(const VARIANT& value) {
     const bool isObject = value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN;
     if (const ComPtr<IDispatch> object = ObjectIn(value)) {

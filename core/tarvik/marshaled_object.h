@@ -8,21 +8,25 @@
 
 namespace tarvik {
 
-// Takes a script object from the main thread to one worker, which uses and destroys it. There each call of
-// the object runs on the main thread while the worker waits. An unused one is unmarshaled and released at
-// destruction, or the object's reference would leak. Each has a forwarder of the object to itself
-// (tarvik/forwarding_dispatch.h), which passes calls on and has an identity of its own.
+// A marshaled interface: takes a script object from the main thread to one worker, which calls Get and
+// destroys this. Every call of the object runs on the main thread while the worker waits, so the main thread
+// must pump messages. If the worker never calls Get, the destructor unmarshals and releases the object.
+//
+// The worker's object is a forwarder (tarvik/forwarding_dispatch.h): its identity differs from that of the
+// object on the main thread, and it has no interface but IDispatch.
 class MarshaledObject {
   public:
-    MarshaledObject() = default;                  // null
-    explicit MarshaledObject(IDispatch* object);  // may be null; a failure throws
+    MarshaledObject() = default;  // null
+    // On the main thread. `object` may be null. Throws StatusError if the object cannot be marshaled.
+    explicit MarshaledObject(IDispatch* object);
+    // From CoMarshalInterThreadInterfaceInStream, for IDispatch.
     explicit MarshaledObject(ComPtr<IStream> stream) : stream_(std::move(stream)) {}
     MarshaledObject(MarshaledObject&&) noexcept = default;
     MarshaledObject& operator=(MarshaledObject&& other) noexcept;
     ~MarshaledObject() { Get(); }
 
-    // The object for the calling thread, unmarshaled by the first call and owned by this. Null if the object
-    // has been destroyed.
+    // The object for the calling thread, owned by this. The first call unmarshals it; all further calls must
+    // come from the same thread. Null for a null object, and if it cannot be unmarshaled.
     IDispatch* Get() noexcept;
 
   private:
@@ -30,11 +34,14 @@ class MarshaledObject {
     ComPtr<IDispatch> object_;
 };
 
-// The same for a value of any type: an object is marshaled, everything else is copied.
+// The same for a value of any type: objects are marshaled, all others are copied. An object without IDispatch
+// becomes VT_EMPTY.
 class MarshaledValue {
   public:
-    explicit MarshaledValue(const VARIANT& value);  // a failure throws
+    // On the main thread. Throws StatusError.
+    explicit MarshaledValue(const VARIANT& value);
 
+    // The value for the calling thread, owned by this.
     const VARIANT& Get() noexcept;
 
   private:

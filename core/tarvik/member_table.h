@@ -13,28 +13,36 @@
 #include "tarvik/arguments.h"
 #include "tarvik/call.h"
 
-// The members that script finds in an object are one table whose rows read like its documentation:
+// A member table lists the members of a script object, one row per member:
 //
-//     constexpr Member<CTrayPlugin> kMembers[] = {
-//         Method<&CTrayPlugin::AddTray>(-10000, L"addTray"),      // bool AddTray(BSTR, std::optional<BSTR>)
-//         WriteOnly<&CTrayPlugin::SetOnClick>(-9999, L"onClick"),  // HRESULT SetOnClick(IDispatch*)
+//     constexpr Member<Player> kMembers[] = {
+//         // bool Play(const std::wstring& path, std::optional<int> from)
+//         Method<&Player::Play>(1, L"play"),
+//         // double Volume(); void SetVolume(double)
+//         Property<&Player::Volume, &Player::SetVolume>(2, L"volume"),
 //     };
 //     static_assert(IsInOrder(kMembers));
 //
-// The row states the access; the handler's signature states the number and types of the arguments and the
-// type of the result (tarvik/arguments.h). A handler gets its arguments checked and converted, borrowed for
-// the call. It fails by throwing, and refuses a value by StatusError(E_INVALIDARG). Arguments of type
-// std::optional at the end may be left out.
+// NumberedMembers assigns the ids of a table whose ids need not be stable.
+//
+// The row states how script may access the member. The handler is a member function; its signature states the
+// number and types of the arguments and the type of the result (tarvik/arguments.h). A handler runs only if
+// the arguments match; it receives them converted and borrowed for the call. Trailing parameters of type
+// std::optional may be omitted by script.
+//
+// Statuses: E_NOTIMPL for an access that the row does not allow, and for a wrong number of arguments;
+// E_INVALIDARG for an argument of the wrong type, and for a read without a result slot. A handler fails by
+// throwing StatusError; E_INVALIDARG is the usual status for a value that it rejects.
 namespace tarvik {
 
 template <class Self>
 struct Member {
     using Entry = HRESULT (*)(Self&, const Call&);
     DISPID id;
-    std::wstring_view name;  // its length is known when it is looked up
-    Entry method;
-    Entry get;
-    Entry put;
+    std::wstring_view name;  // not const wchar_t*: a look-up compares lengths first
+    Entry method;            // null: script cannot call the member
+    Entry get;               // null: script cannot read it
+    Entry put;               // null: script cannot write it
 };
 
 namespace detail {
@@ -68,12 +76,13 @@ struct Signature<HRESULT (S::*)(const Call&)> {
     using Self = S;
 };
 template <auto Handler>
-concept TakesCall = std::is_invocable_r_v < HRESULT,
-        decltype(Handler), SelfOf<Handler>
-&, const Call& > ;
+concept TakesCall = requires(SelfOf<Handler>& self, const Call& call) {
+    (self.*Handler)(call);
+};
 
-// Count, then types in script order, then the handler, then the result: this order is part of the contract.
-// Of several handlers, the number of arguments selects one; that with the fewest comes first.
+// Checks the count, then the types in the order of script, then calls the handler and stores its result: the
+// contract fixes this order. With several handlers, the number of arguments selects one; the handlers are
+// sorted by it.
 template <auto Handler, auto... Longer>
 HRESULT Enter(SelfOf<Handler>& self, const Call& call) {
     if constexpr (TakesCall<Handler>) {
@@ -106,12 +115,14 @@ HRESULT Enter(SelfOf<Handler>& self, const Call& call) {
 
 }  // namespace detail
 
+// A method. Further handlers, which must take more arguments, are overloads.
 template <auto Handler, auto... Longer>
 constexpr auto Method(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::Enter<Handler, Longer...>, nullptr, nullptr};
 }
 
-// For rules that no signature can state: HRESULT F(const Call&), and only the number of arguments is checked.
+// A method with rules that no signature can express. Its handler is HRESULT F(const Call&), and only the
+// number of arguments is checked: at least kLeast, at most kMost.
 template <auto Handler, size_t kLeast, size_t kMost>
 constexpr auto RawMethod(DISPID id, const wchar_t* name) {
     using Self = detail::SelfOf<Handler>;
@@ -121,7 +132,7 @@ constexpr auto RawMethod(DISPID id, const wchar_t* name) {
     return Member<Self>{id, name, kEnter, nullptr, nullptr};
 }
 
-// For members that are called for their result alone: without a place for it they are refused.
+// A method that is useless without its result: E_INVALIDARG if the call has no result slot.
 template <auto Handler, auto... Longer>
 constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
     using Self = detail::SelfOf<Handler>;
@@ -131,7 +142,7 @@ constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
     return Member<Self>{id, name, kEnter, nullptr, nullptr};
 }
 
-// A method whose name script may also read.
+// A method that script may also read as a property.
 template <auto Handler, auto Get>
 constexpr auto ReadableMethod(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::Enter<Handler>, detail::Enter<Get>, nullptr};
@@ -152,7 +163,7 @@ constexpr auto Property(DISPID id, const wchar_t* name) {
     return Member<detail::SelfOf<Get>>{id, name, nullptr, detail::Enter<Get>, detail::Enter<Put>};
 }
 
-// A number that script reads by its name.
+// A read-only property with a fixed value.
 template <class Self, LONG kValue>
 constexpr auto Constant(DISPID id, const wchar_t* name) {
     constexpr auto kEnter = [](Self&, const Call& call) {
@@ -161,7 +172,7 @@ constexpr auto Constant(DISPID id, const wchar_t* name) {
     return Member<Self>{id, name, nullptr, kEnter, nullptr};
 }
 
-// The same rows without an id, for a table that NumberedMembers makes.
+// Rows without an id, for NumberedMembers.
 template <auto Handler, auto... Longer>
 constexpr auto Method(const wchar_t* name) {
     return Method<Handler, Longer...>(0, name);
@@ -179,8 +190,8 @@ constexpr auto Property(const wchar_t* name) {
     return Property<Get, Put>(0, name);
 }
 
-// Ids rise and names differ. Ids are written out, although the order implies them: they are a published
-// number space that people search for.
+// Whether the ids rise and the names differ: the requirements of every table. The ids of built-in plug-ins
+// are written out because they are published.
 template <class Self, size_t N>
 constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
     for (size_t i = 0; i < N; ++i) {
@@ -192,27 +203,28 @@ constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
     return true;
 }
 
-// A table whose ids are the places of its rows, from 1. A name that stands twice does not compile.
+// Numbers the rows from 1. Does not compile if two rows have the same name.
 template <class Self, size_t N>
 consteval std::array<Member<Self>, N> NumberedMembers(const Member<Self> (&rows)[N]) {
     std::array<Member<Self>, N> numbered = std::to_array(rows);
     for (size_t i = 0; i < N; ++i) {
         numbered[i].id = static_cast<DISPID>(i + 1);
         for (size_t k = 0; k < i; ++k) {
-            if (rows[i].name == rows[k].name) throw "two members have one name";
+            if (rows[i].name == rows[k].name) throw "two members have the same name";
         }
     }
     return numbered;
 }
 
+// Null for an unknown id. The rows are in the order of their ids.
 template <class Self>
 const Member<Self>* FindById(std::span<const Member<Self>> rows, DISPID id) {
     const auto found = std::ranges::lower_bound(rows, id, {}, &Member<Self>::id);
     return found == rows.end() || found->id != id ? nullptr : &*found;
 }
 
-// Access is tested in the order method, read, write: a call with the flags of a method and a read is a
-// method.
+// Performs the access that the flags of IDispatch::Invoke request. They are tested in the order method, read,
+// write, so a call with the flags of a method and a read calls the method. May throw what the handler throws.
 template <class Self>
 HRESULT InvokeMember(const Member<Self>& row, Self& self, WORD flags, const Call& call) {
     if (flags & DISPATCH_METHOD) return row.method ? row.method(self, call) : E_NOTIMPL;

@@ -8,7 +8,8 @@
 
 namespace tarvik {
 
-// Sole owner of a platform resource. `Traits` names the type, the empty value and the closing call.
+// Sole owner of a system resource. Traits states its type, its empty value, which values are valid, and the
+// function that closes it.
 template <class Traits>
 class Owner {
   public:
@@ -25,12 +26,14 @@ class Owner {
 
     Type Get() const noexcept { return value_; }
     explicit operator bool() const noexcept { return Traits::IsValid(value_); }
+    // The caller has to close the resource.
     Type Detach() noexcept { return std::exchange(value_, Traits::Empty()); }
+    // Takes `value` over and closes the old resource.
     void Reset(Type value = Traits::Empty()) noexcept {
         const Type old = std::exchange(value_, value);
         if (Traits::IsValid(old)) Traits::Close(old);
     }
-    // For platform calls that fill an out parameter; what was held is closed first.
+    // For calls that fill an out parameter; closes the old resource.
     Type* Receive() noexcept {
         Reset();
         return &value_;
@@ -50,7 +53,7 @@ struct PointerTraits {
 };
 
 struct HandleTraits : PointerTraits<HANDLE> {
-    // Files fail with INVALID_HANDLE_VALUE, everything else with null: neither is a handle.
+    // CreateFile returns INVALID_HANDLE_VALUE on failure, other functions return null.
     static bool IsValid(HANDLE value) noexcept { return value && value != INVALID_HANDLE_VALUE; }
     static void Close(HANDLE value) noexcept { CloseHandle(value); }
 };
@@ -90,17 +93,17 @@ struct WindowTraits : PointerTraits<HWND> {
 
 }  // namespace detail
 
-using UniqueHandle = Owner<detail::HandleTraits>;  // files, events, threads, mappings, processes, mutexes
-using UniqueFind = Owner<detail::FindTraits>;
-using UniqueView = Owner<detail::ViewTraits>;
-using UniquePages = Owner<detail::PagesTraits>;
-using UniqueModule = Owner<detail::ModuleTraits>;
-using UniqueLocal = Owner<detail::LocalTraits>;
-using UniqueItemList = Owner<detail::ItemListTraits>;
-using UniqueGdi = Owner<detail::GdiTraits>;
-using UniqueMemoryDc = Owner<detail::DeviceContextTraits>;
+using UniqueHandle = Owner<detail::HandleTraits>;      // CloseHandle: files, events, threads, mappings ...
+using UniqueFind = Owner<detail::FindTraits>;          // FindFirstFile
+using UniqueView = Owner<detail::ViewTraits>;          // MapViewOfFile
+using UniquePages = Owner<detail::PagesTraits>;        // VirtualAlloc
+using UniqueModule = Owner<detail::ModuleTraits>;      // LoadLibrary
+using UniqueLocal = Owner<detail::LocalTraits>;        // LocalAlloc, and functions that return such memory
+using UniqueItemList = Owner<detail::ItemListTraits>;  // ITEMIDLIST from the shell
+using UniqueGdi = Owner<detail::GdiTraits>;            // DeleteObject: bitmaps, brushes, fonts, pens, regions
+using UniqueMemoryDc = Owner<detail::DeviceContextTraits>;  // CreateCompatibleDC
 using UniqueIcon = Owner<detail::IconTraits>;
 using UniqueMenu = Owner<detail::MenuTraits>;
-using UniqueWindow = Owner<detail::WindowTraits>;
+using UniqueWindow = Owner<detail::WindowTraits>;  // on the thread that created the window
 
 }  // namespace tarvik

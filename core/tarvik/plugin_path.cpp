@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-// A path has fewer characters than its URL.
+// A path is never longer than its URL.
 std::wstring PathOfFileUrl(const std::wstring& url) {
     DWORD length = static_cast<DWORD>(url.size() + 1);
     std::wstring path(length, L'\0');

@@ -6,11 +6,11 @@
 
 namespace tarvik {
 
-// A URL or path of script, made absolute against the page. Empty if that fails, and for a null core, which a
-// plug-in has that script asks for while its window is being destroyed.
+// Resolves a URL or a path against the page of a window, as TVK::ICore::ResolveUrl does. Empty on failure,
+// and for a null `core`. On the main thread. Throws std::bad_alloc.
 std::wstring ResolveUrl(TVK::ICore* core, const std::wstring& url);
 
-// The same for a path; a file URL becomes its path.
+// The same, except that a file URL becomes a path.
 std::wstring ResolvePath(TVK::ICore* core, const std::wstring& path);
 
 }  // namespace tarvik

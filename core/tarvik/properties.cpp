@@ -26,11 +26,11 @@ HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* cons
     std::array<VARIANT, kFew> few;
     std::vector<VARIANT> many(arguments.size() > kFew ? arguments.size() : 0);
     VARIANT* const reversed = many.empty() ? few.data() : many.data();
-    // Borrowed bits: the callee copies what it keeps.
+    // A bitwise copy: the callee borrows the values.
     std::transform(arguments.rbegin(), arguments.rend(), reversed,
                    [](const VARIANT* value) { return *value; });
     DISPPARAMS parameters = {reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
-    // From another thread, Wine would lose an object that is returned to a caller with no slot for it.
+    // Always with a result slot: in a call from another thread without one, Wine leaks a returned object.
     Variant unwanted;
     return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_METHOD, &parameters,
                           result ? result : &unwanted, nullptr, nullptr);
@@ -42,7 +42,7 @@ HRESULT InvokePut(IDispatch* object, DISPID id, WORD flags, const VARIANT* value
     return object->Invoke(id, IID_NULL, kScriptLocale, flags, &parameters, nullptr, nullptr, nullptr);
 }
 
-bool GoesByReference(const VARIANT& value) {
+bool IsPutByReference(const VARIANT& value) {
     return value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN || (value.vt & (VT_ARRAY | VT_BYREF)) != 0;
 }
 
@@ -66,7 +66,7 @@ Variant ReadScriptProperty(IDispatch* object, const wchar_t* name) {
 HRESULT PutScriptProperty(IDispatch* object, DISPID id, const VARIANT* value) {
     if (!value) return E_POINTER;
     if (!object) return E_INVALIDARG;
-    if (GoesByReference(*value) && SUCCEEDED(InvokePut(object, id, DISPATCH_PROPERTYPUTREF, value)))
+    if (IsPutByReference(*value) && SUCCEEDED(InvokePut(object, id, DISPATCH_PROPERTYPUTREF, value)))
         return S_OK;
     return InvokePut(object, id, DISPATCH_PROPERTYPUT, value);
 }
@@ -93,8 +93,8 @@ HRESULT CallScriptFunction(IDispatch* function, std::span<const VARIANT* const> 
     return function ? InvokeMethod(function, DISPID_VALUE, arguments, result) : E_POINTER;
 }
 
-bool IsFalse(const VARIANT& answer) {
-    return answer.vt == VT_BOOL && answer.boolVal == VARIANT_FALSE;
+bool IsFalse(const VARIANT& value) {
+    return value.vt == VT_BOOL && value.boolVal == VARIANT_FALSE;
 }
 
 HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result) {

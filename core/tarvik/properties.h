@@ -9,29 +9,34 @@
 #include "tarvik/bstr.h"
 #include "tarvik/variant.h"
 
-// Reading, writing and calling script objects from native code. All of it on the object's own thread, or
-// through a marshalled reference.
+// Reads, writes and calls script objects, and returns statuses; ScriptObject (tarvik/script_object.h) does
+// the same with exceptions and conversions. Call these on the thread of the object, or with an unmarshaled
+// interface. Arguments are borrowed for the call. A result slot must be VT_EMPTY before it; the caller owns
+// the result. Every call may run script, which may release anything, navigate or close the window.
 namespace tarvik {
 
-// The locale that every call into script carries.
+// The locale of every call into script.
 inline constexpr LCID kScriptLocale = LOCALE_USER_DEFAULT;
 
-// A failing name look-up returns its status and leaves `value` as it was: an absent option.
+// Reads a property. For an unknown name, returns the status of the look-up and leaves `value` unchanged.
 HRESULT GetScriptProperty(IDispatch* object, const wchar_t* name, VARIANT* value);
-// The same as a value; whatever fails, it reads as empty.
+
+// Reads a property; VT_EMPTY after any failure.
 Variant ReadScriptProperty(IDispatch* object, const wchar_t* name);
 
-// Objects, unknowns, arrays and references are tried as a put by reference first.
+// Writes the property with a known id. Objects, arrays and references are put by reference first, and by
+// value if that fails.
 HRESULT PutScriptProperty(IDispatch* object, DISPID id, const VARIANT* value);
 
-// Makes sure of the name through IDispatchEx, then puts. A name that a CObject has already yields no id, so a
-// property is set this way once only.
+// Creates a property through IDispatchEx and writes it; E_NOINTERFACE if the object has no IDispatchEx. Use
+// it once for a name: a CObject returns no id for a property that exists.
 HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value);
 
-// Puts the property that there is, or makes one.
+// Writes a property, and creates it if it does not exist.
 HRESULT AssignScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value);
 
-// Calls a script function; the arguments are given in script order. A null function does nothing: E_POINTER.
+// Calls a script function with arguments in the order of script. `result` may be null. E_POINTER for a null
+// function.
 HRESULT CallScriptFunction(IDispatch* function, std::span<const VARIANT* const> arguments, VARIANT* result);
 inline HRESULT CallScriptFunction(IDispatch* function, std::initializer_list<const VARIANT*> arguments = {},
                                   VARIANT* result = nullptr) {
@@ -39,13 +44,13 @@ inline HRESULT CallScriptFunction(IDispatch* function, std::initializer_list<con
                               result);
 }
 
-// Whether script answered a real false, by which it ends a run or refuses a step.
-bool IsFalse(const VARIANT& answer);
+// Whether a callback returned the boolean false, which cancels an operation or rejects a step.
+bool IsFalse(const VARIANT& value);
 
-// Script sees function(value, context). Both are copied for the call.
+// Calls function(value, context) with copies of both values. Throws StatusError if a value cannot be copied.
 HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result);
 
-// Calls a member by name; the arguments are given in script order.
+// Calls a method by name, with arguments in the order of script. `result` may be null.
 HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::span<const VARIANT* const> arguments,
                          VARIANT* result);
 inline HRESULT CallScriptMember(IDispatch* object, const wchar_t* name,
@@ -53,10 +58,12 @@ inline HRESULT CallScriptMember(IDispatch* object, const wchar_t* name,
     return CallScriptMember(object, name, std::span(arguments.begin(), arguments.size()), result);
 }
 
-// Clears the destination, moves the value there and leaves the source empty.
+// Moves a value to `destination`, which is cleared first. The source becomes VT_EMPTY. E_POINTER for a null
+// destination.
 HRESULT MoveValueOut(VARIANT* value, VARIANT* destination);
 
-// A narrow literal, in the system's code page, as a BSTR that the caller frees; null in, null out.
+// Converts a string in the system's code page to a BSTR that the caller frees; null for null. Throws
+// std::bad_alloc.
 BSTR NarrowToBstr(const char* text);
 
 }  // namespace tarvik

@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -13,35 +14,37 @@
 
 namespace tarvik {
 
-// One reference to an object or a function of script, or to a plug-in. It is used on the thread that it came
-// to; MarshaledObject takes it to another one. Failures are thrown.
+// A reference to a script object or function, or to a plug-in; may be empty. Use it on the thread that
+// received it; a MarshaledObject takes it to another thread. Every access may run script. Failures throw
+// StatusError.
 class ScriptObject {
   public:
-    ScriptObject() = default;  // none
-    ScriptObject(IDispatch* object) : object_(object) {}
+    ScriptObject() = default;                             // empty
+    ScriptObject(IDispatch* object) : object_(object) {}  // takes a further reference; may be null
     explicit operator bool() const { return object_ != nullptr; }
+    // Null if empty; without a further reference.
     IDispatch* Get() const { return object_.Get(); }
 
-    // Another interface of the object, such as TVK::IStream; null if it has none.
+    // Another interface of the object, such as TVK::IStream; null if it does not have it.
     template <class Interface>
     ComPtr<Interface> As() const {
         return Query<Interface>(object_.Get());
     }
 
-    // A property; nothing if it is missing or no T.
+    // Reads a property; nothing if its value is not a T. A property that does not exist reads as VT_EMPTY.
     template <class T>
     std::optional<T> Get(const wchar_t* name) const {
         T value{};
         if (!FromVariant(ReadScriptProperty(object_.Get(), name), value)) return std::nullopt;
         return value;
     }
-    // Creates the property if there is none.
+    // Writes a property, and creates it if there is none.
     template <class T>
     void Set(const wchar_t* name, T&& value) const {
         ThrowIfFailed(AssignScriptProperty(object_.Get(), name, ToVariant(std::forward<T>(value))));
     }
 
-    // Calls a method.
+    // Calls a method with any types that ToVariant accepts.
     template <class... Arguments>
     Variant Call(const wchar_t* name, Arguments&&... arguments) const {
         Variant result;
@@ -50,7 +53,7 @@ class ScriptObject {
         return result;
     }
 
-    // Calls the object itself, a function. It fails when the function throws, and when its page has gone.
+    // Calls the object as a function. Fails if the function throws, or if its page has been destroyed.
     template <class... Arguments>
     Variant operator()(Arguments&&... arguments) const {
         Variant result;
@@ -71,7 +74,7 @@ class ScriptObject {
     ComPtr<IDispatch> object_;
 };
 
-// null is an empty object.
+// Script's null is an empty object.
 inline bool FromVariant(const VARIANT& value, ScriptObject& out) {
     const ComPtr<IDispatch> object = ObjectIn(value);
     out = ScriptObject(object.Get());

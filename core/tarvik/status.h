@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-// A failure on its way to the nearest boundary (a COM method, a thread's function), where Guard turns it back
-// into the status it carries.
+// A failed status as an exception. Guard converts it back where no exception may leave: in COM methods,
+// window procedures and thread functions.
 class StatusError : public std::exception {
   public:
     explicit StatusError(HRESULT status) noexcept : status_(status) {}
@@ -20,27 +20,29 @@ class StatusError : public std::exception {
     HRESULT status_;
 };
 
+// Throws StatusError.
 inline void ThrowIfFailed(HRESULT status) {
     if (FAILED(status)) throw StatusError(status);
 }
 
-// The status of a failed platform call: the thread's last error, or E_FAIL if the call left none.
+// The status of a failed system call: the calling thread's last error, or E_FAIL if the call left none.
 HRESULT LastFailureStatus() noexcept;
+
+// Throws LastFailureStatus() as a StatusError.
 [[noreturn]] void ThrowLastError();
 
-// The same, but a call that left no error counts as success: S_OK. The contract requires that where the
-// status is all that a member returns: deleting a file, INI files, input, exit codes, the status of
-// CreateBrowserWindow.
+// The calling thread's last error as a status, S_OK if there is none. For members whose only result is a
+// status, where the contract counts a call that left no error as a success.
 HRESULT LastErrorStatus() noexcept;
 
-// Whether a call failed because the apartment, process or page that its object lived in has gone: what
-// proxies answer then, and the page control.
+// Whether a call failed because the apartment, process or page of its object has been destroyed.
 bool IsDisconnected(HRESULT status) noexcept;
 
-// The status of the exception being handled. Call only inside a catch block.
+// The status of the exception being handled: that of a StatusError, E_OUTOFMEMORY for std::bad_alloc,
+// otherwise E_FAIL. Call it only in a catch block.
 HRESULT CaughtStatus() noexcept;
 
-// The one boundary between exceptions and statuses. The work returns a status or nothing.
+// Calls `work`, which returns HRESULT or void, and converts an exception to a status (CaughtStatus).
 template <class Work>
 [[nodiscard]] HRESULT Guard(Work&& work) noexcept {
     try {

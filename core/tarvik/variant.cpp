@@ -8,9 +8,9 @@ namespace tarvik {
 namespace {
 
 template <class Fill>
-Variant Make(VARTYPE kind, Fill fill) noexcept {
+Variant Make(VARTYPE type, Fill fill) noexcept {
     Variant made;
-    made.vt = kind;
+    made.vt = type;
     fill(made);
     return made;
 }
@@ -23,7 +23,7 @@ Variant::Variant(Variant&& other) noexcept : VARIANT(other) {
 
 Variant& Variant::operator=(Variant&& other) noexcept {
     if (this != &other) {
-        // The old value goes last: releasing it may run code that looks at this one.
+        // The old value is released last: that may run code that reads this one.
         Variant old(std::move(*this));
         static_cast<VARIANT&>(*this) = other;
         other.vt = VT_EMPTY;
@@ -32,10 +32,10 @@ Variant& Variant::operator=(Variant&& other) noexcept {
 }
 
 void Variant::Clear() noexcept {
-    // Empty first: releasing what was held may run code that looks at this value.
+    // VT_EMPTY first: releasing the old value may run code that reads this one.
     VARIANT old = *this;
     vt = VT_EMPTY;
-    // The system's own routine refuses a raw pointer, which nobody owns anyway.
+    // VariantClear rejects VT_PTR; the pointer is not owned.
     if (old.vt != VT_PTR) VariantClear(&old);
 }
 
@@ -92,8 +92,8 @@ Variant Variant::Copy(const VARIANT& source) {
     return copy;
 }
 
-bool Variant::ChangeType(VARTYPE kind) noexcept {
-    return vt == kind || SUCCEEDED(VariantChangeType(this, this, 0, kind));
+bool Variant::ChangeType(VARTYPE type) noexcept {
+    return vt == type || SUCCEEDED(VariantChangeType(this, this, 0, type));
 }
 
 void Variant::MoveInto(VARIANT* slot) noexcept {

@@ -7,11 +7,11 @@
 
 namespace tarvik {
 
-// Owner of a script value. It is a VARIANT, so it is passed where one is read; copies are asked for by name,
-// because they allocate and may throw.
+// Owner of a VARIANT. It derives from VARIANT, so it can be passed wherever one is read. It is copied only by
+// Copy, because a copy allocates and may throw.
 class Variant : public VARIANT {
   public:
-    // All of it, also what a kind does not use: some read the whole of a value, whatever its kind.
+    // VT_EMPTY, with all other bytes 0: some callers read the value without looking at its type.
     Variant() noexcept : VARIANT{} {}
     Variant(Variant&& other) noexcept;
     Variant& operator=(Variant&& other) noexcept;
@@ -27,31 +27,32 @@ class Variant : public VARIANT {
     static Variant I8(LONGLONG value) noexcept;
     static Variant UI8(ULONGLONG value) noexcept;
     static Variant R8(double value) noexcept;
-    static Variant Text(std::wstring_view value);       // throws when out of memory
-    static Variant Object(IDispatch* object) noexcept;  // takes a reference; may be null
-    static Variant Unknown(IUnknown* object) noexcept;  // takes a reference; may be null
+    static Variant Text(std::wstring_view value);       // VT_BSTR, a copy; throws std::bad_alloc
+    static Variant Object(IDispatch* object) noexcept;  // VT_DISPATCH, a further reference; may be null
+    static Variant Unknown(IUnknown* object) noexcept;  // VT_UNKNOWN, a further reference; may be null
     static Variant Pointer(void* address) noexcept;     // VT_PTR, not owned
-    static Variant Null() noexcept;
+    static Variant Null() noexcept;                     // VT_NULL
 
-    // A full copy; a value by reference is followed, because the reference ends with its call. A failure
-    // throws the status; the source stays as it was.
+    // A copy that owns everything in it. A by-reference value is dereferenced, because the reference is valid
+    // only during its call. Throws StatusError.
     static Variant Copy(const VARIANT& source);
 
+    // Releases the value; VT_EMPTY then.
     void Clear() noexcept;
 
-    // For calls that fill an out parameter; what was held is cleared first.
+    // For calls that fill an out parameter; releases the old value.
     VARIANT* Receive() noexcept {
         Clear();
         return this;
     }
 
-    // Converts in place, with the system's rules. A failure leaves the value as it was.
-    bool ChangeType(VARTYPE kind) noexcept;
+    // Converts the value in place by VariantChangeType. False if that fails: the value is then unchanged.
+    bool ChangeType(VARTYPE type) noexcept;
 
-    // Moves the value into a slot that a caller gave, clearing what is there.
+    // Moves the value to `slot`, which must hold a valid VARIANT: its old value is released. VT_EMPTY then.
     void MoveInto(VARIANT* slot) noexcept;
 
-    bool Is(VARTYPE kind) const noexcept { return vt == kind; }
+    bool Is(VARTYPE type) const noexcept { return vt == type; }
 };
 
 }  // namespace tarvik

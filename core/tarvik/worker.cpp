@@ -11,7 +11,7 @@ namespace {
 
 struct Start {
     std::unique_ptr<Worker> worker;
-    UniqueModule library;  // of this code, which must not be freed under a thread that runs in it
+    UniqueModule library;  // with the code of the thread: not to be freed before the thread has ended
 };
 
 DWORD RunWorker(std::unique_ptr<Worker> worker) {
@@ -48,8 +48,7 @@ HRESULT StartWorker(std::unique_ptr<Worker> worker) {
         auto start = std::make_unique<Start>(Start{std::move(worker), ThisLibrary()});
         const UniqueHandle thread(CreateThread(nullptr, 0, ThreadProcedure, start.get(), 0, nullptr));
         if (!thread) ThrowLastError();
-        // The thread owns it, and may have ended by now.
-        static_cast<void>(start.release());
+        static_cast<void>(start.release());  // the thread owns it, and may have destroyed it by now
     });
 }
 
