@@ -25,16 +25,16 @@ bool FolderReader::Next() {
 
 bool IsLink(const WIN32_FIND_DATAW& entry) {
     if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)) return false;
-    // Wine gives no tag; all that it marks are links.
+    // Wine reports no tag; it sets the attribute for links only.
     const DWORD tag = entry.dwReserved0;
     return tag == 0 || IsReparseTagNameSurrogate(tag);
 }
 
-// With a separator at its end a path is never found.
+// FindFirstFile finds no path with a separator at its end.
 bool IsLink(std::wstring path) {
     path.erase(path.find_last_not_of(L"\\/") + 1);
-    FolderReader itself(path);
-    return itself.Next() && IsLink(itself.Entry());
+    FolderReader entry(path);
+    return entry.Next() && IsLink(entry.Entry());
 }
 
 }  // namespace tarvik

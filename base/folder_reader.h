@@ -8,28 +8,31 @@
 
 namespace tarvik {
 
-// What FindFirstFileW and FindNextFileW find, in the order the file system gives, without "." and "..".
+// Enumerates the files and folders that FindFirstFileW finds for a pattern, in the order of the file system,
+// without "." and "..".
 class FolderReader {
   public:
     explicit FolderReader(const std::wstring& pattern);
 
-    bool Next();  // goes to the next entry; false at the end, and when the system fails
+    // Moves to the next entry, or first to the first one. False at the end, and after an error.
+    bool Next();
     const WIN32_FIND_DATAW& Entry() const { return entry_; }
-    HRESULT Status() const { return status_; }  // of the system's last failure, S_OK if there was none
+    // The error that ended the enumeration, otherwise S_OK.
+    HRESULT Status() const { return status_; }
 
   private:
     WIN32_FIND_DATAW entry_ = {};
     UniqueFind find_;
     HRESULT status_ = S_OK;
-    bool isRead_ = false;  // whether `entry_` has been given out
+    bool isRead_ = false;  // whether Next has returned `entry_`
 };
 
 inline bool IsFolder(const WIN32_FIND_DATAW& entry) {
     return (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// A junction, a mount point or a symbolic link: what is in it belongs to another place. Clouds and the like
-// mark their own files in a similar way, but those are no links.
+// Whether this is a junction, a mount point or a symbolic link. Other reparse points, such as the files of
+// cloud storage, are not links.
 bool IsLink(const WIN32_FIND_DATAW& entry);
 bool IsLink(std::wstring path);
 

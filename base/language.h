@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// Language and country of a locale, like "en-US". Nothing if the system does not say; the last error tells
-// why.
+// The language and country of a locale, like "en-US". Nothing if the system does not know them; the last
+// error is then set.
 std::optional<std::wstring> LanguageOf(LCID locale);
 
 }  // namespace tarvik

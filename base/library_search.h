@@ -6,14 +6,13 @@
 
 namespace tarvik {
 
-// From here on, a library that is loaded by its name alone comes from the system's folder: a file in the
-// current folder, which holds the application, or beside the executable never replaces one of the system.
-// Call it before anything is loaded. On a Windows 7 without the update KB2533623 only the current folder is
-// left out.
+// After this call, libraries loaded by name come from the system's folder only: a file beside the executable
+// or in the current folder, which belongs to the application, never replaces a library of the system. Call it
+// before anything is loaded. On a Windows 7 without the update KB2533623 it excludes only the current folder.
 void UseSystemLibrariesOnly();
 
-// Loads one file, by its full path. The libraries that it needs come from its own folder or from the
-// system's.
+// Loads a library by its full path, and the libraries that it needs from its own folder or the system's.
+// Empty on failure; the last error is then set.
 UniqueModule LoadLibraryByPath(const std::wstring& path);
 
 }  // namespace tarvik

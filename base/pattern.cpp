@@ -12,13 +12,13 @@ namespace {
 using Kind = PatternNode::Kind;
 using Captures = std::vector<std::optional<Pattern::Range>>;
 
-// What has to match after a piece of the expression. It refers to a function that outlives it.
-class Rest {
+// A continuation: matches the rest of the expression at a position. It refers to a function that outlives it.
+class Continuation {
   public:
     template <class Function>
-    Rest(const Function& function)
-        : function_(&function), call_([](const void* given, size_t at) -> bool {
-              return (*static_cast<const Function*>(given))(at);
+    Continuation(const Function& function)
+        : function_(&function), call_([](const void* target, size_t at) -> bool {
+              return (*static_cast<const Function*>(target))(at);
           }) {}
     bool operator()(size_t at) const { return call_(function_, at); }
 
@@ -27,13 +27,13 @@ class Rest {
     bool (*call_)(const void* function, size_t at);
 };
 
-// Backtracking: each piece is tried at a position together with all that comes after it, its `rest`.
+// A backtracking matcher: a node matches at a position only if the `rest` of the expression matches after it.
 class Matcher {
   public:
     Matcher(std::wstring_view text, int captures) : text_(text), captures_(static_cast<size_t>(captures)) {}
 
-    bool Match(const PatternNode& node, size_t at, const Rest& rest) {
-        if (exhausted_ || ++steps_ > kMostSteps || depth_ >= kDeepest) {
+    bool Match(const PatternNode& node, size_t at, const Continuation& rest) {
+        if (exhausted_ || ++steps_ > kMaxSteps || depth_ >= kMaxDepth) {
             exhausted_ = true;
             return false;
         }
@@ -47,19 +47,19 @@ class Matcher {
     bool IsExhausted() const { return exhausted_; }
 
   private:
-    // More than any path needs; they bound time, and the stack to about half a megabyte.
-    static constexpr int kMostSteps = 1'000'000;
-    static constexpr int kDeepest = 1'200;
+    // More than any path needs. They limit the time, and the stack to about half a megabyte.
+    static constexpr int kMaxSteps = 1'000'000;
+    static constexpr int kMaxDepth = 1'200;
 
-    bool MatchKind(const PatternNode& node, size_t at, const Rest& rest) {
-        const bool has = at < text_.size();
+    bool MatchKind(const PatternNode& node, size_t at, const Continuation& rest) {
+        const bool hasCharacter = at < text_.size();
         switch (node.kind) {
             case Kind::kCharacter:
-                return has && text_[at] == node.character && rest(at + 1);
+                return hasCharacter && text_[at] == node.character && rest(at + 1);
             case Kind::kAny:
-                return has && rest(at + 1);
+                return hasCharacter && rest(at + 1);
             case Kind::kSet:
-                return has && node.set.Has(text_[at]) && rest(at + 1);
+                return hasCharacter && node.set.Contains(text_[at]) && rest(at + 1);
             case Kind::kGroup:
                 return MatchGroup(node, at, rest);
             case Kind::kBackReference:
@@ -67,19 +67,19 @@ class Matcher {
             case Kind::kNot:
                 return MatchNot(node, at) && rest(at);
             case Kind::kRepeat:
-                return TakesOneCharacter(node.Item()) ? MatchRun(node, at, rest)
-                                                      : MatchRepeat(node, 0, at, rest);
+                return MatchesOneCharacter(node.Item()) ? MatchCharacters(node, at, rest)
+                                                        : MatchRepeat(node, 0, at, rest);
         }
         return false;
     }
 
-    bool MatchSequence(const PatternSequence& sequence, size_t index, size_t at, const Rest& rest) {
+    bool MatchSequence(const PatternSequence& sequence, size_t index, size_t at, const Continuation& rest) {
         if (index == sequence.size()) return rest(at);
         return Match(sequence[index], at,
                      [&, index](size_t next) { return MatchSequence(sequence, index + 1, next, rest); });
     }
 
-    bool MatchGroup(const PatternNode& node, size_t at, const Rest& rest) {
+    bool MatchGroup(const PatternNode& node, size_t at, const Continuation& rest) {
         for (const PatternSequence& alternative : node.alternatives) {
             const bool matched = MatchSequence(alternative, 0, at, [&](size_t end) {
                 if (node.capture < 0) return rest(end);
@@ -94,14 +94,14 @@ class Matcher {
         return false;
     }
 
-    bool MatchBackReference(const PatternNode& node, size_t at, const Rest& rest) {
+    bool MatchBackReference(const PatternNode& node, size_t at, const Continuation& rest) {
         const auto& capture = captures_[static_cast<size_t>(node.capture)];
         if (!capture) return false;
         const std::wstring_view wanted = capture->In(text_);
         return text_.substr(at, wanted.size()) == wanted && rest(at + wanted.size());
     }
 
-    // Whatever is captured inside does not count outside.
+    // Captures inside the negation are discarded.
     bool MatchNot(const PatternNode& node, size_t at) {
         const Captures before = captures_;
         const bool matched = Match(node.Item(), at, [](size_t) { return true; });
@@ -109,12 +109,12 @@ class Matcher {
         return !matched && !exhausted_;
     }
 
-    static bool TakesOneCharacter(const PatternNode& node) {
+    static bool MatchesOneCharacter(const PatternNode& node) {
         return node.kind == Kind::kCharacter || node.kind == Kind::kAny || node.kind == Kind::kSet;
     }
 
-    // The usual case, without a level of depth for each character.
-    bool MatchRun(const PatternNode& node, size_t at, const Rest& rest) {
+    // The repetition of a single character, the usual case: a loop instead of a recursion for each character.
+    bool MatchCharacters(const PatternNode& node, size_t at, const Continuation& rest) {
         const size_t most = node.once ? std::min(at + 1, text_.size()) : text_.size();
         size_t end = at;
         while (end < most && Match(node.Item(), end, [](size_t) { return true; }))
@@ -126,9 +126,9 @@ class Matcher {
         }
     }
 
-    bool MatchRepeat(const PatternNode& node, int count, size_t at, const Rest& rest) {
+    bool MatchRepeat(const PatternNode& node, int count, size_t at, const Continuation& rest) {
         const bool more = !node.once || count == 0;
-        // An item that took nothing would repeat for ever.
+        // An item that matches the empty string would repeat for ever.
         const bool again =
             more && Match(node.Item(), at, [&](size_t end) {
                 return (end != at || count < node.least) && MatchRepeat(node, count + 1, end, rest);
@@ -146,13 +146,13 @@ class Matcher {
 }  // namespace
 
 std::optional<Pattern::Match> Pattern::Search(std::wstring_view text) const {
-    const size_t last = program_->fromStart ? 0 : text.size();
+    const size_t last = program_->anchoredAtStart ? 0 : text.size();
     Matcher matcher(text, program_->captures);
     for (size_t from = 0; from <= last && !matcher.IsExhausted(); ++from) {
         size_t to = from;
         const bool matched = matcher.Match(program_->body, from, [&](size_t end) {
             to = end;
-            return !program_->toEnd || end == text.size();
+            return !program_->anchoredAtEnd || end == text.size();
         });
         if (matched) return Match{{from, to}, matcher.Found()};
     }

@@ -11,11 +11,11 @@ struct SyntaxError {};
 
 using Kind = PatternNode::Kind;
 
-// Written in the language itself.
+// An abbreviation is defined by an expression of the language.
 struct Abbreviation {
     wchar_t letter;
-    const wchar_t* set;         // in a set: its characters; null if no set has them
-    const wchar_t* expression;  // outside of sets; null if that is the set
+    const wchar_t* set;         // its meaning in a set; null if it is an error there
+    const wchar_t* expression;  // its meaning elsewhere; null if it is the same
 };
 
 constexpr Abbreviation kAbbreviations[] = {
@@ -37,16 +37,16 @@ const Abbreviation* FindAbbreviation(wchar_t letter) {
     return nullptr;
 }
 
-// Recursive descent: alternatives, sequence, repeated item, item.
+// A recursive-descent parser: alternatives, sequence, repeated item, item.
 class Compiler {
   public:
     explicit Compiler(std::wstring_view text) : text_(text) {}
 
-    Pattern::Program Run() {
+    Pattern::Program Compile() {
         Pattern::Program program;
-        program.fromStart = Take(L'^');
-        program.toEnd = EndsTied();
-        if (program.toEnd) text_.remove_suffix(1);
+        program.anchoredAtStart = Take(L'^');
+        program.anchoredAtEnd = EndsWithAnchor();
+        if (program.anchoredAtEnd) text_.remove_suffix(1);
         program.body = Group(-1);
         if (!AtEnd()) throw SyntaxError();
         program.captures = captures_;
@@ -55,7 +55,7 @@ class Compiler {
     }
 
   private:
-    static constexpr int kDeepest = 100;
+    static constexpr int kMaxDepth = 100;
 
     bool AtEnd() const { return at_ >= text_.size(); }
     wchar_t Next() {
@@ -71,8 +71,8 @@ class Compiler {
         return !AtEnd() && characters.find(text_[at_]) != std::wstring_view::npos;
     }
 
-    // A `$` in the last place, unless a backslash makes it plain.
-    bool EndsTied() const {
+    // Whether the last character is a `$` that no backslash escapes.
+    bool EndsWithAnchor() const {
         if (text_.size() <= at_ || text_.back() != L'$') return false;
         size_t slashes = 0;
         while (slashes + 1 < text_.size() - at_ && text_[text_.size() - 2 - slashes] == L'\\')
@@ -81,7 +81,7 @@ class Compiler {
     }
 
     PatternNode Group(int capture) {
-        if (++depth_ > kDeepest) throw SyntaxError();
+        if (++depth_ > kMaxDepth) throw SyntaxError();
         PatternNode node;
         node.kind = Kind::kGroup;
         node.capture = capture;
@@ -106,7 +106,7 @@ class Compiler {
         repeat.kind = Kind::kRepeat;
         repeat.least = 1;
         repeat.once = true;
-        // A repeated repetition is one that takes the looser of both bounds: `(x?)+` is `x*`.
+        // Repetitions of a repetition combine to the widest bounds: `x?+` is `x*`.
         while (IsAt(L"*+?")) {
             const wchar_t sign = Next();
             if (sign != L'+') repeat.least = 0;
@@ -147,7 +147,7 @@ class Compiler {
         return node;
     }
 
-    // Without a group around a single item, which would only cost the matcher depth.
+    // A group of a single item is replaced by the item, which saves the matcher a level of recursion.
     static PatternNode Unwrapped(PatternNode group) {
         const bool single = group.alternatives.size() == 1 && group.alternatives[0].size() == 1;
         if (!single) return group;
@@ -163,7 +163,7 @@ class Compiler {
     }
 
     PatternNode Not() {
-        if (++depth_ > kDeepest) throw SyntaxError();
+        if (++depth_ > kMaxDepth) throw SyntaxError();
         PatternNode node;
         node.kind = Kind::kNot;
         node.alternatives.push_back({Item()});
@@ -194,7 +194,7 @@ class Compiler {
     PatternNode Set() {
         PatternNode node;
         node.kind = Kind::kSet;
-        node.set.opposite = Take(L'^');
+        node.set.isComplement = Take(L'^');
         do {
             AddToSet(node.set);
         } while (!Take(L']'));
@@ -204,7 +204,7 @@ class Compiler {
     void AddToSet(PatternSet& set) {
         if (AddAbbreviation(set)) return;
         const wchar_t from = SetCharacter();
-        // A minus in the last place is plain.
+        // A minus before the closing bracket is an ordinary character.
         const bool range = IsAt(L"-") && at_ + 1 < text_.size() && text_[at_ + 1] != L']';
         if (range) Next();
         const wchar_t to = range ? SetCharacter() : from;
@@ -222,7 +222,7 @@ class Compiler {
         return true;
     }
 
-    // No abbreviation is a single character.
+    // One character, possibly escaped, but not an abbreviation.
     wchar_t SetCharacter() {
         const wchar_t character = Next();
         if (character != L'\\') return character;
@@ -242,7 +242,7 @@ class Compiler {
 
 std::optional<Pattern> Pattern::Compile(std::wstring_view text) {
     try {
-        return Pattern(std::make_shared<const Program>(Compiler(text).Run()));
+        return Pattern(std::make_shared<const Program>(Compiler(text).Compile()));
     } catch (const SyntaxError&) {
         return std::nullopt;
     }

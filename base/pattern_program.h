@@ -6,18 +6,18 @@
 
 #include "base/pattern.h"
 
-// The compiled form of a pattern: what the compiler makes and the matcher walks.
+// The compiled form of a pattern, a syntax tree that the matcher walks.
 namespace tarvik {
 
 struct PatternSet {
-    bool opposite = false;
+    bool isComplement = false;
     std::vector<std::pair<wchar_t, wchar_t>> ranges;
 
-    bool Has(wchar_t character) const {
+    bool Contains(wchar_t character) const {
         for (const auto& [low, high] : ranges) {
-            if (character >= low && character <= high) return !opposite;
+            if (character >= low && character <= high) return !isComplement;
         }
-        return opposite;
+        return isComplement;
     }
 };
 
@@ -32,16 +32,17 @@ struct PatternNode {
     PatternSet set;
     // kGroup: its alternatives. kNot, kRepeat: one alternative with one node.
     std::vector<PatternSequence> alternatives;
-    int capture = -1;   // kGroup: the number of its capture; kBackReference: the capture meant
-    int least = 0;      // kRepeat
+    // kGroup: the index of its capture, -1 for none. kBackReference: the index of the capture it refers to.
+    int capture = -1;
+    int least = 0;      // kRepeat: the minimum count
     bool once = false;  // kRepeat: at most once
 
     const PatternNode& Item() const { return alternatives[0][0]; }
 };
 
 struct Pattern::Program {
-    bool fromStart = false;
-    bool toEnd = false;
+    bool anchoredAtStart = false;
+    bool anchoredAtEnd = false;
     int captures = 0;
     PatternNode body;  // a group
 };

@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// Whether two paths, which may be written in different ways, lead to one file or folder that exists.
+// Whether two paths, however they are spelled, refer to the same existing file or folder.
 bool IsSameFile(const std::wstring& left, const std::wstring& right);
 
 }  // namespace tarvik

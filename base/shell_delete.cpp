@@ -10,7 +10,7 @@ namespace tarvik {
 
 void DeleteFolder(const std::wstring& path) {
     wchar_t list[kPathLength] = {};
-    // The call reads names until an empty one, so two terminators have to fit.
+    // An empty name ends the list, so two terminators must fit.
     if (path.size() + 2 > kPathLength) return;
     path.copy(list, path.size());
     PathRemoveBackslashW(list);

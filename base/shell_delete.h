@@ -4,7 +4,8 @@
 
 namespace tarvik {
 
-// Deletes a folder with all that is in it, without a question and without a report; what is in use stays.
+// Deletes a folder with its contents, without prompting the user. Files in use stay behind; errors are not
+// reported.
 void DeleteFolder(const std::wstring& path);
 
 }  // namespace tarvik

@@ -10,10 +10,10 @@ std::wstring ExecutablePath() {
 }
 
 std::wstring FullPath(const std::wstring& path) {
-    const DWORD room = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    std::wstring full(room, L'\0');
-    const DWORD length = GetFullPathNameW(path.c_str(), room, full.data(), nullptr);
-    if (length == 0 || length >= room) ThrowLastError();
+    const DWORD capacity = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    std::wstring full(capacity, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), capacity, full.data(), nullptr);
+    if (length == 0 || length >= capacity) ThrowLastError();
     full.resize(length);
     return full;
 }
@@ -35,7 +35,7 @@ std::wstring SystemText(HRESULT status) {
     return text;
 }
 
-// A backslash stands for itself, except in front of a quote.
+// Only backslashes in front of a quote need escaping.
 std::wstring QuoteArgument(std::wstring_view text) {
     std::wstring quoted = L"\"";
     size_t backslashes = 0;

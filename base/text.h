@@ -7,21 +7,21 @@
 
 namespace tarvik {
 
-// Length of the path buffers of the whole system, the terminator included.
+// The length of path buffers throughout the program, in characters, including the terminator.
 inline constexpr size_t kPathLength = MAX_PATH;
 
-// Full path of the running executable, cut at the length of a path buffer.
+// The full path of the running executable, truncated to kPathLength.
 std::wstring ExecutablePath();
 
-// A path completed from the current folder; throws the status of a failure.
+// Resolves a path against the current folder. Throws StatusError.
 std::wstring FullPath(const std::wstring& path);
 
-// What stands behind the last backslash of a path; all of it if there is none.
+// The part of a path after the last backslash; the whole path if there is none.
 inline std::wstring FileNameOf(const std::wstring& path) {
     return path.substr(path.rfind(L'\\') + 1);
 }
 
-// Calls a function that fills a buffer of kPathLength characters, and returns the text up to the terminator.
+// Returns the text that `fill` writes to a buffer of kPathLength characters, up to the terminator.
 template <class Fill>
 std::wstring ReadPath(Fill&& fill) {
     wchar_t buffer[kPathLength] = {};
@@ -30,13 +30,13 @@ std::wstring ReadPath(Fill&& fill) {
     return buffer;
 }
 
-// Letter for letter, without regard to their case in any language.
+// Compares ordinally, ignoring case in every language.
 bool SameIgnoringCase(std::wstring_view left, std::wstring_view right);
 
-// The system's words for a status, without a full stop; empty if it has none.
+// The system's message for a status, without a full stop; empty if there is none.
 std::wstring SystemText(HRESULT status);
 
-// The text as one argument of a command line, quoted as programs of Windows read it.
+// The text as one quoted argument of a command line, as CommandLineToArgvW parses it.
 std::wstring QuoteArgument(std::wstring_view text);
 
 }  // namespace tarvik

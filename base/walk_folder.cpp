@@ -18,7 +18,7 @@ class Walk {
           links_(links),
           callback_(callback) {}
 
-    // The folders that are open lie in a vector: paths may be nested deeper than a stack is long.
+    // The open folders are in a vector: recursion could overflow the stack on deeply nested folders.
     HRESULT Run(const std::wstring& top) const {
         std::vector<Level> levels;
         levels.emplace_back(top);

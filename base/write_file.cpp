@@ -7,7 +7,7 @@
 namespace tarvik {
 
 void WriteAll(HANDLE file, const void* bytes, size_t count) {
-    constexpr size_t kMost = 1 << 30;  // that a call takes for sure
+    constexpr size_t kMost = 1 << 30;  // per call; the count of WriteFile is a DWORD
     const auto* at = static_cast<const char*>(bytes);
     while (count > 0) {
         DWORD written = 0;

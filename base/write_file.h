@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Writes all of the bytes at the file's pointer. The system may take a part of them and call that a success,
-// so it is asked until nothing is left; throws the status of what fails then.
+// Writes all bytes at the file pointer. One call of WriteFile may succeed and write only a part, so this
+// repeats it. Throws StatusError.
 void WriteAll(HANDLE file, const void* bytes, size_t count);
 
 }  // namespace tarvik

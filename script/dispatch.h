@@ -10,18 +10,19 @@
 
 namespace tarvik {
 
-// The answers of small script objects, which have type information with nothing in it.
+// GetTypeInfoCount and GetTypeInfo of objects with one empty type information.
 HRESULT OneTypeInfo(UINT* count);
 HRESULT DefaultTypeInfo(UINT index, LCID locale, ITypeInfo** out);
 
-// A level 1 line with the label "Class::operation", or a level 16 one about a name the class does not have.
+// Writes a trace line with the label "Class::operation".
 void TraceOperation(const char* className, const char* operation);
+// Writes an error line about a name that the class does not have.
 void LogUnknownName(const char* className, const wchar_t* name);
 
-// The base of script objects that are no plug-ins.
+// The base of script objects that are not plug-ins.
 class CDispatchBase : public ComObject<IDispatch> {
   public:
-    // E_NOTIMPL for an unknown interface and E_INVALIDARG for a null pointer are intended here.
+    // By design, E_NOTIMPL for an unknown interface and E_INVALIDARG for a null pointer.
     STDMETHODIMP QueryInterface(REFIID iid, void** out) override;
 };
 
@@ -41,13 +42,13 @@ struct DispatchObject<> {
 
 }  // namespace detail
 
-// ComObject with IDispatch at the end of its list, unless an entry stands on IDispatch already; without
-// entries CDispatchBase.
+// ComObject with IDispatch appended to its list, unless an entry derives from IDispatch. CDispatchBase if
+// there are no entries.
 template <class... Entries>
 using DispatchObject = typename detail::DispatchObject<Entries...>::Type;
 
-// The rules of the larger plug-ins and their objects. Self has `static constexpr char kClassName[]`, its name
-// in the log, and `static constexpr bool kTracesCalls = true` only if its calls are to be traced.
+// The rules of the larger plug-ins and their objects. Self defines `static constexpr char kClassName[]`, its
+// name in the log, and `static constexpr bool kTracesCalls` to log its calls.
 template <class Self>
 struct TableRules {
     static HRESULT GetTypeInfoCount(UINT*) {
@@ -69,7 +70,7 @@ struct TableRules {
     }
 };
 
-// The rules of the small ones. They have type information, unknown names and ids are both DISP_E_UNKNOWNNAME,
+// The rules of the small plug-ins: they have type information, unknown names and ids give DISP_E_UNKNOWNNAME,
 // and nothing is logged.
 struct SmallRules {
     static HRESULT GetTypeInfoCount(UINT* count) { return OneTypeInfo(count); }
@@ -84,8 +85,8 @@ struct SmallRules {
     }
 };
 
-// Those that do not look at the access: whatever is no read or write of a property is a call. Reads are
-// tested first.
+// SmallRules with lenient access: reads are tested first, and an access that is neither a read nor a write of
+// a property calls the method.
 struct AnyAccessRules : SmallRules {
     template <class Self>
     static HRESULT Invoke(const Member<Self>* row, Self& self, WORD flags, const Call& call) {
@@ -96,17 +97,16 @@ struct AnyAccessRules : SmallRules {
     }
 };
 
-// The same, with names compared as the system compares words in the user's locale. An empty name matches
-// none.
+// AnyAccessRules with names compared by the rules of the user's locale. An empty name matches no member.
 struct LocaleNameRules : AnyAccessRules {
     static bool SameName(std::wstring_view given, std::wstring_view member);
 };
 
-// IDispatch over a member table, with IDispatch at the end of the list of interfaces, unless an entry stands
-// on it already. The first entry is the identity.
+// Dispatch (tarvik/dispatch.h) with the rules of the larger plug-ins. The first entry is the identity.
 template <class Self, class... Entries>
 using TableDispatch = Dispatch<Self, TableRules<Self>, DispatchObject<Entries...>>;
 
+// The same for small plug-ins, with one of the other rules.
 template <class Self, class Rules, class... Entries>
 using SmallDispatch = Dispatch<Self, Rules, ComObject<Entries..., IDispatch>>;
 

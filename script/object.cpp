@@ -11,10 +11,10 @@ namespace {
 constexpr DISPID kPush = -8999;
 constexpr DISPID kLength = -8998;
 
-// The last id given to a property, of all properties in the process; main-thread data, like the objects.
+// The last id assigned to a property. All objects of the process share the sequence; main thread only.
 DISPID lastPropertyId = -6000;
 
-// Passes over the ids of the members that arrays have beside their properties.
+// Skips the ids of the array members push and length.
 DISPID NextPropertyId() {
     DISPID next = lastPropertyId;
     do {

@@ -12,8 +12,8 @@
 
 namespace tarvik {
 
-// The native script object: named properties that are made on demand and live as long as the object. One
-// thread at a time. It cannot be called, and its properties cannot be deleted.
+// The native script object: a map of named properties, which are created on demand and cannot be deleted. It
+// cannot be called. One thread at a time may use it; only the main thread may create properties.
 class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
   public:
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
@@ -22,8 +22,8 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override;
 
-    // With fdexNameEnsure a name that exists gives S_FALSE and no id; that is intended. Such a caller has no
-    // way to overwrite: it asks GetIDsOfNames.
+    // By design, fdexNameEnsure gives S_FALSE and no id for a name that exists. To overwrite a property, get
+    // its id from GetIDsOfNames.
     STDMETHODIMP GetDispID(BSTR name, DWORD flags, DISPID* out) override;
     STDMETHODIMP InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                           EXCEPINFO* exception, IServiceProvider* caller) override;
@@ -31,8 +31,8 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
     STDMETHODIMP DeleteMemberByDispID(DISPID) override { return E_NOTIMPL; }
     STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
     STDMETHODIMP GetMemberName(DISPID id, BSTR* out) override;
-    // Visits the newest property first: ids fall with time, and the walk goes up. So the elements of an array
-    // come from the highest index down; that is intended.
+    // By design, enumerates the newest property first, because new ids are lower: so the elements of an array
+    // come from the highest index down.
     STDMETHODIMP GetNextDispID(DWORD flags, DISPID id, DISPID* out) override;
     STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
 
@@ -40,7 +40,7 @@ class CObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
 
   private:
     struct Property {
-        const std::wstring* name;  // the key in names_: walks over large arrays ask for every name
+        const std::wstring* name;  // the key in names_; enumerations of large arrays query every name
         Variant value;
     };
     std::map<std::wstring, DISPID, std::less<>> names_;
@@ -54,13 +54,12 @@ class CArray : public CObject {
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* exception, UINT* argument) override;
 
-    // Adds an element under the number of properties so far. If a property of that name exists, the value is
-    // lost without a word; that is intended.
+    // Appends an element, named by the number of properties. By design, the value is dropped if that property
+    // exists.
     void Push(const VARIANT* value);
 };
 
-// "object" or "array", in any case of letters; E_NOINTERFACE for another name, E_INVALIDARG for a null
-// pointer.
+// Implements TVK::ICore::CreateScriptObject.
 HRESULT CreateScriptObject(const wchar_t* typeName, IDispatch** out);
 
 }  // namespace tarvik

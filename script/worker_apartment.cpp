@@ -22,7 +22,7 @@ WorkerApartment::~WorkerApartment() {
 DWORD WINAPI WorkerApartment::Stay(void* self) {
     auto& apartment = *static_cast<WorkerApartment*>(self);
     const HRESULT initialized = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    // The object manager is asked for by the first interface that the object does not give at once.
+    // The first query for an interface that the proxy does not have connects to the object manager.
     Query<IPersist>(apartment.home_.Get());
     WaitForSingleObject(apartment.end_.Get(), INFINITE);
     apartment.home_ = MarshaledObject();

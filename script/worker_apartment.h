@@ -7,15 +7,15 @@
 
 namespace tarvik {
 
-// Keeps the apartment of the workers, and its way to the thread that made this, for as long as it lives; made
-// and, if at all, destroyed by the main thread. Workers then need not set them up again and again. There is
-// one more reason under Wine: the object that it keeps for calls to the main thread's object manager is
-// shared by all workers, and workers that drop their last references side by side destroy it twice, unless
-// one of its references is held all the time.
+// Keeps the multi-threaded apartment of the workers, and its connection to the main thread, alive, so that
+// workers do not set them up again and again. Created and destroyed on the main thread.
+//
+// Wine needs this, too: all workers share its proxy of the main thread's object manager, and two workers that
+// release their last references at the same time destroy the proxy twice. Here one reference is always held.
 class WorkerApartment {
   public:
     WorkerApartment();
-    ~WorkerApartment();  // serves calls to this thread meanwhile, and so may take as long as they do
+    ~WorkerApartment();  // serves pending calls to the main thread, and takes as long as they do
     WorkerApartment(const WorkerApartment&) = delete;
     WorkerApartment& operator=(const WorkerApartment&) = delete;
 
