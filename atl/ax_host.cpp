@@ -27,7 +27,7 @@ RECT ClientRect(HWND window) {
     return rect;
 }
 
-LRESULT AsAnswer(IUnknown* object) {
+LRESULT AsMessageResult(IUnknown* object) {
     if (object) object->AddRef();
     return reinterpret_cast<LRESULT>(object);
 }
@@ -47,13 +47,14 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
     if (control) *control = nullptr;
     if (!name || !IsWindow(window)) return E_INVALIDARG;
     return Guard([&] {
-        // One site, one control: a second one would go unreleased.
+        // A site has one control: a second one would leak.
         if (!SubclassWindow(window)) return E_FAIL;
-        AddRef();  // the window's own reference, given back at its final message
+        AddRef();  // the window's reference; OnFinalMessage releases it
         ComPtr<IUnknown> made;
         ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
                                        reinterpret_cast<void**>(made.GetAddressOf())));
-        // What ran meanwhile, here and below, may have closed the window: then nobody would let go of this.
+        // Creating the control, and the calls below, may run code that closes the window. A control that is
+        // stored after that would never be released.
         if (!Window()) return E_ABORT;
         control_ = made;
         ThrowIfFailed(ActivateControl());
@@ -64,8 +65,8 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
     });
 }
 
-// Any call into the control may run script, and with it the end of the window: what is used after such a call
-// is held here.
+// Any call into the control may run script, which may close the window. So this holds a reference to every
+// object that it uses after such a call.
 HRESULT CAxHostWindow::ActivateControl() {
     const auto object = Query<IOleObject>(control_.Get());
     if (!object) return E_NOINTERFACE;
@@ -131,18 +132,18 @@ void CAxHostWindow::FocusControl() {
     if (!object) return;
     RECT rect = ClientRect(Window());
     if (!uiActive_) object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, ClientSite(), 0, Window(), &rect);
-    // Some controls leave the keyboard with their host: their window takes it.
+    // Some controls do not take the focus when they are activated.
     const HWND child = ::GetWindow(Window(), GW_CHILD);
     if (GetFocus() == Window() && child) SetFocus(child);
 }
 
 bool CAxHostWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == AtlGetHostMessage()) {
-        result = AsAnswer(AsUnknown());
+        result = AsMessageResult(AsUnknown());
         return true;
     }
     if (message == AtlGetControlMessage()) {
-        result = AsAnswer(control_.Get());
+        result = AsMessageResult(control_.Get());
         return true;
     }
     switch (message) {
@@ -157,7 +158,7 @@ bool CAxHostWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPa
             FocusControl();
             return true;
         case WM_DESTROY:
-            // The window goes first: it still needs the control.
+            // The window handles the message first, because it still needs the control.
             result = DefWindowProc(message, wParam, lParam);
             ReleaseAll();
             return true;

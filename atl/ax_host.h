@@ -14,10 +14,10 @@
 
 namespace tarvik {
 
-// The site of one OLE control in a window: creates and in-place activates it, sizes it with the window, and
-// lets go of it at WM_DESTROY, after the window itself has seen that message. It lives at least as long as
-// the window. Derived sites override single operations and add interfaces through Find. The site and its
-// window are two objects, each with a count of its own: neither is ever asked for an interface of the other.
+// The site of one OLE control in a window. It creates the control, activates it in place, resizes it with the
+// window and releases it at WM_DESTROY, after the window has handled that message. The window holds a
+// reference to the site until its last message. Derived sites override methods, and add interfaces through
+// Find. The site and the object of its window are separate COM objects.
 class CAxHostWindow
     : public ComObject<As<IAxWinHostWindowLic, IAxWinHostWindow, IAxWinHostWindowLic>, IOleClientSite,
                        As<IOleInPlaceSiteEx, IOleWindow, IOleInPlaceSite, IOleInPlaceSiteEx>, IOleControlSite,
@@ -25,7 +25,7 @@ class CAxHostWindow
                        IDocHostUIHandler, IDispatch>,
       public CWindowImpl {
   public:
-    // IAxWinHostWindow: CreateControlLicEx is the one way in, the others are not offered.
+    // IAxWinHostWindow: only CreateControlLicEx creates a control.
     STDMETHODIMP CreateControl(LPCOLESTR, HWND, IStream*) override { return E_NOTIMPL; }
     STDMETHODIMP CreateControlEx(LPCOLESTR, HWND, IStream*, IUnknown**, REFIID, IUnknown*) override {
         return E_NOTIMPL;
@@ -78,7 +78,7 @@ class CAxHostWindow
     STDMETHODIMP EnumObjects(DWORD, IEnumUnknown**) override { return E_NOTIMPL; }
     STDMETHODIMP LockContainer(BOOL) override { return S_OK; }
 
-    // IObjectWithSite: the site of this site, asked for services that it does not have.
+    // IObjectWithSite: the site of this site, which QueryService falls back to.
     STDMETHODIMP SetSite(IUnknown* site) override;
     STDMETHODIMP GetSite(REFIID iid, void** out) override;
 
@@ -105,7 +105,7 @@ class CAxHostWindow
     STDMETHODIMP TranslateUrl(DWORD, LPWSTR, LPWSTR*) override { return S_FALSE; }
     STDMETHODIMP FilterDataObject(IDataObject*, IDataObject**) override { return S_FALSE; }
 
-    // The ambient properties: none is stated.
+    // IDispatch: there are no ambient properties.
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }

@@ -26,8 +26,8 @@ MIDL_INTERFACE("3935BDA8-4ED9-495C-8650-E01FC1E38A4B")
 IAxWinHostWindowLic : public IAxWinHostWindow {
   public:
     STDMETHOD(CreateControlLic)(LPCOLESTR name, HWND window, IStream * stream, BSTR licence) = 0;
-    // Creates the control that the name stands for: a URL or a path means a web browser, which then navigates
-    // there. `control` receives it with a reference; `sink` is advised of its event interface `events`.
+    // Creates the control that `name` denotes: a URL or a path denotes a web browser, which navigates there.
+    // `control` receives a reference to it. `sink` is connected to its event interface `events`.
     STDMETHOD(CreateControlLicEx)
     (LPCOLESTR name, HWND window, IStream * stream, IUnknown * *control, REFIID events, IUnknown * sink,
      BSTR licence) = 0;

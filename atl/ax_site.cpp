@@ -1,4 +1,4 @@
-// What the control asks of its site.
+// The interfaces of the site that the control calls.
 
 #include "atl/ax_host.h"
 

@@ -6,11 +6,11 @@ namespace tarvik {
 
 namespace {
 
-ComPtr<IUnknown> Ask(HWND window, UINT message) {
-    ComPtr<IUnknown> answer;
-    // Not Attach: that of mingw-w64 takes a further reference.
-    *answer.GetAddressOf() = reinterpret_cast<IUnknown*>(SendMessageW(window, message, 0, 0));
-    return answer;
+ComPtr<IUnknown> QueryWindow(HWND window, UINT message) {
+    ComPtr<IUnknown> object;
+    // Not Attach: mingw-w64's takes a further reference.
+    *object.GetAddressOf() = reinterpret_cast<IUnknown*>(SendMessageW(window, message, 0, 0));
+    return object;
 }
 
 }  // namespace
@@ -38,11 +38,11 @@ UINT AtlGetControlMessage() {
 }
 
 ComPtr<IUnknown> AtlAxGetHost(HWND window) {
-    return Ask(window, AtlGetHostMessage());
+    return QueryWindow(window, AtlGetHostMessage());
 }
 
 ComPtr<IUnknown> AtlAxGetControl(HWND window) {
-    return Ask(window, AtlGetControlMessage());
+    return QueryWindow(window, AtlGetControlMessage());
 }
 
 }  // namespace tarvik

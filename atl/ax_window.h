@@ -10,14 +10,15 @@ namespace tarvik {
 // The class of windows that host a control.
 inline constexpr const wchar_t* kAxWindowClass = L"AtlAxWin90";
 
-// Registers the class and the two messages; again does nothing.
+// Registers the class and the two messages, once per process.
 bool AtlAxWinInit();
 
-// Sent to such a window they answer the IUnknown of the host, or of the control, with a reference for the
-// caller.
+// A window of the class answers these messages with the IUnknown of its site or of its control, and with a
+// reference for the caller.
 UINT AtlGetHostMessage();     // WM_ATLGETHOST
 UINT AtlGetControlMessage();  // WM_ATLGETCONTROL
 
+// Null if the window has none.
 ComPtr<IUnknown> AtlAxGetHost(HWND window);
 ComPtr<IUnknown> AtlAxGetControl(HWND window);
 

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// The sink of a control's event interface. It passes events to an owner that it does not keep alive: the
-// owner lets go of it with Detach. Owner has void OnEvent(DISPID, DISPPARAMS&).
+// The sink of a control's event interface. It forwards events to void Owner::OnEvent(DISPID, DISPPARAMS&). It
+// holds no reference to the owner, which calls Detach before it is destroyed.
 template <class Owner>
 class EventSink : public ComObject<IDispatch> {
   public:
@@ -23,7 +23,7 @@ class EventSink : public ComObject<IDispatch> {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) override {
         if (!owner_ || !parameters) return S_OK;
-        const ComPtr<IUnknown> alive(this->AsUnknown());  // the event may end the connection
+        const ComPtr<IUnknown> alive(this->AsUnknown());  // the owner may close the connection
         return Guard([&] { owner_->OnEvent(id, *parameters); });
     }
 

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// The frame that an in-place active control talks to. It has no menus, tools or status of its own to share,
-// and needs no active object: messages are offered to the control itself.
+// The frame window of an in-place active control. It has no menus, toolbars or status bar to share, and needs
+// no active object, because the message loop offers messages to the control itself.
 class InPlaceFrame
     : public ComObject<As<IOleInPlaceFrame, IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow>> {
   public:

@@ -27,7 +27,7 @@ int CMessageLoop::Run() {
 }
 
 bool CMessageLoop::PreTranslateMessage(MSG* message) {
-    // A filter may remove itself or others: what it does reaches script.
+    // A filter may run script, which may remove filters.
     for (size_t i = filters_.size(); i-- > 0;) {
         if (i < filters_.size() && filters_[i]->PreTranslateMessage(message)) return true;
     }

@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// The window that the page of a browser window is drawn in: the control's innermost, three levels down. Null
-// as long as there is none.
+// The window that displays the page of a browser window: the innermost window of the control, three levels
+// below `mainWindow`. Null if it does not exist yet.
 HWND GetIEServerWnd(HWND mainWindow);
 
 }  // namespace tarvik

@@ -8,8 +8,8 @@ namespace tarvik {
 
 namespace {
 
-// The object whose window is being made, and the procedure of the class underneath. Windows are made one
-// inside the other at most, on the main thread.
+// The object whose window is being created, and the window procedure of its base class; from CreateWindowEx
+// to the first message. Main thread only.
 CWindowImpl* beingCreated = nullptr;
 WNDPROC baseProcedure = nullptr;
 
@@ -27,13 +27,13 @@ HWND CWindowImpl::Create(const wchar_t* className, const wchar_t* baseClass, HWN
     description.lpfnWndProc = Start;
     description.lpszClassName = className;
     description.hInstance = appModule.Instance();
-    RegisterClassExW(&description);  // a second window of the class finds it registered
+    RegisterClassExW(&description);  // fails for a second window of the class: it is registered already
     beingCreated = this;
     baseProcedure = base;
     const HWND window =
         CreateWindowExW(0, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                         CW_USEDEFAULT, parent, nullptr, appModule.Instance(), parameter);
-    beingCreated = nullptr;  // a window that could not be made took nothing
+    beingCreated = nullptr;  // if there was no first message
     return window;
 }
 
@@ -50,7 +50,7 @@ bool CWindowImpl::SubclassWindow(HWND window, IUnknown* owner) {
     if (window_ || !SetWindowSubclass(window, Procedure, self, self)) return false;
     window_ = window;
     owner_ = owner;
-    isOver_ = false;  // messages of an earlier window may still be under way
+    isDestroyed_ = false;  // an earlier window may still be handling messages
     return true;
 }
 
@@ -69,10 +69,10 @@ LRESULT CALLBACK CWindowImpl::Procedure(HWND window, UINT message, WPARAM wParam
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(object));
         object->window_ = nullptr;
-        object->isOver_ = true;
+        object->isDestroyed_ = true;
     }
-    if (--object->depth_ == 0 && object->isOver_) {
-        object->isOver_ = false;
+    if (--object->depth_ == 0 && object->isDestroyed_) {
+        object->isDestroyed_ = false;
         ComPtr<IUnknown> owner;
         owner.Swap(object->owner_);
         object->OnFinalMessage(window);

@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
-// An object that takes part in the messages of a window: one it creates itself, as a superclass of a
-// registered class, or one that exists, as a subclass. Objects on one window are asked from the last attached
-// to the first.
+// Handles the messages of a window: either a window that it creates, superclassing a registered class, or an
+// existing window, which it subclasses. If a window has several such objects, the last one attached gets a
+// message first.
 class CWindowImpl {
   public:
     CWindowImpl() = default;
@@ -18,27 +18,29 @@ class CWindowImpl {
 
     HWND Window() const { return window_; }
 
-    // Registers `className` over the procedure of `baseClass`, and creates a window of it that this object
-    // handles from its first message on. Null if the window was destroyed while it was made.
+    // Registers `className` as a superclass of `baseClass` and creates a window of it. This object handles
+    // all its messages, from the first one on. Null on failure, and if the window was destroyed during its
+    // creation.
     HWND Create(const wchar_t* className, const wchar_t* baseClass, HWND parent, const wchar_t* title,
                 DWORD style, void* parameter);
 
-    // Keeps the owner, if there is one, alive until the window's last message has been handled.
+    // Subclasses a window, and holds a reference to `owner`, which may be null, until the window's last
+    // message has been handled. False on failure, and if this object has a window.
     bool SubclassWindow(HWND window, IUnknown* owner = nullptr);
 
   protected:
-    // Leaves the window, if there still is one.
+    // Stops subclassing the window, if it still exists.
     virtual ~CWindowImpl();
 
-    // True if the message was dealt with and `result` is its answer; else it goes on to the next object, and
-    // to the window's own procedure in the end.
+    // True if the message was handled, with `result`. Otherwise the next object gets it, and finally the
+    // window procedure of the class.
     virtual bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) = 0;
 
-    // The window's last message has been handled, and with it every message in whose handling the window was
-    // destroyed. The object may end itself here; it must not end inside any other message.
+    // The window has been destroyed, and no message of it is being handled any more. The object may destroy
+    // itself here; it must not be destroyed inside any other message.
     virtual void OnFinalMessage(HWND) {}
 
-    // What comes after this object.
+    // Passes a message on to the next object or to the window procedure of the class.
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return CallNext(window_, message, wParam, lParam);
     }
@@ -50,8 +52,8 @@ class CWindowImpl {
                                       DWORD_PTR object);
 
     HWND window_ = nullptr;
-    int depth_ = 0;        // messages being handled, one inside the other
-    bool isOver_ = false;  // the window has gone, and OnFinalMessage is to come
+    int depth_ = 0;             // of nested messages being handled
+    bool isDestroyed_ = false;  // the window has been destroyed; OnFinalMessage is due
     ComPtr<IUnknown> owner_;
 };
 

@@ -7,25 +7,27 @@ namespace tarvik {
 
 namespace {
 
-struct Row {
+struct Accelerator {
     bool needsControl;
     WPARAM key;
 };
 
-// A row without Ctrl matches in any case, so Ctrl+F5 is swallowed too, by design.
-constexpr Row kRows[] = {
+// F5 is swallowed with and without Ctrl, by design.
+constexpr Accelerator kAccelerators[] = {
     {true, 'L'}, {true, 'O'},          {true, 'M'},         {false, VK_F5},
     {true, '0'}, {true, VK_OEM_MINUS}, {true, VK_OEM_PLUS},
 };
 
 }  // namespace
 
-// Ctrl and Alt together are AltGr, which types characters on many keyboards: the German one has } on AltGr+0.
-// So a row with Ctrl does not match while Alt is held, or a page could not get those characters.
+// Ctrl and Alt together are AltGr, which types characters on many keyboards, such as } by AltGr+0 on the
+// German one. So keys with Ctrl are swallowed only if Alt is up.
 bool IsSwallowedKey(WPARAM key, bool control, bool alt) {
     const bool controlAlone = control && !alt;
-    return std::any_of(std::begin(kRows), std::end(kRows),
-                       [&](const Row& row) { return row.key == key && (controlAlone || !row.needsControl); });
+    return std::any_of(std::begin(kAccelerators), std::end(kAccelerators),
+                       [&](const Accelerator& accelerator) {
+                           return accelerator.key == key && (controlAlone || !accelerator.needsControl);
+                       });
 }
 
 }  // namespace tarvik

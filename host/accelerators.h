@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Whether a key of the engine's own (open, reload, zoom ...) is kept from it: such keys make no sense in an
-// application. `control` and `alt` tell whether Ctrl and Alt are held.
+// Whether the engine must not get a key, because its own accelerators (open, reload, zoom ...) make no sense
+// in an application. `control` and `alt` state whether Ctrl and Alt are down.
 bool IsSwallowedKey(WPARAM key, bool control, bool alt);
 
 }  // namespace tarvik

@@ -16,7 +16,7 @@ namespace {
 constexpr int kNavigateComplete2 = 252;
 constexpr int kDocumentComplete = 259;
 
-// CGID_DocHostCommandHandler, which not every SDK's libraries hold.
+// CGID_DocHostCommandHandler, which the libraries of some SDKs lack.
 constexpr GUID kDocHostCommands = {
     0xF38BC242, 0xB950, 0x11D1, {0x89, 0x18, 0x00, 0xC0, 0x4F, 0xC2, 0xC8, 0x36}};
 constexpr DWORD kShowScriptError = 40;  // OLECMDID_SHOWSCRIPTERROR
@@ -89,12 +89,11 @@ STDMETHODIMP CWebBrowserHost::Exec(const GUID* group, DWORD command, DWORD, VARI
     if (!group) return OLECMDERR_E_NOTSUPPORTED;
     if (*group != kDocHostCommands || command != kShowScriptError) return OLECMDERR_E_UNKNOWNGROUP;
     if (ShowsScriptErrors()) return E_NOTIMPL;
-    // Scripts go on running.
-    if (out) Variant::Bool(true).MoveInto(out);
+    if (out) Variant::Bool(true).MoveInto(out);  // scripts continue to run
     return S_OK;
 }
 
-// Errors are shown unless the page said a literal false, or `console` cannot be had.
+// Errors are shown unless the page has set console.showJsError to false, or there is no plug-in `console`.
 bool CWebBrowserHost::ShowsScriptErrors() {
     ComPtr<IDispatch> console;
     if (FAILED(GetPlugin(L"console", console.GetAddressOf()))) return false;
@@ -117,7 +116,7 @@ STDMETHODIMP CWebBrowserHost::DragEnter(IDataObject*, DWORD, POINTL, DWORD* effe
 STDMETHODIMP CWebBrowserHost::DragOver(DWORD, POINTL point, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::DragOver");
     if (!effect) return E_POINTER;
-    const ComPtr<IUnknown> alive(AsUnknown());  // the page is asked, and its window may go meanwhile
+    const ComPtr<IUnknown> alive(AsUnknown());  // calls into the page may destroy its window
     return Guard([&] { *effect = DropBindingAt(point) ? DROPEFFECT_COPY : DROPEFFECT_NONE; });
 }
 
@@ -179,7 +178,7 @@ STDMETHODIMP CWebBrowserHost::OnBrowserEvent(int dispatchId) {
     return S_OK;
 }
 
-// A failure at any step leaves the page without its prologue, and nobody is told.
+// If a step fails, the page has no prologue; the failure is not reported.
 void CWebBrowserHost::InjectPrologue() {
     ComPtr<IDispatch> document;
     ComPtr<IHTMLWindow2> window;

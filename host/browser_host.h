@@ -10,8 +10,8 @@
 
 namespace tarvik {
 
-// The site of one web browser control: decides what the page may do, presents `external`, and puts the
-// prologue into each page. Its ambient IDispatch is the `external` object.
+// The site of one web browser control. It controls what the page may do and injects the prologue into each
+// page. Its IDispatch is the object `external`.
 class CWebBrowserHost : public CAxHostWindow,
                         public IWebbrowserHost,
                         public IOleCommandTarget,
@@ -33,7 +33,7 @@ class CWebBrowserHost : public CAxHostWindow,
     STDMETHODIMP GetExternal(IDispatch** out) override;
     using CAxHostWindow::TranslateAccelerator;
 
-    // The `external` object
+    // IDispatch: the object `external`
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override;
@@ -48,8 +48,8 @@ class CWebBrowserHost : public CAxHostWindow,
     // IHTMLChangeSink
     STDMETHODIMP Notify() override;
 
-    // IDropTarget: files dragged onto elements that are bound by the plug-in `dragfile`. Entering refuses
-    // always; the verdict comes with the first move.
+    // IDropTarget: files dragged onto elements that the plug-in `dragfile` has bound. DragEnter always
+    // rejects; DragOver decides.
     STDMETHODIMP DragEnter(IDataObject*, DWORD, POINTL, DWORD* effect) override;
     STDMETHODIMP DragOver(DWORD keys, POINTL point, DWORD* effect) override;
     STDMETHODIMP DragLeave() override;

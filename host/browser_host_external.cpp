@@ -1,4 +1,4 @@
-// The `external` object of a page: plug-ins by their names, loadPlugin and createWindow.
+// The object `external` of a page: plug-ins by name, loadPlugin and createWindow.
 
 #include <exdisp.h>
 
@@ -33,11 +33,11 @@ HRESULT CWebBrowserHost::FindMember(const std::wstring& name, DISPID* id) {
     return S_OK;
 }
 
-// A plug-in that comes late is told what the window has been through.
+// A plug-in that is created late gets the events that it missed.
 HRESULT CWebBrowserHost::CreatePlugin(const std::wstring& name, DISPID* id) {
     const ComPtr<TVK::ICore> core(plugins_.Core());
     const auto browser = Query<IWebBrowser2>(Control());
-    // A page may come this far before the window has its control in hand.
+    // The page may run before CWebBrowser has set the context with its control.
     if (core) plugins_.SetContext(core.Get(), browser.Get());
     ComPtr<TVK::IPlugin> plugin;
     const HRESULT status = plugins_.CreatePlugin(name, core.Get(), browser.Get(), plugin.GetAddressOf());
@@ -69,7 +69,7 @@ STDMETHODIMP CWebBrowserHost::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPA
 HRESULT CWebBrowserHost::ReadPlugin(DISPID id, VARIANT* result) {
     if (!result) return E_INVALIDARG;
     ComPtr<TVK::IPlugin> plugin;
-    // No object leaves the result as it stands: loadPlugin read as a property is empty.
+    // An id without an object reads as empty, such as that of loadPlugin.
     if (FAILED(plugins_.GetPluginObject(id, plugin.GetAddressOf()))) return S_OK;
     return SetResult(result, Variant::Unknown(plugin.Get()));
 }

@@ -28,7 +28,7 @@ int HexDigit(wchar_t character) {
     return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
 }
 
-// Percent escapes stand for the bytes of UTF-8.
+// Decodes percent escapes, which encode the bytes of UTF-8.
 std::wstring Unescape(const std::wstring& text) {
     const std::string escaped = Narrow(text);
     std::string bytes;
@@ -70,8 +70,8 @@ std::wstring AddressOfFile(const std::wstring& path) {
 
 }  // namespace
 
-std::wstring ChoosePage(const wchar_t* asked) {
-    if (asked) return asked;
+std::wstring ChoosePage(const wchar_t* requested) {
+    if (requested) return requested;
     const CCommandLine commandLine;
     const wchar_t* const given = commandLine.GetValue(L"/f");
     if (given && *given) return given;
@@ -104,8 +104,8 @@ bool ChooseFirstPage() {
 
 std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location) {
     if (PathIsURLW(url.c_str()) || !PathIsRelativeW(url.c_str())) return url;
-    // Before unescaping: a `?` or `#` that stands there escaped belongs to the file's name. And at the first
-    // of the two: the fragments of pages that route by them hold question marks.
+    // Cut before unescaping, because an escaped `?` or `#` belongs to the file name; and at the first of the
+    // two, because a fragment may contain a `?`.
     const std::wstring plain = Unescape(location.substr(0, location.find_first_of(L"?#")));
     if (StartsWith(plain, kFileScheme)) return BesideFilePage(plain, url);
     if (StartsWith(plain, L"http://") || StartsWith(plain, L"https://")) return {};

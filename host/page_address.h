@@ -4,20 +4,20 @@
 
 namespace tarvik {
 
-// The page of a window, as a URL or a path: what its creator asked for; else the key `f` of the command line;
-// else resource\index.html in the current folder, or beside the executable if there is no folder `resource`
-// there; then this makes the executable's folder the current one.
-std::wstring ChoosePage(const wchar_t* asked);
+// The page of a window, as a URL or a path: `requested`, which may be null; otherwise the value of -f on the
+// command line; otherwise resource\index.html in the current folder. If that has no folder `resource`, the
+// folder of the executable becomes the current folder, and the page is resource\index.html there.
+std::wstring ChoosePage(const wchar_t* requested);
 
-// What a window opens for a page: a URL, or a path that exists, with a `#fragment` perhaps. Empty if there is
-// no such page. A file's name may itself hold a `#`: the longest path that exists is the file.
+// The address that a window opens for a page: a URL, or an existing path, perhaps with a `#fragment`. Empty
+// if the page does not exist. File names may contain a `#`: the longest existing path is the file.
 std::wstring PageAddress(const std::wstring& page);
 
-// The same for the first window, as ChoosePage chooses: whether there is a page. Never throws.
+// Calls ChoosePage for the first window, and returns whether its page exists. Never throws.
 bool ChooseFirstPage();
 
-// Makes what script passes absolute against a page's location. URLs and full paths stay as they are. A
-// relative address gives a path beside a file page, and nothing on a web page; both are by design.
+// Resolves a URL or a path against the location of a page. URLs and full paths stay unchanged. By design, a
+// relative address gives a full path on a page from a file, and an empty string on a web page.
 std::wstring ResolveAgainst(const std::wstring& url, const std::wstring& location);
 
 }  // namespace tarvik

@@ -15,7 +15,7 @@ namespace tarvik {
 
 namespace {
 
-// Ids of the members of every window's `external` object that are plug-ins.
+// All windows of the process share this sequence.
 DISPID NextPluginId() {
     static DISPID last = -6000;
     do {
@@ -65,7 +65,8 @@ HRESULT CPluginManage::CreatePlugin(const std::wstring& name, TVK::ICore* core, 
 
 HRESULT CPluginManage::GetPluginObject(DISPID id, TVK::IPlugin** out) {
     if (!out) return E_INVALIDARG;
-    if (const auto kept = instances_.find(id); kept != instances_.end()) return CopyTo(kept->second, out);
+    if (const auto retained = instances_.find(id); retained != instances_.end())
+        return CopyTo(retained->second, out);
     const auto named = std::ranges::find_if(ids_, [id](const auto& pair) { return pair.second == id; });
     const PluginEntry* entry = named == ids_.end() ? nullptr : FindPlugin(named->first);
     if (!entry) return E_FAIL;
@@ -89,7 +90,7 @@ void CPluginManage::ForEachPlugin(const std::function<void(TVK::IPlugin*)>& visi
 }
 
 void CPluginManage::Reset() {
-    // Plug-ins that end may ask for others: they must find empty tables.
+    // The destructor of a plug-in may request another one: the tables must be empty before.
     const auto instances = std::move(instances_);
     instances_.clear();
     ids_.clear();

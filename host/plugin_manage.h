@@ -9,38 +9,38 @@
 
 namespace tarvik {
 
-// The plug-ins of one browser window: from a name to a member id of `external`, and from the id to a live
-// object. Ids come from one counter of the process and are never used again.
+// The plug-ins of one browser window: maps their names to member ids of `external`, and the ids to objects.
+// An id is never reused in the process.
 class CPluginManage {
   public:
     static constexpr DISPID kUnknownName = -1;
     static constexpr DISPID kNotCreatedYet = -2;
-    // Members of `external` itself, which share the numbers: no plug-in is given these.
+    // The ids of the other members of `external`, which no plug-in gets.
     static constexpr DISPID kLoadPlugin = -6999;
     static constexpr DISPID kCreateWindow = -6998;
 
-    // Looks for plug-in libraries, as long as the process has found none.
+    // Loads the plug-in libraries, if the process has not loaded any yet.
     CPluginManage();
 
     void SetContext(TVK::ICore* core, IUnknown* browser);
     TVK::ICore* Core() const { return core_.Get(); }
 
-    // The id of a name that was created in this window; else kNotCreatedYet or kUnknownName.
+    // The id of a plug-in that was created in this window; otherwise kNotCreatedYet or kUnknownName.
     DISPID GetPluginId(const std::wstring& name) const;
 
-    // Makes the first instance and gives it an id. A retained one is kept.
+    // Creates the first object of a plug-in and assigns an id to the plug-in. A retained object is stored.
     HRESULT CreatePlugin(const std::wstring& name, TVK::ICore* core, IUnknown* browser, TVK::IPlugin** out);
 
-    // The kept object, or a fresh instance of a transient plug-in.
+    // The stored object of a retained plug-in, or a new object of a transient one.
     HRESULT GetPluginObject(DISPID id, TVK::IPlugin** out);
 
     HRESULT LoadPluginLibrary(const std::wstring& path);
 
-    // The kept objects, newest first. They may create further plug-ins meanwhile, which are not visited. What
-    // one of them throws does not keep the others from their visit.
+    // Calls `visit` for the stored objects, newest first, but not for those that are created meanwhile. An
+    // exception ends the visit of one object only.
     void ForEachPlugin(const std::function<void(TVK::IPlugin*)>& visit);
 
-    // Lets go of everything, the core included.
+    // Releases everything, including the core.
     void Reset();
 
   private:

@@ -2,7 +2,7 @@
 
 namespace tarvik {
 
-// Runs in every page's window before the page's own script. Part of the interface to pages, to the letter.
+// Runs in every page before the page's own script. Pages depend on every name and statement in it.
 inline constexpr const wchar_t* kPrologue =
     L"function queryModule(pluginName){return window.external[pluginName];} "
     L"console = queryModule('console');"

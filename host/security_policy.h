@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-// The whole policy of a host that loads only its own application: every URL is in the local machine zone, and
-// every action is allowed. A part of the site, which counts the references.
+// The security manager of a host that loads only its own application: every URL is in the local machine zone,
+// and every action is allowed. CWebBrowserHost derives from it and implements IUnknown.
 class SecurityPolicy : public IInternetSecurityManager {
   public:
     STDMETHODIMP SetSecuritySite(IInternetSecurityMgrSite*) override { return E_NOTIMPL; }

@@ -25,7 +25,7 @@ namespace {
 constexpr const wchar_t* kWindowClass = L"TarvikBrowserWindow";
 constexpr WORD kIcon = 1000;
 
-// Navigation in an application makes no clicking sound. Older systems lack the function.
+// Turns the clicking sound of navigation off. Older systems lack the function.
 void SilenceNavigation() {
     using SetFeature = HRESULT WINAPI(INTERNETFEATURELIST, DWORD, BOOL);
     auto* const set = FindFunction<SetFeature>(L"Urlmon.dll", "CoInternetSetFeatureEnabled");
@@ -50,7 +50,7 @@ bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRES
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
     switch (message) {
         case WM_NCCREATE:
-            AddRef();  // the window's own reference, given back at its final message
+            AddRef();  // the window's reference; OnFinalMessage releases it
             return false;
         case WM_CREATE:
             result = OnCreate(static_cast<const wchar_t*>(creation->lpCreateParams));
@@ -64,17 +64,17 @@ bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRES
     }
 }
 
-LRESULT CWebBrowser::OnCreate(const wchar_t* asked) {
-    OleInitialize(nullptr);  // for every window, without a counterpart
+LRESULT CWebBrowser::OnCreate(const wchar_t* requested) {
+    OleInitialize(nullptr);  // for every window, and never uninitialized
     const HICON icon = LoadIconW(appModule.Instance(), MAKEINTRESOURCEW(kIcon));
     SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
-    // Nobody could ever see a window that has no page, or no control to show it.
-    if (FAILED(Guard([&] { return OpenPage(asked); }))) DestroyWindow(Window());
+    // Without a page no script could ever show this hidden window.
+    if (FAILED(Guard([&] { return OpenPage(requested); }))) DestroyWindow(Window());
     return 0;
 }
 
-HRESULT CWebBrowser::OpenPage(const wchar_t* asked) {
-    const std::wstring page = ChoosePage(asked);
+HRESULT CWebBrowser::OpenPage(const wchar_t* requested) {
+    const std::wstring page = ChoosePage(requested);
     const std::wstring address = PageAddress(page);
     if (address.empty()) {
         TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
@@ -88,7 +88,7 @@ HRESULT CWebBrowser::OpenPage(const wchar_t* asked) {
 
 HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
     const auto site = MakeCom<CWebBrowserHost>();
-    // Before the control is made, because its first events may come while it is made.
+    // Set before the control is created, because its first events may come during its creation.
     host_ = site;
     site->SetContext(this, nullptr);
     hostWindow_ = Query<IAxWinHostWindow>(site->AsUnknown());
@@ -100,7 +100,7 @@ HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
     if (FAILED(status) || !browser) return FAILED(status) ? status : E_NOINTERFACE;
     browser->put_RegisterAsBrowser(VARIANT_TRUE);
     SilenceNavigation();
-    // What the control ran so far may have closed the window.
+    // The page may have closed the window by now.
     return host_ ? host_->SetContext(this, browser.Get()) : E_ABORT;
 }
 
@@ -141,8 +141,8 @@ void CWebBrowser::OnEvent(DISPID id, const DISPPARAMS& parameters) {
     }
 }
 
-// No page gets a new window of the engine's own: the address goes to the system. The arguments are, from the
-// last: object, cancel, flags, the opener's address, the address.
+// Cancels the engine's new window; the system opens the address instead. rgvarg[0] is the address, rgvarg[3]
+// the cancel flag.
 void CWebBrowser::OnNewWindow(const DISPPARAMS& parameters) {
     TARVIK_TRACE("CWebBrowser::OnNewWindow3");
     if (parameters.cArgs < 5) return;

@@ -13,11 +13,12 @@
 
 namespace tarvik {
 
-// One top-level window with one web browser control. Its window keeps it alive.
+// A top-level window with one web browser control. The window holds a reference to this object until its last
+// message.
 class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public CMessageFilter {
   public:
-    // Makes the window, hidden, and opens the page; null means the page of the first window. Null is answered
-    // if there is no such page, or no window can be made.
+    // Creates the window, hidden, and opens the page. A null `page` means the page of the first window.
+    // Returns null if the page does not exist, or the window or its control cannot be created.
     HWND CreateHidden(HWND parent, const wchar_t* page);
 
     // TVK::ICore
@@ -28,10 +29,10 @@ class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public
     STDMETHODIMP ResolveUrl(const wchar_t* url, BSTR* out) override;
     STDMETHODIMP CreateScriptObject(const wchar_t* typeName, IDispatch** out) override;
 
-    // CMessageFilter: the control may take any message of the thread, also those of other windows.
+    // CMessageFilter: offers every message of the thread to the control, also those of other windows.
     bool PreTranslateMessage(MSG* message) override;
 
-    // The control's events, from its sink.
+    // Called by the sink of the control's events.
     void OnEvent(DISPID id, const DISPPARAMS& parameters);
 
   protected:
@@ -39,14 +40,14 @@ class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public
     void OnFinalMessage(HWND) override { Release(); }
 
   private:
-    LRESULT OnCreate(const wchar_t* asked);
-    HRESULT OpenPage(const wchar_t* asked);
+    LRESULT OnCreate(const wchar_t* requested);
+    HRESULT OpenPage(const wchar_t* requested);
     void OnDestroy();
     HRESULT CreateControl(const std::wstring& page);
     void OnNewWindow(const DISPPARAMS& parameters);
 
     ComPtr<IWebbrowserHost> host_;
-    // Not null from the control's creation to WM_DESTROY: the mark that there is a control to let go of.
+    // Set from the creation of the site to WM_DESTROY.
     ComPtr<IAxWinHostWindow> hostWindow_;
     ComPtr<EventSink<CWebBrowser>> sink_;
 };

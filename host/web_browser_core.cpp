@@ -1,4 +1,4 @@
-// What a browser window gives to its plug-ins.
+// TVK::ICore: the services of a browser window for its plug-ins.
 
 #include <dispex.h>
 #include <mshtml.h>
@@ -15,8 +15,8 @@ namespace tarvik {
 
 namespace {
 
-// Puts a value into the script of a window's document, as a global.
-void DepositGlobal(HWND window, const wchar_t* name, const VARIANT* value) {
+// Defines a global variable in the script of a window's document.
+void DefineGlobal(HWND window, const wchar_t* name, const VARIANT* value) {
     if (!value) return;
     ComPtr<IDispatch> document;
     ComPtr<IDispatch> script;
@@ -56,17 +56,17 @@ STDMETHODIMP CWebBrowser::CreateBrowserWindow(const wchar_t* url, BOOL inherit, 
     if (out) *out = nullptr;
     return Guard([&]() -> HRESULT {
         Bstr page;
-        // No URL means no address at all, and so the page of a first window.
+        // Without a URL, CreateHidden gets null and opens the page of the first window.
         if (url) ResolveUrl(url, page.Receive());
         const auto browser = MakeCom<CWebBrowser>();
         SetLastError(ERROR_SUCCESS);
         const HWND window = browser->CreateHidden(inherit ? Window() : nullptr, url ? page.Get() : nullptr);
         if (!window) return LastErrorStatus();
-        DepositGlobal(window, L"windowContext", context);
-        DepositGlobal(window, L"windowCallback", callback);
+        DefineGlobal(window, L"windowContext", context);
+        DefineGlobal(window, L"windowCallback", callback);
         const auto host = Query<IWebbrowserHost>(AtlAxGetHost(window).Get());
         if (out && host) host->GetPlugin(L"window", out);
-        return S_OK;  // the window is there, whatever became of its plug-in
+        return S_OK;  // the window exists, with or without its plug-in
     });
 }
 

@@ -8,7 +8,7 @@
 #include "script/dispatch.h"
 #include "tarvik/library.h"
 
-// What built-in plug-ins are made of:
+// The bases of built-in plug-ins, and their registration:
 //
 //     class CTrayPlugin : public TablePlugin<CTrayPlugin> { ... };
 //     const bool registered = RegisterBuiltIn<CTrayPlugin>(L"tray", TVK::kRetainedPlugin);
@@ -32,8 +32,8 @@ bool RegisterBuiltIn(const wchar_t* name, int flags) {
 
 void LogNoBrowser(const char* className);
 
-// The first part of a TablePlugin that keeps its window's services and the page's browser. Those are the main
-// thread's: a worker keeps no reference to such a plug-in, because it must not be the one that lets go of it.
+// A TablePlugin that stores the services and the browser of its window. Both belong to the main thread, so no
+// worker may hold a reference to such a plug-in: it could be the last one to release it.
 template <class Self>
 class WindowPlugin : public TablePlugin<Self> {
   public:
@@ -60,7 +60,7 @@ class WindowPlugin : public TablePlugin<Self> {
     ComPtr<IWebBrowser2> browser_;
 };
 
-// A small plug-in that keeps the page's browser from Initialize.
+// A small plug-in that stores the browser of its window.
 template <class Self>
 class BrowserPlugin : public SmallPlugin<Self, LocaleNameRules> {
   public:

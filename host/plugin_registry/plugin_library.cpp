@@ -26,8 +26,8 @@ bool ReadPart(HANDLE file, LONG offset, Part& part) {
            ReadFile(file, &part, sizeof part, &read, nullptr) && read == sizeof part;
 }
 
-// A look at the machine of an image's header, without loading it: a 32-bit library must be refused before the
-// system tries. 0 if the file is no image.
+// Reads the machine type from the header of an image, because a 32-bit library must be rejected before the
+// system tries to load it. 0 if the file is not an image.
 WORD ImageMachine(const std::wstring& path) {
     const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -69,15 +69,15 @@ void Register(TVK::PluginFactory factory) {
 }  // namespace
 
 HRESULT LoadPluginLibrary(const std::wstring& given) {
-    // The loader looks for a relative path in other folders first, and might take a file that nobody looked
-    // at.
+    // The loader searches other folders for a relative path, and could load a file whose header was not
+    // checked.
     std::wstring path;
     if (FAILED(Guard([&] { path = FullPath(given); }))) return E_FAIL;
     const WORD machine = ImageMachine(path);
     if (machine == 0 || machine == IMAGE_FILE_MACHINE_I386) return E_FAIL;
-    // Outlives the guard: what the library threw is code and data of the library.
+    // Outlives the guard, because an exception that the library throws has its code and data in the library.
     UniqueModule library = LoadLibraryByPath(path);
-    // The failures of this half are not reported: see the header.
+    // A failure from here on is not reported, as the header states.
     (void)Guard([&] {
         Register(FindExport(library.Get()));
         Libraries().push_back(std::move(library));

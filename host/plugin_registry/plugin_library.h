@@ -4,17 +4,17 @@
 
 #include <string>
 
-// Plug-in libraries. They stay loaded until the process ends. Main-thread data.
+// Plug-in libraries. They stay loaded until the process ends. Main thread only.
 namespace tarvik {
 
-// Registers the plug-in of a library. A file that is no image, or one for a 32-bit machine, gives E_FAIL; a
-// library that is refused later (no export, a descriptor that fails or is of another kind) is freed and gives
-// S_OK; that is intended.
+// Loads a library and registers its plug-in. E_FAIL if the file is not an image, or a 32-bit one. By design,
+// S_OK for a library that is rejected later, because it has no export or its descriptor fails or has another
+// kind; it is freed.
 HRESULT LoadPluginLibrary(const std::wstring& path);
 
 bool HasPluginLibraries();
 
-// In load order. Only at the very end: objects of theirs may still exist before.
+// Frees the libraries in load order. Call it last: objects of the libraries may exist until then.
 void FreePluginLibraries();
 
 }  // namespace tarvik

@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-// Made at the first registration: built-in plug-ins register from static initialisers, in any order.
+// Created at its first use: built-in plug-ins register from static initialisers, in any order.
 auto& Registry() {
     static std::map<std::wstring, PluginEntry, std::less<>> registry;
     return registry;

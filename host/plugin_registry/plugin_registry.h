@@ -5,7 +5,7 @@
 
 #include "tarvik/plugin.h"
 
-// Process-wide, main-thread data; built-in plug-ins register before the entry point runs.
+// The plug-ins of the process. Main thread only; built-in plug-ins register before the entry point runs.
 namespace tarvik {
 
 struct PluginEntry {
@@ -15,10 +15,10 @@ struct PluginEntry {
     bool IsTransient() const { return (flags & TVK::kTransientPlugin) != 0; }
 };
 
-// Names are exact. A second registration of a name changes nothing and succeeds; that is intended.
+// Names are case-sensitive. By design, a second registration of a name succeeds and changes nothing.
 HRESULT RegisterPlugin(std::wstring_view name, TVK::PluginFactory factory, int flags);
 
-// Null if there is no such plug-in.
+// Null for an unknown name.
 const PluginEntry* FindPlugin(std::wstring_view name);
 
 }  // namespace tarvik
