@@ -8,7 +8,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "base/variant.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
 #include "control/bridge/script_context.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/com_ptr.h"
-#include "base/variant.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 #include "control/bridge/failure.h"
 #include "control/bridge/name_table.h"
 #include "control/bridge/native_objects.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "control/engine/events.h"
 
 namespace tarvik {

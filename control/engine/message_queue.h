@@ -7,7 +7,7 @@
 #include <mutex>
 #include <optional>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "control/engine/devtools.h"
 #include "control/engine/message_window.h"
 

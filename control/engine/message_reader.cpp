@@ -1,6 +1,6 @@
 #include "control/engine/message_reader.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <thread>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 #include "control/engine/devtools.h"
 #include "control/engine/message_parser.h"
 #include "control/engine/message_queue.h"

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "base/owners.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
 #include "control/engine/shared_engine.h"
 
-#include "base/status.h"
+#include "tarvik/status.h"
 #include "control/engine/engine_path.h"
 
 namespace tarvik {

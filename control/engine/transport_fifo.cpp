@@ -3,6 +3,7 @@
 
 #include "tarvik/status.h"
 #include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
 

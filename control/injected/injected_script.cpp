@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "tarvik/text.h"
 #include "control/engine/launch.h"
 
 namespace tarvik {

@@ -93,7 +93,7 @@ class HtmlWindow : public ScriptDispatch<As<WindowMembers, IHTMLWindow2, IHTMLFr
     HtmlWindow(std::shared_ptr<Page> page, ComPtr<IHTMLDocument2> document)
         : page_(std::move(page)), document_(std::move(document)) {}
 
-    STDMETHODIMP get_document(IHTMLDocument2** out) override { return HandOut(document_, out); }
+    STDMETHODIMP get_document(IHTMLDocument2** out) override { return CopyTo(document_, out); }
     // Runs the text as a global script. An exception is one of the page's script errors.
     STDMETHODIMP execScript(BSTR code, BSTR language, VARIANT* result) override;
 

@@ -1,6 +1,6 @@
 #include "control/view/view_script.h"
 
-#include "base/text.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
