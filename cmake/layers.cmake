@@ -21,7 +21,7 @@ set(LAYER_control_injected base control/engine)
 set(LAYER_control_view base control/engine control/injected)
 set(LAYER_control_bridge base control/engine control/injected)
 set(LAYER_control_page base control/engine control/injected control/view control/bridge)
-set(LAYER_host base app/log app/command_line script atl host/contract host/registry)
+set(LAYER_host base app/log app/command_line script atl contract host/plugin_registry)
 set(TOP_LAYERS app tests bench)
 
 # tarvik_layer_of(FOLDER OUT): the folder whose row applies: FOLDER itself or its nearest parent with a row.

@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(!name.empty() && name.find(L'\0') == name.npos);
         if (parsed->payload) {
             const std::wstring payload(*parsed->payload);
-            Require(!payload.empty() && name.size() + payload.size() + kBlockZeros == text.size());
+            Require(!payload.empty() && name.size() + payload.size() + kBlockNuls == text.size());
         }
     }
     return 0;

@@ -42,6 +42,7 @@ void MessageReader::Run() {
 }
 
 bool MessageReader::Handle(std::string_view text) {
+    transport_.Trace().WriteReceived(text);
     auto message = ParseMessage(text);
     if (!message) return false;
     if (const auto* const frame = std::get_if<ScreencastFrame>(&*message)) HandleFrame(*frame);

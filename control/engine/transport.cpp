@@ -5,6 +5,7 @@ namespace tarvik {
 bool Transport::Write(std::string_view message) {
     const std::lock_guard lock(writing_);
     if (!toEngine_) return false;
+    trace_.WriteSent(message);
     std::string framed(message);
     framed += '\0';
     for (size_t sent = 0; sent < framed.size();) {

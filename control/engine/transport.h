@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "control/engine/message_trace.h"
 #include "tarvik/owners.h"
 
 namespace tarvik {
@@ -30,10 +31,13 @@ class Transport {
     // Ends an engine that does not react to the end of its input.
     virtual void Kill() = 0;
 
+    MessageTrace& Trace() { return trace_; }
+
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;
     std::mutex writing_;
+    MessageTrace trace_;
 };
 
 // Start the engine with a private profile, which is removed when the engine ends. If this process is killed,

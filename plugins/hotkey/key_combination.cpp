@@ -23,17 +23,6 @@ constexpr Name kKeys[] = {
     {L"f8", VK_F8},         {L"f9", VK_F9},         {L"f10", VK_F10},        {L"f11", VK_F11},
     {L"f12", VK_F12}};
 
-bool BeginsWith(std::wstring_view text, std::wstring_view start) {
-    return text.size() >= start.size() && _wcsnicmp(text.data(), start.data(), start.size()) == 0;
-}
-
-std::optional<UINT> ParseModifier(std::wstring_view text) {
-    for (const auto& [name, flag] : kModifiers) {
-        if (BeginsWith(text, name)) return flag;
-    }
-    return std::nullopt;
-}
-
 std::optional<UINT> ParseCharacter(wchar_t character) {
     constexpr BYTE kNoKey = 0xFF;
     const BYTE key = LOBYTE(VkKeyScanW(character));
@@ -51,13 +40,8 @@ std::optional<UINT> ParseKey(std::wstring_view text) {
 }  // namespace
 
 std::optional<KeyCombination> ParseKeyCombination(std::wstring_view text) {
-    KeyCombination keys;
-    for (size_t plus; (plus = text.find(L'+')) != text.npos; text.remove_prefix(plus + 1)) {
-        const auto modifier = ParseModifier(text.substr(0, plus));
-        if (!modifier) return std::nullopt;
-        keys.modifiers |= *modifier;
-    }
-    const auto key = ParseKey(text);
+    const auto parts = SplitKeyText(text);
+    const auto key = parts ? ParseKey(parts->key) : std::nullopt;
     if (!key) return std::nullopt;
     return KeyCombination{parts->modifiers, *key};
 }

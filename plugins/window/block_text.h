@@ -5,22 +5,22 @@
 
 namespace tarvik {
 
-// The two texts in the shared memory of a message. The sender may still be writing there, so whoever copies
-// them must not depend on their contents.
+// The two texts in the shared memory of a message. The sender may still write there: copy them once, and do
+// not depend on their contents.
 struct BlockText {
     std::wstring_view name;
     std::optional<std::wstring_view> payload;
 };
 
-inline constexpr size_t kBlockZeros = 2;  // the zero characters in every block
+inline constexpr size_t kBlockNuls = 2;  // in every block
 
-// Nothing if there is no name.
+// Empty if there is no name.
 inline std::optional<BlockText> ParseBlock(std::wstring_view block) {
     const size_t end = block.find(L'\0');
     if (end == 0 || end == std::wstring_view::npos) return std::nullopt;
     BlockText text = {block.substr(0, end), std::nullopt};
-    if (block.size() > end + kBlockZeros)
-        text.payload = block.substr(end + 1, block.size() - end - kBlockZeros);
+    if (block.size() > end + kBlockNuls)
+        text.payload = block.substr(end + 1, block.size() - end - kBlockNuls);
     return text;
 }
 

@@ -9,8 +9,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr size_t kNulCount = 2;  // in every block
-
 std::wstring BlockName(DWORD sender, HWND target) {
     wchar_t name[64] = {};
     std::swprintf(name, std::size(name), L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(sender),
@@ -25,23 +23,11 @@ bool HoldsBytes(const void* view, size_t size) {
            region.RegionSize >= size;
 }
 
-// The sender may write while this reads, so every access is checked against the size of the block.
-std::optional<BusMessage> Parse(std::wstring_view block) {
-    const size_t end = block.find(L'\0');
-    if (end == 0 || end == std::wstring_view::npos) return std::nullopt;
-    BusMessage message;
-    message.name = block.substr(0, end);
-    if (block.size() > end + kNulCount) {
-        message.payload = Bstr(block.substr(end + 1, block.size() - end - kNulCount));
-    }
-    return message;
-}
-
 }  // namespace
 
 SharedBlock SharedBlock::Make(HWND target, const wchar_t* name, std::wstring_view payload) {
     const std::wstring_view head(name);
-    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kNulCount) * sizeof(wchar_t);
+    const ULONGLONG size = (ULONGLONG{head.size()} + payload.size() + kBlockNuls) * sizeof(wchar_t);
     if (size > MAXDWORD) return {};
     const std::wstring blockName = BlockName(GetCurrentProcessId(), target);
     UniqueHandle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
