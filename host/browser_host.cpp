@@ -3,6 +3,7 @@
 #include <exdisp.h>
 
 #include "app/log/log.h"
+#include "base/document_host.h"
 #include "tarvik/bstr.h"
 #include "host/accelerators.h"
 #include "host/file_drop.h"
@@ -15,18 +16,6 @@ namespace {
 
 constexpr int kNavigateComplete2 = 252;
 constexpr int kDocumentComplete = 259;
-
-// CGID_DocHostCommandHandler, which the libraries of some SDKs lack.
-constexpr GUID kDocHostCommands = {
-    0xF38BC242, 0xB950, 0x11D1, {0x89, 0x18, 0x00, 0xC0, 0x4F, 0xC2, 0xC8, 0x36}};
-constexpr DWORD kShowScriptError = 40;  // OLECMDID_SHOWSCRIPTERROR
-
-bool IsTextField(IDispatch* object) {
-    const auto element = Query<IHTMLElement>(object);
-    Bstr tag;
-    if (element) element->get_tagName(tag.Receive());
-    return tag.View() == L"INPUT" || tag.View() == L"TEXTAREA";
-}
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 #include <mshtmdid.h>
 #include <urlmon.h>
 
-#include "tarvik/bstr.h"
+#include "base/document_host.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
 #include "control/page/frame_browser.h"
@@ -16,11 +16,6 @@ namespace {
 constexpr UINT_PTR kErrorTimer = 3;   // the page's view has 1 and 2
 constexpr UINT kReportInterval = 15;  // milliseconds
 constexpr size_t kMaxErrors = 8;
-
-// CGID_DocHostCommandHandler, which not every SDK's libraries hold.
-constexpr GUID kDocHostCommands = {
-    0xF38BC242, 0xB950, 0x11D1, {0x89, 0x18, 0x00, 0xC0, 0x4F, 0xC2, 0xC8, 0x36}};
-constexpr DWORD kShowScriptError = 40;  // OLECMDID_SHOWSCRIPTERROR
 
 VARIANT ByReference(VARIANT* value) {
     VARIANT reference = {};
@@ -171,13 +166,9 @@ void PageControl::OnContextMenu(POINT screen, IDispatch* script) {
     const auto handler = Query<IDocHostUIHandler>(site_.Get());
     const auto element = ElementFor(script);
     POINT point = screen;
-    Bstr tag;
-    if (element) element->get_tagName(tag.Receive());
-    const bool isField = tag.View() == L"INPUT" || tag.View() == L"TEXTAREA";
-    const DWORD menu = isField ? CONTEXT_MENU_CONTROL : CONTEXT_MENU_DEFAULT;
-    const HRESULT status =
-        handler ? handler->ShowContextMenu(menu, &point, nullptr, static_cast<IHTMLElement*>(element.Get()))
-                : S_FALSE;
+    auto* const object = static_cast<IHTMLElement*>(element.Get());
+    const DWORD menu = IsTextField(object) ? CONTEXT_MENU_CONTROL : CONTEXT_MENU_DEFAULT;
+    const HRESULT status = handler ? handler->ShowContextMenu(menu, &point, nullptr, object) : S_FALSE;
     if (status != S_OK && page_) page_->OpenEditMenu(point);
 }
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+#include <mshtml.h>
+
+#include "tarvik/bstr.h"
+#include "tarvik/com_ptr.h"
+
+// What a document's control and its site agree on beyond the published headers.
+namespace tarvik {
+
+// CGID_DocHostCommandHandler, which not every SDK's libraries contain.
+inline constexpr GUID kDocHostCommands = {
+    0xF38BC242, 0xB950, 0x11D1, {0x89, 0x18, 0x00, 0xC0, 0x4F, 0xC2, 0xC8, 0x36}};
+inline constexpr DWORD kShowScriptError = 40;  // OLECMDID_SHOWSCRIPTERROR
+
+// Whether the element gets the menu of a text field; false for null and for objects that are no elements.
+inline bool IsTextField(IUnknown* object) {
+    const auto element = Query<IHTMLElement>(object);
+    Bstr tag;
+    if (element) element->get_tagName(tag.Receive());
+    return tag.View() == L"INPUT" || tag.View() == L"TEXTAREA";
+}
+
+}  // namespace tarvik
