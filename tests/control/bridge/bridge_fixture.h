@@ -11,7 +11,7 @@
 
 namespace tarvik {
 
-// The native object that the pages of these tests find as `external`.
+// The `external` object of the tests' pages.
 class Desk : public TableDispatch<Desk> {
   public:
     static constexpr char kClassName[] = "Desk";
@@ -30,7 +30,7 @@ class Desk : public TableDispatch<Desk> {
             arguments.push_back(&call.At(i));
         return CallScriptFunction(function, arguments, call.Result());
     }
-    // The text forms of members of an object, read one by one.
+    // The members of an object as text, read one by one.
     Variant Options(IDispatch* object, BSTR names) {
         std::wistringstream list{std::wstring(Bstr::View(names))};
         std::wstring texts;
@@ -50,7 +50,7 @@ class Desk : public TableDispatch<Desk> {
     Variant text;  // empty at first
     Variant GetText() { return Variant::Copy(text); }
     void SetText(AnyValue value) { text = Variant::Copy(*value.value); }
-    // Cannot be read while it is 4.
+    // Reading fails while the value is 4.
     Integer GetSize() {
         if (size_ == 4) throw StatusError(E_PENDING);
         return {size_};
@@ -75,7 +75,7 @@ inline std::span<const Member<Desk>> Desk::Members() {
     return kDeskMembers;
 }
 
-// A page of the engine with the bridge and no window. The engine stays up from test to test.
+// A page of the engine with a bridge and without a window.
 class BridgedPage : public ScriptContextDelegate {
   public:
     explicit BridgedPage(SharedEngine& engine) : target(engine.Acquire()) {
@@ -85,7 +85,7 @@ class BridgedPage : public ScriptContextDelegate {
     }
     ~BridgedPage() override { bridge.reset(); }
 
-    // Opens a document, and waits until it has loaded.
+    // Opens a document and waits until it has loaded.
     void Open(const std::string& html) {
         loaded_ = false;
         target.Call("Page.navigate", {{"url", "data:text/html," + Escaped(html)}});
@@ -100,7 +100,7 @@ class BridgedPage : public ScriptContextDelegate {
             return "threw " + reply["exceptionDetails"]["exception"].value("description", std::string());
         return reply["result"].value("value", std::string("undefined"));
     }
-    // A value of the page as native code gets it.
+    // A global of the page as a native value.
     Variant Get(const wchar_t* global) {
         return ReadScriptProperty(bridge->Context()->Window().Get(), global);
     }

@@ -25,7 +25,7 @@ class Bridge : public testing::Test {
     BridgedPage page_{*engine_};
 };
 
-TEST_F(Bridge, PassesEveryKindOfValueBothWays) {
+TEST_F(Bridge, PassesValuesOfEveryTypeInBothDirections) {
     page_.Open("");
     EXPECT_EQ(
         page_.Evaluate(R"([1, -5, 2.5, 3000000000, -0, NaN, Infinity, -Infinity, true, false, null, undefined,
@@ -47,7 +47,7 @@ TEST_F(Bridge, PassesBigIntsInUnsignedTypes) {
                 ElementsAre("UI4 0", "UI4 4294967295", "UI8 4294967296", "UI8 18446744073709551615", "I8 -1",
                             "I8 -9223372036854775808"));
     Check({
-        // What native code returns is a plain number, whatever its type.
+        // Native code's results are plain numbers, whatever their type.
         {"[5n, 2n ** 53n, -7n].map(v => external.echo(v))", "[5,9007199254740992,-7]"},
         {"refused(() => external.echo({}, 2n ** 64n))", "[true,-2147352566]"},
         {"refused(() => { external.text = -(2n ** 63n) - 1n; })", "[true,-2147352566]"},
@@ -55,7 +55,7 @@ TEST_F(Bridge, PassesBigIntsInUnsignedTypes) {
     });
 }
 
-TEST_F(Bridge, PropertiesAndFailures) {
+TEST_F(Bridge, ReadsAndWritesPropertiesAndThrowsFailures) {
     page_.Open(R"(<script>function fails(f) {
         try { f(); return 'no error'; } catch (e) { return [e instanceof Error, e.number, !!e.message]; }
     }</script>)");
@@ -64,15 +64,15 @@ TEST_F(Bridge, PropertiesAndFailures) {
         {"(external['\\ud800'], '\\ud800' in external)", "false"},
         {"fails(() => external.fail(0x80004004 | 0))", "[true,-2147467260,true]"},
         {"fails(() => { external.size = 0; })", "[true,-2147024809,true]"},
-        // What could not be read once is no method for ever, nor is what was empty.
+        // A member that could not be read, or was empty, may be a property later.
         {"(external.size = 4, typeof external.size)", "\"function\""},
         {"(external.size = 5, external.size)", "5"},
         {"(external.text, external.text = 't', external.text)", "\"t\""},
     });
 }
 
-// Whatever a page has done to the language, native objects work.
-TEST_F(Bridge, NeedsNothingOfTheLanguageThatPagesCanReplace) {
+// The page replaces the language's built-ins.
+TEST_F(Bridge, WorksWithReplacedBuiltIns) {
     page_.Open(R"(<base href='http://example.test/'><form name='baseURI'></form><script>
         const { ownKeys } = Reflect, { defineProperty } = Object;
         function each(list, use) { for (let i = 0; i < list.length; ++i) use(list[i]); }
@@ -120,7 +120,7 @@ TEST_F(Bridge, NeedsNothingOfTheLanguageThatPagesCanReplace) {
     EXPECT_THAT(page_.opened, ElementsAre(L"http://example.test/there"));
 }
 
-TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
+TEST_F(Bridge, ReadsWritesAndEnumeratesNativeData) {
     const auto array = MakeCom<CArray>();
     for (const wchar_t* text : {L"a", L"b", L"c"}) {
         const Variant value = Variant::Text(text);
@@ -139,14 +139,13 @@ TEST_F(Bridge, NativeDataIsReadWrittenAndEnumerated) {
     });
 }
 
-TEST_F(Bridge, StopsAtNoStatementOfThePage) {
+TEST_F(Bridge, ContinuesAtDebuggerStatementsOfThePage) {
     page_.Open("<script>debugger; external.note('on');</script>");
     EXPECT_EQ(page_.Evaluate("external.run(() => { debugger; return 1; })"), "1");
     EXPECT_THAT(page_.desk->notes, ElementsAre("BSTR on"));
 }
 
-// What an object has told of its members is not taken for true when script has run since.
-TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
+TEST_F(Bridge, InvalidatesCachedMembersAfterScriptRuns) {
     page_.Open(
         "<script>var o = { a: 1, get b() { return 'read'; }, long: 'x'.repeat(5000) };"
         "Object.prototype.late = 5; var polluted = {}; </script>");
@@ -163,11 +162,13 @@ TEST_F(Bridge, BelievesNoOldWordOfAnObject) {
     EXPECT_EQ(read(), "I4 9");
 }
 
-// Everything else is for the host to decide; an element's id is no name of a frame.
-TEST_F(Bridge, OpensInFramesByTheirNames) {
+// An element's id is no frame name.
+TEST_F(Bridge, OpensNamedFramesAndForwardsOtherTargets) {
     page_.Open("<iframe name='main'></iframe><iframe name='list'></iframe><p id='text'></p>");
-    page_.Evaluate("[frames.list.open('about:blank#1', 'main'), open('about:blank#2', '_SELF'), 0].length");
-    page_.Evaluate("[open('about:blank#3', 'text')].length");
+    // In one expression: the second call navigates the page.
+    page_.Evaluate(
+        "[frames.list.open('about:blank#1', 'main'), open('about:blank#2', '_SELF'), "
+        "open('about:blank#3', 'text')].length");
     EXPECT_THAT(page_.opened, ElementsAre(L"about:blank#3"));
 }
 

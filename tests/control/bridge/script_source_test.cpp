@@ -10,8 +10,8 @@ std::string Source(const Variant& value) {
         value, [](void*, IUnknown*) { return std::string("object"); }, nullptr);
 }
 
-// Those that script has itself come back from native code in the tests of the bridge.
-TEST(ScriptSource, ValuesOfAutomation) {
+// The tests of the bridge cover the types that script has too.
+TEST(ScriptSource, WritesValuesOfAutomationTypes) {
     EXPECT_EQ(Source(Variant::UI8(1ull << 40)), "1099511627776");
     EXPECT_EQ(Source(Variant::Object(nullptr)), "null");
     Variant currency;
@@ -24,7 +24,7 @@ TEST(ScriptSource, ValuesOfAutomation) {
     EXPECT_EQ(Source(date), R"(["d",0/0])");
 }
 
-TEST(ScriptSource, ArraysOfOneDimension) {
+TEST(ScriptSource, WritesArraysOfOneDimension) {
     Variant bytes;
     bytes.vt = VT_ARRAY | VT_UI1;
     bytes.parray = SafeArrayCreateVector(VT_UI1, 5, 2);

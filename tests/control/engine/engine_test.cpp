@@ -11,24 +11,24 @@ namespace {
 
 using namespace std::string_literals;
 
-// As after a program that was killed. Nothing is started here: there is no such engine.
-TEST(Engine, RemovesProfilesThatWereLeft) {
+// As after a program was killed. No engine is started: the path does not exist.
+TEST(Engine, RemovesStaleProfiles) {
     const std::wstring temp = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
-    const std::wstring left = temp + UniqueName() + L".profile", used = temp + UniqueName() + L".profile",
-                       marked = temp + UniqueName() + L".profile", other = temp + L"tarvik-other";
-    for (const std::wstring& folder : {left, used, marked, other})
+    const std::wstring stale = temp + UniqueName() + L".profile", used = temp + UniqueName() + L".profile",
+                       locked = temp + UniqueName() + L".profile", other = temp + L"tarvik-other";
+    for (const std::wstring& folder : {stale, used, locked, other})
         ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
-    // The mark of a program that ended together with the system.
-    UniqueHandle(CreateFileW((marked + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-    UniqueHandle mark(CreateFileW((used + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+    // The lock file of a program that ended with the system.
+    UniqueHandle(CreateFileW((locked + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+    UniqueHandle lock(CreateFileW((used + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_FLAG_DELETE_ON_CLOSE, nullptr));
     const auto start = [] { EXPECT_THROW(StartThroughPipes(L"C:\\none.exe"), StatusError); };
     start();
-    EXPECT_FALSE(FileExists(left));
-    EXPECT_FALSE(FileExists(marked));
-    EXPECT_FALSE(FileExists(marked + L".used"));
+    EXPECT_FALSE(FileExists(stale));
+    EXPECT_FALSE(FileExists(locked));
+    EXPECT_FALSE(FileExists(locked + L".used"));
     EXPECT_TRUE(FileExists(used));
-    mark.Reset();
+    lock.Reset();
     start();
     EXPECT_FALSE(FileExists(used));
     EXPECT_TRUE(RemoveDirectoryW(other.c_str()));
@@ -40,24 +40,24 @@ class PipeToTest : public Transport {
     void Kill() override {}
 };
 
-// Sends everything at once, and more only when the test says so.
+// Sends a text at once, and more on request.
 class ScriptedEngine {
   public:
-    explicit ScriptedEngine(std::string words) {
+    explicit ScriptedEngine(std::string text) {
         UniqueHandle fromEngine, toEngine;
         CreatePipe(fromEngine.Receive(), toHost_.Receive(), nullptr, 0);
         CreatePipe(fromHost_.Receive(), toEngine.Receive(), nullptr, 0);
         connection.emplace(std::make_unique<PipeToTest>(std::move(fromEngine), std::move(toEngine)));
-        speaker_ = std::thread([this, words = std::move(words)] {
+        sender_ = std::thread([this, text = std::move(text)] {
             DWORD written = 0;
-            WriteFile(toHost_.Get(), words.data(), static_cast<DWORD>(words.size()), &written, nullptr);
-            hasSpoken_ = true;
+            WriteFile(toHost_.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+            hasSent_ = true;
         });
     }
     ~ScriptedEngine() {
-        if (hasSpoken_) toHost_.Reset();
+        if (hasSent_) toHost_.Reset();
         connection.reset();
-        speaker_.join();
+        sender_.join();
     }
 
     void Send(const std::string& message) {
@@ -85,32 +85,32 @@ class ScriptedEngine {
   private:
     UniqueHandle toHost_;
     UniqueHandle fromHost_;
-    std::atomic<bool> hasSpoken_ = false;
-    std::thread speaker_;
+    std::atomic<bool> hasSent_ = false;
+    std::thread sender_;
 };
 
-TEST(Engine, IsGivenUpWhenItSendsNoMessages) {
+TEST(Connection, EndsIfTheEngineSendsNoMessages) {
     constexpr size_t kMuch = 1'500'000;
-    std::string pieces;
-    while (pieces.size() < kMuch)
-        pieces += "no message\0"s;
-    for (const std::string& words : {std::string(kMuch, 'x'), pieces}) {
-        ScriptedEngine engine(words);
+    std::string texts;
+    while (texts.size() < kMuch)
+        texts += "no message\0"s;
+    for (const std::string& text : {std::string(kMuch, 'x'), texts}) {
+        ScriptedEngine engine(text);
         const HRESULT status =
             Guard([&] { engine.connection->Call("", "Any.method", Json::object(), 10'000); });
         EXPECT_THAT(status, HasStatus(RPC_E_DISCONNECTED));
     }
 }
 
-TEST(Engine, IsHeardAfterMessagesOfAWrongShape) {
+TEST(Connection, IgnoresMalformedMessages) {
     ScriptedEngine engine(
         "\0[1]\0{\"id\":\"x\"}\0{\"method\":7,\"sessionId\":\"\"}\0{\"method\":\"x\",\"sessionId\":5}\0"
         "{\"id\":1,\"result\":{\"good\":true}}\0"s);
     EXPECT_TRUE(engine.connection->Call("", "Any.method", Json::object(), 10'000).at("good"));
 }
 
-// As one does in whose page a navigation is under way.
-TEST(Engine, IsAskedAgainToCloseAPageThatStays) {
+// As during a navigation of the page.
+TEST(EnginePages, RepeatsTheCloseCommandUntilTheTargetIsDestroyed) {
     ScriptedEngine engine(R"({"id":1,"result":{"targetInfos":[{"type":"page","targetId":"first"}]}})"
                           "\0"s);
     engine.connection->Handshake();

@@ -1,4 +1,4 @@
-// The control as a container sees it: through its published interfaces, in a window that hosts OLE controls.
+// The control through its published interfaces, in a window that hosts OLE controls.
 
 #include <exdisp.h>
 #include <exdispid.h>
@@ -21,7 +21,7 @@ std::wstring NameIn(const VARIANT& url) {
     return text.substr(text.rfind(L'/') + 1);
 }
 
-// Notes the control's events, and stops navigations to pages that are called "no".
+// Records the control's events and cancels navigations to "no.html".
 class Events {
   public:
     void OnEvent(DISPID id, const DISPPARAMS& parameters) {
@@ -97,7 +97,7 @@ class Control : public testing::Test {
         return value;
     }
 
-    // The innermost window, found as other programs do.
+    // The innermost window, found as other programs find it.
     HWND Server() const { return InnermostWindow(window_); }
 
     const long before_ = liveComObjects;
@@ -109,7 +109,7 @@ class Control : public testing::Test {
     ComPtr<IWebBrowser2> browser_;
 };
 
-TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
+TEST_F(Control, FiresNavigationEventsInOrderAndCancelsNavigations) {
     Host("<title>A title</title>one");
     EXPECT_EQ(ValueText(ReadScriptProperty(browser_.Get(), L"LocationName")), "BSTR A title");
     EXPECT_THAT(events_.ids,
@@ -133,7 +133,7 @@ TEST_F(Control, TellsOfNavigationsInOrderAndLetsThemBeStopped) {
     EXPECT_EQ(ValueText(Evaluate(L"document.body.textContent")), "BSTR two");
 }
 
-TEST_F(Control, TellsOfDocumentsInFrames) {
+TEST_F(Control, FiresEventsOfFrames) {
     folder_.Write(L"inner.html", "inside");
     Host("<iframe src='inner.html'></iframe><iframe id='late' src='no.html'></iframe>");
     EXPECT_TRUE(PumpUntil([&] { return events_.complete >= 2; }));
@@ -145,8 +145,8 @@ TEST_F(Control, TellsOfDocumentsInFrames) {
     EXPECT_EQ(events_.completed.back(), L"late.html of late.html");
 }
 
-// The middle button, or a key held with the left one.
-TEST_F(Control, TellsOfNewWindowsThatClicksAskFor) {
+// The middle button, or a modifier key with the left one.
+TEST_F(Control, FiresNewWindowForClicksWithModifiers) {
     Host(
         "<style>a { position: absolute; left: 0; width: 99px; height: 20px; }</style>"
         "<a href='one.html' style='top: 0'><b>One</b></a>"

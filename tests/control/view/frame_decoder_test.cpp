@@ -20,16 +20,16 @@ constexpr std::string_view kJpeg =
     "AUEAEAAAAAAAAAAAAAAAAAAAAA/8QAFgEBAQEAAAAAAAAAAAAAAAAAAAcI/8QAFBEBAAAAAAAAAAAAAAAAAAAAAP/a"
     "AAwDAQACEQMRAD8AkQ9pAAAAAAAB/9k=";
 
-// Frames that come faster than they are decoded are left out, and what is no picture; the last one is never.
-TEST(FrameDecoder, EndsWithTheLatest) {
+// It skips invalid pictures, and frames that arrive faster than they are decoded, but never the last one.
+TEST(FrameDecoder, DecodesTheLastFrame) {
     std::mutex lock;
     Picture::Pixels latest;
     FrameDecoder decoder([&](FrameDecoder::Frame& frame) {
         const std::lock_guard locked(lock);
         latest = frame.pixels;
     });
-    for (const std::string_view rubbish : {"", "!!!!", "QUJDRA=="})
-        decoder.Submit(rubbish);
+    for (const std::string_view invalid : {"", "!!!!", "QUJDRA=="})
+        decoder.Submit(invalid);
     for (int i = 0; i < 200; ++i)
         decoder.Submit(kJpeg);
     decoder.Submit(kPng);

@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-// Functions by which the test asks.
+// With functions for the test's queries.
 constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Page</title>
 <style>html, body { margin: 0; font: 16px sans-serif; background: white; }</style>
 <script>
@@ -99,7 +99,7 @@ void HostedPage::MoveQuickly(POINT screen) const {
     PumpOnce();
 }
 
-// The system underneath has a pointer of its own, and on a busy machine takes a move back a moment later.
+// The Unix host has a pointer of its own, and on a busy machine reverts a move a moment later.
 void HostedPage::MoveTo(POINT screen) const {
     constexpr int kLooks = 4;
     MoveQuickly(screen);

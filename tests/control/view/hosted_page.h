@@ -11,20 +11,20 @@
 
 namespace tarvik {
 
-// A page in a browser window on the desktop, and a person before it: what happens here is real input, and
-// what is looked at are the pixels of the window and the values of the page.
+// A page in a browser window on the desktop, driven by real input, and checked by the pixels of the window
+// and the values of the page.
 class HostedPage : public testing::Test {
   protected:
     HostedPage();
     ~HostedPage() override;
 
-    // Opens a document with this in its head and body, in a window that covers 500 x 400 pixels of the screen
-    // at (60, 50), and waits until it is painted.
+    // Opens a document with this content in a window that covers 500 x 400 pixels of the screen at (60, 50),
+    // and waits until it is painted.
     void Open(const std::string& html);
 
     // The value of an expression, as text.
     std::wstring Ask(const std::wstring& expression) const;
-    // Waits until it has this value; says what it had at last if it never comes.
+    // Waits until an expression has this value; the failure names the last one.
     testing::AssertionResult Becomes(const std::wstring& expression, const std::wstring& expected) const;
 
     // The middle of an element, on the screen.
@@ -33,15 +33,15 @@ class HostedPage : public testing::Test {
     COLORREF PixelAt(POINT screen) const;
     testing::AssertionResult PixelBecomes(POINT screen, COLORREF colour) const;
 
-    // Returns when the pointer stays there.
+    // Returns when the pointer stays at the point.
     void MoveTo(POINT screen) const;
     void MoveQuickly(POINT screen) const;
-    // With MOUSEEVENTF_...DOWN; the release follows at once.
+    // `press` is a MOUSEEVENTF_...DOWN; the release follows at once.
     void Click(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1) const;
     void Mouse(std::initializer_list<DWORD> actions, DWORD data = 0) const;
-    // Keys go down in this order and up in the other.
+    // Presses keys in this order and releases them in reverse.
     void Press(std::initializer_list<WORD> keys) const;
-    // With the keys of the layout, where it has them.
+    // Uses the keys of the layout where it has them.
     void Type(std::wstring_view text) const;
 
     HWND Frame() const { return frame_; }

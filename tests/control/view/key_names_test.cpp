@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-TEST(KeyNames, TellKeysOfOneScanCodeAndOfOneMeaningApart) {
+TEST(KeyNames, DistinguishKeysOfTheSameScanCodeOrMeaning) {
     struct {
         UINT scanCode;
         bool extended;

@@ -1,4 +1,4 @@
-// The view of a page with the real engine: what a person does on the desktop, and what he sees.
+// The view of a page with the real engine, driven by real input and checked by its pixels.
 
 #include "control/view/page_view.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr COLORREF kGreen = RGB(0, 160, 0);
 constexpr COLORREF kRed = RGB(200, 0, 0);
 
-TEST_F(HostedPage, TakesWhatIsTyped) {
+TEST_F(HostedPage, ReceivesTypedText) {
     Open(R"(<input id="first"><input id="second"><script>
         first.addEventListener('keydown', function (event) {
             log.push([event.key, event.code, event.shiftKey, event.location, event.keyCode].join('/'));
@@ -35,10 +35,10 @@ TEST_F(HostedPage, TakesWhatIsTyped) {
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x "));
     Press({VK_TAB});
     ASSERT_TRUE(Becomes(L"document.activeElement.id", L"second"));
-    // What an input method makes is text, too.
+    // Characters of an input method are text, too.
     SendMessageW(PageWindow(), WM_IME_CHAR, 0x8A9E, 1);
     EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E"));
-    // What AltGr makes is text; with Ctrl and Alt the engine would take it for a command.
+    // With AltGr, too; the engine would take Ctrl and Alt for a shortcut.
     BYTE keys[256] = {};
     keys[VK_CONTROL] = keys[VK_MENU] = 0x80;
     SetKeyboardState(keys);
@@ -50,7 +50,7 @@ TEST_F(HostedPage, TakesWhatIsTyped) {
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
 }
 
-// In fields, and where the page says so: its host has the page look like a dialog.
+// Only in fields and where the page's styles say so: the host makes pages behave like a dialog.
 TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     Open(R"(<style>p { margin: 20px; } .text { user-select: text; }</style>
         <p class="text">wonderful</p><p class="text">another line</p><p>not selected</p>
@@ -60,7 +60,7 @@ TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     const POINT field = MiddleOf(L"field"), left = OnScreen({40, 28});
     Click(left, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
-    // Elsewhere, so that it is no triple click; then from the first line over the window's edge.
+    // Elsewhere, to avoid a triple click; then from the first line over the window's edge.
     Click({left.x, left.y + 38});
     EXPECT_TRUE(Becomes(selected, L""));
     MoveTo(OnScreen({20, 28}));
@@ -113,8 +113,8 @@ TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
     EXPECT_EQ(Ask(L"clicks"), std::to_wstring(kClicks)) << "nor sends anything twice";
 }
 
-// A menu or the dragging of a window ends what the page does with a held button.
-TEST_F(HostedPage, EndsADragWhenThePointerIsTakenAway) {
+// A menu or the dragging of a window takes the capture.
+TEST_F(HostedPage, EndsADragWhenTheCaptureIsLost) {
     Open(R"(<button id="button" style="width: 200px; height: 200px">Drag</button><script>
         logEvents('mousedown', 'mouseup');
         button.onclick = function () { log.push('clicked'); };
@@ -135,11 +135,11 @@ TEST_F(HostedPage, EndsADragWhenThePointerIsTakenAway) {
 
 // ---- Clipboard
 
-TEST_F(HostedPage, OffersAMenuOnTextFields) {
+TEST_F(HostedPage, ShowsAMenuOnTextFields) {
     Open(R"(<p id="text" style="height: 60px">Text</p><input id="field" style="margin-left: 150px"><script>
         logEvents('paste');</script>)");
     const POINT field = MiddleOf(L"field");
-    // Chooses from the menu by a letter, and tells where it was.
+    // Chooses from the menu by a letter; returns the menu's rectangle.
     const auto choose = [&](WORD letter) {
         RECT place = {};
         std::atomic<bool> chosen = false;
@@ -192,7 +192,7 @@ TEST_F(HostedPage, SharesTheSystemsClipboard) {
     EXPECT_TRUE(Becomes(L"first.value", L""));
     SetClipboardText(L"two\nlines \u6F22");
     Click(MiddleOf(L"second"));
-    // Keys that follow at once come after the text.
+    // Later keys arrive after the text.
     Press({VK_CONTROL, 'V'});
     Type(L"!");
     Press({VK_SHIFT, VK_INSERT});
@@ -209,7 +209,7 @@ TEST_F(HostedPage, SharesTheSystemsClipboard) {
 
 // ---- The pointer
 
-TEST_F(HostedPage, ShapesThePointer) {
+TEST_F(HostedPage, SetsTheCursor) {
     Open(R"(<a id="link" href="#">A link</a><br><input id="field"><br>
         <span id="words" style="user-select: text">Words</span> <span id="fixed">Words</span>
         <div id="wait" style="cursor: url(none.png), wait">Busy</div>
@@ -223,7 +223,7 @@ TEST_F(HostedPage, ShapesThePointer) {
     for (const auto& [id, shape] : kShapes) {
         const HCURSOR expected = LoadCursorW(nullptr, shape);
         const POINT place = MiddleOf(id);
-        // Faster than the page is asked.
+        // Faster than the page is queried.
         for (int step = 5; step > 0; --step)
             MoveQuickly({place.x, place.y - step});
         MoveTo(place);
@@ -232,7 +232,7 @@ TEST_F(HostedPage, ShapesThePointer) {
     }
 }
 
-TEST_F(HostedPage, KnowsItsPlaceOnTheScreen) {
+TEST_F(HostedPage, ReportsItsPositionOnTheScreen) {
     Open(
         R"(<script>var place; onmousemove = function (event) { place = event.screenX + ' ' + event.screenY; };
         </script>)");
@@ -243,7 +243,7 @@ TEST_F(HostedPage, KnowsItsPlaceOnTheScreen) {
         SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         const POINT origin = OnScreen({0, 0});
         const POINT pointer = OnScreen({200, 100});
-        // The page hears of its own place and of the pointer's by different roads.
+        // The positions of the page and of the pointer take different paths.
         MoveTo({pointer.x - 1, pointer.y});
         EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
         MoveTo(pointer);
@@ -253,8 +253,8 @@ TEST_F(HostedPage, KnowsItsPlaceOnTheScreen) {
 
 // ---- The picture
 
-// Lists of the platform's own kind would not be in it.
-TEST_F(HostedPage, DrawsListsItself) {
+// The picture would not contain native lists.
+TEST_F(HostedPage, DrawsDropDownLists) {
     Open(R"(<style>option { background: rgb(0, 160, 0); height: 30px; }
         select { appearance: none; width: 150px; height: 30px; }</style>
         <select id="list"><option>One<option>Two<option>Three</select><script>logEvents('change');</script>)");
@@ -283,12 +283,12 @@ TEST_F(HostedPage, FollowsTheWindowsSize) {
     }
 }
 
-TEST_F(HostedPage, IsUpToDateWhenItIsShownAgain) {
+TEST_F(HostedPage, UpdatesThePictureWhenItIsShownAgain) {
     Open(R"(<div id="box" style="width: 90px; height: 90px; background: #c80000"></div>)");
     const POINT box = MiddleOf(L"box");
     for (const bool minimise : {true, false}) {
         ShowWindow(Frame(), minimise ? SW_MINIMIZE : SW_HIDE);
-        // More frames than anybody makes for a window that is not seen.
+        // More frames than the screencast sends for an invisible window.
         Ask(L"turns = 0, timer = setInterval(function () {"
             L"box.style.background = ++turns % 2 ? 'blue' : 'yellow' }, 5)");
         EXPECT_TRUE(Becomes(L"turns > 200", L"true"));
