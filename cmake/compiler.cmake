@@ -14,7 +14,8 @@ if(MSVC)
 else()
   target_compile_options(tarvik_compiler INTERFACE
     -Wall -Wextra -Werror -Wno-missing-field-initializers -Wno-cast-function-type
-    -fstack-protector-strong -ffunction-sections -fdata-sections)
+    -fstack-protector-strong -ffunction-sections -fdata-sections
+    -flarge-source-files)  # or GCC drops columns, and the checks that need them, in sources that include JSON
   # One file that runs on a bare system, without a compiler runtime beside it.
   target_link_options(tarvik_compiler INTERFACE -static -municode -fstack-protector-strong -Wl,--gc-sections
     -Wl,--dynamicbase,--high-entropy-va,--nxcompat)

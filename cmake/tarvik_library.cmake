@@ -28,6 +28,7 @@ function(tarvik_embed_text OUTPUT CONSTANT)
     OUTPUT ${OUTPUT}
     COMMAND ${CMAKE_COMMAND} -DINPUTS=${INPUTS} -DOUTPUT=${OUTPUT} -DNAME=${CONSTANT} -P ${SCRIPT}
     DEPENDS ${FILES} ${SCRIPT})
+  set_source_files_properties(${OUTPUT} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # tarvik_plugin(NAME SOURCES ... USES ...): a built-in plug-in. It is an object library, because nothing refers

@@ -18,10 +18,9 @@ at_end() {
   trap 'exit 143' TERM HUP
 }
 
-# configure: writes the build files. The compiler cache is shared between checkouts.
+# configure: writes the build files.
 configure() {
-  CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache \
-    cmake -S "$root" -B "$build" --preset linux ${TARVIK_BUILD_TYPE:+-DCMAKE_BUILD_TYPE=$TARVIK_BUILD_TYPE} >/dev/null
+  cmake -S "$root" -B "$build" --preset linux ${TARVIK_BUILD_TYPE:+-DCMAKE_BUILD_TYPE=$TARVIK_BUILD_TYPE} >/dev/null
 }
 
 # The test environment: a Wine prefix with its server, and a display. They belong together because the prefix's desktop
