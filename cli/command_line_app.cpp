@@ -52,7 +52,7 @@ const CLI::App& ChosenCommand(const CLI::App& app) {
     return chosen.empty() ? app : *chosen.front();
 }
 
-// The words that may stand where `word` does.
+// What `word` may have been meant to be.
 std::vector<std::string> Candidates(const CLI::App& command, const std::string& word) {
     std::vector<std::string> candidates;
     if (IsOption(word)) {
@@ -77,7 +77,7 @@ std::string UnknownWord(const CLI::App& command, const std::string& word) {
            name + (suggestion.empty() ? "" : "; did you mean " + suggestion + "?");
 }
 
-// A word that the parser could not place is the likeliest reason of whatever it reports.
+// An unknown word is the likeliest cause of any error.
 std::string Describe(const CLI::App& app, const CLI::ParseError& error) {
     const auto unknown = app.remaining(true);
     const auto first = std::ranges::find_if(unknown, [](const std::string& word) { return word != "--"; });
@@ -89,22 +89,22 @@ std::string Describe(const CLI::App& app, const CLI::ParseError& error) {
     return reason;
 }
 
-// Reversed, as the parser takes them. It takes the next word for the value of "--name=", so the empty value
-// becomes a word.
-std::vector<std::string> ToParse(std::span<wchar_t* const> words) {
-    std::vector<std::string> toParse;
+// In reverse order, as CLI11 expects them. It takes the argument after "--name=" for the value, so an empty
+// value becomes an argument of its own.
+std::vector<std::string> Prepare(std::span<wchar_t* const> arguments) {
+    std::vector<std::string> prepared;
     bool areOperands = false;
-    for (const wchar_t* const wide : words) {
-        std::string word = Narrow(wide);
-        areOperands = areOperands || word == "--";
+    for (const wchar_t* const wide : arguments) {
+        std::string argument = Narrow(wide);
+        areOperands = areOperands || argument == "--";
         const bool hasEmptyValue =
-            !areOperands && word.starts_with("--") && word.find('=') == word.size() - 1;
-        if (hasEmptyValue) word.pop_back();
-        toParse.push_back(std::move(word));
-        if (hasEmptyValue) toParse.emplace_back();
+            !areOperands && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+        if (hasEmptyValue) argument.pop_back();
+        prepared.push_back(std::move(argument));
+        if (hasEmptyValue) prepared.emplace_back();
     }
-    std::ranges::reverse(toParse);
-    return toParse;
+    std::ranges::reverse(prepared);
+    return prepared;
 }
 
 }  // namespace
@@ -122,7 +122,7 @@ CommandLineApp::CommandLineApp(const std::string& program, const std::string& ve
 
 void CommandLineApp::Run(std::span<wchar_t* const> arguments) {
     try {
-        parse(ToParse(arguments));
+        parse(Prepare(arguments));
     } catch (const CLI::CallForHelp&) {
         Console::Out().Write(Widen(help()));
     } catch (const CLI::CallForVersion& version) {

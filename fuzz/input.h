@@ -7,19 +7,18 @@
 #include <string_view>
 #include <utility>
 
-// What the fuzz targets share. Each target is given bytes and must return whatever they are.
+// What the fuzz targets share. A target gets arbitrary bytes and must return.
 namespace tarvik {
 
 using Input = std::span<const std::uint8_t>;
 
-// Ends the run with a report if a property of a parser does not hold.
+// Reports a violated property of a parser as a crash.
 inline void Require(bool holds) {
     if (!holds) std::abort();
 }
 
-// A text of UTF-16 code units. A byte is one of them, so that corpus files can be read; 0xFF is followed by
-// any other one, the high byte first. Characters have 32 bits here and 16 on Windows; no parser depends on
-// that.
+// A text of UTF-16 code units. Each byte is one code unit, which keeps corpus files readable; 0xFF escapes
+// any other one, the high byte first. wchar_t has 32 bits here and 16 on Windows; no parser depends on that.
 inline std::wstring TextOf(Input input) {
     std::wstring text;
     for (size_t i = 0; i < input.size(); ++i) {

@@ -37,7 +37,7 @@ TEST_F(Build, KeepsAnOutputThatCannotBeReplaced) {
     EXPECT_THAT(Names(), ElementsAre(L"app", L"out.exe"));
 }
 
-// Only operands stand behind `--`.
+// Only operands follow `--`.
 TEST_F(Build, AcceptsFoldersNamedLikeCommandsAndOptions) {
     fs::rename(folder_ / L"app", folder_ / L"list");
     Run({L"build", L"list", L"-o", L"out.exe"});
