@@ -1,7 +1,7 @@
-// A download of 200 MB from a server of this process: by `downloadToFile`, with a `progress` function and
-// without one, and by the loop that a person would write with WinINet. All run in turn; prints rates and
-// ratios. With a file's name, `download FILE`, it then writes the server's address there and goes on to serve
-// until the file is removed, so that other programs can be measured.
+// Downloads 200 MB from a server in this process by `downloadToFile`, with and without a `progress` function,
+// and by a hand-written loop over WinINet. They alternate; prints rates and ratios. With an argument,
+// `download FILE`, it then writes the address of the server to the file and serves until the file is removed,
+// so that other programs can be measured.
 
 #include "tests/support/web_server.h"
 
@@ -24,19 +24,19 @@
 namespace tarvik {
 namespace {
 
-constexpr int kPieces = 3200;
-constexpr DWORD kPiece = 62'500;
+constexpr int kChunks = 3200;
+constexpr DWORD kChunkSize = 62'500;
 constexpr int kRounds = 7;
-constexpr double kAim = 1.3;
+constexpr double kTarget = 1.3;
 
 void Serve(const WebExchange& exchange) {
-    static const std::string piece(kPiece, 'x');
-    exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kPieces * kPiece) + "\r\n\r\n");
-    for (int i = 0; i < kPieces && exchange.Send(piece); ++i) {
+    static const std::string chunk(kChunkSize, 'x');
+    exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kChunks * kChunkSize) + "\r\n\r\n");
+    for (int i = 0; i < kChunks && exchange.Send(chunk); ++i) {
     }
 }
 
-class Downloading {
+class Downloader {
   public:
     bool ByHand() const {
         const UniqueInternet session(InternetOpenW(L"bench", INTERNET_OPEN_TYPE_DIRECT, nullptr, nullptr, 0));
@@ -51,10 +51,10 @@ class Downloading {
             WriteFile(file.Get(), bytes.data(), count, &written, nullptr);
             done += written;
         }
-        return done == kPieces * kPiece;
+        return done == kChunks * kChunkSize;
     }
-    bool Untold() const { return Run({}); }
-    bool Told() const { return Run(OptionObject().Set(L"progress", MakeCom<Recorder>())); }
+    bool ByMember() const { return Run({}); }
+    bool WithProgress() const { return Run(OptionObject().Set(L"progress", MakeCom<Recorder>())); }
 
     const WebServer& Server() const { return server_; }
 
@@ -74,46 +74,48 @@ class Downloading {
     const std::wstring path_ = folder_ / L"large";
 };
 
-struct Way {
+struct Candidate {
     const char* name;
-    bool (Downloading::*run)() const;
-    std::array<double, kRounds> spent = {};  // seconds
+    bool (Downloader::*run)() const;
+    std::array<double, kRounds> seconds = {};
 };
 
-bool Compare(const Downloading& downloading) {
-    Way ways[] = {{"a loop of InternetReadFile", &Downloading::ByHand},
-                  {"downloadToFile", &Downloading::Untold},
-                  {"downloadToFile with progress", &Downloading::Told}};
+bool Compare(const Downloader& downloader) {
+    Candidate candidates[] = {{"a loop of InternetReadFile", &Downloader::ByHand},
+                              {"downloadToFile", &Downloader::ByMember},
+                              {"downloadToFile with progress", &Downloader::WithProgress}};
     for (int round = 0; round < kRounds; ++round) {
-        for (Way& way : ways) {
+        for (Candidate& candidate : candidates) {
             const auto start = std::chrono::steady_clock::now();
-            if (!(downloading.*way.run)()) return std::printf("%s failed\n", way.name), false;
-            way.spent[round] =
+            if (!(downloader.*candidate.run)()) return std::printf("%s failed\n", candidate.name), false;
+            candidate.seconds[round] =
                 std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         }
     }
     std::printf("%-34s %9s  median of %d, best\n", "download of 200 MB", "MB/s", kRounds);
-    for (Way& way : ways) {
-        std::ranges::sort(way.spent);
-        std::printf("%-34s %9.0f  %.0f\n", way.name, 200 / way.spent[kRounds / 2], 200 / way.spent[0]);
+    for (Candidate& candidate : candidates) {
+        std::ranges::sort(candidate.seconds);
+        std::printf("%-34s %9.0f  %.0f\n", candidate.name, 200 / candidate.seconds[kRounds / 2],
+                    200 / candidate.seconds[0]);
     }
-    const double ratio = ways[1].spent[kRounds / 2] / ways[0].spent[kRounds / 2];
-    std::printf("%-34s %9.2f  aim: at most %.1f: %s\n", "ratio of the times", ratio, kAim,
-                ratio <= kAim ? "good" : "MISSED");
-    std::printf("%-34s %9.2f\n", "ratio with progress",
-                ways[2].spent[kRounds / 2] / ways[0].spent[kRounds / 2]);
+    const auto ratio = [&](int candidate) {
+        return candidates[candidate].seconds[kRounds / 2] / candidates[0].seconds[kRounds / 2];
+    };
+    std::printf("%-34s %9.2f  target: at most %.1f: %s\n", "ratio of the times", ratio(1), kTarget,
+                ratio(1) <= kTarget ? "met" : "MISSED");
+    std::printf("%-34s %9.2f\n", "ratio with progress", ratio(2));
     std::fflush(stdout);
     return true;
 }
 
-void ServeOthers(const WebServer& server, const wchar_t* file) {
+void ServeOthers(const WebServer& server, const wchar_t* path) {
     const std::string address = Narrow(server.Url());
     DWORD written = 0;
     {
-        const UniqueHandle told(CreateFileW(file, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-        WriteFile(told.Get(), address.data(), static_cast<DWORD>(address.size()), &written, nullptr);
+        const UniqueHandle file(CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        WriteFile(file.Get(), address.data(), static_cast<DWORD>(address.size()), &written, nullptr);
     }
-    WaitFor([&] { return !FileExists(file); }, 300'000);
+    WaitFor([&] { return !FileExists(path); }, 300'000);
 }
 
 }  // namespace
@@ -121,12 +123,12 @@ void ServeOthers(const WebServer& server, const wchar_t* file) {
 
 int wmain(int argc, wchar_t** argv) {
     OleInitialize(nullptr);
-    bool good = false;
+    bool succeeded = false;
     {
-        const tarvik::Downloading downloading;
-        good = tarvik::Compare(downloading);
-        if (argc > 1) tarvik::ServeOthers(downloading.Server(), argv[1]);
+        const tarvik::Downloader downloader;
+        succeeded = tarvik::Compare(downloader);
+        if (argc > 1) tarvik::ServeOthers(downloader.Server(), argv[1]);
     }
     OleUninitialize();
-    return good ? 0 : 1;
+    return succeeded ? 0 : 1;
 }

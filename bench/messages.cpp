@@ -1,7 +1,7 @@
-// What a message of 100 bytes costs by `window.msg`, to a window of the same thread and to one of another
-// process, beside the same block made and read by hand around a bare SendMessageW: to a window that is known,
-// and to one that is searched by its property on the desktop. All in turn; prints microseconds a message.
-// Started with a word behind it, it is that other process.
+// Measures a message of 100 bytes by `window.msg`, to a window of the same thread and of another process. For
+// comparison it writes and reads the same shared block around a plain SendMessageW, to a known window and to
+// one that is found by its property. The three alternate; prints microseconds per message. With an argument,
+// this program is the other process.
 
 #include <windows.h>
 #include <ole2.h>
@@ -25,22 +25,22 @@ namespace {
 
 constexpr int kRounds = 200;
 constexpr int kMessages = 50;  // in a round
-constexpr double kAim = 2.0;
-constexpr UINT kBareMessage = WM_APP;
-const HANDLE bareMark = reinterpret_cast<HANDLE>(0x10103);
+constexpr double kTarget = 2.0;
+constexpr UINT kPlainMessage = WM_APP;
+const HANDLE plainProperty = reinterpret_cast<HANDLE>(0x10103);
 const std::wstring name = L"news";
 const std::wstring payload(50, L'x');
 
-std::wstring BareBlock(DWORD sender, HWND target) {
+std::wstring PlainBlockName(DWORD sender, HWND target) {
     wchar_t text[64];
     swprintf(text, 64, L"Tarvik_Bench_%08X_%08X", static_cast<unsigned>(sender),
              static_cast<unsigned>(reinterpret_cast<uintptr_t>(target)));
     return text;
 }
 
-void SendBare(HWND target) {
+void SendPlain(HWND target) {
     const size_t size = (name.size() + payload.size() + 2) * sizeof(wchar_t);
-    const std::wstring block = BareBlock(GetCurrentProcessId(), target);
+    const std::wstring block = PlainBlockName(GetCurrentProcessId(), target);
     const UniqueHandle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
                                                   static_cast<DWORD>(size), block.c_str()));
     UniqueView view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, size));
@@ -48,22 +48,22 @@ void SendBare(HWND target) {
     name.copy(text, name.size());
     payload.copy(text + name.size() + 1, payload.size());
     view.Reset();
-    SendMessageW(target, kBareMessage, GetCurrentProcessId(), static_cast<LPARAM>(size));
+    SendMessageW(target, kPlainMessage, GetCurrentProcessId(), static_cast<LPARAM>(size));
 }
 
-void FindAndSendBare(const std::wstring& identifier) {
+void FindAndSendPlain(const std::wstring& identifier) {
     EnumWindows(
         [](HWND window, LPARAM wanted) -> BOOL {
             const auto& property = *reinterpret_cast<const std::wstring*>(wanted);
-            if (GetPropW(window, property.c_str()) == bareMark) SendBare(window);
+            if (GetPropW(window, property.c_str()) == plainProperty) SendPlain(window);
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&identifier));
 }
 
-LRESULT CALLBACK BareProcedure(HWND window, UINT message, WPARAM sender, LPARAM size) {
-    if (message != kBareMessage) return DefWindowProcW(window, message, sender, size);
-    const std::wstring block = BareBlock(static_cast<DWORD>(sender), window);
+LRESULT CALLBACK PlainProcedure(HWND window, UINT message, WPARAM sender, LPARAM size) {
+    if (message != kPlainMessage) return DefWindowProcW(window, message, sender, size);
+    const std::wstring block = PlainBlockName(static_cast<DWORD>(sender), window);
     const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_READ, FALSE, block.c_str()));
     const UniqueView view(MapViewOfFile(mapping.Get(), FILE_MAP_READ, 0, 0, size));
     const std::wstring text(static_cast<const wchar_t*>(view.Get()), size / sizeof(wchar_t));
@@ -80,17 +80,17 @@ class Counter : public Recorder {
     int count = 0;
 };
 
-// The two windows that are spoken to.
+// The two windows that receive messages.
 class Receiver {
   public:
     explicit Receiver(const std::wstring& identifier) {
         WNDCLASSW description = {};
-        description.lpfnWndProc = BareProcedure;
-        description.lpszClassName = L"BareReceiver";
+        description.lpfnWndProc = PlainProcedure;
+        description.lpszClassName = L"PlainReceiver";
         RegisterClassW(&description);
-        bare_.Reset(CreateWindowW(L"BareReceiver", identifier.c_str(), 0, 0, 0, 0, 0, nullptr, nullptr,
-                                  nullptr, nullptr));
-        SetPropW(bare_.Get(), (L"bare" + identifier).c_str(), bareMark);
+        plain_.Reset(CreateWindowW(L"PlainReceiver", identifier.c_str(), 0, 0, 0, 0, 0, nullptr, nullptr,
+                                   nullptr, nullptr));
+        SetPropW(plain_.Get(), (L"plain" + identifier).c_str(), plainProperty);
         browser_->CreateHidden(nullptr, L"about:blank");
         PutMember(Msg().Get(), L"uniqueID", identifier.c_str());
         CallMember(Msg().Get(), L"registerMsg", name.c_str(), news_);
@@ -112,13 +112,13 @@ class Receiver {
     const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
     const ComPtr<Counter> news_ = MakeCom<Counter>();
     const ComPtr<Counter> stop_ = MakeCom<Counter>();
-    UniqueWindow bare_;
+    UniqueWindow plain_;
 };
 
 class Sender {
   public:
     Sender(IDispatch* msg, const std::wstring& identifier)
-        : msg_(msg), identifier_(identifier), bare_(FindWindowW(L"BareReceiver", identifier.c_str())) {
+        : msg_(msg), identifier_(identifier), plain_(FindWindowW(L"PlainReceiver", identifier.c_str())) {
         IdOf(msg, L"sendMsg", &id_);
     }
 
@@ -131,16 +131,16 @@ class Sender {
         return found.boolVal == VARIANT_TRUE;
     }
 
-    // Prints the shortest of the rounds of each: other programs can only add to it.
+    // Prints the shortest round of each, because other programs can only prolong a round.
     void Measure(const char* what) {
         double byHand = std::numeric_limits<double>::max(), withSearch = byHand, byMember = byHand;
         for (int round = 0; round < kRounds; ++round) {
-            byHand = std::min(byHand, Time([&] { SendBare(bare_); }));
-            withSearch = std::min(withSearch, Time([&] { FindAndSendBare(bareIdentifier_); }));
+            byHand = std::min(byHand, Time([&] { SendPlain(plain_); }));
+            withSearch = std::min(withSearch, Time([&] { FindAndSendPlain(plainIdentifier_); }));
             byMember = std::min(byMember, Time([&] { SendByMember(name); }));
         }
         std::printf("%-34s %9.1f %9.1f %9.1f %7.2f  %s\n", what, byHand, withSearch, byMember,
-                    byMember / byHand, byMember / byHand <= kAim ? "good" : "MISSED");
+                    byMember / byHand, byMember / byHand <= kTarget ? "met" : "MISSED");
     }
 
   private:
@@ -155,8 +155,8 @@ class Sender {
 
     IDispatch* const msg_;
     const std::wstring identifier_;
-    const HWND bare_;
-    const std::wstring bareIdentifier_ = L"bare" + identifier_;
+    const HWND plain_;
+    const std::wstring plainIdentifier_ = L"plain" + identifier_;
     DISPID id_ = DISPID_UNKNOWN;
 };
 
@@ -171,15 +171,15 @@ UniqueHandle StartReceiver(const std::wstring& identifier) {
 }
 
 int Run() {
-    const std::wstring mark = std::to_wstring(GetCurrentProcessId());
-    const Receiver own(L"own" + mark);
+    const std::wstring suffix = std::to_wstring(GetCurrentProcessId());
+    const Receiver own(L"own" + suffix);
     const auto msg = own.Msg();
-    const UniqueHandle process = StartReceiver(L"other" + mark);
-    std::printf("%-34s %9s %9s %9s %7s  the aim is %.1f\n", "us a message of 100 bytes", "by hand",
-                "searched", "by msg", "ratio", kAim);
-    Sender(msg.Get(), L"own" + mark).Measure("a window of the same thread");
+    const UniqueHandle process = StartReceiver(L"other" + suffix);
+    std::printf("%-34s %9s %9s %9s %7s  target: at most %.1f\n", "us per message of 100 bytes", "by hand",
+                "searched", "by msg", "ratio", kTarget);
+    Sender(msg.Get(), L"own" + suffix).Measure("a window of the same thread");
     if (own.Count() != kRounds * kMessages) return std::printf("messages were lost\n"), 1;
-    const std::wstring other = L"other" + mark;
+    const std::wstring other = L"other" + suffix;
     if (!PumpUntil([&] { return Sender(msg.Get(), other).SendByMember(name); })) return 1;
     Sender(msg.Get(), other).Measure("a window of another process");
     Sender(msg.Get(), other).SendByMember(L"stop");

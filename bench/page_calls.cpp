@@ -1,5 +1,5 @@
-// What calls between a page and native objects cost, on the page control: `page_calls FOLDER`, whose
-// resource\index.html measures and reports.
+// page_calls FOLDER: measures calls between a page and native objects on the page control. The page
+// FOLDER\resource\index.html measures and reports.
 
 #include <windows.h>
 
@@ -17,7 +17,7 @@
 namespace tarvik {
 namespace {
 
-// `bench`: what the page reports to.
+// The plug-in `bench`, to which the page reports.
 class BenchPlugin : public TablePlugin<BenchPlugin> {
   public:
     static constexpr char kClassName[] = "BenchPlugin";

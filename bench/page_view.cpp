@@ -1,5 +1,6 @@
-// Drawing and input of the page control: `page_view FOLDER`, whose resource\index.html has a pad that changes
-// its colour with each click. It drives the real window with real input, and so wants the desktop to itself.
+// page_view FOLDER: measures drawing and input of the page control. The page FOLDER\resource\index.html has a
+// pad that changes its colour at each click. This sends real input to a real window, so nothing else may use
+// the desktop.
 
 #include <windows.h>
 
@@ -30,13 +31,13 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 constexpr SIZE kPage = {1024, 768};
 constexpr POINT kPad = {100, 100};
 constexpr int kClicks = 300;
-constexpr Milliseconds kLost{500};
+constexpr Milliseconds kTimeout{500};  // a click without effect for so long is lost
 
 int calls = 0;
 int paints = 0;
 WNDPROC pageProcedure = nullptr;
 
-// `bench`: what the page calls.
+// The plug-in `bench`, which the page calls.
 class BenchPlugin : public TablePlugin<BenchPlugin> {
   public:
     static constexpr char kClassName[] = "BenchPlugin";
@@ -57,7 +58,7 @@ LRESULT CALLBACK CountPaints(HWND window, UINT message, WPARAM wParam, LPARAM lP
     return CallWindowProcW(pageProcedure, window, message, wParam, lParam);
 }
 
-// Looks at the condition every few milliseconds; without one it only wakes for messages.
+// Pumps messages until the condition is true or the time is over. Polls a condition every 5 ms.
 bool PumpFor(Milliseconds limit, const std::function<bool()>& condition = nullptr) {
     const auto end = Clock::now() + limit;
     while (!condition || !condition()) {
@@ -103,7 +104,7 @@ class ViewedPage {
 
     void PointAtPad() const { Send({MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE}); }
 
-    // Each click goes there first: the pointer belongs to the whole desktop.
+    // Each click moves the pointer first, because others may have moved it.
     void Click() const {
         Send({MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
     }
@@ -116,11 +117,11 @@ class ViewedPage {
         return result;
     }
     int Count() const { return Call(L"clickCount", Variant()).lVal; }
-    // When no more come.
-    int CountAtRest() const {
+    // The count once it no longer grows.
+    int FinalCount() const {
         for (int last = -1, count = Count();; count = Count()) {
             if (std::exchange(last, count) == count) return count;
-            PumpFor(kLost);
+            PumpFor(kTimeout);
         }
     }
 
@@ -145,7 +146,7 @@ void PrintTimes(const char* name, std::vector<double> times) {
                 times.back());
 }
 
-// Clicks as fast as the screen follows.
+// Sends each click when the previous one has changed the screen.
 void MeasureClicks(const ViewedPage& page, const char* name) {
     std::vector<double> times;
     const int before = page.Count();
@@ -153,15 +154,15 @@ void MeasureClicks(const ViewedPage& page, const char* name) {
         const COLORREF colour = page.PadColour();
         const auto start = Clock::now();
         page.Click();
-        if (PumpFor(kLost, [&] { return page.PadColour() != colour; }))
+        if (PumpFor(kTimeout, [&] { return page.PadColour() != colour; }))
             times.push_back(Milliseconds(Clock::now() - start).count());
     }
     PrintTimes(name, times);
-    std::printf("%-52s %8d of %d\n", "  reached the page", page.CountAtRest() - before, kClicks);
+    std::printf("%-52s %8d of %d\n", "  reached the page", page.FinalCount() - before, kClicks);
 }
 
-// More than one click at a time: the page is at work on one when the next comes.
-void CountFlurries(const ViewedPage& page) {
+// Sends clicks while the page is still handling the one before.
+void CountBursts(const ViewedPage& page) {
     const int before = page.Count();
     for (int i = 0; i < kClicks; i += 3) {
         for (int click = 0; click < 3; ++click) {
@@ -171,7 +172,7 @@ void CountFlurries(const ViewedPage& page) {
         PumpFor(Milliseconds(60));
     }
     std::printf("%-52s %8d of %d\n", "clicks in threes, 3 ms apart, that reached the page",
-                page.CountAtRest() - before, kClicks);
+                page.FinalCount() - before, kClicks);
 }
 
 void MeasurePaints(const char* name) {
@@ -184,7 +185,7 @@ void MeasurePaints(const char* name) {
                 (paints - before) / seconds, (ProcessorSeconds() - processor) / seconds * 100);
 }
 
-// What any window costs here: the measure for a page at which nothing happens.
+// The paints of an ordinary window, to compare an idle page with.
 void MeasurePlainWindow() {
     const HWND window = CreateWindowExW(0, L"STATIC", L"A text", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
                                         kPage.cx, kPage.cy, nullptr, nullptr, nullptr, nullptr);
@@ -195,21 +196,21 @@ void MeasurePlainWindow() {
 
 void Measure(const ViewedPage& page) {
     page.Show();
-    // On a new desktop the pointer of the system underneath is somewhere else, and for a moment the first
-    // move is taken back. A click that comes then goes there.
+    // On a new desktop, the Unix host's pointer is elsewhere and undoes the first move for a moment. A click
+    // at that moment would miss.
     page.PointAtPad();
     PumpFor(Milliseconds(1500));
-    MeasurePaints("a page that stands still");
+    MeasurePaints("an idle page");
     page.Call(L"move", Variant::Bool(true));
     PumpFor(Milliseconds(500));
     MeasurePaints("a page with two moving boxes");
     page.Call(L"move", Variant::Bool(false));
-    std::printf("\n%-52s %8s %8s %8s  (ms)\n", "", "median", "95 %", "most");
+    std::printf("\n%-52s %8s %8s %8s  (ms)\n", "", "median", "95 %", "max");
     MeasureClicks(page, "click to changed pixel");
-    page.Call(L"talk", Variant::I4(10));
-    MeasureClicks(page, "the same, the page calling native objects");
-    CountFlurries(page);
-    std::printf("%-52s %8d\n", "calls that the page made for its clicks", calls);
+    page.Call(L"callNative", Variant::I4(10));
+    MeasureClicks(page, "the same, while the page calls native objects");
+    CountBursts(page);
+    std::printf("%-52s %8d\n", "calls of the page for these clicks", calls);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// What it costs to read a large file with `fileIO`, into one stream and in chunks to a function, beside the
-// loop that a person would write with ReadFile. Prints milliseconds.
+// Reads a large file with `fileIO`, into one stream and in chunks to a function, and with a hand-written loop
+// of ReadFile. Prints milliseconds.
 
 #include <windows.h>
 #include <ole2.h>
@@ -21,10 +21,10 @@ namespace tarvik {
 namespace {
 
 constexpr ULONG kFileSize = 200'000'000;
-constexpr DWORD kPiece = 0x10000;
+constexpr DWORD kChunkSize = 0x10000;
 constexpr int kRounds = 7;
 
-// A script function that counts its calls and lets go of what it is given.
+// A script function that only counts its calls.
 class Counter : public CDispatchBase {
   public:
     explicit Counter(ULONG& count) : count_(count) {}
@@ -41,26 +41,26 @@ class Counter : public CDispatchBase {
     ULONG& count_;
 };
 
-class Reading {
+class Reader {
   public:
-    Reading() { browser_->CreateHidden(nullptr, L"about:blank"); }
+    Reader() { browser_->CreateHidden(nullptr, L"about:blank"); }
 
     void Write() const {
         const UniqueHandle file(
             CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-        const auto bytes = std::make_unique<char[]>(kPiece);
-        std::fill_n(bytes.get(), kPiece, 'x');
+        const auto bytes = std::make_unique<char[]>(kChunkSize);
+        std::fill_n(bytes.get(), kChunkSize, 'x');
         DWORD count = 0;
         for (ULONG left = kFileSize; left > 0; left -= count)
-            WriteFile(file.Get(), bytes.get(), std::min<ULONG>(left, kPiece), &count, nullptr);
+            WriteFile(file.Get(), bytes.get(), std::min<ULONG>(left, kChunkSize), &count, nullptr);
     }
 
     bool ByHand() const {
-        const auto bytes = std::make_unique<char[]>(kPiece);
+        const auto bytes = std::make_unique<char[]>(kChunkSize);
         return ReadAll([&](ULONG) { return bytes.get(); });
     }
     bool ByHandToMemory() const {
-        const UniquePages bytes(VirtualAlloc(nullptr, kFileSize + kPiece, MEM_COMMIT, PAGE_READWRITE));
+        const UniquePages bytes(VirtualAlloc(nullptr, kFileSize + kChunkSize, MEM_COMMIT, PAGE_READWRITE));
         return ReadAll([&](ULONG done) { return static_cast<char*>(bytes.Get()) + done; });
     }
 
@@ -76,7 +76,7 @@ class Reading {
         ULONG chunks = 0;
         OptionObject options;
         options.Set(L"progress", MakeCom<Counter>(chunks));
-        return ReadAsync(options) && chunks == (kFileSize + kPiece - 1) / kPiece;
+        return ReadAsync(options) && chunks == (kFileSize + kChunkSize - 1) / kChunkSize;
     }
 
   private:
@@ -86,7 +86,7 @@ class Reading {
             CreateFileW(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
         ULONG done = 0;
         DWORD count = 0;
-        while (ReadFile(file.Get(), place(done), kPiece, &count, nullptr) && count > 0)
+        while (ReadFile(file.Get(), place(done), kChunkSize, &count, nullptr) && count > 0)
             done += count;
         return done == kFileSize;
     }
@@ -110,39 +110,42 @@ class Reading {
     const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
 };
 
-struct Way {
+struct Candidate {
     const char* name;
-    bool (Reading::*run)() const;
-    std::array<double, kRounds> spent = {};
+    bool (Reader::*run)() const;
+    std::array<double, kRounds> milliseconds = {};
 };
 
 int Run() {
-    const Reading reading;
-    reading.Write();
-    Way ways[] = {{"ReadFile, to one buffer", &Reading::ByHand},
-                  {"readAsync, dropped", &Reading::AndDrop},
-                  {"ReadFile, to memory", &Reading::ByHandToMemory},
-                  {"read, to one stream", &Reading::IntoOneStream},
-                  {"readAsync, to a function", &Reading::InChunks}};
+    const Reader reader;
+    reader.Write();
+    Candidate candidates[] = {{"ReadFile, to one buffer", &Reader::ByHand},
+                              {"readAsync, dropped", &Reader::AndDrop},
+                              {"ReadFile, to memory", &Reader::ByHandToMemory},
+                              {"read, to one stream", &Reader::IntoOneStream},
+                              {"readAsync, to a function", &Reader::InChunks}};
     for (int round = 0; round < kRounds; ++round) {
-        for (Way& way : ways) {
+        for (Candidate& candidate : candidates) {
             const auto start = std::chrono::steady_clock::now();
-            if (!(reading.*way.run)()) return std::printf("%s did not read the file\n", way.name), 1;
+            if (!(reader.*candidate.run)())
+                return std::printf("%s did not read the file\n", candidate.name), 1;
             const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - start;
-            way.spent[round] = spent.count();
+            candidate.milliseconds[round] = spent.count();
         }
     }
-    for (Way& way : ways)
-        std::ranges::sort(way.spent);
-    const auto ratio = [&](int way, int peer) {
-        return ways[way].spent[kRounds / 2] / ways[peer].spent[kRounds / 2];
+    for (Candidate& candidate : candidates)
+        std::ranges::sort(candidate.milliseconds);
+    const auto ratio = [&](int candidate, int peer) {
+        return candidates[candidate].milliseconds[kRounds / 2] / candidates[peer].milliseconds[kRounds / 2];
     };
-    std::printf("%-34s %9s %9s\n", "reading 200 MB", "ms", "least");
-    for (const Way& way : ways)
-        std::printf("%-34s %9.0f %9.0f\n", way.name, way.spent[kRounds / 2], way.spent[0]);
+    std::printf("%-34s %9s %9s\n", "reading 200 MB", "ms", "min");
+    for (const Candidate& candidate : candidates)
+        std::printf("%-34s %9.0f %9.0f\n", candidate.name, candidate.milliseconds[kRounds / 2],
+                    candidate.milliseconds[0]);
     std::printf("%-34s %9.2f\n%-34s %9.2f\n%-34s %9.0f\n", "readAsync to ReadFile", ratio(1, 0),
-                "one stream to ReadFile to memory", ratio(3, 2), "us a call of progress",
-                (ways[4].spent[kRounds / 2] - ways[1].spent[kRounds / 2]) * 1000 / (kFileSize / kPiece));
+                "one stream to ReadFile to memory", ratio(3, 2), "us per call of progress",
+                (candidates[4].milliseconds[kRounds / 2] - candidates[1].milliseconds[kRounds / 2]) * 1000 /
+                    (kFileSize / kChunkSize));
     return 0;
 }
 

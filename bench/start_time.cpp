@@ -1,6 +1,6 @@
-// How long the program takes from its start to the first line of its page's script, and to the end of a run
-// that quits at once: `start_time PROGRAM FOLDER [runs]`. The page writes lines to the debugger, which this
-// program is.
+// start_time PROGRAM FOLDER [RUNS]: measures the time from the start of the program to the first line that
+// its page logs, and to the end of the program, which the page quits at once. This program is the debugger
+// that gets the lines.
 
 #include <windows.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-struct Run {
+struct Times {
     double firstLine = 0;
     double end = 0;
 };
@@ -27,7 +27,7 @@ double Since(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-Run StartOnce(const std::wstring& program, const std::wstring& folder) {
+Times StartOnce(const std::wstring& program, const std::wstring& folder) {
     std::wstring line = L"\"" + program + L"\" -d \"" + folder + L"\"";
     STARTUPINFOW startup = {sizeof startup};
     PROCESS_INFORMATION started = {};
@@ -37,19 +37,19 @@ Run StartOnce(const std::wstring& program, const std::wstring& folder) {
         ThrowLastError();
     }
     const UniqueHandle process(started.hProcess), thread(started.hThread);
-    Run run;
+    Times times;
     DEBUG_EVENT event = {};
     while (WaitForDebugEvent(&event, INFINITE)) {
         const bool isLine = event.dwDebugEventCode == OUTPUT_DEBUG_STRING_EVENT;
         const bool isException = event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT;
         const bool isEnd = event.dwDebugEventCode == EXIT_PROCESS_DEBUG_EVENT;
-        if (isLine && run.firstLine == 0) run.firstLine = Since(start);
-        if (isEnd) run.end = Since(start);
+        if (isLine && times.firstLine == 0) times.firstLine = Since(start);
+        if (isEnd) times.end = Since(start);
         ContinueDebugEvent(event.dwProcessId, event.dwThreadId,
-                           isException && run.firstLine > 0 ? DBG_EXCEPTION_NOT_HANDLED : DBG_CONTINUE);
+                           isException && times.firstLine > 0 ? DBG_EXCEPTION_NOT_HANDLED : DBG_CONTINUE);
         if (isEnd) break;
     }
-    return run;
+    return times;
 }
 
 void Print(const char* name, std::vector<double> times) {
@@ -61,18 +61,17 @@ void Print(const char* name, std::vector<double> times) {
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    if (argc < 3) return std::printf("usage: start_time PROGRAM FOLDER [runs]\n"), 2;
+    if (argc < 3) return std::printf("usage: start_time PROGRAM FOLDER [RUNS]\n"), 2;
     const int runs = argc > 3 ? _wtoi(argv[3]) : 7;
     std::vector<double> lines, ends;
     for (int i = 0; i <= runs; ++i) {
-        const tarvik::Run run = tarvik::StartOnce(argv[1], argv[2]);
-        if (run.firstLine == 0) return std::printf("the page wrote nothing\n"), 1;
+        const tarvik::Times times = tarvik::StartOnce(argv[1], argv[2]);
+        if (times.firstLine == 0) return std::printf("the page logged nothing\n"), 1;
         if (i == 0) continue;  // the first one warms the caches
-        lines.push_back(run.firstLine);
-        ends.push_back(run.end);
+        lines.push_back(times.firstLine);
+        ends.push_back(times.end);
     }
-    std::printf("%-44s %8s %8s %8s  (ms, %d runs)\n", "start of the program", "least", "median", "most",
-                runs);
+    std::printf("%-44s %8s %8s %8s  (ms, %d runs)\n", "start of the program", "min", "median", "max", runs);
     tarvik::Print("to the first line of the page's script", lines);
     tarvik::Print("to the end of a page that quits when loaded", ends);
     return 0;

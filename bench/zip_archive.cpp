@@ -1,6 +1,6 @@
-// zip_archive pack|unpack minizip|miniz FROM TO: one run of a member of `minizip`, as a page makes it, or the
-// same work by a small program on the library beneath. FROM and TO are a folder and an archive, or the other
-// way round. Prints the processor's seconds in the process and in the system, and the peak of memory in MB.
+// zip_archive pack|unpack minizip|miniz FROM TO: packs a folder to an archive, or unpacks an archive to a
+// folder, by a member of the plug-in `minizip`, or directly with the library miniz. Prints the CPU seconds in
+// user and kernel mode, and the peak of memory in MB.
 
 #include <windows.h>
 #include <miniz.h>
@@ -31,7 +31,7 @@ bool RunMember(const wchar_t* member, const wchar_t* from, const wchar_t* to) {
     CallMember(plugin.Get(), member, static_cast<IDispatch*>(options));
     PumpUntil([&] { return success->calls.size() + fail->calls.size() > 0; }, std::chrono::minutes(30));
     if (success->calls.empty())
-        std::printf("%s\n", fail->calls.empty() ? "no end" : fail->Texts()[0].c_str());
+        std::printf("%s\n", fail->calls.empty() ? "timeout" : fail->Texts()[0].c_str());
     return !success->calls.empty();
 }
 
@@ -52,19 +52,19 @@ bool PackDirectly(const wchar_t* folder, const wchar_t* archive) {
     std::FILE* const target = _wfopen(archive, L"wb");
     zip.m_pWrite = WriteAt;
     zip.m_pIO_opaque = target;
-    bool good = mz_zip_writer_init_v2(&zip, 0, 0);
+    bool succeeded = mz_zip_writer_init_v2(&zip, 0, 0);
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
         if (!entry.is_regular_file()) continue;
         std::FILE* const source = _wfopen(entry.path().c_str(), L"rb");
         const std::string name = entry.path().lexically_relative(folder).generic_string();
-        good =
-            good && mz_zip_writer_add_read_buf_callback(&zip, name.c_str(), ReadAt, source, entry.file_size(),
+        succeeded = succeeded &&
+                    mz_zip_writer_add_read_buf_callback(&zip, name.c_str(), ReadAt, source, entry.file_size(),
                                                         nullptr, nullptr, 0, 6, nullptr, 0, nullptr, 0);
         std::fclose(source);
     }
-    good = good && mz_zip_writer_finalize_archive(&zip);
+    succeeded = succeeded && mz_zip_writer_finalize_archive(&zip);
     mz_zip_writer_end(&zip);
-    return std::fclose(target) == 0 && good;
+    return std::fclose(target) == 0 && succeeded;
 }
 
 bool UnpackDirectly(const wchar_t* archive, const wchar_t* folder) {
@@ -72,20 +72,21 @@ bool UnpackDirectly(const wchar_t* archive, const wchar_t* folder) {
     std::FILE* const source = _wfopen(archive, L"rb");
     zip.m_pRead = ReadAt;
     zip.m_pIO_opaque = source;
-    bool good = mz_zip_reader_init(&zip, fs::file_size(archive), MZ_ZIP_FLAG_DO_NOT_SORT_CENTRAL_DIRECTORY);
-    for (mz_uint i = 0; good && i < mz_zip_reader_get_num_files(&zip); ++i) {
+    bool succeeded =
+        mz_zip_reader_init(&zip, fs::file_size(archive), MZ_ZIP_FLAG_DO_NOT_SORT_CENTRAL_DIRECTORY);
+    for (mz_uint i = 0; succeeded && i < mz_zip_reader_get_num_files(&zip); ++i) {
         mz_zip_archive_file_stat member;
-        good = mz_zip_reader_file_stat(&zip, i, &member);
+        succeeded = mz_zip_reader_file_stat(&zip, i, &member);
         if (member.m_is_directory) continue;
         const fs::path path = fs::path(folder) / member.m_filename;
         fs::create_directories(path.parent_path());
         std::FILE* const target = _wfopen(path.c_str(), L"wb");
-        good = good && mz_zip_reader_extract_to_callback(&zip, i, WriteAt, target, 0);
+        succeeded = succeeded && mz_zip_reader_extract_to_callback(&zip, i, WriteAt, target, 0);
         std::fclose(target);
     }
     mz_zip_reader_end(&zip);
     std::fclose(source);
-    return good;
+    return succeeded;
 }
 
 void PrintCosts() {
@@ -105,12 +106,12 @@ void PrintCosts() {
 int wmain(int argc, wchar_t** argv) {
     if (argc < 5) return 2;
     const bool packs = std::wstring_view(argv[1]) == L"pack";
-    const bool isOurs = std::wstring_view(argv[2]) == L"minizip";
+    const bool byMember = std::wstring_view(argv[2]) == L"minizip";
     OleInitialize(nullptr);
-    const bool good = isOurs  ? RunMember(packs ? L"zip" : L"unzip", argv[3], argv[4])
-                      : packs ? PackDirectly(argv[3], argv[4])
-                              : UnpackDirectly(argv[3], argv[4]);
+    const bool succeeded = byMember ? RunMember(packs ? L"zip" : L"unzip", argv[3], argv[4])
+                           : packs  ? PackDirectly(argv[3], argv[4])
+                                    : UnpackDirectly(argv[3], argv[4]);
     PrintCosts();
     OleUninitialize();
-    return good ? 0 : 1;
+    return succeeded ? 0 : 1;
 }

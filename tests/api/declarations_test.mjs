@@ -1,5 +1,5 @@
-// declarations_test.mjs SHOWCASE COMMAND...: compares the declarations with what the command, member_list, prints of the
-// host, and looks whether every member is shown in an example, and has its place in the packed showcase.
+// declarations_test.mjs SHOWCASE COMMAND...: compares the declarations with the members of the host, which COMMAND
+// (member_list) prints. Checks that an example shows every member, and that the packed showcase describes it.
 import { execFileSync } from 'node:child_process';
 import { readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
@@ -23,7 +23,7 @@ function declaredUses() {
   return lines;
 }
 
-// What the showcase's pages and its reference tell: { pages, reference }.
+// The contents of the showcase: { pages, reference }.
 function readShowcase(folder) {
   const showcase = { pages: [], reference: [], add: (page) => showcase.pages.push(page) };
   const pages = readdirSync(join(folder, 'pages')).map((name) => join(folder, 'pages', name));

@@ -1,4 +1,4 @@
-// Runs the example of a page, and goes on to that of the next one.
+// Runs the example of a page, and continues with the next page.
 var example, expected, nextPage, hasRun = false;
 
 function begin(of, comparisons, next) {
@@ -9,21 +9,21 @@ function begin(of, comparisons, next) {
     external.window.show(true);
 }
 
-// Comparisons may stand in functions that are called later.
+// Waits for all comparisons: some are in functions that are called later.
 function ended() {
     hasRun = true;
     until(function () { return checks >= expected; }, function () {
         check(example + ' makes its ' + expected + ' comparisons', checks === expected);
-        goOn();
+        showNext();
     });
 }
 
-function goOn() {
+function showNext() {
     if (nextPage) location.href = nextPage;
     else done();
 }
 
 window.onerror = function (message, source, line) {
     check(example + ': ' + message + ' at line ' + line, false);
-    if (!hasRun) goOn();
+    if (!hasRun) showNext();
 };

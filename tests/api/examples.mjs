@@ -1,6 +1,6 @@
-// examples.mjs FOLDER DOCUMENT...: writes the examples of the declarations there, and those of the documents, which are
-// fenced as js: a page each, for the host, and all of them in one file for the compiler, with the scripts of the pages
-// that the documents have. In a page, "expression;  //= value" becomes a comparison.
+// examples.mjs FOLDER DOCUMENT...: writes the examples of the declarations and of the documents (their blocks marked js)
+// to FOLDER. Each becomes a page for the host, in which "expression;  //= value" is a comparison. For the TypeScript
+// compiler, all.js contains all examples and the scripts of the HTML pages in the documents.
 import { mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { basename, join } from 'node:path';
 import { examplesOf, readDeclarations, writeStatements } from '../../types/declarations.mjs';
@@ -8,8 +8,8 @@ import { examplesOf, readDeclarations, writeStatements } from '../../types/decla
 const [folder, ...documents] = process.argv.slice(2);
 const examples = [...examplesOf(readDeclarations()), ...documents.flatMap(examplesIn)];
 
-function blocksIn(path, kind) {
-  const blocks = readFileSync(path, 'utf8').matchAll(new RegExp(`^\`\`\`${kind}\\b.*\\n([^]*?)^\`\`\`$`, 'gm'));
+function blocksIn(path, language) {
+  const blocks = readFileSync(path, 'utf8').matchAll(new RegExp(`^\`\`\`${language}\\b.*\\n([^]*?)^\`\`\`$`, 'gm'));
   return [...blocks].map(([, code]) => code);
 }
 

@@ -1,5 +1,5 @@
-// Prints what script finds in the host, a line each: a plug-in's name or that of one of its objects, a
-// member, and how it is used. declarations_test.mjs compares it with the declarations.
+// Prints the members of the host, one line for each use of a member: the plug-in or object, the member, and
+// "call", "read" or "write". declarations_test.mjs compares this with the declarations.
 
 #include <cstdio>
 
@@ -34,7 +34,7 @@ void PrintUse(const char* object, std::wstring_view member, const char* use) {
     std::printf("%s %.*ls %s\n", object, static_cast<int>(member.size()), member.data(), use);
 }
 
-// A method that may also be read is declared as a method.
+// A readable method is declared as a method.
 template <class Self>
 void PrintRow(const char* object, const Member<Self>& row) {
     if (row.method) PrintUse(object, row.name, "call");

@@ -9,35 +9,35 @@ namespace {
 
 constexpr UINT kProbe = WM_APP + 1;
 
-// Notes the messages of the test that it is shown, and does something about it.
+// Calls a function for each message of the test, and returns its result.
 class Filter : public CMessageFilter {
   public:
-    explicit Filter(std::function<bool()> answer) : answer_(std::move(answer)) {}
+    explicit Filter(std::function<bool()> function) : function_(std::move(function)) {}
 
-    bool PreTranslateMessage(MSG* message) override { return message->message == kProbe && answer_(); }
+    bool PreTranslateMessage(MSG* message) override { return message->message == kProbe && function_(); }
 
   private:
-    std::function<bool()> answer_;
+    std::function<bool()> function_;
 };
 
-TEST(MessageLoop, AsksTheNewestFilterFirstUntilOneTakesTheMessage) {
-    std::string asked;
+TEST(MessageLoop, CallsTheNewestFilterFirstUntilOneHandlesTheMessage) {
+    std::string called;
     CMessageLoop loop;
-    Filter oldest([&] { return asked += "oldest ", false; });
-    Filter taker([&] { return asked += "taker ", true; });
-    Filter middle([&] { return asked += "middle ", false; });
+    Filter oldest([&] { return called += "oldest ", false; });
+    Filter handler([&] { return called += "handler ", true; });
+    Filter middle([&] { return called += "middle ", false; });
     Filter newest([&] {
         loop.RemoveMessageFilter(&newest);
         loop.RemoveMessageFilter(&middle);
-        return asked += "newest ", false;
+        return called += "newest ", false;
     });
-    for (Filter* filter : {&oldest, &taker, &middle, &newest})
+    for (Filter* filter : {&oldest, &handler, &middle, &newest})
         loop.AddMessageFilter(filter);
     for (int i = 0; i < 2; ++i)
         PostThreadMessageW(GetCurrentThreadId(), kProbe, 0, 0);
     PostThreadMessageW(GetCurrentThreadId(), WM_QUIT, 3, 0);
     EXPECT_EQ(loop.Run(), 3);
-    EXPECT_EQ(asked, "newest taker taker ") << "filters may go while they are asked";
+    EXPECT_EQ(called, "newest handler handler ") << "a filter may remove filters";
 }
 
 }  // namespace

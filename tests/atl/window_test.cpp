@@ -8,85 +8,85 @@ namespace {
 
 constexpr UINT kProbe = WM_APP + 1;
 
-// Notes the messages it is asked for, and that its window is gone.
-class Noting : public CWindowImpl {
+// Logs the messages that it gets.
+class LoggingWindow : public CWindowImpl {
   public:
-    Noting(std::string name, std::vector<std::string>& notes, bool takes = false)
-        : name_(std::move(name)), notes_(notes), takes_(takes) {}
+    LoggingWindow(std::string name, std::vector<std::string>& log, bool handles = false)
+        : name_(std::move(name)), log_(log), handles_(handles) {}
 
-    UINT endsIn = WM_NULL;  // the message in which the object destroys its window
+    UINT destroysIn = WM_NULL;  // the message in which the object destroys its window
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM, LPARAM, LRESULT& result) override {
-        if (message == endsIn && Window()) DestroyWindow(Window());
+        if (message == destroysIn && Window()) DestroyWindow(Window());
         if (message != kProbe && message != WM_DESTROY) return false;
-        notes_.push_back(name_ + (message == kProbe ? " probe" : " destroy"));
+        log_.push_back(name_ + (message == kProbe ? " probe" : " destroy"));
         result = 7;
-        return takes_ && message == kProbe;
+        return handles_ && message == kProbe;
     }
-    void OnFinalMessage(HWND) override { notes_.push_back(name_ + " final"); }
+    void OnFinalMessage(HWND) override { log_.push_back(name_ + " final"); }
 
   private:
     std::string name_;
-    std::vector<std::string>& notes_;
-    bool takes_;
+    std::vector<std::string>& log_;
+    bool handles_;
 };
 
-HWND Make(CWindowImpl& object) {
+HWND Create(CWindowImpl& object) {
     return object.Create(L"TarvikTestWindow", kAxWindowClass, nullptr, nullptr, WS_OVERLAPPEDWINDOW, nullptr);
 }
 
-class Windows : public testing::Test {
+class Window : public testing::Test {
   protected:
-    Windows() { AtlAxWinInit(); }
+    Window() { AtlAxWinInit(); }
 
-    std::vector<std::string> notes_;
+    std::vector<std::string> log_;
 };
 
-TEST_F(Windows, AskTheObjectAttachedLastFirst) {
-    Noting first("first", notes_), second("second", notes_);
-    const HWND window = Make(first);
+TEST_F(Window, CallsTheLastAttachedObjectFirst) {
+    LoggingWindow first("first", log_), second("second", log_);
+    const HWND window = Create(first);
     ASSERT_TRUE(window);
     ASSERT_TRUE(second.SubclassWindow(window));
     EXPECT_FALSE(second.SubclassWindow(window));
     EXPECT_EQ(SendMessageW(window, kProbe, 0, 0), 0);
-    EXPECT_THAT(notes_, ElementsAre("second probe", "first probe"));
+    EXPECT_THAT(log_, ElementsAre("second probe", "first probe"));
     {
-        Noting taker("taker", notes_, true);
-        taker.SubclassWindow(window);
+        LoggingWindow handler("handler", log_, true);
+        handler.SubclassWindow(window);
         EXPECT_EQ(SendMessageW(window, kProbe, 0, 0), 7);
-        EXPECT_EQ(notes_.back(), "taker probe");
+        EXPECT_EQ(log_.back(), "handler probe");
     }
-    notes_.clear();
+    log_.clear();
     DestroyWindow(window);
-    EXPECT_THAT(notes_, ElementsAre("second destroy", "first destroy", "first final", "second final"))
-        << "an object that ended has left its window";
+    EXPECT_THAT(log_, ElementsAre("second destroy", "first destroy", "first final", "second final"))
+        << "a destroyed object gets no more messages";
     EXPECT_FALSE(first.Window() || second.Window());
 }
 
-TEST_F(Windows, AreNullWhenTheyWereDestroyedInTheirCreation) {
-    Noting object("object", notes_);
-    object.endsIn = WM_CREATE;
-    EXPECT_FALSE(Make(object));
+TEST_F(Window, IsNullIfDestroyedDuringCreation) {
+    LoggingWindow object("object", log_);
+    object.destroysIn = WM_CREATE;
+    EXPECT_FALSE(Create(object));
     EXPECT_FALSE(object.Window());
-    EXPECT_THAT(notes_, ElementsAre("object destroy", "object final"));
+    EXPECT_THAT(log_, ElementsAre("object destroy", "object final"));
 }
 
-// An object whose window ends inside a message still has that message to handle.
-TEST_F(Windows, TellTheirEndWhenNoMessageIsLeftInside) {
-    Noting first("first", notes_), second("second", notes_);
-    const HWND window = Make(first);
+// An object that destroys its window inside a message still has to handle that message.
+TEST_F(Window, SendsTheFinalMessageAfterAllNestedMessages) {
+    LoggingWindow first("first", log_), second("second", log_);
+    const HWND window = Create(first);
     second.SubclassWindow(window);
-    first.endsIn = kProbe;
+    first.destroysIn = kProbe;
     SendMessageW(window, kProbe, 0, 0);
-    EXPECT_THAT(notes_, ElementsAre("second probe", "second destroy", "first destroy", "first probe",
-                                    "first final", "second final"));
+    EXPECT_THAT(log_, ElementsAre("second probe", "second destroy", "first destroy", "first probe",
+                                  "first final", "second final"));
 }
 
-TEST_F(Windows, KeepTheOwnersOfTheirObjectsToTheEnd) {
+TEST_F(Window, RetainsTheOwnersOfItsObjects) {
     const long before = liveComObjects;
-    Noting object("object", notes_), owned("owned", notes_);
-    const HWND window = Make(object);
+    LoggingWindow object("object", log_), owned("owned", log_);
+    const HWND window = Create(object);
     owned.SubclassWindow(window, MakeCom<Recorder>().Get());
     EXPECT_EQ(liveComObjects, before + 1);
     DestroyWindow(window);

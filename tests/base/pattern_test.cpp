@@ -25,7 +25,7 @@ constexpr Case kCases[] = {
     {L"\\.dll$", L"x.dll.txt", kNothing},
     {L"\\\\e", L"a\\e", L"\\e"},
     {L"a.c", L"xabc", L"abc"},
-    // Ends.
+    // Anchors.
     {L"^a", L"ba", kNothing},
     {L"b^", L"ab^", L"b^"},
     {L"^a|b", L"cb", kNothing},
@@ -43,7 +43,7 @@ constexpr Case kCases[] = {
     {L"[\\w.\\z]+", L"-\\.aZ9wz!", L".aZ9wz"},
     {L"[^\\n]+", L"\nn.\r", L"n."},
     {L"[\\d-z]+", L"a1-z", L"1-z"},
-    // Repeats.
+    // Repetitions.
     {L"ab*", L"xabbb", L"abbb"},
     {L"ab?c", L"abbc ac", L"ac"},
     {L"a.*c", L"abcbcb", L"abcbc"},
@@ -59,7 +59,7 @@ constexpr Case kCases[] = {
     {L"{.}{.}\\1\\0", L"xabba", L"abba"},
     {L"a()b", L"ab", L"ab"},
     {L"({a}|b)\\0", L"bb", kNothing},
-    // Not.
+    // Negative look-ahead.
     {L"a!b", L"abac", L"a"},
     {L"a!b$", L"ab", kNothing},
     {L"^!(a|b)c", L"cb", L"c"},
@@ -79,7 +79,7 @@ constexpr Case kCases[] = {
     {L"\\x", L"axb", L"x"},
 };
 
-TEST(Pattern, Finds) {
+TEST(Pattern, MatchesTheLeftmostText) {
     for (const Case& c : kCases) {
         SCOPED_TRACE(Narrow(c.pattern) + " in " + Narrow(c.text));
         const auto pattern = Pattern::Compile(c.pattern);
@@ -90,7 +90,7 @@ TEST(Pattern, Finds) {
     }
 }
 
-TEST(PatternCompile, RefusesWhatIsNoExpression) {
+TEST(PatternCompile, RejectsSyntaxErrors) {
     for (const wchar_t* text : {L"(a", L"a)", L"{a", L"a}", L"[a", L"[", L"[z-a]", L"*a", L"a|+", L"\\",
                                 L"\\0", L"{a}\\1", L"!", L"[a-", L"[\\q]", L"[a-\\w]", L"[\\"}) {
         EXPECT_FALSE(Pattern::Compile(text)) << Narrow(text);
@@ -98,20 +98,20 @@ TEST(PatternCompile, RefusesWhatIsNoExpression) {
     EXPECT_FALSE(Pattern::Compile(std::wstring(100'000, L'(')));
 }
 
-TEST(PatternCaptures, AreInTheOrderOfTheirBraces) {
+TEST(PatternCaptures, AreOrderedByTheirOpeningBraces) {
     const std::wstring text = L"C:\\data\\img_042.png";
     const auto match = Pattern::Compile(L"{\\w}_{\\z}\\.({jpg}|{png})$")->Search(text);
     ASSERT_TRUE(match);
     ASSERT_EQ(match->captures.size(), 4u);
     EXPECT_EQ(match->captures[0]->In(text), L"img");
     EXPECT_EQ(match->captures[1]->In(text), L"042");
-    EXPECT_FALSE(match->captures[2]) << "an alternative that was given up leaves no capture";
+    EXPECT_FALSE(match->captures[2]) << "a failed alternative leaves no capture";
     EXPECT_EQ(match->captures[3]->In(text), L"png");
 }
 
 constexpr DWORD kSurvived = 1;
 
-// Runs `work` on a thread with the smallest stack that a program here gets.
+// Runs `work` on a thread with a stack of 1 MB, the smallest that the program has.
 void RunOnSmallStack(const std::function<void()>& work) {
     const LPTHREAD_START_ROUTINE run = [](void* given) -> DWORD {
         (*static_cast<const std::function<void()>*>(given))();
@@ -121,13 +121,13 @@ void RunOnSmallStack(const std::function<void()>& work) {
                                            STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
     ASSERT_TRUE(thread);
     WaitForSingleObject(thread.Get(), INFINITE);
-    DWORD answer = 0;
-    GetExitCodeThread(thread.Get(), &answer);
-    EXPECT_EQ(answer, kSurvived) << "an overflow of the stack may end the thread alone";
+    DWORD exitCode = 0;
+    GetExitCodeThread(thread.Get(), &exitCode);
+    EXPECT_EQ(exitCode, kSurvived) << "a stack overflow may end the thread only";
 }
 
-// Expressions made to run for ever, or to go deep: each ends soon, and has found nothing.
-TEST(PatternBounds, HoldForMaliciousExpressions) {
+// Expressions that would take exponential time or deep recursion end soon, and find nothing.
+TEST(PatternLimits, StopMaliciousExpressions) {
     const auto start = std::chrono::steady_clock::now();
     RunOnSmallStack([] {
         const std::wstring many(20'000, L'a');
@@ -142,14 +142,14 @@ TEST(PatternBounds, HoldForMaliciousExpressions) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
-TEST(PatternBounds, LeaveLongPathsAlone) {
+TEST(PatternLimits, AllowLongPaths) {
     EXPECT_TRUE(Pattern::Compile(L"^(a|b)+$")->Search(std::wstring(kPathLength, L'b')));
     EXPECT_TRUE(Pattern::Compile(L"^({a}|{b})+$")->Search(std::wstring(kPathLength, L'b')));
     const std::wstring path = L"C:" + std::wstring(30'000, L'x') + L".dll";
     EXPECT_TRUE(Pattern::Compile(L"^\\c:.*\\.dll$")->Search(path));
     EXPECT_TRUE(Pattern::Compile(L"\\.dll$")->Search(path));
     EXPECT_TRUE(Pattern::Compile(L":\\a+\\.(\\c)*$")->Search(path));
-    // Each character of a repeated choice costs depth, but a path has room for no more than this.
+    // Each character of a repeated group costs recursion, but no path is longer than this one.
     EXPECT_TRUE(Pattern::Compile(L"^(((a|x)|b)|c)+$")->Search(std::wstring(kPathLength, L'x')));
 }
 

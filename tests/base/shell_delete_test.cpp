@@ -5,13 +5,13 @@
 namespace tarvik {
 namespace {
 
-TEST(DeletedFolder, IsGoneWithAllItsContentsAndNothingElse) {
+TEST(DeleteFolder, DeletesTheContentsAndNothingElse) {
     const TempFolder tree;
     tree.Write(L"inner\\deep\\c.txt", "123");
     tree.Write(L"inner.txt", "1");
     DeleteFolder(tree / L"inner");
     EXPECT_FALSE(FileExists(tree / L"inner"));
-    // A name that leaves no room for both terminators is refused, not cut to another folder's name.
+    // A path that is too long is rejected, not truncated to that of another folder.
     DeleteFolder(tree.Path() + L"\\" + std::wstring(kPathLength, L'.'));
     EXPECT_TRUE(FileExists(tree / L"inner.txt"));
 }

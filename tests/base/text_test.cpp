@@ -10,7 +10,7 @@
 namespace tarvik {
 namespace {
 
-TEST(Text, QuotesArgumentsSoThatTheyAreReadAsTheyWere) {
+TEST(QuoteArgument, RoundTripsThroughTheCommandLine) {
     const wchar_t* const kArguments[] = {
         L"", L"plain", L"with blanks", L"C:\\folder\\", L"a\\\"b", L"\"", L"\\\\\"\\\\ \\", L"it's $x",
     };

@@ -8,12 +8,12 @@
 #include "script/worker_apartment.h"
 #include "tests/support/test.h"
 
-// What runs of real members do not come to.
+// Cases that no member of a plug-in can bring about.
 namespace tarvik {
 namespace {
 
-TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
-    const ObjectCheck nothingLeft;
+TEST(MarshaledObject, ReleasesAnUnusedReference) {
+    const ObjectCheck noLeaks;
     const auto function = MakeCom<Recorder>();
     const MarshaledObject dropped(function.Get());
     MarshaledObject replaced(function.Get());
@@ -21,32 +21,32 @@ TEST(ScriptTicket, LosesNothingWhenItIsDropped) {
     EXPECT_FALSE(MarshaledObject(static_cast<IDispatch*>(nullptr)).Get());
 }
 
-TEST(ScriptTicket, LosesNoObjectThatAFunctionReturns) {
-    const WorkerApartment workers;  // its end would drop what a worker has lost
-    const ObjectCheck nothingLeft;
+TEST(MarshaledObject, ReleasesObjectsThatAFunctionReturns) {
+    const WorkerApartment workers;  // the end of the apartment would release leaked references
+    const ObjectCheck noLeaks;
     const auto function =
         MakeCom<Recorder>([](const Recorder::Record&) { return Variant::Object(MakeCom<CObject>().Get()); });
-    MarshaledObject ticket(function.Get());
+    MarshaledObject marshaled(function.Get());
     OnWorker([&] {
-        EXPECT_EQ(CallScriptFunction(ticket.Get()), S_OK);
-        ticket = MarshaledObject();
+        EXPECT_EQ(CallScriptFunction(marshaled.Get()), S_OK);
+        marshaled = MarshaledObject();
     });
     EXPECT_EQ(function->calls.at(0).thread, GetCurrentThreadId());
 }
 
-TEST(ScriptTicket, FailsEachCallWhenItsThreadIsGone) {
-    MarshaledObject ticket;
+TEST(MarshaledObject, FailsCallsAfterItsApartmentHasEnded) {
+    MarshaledObject marshaled;
     std::thread([&] {
         CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        ticket = MarshaledObject(MakeCom<Recorder>().Get());
+        marshaled = MarshaledObject(MakeCom<Recorder>().Get());
         CoUninitialize();
     }).join();
-    OnWorker([&] { EXPECT_LT(CallScriptFunction(ticket.Get()), 0); });
+    OnWorker([&] { EXPECT_LT(CallScriptFunction(marshaled.Get()), 0); });
 }
 
-// Two workers that use one object must not meet in one proxy.
-TEST(ScriptTicket, LeadsToItsOwnProxyAndBackToTheObject) {
-    const ObjectCheck nothingLeft;
+// Two workers that use the same object must not share a proxy.
+TEST(MarshaledObject, HasItsOwnProxyAndUnwrapsArguments) {
+    const ObjectCheck noLeaks;
     const auto context = MakeCom<Recorder>();
     const auto function = MakeCom<Recorder>([&](const Recorder::Record& call) {
         EXPECT_EQ(call.arguments.at(0).pdispVal, context.Get());
@@ -58,9 +58,9 @@ TEST(ScriptTicket, LeadsToItsOwnProxyAndBackToTheObject) {
         MarshaledObject first = std::move(one), second = std::move(other);
         MarshaledValue taken = std::move(value);
         EXPECT_NE(Query<IUnknown>(first.Get()).Get(), Query<IUnknown>(second.Get()).Get());
-        Variant answer;
-        CallScriptFunction(first.Get(), {&taken.Get()}, &answer);
-        CallScriptFunction(second.Get(), {&answer});
+        Variant result;
+        CallScriptFunction(first.Get(), {&taken.Get()}, &result);
+        CallScriptFunction(second.Get(), {&result});
     });
     EXPECT_EQ(function->calls.size(), 2u);
 }
@@ -77,7 +77,7 @@ bool Start(IDispatch* options) {
     return StartTask(options, [](const Options& given) { return std::make_unique<Task>(given); });
 }
 
-TEST(AsyncTask, TellsAnyFailureAndTakesWhatIsNoFunctionAsAbsent) {
+TEST(AsyncTask, ReportsFailureAndIgnoresNonFunctionCallbacks) {
     const long before = liveComObjects;
     {
         const auto fail = MakeCom<Recorder>();
@@ -86,7 +86,7 @@ TEST(AsyncTask, TellsAnyFailureAndTakesWhatIsNoFunctionAsAbsent) {
         EXPECT_EQ(fail->Texts()[0], "I4 " + std::to_string(E_OUTOFMEMORY) + ", I4 7");
         EXPECT_TRUE(Start(OptionObject().Set(L"progress", L"text").Set(L"fail", nullptr)));
     }
-    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "something is left of a run";
+    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "a task leaks objects";
 }
 
 }  // namespace

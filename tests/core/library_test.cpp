@@ -5,7 +5,7 @@
 namespace tarvik {
 namespace {
 
-// A library's plug-in, with a member for each type of argument and result.
+// The plug-in of a library, with a member for each type of argument and result.
 class Sample : public Plugin<Sample> {
   public:
     static std::span<const Member<Sample>> Members() {
@@ -26,14 +26,14 @@ class Sample : public Plugin<Sample> {
     }
     double Half(double number) { return number / 2; }
     bool Not(bool value) { return !value; }
-    // Calls the object's `function` with its `value`.
+    // Calls the property `function` of the object with its property `value`.
     Variant Apply(const ScriptObject& options) {
         const auto function = options.Get<ScriptObject>(L"function");
         if (!function) throw StatusError(E_HANDLE);
         options.Set(L"seen", true);
         return (*function)(options.Get<int>(L"value"), 0.5, L"text", 3'000'000'000ll, options);
     }
-    // Calls the function on a thread until it fails.
+    // Calls the function from a worker until it fails.
     void Later(const ScriptObject& function) {
         ThrowIfFailed(StartWorker(std::make_unique<Caller>(function)));
     }
@@ -104,7 +104,7 @@ TEST_F(Library, CallsFunctionsOfOptionObjects) {
     EXPECT_EQ(CallText(plugin_.Get(), L"apply", nullptr), StatusText(E_HANDLE));
 }
 
-// As the functions of a page that has gone do.
+// Fails at its third call, like a function whose page has been destroyed.
 class FailingFunction : public Recorder {
   public:
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
@@ -114,8 +114,8 @@ class FailingFunction : public Recorder {
     }
 };
 
-TEST_F(Library, WorksOnAThreadWithoutThePluginUntilAFunctionFails) {
-    const long before = liveComObjects - 1;  // without the plug-in
+TEST_F(Library, RunsWorkersAfterThePluginIsReleased) {
+    const long before = liveComObjects;
     auto function = MakeCom<FailingFunction>();
     EXPECT_EQ(CallText(plugin_.Get(), L"later", function), "EMPTY");
     plugin_.Reset();
@@ -123,7 +123,7 @@ TEST_F(Library, WorksOnAThreadWithoutThePluginUntilAFunctionFails) {
     EXPECT_THAT(function->Texts(), ElementsAre("I4 1", "I4 2", "I4 3"));
     EXPECT_EQ(function->calls[0].thread, GetCurrentThreadId());
     function.Reset();
-    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "the worker keeps nothing";
+    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "the worker leaks objects";
 }
 
 }  // namespace

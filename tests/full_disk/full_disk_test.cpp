@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// More than the disk has room for, and of a kind that does not pack.
+// More bytes than the disk can hold, which do not compress.
 std::string Noise() {
     std::mt19937 random(1);
     std::string noise(3'000'000, '\0');
@@ -58,14 +58,14 @@ class FullDisk : public testing::Test {
     const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
 };
 
-TEST_F(FullDisk, LeavesNoHalfArchive) {
+TEST_F(FullDisk, LeavesNoPartialArchive) {
     OptionObject options;
     options.Set(L"src", source_.c_str()).Set(L"dest", place_.c_str());
     EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
     EXPECT_TRUE(IsDiskEmpty());
 }
 
-TEST_F(FullDisk, LeavesNoHalfProgram) {
+TEST_F(FullDisk, LeavesNoPartialProgram) {
     folder_.Write(L"app\\resource\\index.html", "<!doctype html>");
     const ConsoleProgram pack(L"tarvik-pack", {L"build", L"app", L"-o", place_}, folder_.Path());
     EXPECT_EQ(pack.Wait(), 1u);
@@ -82,18 +82,18 @@ TEST_F(FullDisk, FailsAnExtraction) {
     EXPECT_TRUE(IsDiskEmpty());
 }
 
-TEST_F(FullDisk, EndsAnUnpacking) {
+TEST_F(FullDisk, FailsUnzip) {
     OptionObject options;
     options.Set(L"src", folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}})).c_str());
     options.Set(L"dest", place_.c_str());
     EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"unzip", options).text,
               "fail: EMPTY, I4 " + std::to_string(E_FAIL));
-    EXPECT_TRUE(IsDiskEmpty()) << "the run had made the folder";
+    EXPECT_TRUE(IsDiskEmpty()) << "the operation did not remove the folder that it created";
 }
 
-TEST_F(FullDisk, LeavesNoHalfDownload) {
+TEST_F(FullDisk, LeavesNoPartialDownload) {
     const auto client = CallMember(Plugin(L"http").Get(), L"createClient");
-    // Of the last piece of the second one, the disk takes a part.
+    // The last chunk of the second file fits on the disk only in part.
     for (const size_t size : {noise_.size(), size_t{1'024'500}}) {
         const WebServer server([&](const WebExchange& exchange) { exchange.Answer(noise_.substr(0, size)); });
         OptionObject options;
@@ -103,7 +103,7 @@ TEST_F(FullDisk, LeavesNoHalfDownload) {
     }
 }
 
-TEST_F(FullDisk, EndsTransfersAndKeepsWhatIsWritten) {
+TEST_F(FullDisk, FailsTransfersAndKeepsWrittenBytes) {
     const auto stream = Plugin(L"stream"), file = Plugin(L"fileIO");
     Query<TVK::IStream>(stream.Get())->Write(noise_.data(), static_cast<uint32_t>(noise_.size()), nullptr);
     for (const bool async : {false, true}) {
@@ -115,7 +115,7 @@ TEST_F(FullDisk, EndsTransfersAndKeepsWhatIsWritten) {
             EXPECT_EQ(RunToEnd(file.Get(), L"writeAsync", options).text, FailText(kDiskFull));
         } else {
             const ULONG moved = CallMember(file.Get(), L"write", stream, 3'000'000).value.ulVal;
-            EXPECT_EQ(moved, fs::file_size(place_)) << "what the member tells is what is there";
+            EXPECT_EQ(moved, fs::file_size(place_)) << "the result is not the number of bytes written";
         }
         CallMember(file.Get(), L"close");
         EXPECT_GT(fs::file_size(place_), 900'000u);
@@ -123,7 +123,7 @@ TEST_F(FullDisk, EndsTransfersAndKeepsWhatIsWritten) {
     }
 }
 
-TEST_F(FullDisk, EndsCopiesAndLosesNoSource) {
+TEST_F(FullDisk, FailsCopiesAndKeepsTheSource) {
     const auto file = Plugin(L"file");
     for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
         OptionObject options;
@@ -133,7 +133,7 @@ TEST_F(FullDisk, EndsCopiesAndLosesNoSource) {
     }
     EXPECT_EQ(CallText(file.Get(), L"copy", source_.c_str(), place_.c_str()), "BOOL false");
     fs::remove(place_);
-    // What Wine's shell answers to a move that could not be made is no failure.
+    // The result is ignored, because Wine's shell reports success for a failed move.
     CallMember(file.Get(), L"move", source_.c_str(), place_.c_str());
     EXPECT_TRUE(ReadFileBytes(source_) == noise_);
 }

@@ -6,7 +6,7 @@
 namespace tarvik {
 namespace {
 
-TEST(BrowserHost, SwallowsTheKeysOfABrowser) {
+TEST(BrowserHost, SwallowsBrowserAccelerators) {
     EXPECT_TRUE(IsSwallowedKey(VK_OEM_PLUS, true, false));
     EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, false, false));
     EXPECT_FALSE(IsSwallowedKey(VK_OEM_PLUS, true, true)) << "AltGr";

@@ -28,13 +28,13 @@ constexpr Resolution kResolutions[] = {
     {L"", L"c.html", L"c.html"},
 };
 
-TEST(PageAddress, ResolvesAgainstTheLocationOfThePage) {
+TEST(ResolveAgainst, ResolvesUrlsAndPaths) {
     for (const auto& row : kResolutions) {
         EXPECT_EQ(ResolveAgainst(row.url, row.location), row.page) << Narrow(row.location);
     }
 }
 
-TEST(PageAddress, TakesUrlsAndFilesThatExist) {
+TEST(PageAddress, AcceptsUrlsAndExistingFiles) {
     const TempFolder folder;
     const std::wstring page = folder.Write(L"page.html", "");
     EXPECT_EQ(PageAddress(page), page);
@@ -45,9 +45,9 @@ TEST(PageAddress, TakesUrlsAndFilesThatExist) {
         EXPECT_EQ(PageAddress(missing), L"") << Narrow(missing);
 }
 
-TEST(PageAddress, MakesAUrlOfAPathWithAHash) {
+TEST(PageAddress, ConvertsPathsWithAHashToUrls) {
     const TempFolder folder;
-    folder.Write(L"C\\page.html", "");  // the folder's name up to its hash
+    folder.Write(L"C\\page.html", "");  // the folder that is found if the path is cut at the hash
     EXPECT_EQ(PageAddress(folder / L"C# %41\\page.html"), L"");
     const std::wstring page = folder.Write(L"C# %41\\page.html", "");
     for (const wchar_t* fragment : {L"", L"#/route?x=1"}) {

@@ -9,9 +9,9 @@
 namespace tarvik {
 namespace {
 
-// Notes what all plug-ins of the test were told, each under its number.
-std::vector<std::string> told;
-int made = 0;
+// The events of all plug-in objects of the test, with the number of the object.
+std::vector<std::string> events;
+int created = 0;
 
 class CFake : public TablePlugin<CFake> {
   public:
@@ -19,19 +19,19 @@ class CFake : public TablePlugin<CFake> {
     static std::span<const Member<CFake>> Members() { return {}; }
 
     STDMETHODIMP Initialize(TVK::ICore*, IUnknown* browser) override {
-        return Tell(Query<IWebBrowser2>(browser) ? "initialize with browser" : "initialize"), E_FAIL;
+        return Log(Query<IWebBrowser2>(browser) ? "initialize with browser" : "initialize"), E_FAIL;
     }
-    STDMETHODIMP OnNavigateComplete(void*) override { return Tell("navigate"), E_FAIL; }
-    STDMETHODIMP OnDocumentComplete(void*) override { return Tell("document"), E_FAIL; }
+    STDMETHODIMP OnNavigateComplete(void*) override { return Log("navigate"), E_FAIL; }
+    STDMETHODIMP OnDocumentComplete(void*) override { return Log("document"), E_FAIL; }
 
   protected:
-    void Tell(const char* what) { told.push_back(std::to_string(number_) + " " + what); }
-    const int number_ = ++made;
+    void Log(const char* event) { events.push_back(std::to_string(number_) + " " + event); }
+    const int number_ = ++created;
 };
 
 class CThrowing : public CFake {
   public:
-    STDMETHODIMP OnNavigateComplete(void*) override { return Tell("throws"), throw 1, S_OK; }
+    STDMETHODIMP OnNavigateComplete(void*) override { return Log("throws"), throw 1, S_OK; }
 };
 
 HRESULT STDAPICALLTYPE Throwing(REFIID, void**) {
@@ -43,18 +43,18 @@ HRESULT STDAPICALLTYPE Broken(REFIID, void** out) {
     return E_ABORT;
 }
 
-[[maybe_unused]] const bool registered = RegisterBuiltIn<CFake>(L"kept", TVK::kRetainedPlugin) &&
-                                         RegisterBuiltIn<CFake>(L"alsoKept", TVK::kRetainedPlugin) &&
-                                         RegisterBuiltIn<CFake>(L"fresh", TVK::kTransientPlugin) &&
-                                         RegisterBuiltIn<CThrowing>(L"loud", TVK::kRetainedPlugin) &&
+[[maybe_unused]] const bool registered = RegisterBuiltIn<CFake>(L"retained", TVK::kRetainedPlugin) &&
+                                         RegisterBuiltIn<CFake>(L"alsoRetained", TVK::kRetainedPlugin) &&
+                                         RegisterBuiltIn<CFake>(L"transient", TVK::kTransientPlugin) &&
+                                         RegisterBuiltIn<CThrowing>(L"throwsLater", TVK::kRetainedPlugin) &&
                                          RegisterPlugin(L"broken", Broken, TVK::kRetainedPlugin) == S_OK &&
                                          RegisterPlugin(L"throwing", Throwing, TVK::kTransientPlugin) == S_OK;
 
 class PluginManage : public testing::Test {
   protected:
     PluginManage() {
-        told.clear();
-        made = 0;
+        events.clear();
+        created = 0;
     }
 
     DISPID Create(CPluginManage& plugins, const wchar_t* name) {
@@ -66,14 +66,14 @@ class PluginManage : public testing::Test {
     CPluginManage plugins_;
 };
 
-// More plug-ins than there are numbers before those of loadPlugin and createWindow.
-TEST_F(PluginManage, PassesByTheNumbersOfExternalsOwnMembers) {
-    CPluginManage other;  // the numbers are of the process
-    DISPID last = Create(plugins_, L"kept");
+// Creates so many plug-ins that their ids pass those of loadPlugin and createWindow.
+TEST_F(PluginManage, SkipsTheIdsOfOtherMembersOfExternal) {
+    CPluginManage other;  // the process has one sequence of ids
+    DISPID last = Create(plugins_, L"retained");
     EXPECT_LE(last, -6001);
     while (last > -7001) {
         other.Reset();
-        const DISPID next = Create(other, L"kept");
+        const DISPID next = Create(other, L"retained");
         ASSERT_LT(next, last);
         ASSERT_TRUE(next != -6998 && next != -6999);
         last = next;
@@ -81,18 +81,18 @@ TEST_F(PluginManage, PassesByTheNumbersOfExternalsOwnMembers) {
 }
 
 TEST_F(PluginManage, VisitsTheNewestFirst) {
-    Create(plugins_, L"kept");
-    Create(plugins_, L"fresh");
-    Create(plugins_, L"loud");
-    told.clear();
+    Create(plugins_, L"retained");
+    Create(plugins_, L"transient");
+    Create(plugins_, L"throwsLater");
+    events.clear();
     plugins_.ForEachPlugin([this](TVK::IPlugin* plugin) {
         plugin->OnNavigateComplete(nullptr);
-        plugins_.Reset();  // a window may close in the middle
+        plugins_.Reset();  // the window may be closed during a visit
     });
-    EXPECT_THAT(told, ElementsAre("3 throws", "1 navigate"));
+    EXPECT_THAT(events, ElementsAre("3 throws", "1 navigate"));
 }
 
-// The object that pages see, without a window.
+// The object `external` without a window.
 class External : public PluginManage {
   protected:
     External() { host_->GetExternal(external_.GetAddressOf()); }
@@ -101,7 +101,7 @@ class External : public PluginManage {
     ComPtr<IDispatch> external_;
 };
 
-TEST_F(External, GivesPluginsByName) {
+TEST_F(External, ReturnsPluginsByName) {
     IDispatch* const external = external_.Get();
     DISPID id = 0;
     for (const auto& [name, expected] :
@@ -113,32 +113,32 @@ TEST_F(External, GivesPluginsByName) {
     EXPECT_THAT(IdOf(external, L"broken", &id), HasStatus(E_ABORT));
     EXPECT_THAT(IdOf(external, L"throwing", &id), HasStatus(E_FAIL));
     EXPECT_THAT(IdOf(external, nullptr, &id), HasStatus(E_INVALIDARG));
-    EXPECT_EQ(GetText(external, L"kept"), "UNKNOWN");
-    EXPECT_EQ(made, 1);
-    GetMember(external, L"fresh");
-    EXPECT_EQ(made, 3) << "the first read makes one for the name and one for script";
-    GetMember(external, L"fresh");
-    EXPECT_EQ(made, 4);
-    EXPECT_EQ(CallText(external, L"kept"), StatusText(E_NOTIMPL));
+    EXPECT_EQ(GetText(external, L"retained"), "UNKNOWN");
+    EXPECT_EQ(created, 1);
+    GetMember(external, L"transient");
+    EXPECT_EQ(created, 3) << "the first read creates one object to look up the name and one for script";
+    GetMember(external, L"transient");
+    EXPECT_EQ(created, 4);
+    EXPECT_EQ(CallText(external, L"retained"), StatusText(E_NOTIMPL));
     EXPECT_EQ(GetText(external, L"loadPlugin"), "EMPTY");
     ComPtr<IDispatch> plugin;
     EXPECT_THAT(host_->GetPlugin(L"none", plugin.GetAddressOf()), HasStatus(DISP_E_TYPEMISMATCH));
-    EXPECT_THAT(host_->GetPlugin(L"kept", nullptr), HasStatus(E_INVALIDARG));
+    EXPECT_THAT(host_->GetPlugin(L"retained", nullptr), HasStatus(E_INVALIDARG));
     host_->Close();
 }
 
-TEST_F(External, TellsALatePluginWhatItMissed) {
-    GetMember(external_.Get(), L"kept");
+TEST_F(External, SendsMissedEventsToLatePlugins) {
+    GetMember(external_.Get(), L"retained");
     host_->OnBrowserEvent(252);
-    GetMember(external_.Get(), L"alsoKept");
+    GetMember(external_.Get(), L"alsoRetained");
     EXPECT_THAT(host_->OnBrowserEvent(259), HasStatus(S_OK));
-    told.clear();
-    GetMember(external_.Get(), L"fresh");
-    EXPECT_THAT(told, ElementsAre("3 initialize", "3 navigate", "3 document", "4 initialize"));
-    told.clear();
+    events.clear();
+    GetMember(external_.Get(), L"transient");
+    EXPECT_THAT(events, ElementsAre("3 initialize", "3 navigate", "3 document", "4 initialize"));
+    events.clear();
     host_->OnBrowserEvent(252);
     host_->OnBrowserEvent(263);
-    EXPECT_THAT(told, ElementsAre("2 navigate", "1 navigate"));
+    EXPECT_THAT(events, ElementsAre("2 navigate", "1 navigate"));
     host_->Close();
 }
 

@@ -16,7 +16,7 @@ class BrowserWindow : public testing::Test {
     BrowserWindow() { appModule.AddMessageLoop(&loop_); }
     ~BrowserWindow() override { appModule.RemoveMessageLoop(); }
 
-    // Makes a browser window, shows it, gives it another size and the focus.
+    // Creates a browser window, shows it, resizes it and sets the focus.
     void Use(CWebBrowser* browser) const {
         const HWND window = browser->CreateHidden(nullptr, page_.c_str());
         EXPECT_EQ(IsWindow(window) != FALSE, window != nullptr);
@@ -33,8 +33,8 @@ class BrowserWindow : public testing::Test {
     const std::wstring page_ = folder_.Write(L"page.html", "<html></html>");
 };
 
-TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
-    const ObjectCheck nothingLeft;
+TEST_F(BrowserWindow, IsNotCreatedIfThePageDoesNotExist) {
+    const ObjectCheck noLeaks;
     DebugChannel channel;
     for (const std::wstring& page : {folder_ / L"none.html", std::wstring()})
         EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, page.c_str()));
@@ -42,7 +42,7 @@ TEST_F(BrowserWindow, IsNotMadeWithoutItsPage) {
                                            testing::StartsWith("A relative URL")));
 }
 
-// The system's class of web browser controls, with what happens before one is made.
+// The class factory of the system's web browser control, which closes a window before it creates one.
 class ClosingClass : public ComObject<IClassFactory> {
   public:
     explicit ClosingClass(CWebBrowser* closed) : closed_(closed) {
@@ -61,8 +61,8 @@ class ClosingClass : public ComObject<IClassFactory> {
     ComPtr<IClassFactory> system_;
 };
 
-TEST_F(BrowserWindow, MayCloseBeforeItsControlIsMade) {
-    const ObjectCheck nothingLeft;
+TEST_F(BrowserWindow, MayBeClosedBeforeItsControlIsCreated) {
+    const ObjectCheck noLeaks;
     const auto browser = MakeCom<CWebBrowser>();
     DWORD cookie = 0;
     CoRegisterClassObject(CLSID_WebBrowser, MakeCom<ClosingClass>(browser.Get()).Get(), CLSCTX_INPROC_SERVER,
@@ -71,46 +71,46 @@ TEST_F(BrowserWindow, MayCloseBeforeItsControlIsMade) {
     CoRevokeClassObject(cookie);
 }
 
-// Closed in the calls that make and use it, as script of its page could close it: at each moment of which the
-// system tells.
-TEST_F(BrowserWindow, MayCloseAtAnyMoment) {
+// Closes the window inside the calls that create and use it, as script could: at each event of a CBT hook in
+// turn.
+TEST_F(BrowserWindow, MayBeClosedAtAnyTime) {
     static CWebBrowser* closed;
     static int left;
-    const HOOKPROC onMoment = [](int, WPARAM, LPARAM) -> LRESULT {
+    const HOOKPROC onEvent = [](int, WPARAM, LPARAM) -> LRESULT {
         if (left-- == 0) DestroyWindow(closed->GetWindowHandle());
         return 0;
     };
     const long before = liveComObjects;
-    int moments = 0;
+    int events = 0;
     do {
         const auto browser = MakeCom<CWebBrowser>();
         closed = browser.Get();
-        left = moments;
-        const HHOOK hook = SetWindowsHookExW(WH_CBT, onMoment, nullptr, GetCurrentThreadId());
+        left = events;
+        const HHOOK hook = SetWindowsHookExW(WH_CBT, onEvent, nullptr, GetCurrentThreadId());
         Use(browser.Get());
         UnhookWindowsHookEx(hook);
-    } while (left < 0 && ++moments < 100);
+    } while (left < 0 && ++events < 100);
     EXPECT_EQ(liveComObjects, before);
-    EXPECT_GT(moments, 5);
-    EXPECT_LT(moments, 100);
-    // No filter of a window that is gone is asked.
+    EXPECT_GT(events, 5);
+    EXPECT_LT(events, 100);
+    // A message filter of a destroyed window would crash here.
     PostMessageW(nullptr, WM_APP, 0, 0);
     PostQuitMessage(0);
     loop_.Run();
 }
 
-// Each plug-in of the window keeps itself, as a function or with one.
-TEST_F(BrowserWindow, IsNotKeptByWhatScriptGaveItsPlugins) {
-    const ObjectCheck nothingLeft;
+// Creates reference cycles: each plug-in of the window stores itself as a function, or as the context of one.
+TEST_F(BrowserWindow, ReleasesPluginsDespiteReferenceCycles) {
+    const ObjectCheck noLeaks;
     const auto browser = MakeCom<CWebBrowser>();
     const HWND window = browser->CreateHidden(nullptr, page_.c_str());
-    ComPtr<IDispatch> kept[5];
+    ComPtr<IDispatch> plugins[5];
     const wchar_t* const names[] = {L"window", L"tray", L"hotkey", L"dragfile", L"menu"};
     for (size_t i = 0; i < std::size(names); ++i)
-        ASSERT_EQ(browser->GetPlugin(names[i], kept[i].GetAddressOf()), S_OK);
-    const auto& [main, tray, hotkey, dragfile, menu] = kept;
+        ASSERT_EQ(browser->GetPlugin(names[i], plugins[i].GetAddressOf()), S_OK);
+    const auto& [main, tray, hotkey, dragfile, menu] = plugins;
     const auto function = MakeCom<Recorder>();
-    const auto keep = [&] {
+    const auto createCycles = [&] {
         const Outgoing msg = GetMember(main.Get(), L"msg");
         CallMember(msg.value.pdispVal, L"registerMsg", L"name", function, main);
         CallMember(hotkey.Get(), L"set", L"ctrl+alt+f5", function, hotkey);
@@ -118,7 +118,7 @@ TEST_F(BrowserWindow, IsNotKeptByWhatScriptGaveItsPlugins) {
         PutMember(main.Get(), L"onClose", main);
         PutMember(tray.Get(), L"onClick", tray);
     };
-    keep();
+    createCycles();
     const Outgoing bar = CallMember(menu.Get(), L"createMenu", L"windowMenu");
     const OptionObject item;
     item.Set(L"name", L"item").Set(L"callback", function).Set(L"context", main);
@@ -126,12 +126,11 @@ TEST_F(BrowserWindow, IsNotKeptByWhatScriptGaveItsPlugins) {
     PutMember(main.Get(), L"menu", bar.value.pdispVal);
     DestroyWindow(window);
     PumpOnce();
-    keep();
+    createCycles();
     PutMember(main.Get(), L"menu", bar.value.pdispVal);
 }
 
-// Addresses that the page asks new windows for are not opened by the control.
-TEST_F(BrowserWindow, CancelsTheControlsNewWindows) {
+TEST_F(BrowserWindow, CancelsNewWindowsOfTheControl) {
     VARIANT_BOOL cancel = VARIANT_FALSE;
     VARIANT arguments[5] = {};
     arguments[3].vt = VT_BOOL | VT_BYREF;

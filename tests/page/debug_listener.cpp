@@ -5,7 +5,7 @@
 namespace tarvik {
 
 DebugListener::DebugListener() : stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-    EXPECT_TRUE(output_) << "somebody else listens";
+    EXPECT_TRUE(output_) << "another program receives the debugger output";
     Start();
 }
 
@@ -37,12 +37,12 @@ void DebugListener::CatchUp() {
 
 void DebugListener::Listen() {
     const HANDLE events[] = {output_->Ready(), stop_.Get()};
-    // What is there is heard before the stop.
+    // Of two signaled events the first counts, so all pending messages are received before the stop.
     while (WaitForMultipleObjects(2, events, FALSE, INFINITE) == WAIT_OBJECT_0)
-        Hear(output_->Take());
+        Receive(output_->Take());
 }
 
-void DebugListener::Hear(DebugMessage message) {
+void DebugListener::Receive(DebugMessage message) {
     if (message.text.ends_with('\n')) message.text.pop_back();
     const std::lock_guard lock(lock_);
     lines_.push_back({message.process, std::move(message.text)});

@@ -14,9 +14,9 @@
 
 namespace tarvik {
 
-// Hears what processes write to the debugger's channel, as a viewer of such output does, while the object
-// lives. There can be one such listener at a time in a session, so all programs of a test share it. Being a
-// debugger would hear it too, but Wine's exceptions of C++ do not survive one.
+// Receives the texts that other processes write with OutputDebugString, as a viewer of such output does. A
+// session can have one listener at a time, so all programs of a test share it. (A debugger would receive the
+// texts, too, but under Wine C++ exceptions do not work in a debugged process.)
 class DebugListener {
   public:
     static std::shared_ptr<DebugListener> Shared();
@@ -24,9 +24,9 @@ class DebugListener {
     DebugListener();
     ~DebugListener();
 
-    // The texts of a process so far, without the line ends.
+    // The texts of a process so far, without line ends.
     std::vector<std::string> Lines(DWORD process) const;
-    // Hears what is on its way from processes that have ended.
+    // Receives the pending texts of processes that have ended.
     void CatchUp();
 
   private:
@@ -37,7 +37,7 @@ class DebugListener {
     void Start();
     void Stop();
     void Listen();
-    void Hear(DebugMessage message);
+    void Receive(DebugMessage message);
 
     std::optional<DebugOutput> output_ = DebugOutput::Open();
     UniqueHandle stop_;

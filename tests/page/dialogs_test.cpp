@@ -1,4 +1,4 @@
-// The dialogs that pages and their errors raise, answered as a person would.
+// The dialogs that pages and script errors open, driven as a user would.
 
 #include "tarvik/text.h"
 #include "tests/page/program.h"
@@ -11,21 +11,21 @@ constexpr int kBoxText = 0xFFFF;
 
 class Dialogs : public ProgramTest {
   protected:
-    // Presses a button of the dialog that is there or will come.
+    // Waits for a dialog and presses a button of it.
     void Press(int button) {
         const HWND dialog = program_.Dialog();
         ASSERT_TRUE(dialog);
         EXPECT_TRUE(tarvik::Press(dialog, button));
     }
 
-    // The page has gone on, and the program ends well.
+    // Expects the page to continue and to quit the program.
     void ExpectEnd(const std::vector<std::string>& lines) {
         EXPECT_EQ(program_.Wait(), 5u);
         EXPECT_EQ(program_.Lines(), lines);
     }
 };
 
-TEST_F(Dialogs, WaitForTheirAnswers) {
+TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
     Open(
         "external.window.title = 'Owner'; _alert('Hello \\u00e4\\n& goodbye');"
         "console.log('' + confirm('Really?')); console.log('' + confirm('Really not?'));"
@@ -50,7 +50,7 @@ TEST_F(Dialogs, WaitForTheirAnswers) {
     ExpectEnd({"true", "false", "Some \"body\"", "null"});
 }
 
-// Pages have a box of the plug-in's in place of the engine's.
+// For pages, alert is a message box of the plug-in `window` instead of the engine's.
 TEST_F(Dialogs, AlertHasTheTitleOfItsWindow) {
     Open(
         "external.window.title = 'Owner'; alert('x'); alert(5, 'error', 'Other');"
@@ -66,7 +66,7 @@ TEST_F(Dialogs, AlertHasTheTitleOfItsWindow) {
     ExpectEnd({"after"});
 }
 
-TEST_F(Dialogs, AnErrorMayEndTheScriptsOfItsPage) {
+TEST_F(Dialogs, NoStopsTheScriptsOfThePage) {
     Open("var n = 0; setInterval(function () { console.log('tick'); }, 20); nobody.knows();");
     ASSERT_TRUE(program_.WaitForLine("tick"));
     Press(IDNO);
@@ -80,8 +80,8 @@ TEST_F(Dialogs, AnErrorMayEndTheScriptsOfItsPage) {
     EXPECT_EQ(program_.Windows().size(), 1u);
 }
 
-// One after the other, however fast they are raised, while scripts go on.
-TEST_F(Dialogs, EachErrorIsShown) {
+// Errors are shown one after the other, while scripts continue to run.
+TEST_F(Dialogs, ShowEveryError) {
     Open(
         "setTimeout(function () { missing1(); }); setTimeout(function () { missing2(); });"
         "setTimeout(function () { console.log('later'); }, 50);\n\nmissing0();");
@@ -95,7 +95,7 @@ TEST_F(Dialogs, EachErrorIsShown) {
     }
 }
 
-TEST_F(Dialogs, ErrorsAreSilentWhereThePageSaysSo) {
+TEST_F(Dialogs, ShowNoErrorsIfThePageDisablesThem) {
     Open(
         "console.showJsError = false; setTimeout(function () { console.showJsError = true; loud(); }, 500);"
         "silent();");
@@ -104,9 +104,9 @@ TEST_F(Dialogs, ErrorsAreSilentWhereThePageSaysSo) {
     Press(IDYES);
 }
 
-// A run whose callback fails, and holds up its window so long that it serves all messages meanwhile, must not
-// wait for the person.
-TEST_F(Dialogs, RunsGoOnBehindAnError) {
+// An operation must not wait for the user if its callback fails. The callback here also blocks the page so
+// long that the host pumps all messages meanwhile.
+TEST_F(Dialogs, DoNotBlockOperations) {
     Open(
         "document.addEventListener('fail', function () { missing(); });"
         "external.file.enumFiles({ path: 'resource', callback: function () {"
@@ -118,8 +118,7 @@ TEST_F(Dialogs, RunsGoOnBehindAnError) {
     Press(IDYES);
 }
 
-// A window with a dialog waits; others do not.
-TEST_F(Dialogs, OthersGoOnBehindADialog) {
+TEST_F(Dialogs, DoNotBlockOtherWindows) {
     Write(L"child.html",
           "var n = 0; setInterval(function () {"
           "external.window.title = 'child ' + ++n; if (n === 20) console.log('twenty'); }, 20)");
@@ -131,7 +130,7 @@ TEST_F(Dialogs, OthersGoOnBehindADialog) {
     ExpectEnd({"twenty", "after"});
 }
 
-TEST_F(Dialogs, AWindowThatClosesTakesItsDialogAlong) {
+TEST_F(Dialogs, CloseWithTheirWindow) {
     Open("external.window.title = 'Owner'; _alert('stop'); console.log('after');");
     ASSERT_TRUE(program_.Dialog());
     EXPECT_TRUE(Close(program_.WindowTitled(L"Owner")));

@@ -1,4 +1,4 @@
-// Files that a person drags from another program onto a page.
+// Files that the user drags from another program onto a page.
 
 #include <shlobj.h>
 
@@ -13,25 +13,25 @@
 namespace tarvik {
 namespace {
 
-// Ends the drag when the button is up, and keeps what the target answers.
+// Ends the drag when the button is released, and stores the effect that the target returns.
 class Source : public ComObject<IDropSource> {
   public:
     STDMETHODIMP QueryContinueDrag(BOOL escape, DWORD keys) override {
-        isUnderWay = true;
+        isDragging = true;
         if (escape) return DRAGDROP_S_CANCEL;
         return keys & MK_LBUTTON ? S_OK : DRAGDROP_S_DROP;
     }
     STDMETHODIMP GiveFeedback(DWORD effect) override {
-        answer = effect;
+        lastEffect = effect;
         return DRAGDROP_S_USEDEFAULTCURSORS;
     }
 
-    std::atomic<bool> isUnderWay{false};
-    std::atomic<DWORD> answer{0};
+    std::atomic<bool> isDragging{false};
+    std::atomic<DWORD> lastEffect{0};
 };
 
-// Files of one folder as the desktop gives them.
-ComPtr<IDataObject> FilesOfDesk(const std::vector<std::wstring>& paths) {
+// The shell's data object for files of one folder.
+ComPtr<IDataObject> ShellFiles(const std::vector<std::wstring>& paths) {
     ComPtr<IShellFolder> folder;
     std::vector<PIDLIST_ABSOLUTE> items;
     std::vector<PCUITEMID_CHILD> names;
@@ -49,10 +49,10 @@ ComPtr<IDataObject> FilesOfDesk(const std::vector<std::wstring>& paths) {
     return files;
 }
 
-class DraggedOntoAPage : public ProgramTest {
+class DraggedFiles : public ProgramTest {
   protected:
-    // Four strips of 60 pixels: bound, inside of a bound one, inside of a second one without an id, and not
-    // bound.
+    // Opens a page of four strips of 60 pixels: bound, bound inside a bound one, without an id inside a bound
+    // one, and not bound.
     void OpenStrips() {
         program_.Folder().Write(
             L"work\\resource\\index.html",
@@ -75,24 +75,25 @@ class DraggedOntoAPage : public ProgramTest {
             return PixelOnScreen(InnermostWindow(window), {300, 30}) == RGB(0, 0xaa, 0);
         }));
     }
-    // What the page answers on the way, and how the drag ends.
+    // Returns the effect that the page returned while the files were over it, and the status of the drag.
     std::pair<DWORD, HRESULT> DragTo(LONG y, const std::vector<std::wstring>& paths) {
         const auto source = MakeCom<Source>();
-        const auto files = FilesOfDesk(paths);
-        DWORD answer = 0;
+        const auto files = ShellFiles(paths);
+        DWORD effectOverPage = 0;
         std::atomic<bool> isOver{false};
         SetForegroundWindow(desk_.Get());
         Send(MoveOf({50, 50}));
         Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
         PumpUntil([] { return GetKeyState(VK_LBUTTON) < 0; });
         std::thread person([&] {
-            WaitFor([&] { return source->isUnderWay.load(); });
+            WaitFor([&] { return source->isDragging.load(); });
             for (const LONG x : {220, 240, 260, 280}) {
                 Send(MoveOf({x, 150 + y}));
                 Sleep(150);
             }
-            answer = source->answer;
-            // Under Wine the drag hears of the button in the foreground only, which may have been taken away.
+            effectOverPage = source->lastEffect;
+            // Under Wine the drag gets the release of the button only in the foreground, which it may have
+            // lost.
             for (; !isOver; Sleep(300)) {
                 SetForegroundWindow(desk_.Get());
                 Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
@@ -102,22 +103,22 @@ class DraggedOntoAPage : public ProgramTest {
         const HRESULT status = DoDragDrop(files.Get(), source.Get(), DROPEFFECT_COPY, &effect);
         isOver = true;
         person.join();
-        return {answer, status};
+        return {effectOverPage, status};
     }
 
     const UniqueWindow desk_{CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"Desk", WS_POPUP | WS_VISIBLE, 20, 20,
                                              100, 100, nullptr, nullptr, nullptr, nullptr)};
 };
 
-TEST_F(DraggedOntoAPage, GoToTheNearestElementThatIsBound) {
+TEST_F(DraggedFiles, AreDroppedOnTheNearestBoundElement) {
     OpenStrips();
-    const std::pair taken(static_cast<DWORD>(DROPEFFECT_COPY), DRAGDROP_S_DROP);
+    const std::pair accepted(static_cast<DWORD>(DROPEFFECT_COPY), DRAGDROP_S_DROP);
     const std::wstring first = program_.Folder().Write(L"a.txt", "");
     const std::wstring second = program_.Folder().Write(L"b c.txt", "");
-    EXPECT_EQ(DragTo(90, {first, second}), taken);
+    EXPECT_EQ(DragTo(90, {first, second}), accepted);
     EXPECT_TRUE(program_.WaitForLine("inner " + Narrow(first) + "|" + Narrow(second) + " undefined"));
     EXPECT_EQ(DragTo(210, {first}).first, static_cast<DWORD>(DROPEFFECT_NONE));
-    EXPECT_EQ(DragTo(130, {second}), taken);
+    EXPECT_EQ(DragTo(130, {second}), accepted);
     EXPECT_TRUE(program_.WaitForLine("outer " + Narrow(second) + " 7"));
     EXPECT_EQ(program_.Lines().size(), 2u);
 }

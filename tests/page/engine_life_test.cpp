@@ -1,4 +1,4 @@
-// The engine's processes as seen from outside: what the program does without them, and that they end with it.
+// The engine's processes: the program without them, and their end with the program.
 
 #include <algorithm>
 
@@ -15,26 +15,27 @@ std::string NoticeIn(HWND window) {
 
 using Process = EngineProcesses::Process;
 
-// Whether something dark is written on pale paper in the middle of a window.
+// Whether there are dark pixels on a light background in the middle of a window.
 bool ShowsText(HWND window) {
-    constexpr int kPale = 230, kDark = 150;
+    constexpr int kLight = 230, kDark = 150;
     RECT area = {};
     GetClientRect(window, &area);
-    if (GetGValue(PixelOnScreen(window, {2, 2})) < kPale) return false;
-    int inked = 0;
+    if (GetGValue(PixelOnScreen(window, {2, 2})) < kLight) return false;
+    int darkPixels = 0;
     for (LONG y = -10; y < 10; ++y)
         for (LONG x = -50; x < 50; ++x)
-            inked += GetGValue(PixelOnScreen(window, {area.right / 2 + x, area.bottom / 2 + y})) < kDark;
-    return inked > 50;
+            darkPixels += GetGValue(PixelOnScreen(window, {area.right / 2 + x, area.bottom / 2 + y})) < kDark;
+    return darkPixels > 50;
 }
 
 class EngineLife : public ProgramTest {
   protected:
     void SetUp() override {
-        if (!EngineProcesses::CanBeSeen()) GTEST_SKIP() << "the engine's processes are seen under Wine only";
+        if (!EngineProcesses::CanBeSeen())
+            GTEST_SKIP() << "the engine's processes are visible under Wine only";
     }
 
-    // A window that shows its page.
+    // Opens a window and waits until it shows its page.
     HWND OpenShown(const std::string& script = "") {
         Open("external.window.title = 'Engine'; external.window.show(true);" + script);
         const HWND window = program_.WindowTitled(L"Engine");
@@ -43,7 +44,7 @@ class EngineLife : public ProgramTest {
         return window;
     }
 
-    // The window that comes without a page.
+    // Opens a window with this engine, which fails to show the page.
     HWND OpenWith(const std::wstring& browser) {
         program_.SetVariable(L"TARVIK_BROWSER", browser);
         Open("external.window.quit(9)");
@@ -63,20 +64,20 @@ class EngineLife : public ProgramTest {
     EngineProcesses engine_{program_.Mark()};
 };
 
-TEST_F(EngineLife, AMissingEngineIsToldInTheWindow) {
+TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissing) {
     const HWND window = OpenWith(L"/nonexistent");
     ExpectNotice(window, "/nonexistent");
     EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
     EXPECT_TRUE(WaitFor([&] { return ShowsText(InnermostWindow(window)); }));
-    // Clicked, it tries again, with the same result.
+    // A click tries again, with the same result.
     Click(InnermostWindow(window));
     ExpectNotice(window, "TARVIK_BROWSER");
     EXPECT_TRUE(program_.IsRunning());
     EXPECT_TRUE(Close(window));
 }
 
-// In a call of one page, while another one is idle.
-TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
+// The program is killed during a call of one page, while another page is idle.
+TEST_F(EngineLife, EndsWithAKilledProgram) {
     OpenShown(
         "if (typeof windowContext === 'undefined') { createWindow({url: 'index.html', context: {}});"
         "console.log('calls'); for (;;) external.window.title; }");
@@ -86,14 +87,14 @@ TEST_F(EngineLife, EndsWithAProgramThatIsKilled) {
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, AnEngineThatHangsEndsWithAProgramThatIsKilled) {
+TEST_F(EngineLife, EndsAHangingEngineWithAKilledProgram) {
     OpenShown();
     engine_.Stop(&Process::IsEngine);
     program_.Kill();
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, AKilledEngineTakesProcessesThatHangAlong) {
+TEST_F(EngineLife, EndsHangingPagesOfAKilledEngine) {
     OpenShown();
     engine_.Stop(&Process::IsPage);
     engine_.Kill(&Process::IsEngine);
@@ -111,7 +112,7 @@ void PrintTo(const Death& death, std::ostream* out) {
 
 class EngineDeath : public EngineLife, public testing::WithParamInterface<Death> {};
 
-TEST_P(EngineDeath, IsToldAndAClickStartsAgain) {
+TEST_P(EngineDeath, ShowsANoticeAndAClickRestarts) {
     const HWND window = OpenShown();
     const HWND page = InnermostWindow(window);
     engine_.Kill(GetParam().process);
@@ -129,15 +130,15 @@ const Death kDeaths[] = {{&Process::IsEngine, "web engine has stopped"},
 
 INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
 
-TEST_F(EngineLife, AnEngineThatHangsIsEndedWithItsLastWindow) {
+TEST_F(EngineLife, EndsAHangingEngineWithItsLastWindow) {
     const HWND window = OpenShown();
     engine_.Stop(&Process::IsEngine);
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, 10'000)) << engine_.Left();
 }
 
-// Whatever it is doing.
-TEST_F(EngineLife, AKilledEngineEndsCalls) {
+// The engine is killed during nested calls between two pages.
+TEST_F(EngineLife, FailsCallsIfTheEngineIsKilled) {
     const HWND window = OpenShown(
         "if (typeof windowContext === 'undefined') {"
         "var me = { wait: function () { for (;;) external.window.title; } };"
@@ -153,15 +154,15 @@ TEST_F(EngineLife, AKilledEngineEndsCalls) {
     ExpectNothingLeft();
 }
 
-// A page that computes for ever does not go on behind a window that was closed.
-TEST_F(EngineLife, AClosedPageEnds) {
+// Even an endless loop in a page ends when its window is closed.
+TEST_F(EngineLife, EndsThePageOfAClosedWindow) {
     Write(L"loop.html", "console.log('loop'); for (;;);");
     const HWND window = OpenShown(
         "var child = null; setInterval(function () { var title = external.window.title;"
         "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
         "if (title === 'close') child.close(); }, 50);");
     const auto renderers = [&] { return std::ranges::count_if(engine_.Look(), &Process::IsPage); };
-    // One of them waits for the next page, which then gets a successor.
+    // The engine keeps a spare renderer for the next page, and then starts another.
     const auto before = renderers();
     SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"open"));
     ASSERT_TRUE(program_.WaitForLine("loop"));

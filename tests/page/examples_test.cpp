@@ -1,4 +1,4 @@
-// The examples of the declarations, run one after the other.
+// Runs the examples in the declarations, one after the other.
 
 #include <filesystem>
 
@@ -11,17 +11,17 @@ namespace fs = std::filesystem;
 
 class Examples : public ProgramTest {
   protected:
-    // The folder that they may expect to run in.
-    void MakeFolder() {
+    // Creates the folder in which the examples expect to run.
+    void CreateFolder() {
         const fs::path work(program_.Work());
         const fs::path programs = fs::path(ExecutablePath()).parent_path();
         fs::copy(programs / "examples", work, fs::copy_options::recursive);
         program_.Folder().Write(L"work\\second.html", "<!DOCTYPE html><title>Second</title>");
     }
-    // As a user who presses Escape, in whatever asks.
-    void Refuse() {
-        for (const wchar_t* asking : {L"#32770", L"#32768"}) {
-            for (const HWND window : program_.Windows(asking)) {
+    // Cancels every dialog and menu.
+    void CancelDialogs() {
+        for (const wchar_t* className : {L"#32770", L"#32768"}) {
+            for (const HWND window : program_.Windows(className)) {
                 for (const int button : {IDCANCEL, IDNO})
                     PostMessageW(window, WM_COMMAND, button, 0);
                 PostMessageW(window, WM_KEYDOWN, VK_ESCAPE, 0);
@@ -31,9 +31,9 @@ class Examples : public ProgramTest {
 };
 
 TEST_F(Examples, Run) {
-    MakeFolder();
+    CreateFolder();
     program_.Start(L"-f 0.html");
-    EXPECT_TRUE(WaitFor([&] { return Refuse(), !program_.IsRunning(); }, 110'000));
+    EXPECT_TRUE(WaitFor([&] { return CancelDialogs(), !program_.IsRunning(); }, 110'000));
     for (const std::string& line : program_.Lines())
         EXPECT_FALSE(line.starts_with("FAILED")) << line;
     EXPECT_EQ(program_.Wait(), 0u);

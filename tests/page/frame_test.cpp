@@ -1,4 +1,4 @@
-// The window of a page under the hands of a person: dragged, sized and closed by the mouse.
+// The window of a page, moved, resized and closed with the mouse.
 
 #include <algorithm>
 #include <array>
@@ -9,10 +9,10 @@
 namespace tarvik {
 namespace {
 
-class WindowFrameOnDesk : public ProgramTest {
+class WindowFrame : public ProgramTest {
   protected:
-    // A page of three strips of 60 pixels each: a handle, none, and a handle with a field and a place that is
-    // none.
+    // Opens a page of three strips of 60 pixels: a handle, no handle, and a handle that contains an input
+    // field and an element that is excluded.
     void OpenStrips(const std::string& script) {
         program_.Folder().Write(
             L"work\\resource\\index.html",
@@ -28,7 +28,7 @@ class WindowFrameOnDesk : public ProgramTest {
         window_ = program_.WindowTitled(L"Desk");
         ASSERT_TRUE(window_);
         ASSERT_TRUE(program_.WaitForLine("ready"));
-        // The strip has its colour when the page is on the screen.
+        // Waits until the page is on the screen.
         ASSERT_TRUE(WaitFor([&] {
             return PixelOnScreen(InnermostWindow(window_), {300, 30}) == RGB(0, 0xaa, 0);
         }));
@@ -47,7 +47,7 @@ class WindowFrameOnDesk : public ProgramTest {
         const RECT place = Place();
         return {place.left, place.top, place.right - place.left, place.bottom - place.top};
     }
-    // Drags by so much from a place of the page, and once more if a busy machine lost the press.
+    // Drags by this offset, and repeats that if a busy machine has lost the press.
     void DragAndExpect(POINT from, LONG x, LONG y, std::array<LONG, 4> expected) {
         const auto before = Sides();
         for (int tries = 0; tries < 3 && Sides() == before; ++tries) {
@@ -56,8 +56,7 @@ class WindowFrameOnDesk : public ProgramTest {
         }
         EXPECT_EQ(Sides(), expected);
     }
-    // Presses the box of the caption that is so many boxes away from its right end, until the page hears of
-    // it.
+    // Presses a button of the caption, counted from the right, until the page logs the line.
     bool PressBox(int box, std::string_view line) {
         const int width = GetSystemMetrics(SM_CXSIZE);
         for (int tries = 0; tries < 3 && window_; ++tries) {
@@ -74,7 +73,7 @@ class WindowFrameOnDesk : public ProgramTest {
     HWND window_ = nullptr;
 };
 
-TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
+TEST_F(WindowFrame, MovesByItsHandles) {
     OpenStrips("w.caption = false;");
     DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
     DragAndExpect(InPage(100, 90), 50, 40, {250, 190, 400, 300});
@@ -83,8 +82,8 @@ TEST_F(WindowFrameOnDesk, MovesByItsHandles) {
     DragAndExpect(InPage(300, 150), -30, 20, {220, 210, 400, 300});
 }
 
-// Only a press that bubbles to the body of the page begins a drag.
-TEST_F(WindowFrameOnDesk, StaysAtPressesThatAreStoppedOrInAFrame) {
+// Only a press that bubbles to the body of the page starts a drag.
+TEST_F(WindowFrame, IgnoresStoppedPressesAndPressesInFrames) {
     OpenStrips(
         "w.caption = false; document.body.insertAdjacentHTML('beforeend',"
         "  '<div dragWindow=true style=\"height:60px\"><iframe style=\"width:200px;height:50px\"></iframe>' +"
@@ -95,8 +94,8 @@ TEST_F(WindowFrameOnDesk, StaysAtPressesThatAreStoppedOrInAFrame) {
     DragAndExpect(InPage(320, 210), 50, 40, {250, 190, 400, 300});
 }
 
-// The page hears of the press when the button is up again.
-TEST_F(WindowFrameOnDesk, StaysAtAClickOnItsHandle) {
+// The page gets the press only after the button has been released.
+TEST_F(WindowFrame, IgnoresClicksOnItsHandle) {
     OpenStrips("w.caption = false; document.onmousedown = function () { console.log('pressed'); };");
     const POINT handle = InPage(100, 30), aside = InPage(200, 200);
     INPUT click[] = {MoveOf(handle), MouseInputOf(MOUSEEVENTF_LEFTDOWN), MouseInputOf(MOUSEEVENTF_LEFTUP)};
@@ -107,17 +106,17 @@ TEST_F(WindowFrameOnDesk, StaysAtAClickOnItsHandle) {
     EXPECT_THAT(Sides(), ElementsAre(200, 150, 400, 300));
 }
 
-TEST_F(WindowFrameOnDesk, MovesOnceAPressAfterANavigation) {
+TEST_F(WindowFrame, MovesOncePerPressAfterANavigation) {
     OpenStrips(
         "w.caption = false; window.addEventListener('load', function () { setTimeout(function () {"
         "if (location.search) console.log('again'); else location.href += '?again'; }, 200); });");
     ASSERT_TRUE(program_.WaitForLine("again"));
     DragAndExpect(InPage(100, 30), 50, 40, {250, 190, 400, 300});
     Drag({700, 500}, {600, 400});
-    EXPECT_EQ(Place().left, 250) << "let go of at the end of the press";
+    EXPECT_EQ(Place().left, 250) << "the drag must end with its press";
 }
 
-TEST_F(WindowFrameOnDesk, IsSizedByItsBand) {
+TEST_F(WindowFrame, IsResizedAtItsEdges) {
     OpenStrips("w.caption = false; w.minWidth = 350;");
     DragAndExpect(InPage(397, 297), 60, 30, {200, 150, 460, 330});
     DragAndExpect(InPage(2, 150), -20, 0, {180, 150, 480, 330});
@@ -125,7 +124,7 @@ TEST_F(WindowFrameOnDesk, IsSizedByItsBand) {
     DragAndExpect(InPage(150, 2), 0, 50, {180, 200, 350, 280});
 }
 
-TEST_F(WindowFrameOnDesk, ClosesWhenItsPageLetsIt) {
+TEST_F(WindowFrame, ClosesIfThePageAllowsIt) {
     OpenStrips(
         "var n = 0; w.onClose = function () { console.log('close ' + ++n); return n > 1; };"
         "w.onClosed = function () { console.log('closed'); w.quit(7); };"

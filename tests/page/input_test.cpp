@@ -1,4 +1,4 @@
-// Input that reaches a page by plug-ins, and input that a page makes.
+// Keyboard and mouse input: from the user to pages and plug-ins, and from the plug-in `mouse`.
 
 #include "tests/page/program.h"
 #include "tests/support/screen.h"
@@ -8,8 +8,7 @@ namespace {
 
 class Input : public ProgramTest {
   protected:
-    // Opens a page that reports the keys that it gets, but no modifiers, and gives it the keyboard by a
-    // click.
+    // Opens a page that logs its keys, except modifiers, and clicks it, so that it has the focus.
     void OpenForKeys(const std::string& script = "") {
         Open(
             "var w = external.window; w.title = 'Keys'; w.setWindowPos(200, 150, 400, 300); w.show(true);"
@@ -24,7 +23,7 @@ class Input : public ProgramTest {
     }
 };
 
-TEST_F(Input, OfAHotKeyReachesAHiddenWindow) {
+TEST_F(Input, HotKeysReachHiddenWindows) {
     Open(
         "var keys = external.hotkey;"
         "function end() { console.log('end'); external.window.quit(7); }"
@@ -40,9 +39,9 @@ TEST_F(Input, OfAHotKeyReachesAHiddenWindow) {
     EXPECT_THAT(program_.Lines(), ElementsAre("set truefalse", "pressed 3", "end"));
 }
 
-// A hot key starts the page when it is on the screen. The test moves the pointer, because under Wine clicks
-// may come where it was before a program set its place.
-TEST_F(Input, OfAPageComesToThePage) {
+// The hot key starts the page once it is on the screen. The test moves the pointer, because under Wine a
+// click may go where the pointer was before a program moved it.
+TEST_F(Input, MousePluginClicksThePage) {
     Open(
         "var w = external.window, mouse = external.mouse; w.title = 'Mouse'; w.caption = false;"
         "w.setWindowPos(200, 150, 400, 300); w.show(true);"
@@ -71,8 +70,8 @@ TEST_F(Input, OfAPageComesToThePage) {
                             "mousedown 1 at 100, 50", "mouseup 1 at 100, 50", "hold", "held truefalse"));
 }
 
-// The host swallows Ctrl+M and Ctrl+0, but keyboards type characters with AltGr, which is Ctrl and Alt.
-TEST_F(Input, OfAltGrReachesThePage) {
+// The host swallows Ctrl+M and Ctrl+0, but not characters typed with AltGr, which is Ctrl and Alt.
+TEST_F(Input, AltGrReachesThePage) {
     OpenForKeys();
     PressKeys({VK_LCONTROL, 'M'});
     PressKeys({VK_LCONTROL, VK_RMENU, 'M'});
@@ -83,8 +82,8 @@ TEST_F(Input, OfAltGrReachesThePage) {
     EXPECT_THAT(program_.Lines(), ElementsAre("clicked", "key 77 Ctrl Alt", "key 48 Ctrl Alt", "key 65"));
 }
 
-// A page that computes holds up native code, which then handles messages itself.
-TEST_F(Input, IsFilteredDuringALongWait) {
+// While a busy page blocks a native call, the host pumps messages in a nested loop.
+TEST_F(Input, IsFilteredWhileThePageIsBusy) {
     OpenForKeys(
         "external.hotkey.set('f7', function () { console.log('busy');"
         "  for (var end = Date.now() + 4000; Date.now() < end;); console.log('free'); });");

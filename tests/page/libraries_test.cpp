@@ -1,4 +1,4 @@
-// Plug-in libraries of real applications: in the folder `plugins`, and those that a page loads itself.
+// Plug-in libraries of applications: those in the folder `plugins`, and those that a page loads.
 
 #include <filesystem>
 
@@ -18,7 +18,7 @@ class Libraries : public ProgramTest {
         fs::copy_file((samples_ / library) += ".dll", target);
     }
 
-    // What a page logs until it ends the program by end().
+    // Runs a page until it calls end(), and returns what it logged.
     std::vector<std::string> Run(const std::string& script) {
         Open("function log(text) { console.log(text); } function end() { external.window.quit(4); }" +
              script);
@@ -29,27 +29,28 @@ class Libraries : public ProgramTest {
     const fs::path samples_ = fs::path(ExecutablePath()).parent_path() / "sample_libraries";
 };
 
-TEST_F(Libraries, AreFoundAmongBadOnesAndFreedAtTheEnd) {
+TEST_F(Libraries, AreLoadedDespiteInvalidFilesAndFreedAtTheEnd) {
     Install("good", L"plugins\\z.dll");
     Install("plain", L"plugins\\plain.dll");
     Install("second", L"plugins\\upper.DLL");
     Install("second", L"plugins\\sub\\second.dll");
     Install("throwing", L"plugins\\bad.dll");
-    program_.Folder().Write(L"work\\plugins\\text.dll", "no library at all");
+    program_.Folder().Write(L"work\\plugins\\text.dll", "not a library");
     program_.Folder().Write(L"work\\plugins\\folder.dll\\inside", "");
-    EXPECT_THAT(Run("log('sample ' + external.sample.answer + ', plain ' + external.plain.answer + ', ' + typeof "
-                    "external.second); end();"),
-                ElementsAre("throwing", "sample 42, plain 42, undefined", "good"));
+    EXPECT_THAT(
+        Run("log('sample ' + external.sample.answer + ', plain ' + external.plain.answer + ', ' + typeof "
+            "external.second); end();"),
+        ElementsAre("throwing", "sample 42, plain 42, undefined", "good"));
 }
 
-TEST_F(Libraries, AreLoadedByAPageForAllWindows) {
+TEST_F(Libraries, LoadedByAPageAreAvailableInAllWindows) {
     Install("good", L"plugins\\good.dll");
     Install("second", L"more\\second.dll");
     Write(
         L"child.html",
         "windowContext.look = function () { return typeof external.second + ' ' + external.second.answer; };"
         "windowCallback(typeof external.second);");
-    // What comes into the folder later is found by no later window.
+    // The folder is searched only once: late.dll stays unknown.
     EXPECT_THAT(Run("external.file.copy('..\\\\more\\\\second.dll', '..\\\\plugins\\\\late.dll');"
                     "var context = {}; createWindow({url: 'child.html', context: context, callback: function "
                     "(before) {"
@@ -61,8 +62,8 @@ TEST_F(Libraries, AreLoadedByAPageForAllWindows) {
                             "there function 42", "good", "second"));
 }
 
-// The current folder is the application's, where a page may have put any file.
-TEST_F(Libraries, FindWhatTheyNeedBesideThemselvesAndNotInTheCurrentFolder) {
+// The current folder is not safe: it belongs to the application, and a page may have written any file there.
+TEST_F(Libraries, FindDependenciesBesideThemselvesAndNotInTheCurrentFolder) {
     const std::string script = "log(external.needy ? '' + external.needy.answer : 'none'); end();";
     Install("needy", L"plugins\\needy.dll");
     Install("helper", L"helper.dll");
@@ -71,9 +72,9 @@ TEST_F(Libraries, FindWhatTheyNeedBesideThemselvesAndNotInTheCurrentFolder) {
     EXPECT_THAT(Run(script), ElementsAre("43"));
 }
 
-// The libraries of examples/plugin. The clipboard stays when the page goes, with a function of that page; the
-// first search does not, and the last one runs when the program ends.
-TEST_F(Libraries, OfTheExampleWorkForPagesThatComeAndGo) {
+// The libraries of examples/plugin. After the navigation, `clipboard` still holds a function of the old page,
+// and the search of the old page must end. The last search is running when the program ends.
+TEST_F(Libraries, OfTheExampleSurviveNavigation) {
     for (const std::wstring name : {L"clipboard", L"search"})
         Install(L"..\\..\\examples\\plugin\\plugins\\" + name, L"plugins\\" + name + L".dll");
     program_.Folder().Write(L"work\\texts\\a.txt", "first\r\nlast\n");

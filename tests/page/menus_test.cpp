@@ -1,4 +1,4 @@
-// Menus and the icon in the notification area under the hands of a person.
+// Menus and the icon in the notification area, used with mouse and keyboard.
 
 #include <algorithm>
 
@@ -12,8 +12,8 @@ constexpr const wchar_t* kMenuClass = L"#32768";
 
 class Menus : public ProgramTest {
   protected:
-    // A shown window with these variables: `menu` makes a menu of a type and items; an item is a name, whose
-    // choice is said, or a name and what it opens or calls.
+    // Opens a visible page with a helper: menu(type, items) creates a menu. An item is a name, which is
+    // logged when it is chosen, or the options of appendMenu.
     void OpenPage(const std::string& script) {
         Open(
             "var w = external.window; w.title = 'Menus'; w.setWindowPos(100, 80, 500, 400);"
@@ -33,7 +33,7 @@ class Menus : public ProgramTest {
         ASSERT_TRUE(WaitForColour(InnermostWindow(window_), kBlue));
     }
 
-    // The menus of the program that are on the screen.
+    // The menu windows of the program on the screen.
     std::vector<HWND> OpenMenus() const {
         std::vector<HWND> menus;
         HWND menu = nullptr;
@@ -64,17 +64,17 @@ class Menus : public ProgramTest {
     HWND window_ = nullptr;
 };
 
-TEST_F(Menus, AnswerWhatIsChosen) {
+TEST_F(Menus, CallTheFunctionOfTheChosenItem) {
     OpenPage(
         "var inner = menu('popupMenu', ['three', 'four']);"
         "popup(menu('popupMenu', ['one', { name: 'off' }, { name: 'more', subMenu: inner }]), 30, 40);");
     ASSERT_TRUE(WaitForMenus(1));
     RECT place = {};
     GetWindowRect(OpenMenus()[0], &place);
-    POINT asked = {30, 40};
-    ClientToScreen(InnermostWindow(window_), &asked);
-    EXPECT_EQ(place.left, asked.x);
-    EXPECT_EQ(place.top, asked.y);
+    POINT expected = {30, 40};
+    ClientToScreen(InnermostWindow(window_), &expected);
+    EXPECT_EQ(place.left, expected.x);
+    EXPECT_EQ(place.top, expected.y);
     Keys({VK_UP, VK_RIGHT});
     ASSERT_TRUE(WaitForMenus(2));
     Keys({VK_DOWN, VK_RETURN});
@@ -83,12 +83,12 @@ TEST_F(Menus, AnswerWhatIsChosen) {
     EXPECT_TRUE(OpenMenus().empty());
 }
 
-TEST_F(Menus, StandInTheBarOfTheWindow) {
+TEST_F(Menus, WorkInAMenuBar) {
     OpenPage(
         "var file = menu('popupMenu', ['Open', 'Close']), bar = menu('windowMenu', ["
         "  { name: '&File', subMenu: file }, { name: '&Help', callback: say, context: 'Help' }]);"
         "w.menu = bar; say(w.menu.getSubMenu('&file').getItemCount()); say(bar.popup());");
-    // The bar is above the page: an item is clicked, and another one chosen by its letter.
+    // Chooses one item of the bar with the mouse and another by its letter.
     POINT item = {12, -10};
     ClientToScreen(InnermostWindow(window_), &item);
     ClickAt(item);
@@ -107,7 +107,7 @@ TEST_F(Menus, StandInTheBarOfTheWindow) {
     EXPECT_THAT(Chosen(), ElementsAre("chosen: 2", "chosen: false", "chosen: Close", "chosen: Help"));
 }
 
-TEST_F(Menus, GoWithTheirWindow) {
+TEST_F(Menus, CloseWithTheirWindow) {
     OpenPage("w.onClosed = function () { w.quit(7); }; popup(menu('popupMenu', ['one']), 30, 40);");
     ASSERT_TRUE(WaitForMenus(1));
     PostMessageW(window_, WM_CLOSE, 0, 0);
@@ -115,7 +115,7 @@ TEST_F(Menus, GoWithTheirWindow) {
 }
 
 // The icon is the last one in the task bar of Wine's desktop.
-TEST_F(Menus, OpenFromAnIcon) {
+TEST_F(Menus, OpenFromATrayIcon) {
     OpenPage(
         "var t = external.tray, m = menu('trayMenu', ['one', 'two']);"
         "t.onClick = function () { say('click'); }; t.onDbClick = function () { say('twice'); };"

@@ -1,4 +1,4 @@
-// Two programs that speak to each other by `window.msg`, or one of which makes way for the other.
+// Messages by `window.msg` between two programs, and programs of which only one instance runs.
 
 #include <gtest/gtest.h>
 
@@ -10,13 +10,13 @@ namespace {
 
 class Messages : public testing::Test {
   protected:
-    // The mark keeps this talk apart from others on the desktop.
-    void Start(Program& program, const std::wstring& part) const {
-        program.Start(L"-f \"" + PathOfPage(L"messages") + L"#" + part + L"," + Widen(first_.Mark()) + L"\"");
+    // The mark makes the identifiers of the windows unique on the desktop.
+    void Start(Program& program, const std::wstring& role) const {
+        program.Start(L"-f \"" + PathOfPage(L"messages") + L"#" + role + L"," + Widen(first_.Mark()) + L"\"");
     }
-    void StartFirst(const std::wstring& part) {
-        Start(first_, part);
-        ASSERT_TRUE(first_.WaitForLine(Narrow(part) + " is ready"));
+    void StartFirst(const std::wstring& role) {
+        Start(first_, role);
+        ASSERT_TRUE(first_.WaitForLine(Narrow(role) + " is ready"));
     }
     static void ExpectEnd(Program& program) {
         EXPECT_EQ(program.Wait(), 0u) << testing::PrintToString(program.Lines());
@@ -26,9 +26,9 @@ class Messages : public testing::Test {
     Program second_;
 };
 
-TEST_F(Messages, GoBothWays) {
-    StartFirst(L"answerer");
-    Start(second_, L"asker");
+TEST_F(Messages, WorkInBothDirections) {
+    StartFirst(L"server");
+    Start(second_, L"client");
     ExpectEnd(second_);
     ExpectEnd(first_);
 }
@@ -40,15 +40,15 @@ TEST_F(Messages, ReachAllWindows) {
     ExpectEnd(first_);
 }
 
-TEST_F(Messages, SurviveTheirReceiver) {
-    StartFirst(L"answerer");
-    Start(second_, L"widow");
+TEST_F(Messages, EndIfTheReceiverIsKilled) {
+    StartFirst(L"server");
+    Start(second_, L"survivor");
     ASSERT_TRUE(first_.WaitForLine("hanging"));
     first_.Kill();
     ExpectEnd(second_);
 }
 
-TEST_F(Messages, ASecondStartBringsUpTheFirst) {
+TEST_F(Messages, SecondInstanceActivatesTheFirst) {
     StartFirst(L"single");
     const HWND window = first_.WindowTitled(L"the only one");
     for (const int state : {SW_HIDE, SW_SHOWMINIMIZED}) {

@@ -1,4 +1,4 @@
-// Pages that check themselves, in pages/: each logs what it has checked and ends the program.
+// The self-checking pages in pages/: each logs its checks and quits the program.
 
 #include <filesystem>
 
@@ -21,7 +21,7 @@ class PageTest : public ProgramTest {
         for (const std::string& line : program_.Lines())
             EXPECT_FALSE(line.starts_with("FAILED")) << line;
     }
-    // Lets a page run to its end.
+    // Runs a page until it quits the program.
     void Run(const std::wstring& page, const std::wstring& fragment = {}) {
         Start(page, fragment);
         EXPECT_EQ(program_.Wait(), 0u) << testing::PrintToString(program_.Lines());
@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(All, APage,
                          testing::Values("errors", "gone", "navigation", "plugins", "start", "windows"),
                          [](const auto& info) { return info.param; });
 
-// A page beside archive.zip, which holds ten files.
+// A page beside archive.zip, which contains ten files.
 class UnzipPage : public PageTest {
   protected:
     static constexpr int kFiles = 10;
@@ -58,33 +58,33 @@ class UnzipPage : public PageTest {
         return fs::exists(path) ? std::distance(fs::directory_iterator(path), {}) : 0;
     }
 
-    // Runs that are under way when their page goes come to their end all the same.
-    void LeaveDuringRuns(const std::wstring& fragment) {
+    // Operations finish even if their page is left while they run.
+    void LeaveDuringOperations(const std::wstring& fragment) {
         Start(L"unzip_away", fragment);
-        EXPECT_TRUE(program_.WaitForLine("ok: the next page has runs of its own"));
-        int begun = 0;
-        for (int run = 0; run < 20; ++run) {
-            const std::wstring folder = L"away" + std::to_wstring(run);
-            // One that fails takes its folder away again.
-            const auto isSettled = [&] {
+        EXPECT_TRUE(program_.WaitForLine("ok: the next page has operations of its own"));
+        int completed = 0;
+        for (int operation = 0; operation < 20; ++operation) {
+            const std::wstring folder = L"away" + std::to_wstring(operation);
+            // An operation that fails removes its folder.
+            const auto isFinished = [&] {
                 return !fs::exists(fs::path(program_.Work()) / folder) || FilesIn(folder) == kFiles;
             };
-            EXPECT_TRUE(WaitFor(isSettled)) << run << ": " << FilesIn(folder);
-            begun += FilesIn(folder) == kFiles;
+            EXPECT_TRUE(WaitFor(isFinished)) << operation << ": " << FilesIn(folder);
+            completed += FilesIn(folder) == kFiles;
         }
-        EXPECT_GE(begun, 8);
+        EXPECT_GE(completed, 8);
         EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
         EXPECT_EQ(program_.Quit(0), 0u);
         ExpectNoFailure();
     }
 };
 
-TEST_F(UnzipPage, MayNavigateDuringRuns) {
-    LeaveDuringRuns(L"");
+TEST_F(UnzipPage, MayNavigateDuringOperations) {
+    LeaveDuringOperations(L"");
 }
 
-TEST_F(UnzipPage, MayCloseDuringRuns) {
-    LeaveDuringRuns(L"#close");
+TEST_F(UnzipPage, MayBeClosedDuringOperations) {
+    LeaveDuringOperations(L"#close");
 }
 
 TEST_F(PageTest, CopiesListsAndDeletesFiles) {
@@ -101,16 +101,16 @@ class DownloadPage : public PageTest {
         if (exchange.Path() == "/text") return exchange.Answer("a text");
         if (exchange.Path() == "/whole") return exchange.Answer(std::string(300'000, 'w'));
         exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n");
-        for (int piece = 0; piece < 200 && exchange.Send(std::string(1'000, 's')); ++piece)
+        for (int chunk = 0; chunk < 200 && exchange.Send(std::string(1'000, 's')); ++chunk)
             Sleep(10);
     }
 
-    // A download that is under way when its page goes comes to its end all the same.
-    void LeaveDuringIt(const std::wstring& how) {
+    // A download finishes even if its page is left meanwhile.
+    void LeaveDuringDownload(const std::wstring& how) {
         const std::wstring path = program_.Folder() / L"slow";
         Start(L"download", L"#" + server_.Url() + L"," + how + L"," + path);
-        EXPECT_TRUE(program_.WaitForLine("ok: the next page is there"));
-        EXPECT_TRUE(WaitFor([&] { return static_cast<bool>(HoldFile(path)); })) << "closed";
+        EXPECT_TRUE(program_.WaitForLine("ok: the next page is loaded"));
+        EXPECT_TRUE(WaitFor([&] { return static_cast<bool>(HoldFile(path)); })) << "the file is not closed";
         EXPECT_EQ(ReadFileBytes(path).size(), 200'000u);
         EXPECT_EQ(program_.Quit(0), 0u);
         ExpectNoFailure();
@@ -119,16 +119,16 @@ class DownloadPage : public PageTest {
     const WebServer server_{Serve};
 };
 
-TEST_F(DownloadPage, TellsItsProgressAndItsEnd) {
+TEST_F(DownloadPage, ReportsProgressAndSuccess) {
     Run(L"download", L"#" + server_.Url());
 }
 
-TEST_F(DownloadPage, MayNavigateMeanwhile) {
-    LeaveDuringIt(L"leave");
+TEST_F(DownloadPage, MayNavigateDuringDownload) {
+    LeaveDuringDownload(L"leave");
 }
 
-TEST_F(DownloadPage, MayCloseMeanwhile) {
-    LeaveDuringIt(L"close");
+TEST_F(DownloadPage, MayBeClosedDuringDownload) {
+    LeaveDuringDownload(L"close");
 }
 
 }  // namespace

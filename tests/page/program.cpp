@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string FreshMark() {
+std::string UniqueMark() {
     static int count = 0;
     return std::to_string(GetCurrentProcessId()) + "." + std::to_string(GetTickCount64()) + "." +
            std::to_string(++count);
@@ -26,7 +26,7 @@ UniqueHandle MakeJob() {
     return job;
 }
 
-// The top-level windows of a process of one class; an empty one means any.
+// The top-level windows of a process with this class; null means any class.
 std::vector<HWND> TopWindows(DWORD process, const wchar_t* className) {
     std::vector<HWND> windows;
     HWND window = nullptr;
@@ -45,7 +45,7 @@ std::wstring PathOfPage(const std::wstring& name) {
 }
 
 Program::Program()
-    : mark_(FreshMark()), executable_(fs::path(ExecutablePath()).parent_path() / L"tarvik.exe") {
+    : mark_(UniqueMark()), executable_(fs::path(ExecutablePath()).parent_path() / L"tarvik.exe") {
     fs::create_directories(Work());
     fs::create_directories(Temp());
     SetVariable(L"TEMP", Temp());
@@ -74,7 +74,7 @@ void Program::Start(const std::wstring& arguments) {
     ResumeThread(thread.Get());
 }
 
-// This process's own variables, changed. Names are compared without regard to case.
+// The environment of this process with the changed variables; names are not case-sensitive.
 std::wstring Program::Environment() const {
     std::wstring block;
     wchar_t* const own = GetEnvironmentStringsW();
@@ -98,7 +98,6 @@ DWORD Program::Wait(DWORD limit) {
         ADD_FAILURE() << "the program does not end";
         return STILL_ACTIVE;
     }
-    // Everything it said has been heard only then.
     console_->CatchUp();
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(process_.Get(), &code);

@@ -12,18 +12,18 @@
 
 namespace tarvik {
 
-// A page of this folder.
+// The path of a page in the folder pages.
 std::wstring PathOfPage(const std::wstring& name);
 
-// The built program as a process that cannot outlive the test. It has a folder for its work, which is its
-// current one, and another for temporary files. What its pages write to the console is heard.
+// The built program, as a process that is killed at the end of the test. It has a working folder and a folder
+// for temporary files. The lines that its pages log are recorded.
 class Program {
   public:
     Program();
     ~Program();
 
-    // Before the start: the folder beside which everything is, variables of its environment (an empty one is
-    // not set), and the executable, which is the built one unless a copy is named.
+    // Settings before the start. Work and Temp are in Folder; an empty value removes a variable from the
+    // environment; the default executable is the built one.
     const TempFolder& Folder() const { return folder_; }
     std::wstring Work() const { return folder_ / L"work"; }
     std::wstring Temp() const { return folder_ / L"temp"; }
@@ -32,26 +32,27 @@ class Program {
 
     void Start(const std::wstring& arguments = L"");
 
-    // The exit code; fails the test if the program does not end by itself.
+    // Waits for the end of the program and returns its exit code; fails the test after the limit, in
+    // milliseconds.
     DWORD Wait(DWORD limit = 30'000);
     bool IsRunning() const;
     void Kill();
-    // From outside, as WM_QUIT.
+    // Posts WM_QUIT to the program and waits for its end.
     DWORD Quit(int code);
 
     DWORD Id() const { return processId_; }
-    // What was written to the debugger's channel, a line each.
+    // The lines that the program has sent to the debugger.
     std::vector<std::string> Lines() const { return console_->Lines(processId_); }
     bool WaitForLine(std::string_view line) const;
-    // The mark that everything started by this program carries in its environment: TARVIK_TEST_RUN=this.
+    // The value of TARVIK_TEST_RUN in the environment of the program and of all processes that it starts.
     const std::string& Mark() const { return mark_; }
 
-    // Its top-level windows of a class, also hidden ones.
+    // The top-level windows of a class, including hidden ones.
     std::vector<HWND> Windows(const wchar_t* className = L"TarvikBrowserWindow") const;
     HWND WindowTitled(const std::wstring& title) const;  // waits for it
-    // A window's text; empty if its program is too busy to tell, which must not stop a test.
+    // The text of a window; empty if its program does not respond.
     static std::wstring TextOf(HWND window);
-    // A dialog of the program, once it is there.
+    // Waits for a dialog of the program.
     HWND Dialog() const;
 
   private:
@@ -63,7 +64,7 @@ class Program {
     std::map<std::wstring, std::wstring> environment_;
 
     const std::shared_ptr<DebugListener> console_ = DebugListener::Shared();
-    UniqueHandle job_;  // ends with this process
+    UniqueHandle job_;  // kills the program when this process ends
     UniqueHandle process_;
     DWORD processId_ = 0;
     DWORD threadId_ = 0;
@@ -71,7 +72,7 @@ class Program {
 
 inline constexpr COLORREF kBlue = RGB(10, 20, 200);
 
-// Tests of the program with pages of theirs. What a test leaves running ends well when it is told to.
+// The base of tests that run the program with their own pages.
 class ProgramTest : public testing::Test {
   protected:
     void TearDown() override {
@@ -80,8 +81,9 @@ class ProgramTest : public testing::Test {
         }
     }
 
-    // A page of this script before a blue background, beside the one that is opened first.
+    // A page with a blue background and this script.
     static std::string Page(const std::string& script);
+    // Writes a page beside the first one.
     void Write(const std::wstring& name, const std::string& script) const {
         program_.Folder().Write(L"work\\resource\\" + name, Page(script));
     }
@@ -89,7 +91,7 @@ class ProgramTest : public testing::Test {
         Write(L"index.html", script);
         program_.Start();
     }
-    // Whether the window goes when it is told to, within the time (milliseconds).
+    // Closes a window; false if it still exists after the limit, in milliseconds.
     static bool Close(HWND window, DWORD limit = 20'000);
 
     Program program_;

@@ -1,4 +1,4 @@
-// How an application is started, and pages that do what they should not.
+// The start of applications, and pages with faults.
 
 #include "tarvik/text.h"
 #include "tests/support/web_server.h"
@@ -19,13 +19,13 @@ namespace {
 namespace fs = std::filesystem;
 using testing::UnorderedElementsAre;
 
-// A page that tells where it is and ends.
-constexpr const char* kTeller =
+// A page that logs its location and quits.
+constexpr const char* kLocationPage =
     "<!doctype html><script>console.log(location.href); external.window.quit(4);</script>";
 
 class Start : public ProgramTest {
   protected:
-    // A copy of the program in the folder of this test.
+    // Uses a copy of the program, with an archive attached, in the folder of this test.
     void Install(const std::string& attached = "") {
         const std::wstring copy = program_.Folder() / L"program.exe";
         fs::copy_file(fs::path(ExecutablePath()).parent_path() / "tarvik.exe", copy);
@@ -33,13 +33,14 @@ class Start : public ProgramTest {
         program_.UseExecutable(copy);
     }
 
-    std::string Told() {
+    // The first line that the page logs before it quits.
+    std::string FirstLine() {
         EXPECT_EQ(program_.Wait(), 4u);
         const auto lines = program_.Lines();
         return lines.empty() ? "nothing" : lines.front();
     }
 
-    // The folders of archives unpacked there.
+    // The folders of unpacked archives.
     static std::vector<fs::path> Unpacked(const fs::path& temp) {
         std::vector<fs::path> folders;
         for (const auto& entry : fs::directory_iterator(temp)) {
@@ -51,9 +52,9 @@ class Start : public ProgramTest {
 };
 
 struct Place {
-    std::wstring file;  // below the folder beside the current one
+    std::wstring file;  // relative to the folder of the test
     std::wstring arguments;
-    std::string location;  // how the page's ends
+    std::string location;  // the end of the page's location
 };
 
 void PrintTo(const Place& place, std::ostream* out) {
@@ -63,12 +64,12 @@ void PrintTo(const Place& place, std::ostream* out) {
 class StartAt : public Start, public testing::WithParamInterface<Place> {};
 
 TEST_P(StartAt, OpensThePage) {
-    std::wstring path = program_.Folder().Write(GetParam().file, kTeller);
+    std::wstring path = program_.Folder().Write(GetParam().file, kLocationPage);
     std::ranges::replace(path, L'\\', L'/');
     std::wstring arguments = GetParam().arguments;
     if (const size_t at = arguments.find(L"PATH"); at != std::wstring::npos) arguments.replace(at, 4, path);
     program_.Start(arguments);
-    EXPECT_THAT(Told(), EndsWith(GetParam().location));
+    EXPECT_THAT(FirstLine(), EndsWith(GetParam().location));
 }
 
 const Place kPlaces[] = {
@@ -85,7 +86,7 @@ const Place kPlaces[] = {
 
 INSTANTIATE_TEST_SUITE_P(, StartAt, testing::ValuesIn(kPlaces));
 
-TEST_F(Start, ShowsWhatIsAttachedToItUntilItEnds) {
+TEST_F(Start, UnpacksTheAttachedArchiveUntilTheEnd) {
     Install(WriteArchive(
         {{"resource/index.html", Page("external.window.title = 'Attached'; external.window.show(true);"
                                       "onclick = function () { location.href = 'sub/next.html'; };")},
@@ -96,15 +97,14 @@ TEST_F(Start, ShowsWhatIsAttachedToItUntilItEnds) {
     EXPECT_TRUE(WaitForColour(InnermostWindow(window), kBlue));
     const auto unpacked = Unpacked(program_.Temp());
     ASSERT_EQ(unpacked.size(), 1u);
-    EXPECT_EQ(unpacked[0].filename().wstring().size(), 10u) << "TV and eight digits";
+    EXPECT_EQ(unpacked[0].filename().wstring().size(), 10u) << "TV and eight hexadecimal digits";
     EXPECT_TRUE(fs::exists(unpacked[0] / "resource" / "sub" / "next.html"));
     Click(InnermostWindow(window));
     EXPECT_EQ(program_.Wait(), 3u);
     EXPECT_TRUE(fs::is_empty(program_.Temp()));
 }
 
-// Whether the current user owns a file or folder and no other user has any access to it. Wine adds the
-// system.
+// Whether the current user owns a file or folder, and only this user and the system have access to it.
 bool IsPrivate(const fs::path& path) {
     std::vector<char> user(SECURITY_MAX_SID_SIZE + sizeof(TOKEN_USER));
     auto size = static_cast<DWORD>(user.size());
@@ -122,14 +122,14 @@ bool IsPrivate(const fs::path& path) {
     for (WORD i = 0; i < list->AceCount; ++i) {
         void* entry = nullptr;
         GetAce(list, i, &entry);
-        const PSID who = &static_cast<ACCESS_ALLOWED_ACE*>(entry)->SidStart;
-        if (!EqualSid(who, sid) && !IsWellKnownSid(who, WinLocalSystemSid)) return false;
+        const PSID account = &static_cast<ACCESS_ALLOWED_ACE*>(entry)->SidStart;
+        if (!EqualSid(account, sid) && !IsWellKnownSid(account, WinLocalSystemSid)) return false;
     }
     return true;
 }
 
-// Also the folders of another living program and of strangers are there, and stay.
-TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
+// The folders of another running program and of other owners stay.
+TEST_F(Start, UnpacksPrivatelyAndRemovesFoldersOfKilledPrograms) {
     Install(WriteArchive({{"resource/index.html", Page("console.log('up')")}}));
     program_.Folder().Write(L"temp\\TV0000000A\\strange.txt", "");
     program_.Start();
@@ -144,7 +144,7 @@ TEST_F(Start, UnpacksForItsUserAloneAndRemovesWhatAKilledProgramLeft) {
     EXPECT_TRUE(fs::exists(killed / "resource"));
     UniqueHandle other = HoldFile(program_.Folder().Write(L"temp\\TV0000000B.lock", ""));
     program_.Folder().Write(L"temp\\TV0000000B\\used.txt", "");
-    // The names of others, which the system takes for a match of a pattern.
+    // Names of other programs that match the pattern of FindFirstFile.
     const wchar_t* const others[] = {L"TVSETTINGS", L"TVSETTINGS.lock", L"TVA", L"TVA.lock"};
     for (const std::wstring name : others)
         program_.Folder().Write(L"temp\\" + (name.ends_with(L".lock") ? name : name + L"\\file.txt"), "");
@@ -183,13 +183,13 @@ TEST_F(Start, RemovesTheUnpackedFolderAfterADownloadIntoIt) {
     EXPECT_TRUE(fs::is_empty(program_.Temp()));
 }
 
-// The program looks for its page as if nothing were attached, at last beside itself.
+// The program looks for its page as if nothing were attached.
 class NotUnpacked : public Start {
   protected:
     const std::string archive_ = WriteArchive({{"resource/index.html", Page("external.window.quit(9)")}});
 };
 
-TEST_F(NotUnpacked, WhenItIsBroken) {
+TEST_F(NotUnpacked, IfTheArchiveIsDamaged) {
     std::string broken = archive_;
     broken.replace(0, 60, 60, 'x');
     Install(broken);
@@ -199,46 +199,46 @@ TEST_F(NotUnpacked, WhenItIsBroken) {
     EXPECT_TRUE(fs::is_empty(program_.Temp())) << "also before the end";
 }
 
-TEST_F(NotUnpacked, WhenAFolderIsNamed) {
+TEST_F(NotUnpacked, IfAFolderIsGiven) {
     Install(archive_);
-    program_.Folder().Write(L"app\\resource\\index.html", kTeller);
+    program_.Folder().Write(L"app\\resource\\index.html", kLocationPage);
     program_.Start(L"-d ..\\app");
-    EXPECT_THAT(Told(), EndsWith("/app/resource/index.html"));
+    EXPECT_THAT(FirstLine(), EndsWith("/app/resource/index.html"));
     EXPECT_TRUE(FileExists(program_.Folder() / L"app\\resource\\index.html"));
 }
 
-// With the system's own control, which shows nothing everywhere that these tests run.
-TEST_F(Start, OpensAWindowOfTheSystemsControl) {
+// Where these tests run, the system's control may show no page.
+TEST_F(Start, OpensAWindowWithTheSystemsControl) {
     program_.SetVariable(L"TARVIK_ENGINE", L"mshtml");
-    program_.Folder().Write(L"work\\resource\\index.html", kTeller);
+    program_.Folder().Write(L"work\\resource\\index.html", kLocationPage);
     program_.Start();
     EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
 }
 
-// It stays, by design, but alone, and says why.
+// By design the program keeps running without a window; it reports the reason, and ends its engine.
 class WithoutAPage : public Start {
   protected:
     void ExpectNoPage() {
-        EXPECT_TRUE(WaitFor([&] { return Says("\\resource\\index.html\" does not exist"); }));
+        EXPECT_TRUE(WaitFor([&] { return Reports("\\resource\\index.html\" does not exist"); }));
         EXPECT_FALSE(WaitFor([&] { return !program_.IsRunning(); }, 1000));
         EXPECT_TRUE(program_.Windows().empty());
         EngineProcesses engine(program_.Mark());
         EXPECT_TRUE(WaitFor([&] { return engine.Look().empty(); }));
         EXPECT_EQ(program_.Quit(4), 4u);
     }
-    bool Says(std::string_view text) const {
+    bool Reports(std::string_view text) const {
         return std::ranges::any_of(
             program_.Lines(), [&](const std::string& line) { return line.find(text) != std::string::npos; });
     }
 };
 
-TEST_F(WithoutAPage, ReportsTheFolderThatIsMissing) {
+TEST_F(WithoutAPage, ReportsAMissingFolder) {
     program_.Start(L"-d ..\\missing");
     ExpectNoPage();
-    EXPECT_TRUE(Says("\"..\\missing\" (-d)"));
+    EXPECT_TRUE(Reports("\"..\\missing\" (-d)"));
 }
 
-TEST_F(WithoutAPage, EndsTheEngineThatWasStartedMeanwhile) {
+TEST_F(WithoutAPage, EndsThePrelaunchedEngine) {
     Install(WriteArchive({{"readme.txt", "no page"}}));
     program_.Start();
     ExpectNoPage();
@@ -252,7 +252,7 @@ class BadPage : public Start {
     }
 };
 
-TEST_F(BadPage, ALoopWithoutEndHoldsNeitherItsWindowNorOthers) {
+TEST_F(BadPage, EndlessLoopBlocksNoWindow) {
     Write(L"clock.html",
           "var n = 0; windowCallback(); setInterval(function () {"
           "if (++n % 10 === 0) console.log('clock ' + n); }, 10);");
@@ -265,8 +265,8 @@ TEST_F(BadPage, ALoopWithoutEndHoldsNeitherItsWindowNorOthers) {
     EXPECT_TRUE(Close(window, 5000));
 }
 
-// The page that called into it gets a failure and goes on.
-TEST_F(BadPage, ALoopInACallEndsWithItsWindow) {
+// The call of the other page fails, and that page continues.
+TEST_F(BadPage, EndlessLoopInACallEndsWithItsWindow) {
     Write(L"loop.html",
           "external.window.title = 'Loop'; windowContext.loop = function () {"
           "console.log('loop'); for (;;); }; windowCallback()");
@@ -282,7 +282,7 @@ TEST_F(BadPage, ALoopInACallEndsWithItsWindow) {
 }
 
 // The end of the program does not wait for operations, so it no longer serves their calls.
-TEST_F(BadPage, ALoopInARunDoesNotHoldTheEnd) {
+TEST_F(BadPage, EndlessLoopInACallbackDoesNotBlockTheEnd) {
     for (const wchar_t* name : {L"1.txt", L"2.txt", L"3.txt"})
         program_.Folder().Write(std::wstring(L"work\\") + name, "");
     Open(
@@ -292,13 +292,13 @@ TEST_F(BadPage, ALoopInARunDoesNotHoldTheEnd) {
     EXPECT_EQ(program_.Wait(), 4u);
 }
 
-TEST_F(BadPage, ADeepStackIsNoObstacle) {
+TEST_F(BadPage, MayCallAfterAStackOverflowAndFromADeepStack) {
     ASSERT_TRUE(
         OpenBad("function down(n) { return n ? down(n - 1) : external.window.title; }"
                 "function fall() { fall(); }"
                 "try { fall(); } catch (e) { console.log(e instanceof RangeError ? 'deep' : e.message); }"
                 "console.log(down(1000)); external.window.quit(4);"));
-    EXPECT_EQ(Told(), "deep");
+    EXPECT_EQ(FirstLine(), "deep");
     EXPECT_THAT(program_.Lines(), ElementsAre("deep", "Bad"));
 }
 

@@ -1,4 +1,4 @@
-// Windows of pages, seen from outside: which there are, whose they are, and what is not one of them.
+// The windows of pages, their owners, and addresses that open outside of the program.
 
 #include <algorithm>
 #include <filesystem>
@@ -18,7 +18,7 @@ class Windows : public ProgramTest {
     }
 };
 
-TEST_F(Windows, BelongToTheirMakerOnlyIfTheyInherit) {
+TEST_F(Windows, AreOwnedByTheirCreatorOnlyWithInherit) {
     Write(L"child.html",
           "external.window.title = windowContext; external.window.show(true);"
           "setInterval(function () { if (external.window.title === 'bye') window.close(); }, 20)");
@@ -37,7 +37,7 @@ TEST_F(Windows, BelongToTheirMakerOnlyIfTheyInherit) {
     EXPECT_TRUE(program_.IsRunning());
 }
 
-TEST_F(Windows, WithoutAnAddressTheFirstPageIsOpened) {
+TEST_F(Windows, OpenTheFirstPageWithoutAnAddress) {
     OpenFirst(
         "if (typeof windowContext === 'undefined') createWindow({url: 5, context: 'second'});"
         "else external.window.title = 'Second ' + windowContext;");
@@ -45,7 +45,7 @@ TEST_F(Windows, WithoutAnAddressTheFirstPageIsOpened) {
     EXPECT_EQ(program_.Windows().size(), 2u);
 }
 
-// What the system opens a kind of file with, for the time of a test: a command that copies the file's name.
+// Registers a program for a file type during a test: a command that writes the name of the file to `output`.
 class Opener {
   public:
     explicit Opener(const std::wstring& output) {
@@ -69,8 +69,8 @@ class Opener {
 
 class NewWindow : public Windows, public testing::WithParamInterface<const char*> {};
 
-// The system gets the address, and the page none of the engine's windows.
-TEST_P(NewWindow, IsTheSystems) {
+// The system opens the address, and the page gets no new window of the engine.
+TEST_P(NewWindow, IsOpenedByTheSystem) {
     const std::wstring output = program_.Folder() / L"opened.txt";
     const Opener opener(output);
     Write(L"note.tarviktest", "");

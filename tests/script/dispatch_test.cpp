@@ -9,32 +9,32 @@
 namespace tarvik {
 namespace {
 
-// A plug-in with a row for each kind of argument, result and access; it notes what its handlers got.
+// An object with a row for each type of argument, result and access. Its handlers log their arguments.
 class CSample : public TableDispatch<CSample> {
   public:
     static constexpr char kClassName[] = "CSample";
     static constexpr bool kTracesCalls = true;
     static std::span<const Member<CSample>> Members();
 
-    bool TakeBool(bool value) { return Note(value ? "true" : "false"), value; }
+    bool TakeBool(bool value) { return Log(value ? "true" : "false"), value; }
     Bstr TakeText(BSTR value) {
-        Note(value ? "text " + Narrow(Bstr::View(value)) : "null text");
+        Log(value ? "text " + Narrow(Bstr::View(value)) : "null text");
         return Bstr(Bstr::View(value));
     }
-    ComPtr<IDispatch> TakeObject(IDispatch* value) { return Note(value ? "object" : "null object"), value; }
-    Integer TakeLoose(CoercedInt value) { return Note(std::to_string(value.value)), Integer{value.value}; }
-    Variant TakeExact(AnyInt32 value) { return Note(std::to_string(value.value)), Variant::UI4(7); }
-    void TakeAny(AnyValue value) { Note(ValueText(*value.value)); }
+    ComPtr<IDispatch> TakeObject(IDispatch* value) { return Log(value ? "object" : "null object"), value; }
+    Integer TakeCoerced(CoercedInt value) { return Log(std::to_string(value.value)), Integer{value.value}; }
+    Variant TakeInt32(AnyInt32 value) { return Log(std::to_string(value.value)), Variant::UI4(7); }
+    void TakeAny(AnyValue value) { Log(ValueText(*value.value)); }
     Outcome TakeOptional(BSTR, std::optional<AnyInt32> number) {
-        Note(number ? std::to_string(number->value) : "missing");
+        Log(number ? std::to_string(number->value) : "missing");
         return {number ? S_OK : S_FALSE};
     }
-    std::optional<uint16_t> Ask(CoercedInt value) {
-        Note("asked");
+    std::optional<uint16_t> Compute(CoercedInt value) {
+        Log("computed");
         return value.value ? std::optional(static_cast<uint16_t>(value.value)) : std::nullopt;
     }
-    HRESULT Three(bool, BSTR text, AnyInt32) { return Note(Narrow(Bstr::View(text))), E_ABORT; }
-    HRESULT Raw(const Call& call) { return Note("raw " + std::to_string(call.Count())), S_OK; }
+    HRESULT Three(bool, BSTR text, AnyInt32) { return Log(Narrow(Bstr::View(text))), E_ABORT; }
+    HRESULT Raw(const Call& call) { return Log("raw " + std::to_string(call.Count())), S_OK; }
     Integer GetSize() { return {size_}; }
     HRESULT SetSize(AnyInt32 value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
@@ -42,18 +42,18 @@ class CSample : public TableDispatch<CSample> {
     }
     HRESULT Run(IDispatch* function) {
         CallScriptFunction(function);
-        return Note("survived"), S_OK;
+        return Log("survived"), S_OK;
     }
-    bool Refuse() { throw StatusError(E_ABORT); }
+    bool Throw() { throw StatusError(E_ABORT); }
 
-    std::vector<std::string> notes;
-    std::function<void()> atEnd;
+    std::vector<std::string> log;
+    std::function<void()> onDestroy;
     ~CSample() override {
-        if (atEnd) atEnd();
+        if (onDestroy) onDestroy();
     }
 
   private:
-    void Note(std::string text) { notes.push_back(std::move(text)); }
+    void Log(std::string text) { log.push_back(std::move(text)); }
     LONG size_ = 3;
 };
 
@@ -61,8 +61,8 @@ constexpr Member<CSample> kMembers[] = {
     Method<&CSample::TakeBool>(-10000, L"takeBool"),
     Method<&CSample::TakeText>(-9999, L"takeText"),
     Method<&CSample::TakeObject>(-9998, L"takeObject"),
-    Method<&CSample::TakeLoose>(-9997, L"takeLoose"),
-    Method<&CSample::TakeExact>(-9996, L"takeExact"),
+    Method<&CSample::TakeCoerced>(-9997, L"takeCoerced"),
+    Method<&CSample::TakeInt32>(-9996, L"takeInt32"),
     Method<&CSample::TakeAny>(-9995, L"takeAny"),
     Method<&CSample::TakeOptional>(-9994, L"takeOptional"),
     Method<&CSample::Three>(-9993, L"three"),
@@ -71,11 +71,11 @@ constexpr Member<CSample> kMembers[] = {
     ReadOnly<&CSample::GetSize>(-9990, L"fixed"),
     WriteOnly<&CSample::SetSize>(-9989, L"sink"),
     Method<&CSample::Run>(-9987, L"run"),
-    Method<&CSample::Refuse>(-9986, L"refuse"),
-    ResultMethod<&CSample::Ask>(-9985, L"ask"),
+    Method<&CSample::Throw>(-9986, L"throw"),
+    ResultMethod<&CSample::Compute>(-9985, L"compute"),
 };
 static_assert(IsInOrder(kMembers));
-constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Refuse>(-9999, L"takeBool")};
+constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Throw>(-9999, L"takeBool")};
 constexpr Member<CSample> kWrongOrder[] = {kMembers[1], kMembers[0]};
 static_assert(!IsInOrder(kSameName) && !IsInOrder(kWrongOrder));
 
@@ -97,10 +97,10 @@ class MemberTable : public testing::Test {
     ComPtr<CSample> sample_ = MakeCom<CSample>();
 };
 
-const std::string kNoSuchForm = StatusText(E_NOTIMPL);
+const std::string kNotImplemented = StatusText(E_NOTIMPL);
 const std::string kInvalid = StatusText(E_INVALIDARG);
 
-TEST_F(MemberTable, HandsOverEachKindAndItsResult) {
+TEST_F(MemberTable, ConvertsArgumentsAndResults) {
     Variant nullText;
     nullText.bstrVal = nullptr;
     nullText.vt = VT_BSTR;
@@ -109,58 +109,58 @@ TEST_F(MemberTable, HandsOverEachKindAndItsResult) {
     EXPECT_EQ(Call(L"takeText", std::move(nullText)), "BSTR ");
     EXPECT_EQ(Call(L"takeObject", MakeCom<Recorder>()), "DISPATCH");
     EXPECT_EQ(Call(L"takeObject", Variant::Object(nullptr)), "DISPATCH null");
-    EXPECT_EQ(Call(L"takeLoose", L"12"), "I4 12");
-    EXPECT_EQ(Call(L"takeLoose", 2.6), "I4 3");
-    EXPECT_EQ(Call(L"takeLoose", L"no number"), "I4 0");
-    EXPECT_EQ(Call(L"takeExact", Variant::UI4(0xFFFFFFFF)), "UI4 7");
+    EXPECT_EQ(Call(L"takeCoerced", L"12"), "I4 12");
+    EXPECT_EQ(Call(L"takeCoerced", 2.6), "I4 3");
+    EXPECT_EQ(Call(L"takeCoerced", L"no number"), "I4 0");
+    EXPECT_EQ(Call(L"takeInt32", Variant::UI4(0xFFFFFFFF)), "UI4 7");
     EXPECT_EQ(Call(L"takeAny", nullptr), "EMPTY");
     EXPECT_EQ(Call(L"raw", 1, L"2", true), "EMPTY");
-    EXPECT_THAT(sample_->notes, ElementsAre("true", "text x", "null text", "object", "null object", "12", "3",
-                                            "0", "-1", "NULL", "raw 3"));
+    EXPECT_THAT(sample_->log, ElementsAre("true", "text x", "null text", "object", "null object", "12", "3",
+                                          "0", "-1", "NULL", "raw 3"));
 }
 
-TEST_F(MemberTable, RefusesWrongKindsAndBeforeThemWrongCounts) {
+TEST_F(MemberTable, RejectsWrongCountsBeforeWrongTypes) {
     EXPECT_EQ(Call(L"takeBool", 1), kInvalid);
     EXPECT_EQ(Call(L"takeText", 1), kInvalid);
     EXPECT_EQ(Call(L"takeObject", nullptr), kInvalid);
-    EXPECT_EQ(Call(L"takeExact", 1.0), kInvalid);
+    EXPECT_EQ(Call(L"takeInt32", 1.0), kInvalid);
     EXPECT_EQ(Call(L"takeOptional", L"a", 1.0), kInvalid);
     EXPECT_EQ(Call(L"three", true, L"x", L"3"), kInvalid);
-    EXPECT_EQ(Call(L"takeBool"), kNoSuchForm);
-    EXPECT_EQ(Call(L"takeBool", 1, 2), kNoSuchForm);
-    EXPECT_EQ(Call(L"takeOptional"), kNoSuchForm);
-    EXPECT_EQ(Call(L"raw"), kNoSuchForm);
-    EXPECT_EQ(Call(L"raw", 1, 2, 3, 4), kNoSuchForm);
-    EXPECT_THAT(sample_->notes, IsEmpty());
+    EXPECT_EQ(Call(L"takeBool"), kNotImplemented);
+    EXPECT_EQ(Call(L"takeBool", 1, 2), kNotImplemented);
+    EXPECT_EQ(Call(L"takeOptional"), kNotImplemented);
+    EXPECT_EQ(Call(L"raw"), kNotImplemented);
+    EXPECT_EQ(Call(L"raw", 1, 2, 3, 4), kNotImplemented);
+    EXPECT_THAT(sample_->log, IsEmpty());
 }
 
-TEST_F(MemberTable, ReadsArgumentsInScriptOrderAndMayMissTheLast) {
-    EXPECT_EQ(Call(L"refuse"), StatusText(E_ABORT)) << "thrown, not returned";
+TEST_F(MemberTable, PassesArgumentsInScriptOrderAndAllowsMissingOnes) {
+    EXPECT_EQ(Call(L"throw"), StatusText(E_ABORT)) << "thrown, not returned";
     EXPECT_EQ(Call(L"three", true, L"middle", 3), StatusText(E_ABORT));
     EXPECT_EQ(Call(L"takeOptional", L"a"), "BOOL false");
     EXPECT_EQ(Call(L"takeOptional", L"a", 5), "BOOL true");
-    EXPECT_THAT(sample_->notes, ElementsAre("middle", "missing", "5"));
+    EXPECT_THAT(sample_->log, ElementsAre("middle", "missing", "5"));
 }
 
-TEST_F(MemberTable, TestsTheKindOfAccess) {
+TEST_F(MemberTable, ChecksTheAccess) {
     IDispatch* const sample = sample_.Get();
     EXPECT_EQ(GetText(sample, L"size"), "I4 3");
     EXPECT_EQ(PutText(sample, L"size", 9), "EMPTY");
     EXPECT_EQ(GetText(sample, L"fixed"), "I4 9");
     EXPECT_EQ(PutText(sample, L"size", 0), kInvalid);
-    EXPECT_EQ(PutText(sample, L"fixed", 1), kNoSuchForm);
-    EXPECT_EQ(GetText(sample, L"sink"), kNoSuchForm);
-    EXPECT_EQ(GetText(sample, L"takeBool"), kNoSuchForm);
-    EXPECT_EQ(Call(L"size"), kNoSuchForm);
-    EXPECT_EQ(ResultText(InvokeMember(sample, L"size", DISPATCH_PROPERTYPUTREF, {})), kNoSuchForm);
-    // A call and a read together, as engines ask when a value is wanted, is a call.
+    EXPECT_EQ(PutText(sample, L"fixed", 1), kNotImplemented);
+    EXPECT_EQ(GetText(sample, L"sink"), kNotImplemented);
+    EXPECT_EQ(GetText(sample, L"takeBool"), kNotImplemented);
+    EXPECT_EQ(Call(L"size"), kNotImplemented);
+    EXPECT_EQ(ResultText(InvokeMember(sample, L"size", DISPATCH_PROPERTYPUTREF, {})), kNotImplemented);
+    // Engines set both flags for a call whose value is used.
     std::vector<Variant> argument;
     argument.push_back(Variant::Bool(true));
     const WORD both = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
     EXPECT_EQ(ResultText(InvokeMember(sample, L"takeBool", both, std::move(argument))), "BOOL true");
 }
 
-TEST_F(MemberTable, NeedsASlotForReadsAndWhereTheResultIsAll) {
+TEST_F(MemberTable, RequiresAResultSlotForReadsAndResultMethods) {
     EXPECT_THAT(InvokeId(-9991, DISPATCH_PROPERTYGET, nullptr), HasStatus(E_INVALIDARG));
     Variant argument = Variant::Bool(true);
     DISPPARAMS one = {&argument, nullptr, 1, 0};
@@ -169,12 +169,12 @@ TEST_F(MemberTable, NeedsASlotForReadsAndWhereTheResultIsAll) {
     };
     EXPECT_THAT(call(-10000), HasStatus(S_OK));
     EXPECT_THAT(call(-9985), HasStatus(E_INVALIDARG));
-    EXPECT_THAT(sample_->notes, ElementsAre("true"));
-    EXPECT_EQ(Call(L"ask", 7), "UI2 7");
-    EXPECT_EQ(Call(L"ask", 0), "NULL");
+    EXPECT_THAT(sample_->log, ElementsAre("true"));
+    EXPECT_EQ(Call(L"compute", 7), "UI2 7");
+    EXPECT_EQ(Call(L"compute", 0), "NULL");
 }
 
-TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
+TEST_F(MemberTable, RejectsUnknownNamesAndIds) {
     DISPID id = 0;
     EXPECT_THAT(IdOf(sample_.Get(), L"takeText", &id), HasStatus(S_OK));
     EXPECT_EQ(id, -9999);
@@ -187,7 +187,7 @@ TEST_F(MemberTable, KnowsItsNamesAndIdsOnly) {
         EXPECT_THAT(InvokeId(unknown, DISPATCH_METHOD, &result), HasStatus(E_NOTIMPL)) << unknown;
 }
 
-TEST_F(MemberTable, LogsUnknownNamesAndItsOperations) {
+TEST_F(MemberTable, LogsUnknownNamesAndOperations) {
     DebugChannel channel;
     const DWORD before = std::exchange(processLog.flags, kLogTrace | kLogError);
     DISPID id = 0;
@@ -203,24 +203,23 @@ TEST_F(MemberTable, LogsUnknownNamesAndItsOperations) {
                             MatchesRegex(line + "GetTypeInfoCount\n"), MatchesRegex(line + "Invoke\n")));
 }
 
-// Script may drop its last reference in a callback while the member that called it still runs.
-TEST_F(MemberTable, LivesToTheEndOfTheCall) {
-    bool gone = false;
-    bool goneTooEarly = false;
-    sample_->atEnd = [&] { gone = true; };
-    CSample* const bare = sample_.Get();
+// A callback may release script's last reference to the object whose member calls it.
+TEST_F(MemberTable, KeepsTheObjectAliveDuringACall) {
+    bool isDestroyed = false;
+    bool isDestroyedEarly = false;
+    sample_->onDestroy = [&] { isDestroyed = true; };
+    CSample* const pointer = sample_.Get();
     const auto function = MakeCom<Recorder>([&](const Recorder::Record&) {
         sample_.Reset();
-        goneTooEarly = gone;
+        isDestroyedEarly = isDestroyed;
         return Variant();
     });
-    EXPECT_THAT(CallMember(bare, L"run", function).status, HasStatus(S_OK));
-    EXPECT_FALSE(goneTooEarly);
-    EXPECT_TRUE(gone);
+    EXPECT_THAT(CallMember(pointer, L"run", function).status, HasStatus(S_OK));
+    EXPECT_FALSE(isDestroyedEarly);
+    EXPECT_TRUE(isDestroyed);
 }
 
-// The base of script objects that are no plug-ins has answers of its own.
-TEST_F(MemberTable, OfNoPluginAnswersTwoInterfaces) {
+TEST_F(MemberTable, ReturnsItsOwnStatusForUnknownInterfaces) {
     CDispatchBase* const object = sample_.Get();
     void* out = &out;
     EXPECT_THAT(object->QueryInterface(__uuidof(IStream), &out), HasStatus(E_NOTIMPL));

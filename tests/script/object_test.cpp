@@ -6,7 +6,7 @@
 namespace tarvik {
 namespace {
 
-TEST(ScriptObjects, AreReadWrittenAndEnumeratedByRealScript) {
+TEST(ScriptObjects, WorkWithARealScriptEngine) {
     const auto object = MakeCom<CObject>();
     const auto array = MakeCom<CArray>();
     for (const wchar_t* text : {L"x", L"y", L"z"})
@@ -19,7 +19,7 @@ TEST(ScriptObjects, AreReadWrittenAndEnumeratedByRealScript) {
         L"for (var name in external) seen.push(name);"
         L"for (var i in external.list) seen.push(i + external.list[i]);");
     EXPECT_EQ(ValueText(bench.Evaluate(L"seen.join()")), "BSTR true,undefined,b,a,list,2z,1y,0x")
-        << "names are exact, and come newest first; elements from the highest index down";
+        << "names are case-sensitive and enumerated newest first, elements from the highest index down";
     EXPECT_EQ(GetText(object.Get(), L"b"), "BSTR two");
 }
 
@@ -30,14 +30,14 @@ DISPID Ensure(IDispatchEx* object, const wchar_t* name, DISPID untouched) {
     return id;
 }
 
-TEST(ScriptObject, NumbersPropertiesDownwardsThroughTheProcess) {
+TEST(ScriptObject, AssignsDescendingIdsPerProcess) {
     const auto first = MakeCom<CObject>();
     const auto second = MakeCom<CObject>();
     const DISPID a = Ensure(first.Get(), L"a", 0);
     EXPECT_LE(a, -6001);
     EXPECT_EQ(Ensure(second.Get(), L"a", 0), a - 1);
     EXPECT_EQ(Ensure(first.Get(), L"b", 0), a - 2);
-    // A name that is there gives no id, and takes none.
+    // A name that exists returns no id and uses none up.
     EXPECT_EQ(Ensure(first.Get(), L"a", 77), 77);
     EXPECT_EQ(Ensure(first.Get(), L"c", 0), a - 3);
     Bstr name;
@@ -46,7 +46,7 @@ TEST(ScriptObject, NumbersPropertiesDownwardsThroughTheProcess) {
     EXPECT_THAT(first->GetMemberName(a - 1, name.Receive()), HasStatus(DISP_E_UNKNOWNNAME));
 }
 
-TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
+TEST(ScriptArray, CountsEveryPropertyAndDropsAnElementWhoseNameExists) {
     const auto array = MakeCom<CArray>();
     CallMember(array.Get(), L"push", L"zero");
     CallMember(array.Get(), L"push");
@@ -59,7 +59,7 @@ TEST(ScriptArray, CountsEveryPropertyAndLosesAValueUnderATakenName) {
     EXPECT_THAT(PutMember(array.Get(), L"length", 1).status, HasStatus(E_INVALIDARG));
 }
 
-TEST(ScriptValues, AreMovedOutAndMadeFromNarrowText) {
+TEST(ScriptValues, MoveOutAndConvertFromNarrowText) {
     const ObjectCheck oldValueIsCleared;
     Variant source = Variant::Text(L"moved");
     Variant destination = Variant::Object(MakeCom<CObject>().Get());
@@ -73,8 +73,8 @@ TEST(ScriptValues, AreMovedOutAndMadeFromNarrowText) {
     EXPECT_EQ(NarrowToBstr(nullptr), nullptr);
 }
 
-// The ids of elements fall through those of `length` and `push`.
-TEST(ScriptArray, KeepsItsOwnMembersApartFromThousandsOfElements) {
+// Creates so many elements that their ids pass those of `length` and `push`.
+TEST(ScriptArray, SkipsTheIdsOfItsMembers) {
     constexpr int kElements = 4000;
     const auto array = MakeCom<CArray>();
     for (int i = 0; i < kElements; ++i) {
@@ -86,8 +86,8 @@ TEST(ScriptArray, KeepsItsOwnMembersApartFromThousandsOfElements) {
         ASSERT_EQ(GetText(array.Get(), std::to_wstring(i).c_str()), "I4 " + std::to_string(i));
 }
 
-// A value by reference, as some engines pass variables, must not outlive the call by its address.
-TEST(ScriptObject, KeepsAValueThatCameByReference) {
+// Some engines pass variables by reference, which is valid only during the call.
+TEST(ScriptObject, CopiesByReferenceValues) {
     const auto object = MakeCom<CObject>();
     const auto array = MakeCom<CArray>();
     {
@@ -102,8 +102,8 @@ TEST(ScriptObject, KeepsAValueThatCameByReference) {
     EXPECT_EQ(ValueText(ReadScriptProperty(array.Get(), L"0")), "BSTR kept");
 }
 
-// Objects of the engine, not ours: reading, writing and calling them.
-TEST(ScriptValues, OfARealEngineAreReadWrittenAndCalled) {
+// The same operations on objects of a script engine.
+TEST(ScriptValues, WorkWithObjectsOfARealEngine) {
     ScriptBench bench(MakeCom<CObject>().Get());
     bench.Run(L"var bag = {text: 'x', add: function (a, b) { return a + '/' + b; }};");
     const Variant bag = bench.Evaluate(L"bag");

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// An amount that goes up and down and must stay level all the same: from a course's second quarter to its
-// last one, its average may rise by no more than `rise`.
+// A fluctuating amount. Its average may rise by at most `rise` from the second quarter of a course to the
+// last one.
 struct Level {
     const char* what;
     double amount;
@@ -22,15 +22,15 @@ struct Reading {
     std::vector<Level> levels;
 };
 
-// A long run of equal steps, while which it is watched what the process holds. It prints that, and at the
-// end what has grown.
+// Repeats a step many times, while it watches the resources of the process for growth. It prints readings,
+// and at the end what has grown.
 class Course {
   public:
-    // `read` gives the same counts and levels each time.
+    // `read` returns the same counts and levels each time.
     Course(const char* name, std::function<Reading()> read) : name_(name), read_(std::move(read)) {}
 
-    // The first steps are not watched: what they leave behind is made once and kept. False when something has
-    // grown, or when a step has said false, which ends the course.
+    // The first `warmUp` steps are not watched, because they allocate what is allocated once. False if
+    // something has grown, or if a step returns false, which ends the course.
     bool Run(int warmUp, int steps, const std::function<bool(int step)>& step);
 
   private:
@@ -44,7 +44,7 @@ class Course {
     std::vector<Reading> readings_;
 };
 
-// Memory of this process that is its own alone, in KB.
+// The private memory of this process, in KB.
 double PrivateMemory();
 
 }  // namespace tarvik

@@ -12,10 +12,10 @@ namespace tarvik {
 
 namespace {
 
-// One more is made now and then, and kept.
+// Now and then another one is created and cached.
 constexpr double kHandlesRise = 2;
 constexpr double kProcessesRise = 2;
-// KB. Garbage of the allocators and of script goes up and down by about as much.
+// KB: as much as the garbage of allocators and of script fluctuates.
 constexpr double kMemoryRise = 2048;
 constexpr double kEngineRise = 40 * 1024;
 constexpr double kHeapRise = 256;

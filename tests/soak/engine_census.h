@@ -9,24 +9,24 @@
 
 namespace tarvik {
 
-// Counts what this process and its engine hold: beside the process's own, targets, processes and folders of
-// the engine, and the memory and documents of one page that stays.
+// Counts the resources of this process and its engine: targets, processes and folders of the engine, and the
+// memory and documents of one page.
 class EngineCensus {
   public:
-    // Before the engine starts, so that its processes can be known by their environment.
+    // Create it before the engine starts, because it identifies the engine's processes by their environment.
     EngineCensus();
 
     // The page of the only window there is now. While one is watched, the engine goes on.
     void WatchPage(SharedEngine& engine);
     void ForgetPage();
 
-    // An engine has been started. Wine loses a handle in this process whenever it starts a program of the
-    // system underneath, which is not held against anybody.
+    // To be called when an engine has started. Wine leaks a handle of this process for each program of the
+    // Unix host that it starts, which Now deducts.
     void NoteStart();
 
     Reading Now();
 
-    // What is left of the engine when the last window has gone; empty if nothing is.
+    // The processes and folders of the engine that still exist, as text; empty if there are none.
     std::string Left() { return processes_.Left(); }
 
   private:

@@ -1,8 +1,8 @@
-// Faults around the program: `soak_faults [kills [copies [seed]]]`. The engine or the program itself is
-// killed at random moments; many copies of the program start at once; the folder for temporary files, the
-// engine and the folder of the application have faults, of which at most `kills` of each group are tried.
-// Prints what was tried and what was left. Fails when the program does not go on as it should, and when
-// processes of the engine, FIFOs, profiles or unpacked folders are left behind.
+// soak_faults [KILLS [COPIES [SEED]]]: runs the program in a faulty environment. Kills the engine or the
+// program at random moments, KILLS times each; starts COPIES programs at once; uses faulty folders for
+// temporary files, faulty engines and a read-only application, at most KILLS faults of each group. Prints
+// each attempt and what it left behind. Fails if the program does not recover, or if processes of the engine,
+// FIFOs, profiles or unpacked folders are left.
 
 #include "tarvik/text.h"
 #include "tests/support/web_server.h"
@@ -38,7 +38,7 @@ DWORD Random(DWORD below) {
     return static_cast<DWORD>(chance() % below);
 }
 
-// Sends a file slowly, so that a download is always under way.
+// Sends a file slowly, so that a download is always running.
 void SendSlowly(const WebExchange& exchange) {
     constexpr int kParts = 20;
     const std::string part(10'000, 'x');
@@ -47,7 +47,7 @@ void SendSlowly(const WebExchange& exchange) {
         Sleep(10);
 }
 
-// Calls, downloads and unzips without end. The name says where the page was found.
+// A page that makes calls, downloads and unzips for ever. It logs its name, which states where it is from.
 std::string Page(const std::string& url, const std::string& name) {
     return "<!doctype html><script>"
            "function download() { external.http.createClient().downloadToFile("
@@ -70,7 +70,7 @@ std::string Noise(size_t size) {
     return noise;
 }
 
-// The unpacked folders there, and their locks.
+// The names of unpacked folders and of their locks.
 std::string UnpackedIn(const fs::path& folder) {
     std::string names;
     std::error_code missing;
@@ -86,8 +86,8 @@ void WriteFile(const fs::path& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// A copy of the built program with an application attached, and another application beside it, which it opens
-// when nothing can be unpacked. The files of the first do not fit on the small disk.
+// A copy of the built program with an application attached, which is too large for the small disk. If it
+// cannot be unpacked, the program opens another application beside it.
 class PackedProgram {
   public:
     explicit PackedProgram(const fs::path& folder) : path_(folder / L"packed.exe") {
@@ -107,12 +107,12 @@ class PackedProgram {
     const fs::path path_;
 };
 
-// One program, which may be started several times, and its engines.
+// A program, which may be started several times, and its engines.
 class Subject {
   public:
     explicit Subject(const PackedProgram& packed) { program.UseExecutable(packed.Path()); }
 
-    // How often the program that was started last has shown a page.
+    // How often the program has loaded a page since its last start.
     long Count(const char* page) const {
         return static_cast<long>(std::ranges::count(program.Lines(), page));
     }
@@ -120,20 +120,20 @@ class Subject {
         return WaitFor([&] { return Count(page) > 0; }, kTimeout);
     }
 
-    // The text of its window when there is no page.
+    // The text in its window if there is no page.
     std::string Notice() const {
         const auto windows = program.Windows();
         return windows.empty() ? "" : Narrow(Program::TextOf(InnermostWindow(windows[0])));
     }
 
-    // Ends the program. Returns the problem; empty if there is none.
+    // Quits the program. Returns the problem, if there is one.
     std::string End() {
         if (program.IsRunning() && program.Quit(3) != 3) return "does not quit";
         const std::string unpacked = UnpackedIn(program.Temp());
         return LeftOfEngine() + (unpacked.empty() ? "" : "left behind: " + unpacked);
     }
 
-    // Of all engines of this program, after the time that they need to end.
+    // Waits for the end of all its engines. Returns the problem, if there is one.
     std::string LeftOfEngine() {
         if (WaitFor([this] { return engine.Left().empty(); }, kTimeout)) return {};
         return "left behind: " + engine.Left();
@@ -145,8 +145,8 @@ class Subject {
 
 struct TempFault {
     const char* what;
-    const wchar_t* temp;  // a folder beside the one of the program's work, or a whole path
-    const char* page;     // that is shown all the same
+    const wchar_t* temp;  // relative to the folder of the test, or a full path
+    const char* page;     // that is loaded in spite of the fault
     const char* disk = nullptr;
 };
 
@@ -163,12 +163,13 @@ const TempFault kTempFaults[] = {
 };
 
 struct EngineFault {
-    const char* what;  // for broken_engine; "missing" means that there is none
+    const char* what;  // for broken_engine; "missing": there is no engine
     bool works = false;
 };
 
-constexpr EngineFault kEngineFaults[] = {{"missing"}, {"chatters"}, {"floods"},     {"ends"},
-                                         {"lies"},    {"hangs"},    {"fonts", true}};
+constexpr EngineFault kEngineFaults[] = {
+    {"missing"}, {"sends-noise"}, {"sends-endless-message"}, {"exits"}, {"sends-invalid-messages"},
+    {"hangs"},   {"fonts", true}};
 
 class Faults {
   public:
@@ -190,7 +191,7 @@ class Faults {
     }
 
   private:
-    // An engine that is killed during its start is started once more.
+    // The host restarts an engine that is killed during its start.
     std::string KillEngine() {
         Subject subject(packed_);
         subject.program.Start();
@@ -318,10 +319,10 @@ class Faults {
 
 int wmain(int argc, wchar_t** argv) {
     if (!tarvik::EngineProcesses::CanBeSeen()) {
-        std::printf("The engine's processes are seen under Wine only.\n");
+        std::printf("The engine's processes are visible under Wine only.\n");
         return 77;
     }
-    // Starts the desktop, which must not end with the first program that is killed.
+    // Starts the desktop, which otherwise would end with the first program that is killed.
     OleInitialize(nullptr);
     tarvik::chance.seed(argc > 3 ? static_cast<unsigned>(_wtoi(argv[3])) : 1);
     return tarvik::Faults(argc > 1 ? _wtoi(argv[1]) : 30, argc > 2 ? _wtoi(argv[2]) : 10).Run() ? 0 : 1;

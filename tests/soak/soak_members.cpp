@@ -1,7 +1,7 @@
-// Calls every member of every plug-in at random: `soak_members [calls [seed [first round]]]`. The page in
+// soak_members [CALLS [SEED [FIRST ROUND]]]: calls every member of every plug-in at random. The page in
 // tests/soak/members makes the calls, with arguments of every type. Each round has its own window, files and
-// seed, so a round can be repeated alone. Prints what was called, and the last calls after a crash or a hang.
-// Fails for these, for an unexpected dialog, and when a round leaves objects or threads behind.
+// seed, so a round can be repeated alone. Prints statistics, and after a crash or a hang the last calls.
+// Fails on these, on an unexpected dialog, and if a round leaks objects or threads.
 
 #include "tests/support/web_server.h"
 
@@ -75,7 +75,7 @@ LONG CALLBACK OnCrash(EXCEPTION_POINTERS* exception) {
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-// Ends the program when the main thread hangs in native code.
+// Terminates the program if the main thread hangs in native code.
 class Watch {
   public:
     static void Start() { CloseHandle(CreateThread(nullptr, 0, Run, nullptr, 0, nullptr)); }
@@ -96,7 +96,7 @@ class Watch {
 std::wstring folderOfPage;
 std::wstring addressOfServer;
 
-// `external.members`
+// The plug-in `members`, which the page uses.
 class MembersPlugin : public TablePlugin<MembersPlugin> {
   public:
     static constexpr char kClassName[] = "MembersPlugin";
@@ -136,8 +136,8 @@ std::span<const Member<MembersPlugin>> MembersPlugin::Members() {
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<MembersPlugin>(L"members", TVK::kRetainedPlugin);
 
-// No call may open a dialog. Answers one all the same, so that the round goes on.
-BOOL CALLBACK AnswerDialog(HWND window, LPARAM) {
+// No call may open a dialog. If one does, it is cancelled, so that the round continues.
+BOOL CALLBACK CancelDialog(HWND window, LPARAM) {
     wchar_t name[16] = {};
     GetClassNameW(window, name, static_cast<int>(std::size(name)));
     if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
@@ -152,7 +152,7 @@ BOOL CALLBACK AnswerDialog(HWND window, LPARAM) {
 
 void CALLBACK OnPause(HWND, UINT, UINT_PTR, DWORD) {
     Watch::Step();
-    EnumThreadWindows(GetCurrentThreadId(), AnswerDialog, 0);
+    EnumThreadWindows(GetCurrentThreadId(), CancelDialog, 0);
 }
 
 BOOL CALLBACK CloseBrowser(HWND window, LPARAM spared) {
@@ -163,7 +163,7 @@ BOOL CALLBACK CloseBrowser(HWND window, LPARAM spared) {
     return TRUE;
 }
 
-// The files that members work on, deep in a folder of their own, as is the current folder.
+// The files that members use, and the current folder, both deep inside a temporary folder.
 class Workspace {
   public:
     Workspace() {
@@ -263,7 +263,7 @@ class Soak {
   private:
     static long CountThreads() { return Holdings::Now().Take("threads"); }
 
-    // Wine keeps some of these for reuse, and threads with what is theirs.
+    // Wine caches some of these, and threads with their handles and memory.
     Reading Now() {
         constexpr double kThreadsRise = 3;
         Reading reading = census_.Now();
@@ -293,13 +293,13 @@ class Soak {
         if (AwaitThreads() && AwaitObjects()) return true;
         std::printf("%ld threads and %ld COM objects more than before\n", CountThreads() - threads_,
                     liveComObjects - objects_);
-        return PrintRound("something is left"), false;
+        return PrintRound("a leak"), false;
     }
 
-    // Waits for asynchronous operations. The system keeps some threads of its own for a while.
+    // Waits for asynchronous operations. The system caches some threads for a while.
     bool AwaitThreads() const {
-        constexpr long kKept = 12;
-        return PumpUntil([this] { return CountThreads() <= threads_ + kKept; }, kTimeout);
+        constexpr long kCached = 12;
+        return PumpUntil([this] { return CountThreads() <= threads_ + kCached; }, kTimeout);
     }
 
     bool AwaitObjects() const {
@@ -327,7 +327,7 @@ class Soak {
         if (exchange.Path() == "/none") return exchange.Answer("", "404 Not Found");
         exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
         const bool isLate = exchange.Path() == "/late";
-        for (int piece = 0; piece < (exchange.Path() == "/part" ? 3 : 10); ++piece) {
+        for (int chunk = 0; chunk < (exchange.Path() == "/part" ? 3 : 10); ++chunk) {
             if (isLate) Sleep(30);
             if (!exchange.Send(std::string(10'000, 'x'))) return;
         }
@@ -355,7 +355,7 @@ int wmain(int argc, wchar_t** argv) {
     const int first = argc > 3 ? _wtoi(argv[3]) : 0;
     bool good = false;
     const HRESULT status = tarvik::Guard([&] { good = tarvik::Soak().Run(calls, seed, first); });
-    if (FAILED(status)) std::printf("ended with 0x%08lX\n", static_cast<unsigned long>(status));
+    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
     OleUninitialize();
     return good ? 0 : 1;
 }

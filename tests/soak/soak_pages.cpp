@@ -1,6 +1,6 @@
-// Windows, documents and engines of the page control, one after the other, and calls in one document without
-// end: `soak_pages [windows] [navigations, and rounds of calls]`. Fails when more of anything is left than
-// after the first few. Windows that go at any moment are those of soak_walk.
+// soak_pages [WINDOWS [NAVIGATIONS]]: opens and closes windows of the page control, navigates, starts
+// engines, and makes calls in one document, as many rounds as navigations. Fails if resources leak.
+// (soak_walk closes windows at random.)
 
 #include <windows.h>
 #include <exdisp.h>
@@ -30,21 +30,21 @@ namespace {
 
 constexpr auto kTimeout = std::chrono::seconds(30);
 
-// What is done when a page calls; the page waits meanwhile.
-struct SoakAnswers {
+// Called by the members `ready` and `leave`, while the page waits.
+struct SoakHandlers {
     std::function<void()> ready;
     std::function<void()> leave;
-} soakAnswers;
+} soakHandlers;
 
-// `external.soak`, by which the pages use native code and native code uses them.
+// The plug-in `soak`: pages use its objects, and it calls functions of pages.
 class SoakPlugin : public TablePlugin<SoakPlugin> {
   public:
     static constexpr char kClassName[] = "SoakPlugin";
     static std::span<const Member<SoakPlugin>> Members();
 
-    // A native object, which the page keeps.
+    // A native object, which the page stores.
     ComPtr<IDispatch> Make() { return MakeCom<CObject>(); }
-    // A script function, which is kept here until the next one comes or the window goes.
+    // Stores a script function until the next call, or until the window is destroyed.
     void Hold(IDispatch* function) { held_ = function; }
     HRESULT CallBack(IDispatch* function) {
         const Variant argument = Variant::Object(Make().Get());
@@ -53,9 +53,9 @@ class SoakPlugin : public TablePlugin<SoakPlugin> {
     void Ready() {
         const ComPtr<IDispatch> held = held_;
         if (held) CallBack(held.Get());
-        soakAnswers.ready();
+        soakHandlers.ready();
     }
-    void Leave() { soakAnswers.leave(); }
+    void Leave() { soakHandlers.leave(); }
 
   private:
     ComPtr<IDispatch> held_;
@@ -100,7 +100,7 @@ constexpr const char* kInner = R"page(<!doctype html><script>
   parent.ready();
 </script>)page";
 
-// The next page is opened while this one waits for native code.
+// The next page is opened during a native call of this one.
 constexpr const char* kWaiting = R"page(<script>onload = function () { soak.leave(); }; </script>)page";
 
 constexpr const char* kWithTimers = R"page(<script>
@@ -110,7 +110,7 @@ constexpr const char* kWithTimers = R"page(<script>
   setTimeout(ready, 30);
 </script>)page";
 
-// Calls without end, in one document.
+// Makes calls for ever.
 constexpr const char* kCalling = R"page(<script>
   setInterval(function () {
     for (var i = 0; i < 10; i++) {
@@ -149,7 +149,7 @@ class Soak {
     ~Soak() { appModule.RemoveMessageLoop(); }
 
     bool Run(int windows, int navigations) {
-        soakAnswers = {[this] { ++ready_; }, [this] { OpenNext(); }};
+        soakHandlers = {[this] { ++ready_; }, [this] { OpenNext(); }};
         return RunBesideOne(windows, navigations) & RunAlone(std::max(4, windows / 10)) & IsEngineGone();
     }
 
@@ -171,7 +171,7 @@ class Soak {
         return good;
     }
 
-    // Each with an engine that starts and ends with it.
+    // Opens single windows, so that each starts and ends its own engine.
     bool RunAlone(int windows) {
         Course course("engines", [this] { return census_.Now(); });
         return course.Run(2, windows, [this](int) {
@@ -237,6 +237,6 @@ int wmain(int argc, wchar_t** argv) {
     const int navigations = argc > 2 ? _wtoi(argv[2]) : 1000;
     bool good = false;
     const HRESULT status = tarvik::Guard([&] { good = tarvik::Soak().Run(windows, navigations); });
-    if (FAILED(status)) std::printf("ended with 0x%08lX\n", static_cast<unsigned long>(status));
+    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
     return good ? 0 : 1;
 }

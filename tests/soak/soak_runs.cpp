@@ -1,7 +1,6 @@
-// Asynchronous members of all plug-ins side by side, again and again: `soak_runs [rounds [seed]]`. Some
-// succeed, some fail, some are cancelled, and in every second round their window goes meanwhile. Fails when a
-// callback comes that should not or does not come that should, and when more of anything is left than at half
-// time.
+// soak_runs [ROUNDS [SEED]]: runs asynchronous members of all plug-ins in parallel. Some operations succeed,
+// some fail, some are cancelled; in every second round their window is closed meanwhile. Fails if an expected
+// callback is not called or an unexpected one is, and if resources leak in the second half.
 
 #include "tests/support/web_server.h"
 
@@ -29,17 +28,17 @@ constexpr ULONG kFileSize = 300'000;
 
 enum class End { kSuccess, kFailure, kSilence };
 
-// A window, and files of one round.
-class Ground {
+// The window and the files of one round.
+class Workspace {
   public:
-    Ground() {
+    Workspace() {
         window_ = browser_->CreateHidden(nullptr, folder_.Write(L"page.html", "<html></html>").c_str());
         for (const wchar_t* name : {L"tree\\a", L"tree\\b", L"tree\\inner\\c", L"there\\a"})
             folder_.Write(name, std::string(kFileSize, 'x'));
         folder_.Write(L"archive.zip",
                       WriteArchive({{"one", std::string(kFileSize, '1')}, {"two", std::string(9, '2')}}));
     }
-    ~Ground() { CloseWindow(); }
+    ~Workspace() { CloseWindow(); }
 
     void CloseWindow() {
         if (IsWindow(window_)) DestroyWindow(window_);
@@ -50,31 +49,31 @@ class Ground {
         return plugin;
     }
     std::wstring Path(const wchar_t* name) const { return folder_ / name; }
-    std::wstring NewPath() { return folder_ / (L"new" + std::to_wstring(++made_)); }
+    std::wstring NewPath() { return folder_ / (L"new" + std::to_wstring(++created_)); }
     std::wstring NewFile() {
-        return folder_.Write(L"new" + std::to_wstring(++made_), std::string(kFileSize, 'y'));
+        return folder_.Write(L"new" + std::to_wstring(++created_), std::string(kFileSize, 'y'));
     }
 
   private:
     const TempFolder folder_;
     const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
     HWND window_ = nullptr;
-    int made_ = 0;
+    int created_ = 0;
 };
 
-// What is asked of a plug-in, and how it must end.
-struct Errand {
+// An operation, and its expected end.
+struct Operation {
     const wchar_t* plugin;
     const wchar_t* member;
     const wchar_t* source;  // null: a new file
     End end;
     bool isCancelled = false;
-    const wchar_t* dest = nullptr;  // null: a new place
+    const wchar_t* dest = nullptr;  // null: a new path
 };
 
 constexpr wchar_t kStream[] = L"stream";  // as a destination
 
-constexpr Errand kErrands[] = {
+constexpr Operation kOperations[] = {
     {L"minizip", L"zip", L"tree", End::kSuccess},
     {L"minizip", L"zip", L"tree", End::kSuccess, false, kStream},
     {L"minizip", L"zip", L"none", End::kFailure},
@@ -98,7 +97,7 @@ constexpr Errand kErrands[] = {
     {L"http", L"downloadToFile", L"whole", End::kSilence, true},
 };
 
-// Sends a file, or less of it than it says.
+// Sends a whole file, or fewer bytes than its Content-Length.
 std::wstring UrlOf(const wchar_t* name) {
     static const WebServer server([](const WebExchange& exchange) {
         exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(kFileSize) + "\r\n\r\n");
@@ -107,75 +106,76 @@ std::wstring UrlOf(const wchar_t* name) {
     return server.Url(name);
 }
 
-ComPtr<IDispatch> WorkerOf(const Errand& errand, Ground& ground) {
-    const auto plugin = ground.Plugin(errand.plugin);
-    if (errand.plugin != std::wstring(L"http")) return plugin;
+// The object that has the member.
+ComPtr<IDispatch> ObjectOf(const Operation& operation, Workspace& workspace) {
+    const auto plugin = workspace.Plugin(operation.plugin);
+    if (operation.plugin != std::wstring(L"http")) return plugin;
     const auto client = CallMember(plugin.Get(), L"createClient");
     return ComPtr<IDispatch>(client.value.pdispVal);
 }
 
-// Each member finds its own among them.
-OptionObject OptionsOf(const Errand& errand, Ground& ground, IDispatch* plugin) {
-    const std::wstring source = errand.source ? ground.Path(errand.source) : ground.NewFile();
-    const std::wstring dest = errand.dest ? ground.Path(errand.dest) : ground.NewPath();
+// The options of all members; each reads its own.
+OptionObject OptionsOf(const Operation& operation, Workspace& workspace, IDispatch* object) {
+    const std::wstring source = operation.source ? workspace.Path(operation.source) : workspace.NewFile();
+    const std::wstring dest = operation.dest ? workspace.Path(operation.dest) : workspace.NewPath();
     OptionObject options;
     options.Set(L"srcPath", source.c_str()).Set(L"destPath", dest.c_str()).Set(L"path", source.c_str());
     options.Set(L"len", Variant::UI4(kFileSize));
-    if (errand.plugin == std::wstring(L"http")) options.Set(L"url", UrlOf(errand.source).c_str());
-    if (errand.member == std::wstring(L"readAsync")) {
-        CallMember(plugin, L"open", source.c_str(), L"r");
-    } else if (errand.member == std::wstring(L"writeAsync")) {
-        CallMember(plugin, L"open", dest.c_str(), L"wn");
-        const auto content = ground.Plugin(L"stream");
+    if (operation.plugin == std::wstring(L"http")) options.Set(L"url", UrlOf(operation.source).c_str());
+    if (operation.member == std::wstring(L"readAsync")) {
+        CallMember(object, L"open", source.c_str(), L"r");
+    } else if (operation.member == std::wstring(L"writeAsync")) {
+        CallMember(object, L"open", dest.c_str(), L"wn");
+        const auto content = workspace.Plugin(L"stream");
         CallMember(content.Get(), L"setSize", static_cast<int>(kFileSize));
         options.Set(L"src", content);
     } else {
         options.Set(L"src", source.c_str()).Set(L"dest", dest.c_str());
-        if (errand.dest == kStream) options.Set(L"dest", ground.Plugin(L"stream"));
+        if (operation.dest == kStream) options.Set(L"dest", workspace.Plugin(L"stream"));
     }
     return options;
 }
 
-std::unique_ptr<AsyncRun> Start(const Errand& errand, Ground& ground) {
-    const auto plugin = WorkerOf(errand, ground);
-    return std::make_unique<AsyncRun>(plugin.Get(), errand.member, OptionsOf(errand, ground, plugin.Get()),
-                                      [cancel = errand.isCancelled](const Recorder::Record&) {
+std::unique_ptr<AsyncRun> Start(const Operation& operation, Workspace& workspace) {
+    const auto object = ObjectOf(operation, workspace);
+    return std::make_unique<AsyncRun>(object.Get(), operation.member,
+                                      OptionsOf(operation, workspace, object.Get()),
+                                      [cancel = operation.isCancelled](const Recorder::Record&) {
                                           return cancel ? Variant::Bool(false) : Variant();
                                       });
 }
 
-// With one call of the right function and none of the other.
-bool EndedAsItMust(const Errand& errand, const std::string& text) {
-    const bool ended = errand.end == End::kSilence ? text.empty()
-                       : errand.end == End::kFailure
-                           ? text.rfind("fail: ") == 0
-                           : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
-    if (!ended) std::printf("%ls ended with \"%s\"\n", errand.member, text.c_str());
-    return ended;
+// Whether the right function was called once, and the other one not at all.
+bool HasExpectedEnd(const Operation& operation, const std::string& text) {
+    const bool isExpected = operation.end == End::kSilence ? text.empty()
+                            : operation.end == End::kFailure
+                                ? text.rfind("fail: ") == 0
+                                : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
+    if (!isExpected) std::printf("%ls ended with \"%s\"\n", operation.member, text.c_str());
+    return isExpected;
 }
 
 bool RunRound(std::mt19937& random, bool closesWindow) {
-    Ground ground;
-    std::vector<std::pair<const Errand&, std::unique_ptr<AsyncRun>>> runs;
+    Workspace workspace;
+    std::vector<std::pair<const Operation&, std::unique_ptr<AsyncRun>>> runs;
     for (int i = 0; i < kRuns; ++i) {
-        const Errand& errand = kErrands[random() % std::size(kErrands)];
-        runs.emplace_back(errand, Start(errand, ground));
+        const Operation& operation = kOperations[random() % std::size(kOperations)];
+        runs.emplace_back(operation, Start(operation, workspace));
     }
-    if (closesWindow) ground.CloseWindow();
+    if (closesWindow) workspace.CloseWindow();
     const auto isOver = [](const auto& run) { return run.second->IsOver(); };
     bool good = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kTimeout);
     if (!good) std::printf("%d runs ended\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
-    for (const auto& [errand, run] : runs)
-        good &= EndedAsItMust(errand, run->End().text);
+    for (const auto& [operation, run] : runs)
+        good &= HasExpectedEnd(operation, run->End().text);
     return good;
 }
 
-// Threads and windows that have been told to end need a moment.
+// Waits a moment first, because threads and windows may still be ending.
 Reading Settled() {
-    constexpr double kKeptBySystem =
-        5;  // it keeps a handle for later now and then; a run uses more than that
+    constexpr double kCached = 5;  // the system caches a handle now and then; an operation would leak more
     PumpUntil([] { return false; }, std::chrono::milliseconds(300));
-    return {Holdings::Now(), {{"handles", static_cast<double>(CountHandles()), kKeptBySystem}}};
+    return {Holdings::Now(), {{"handles", static_cast<double>(CountHandles()), kCached}}};
 }
 
 int Soak(int rounds, unsigned seed) {

@@ -1,9 +1,8 @@
-// Walks at random through what a page does: `soak_walk [walks [seed]]`. In two windows side by side the same
-// page does one thing after the other, also inside of its callbacks and while native code waits for it. Pages
-// set callbacks and take them away, raise events, send messages to each other, ask people, build menus that
-// share others, open them also while another one is open, show icons, navigate, close and quit; a person
-// answers or not, or the window goes. Fails when a page no longer goes on, and when more of anything is left
-// than after the first few walks.
+// soak_walk [WALKS [SEED]]: performs random actions of pages. The same page runs in two windows; it acts at
+// random, also inside its callbacks and while native code waits for it. It sets and removes callbacks, raises
+// events, sends messages, opens dialogs, builds menus that share submenus, opens menus inside menus, shows
+// icons, navigates, closes windows and quits. A simulated user drives dialogs and menus, and windows are
+// closed. Fails if a page hangs, or if resources leak.
 
 #include <windows.h>
 
@@ -39,8 +38,8 @@ int Random(int below) {
     return static_cast<int>(chance() % static_cast<unsigned>(below));
 }
 
-// What others do to a window, at any moment.
-void Strike(HWND window) {
+// What a user or the system may do to a window at any time.
+void Disturb(HWND window) {
     constexpr WPARAM kCommands[] = {SC_CLOSE, SC_MINIMIZE, SC_MAXIMIZE, SC_RESTORE};
     switch (Random(8)) {
         case 0:
@@ -57,7 +56,7 @@ void Strike(HWND window) {
     }
 }
 
-// `external.walk`
+// The plug-in `walk`, which the page uses.
 class WalkPlugin : public TablePlugin<WalkPlugin> {
   public:
     static constexpr char kClassName[] = "WalkPlugin";
@@ -69,7 +68,7 @@ class WalkPlugin : public TablePlugin<WalkPlugin> {
     }
     Integer Random(AnyInt32 below) { return {tarvik::Random(below.value)}; }
     void Step() { ++steps; }
-    void Strike() { tarvik::Strike(window_); }
+    void Disturb() { tarvik::Disturb(window_); }
     void Send(AnyInt32 message, AnyInt32 first, AnyInt32 second) {
         SendMessageW(window_, static_cast<UINT>(message.value), static_cast<WPARAM>(first.value),
                      second.value);
@@ -82,7 +81,7 @@ class WalkPlugin : public TablePlugin<WalkPlugin> {
 constexpr Member<WalkPlugin> kMembers[] = {
     Method<&WalkPlugin::Random>(-10000, L"random"),
     Method<&WalkPlugin::Step>(-9999, L"step"),
-    Method<&WalkPlugin::Strike>(-9998, L"strike"),
+    Method<&WalkPlugin::Disturb>(-9998, L"disturb"),
     Method<&WalkPlugin::Send>(-9997, L"send"),
 };
 
@@ -134,7 +133,7 @@ constexpr const char* kActs = R"page(
     function () { w.minimize(); },
     function () { w.messageBox('walk', any(['ok', 'warning'])); },
     function () { confirm('walk'); },
-    function () { walk.strike(); },
+    function () { walk.disturb(); },
     function () { w.close(); },
     function () { if (walk.random(4) === 0) w.quit(0); },
     function () { location.href = 'walk.html?' + walk.random(1000); },
@@ -155,18 +154,17 @@ constexpr const char* kActs = R"page(
   setInterval(function () { walk.step(); act(); }, 1);
 </script>)page";
 
-// Answers the dialogs of this thread.
-BOOL CALLBACK AnswerDialog(HWND window, LPARAM) {
+BOOL CALLBACK CancelDialog(HWND window, LPARAM) {
     wchar_t name[16] = {};
     GetClassNameW(window, name, static_cast<int>(std::size(name)));
     if (std::wstring_view(name) == L"#32770") PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
     return TRUE;
 }
 
-// Looks around in the menu that is open, and chooses something or goes away.
+// Presses keys in the open menu, or closes it, or disturbs its window.
 void UseMenu(HWND owner) {
     constexpr WPARAM kKeys[] = {VK_DOWN, VK_UP, VK_RIGHT, VK_RETURN, VK_ESCAPE};
-    if (Random(30) == 0) return Strike(GetAncestor(owner, GA_ROOT));
+    if (Random(30) == 0) return Disturb(GetAncestor(owner, GA_ROOT));
     if (Random(4) == 0) {
         EndMenu();
         return;
@@ -175,8 +173,8 @@ void UseMenu(HWND owner) {
         PostMessageW(owner, WM_KEYDOWN, kKeys[Random(5)], 0);
 }
 
-void CALLBACK OnPerson(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), AnswerDialog, 0);
+void CALLBACK SimulateUser(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), CancelDialog, 0);
     GUITHREADINFO info = {};
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetCurrentThreadId(), &info);
@@ -205,7 +203,7 @@ class Walks {
     Walks() { appModule.AddMessageLoop(&loop_); }
     ~Walks() {
         appModule.RemoveMessageLoop();
-        KillTimer(nullptr, person_);
+        KillTimer(nullptr, user_);
     }
 
     bool Run(int walks) {
@@ -219,7 +217,7 @@ class Walks {
     }
 
   private:
-    // Wine keeps device contexts, pictures and icons for as many dialogs and menus as have been open at a
+    // Wine caches device contexts, bitmaps and icons for as many dialogs and menus as were open at the same
     // time.
     Reading Now() {
         Reading reading = census_.Now();
@@ -243,7 +241,7 @@ class Walks {
     }
 
     CMessageLoop loop_;
-    const UINT_PTR person_ = SetTimer(nullptr, 0, kPause, OnPerson);
+    const UINT_PTR user_ = SetTimer(nullptr, 0, kPause, SimulateUser);
     const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"walk.html", std::string(kHead) + kActs);
     EngineCensus census_;
@@ -259,6 +257,6 @@ int wmain(int argc, wchar_t** argv) {
     tarvik::chance.seed(argc > 2 ? static_cast<unsigned>(_wtoi(argv[2])) : 1);
     bool good = false;
     const HRESULT status = tarvik::Guard([&] { good = tarvik::Walks().Run(walks); });
-    if (FAILED(status)) std::printf("ended with 0x%08lX\n", static_cast<unsigned long>(status));
+    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
     return good ? 0 : 1;
 }

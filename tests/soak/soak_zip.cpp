@@ -1,5 +1,5 @@
-// Damaged archives, one after the other: `soak_zip [runs [seed]]`. Fails for a fault, for a file outside the
-// destination, and for handles that are not given back.
+// soak_zip [ARCHIVES [SEED]]: unpacks damaged archives. Fails on a crash, on a file outside of the
+// destination, and if handles leak.
 
 #include <windows.h>
 
@@ -47,14 +47,14 @@ std::vector<std::string> GoodArchives() {
     };
 }
 
-// Half of the time inside a header.
+// A random position, half of the time inside a header.
 size_t Place(const std::string& archive) {
     const size_t place = Below(archive.size());
     const size_t header = Below(2) == 0 ? archive.find("PK", place) : std::string::npos;
     return header == std::string::npos ? place : std::min(header + Below(50), archive.size() - 1);
 }
 
-// A number in the place of 1, 2, 4 or 8 bytes.
+// Overwrites 1, 2, 4 or 8 bytes with a number.
 void SetField(std::string& archive, size_t place) {
     constexpr std::int64_t kValues[] = {-101,   -1,         0,          1,          2,          22,
                                         46,     0x7F,       0x80,       0xFF,       0x7FFF,     0x8000,
@@ -91,16 +91,16 @@ std::string Damaged(std::string archive) {
     return archive;
 }
 
-// A copy of bytes tight against a page that nobody may touch, so that the first byte read behind them is a
-// fault.
+// A copy of bytes directly before an inaccessible memory page, so that reading beyond their end crashes.
 class GuardedBytes {
   public:
     explicit GuardedBytes(Bytes bytes) : size_(bytes.size()) {
         constexpr size_t kPage = 4096;
-        const size_t room = (size_ / kPage + 1) * kPage;
-        memory_ = static_cast<std::uint8_t*>(VirtualAlloc(nullptr, room + kPage, MEM_RESERVE, PAGE_NOACCESS));
-        VirtualAlloc(memory_, room, MEM_COMMIT, PAGE_READWRITE);
-        start_ = memory_ + room - size_;
+        const size_t capacity = (size_ / kPage + 1) * kPage;
+        memory_ =
+            static_cast<std::uint8_t*>(VirtualAlloc(nullptr, capacity + kPage, MEM_RESERVE, PAGE_NOACCESS));
+        VirtualAlloc(memory_, capacity, MEM_COMMIT, PAGE_READWRITE);
+        start_ = memory_ + capacity - size_;
         if (size_) std::memcpy(start_, bytes.data(), size_);
     }
     ~GuardedBytes() { VirtualFree(memory_, 0, MEM_RELEASE); }
@@ -115,7 +115,7 @@ class GuardedBytes {
     std::uint8_t* start_;
 };
 
-// The road of both sources, on bytes before a guard.
+// Finds the archive with this index and extracts it, both from guarded bytes.
 bool Unpack(const std::string& archive, ULONG index, const std::wstring& dest) {
     const auto plugin = MakeCom<CZipPlugin>();
     const Variant noContext;

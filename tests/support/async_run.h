@@ -10,28 +10,27 @@ namespace tarvik {
 
 inline constexpr char kSuccess[] = "success: EMPTY";
 
-// How most members tell a failure.
+// The Ending::text of a failed operation, for most members.
 inline std::string FailText(HRESULT status, const std::string& context = "EMPTY") {
     return "fail: I4 " + std::to_string(status) + ", " + context;
 }
 
-// How a run of an asynchronous member ended: "success: " or "fail: " with the arguments as text, or nothing
-// after a cancel; and the arguments of every call of `progress`.
+// How an operation of an asynchronous member ended.
 struct Ending {
     std::string result;  // of the call itself
-    std::string text;
-    std::vector<std::string> progress;
+    std::string text;    // "success: " or "fail: " with the arguments; empty after a cancellation
+    std::vector<std::string> progress;  // the arguments of each call of `progress`
 };
 
-// One run of an asynchronous member, with these options and functions of its own, which it is called with at
-// once; `callback` and `completed` of some members are its `progress` and `success`. The options are borrowed
-// for the call. `answer` is that of `progress`.
+// An operation of an asynchronous member. The constructor calls the member with the options and with
+// functions of its own; some members take `callback` and `completed` instead of `progress` and `success`.
+// `answer` computes what `progress` returns.
 class AsyncRun {
   public:
     AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
              Recorder::Answer answer = {});
 
-    // The functions have been let go of. It takes messages to come to that.
+    // Whether the operation has released the functions. That needs the messages of this thread to be pumped.
     bool IsOver() const;
     Ending End() const;
 
@@ -42,8 +41,7 @@ class AsyncRun {
     std::string result_;
 };
 
-// Calls the member with these options and functions of its own, and pumps messages until the run has let go
-// of them. `answer` is that of `progress`.
+// The same, and pumps messages until the operation has ended.
 Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
                 Recorder::Answer answer = {});
 

@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-// The system reports each text as an exception, which a debugger takes; the text is narrow.
+// OutputDebugString raises this exception for a debugger, with the text in the system's code page.
 constexpr DWORD kNarrowText = 0x40010006;  // DBG_PRINTEXCEPTION_C
 
 DebugChannel* listening = nullptr;
@@ -14,7 +14,7 @@ DebugChannel* listening = nullptr;
 LONG CALLBACK Listen(EXCEPTION_POINTERS* pointers) {
     const EXCEPTION_RECORD& record = *pointers->ExceptionRecord;
     if (record.ExceptionCode != kNarrowText || !listening) return EXCEPTION_CONTINUE_SEARCH;
-    // The length counts the terminator.
+    // The length includes the terminator.
     listening->texts.emplace_back(reinterpret_cast<const char*>(record.ExceptionInformation[1]),
                                   record.ExceptionInformation[0] - 1);
     return EXCEPTION_CONTINUE_EXECUTION;

@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-// Collects what this process sends to the debugger's channel while the object lives. One at a time.
+// Collects the texts that this process sends to the debugger. There may be one such object at a time.
 class DebugChannel {
   public:
     DebugChannel();

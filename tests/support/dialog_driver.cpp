@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr unsigned long kPatience = 10'000;
+constexpr unsigned long kTimeout = 10'000;
 constexpr DWORD kPause = 10;
 constexpr int kFileName = 0x47C;  // cmb13 of the system's file dialogs
 
@@ -49,7 +49,7 @@ void AnswerDialogs(const std::function<void()>& call, const std::function<void(H
         for (ULONGLONG grace = GetTickCount64() + 1000; !over; Sleep(kPause)) {
             const HWND left = GetTickCount64() > grace ? DialogNow(nullptr) : nullptr;
             if (!left) continue;
-            ADD_FAILURE() << "a dialog is left open";
+            ADD_FAILURE() << "a dialog is still open";
             for (const int button : {IDCANCEL, IDNO, IDOK})
                 PostMessageW(left, WM_COMMAND, button, 0);
             grace = GetTickCount64() + 1000;
@@ -62,8 +62,8 @@ void AnswerDialogs(const std::function<void()>& call, const std::function<void(H
 
 HWND NextDialog(HWND other) {
     HWND dialog = nullptr;
-    EXPECT_TRUE(WaitFor([&] { return (dialog = DialogNow(other)) != nullptr; }, kPatience))
-        << "no dialog comes";
+    EXPECT_TRUE(WaitFor([&] { return (dialog = DialogNow(other)) != nullptr; }, kTimeout))
+        << "no dialog was opened";
     return dialog;
 }
 
@@ -74,9 +74,9 @@ std::wstring TextOf(HWND dialog, int item) {
 }
 
 bool Press(HWND dialog, int button) {
-    // Posted, as a click is: under Wine a dialog that a sent message ends may swallow a posted one.
+    // Posted, like a click: under Wine, a dialog that is closed by a sent message may swallow a posted one.
     PostMessageW(dialog, WM_COMMAND, button, 0);
-    return WaitFor([&] { return !IsWindow(dialog); }, kPatience);
+    return WaitFor([&] { return !IsWindow(dialog); }, kTimeout);
 }
 
 void EnterFileName(HWND dialog, const std::wstring& name) {

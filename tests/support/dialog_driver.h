@@ -5,23 +5,23 @@
 #include <functional>
 #include <string>
 
-// The system's dialogs on the testing thread, answered as a person would.
+// Drives the system's dialogs on the thread of the test, as a user would.
 namespace tarvik {
 
-// Does what opens dialogs on this thread, while `person` answers them from another one, beginning with the
-// first. A dialog that is open when the person is done is closed, and fails the test.
+// Calls `call`, which opens dialogs on this thread, while `person` answers them on another thread. If a
+// dialog is open after `person` has returned, it is closed and the test fails.
 void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND first)>& person);
 
-// For the person: the dialog that is there or will come, other than that one.
+// For `person`: waits for a dialog other than `other`.
 HWND NextDialog(HWND other = nullptr);
 
-// A control's text.
+// The text of a control.
 std::wstring TextOf(HWND dialog, int item);
 
-// Presses a button and waits for the dialog to go.
+// Presses a button and waits until the dialog is closed.
 bool Press(HWND dialog, int button);
 
-// Types the name of a file or several, and presses the button that takes it.
+// Types one or several file names, and presses the default button.
 void EnterFileName(HWND dialog, const std::wstring& name);
 
 }  // namespace tarvik

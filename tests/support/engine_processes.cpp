@@ -21,8 +21,7 @@ using Process = EngineProcesses::Process;
 
 constexpr const wchar_t* kProcesses = L"Z:\\proc\\";
 
-// Empty, or cut off, for a process that goes meanwhile: then reading its files fails, which an iterator would
-// throw.
+// Empty or truncated if the process ends meanwhile: reading then fails, and a stream iterator would throw.
 std::string Read(int id, const wchar_t* file) {
     std::ifstream stream(fs::path(kProcesses) / std::to_wstring(id) / file, std::ios::binary);
     std::string text;
@@ -32,8 +31,7 @@ std::string Read(int id, const wchar_t* file) {
     return text;
 }
 
-// "id (name) state parent ..."; the name may hold anything. A process that has ended and was not waited for
-// yet is gone.
+// Parses "id (name) state parent ...", in which the name may contain any character. False for a zombie.
 bool ReadState(Process& process) {
     const std::string state = Read(process.id, L"stat");
     const size_t end = state.rfind(')');
@@ -60,7 +58,8 @@ std::vector<Process> AllProcesses() {
     return all;
 }
 
-// Of the engine's "... --user-data-dir=/tmp/folder/p ..." and of the shell's "... d='/tmp/folder'; ...".
+// The folder in the engine's "... --user-data-dir=/tmp/folder/p ..." or in the shell's "... d='/tmp/folder';
+// ...".
 std::wstring FolderIn(const std::string& command) {
     for (const auto& [start, end] :
          {std::pair<std::string_view, const char*>("--user-data-dir=/tmp/", "/p "), {"d='/tmp/", "'"}}) {
@@ -80,7 +79,7 @@ bool EngineProcesses::CanBeSeen() {
 
 bool EngineProcesses::BelongsToRun(const Process& process) const {
     if (seen_.contains({process.id, process.start})) return true;
-    // The program itself carries the mark as well; so do Wine's own processes that it may have started.
+    // The program itself, and Wine processes that it has started, have the same environment.
     const bool isProgram = process.command.find(".exe") != std::string::npos;
     return !isProgram &&
            Read(process.id, L"environ").find("TARVIK_TEST_RUN=" + mark_ + '\0') != std::string::npos;
@@ -89,7 +88,7 @@ bool EngineProcesses::BelongsToRun(const Process& process) const {
 std::vector<Process> EngineProcesses::Look() {
     std::vector<Process> all = AllProcesses();
     auto others = std::ranges::partition(all, [this](const auto& process) { return BelongsToRun(process); });
-    // What the engine makes by splitting itself may have lost its environment, but has its parent.
+    // A process that the engine forks may have lost its environment; its parent identifies it.
     for (auto parent = all.begin(); parent != others.begin(); ++parent) {
         others =
             std::ranges::partition(others, [&](const auto& other) { return other.parent == parent->id; });
@@ -142,8 +141,8 @@ void EngineProcesses::Signal(const std::wstring& name, bool (Process::*which)() 
     PROCESS_INFORMATION information = {};
     CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                    &information);
-    // Not closed: for a Unix program Wine fills these in with whatever was on its stack, which may be handles
-    // of this process.
+    // The handles in `information` are not closed: for a Unix program, Wine leaves random values there, which
+    // may be handles of this process.
 }
 
 }  // namespace tarvik

@@ -6,32 +6,33 @@
 
 namespace tarvik {
 
-// What one run of the program has started of the engine, as the system underneath Wine tells: a shell, the
-// engine's processes, and their folder.
+// The processes on the Unix host that one start of the program has started for its engine: a shell and the
+// engine's own, and their folder.
 class EngineProcesses {
   public:
-    // The value of TARVIK_TEST_RUN in the program's environment, which they have inherited.
+    // `mark` is the value of TARVIK_TEST_RUN in the environment of the program, which they inherit.
     explicit EngineProcesses(std::string mark) : mark_(std::move(mark)) {}
 
-    // Only there.
+    // Whether this runs under Wine, with access to /proc.
     static bool CanBeSeen();
 
-    // Those that live now. They, and their folder, are remembered.
     struct Process {
         int id = 0;
         int parent = 0;
-        std::string start;    // with the id, what tells it from every other
-        std::string command;  // with its arguments, a blank between
+        std::string start;    // unique together with the id
+        std::string command;  // with its arguments, separated by spaces
 
-        bool IsEngine() const;  // the one that all others end with
+        bool IsEngine() const;  // the main process, with which all others end
         bool IsPage() const;
     };
+    // The running processes. Later calls also find these, and their folder.
     std::vector<Process> Look();
-    // Its memory that is its own alone, in KB.
+    // The private memory of a process, in KB.
     static long MemoryOf(const Process& process);
-    // Folders of theirs that are there.
+    // The number of folders that exist.
     long Folders() const;
-    // What is left of all those that were ever seen, and of their folders; empty if nothing is.
+    // The processes and folders that Look has ever found and that still exist, as text; empty if there are
+    // none.
     std::string Left();
 
     void Kill(bool (Process::*which)() const) { Signal(L"KILL", which); }

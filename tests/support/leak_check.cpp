@@ -50,7 +50,7 @@ long CountWindows() {
     return count;
 }
 
-// Of the table that the system keeps in each process. The layout is the published one of debuggers.
+// Counts the entries of the GDI handle table in this process, whose layout debuggers document.
 long CountGdiEntries() {
     struct Entry {
         ULONGLONG object;
@@ -61,7 +61,7 @@ long CountGdiEntries() {
         ULONGLONG data;
     };
     constexpr size_t kEntries = 0x4000;
-    constexpr size_t kTable = 0xF8;  // in the block that describes the process
+    constexpr size_t kTable = 0xF8;  // in the process environment block
     PROCESS_BASIC_INFORMATION process = {};
     using Query = NTSTATUS NTAPI(HANDLE, PROCESSINFOCLASS, void*, ULONG, ULONG*);
     auto* const query = FindFunction<Query>(L"ntdll.dll", "NtQueryInformationProcess");
@@ -79,7 +79,7 @@ bool IsIcon(HICON icon) {
     return true;
 }
 
-// The lower half of a handle is enough to find what it stands for.
+// The low word of a handle is enough to find its object.
 long CountMenusAndIcons() {
     long count = 0;
     for (ULONG_PTR value = 0x20; value < 0xFFF0; value += 2)
@@ -87,14 +87,14 @@ long CountMenusAndIcons() {
     return count;
 }
 
-// Wine answers 0 to both questions, and is looked at more closely.
+// Wine's GetGuiResources returns 0.
 long CountGdiHandles() {
-    const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    return told ? static_cast<long>(told) : CountGdiEntries();
+    const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    return count ? static_cast<long>(count) : CountGdiEntries();
 }
 long CountUserHandles() {
-    const DWORD told = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-    return told ? static_cast<long>(told) : CountWindows() + CountMenusAndIcons();
+    const DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    return count ? static_cast<long>(count) : CountWindows() + CountMenusAndIcons();
 }
 
 }  // namespace

@@ -10,8 +10,8 @@
 
 namespace tarvik {
 
-// What a process holds, counted. Take it before and after; GrownSince names what grew, and is empty when
-// nothing did. COM objects are those of tarvik/com_object.h; windows are of all kinds and levels.
+// Counts of the resources that this process holds: COM objects (tarvik/com_object.h), threads, windows of all
+// types and levels, GDI and USER handles.
 class Holdings {
   public:
     struct Count {
@@ -20,12 +20,13 @@ class Holdings {
     };
 
     static Holdings Now();
-    // For what only the test knows of; each time in the same order.
+    // Adds a count of the test's own. Holdings that are compared need the same counts in the same order.
     void Add(const char* what, long count) { counts_.push_back({what, count}); }
 
-    // Counts otherwise from here on what may grow for a while.
+    // Removes a count and returns it, for a resource that may grow for a while.
     long Take(std::string_view what);
 
+    // The counts that are higher than before, as text; empty if there are none.
     std::string GrownSince(const Holdings& before) const;
     const std::vector<Count>& Counts() const { return counts_; }
 
@@ -33,7 +34,7 @@ class Holdings {
     std::vector<Count> counts_;
 };
 
-// Made first in a test, it fails the test if more COM objects live at its end than before it.
+// Created first in a test, it fails the test if COM objects leak.
 class ObjectCheck {
   public:
     ~ObjectCheck() { EXPECT_EQ(liveComObjects, before_); }
@@ -42,8 +43,8 @@ class ObjectCheck {
     const long before_ = liveComObjects;
 };
 
-// Handles in use among the first some thousand: Wine does not count them when it is asked to. Not one of the
-// holdings, because the system keeps some for later.
+// The number of open handles of this process below 0x4000; Wine's GetProcessHandleCount does not work.
+// Holdings does not contain it, because the system caches some handles.
 long CountHandles();
 
 }  // namespace tarvik

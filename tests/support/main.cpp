@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <ole2.h>
 
-// Every test program runs on a thread like the host's main thread: single-threaded apartment, with OLE.
+// Tests run on a thread like the main thread of the host: in a single-threaded apartment, with OLE.
 int wmain(int argc, wchar_t** argv) {
     testing::InitGoogleMock(&argc, argv);
     OleInitialize(nullptr);

@@ -9,7 +9,7 @@
 #include "tarvik/com_ptr.h"
 #include "tarvik/variant.h"
 
-// Using objects by name through IDispatch, as script does.
+// Accesses members by name through IDispatch, as script does.
 namespace tarvik {
 
 // A value as script passes it.
@@ -32,7 +32,7 @@ struct Outgoing {
 
 HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id);
 
-// Arguments in script order. The call is made with a result slot.
+// Invokes a member with arguments in the order of script, and with a result slot.
 Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::vector<Variant> arguments);
 
 template <class... Args>
@@ -46,7 +46,7 @@ Outgoing GetMember(IDispatch* object, const wchar_t* name);
 
 Outgoing PutMember(IDispatch* object, const wchar_t* name, Argument value);
 
-// A new CObject with these options. A copy is the same object.
+// A new CObject for options. Copies refer to the same object.
 class OptionObject {
   public:
     OptionObject();

@@ -35,7 +35,7 @@ std::vector<std::string> Recorder::Texts() const {
 }
 
 std::string ValueText(const VARIANT& value) {
-    const auto number = [](const char* kind, auto amount) { return kind + std::to_string(amount); };
+    const auto number = [](const char* type, auto amount) { return type + std::to_string(amount); };
     if (value.vt == VT_EMPTY) return "EMPTY";
     if (value.vt == VT_NULL) return "NULL";
     if (value.vt == VT_UI1) return number("UI1 ", value.bVal);
@@ -49,7 +49,7 @@ std::string ValueText(const VARIANT& value) {
     if (value.vt == VT_BSTR) return "BSTR " + Narrow(Bstr::View(value.bstrVal));
     if (value.vt == VT_DISPATCH) return value.pdispVal ? "DISPATCH" : "DISPATCH null";
     if (value.vt == VT_UNKNOWN) return value.punkVal ? "UNKNOWN" : "UNKNOWN null";
-    return number("kind ", value.vt);
+    return number("type ", value.vt);
 }
 
 }  // namespace tarvik

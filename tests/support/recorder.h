@@ -12,8 +12,7 @@
 
 namespace tarvik {
 
-// A script function of the tests: keeps the arguments of each call, in script order, and answers what it is
-// told. Calls are expected to be counted by the test: `calls`.
+// A script function that records its calls. The argument of the constructor computes what it returns.
 class Recorder : public CDispatchBase {
   public:
     struct Record {
@@ -31,7 +30,7 @@ class Recorder : public CDispatchBase {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO*, UINT*) override;
 
-    // "I4 5, BSTR x, EMPTY": what came, for one comparison.
+    // The arguments of a call as text, "I4 5, BSTR x, EMPTY".
     static std::string Text(const Record& call);
     std::vector<std::string> Texts() const;
 
@@ -41,7 +40,7 @@ class Recorder : public CDispatchBase {
     Answer answer_;
 };
 
-// One value as text, with its kind.
+// A value as text, with its type: "I4 5".
 std::string ValueText(const VARIANT& value);
 
 }  // namespace tarvik

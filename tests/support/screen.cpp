@@ -17,7 +17,7 @@ POINT Middle(HWND window) {
     return {area.right / 2, area.bottom / 2};
 }
 
-constexpr DWORD kPause = 60;  // milliseconds, for programs to follow
+constexpr DWORD kPause = 60;  // milliseconds, for programs to react
 
 }  // namespace
 
@@ -66,18 +66,18 @@ void Drag(POINT from, POINT to) {
     constexpr int kSteps = 5;
     MovePointer(from);
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
-    Sleep(5 * kPause);  // a page hears of the press before the button goes up
+    Sleep(5 * kPause);  // until the page has received the press
     for (int step = 1; step <= kSteps; ++step) {
         Send(MoveOf({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps}));
         Sleep(kPause);
     }
     MovePointer(to);
-    Sleep(4 * kPause);  // a window that follows is at its place before the button goes up
+    Sleep(4 * kPause);  // until a window that follows the pointer has moved
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     Sleep(kPause);
 }
 
-// The pointer moves by input: a position that is set may come after the press that follows it.
+// Moves of the pointer are sent as input, too: SetCursorPos may take effect after a press that follows it.
 void Send(INPUT input) {
     SendInput(1, &input, sizeof input);
 }

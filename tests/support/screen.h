@@ -7,32 +7,32 @@
 
 #include "tarvik/com_ptr.h"
 
-// What a person sees of windows and does to them, and a page's script behind them.
+// Reads pixels of windows and sends input as a user does.
 namespace tarvik {
 
-// The one that a page is drawn in.
+// The innermost first child of a window, in which a page is drawn.
 HWND InnermostWindow(HWND window);
 
-// At a point of the client area: of the window's own picture, whatever lies above it, and of the screen. The
-// second is for windows of other processes, too.
+// The colour at a point of the client area: in the window itself, even if another window covers it.
 COLORREF PixelOf(HWND window, POINT point);
+// The same on the screen; also for windows of other processes.
 COLORREF PixelOnScreen(HWND window, POINT point);
-bool WaitForColour(HWND window, COLORREF colour);  // on the screen, in the middle of it
+// Waits until the middle of the window has the colour on the screen.
+bool WaitForColour(HWND window, COLORREF colour);
 
-// Brings the window to the front and clicks into the middle of it.
+// Brings the window to the front and clicks in the middle of it.
 void Click(HWND window);
 
-// Moves the pointer until it is there and stays: under Wine an earlier place may come back.
+// Moves the pointer to a point of the screen until it stays there: under Wine an earlier position may return.
 void MovePointer(POINT screen);
 
-// Presses the left button at one place of the screen and lets go at another, with moves in between.
+// Drags with the left button between two points of the screen.
 void Drag(POINT from, POINT to);
 
-// Presses keys one after the other, and lets go of them from the last to the first. They go to whatever has
-// the focus.
+// Presses keys in this order and releases them in reverse order. The window with the focus gets them.
 void PressKeys(const std::vector<WORD>& keys);
 
-// Input by itself, and for SendInput. The pointer goes to a point of the screen.
+// One input event, and events for SendInput; moves go to a point of the screen.
 void Send(INPUT input);
 INPUT MouseInputOf(DWORD action, DWORD data = 0);
 INPUT MoveOf(POINT screen);

@@ -55,7 +55,7 @@ class ScriptBench::Site : public ComObject<IActiveScriptSite> {
 ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
     if (FAILED(CoCreateInstance(kJScript, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
                                 reinterpret_cast<void**>(engine_.GetAddressOf())))) {
-        ADD_FAILURE() << "the system has no script engine";
+        ADD_FAILURE() << "the script engine cannot be created";
         return;
     }
     if (const auto properties = Query<IActiveScriptProperty>(engine_.Get())) {

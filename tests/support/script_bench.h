@@ -10,8 +10,8 @@
 
 namespace tarvik {
 
-// The system's script engine in this process, so that objects are driven by real script, which sees them as
-// `external`. JSON is there; the rest is the language of 1999.
+// Runs script in this process with the system's engine: JavaScript as of 1999, and JSON. `external` is a
+// global variable of the script.
 class ScriptBench {
   public:
     explicit ScriptBench(IDispatch* external);
@@ -24,7 +24,7 @@ class ScriptBench {
     // The value of an expression; empty after an error.
     Variant Evaluate(const wchar_t* expression);
 
-    // How many script errors came up.
+    // The number of script errors so far.
     int Errors() const;
 
   private:

@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-// "0x80070057", so that a failed comparison of statuses reads well.
+// "0x80070057"
 inline std::string StatusText(HRESULT status) {
     char text[24];
     std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(status));

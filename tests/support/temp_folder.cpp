@@ -43,13 +43,13 @@ bool FileExists(const std::wstring& path) {
 
 std::string ReadFileBytes(const std::wstring& path) {
     std::ifstream file(fs::path(path), std::ios::binary);
-    if (!file) ADD_FAILURE() << "cannot read a file that should be there";
+    if (!file) ADD_FAILURE() << "cannot read a file";
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 namespace {
 
-// Long contents by their sum: a failed comparison prints both sides.
+// Long contents by their hash, because a failed comparison prints both sides.
 std::string Shortened(std::string content) {
     if (content.size() < 100) return content;
     return std::to_string(content.size()) + " bytes, hash " +

@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-// A fresh folder of the test's own, removed with all its contents at the end.
+// A new temporary folder, which the destructor removes with its contents.
 class TempFolder {
   public:
     TempFolder();
@@ -20,19 +20,21 @@ class TempFolder {
     const std::wstring& Path() const { return path_; }
     std::wstring operator/(std::wstring_view name) const { return path_ + L"\\" + std::wstring(name); }
 
-    // Writes a file, making its parent folders; returns its full path.
+    // Writes a file, creates its parent folders, and returns its full path.
     std::wstring Write(std::wstring_view name, std::string_view bytes) const;
 
   private:
     std::wstring path_;
 };
 
-// A file in use: others may have it only as `share` says.
+// Opens a file for reading; others may open it only as `share` allows.
 UniqueHandle HoldFile(const std::wstring& path, DWORD share = 0);
+// Also for folders.
 bool FileExists(const std::wstring& path);
 std::string ReadFileBytes(const std::wstring& path);  // fails the test if it cannot be read
 
-// Every file and folder below, by its path with slashes, and the content of files.
+// The relative path, with slashes, and the content of everything below a folder; the paths of folders end
+// with a slash.
 std::vector<std::pair<std::u8string, std::string>> ReadTree(const std::wstring& folder);
 
 }  // namespace tarvik

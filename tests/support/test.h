@@ -1,7 +1,7 @@
 #pragma once
 
-// What nearly every test uses: the framework, ways to use objects as script does, and a look at what came of
-// it.
+// Included by nearly every test: the test framework, access to objects as script has it, and checks of the
+// results.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 
-// The result with its kind, or the status of what failed.
+// The result with its type, or the status of a failed call.
 inline std::string ResultText(const Outgoing& out) {
     return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
 }

@@ -5,17 +5,17 @@
 
 namespace tarvik {
 
-// Pumps this thread's messages until the condition holds. False when the time is over first.
+// Pumps the messages of this thread until the condition is true. False after the time limit.
 bool PumpUntil(const std::function<bool()>& condition,
                std::chrono::milliseconds limit = std::chrono::seconds(10));
 
-// Looks again and again, for processes other than this one. False when the time (milliseconds) is over first.
+// Polls the condition without pumping messages. False after the time limit, in milliseconds.
 bool WaitFor(const std::function<bool()>& condition, unsigned long limit = 20'000);
 
-// Delivers what is waiting now.
+// Dispatches the messages in the queue.
 void PumpOnce();
 
-// Does the work on a thread in the multi-threaded apartment while this one pumps.
+// Runs the work on a thread in the multi-threaded apartment, and pumps messages until it has ended.
 void OnWorker(const std::function<void()>& work);
 
 }  // namespace tarvik

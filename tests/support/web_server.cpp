@@ -10,7 +10,7 @@ namespace {
 
 class Sockets {
   public:
-    static void NeedThem() { static const Sockets sockets; }
+    static void EnsureStarted() { static const Sockets sockets; }
 
   private:
     Sockets() { WSAStartup(MAKEWORD(2, 2), &data_); }
@@ -20,7 +20,7 @@ class Sockets {
 
 // Bound to a free port.
 SOCKET BoundSocket(WORD& port) {
-    Sockets::NeedThem();
+    Sockets::EnsureStarted();
     const SOCKET bound = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address = {};
     address.sin_family = AF_INET;
@@ -57,9 +57,9 @@ bool WebExchange::Send(std::string_view bytes) const {
 }
 
 void WebExchange::Answer(std::string_view body, std::string_view status) const {
-    // Or the system would keep the connection for a minute, and the body for good.
-    constexpr char kKeepNothing[] = "\r\nConnection: close\r\nCache-Control: no-store\r\nContent-Length: ";
-    Send("HTTP/1.1 " + std::string(status) + kKeepNothing + std::to_string(body.size()) + "\r\n\r\n");
+    // Without these headers, the system would keep the connection for a minute, and cache the body.
+    constexpr char kHeaders[] = "\r\nConnection: close\r\nCache-Control: no-store\r\nContent-Length: ";
+    Send("HTTP/1.1 " + std::string(status) + kHeaders + std::to_string(body.size()) + "\r\n\r\n");
     Send(body);
 }
 

@@ -12,21 +12,21 @@
 
 namespace tarvik {
 
-// One request and the way back to who made it.
+// One HTTP request, and the connection for its response.
 class WebExchange {
   public:
     explicit WebExchange(SOCKET socket) : socket_(socket) {}
 
-    // "GET /name HTTP/1.1" and what follows, up to the empty line; empty if nothing came, and no
-    // more than a byte of what is no HTTP.
+    // "GET /name HTTP/1.1" and the headers, including the empty line. Empty if nothing was received; one byte
+    // if it is not HTTP.
     const std::string& Head() const { return head_; }
     std::string Path() const;
 
-    // False when the other side has gone, or the server goes.
+    // False if the client has disconnected, or the server is being destroyed.
     bool Send(std::string_view bytes) const;
-    // A whole answer.
+    // Sends a complete response.
     void Answer(std::string_view body, std::string_view status = "200 OK") const;
-    // Waits until the other side goes, or the server does.
+    // Waits until the client disconnects, or the server is destroyed.
     void StayOpen() const;
 
   private:
@@ -37,8 +37,8 @@ class WebExchange {
     std::string head_;
 };
 
-// A server on the loopback interface that answers each connection's one request as the test says, on a thread
-// for each. Its end breaks off what is under way.
+// An HTTP server on the loopback interface. It calls the test's function for each connection, which carries
+// one request, on a thread of its own. The destructor aborts all connections.
 class WebServer {
   public:
     using Answer = std::function<void(const WebExchange& exchange)>;
@@ -62,18 +62,18 @@ class WebServer {
 
     void Accept();
     void Serve(Connection& connection) const;
-    static bool Close(Connection& connection);  // waits for its end; true
+    static bool Close(Connection& connection);  // waits for its thread; true
 
     const Answer answer_;
     WORD port_ = 0;
     SOCKET listener_;
     std::atomic<bool> ends_ = false;
     std::atomic<int> connections_ = 0;
-    std::list<Connection> open_;  // of the accepting thread
+    std::list<Connection> open_;  // used by the accepting thread
     std::thread accepting_;
 };
 
-// A port of the loopback interface that nobody listens at.
+// A port of the loopback interface on which no program listens.
 WORD ClosedPort();
 
 }  // namespace tarvik

@@ -1,4 +1,4 @@
-// What the needy library needs.
+// The library on which needy_library depends.
 extern "C" __declspec(dllexport) int HelperAnswer() {
     return 43;
 }

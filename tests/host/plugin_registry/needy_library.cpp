@@ -1,4 +1,4 @@
-// A plug-in library that needs another library.
+// A plug-in library that depends on another library.
 #include <tarvik/core.h>
 
 extern "C" __declspec(dllimport) int HelperAnswer();

@@ -1,10 +1,9 @@
-// A plug-in library in C++17 on the headers of the contract alone, as an author writes it who does without
-// the core: script reads `answer`, which is 42.
+// A plug-in library in C++17 that uses the headers of the contract only. Script reads `answer`, which is 42.
 #include <tarvik/plugin.h>
 
 #include <cwchar>
 
-static_assert(__cplusplus < 202002L, "the contract asks for no more than C++17");
+static_assert(__cplusplus < 202002L, "the contract requires no more than C++17");
 
 namespace {
 

@@ -13,7 +13,7 @@ std::wstring Sample(const wchar_t* name) {
     return ExecutablePath() + L"\\..\\sample_libraries\\" + name;
 }
 
-// The first bytes of a library for the machine given, enough to be recognised.
+// The headers of a library for this machine.
 std::string ImageFor(WORD machine) {
     IMAGE_DOS_HEADER dos = {};
     dos.e_magic = IMAGE_DOS_SIGNATURE;
@@ -26,22 +26,21 @@ std::string ImageFor(WORD machine) {
     return image.append(reinterpret_cast<const char*>(&header), sizeof header);
 }
 
-// The caller cannot tell these from a success, and nothing of them stays.
-TEST(PluginLibrary, IsFreedInSilenceWhenItHasNoPlugin) {
+TEST(PluginLibrary, IsFreedWithoutErrorIfItHasNoPlugin) {
     for (const wchar_t* name :
          {L"no_export.dll", L"wrong_kind.dll", L"no_descriptor.dll", L"failing.dll", L"throwing.dll"}) {
         SCOPED_TRACE(Narrow(name));
         DebugChannel channel;
         EXPECT_THAT(LoadPluginLibrary(Sample(name)), HasStatus(S_OK));
         EXPECT_FALSE(GetModuleHandleW(name));
-        EXPECT_EQ(channel.texts.size(), 1u) << "it was loaded, and freed";
+        EXPECT_EQ(channel.texts.size(), 1u) << "the library was not loaded and freed";
     }
     for (const wchar_t* name : {L"none", L"wrongKind", L"noDescriptor", L"failing", L"throwing"})
         EXPECT_FALSE(FindPlugin(name));
     EXPECT_FALSE(HasPluginLibraries());
 }
 
-TEST(PluginLibrary, RefusesWhatIsNo64BitImage) {
+TEST(PluginLibrary, RejectsFilesThatAreNo64BitImages) {
     const TempFolder folder;
     folder.Write(L"y.dll\\inside", "");
     for (const auto& path : {folder.Write(L"32.dll", ImageFor(IMAGE_FILE_MACHINE_I386)),
@@ -50,14 +49,14 @@ TEST(PluginLibrary, RefusesWhatIsNo64BitImage) {
                              folder / L"y.dll", folder / L"missing.dll"}) {
         EXPECT_THAT(LoadPluginLibrary(path), HasStatus(E_FAIL)) << Narrow(path);
     }
-    // The machine is right, so the look is passed; that the system cannot load it is not reported.
+    // The header is valid; that the system cannot load the file is not reported.
     EXPECT_THAT(LoadPluginLibrary(folder.Write(L"64.dll", ImageFor(IMAGE_FILE_MACHINE_AMD64))),
                 HasStatus(S_OK));
     EXPECT_FALSE(HasPluginLibraries());
 }
 
-// A library of the same relative path stands beside the executable, where the loader looks first.
-TEST(PluginLibrary, IsTheFileThatWasLookedAt) {
+// The loader would find a library with the same relative path beside the executable first.
+TEST(PluginLibrary, IsLoadedFromTheCurrentFolder) {
     namespace fs = std::filesystem;
     const TempFolder folder;
     folder.Write(L"sample_libraries\\inside", "");

@@ -1,6 +1,5 @@
-// A plug-in library as its author writes it: with the core and nothing else of the host. SAMPLE_MODULE is its
-// own name, which it tells the debugger when it is freed; SAMPLE_NAME the name of its plug-in; SAMPLE_FAULT
-// what is wrong with it.
+// A plug-in library that uses the core and nothing else of the host. SAMPLE_MODULE is the text that it sends
+// to the debugger when it is freed, SAMPLE_NAME the name of its plug-in, and SAMPLE_FAULT its fault.
 #include <tarvik/core.h>
 
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// What a page that tests itself uses. Each page ends the program by done(), with 1 if anything has failed.
+// The functions of self-checking pages. Each page quits the program by done(), with code 1 if a check has failed.
 
 var failures = 0;
 var checks = 0;
@@ -13,7 +13,7 @@ function same(what, actual, expected) {
     check(what + (actual === expected ? '' : ': ' + actual + ' instead of ' + expected), actual === expected);
 }
 
-// The number of what a function throws, as native calls report a status; null when nothing is thrown.
+// The status that a function throws, which is the number of an error of a native call; null if it throws nothing.
 function thrownBy(action) {
     try {
         action();
@@ -28,12 +28,12 @@ function done() {
     external.window.quit(failures ? 1 : 0);
 }
 
-// Looks until it is so, or for ten seconds.
+// Polls a condition, for ten seconds at most, then calls `then`.
 function until(condition, then) {
     var left = 500;
-    (function look() {
+    (function poll() {
         if (condition() || --left === 0) then();
-        else setTimeout(look, 20);
+        else setTimeout(poll, 20);
     })();
 }
 

@@ -23,14 +23,14 @@ const excluded = {
   'Console showJsError write': 'lets script errors open a modal dialog',
   'Mouse click': 'clicks whatever is under the pointer, also in other programs',
 };
-// Objects that are not the host's.
+// Types of objects that the host does not implement.
 const foreign = ['XmlHttp', 'Error', 'StatusError', 'List'];
 // Options that are never used.
 const avoided = { desktop: 'puts a file where the user works' };
 const isAvoided = (name) => Object.hasOwn(avoided, name);
 // Large numbers would fill the memory or the disk.
 const sized = ['Stream seek', 'Stream setSize', 'FileIO seek', 'FileIO size'];
-// Texts that could name any file or key are only for members that use neither.
+// Texts that could denote any file or key are passed only to members that use neither.
 const bare = ['', '\0', '\\', '/', '.', '..', '*', '?', '%', '%%', '&', '+', '\t'];
 const harmless = [
   'Digest addData', 'Window title', 'Messages registerMsg', 'Messages unregisterMsg', 'Messages sendMsg', 'Messages uniqueID',
@@ -45,7 +45,7 @@ const asSize = (value) => {
   return typeof value === 'object' || typeof value === 'function' ? null : value;
 };
 
-// These keep what they are given, also after the window has been destroyed.
+// These retain their arguments, even after the window has been destroyed.
 const holders = ['Menu appendMenu', 'DropBinding callback', 'DropBinding context', 'ParsedShortcut path', 'ParsedShortcut args'];
 
 // Arguments that are changed to make a call safe.
@@ -179,15 +179,15 @@ const closeSecond = () => { if (second) second.close(); };
 const kCalls = external.members.calls();
 const kSlice = 10;
 let calls = 0;
-const goOn = () => {
+const continueCalls = () => {
   if (calls === kSlice * 5) openSecond();
   if (calls === kSlice * 15) closeSecond();
   for (let i = 0; i < kSlice; ++i) callOne();
   calls += kSlice;
-  if (calls < kCalls) setTimeout(goOn);
+  if (calls < kCalls) setTimeout(continueCalls);
   else external.members.done(Object.entries(tally).map(([key, counts]) => `${key} ${counts.join(' ')}`).join('\n'));
 };
 
 console.showJsError = false;
 external.window.show(true);
-setTimeout(goOn);
+setTimeout(continueCalls);

@@ -1,4 +1,4 @@
-// declare.mjs FILE: writes the declared members and options as a script, for the page that calls them at random.
+// declare.mjs FILE: writes the declared members and options as a script for calls.js.
 import { writeFileSync } from 'node:fs';
 import { readDeclarations } from '../../../types/declarations.mjs';
 

@@ -1,8 +1,8 @@
 'use strict';
 // Random values of every type, from a seed.
 //
-// Members delete, move and replace what a text names, so no text may lead out of the folder of the run: paths are
-// relative, without "..", or below that folder; registry paths are below one key; the server is on this machine.
+// Members delete, move and replace files by name, so no text may lead out of the test's folder: paths are relative,
+// without "..", or below that folder; registry paths are below one key; the server is on this machine.
 
 const seeded = (state) => (below) => {
   state = (state + 0x6D2B79F5) | 0;
@@ -34,7 +34,7 @@ const words = [
 ];
 const leadsOut = (text) => /^[\\/.]|\.\.|[*?:]|^\0|^$/.test(
   [folder, address, server].reduce((rest, begin) => rest.startsWith(begin) ? 'a' + rest.slice(begin.length) : rest, text));
-if ([...files, ...addresses, ...words].some(leadsOut)) throw new Error('A text leads out of the folder of the run.');
+if ([...files, ...addresses, ...words].some(leadsOut)) throw new Error('A text leads out of the folder of the test.');
 const anyText = () => pick(pick([files, addresses, words, words]));
 
 const numbers = [
@@ -67,8 +67,8 @@ const keepNative = (type, object) => {
   kept[kept.length < 6 ? kept.length : random(6)] = labelled(type, object);
 };
 const allNatives = () => [external, ...[...natives.values()].flat()];
-// Native objects that refer to each other leak, as always in COM. Where no window's end breaks such a cycle, members get
-// no native objects.
+// Cycles of references between native objects leak, as always in COM. If the end of a window does not break such a cycle,
+// members get no native objects.
 let sparesNatives = false;
 const anyNative = () => pick(allNatives());
 
