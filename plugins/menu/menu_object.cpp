@@ -125,7 +125,7 @@ void CMenuDispatch::Append(UINT id, const Options& options) {
     if (options.Flag(L"separator")) item.flags |= MF_SEPARATOR;
     const bool isSeparator = (item.flags & MF_SEPARATOR) != 0;
     const auto subMenu = options.Object(L"subMenu");
-    item.name = options.Text(L"name").value_or(L"");
+    item.name = options.Text(L"name").value_or(std::wstring());
     if (item.name.empty() && !isSeparator) RejectItem(L"Menu name empty.", E_FAIL);
     UINT_PTR idOrSubMenu = id;
     if (subMenu) {

@@ -31,14 +31,14 @@ HRESULT SaveShortcut(TVK::ICore* core, const Options& options) {
     Shortcut shortcut;
     shortcut.target = PathOption(core, options, L"src");
     if (shortcut.target.empty()) return E_INVALIDARG;
-    shortcut.arguments = options.Text(L"arg").value_or(L"");
+    shortcut.arguments = options.Text(L"arg").value_or(std::wstring());
     std::wstring dest = PathOption(core, options, L"dest");
     shortcut.icon = PathOption(core, options, L"icon");
     if (!shortcut.icon.empty()) shortcut.iconIndex = options.Integer(L"iconIndex").value_or(0);
 
     const bool onDesktop = options.Flag(L"desktop");
     if (onDesktop != dest.empty()) return E_INVALIDARG;
-    if (onDesktop) dest = PathOnDesktop(options.Text(L"destName").value_or(L""), shortcut.target);
+    if (onDesktop) dest = PathOnDesktop(options.Text(L"destName").value_or(std::wstring()), shortcut.target);
     return IsUrl(shortcut.target) ? SaveUrlFile(shortcut, dest) : SaveLinkFile(shortcut, dest);
 }
 

@@ -45,7 +45,7 @@ HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, 
     const std::wstring path = PathOption(core, options, L"path");
     if (path.empty()) return E_INVALIDARG;
     const std::wstring folder = PathOption(core, options, L"workDir");
-    const std::wstring parameters = options.Text(L"args").value_or(L"");
+    const std::wstring parameters = options.Text(L"args").value_or(std::wstring());
     const bool elevate = options.Flag(L"requestAdmin");
     const ComPtr<IDispatch> exitCallback = options.Function(L"exitCallback");
     const Variant context = options.Value(L"context");

@@ -11,7 +11,7 @@ HWND DialogOwner(HWND window) {
 }
 
 std::wstring InitialFolder(TVK::ICore* core, const Options& options) {
-    const std::wstring folder = options.Text(L"initDir").value_or(L"");
+    const std::wstring folder = options.Text(L"initDir").value_or(std::wstring());
     if (folder.empty() || PathIsURLW(folder.c_str())) return folder;
     return ResolveUrl(core, folder);
 }

@@ -36,16 +36,16 @@ UINT BitsOf(std::span<const Style> styles, const std::wstring& name, UINT fallba
 }
 
 UINT StyleOf(const Options& options) {
-    const UINT buttons = BitsOf(kButtonSets, options.Text(L"type").value_or(L""), MB_OK);
+    const UINT buttons = BitsOf(kButtonSets, options.Text(L"type").value_or(std::wstring()), MB_OK);
     const UINT icon = buttons == MB_YESNO ? MB_ICONQUESTION : MB_ICONINFORMATION;
-    return buttons | BitsOf(kIcons, options.Text(L"icon").value_or(L""), icon);
+    return buttons | BitsOf(kIcons, options.Text(L"icon").value_or(std::wstring()), icon);
 }
 
 }  // namespace
 
 bool ShowMessageBox(HWND owner, const Options& options) {
-    const std::wstring caption = options.Text(L"caption").value_or(L"");
-    const std::wstring text = options.Text(L"text").value_or(L"");
+    const std::wstring caption = options.Text(L"caption").value_or(std::wstring());
+    const std::wstring text = options.Text(L"text").value_or(std::wstring());
     const UINT style = StyleOf(options);
     // Read before the box opens: scripts may change the options while it is open.
     std::array<ComPtr<IDispatch>, std::size(kButtons)> callbacks;

@@ -17,8 +17,8 @@ namespace {
 
 struct FileOptions {
     FileOptions(TVK::ICore* core, const Options& options)
-        : title(options.Text(L"title").value_or(L"")),
-          filter(options.Text(L"filter").value_or(L"")),
+        : title(options.Text(L"title").value_or(std::wstring())),
+          filter(options.Text(L"filter").value_or(std::wstring())),
           folder(InitialFolder(core, options)),
           multi(options.Flag(L"multi")),
           fileMustExist(options.Flag(L"fileMustExist")),

@@ -23,7 +23,7 @@ int CALLBACK OnBrowse(HWND dialog, UINT message, LPARAM, LPARAM data) {
 }  // namespace
 
 Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const Options& options) {
-    const std::wstring title = options.Text(L"title").value_or(L"");
+    const std::wstring title = options.Text(L"title").value_or(std::wstring());
     const std::wstring folder = InitialFolder(core, options);
     wchar_t name[kPathLength] = {};
     BROWSEINFOW browse = {};
