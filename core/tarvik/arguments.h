@@ -136,6 +136,10 @@ inline Variant ToVariant(uint16_t value) {
 inline Variant ToVariant(uint32_t value) {
     return Variant::UI4(value);
 }
+// VT_UI8, which the old engine cannot calculate with; a double is a number everywhere.
+inline Variant ToVariant(uint64_t value) {
+    return Variant::UI8(value);
+}
 // Other integers: VT_I4 if the value fits, otherwise VT_R8.
 template <std::integral T>
 Variant ToVariant(T value) {

@@ -115,7 +115,7 @@ class FailingFunction : public Recorder {
 };
 
 TEST_F(Library, RunsWorkersAfterThePluginIsReleased) {
-    const long before = liveComObjects;
+    const long before = liveComObjects - 1;  // without the plug-in
     auto function = MakeCom<FailingFunction>();
     EXPECT_EQ(CallText(plugin_.Get(), L"later", function), "EMPTY");
     plugin_.Reset();
