@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-inline ComPtr<IHTMLElement> ParentOf(IHTMLElement* element) {
+inline ComPtr<IHTMLElement> ParentElement(IHTMLElement* element) {
     ComPtr<IHTMLElement> parent;
     element->get_parentElement(parent.GetAddressOf());
     return parent;

@@ -56,7 +56,7 @@ class LockedMedium {
 }  // namespace
 
 ComPtr<IDispatch> FindDropBinding(IDispatch* dragfile, IUnknown* browser, HWND window, POINTL point) {
-    for (auto element = ElementAt(browser, window, point); element; element = ParentOf(element.Get())) {
+    for (auto element = ElementAt(browser, window, point); element; element = ParentElement(element.Get())) {
         if (auto binding = BindingOf(dragfile, element.Get())) return binding;
     }
     return nullptr;

@@ -17,11 +17,6 @@ std::wstring JoinPath(const std::wstring& top, const std::wstring& path) {
     return top.substr(0, top.size() - hasSeparator) + path;
 }
 
-std::wstring ParentFolder(const std::wstring& path) {
-    const size_t separator = path.find_last_of(L"\\/");
-    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
-}
-
 // Ignores failures: the step that needs the folder reports them.
 void CreateFolders(const std::wstring& path) {
     std::vector<std::wstring> missing;

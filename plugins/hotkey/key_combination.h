@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-// A key and the modifiers held with it, in the system's terms: MOD_ALT and others, and a virtual key.
+// A virtual key and its modifiers, which are flags such as MOD_ALT.
 struct KeyCombination {
     UINT modifiers = 0;
     UINT key = 0;

@@ -5,16 +5,16 @@
 
 namespace tarvik {
 
-// The values of MOD_ALT and its like.
+// The values of MOD_ALT and the other modifiers.
 enum KeyModifier : unsigned { kAlt = 1, kCtrl = 2, kShift = 4, kWin = 8 };
 
-// A text like "ctrl+alt+f5" in its parts.
+// The parts of a text like "ctrl+alt+f5".
 struct KeyText {
     unsigned modifiers = 0;
     std::wstring_view key;
 };
 
-// Nothing if something else than a modifier stands before a plus sign. See ReadKeyCombination.
+// Nothing if any text before a plus sign is no modifier. See ParseKeyCombination.
 std::optional<KeyText> SplitKeyText(std::wstring_view text);
 
 // Ignores the case of ASCII letters; `start` is in lower case.

@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-// The number in a Content-Length header; nothing for 0 and for text. A negative number is taken as its 32
-// bits, and a number that they cannot hold becomes the nearest signed one; required by the contract.
+// The number in a Content-Length header; nothing if it is 0 or not a number. The contract requires that a
+// number beyond 32 bits becomes the nearest signed one, and that a negative one is reinterpreted as unsigned.
 inline std::optional<std::uint32_t> ParseContentLength(const wchar_t* text) {
     using Limits = std::numeric_limits<std::int32_t>;
     const long long length =

@@ -28,8 +28,7 @@ class WebResponse {
   public:
     explicit WebResponse(const std::wstring& url);
 
-    // Throws if the header is missing, and E_FAIL if it is 0 or not a number. By design a negative number is
-    // reinterpreted as unsigned, and one beyond 32 bits becomes the largest signed number.
+    // Throws if the header is missing, and E_FAIL if it is 0 or not a number. See ParseContentLength.
     std::uint32_t ContentLength() const;
 
     // Returns the number of bytes read; 0 at the end of the body.

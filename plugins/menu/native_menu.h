@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-// The system's menus.
+// Operations on native menus.
 namespace tarvik {
 
 // Whether `wanted` is the menu or a submenu at any depth.

@@ -13,7 +13,7 @@ class GrowingBlock {
     // nothing if memory is short.
     [[nodiscard]] bool Reserve(uint64_t needed, uint64_t used) noexcept;
 
-    // Null before the first growth; may move with any growth.
+    // Null before the first growth. Reserve may move the block.
     uint8_t* Data() const noexcept { return static_cast<uint8_t*>(pages_.Get()); }
 
   private:

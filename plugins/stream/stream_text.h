@@ -5,7 +5,7 @@
 
 #include "tarvik/bstr.h"
 
-// Text in streams.
+// Encodes and decodes the texts in streams.
 namespace tarvik {
 
 enum class TextEncoding { kUtf8, kUnicode, kAnsi };

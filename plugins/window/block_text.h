@@ -5,7 +5,7 @@
 
 namespace tarvik {
 
-// The two texts in the shared memory of a message. The sender may still write there: copy them once, and do
+// The two texts in the shared block of a message. The sender may still write to it: copy them once, and do
 // not depend on their contents.
 struct BlockText {
     std::wstring_view name;
@@ -14,7 +14,7 @@ struct BlockText {
 
 inline constexpr size_t kBlockNuls = 2;  // in every block
 
-// Empty if there is no name.
+// Nothing if the name is missing.
 inline std::optional<BlockText> ParseBlock(std::wstring_view block) {
     const size_t end = block.find(L'\0');
     if (end == 0 || end == std::wstring_view::npos) return std::nullopt;

@@ -38,12 +38,6 @@ std::optional<bool> DragWindowAttribute(IHTMLElement* element) {
     return std::nullopt;
 }
 
-ComPtr<IHTMLElement> ParentElement(IHTMLElement* element) {
-    ComPtr<IHTMLElement> parent;
-    element->get_parentElement(parent.GetAddressOf());
-    return parent;
-}
-
 }  // namespace
 
 STDMETHODIMP CDragSink::GetTypeInfoCount(UINT* count) {

@@ -30,7 +30,7 @@ class ShellExecution : public System {
         EXPECT_TRUE(PumpLong([this] { return ended_->AddRef(), ended_->Release() == 1; }));
     }
 
-    const WorkerApartment workers_;  // as the program has it
+    const WorkerApartment workers_;  // as in the program
     const ComPtr<Recorder> ended_ = MakeCom<Recorder>();
 };
 
