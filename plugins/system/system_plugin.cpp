@@ -71,7 +71,7 @@ STDMETHODIMP CSystemPlugin::Invoke(DISPID id, REFIID iid, LCID locale, WORD flag
     if (flags & DISPATCH_PROPERTYPUT) flags &= static_cast<WORD>(~DISPATCH_PROPERTYGET);
     Variant unwanted;
     return Dispatch::Invoke(id, iid, locale, flags, parameters, result ? result : &unwanted, exception,
-                                 argument);
+                            argument);
 }
 
 bool CSystemPlugin::CloseMonitor() {
