@@ -1,0 +1,49 @@
+#include <algorithm>
+#include <vector>
+
+#include "control/engine/message_parser.h"
+#include "fuzz/input.h"
+
+namespace tarvik {
+
+namespace {
+
+// A message as far as the host uses it.
+std::string Describe(std::string_view text) {
+    const auto message = ParseMessage(text);
+    if (!message) return "none";
+    if (const auto* const frame = std::get_if<ScreencastFrame>(&*message)) {
+        Require(text.find(frame->base64) != text.npos);
+        return "frame " + frame->session + " " + frame->number.dump();
+    }
+    if (const auto* const json = std::get_if<nlohmann::json>(&*message)) {
+        Require(json->is_object());
+        return "message " + std::to_string(json->size());
+    }
+    return "ignored";
+}
+
+std::vector<std::string> Split(std::string_view stream, size_t chunk) {
+    std::vector<std::string> messages;
+    MessageSplitter splitter;
+    const auto handle = [&](std::string_view text) {
+        messages.push_back(Describe(text));
+        return messages.back() != "none";
+    };
+    for (; !stream.empty(); stream.remove_prefix(std::min(chunk, stream.size())))
+        Require(splitter.Append(stream.substr(0, chunk), handle));
+    return messages;
+}
+
+}  // namespace
+
+}  // namespace tarvik
+
+// A stream yields the same messages in whatever chunks it arrives.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace tarvik;
+    if (size == 0) return 0;
+    const std::string_view stream(reinterpret_cast<const char*>(data) + 1, size - 1);
+    Require(Split(stream, stream.size()) == Split(stream, 1 + data[0]));
+    return 0;
+}
