@@ -14,7 +14,7 @@ std::string Describe(std::string_view text) {
     if (!message) return "none";
     if (const auto* const frame = std::get_if<ScreencastFrame>(&*message)) {
         Require(text.find(frame->base64) != text.npos);
-        return "frame " + frame->session + " " + frame->number.dump();
+        return "frame " + frame->session + " " + std::to_string(frame->number);
     }
     if (const auto* const json = std::get_if<nlohmann::json>(&*message)) {
         Require(json->is_object());

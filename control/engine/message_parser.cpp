@@ -17,8 +17,8 @@ std::optional<EngineMessage> ParseFrame(std::string_view text) {
     if (end == std::string_view::npos || end + 2 > rest.size()) return IgnoredMessage();
     const json tail = json::parse(R"({"params":{)" + std::string(rest.substr(end + 2)), nullptr, false);
     if (tail.is_discarded()) return IgnoredMessage();
-    return ScreencastFrame{tail.value("sessionId", std::string()), tail.at("params").at("sessionId"),
-                           rest.substr(0, end)};
+    return ScreencastFrame{tail.value("sessionId", std::string()),
+                           tail.at("params").at("sessionId").get<std::int64_t>(), rest.substr(0, end)};
 }
 
 // A pause reports all frames of the stack, of which nothing is used.

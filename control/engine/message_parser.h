@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -30,7 +31,7 @@ class MessageSplitter {
 // A frame of a screencast, which is not parsed as JSON because of its size.
 struct ScreencastFrame {
     std::string session;
-    nlohmann::json number;    // to acknowledge
+    std::int64_t number;      // to acknowledge
     std::string_view base64;  // in the parsed text
 };
 
