@@ -29,14 +29,14 @@ void UseFolder(const wchar_t* folder) {
 void UnpackAttached(UnpackFolder& unpackFolder, SharedEngine& engine) {
     if (!HasAttachedArchive()) return;
     PageControlClass::Prelaunch(engine);  // unpacking takes a while, in which the engine can start
-    // It waits without pumping messages, and so must not be done in a single-threaded apartment.
+    // SelfUnpack waits without pumping messages, which a single-threaded apartment must not do.
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)SelfUnpack(unpackFolder);
     if (SUCCEEDED(apartment)) CoUninitialize();
 }
 
-// The application is the folder that `d` names, or what is attached to the executable. Neither is an error:
-// the first window then looks beside the executable.
+// The application is the folder given with -d, or the archive attached to the executable. Without either, the
+// first window looks for a page beside the executable.
 void ChooseFolder(UnpackFolder& unpackFolder, SharedEngine& engine) {
     const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {

@@ -90,7 +90,7 @@ HRESULT SelfUnpack(UnpackFolder& folder) {
 
 void RemoveUnpacked(UnpackFolder& folder) {
     if (folder.Path().empty()) return;
-    // The system keeps the current folder of a process.
+    // The system does not delete the current folder of a process.
     SetCurrentDirectoryW((folder.Path() + L"\\..").c_str());
     folder.Remove();
 }

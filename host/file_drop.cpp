@@ -36,7 +36,7 @@ ComPtr<IDispatch> BindingOf(IDispatch* dragfile, IHTMLElement* element) {
     return binding.Is(VT_DISPATCH) ? ComPtr<IDispatch>(binding.pdispVal) : nullptr;
 }
 
-// A medium of the clipboard or of a drag, and the lock on its memory.
+// Owner of a medium from a data object, and of the lock on its memory.
 class LockedMedium {
   public:
     explicit LockedMedium(STGMEDIUM medium) : medium_(medium), lock_(GlobalLock(medium.hGlobal)) {}

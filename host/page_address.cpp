@@ -57,8 +57,8 @@ std::wstring BesideFilePage(const std::wstring& location, const std::wstring& ur
     });
 }
 
-// A control reads a `#` in a path as the start of a fragment, so such a path is opened by its URL. Others
-// stay as they are: the control completes them as it always has.
+// A control takes a `#` in a path for the start of a fragment, so such a path is converted to a URL. Other
+// paths are passed on unchanged.
 std::wstring AddressOfFile(const std::wstring& path) {
     if (path.find(L'#') == std::wstring::npos) return path;
     std::wstring url(INTERNET_MAX_URL_LENGTH, L'\0');

@@ -20,8 +20,8 @@ struct Logger {
 // The log of the process. Nothing changes it at run time: a diagnostic build sets the initial `flags`.
 extern Logger processLog;
 
-// `format` is a wide printf format, or null for a line with no message. Any thread; never fails; formats
-// nothing when the level is off.
+// Writes a line if its level is enabled. `format` is a wide printf format, or null for a line without a
+// message. Any thread; never fails.
 void Log(const Logger& logger, DWORD level, int line, const char* label, const wchar_t* format, ...) noexcept;
 
 }  // namespace tarvik

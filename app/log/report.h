@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Reports to the author of an application why it does not start: on the debugger's channel, and on standard
-// error or the console of the parent process if there is one. A line feed is added. Any thread; never fails.
+// Tells the author of an application why it does not start: writes the text and a line feed to the debugger,
+// and to standard error or the console of the parent process, if there is one. Any thread; never fails.
 void ReportToAuthor(const std::wstring& text) noexcept;
 
 }  // namespace tarvik

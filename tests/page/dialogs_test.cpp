@@ -29,7 +29,7 @@ TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
     Open(
         "external.window.title = 'Owner'; _alert('Hello \\u00e4\\n& goodbye');"
         "console.log('' + confirm('Really?')); console.log('' + confirm('Really not?'));"
-        "console.log(prompt('Your name?', 'nobody')); console.log('' + prompt('Again?'));"
+        "console.log(prompt('Your name?', 'none')); console.log('' + prompt('Again?'));"
         "external.window.quit(5);");
     const HWND alert = program_.Dialog();
     ASSERT_TRUE(alert);
@@ -42,7 +42,7 @@ TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
     const HWND prompt = program_.Dialog();
     const HWND edit = FindWindowExW(prompt, nullptr, L"Edit", nullptr);
     ASSERT_TRUE(edit);
-    EXPECT_EQ(TextOf(prompt, GetDlgCtrlID(edit)), L"nobody");
+    EXPECT_EQ(TextOf(prompt, GetDlgCtrlID(edit)), L"none");
     EXPECT_THAT(program_.Lines(), ElementsAre("true", "false"));
     SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Some \"body\""));
     Press(IDOK);
@@ -67,7 +67,7 @@ TEST_F(Dialogs, AlertHasTheTitleOfItsWindow) {
 }
 
 TEST_F(Dialogs, NoStopsTheScriptsOfThePage) {
-    Open("var n = 0; setInterval(function () { console.log('tick'); }, 20); nobody.knows();");
+    Open("var n = 0; setInterval(function () { console.log('tick'); }, 20); undefinedName();");
     ASSERT_TRUE(program_.WaitForLine("tick"));
     Press(IDNO);
     // What was on its way comes to its end.

@@ -62,12 +62,12 @@ class DraggedFiles : public ProgramTest {
             "<p style='height:60px;margin:0'><b>outer again</b></p></div>"
             "<div id=none style='height:60px'>none</div>"
             "<script>var w = external.window, drag = external.dragfile; w.title = 'Target';"
-            "function tell(name) { return function (files, context) { var list = [];"
+            "function log(name) { return function (files, context) { var list = [];"
             "  for (var i = 0; i < files.length; i++) list.push(files[i]);"
             "  console.log(name + ' ' + list.join('|') + ' ' + context); }; }"
-            "drag.bind('outer', tell('wrong')); drag.bind('outer', tell('outer'), 7);"
-            "drag.bind('inner', tell('wrong'), 5); drag.bind('inner', tell('inner'));"
-            "drag.bind('none', tell('none')); drag.bind('none', null);"
+            "drag.bind('outer', log('wrong')); drag.bind('outer', log('outer'), 7);"
+            "drag.bind('inner', log('wrong'), 5); drag.bind('inner', log('inner'));"
+            "drag.bind('none', log('none')); drag.bind('none', null);"
             "w.caption = false; w.setWindowPos(200, 150, 400, 300); w.show(true);</script>");
         program_.Start();
         const HWND window = program_.WindowTitled(L"Target");
@@ -85,7 +85,7 @@ class DraggedFiles : public ProgramTest {
         Send(MoveOf({50, 50}));
         Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
         PumpUntil([] { return GetKeyState(VK_LBUTTON) < 0; });
-        std::thread person([&] {
+        std::thread user([&] {
             WaitFor([&] { return source->isDragging.load(); });
             for (const LONG x : {220, 240, 260, 280}) {
                 Send(MoveOf({x, 150 + y}));
@@ -102,7 +102,7 @@ class DraggedFiles : public ProgramTest {
         DWORD effect = 0;
         const HRESULT status = DoDragDrop(files.Get(), source.Get(), DROPEFFECT_COPY, &effect);
         isOver = true;
-        person.join();
+        user.join();
         return {effectOverPage, status};
     }
 

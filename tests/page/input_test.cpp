@@ -45,9 +45,9 @@ TEST_F(Input, MousePluginClicksThePage) {
     Open(
         "var w = external.window, mouse = external.mouse; w.title = 'Mouse'; w.caption = false;"
         "w.setWindowPos(200, 150, 400, 300); w.show(true);"
-        "function tell(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY);"
+        "function log(e) { console.log(e.type + ' ' + e.button + ' at ' + e.clientX + ', ' + e.clientY);"
         "  if (e.type == 'mouseup') setTimeout(next, 0); }"
-        "document.onmousedown = tell; document.onmouseup = tell;"
+        "document.onmousedown = log; document.onmouseup = log;"
         "function click(button) { console.log('click ' + mouse.click(button, 5, 5)); }"
         "function hold() { document.onmouseup = null; document.onmousedown = function () {"
         "    console.log('held ' + mouse.isBtnDown() + mouse.isBtnDown(mouse.RBTN)); w.quit(7); };"

@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
 constexpr int kReadings = 20;
-// What was let go of may take its time.
+// Released resources may take a while to be freed.
 constexpr auto kTimeout = std::chrono::seconds(20);
 
 }  // namespace

@@ -16,7 +16,7 @@ class EngineCensus {
     // Create it before the engine starts, because it identifies the engine's processes by their environment.
     EngineCensus();
 
-    // The page of the only window there is now. While one is watched, the engine goes on.
+    // Watches the page of the only window. While a page is watched, the engine is kept.
     void WatchPage(SharedEngine& engine);
     void ForgetPage();
 

@@ -204,7 +204,7 @@ class Soak {
     static bool Becomes(const std::function<bool()>& condition,
                         std::source_location place = std::source_location::current()) {
         if (PumpUntil(condition, kTimeout)) return true;
-        return std::printf("what line %u waits for does not come\n", place.line()), false;
+        return std::printf("timeout in line %u\n", place.line()), false;
     }
 
     std::wstring Write(const wchar_t* name, const char* body) const {

@@ -111,7 +111,7 @@ constexpr const char* kActs = R"page(
                 'onShutdown'];
   function set() { w[any(events)] = handler() || null; }
   function register() { msg.registerMsg('step', handler() || function () { return coin(); }); }
-  function send() { msg.sendMsg(any(['walk', 'nobody']), 'step', 'x'.repeat(walk.random(5000))); }
+  function send() { msg.sendMsg(any(['walk', 'none']), 'step', 'x'.repeat(walk.random(5000))); }
   function make() {
     if (menus.length < 12) menus.push(external.menu.createMenu(any(['popupMenu', 'trayMenu', 'windowMenu'])));
   }
@@ -230,13 +230,13 @@ class Walks {
     bool Walk() {
         const int end = steps + kStepsOfAWalk;
         std::array<std::optional<Walker>, 2> walkers;
-        const auto isThrough = [&] {
+        const auto isFinished = [&] {
             for (auto& walker : walkers) {
                 if (!walker || !walker->IsOpen()) walker.emplace(page_);
             }
             return steps >= end;
         };
-        if (PumpUntil(isThrough, kTimeout)) return true;
+        if (PumpUntil(isFinished, kTimeout)) return true;
         return std::printf("%d steps are missing\n", end - steps), false;
     }
 

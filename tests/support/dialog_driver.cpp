@@ -41,11 +41,11 @@ HWND DialogNow(HWND other) {
 
 }  // namespace
 
-void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND)>& person) {
+void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND)>& user) {
     dialogThread = GetCurrentThreadId();
     std::atomic<bool> over{false};
     std::thread other([&] {
-        if (const HWND first = NextDialog()) person(first);
+        if (const HWND first = NextDialog()) user(first);
         for (ULONGLONG grace = GetTickCount64() + 1000; !over; Sleep(kPause)) {
             const HWND left = GetTickCount64() > grace ? DialogNow(nullptr) : nullptr;
             if (!left) continue;

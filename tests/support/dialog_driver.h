@@ -8,11 +8,11 @@
 // Drives the system's dialogs on the thread of the test, as a user would.
 namespace tarvik {
 
-// Calls `call`, which opens dialogs on this thread, while `person` answers them on another thread. If a
-// dialog is open after `person` has returned, it is closed and the test fails.
-void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND first)>& person);
+// Calls `call`, which opens dialogs on this thread, while `user` answers them on another thread. If a dialog
+// is open after `user` has returned, it is closed and the test fails.
+void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND first)>& user);
 
-// For `person`: waits for a dialog other than `other`.
+// For `user`: waits for a dialog other than `other`.
 HWND NextDialog(HWND other = nullptr);
 
 // The text of a control.
