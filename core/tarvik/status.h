@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 namespace tarvik {

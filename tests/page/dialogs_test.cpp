@@ -70,7 +70,7 @@ TEST_F(Dialogs, NoStopsTheScriptsOfThePage) {
     Open("var n = 0; setInterval(function () { console.log('tick'); }, 20); undefinedName();");
     ASSERT_TRUE(program_.WaitForLine("tick"));
     Press(IDNO);
-    // What was on its way comes to its end.
+    // Ticks that are pending are still logged.
     size_t ticks = 0;
     EXPECT_TRUE(WaitFor([&] {
         const size_t before = std::exchange(ticks, program_.Lines().size());
