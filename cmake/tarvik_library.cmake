@@ -50,6 +50,20 @@ function(tarvik_link_plugins TARGET)
   target_link_libraries(${TARGET} PRIVATE ${PLUGINS})
 endfunction()
 
+# tarvik_glob(GLOB or GLOB_RECURSE OUT PATTERN...): as file(). A file that is added or removed changes its folder's time, and
+# CMake runs again; CONFIGURE_DEPENDS would search the folders, and report that, in every build.
+function(tarvik_glob MODE OUT)
+  file(${MODE} FILES ${ARGN})
+  set(FOLDERS "")
+  foreach(FILE ${FILES})
+    get_filename_component(FOLDER ${FILE} DIRECTORY)
+    list(APPEND FOLDERS ${FOLDER})
+  endforeach()
+  list(REMOVE_DUPLICATES FOLDERS)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${FOLDERS})
+  set(${OUT} ${FILES} PARENT_SCOPE)
+endfunction()
+
 function(tarvik_include_root OUT)
   if(CMAKE_HOST_WIN32)
     # Creating links requires a privilege on Windows; continuous integration checks the layers on Debian.
