@@ -2,7 +2,6 @@
 
 #include <shlwapi.h>
 
-#include <ranges>
 #include <vector>
 
 #include "base/path.h"
@@ -23,8 +22,8 @@ void CreateFolders(const std::wstring& path) {
     for (auto folder = path; !folder.empty() && !PathFileExistsW(folder.c_str());
          folder = ParentFolder(folder))
         missing.push_back(folder);
-    for (const std::wstring& folder : std::views::reverse(missing))
-        CreateDirectoryW(folder.c_str(), nullptr);
+    for (auto folder = missing.rbegin(); folder != missing.rend(); ++folder)
+        CreateDirectoryW(folder->c_str(), nullptr);
 }
 
 }  // namespace
