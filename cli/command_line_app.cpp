@@ -83,7 +83,7 @@ std::string Describe(const CLI::App& app, const CLI::ParseError& error) {
     const auto first = std::ranges::find_if(unknown, [](const std::string& word) { return word != "--"; });
     if (first != unknown.end()) return UnknownWord(ChosenCommand(app), *first);
     if (app.get_require_subcommand_min() > 0 && app.get_subcommands().empty()) return "a command is required";
-    const std::string reason = error.what();
+    std::string reason = error.what();
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
         return reason.substr(0, reason.find(':')) + " takes exactly one value";
     return reason;

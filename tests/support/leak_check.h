@@ -37,10 +37,11 @@ class Holdings {
 // Created first in a test, it fails the test if COM objects leak.
 class ObjectCheck {
   public:
+    ObjectCheck() : before_(liveComObjects) {}
     ~ObjectCheck() { EXPECT_EQ(liveComObjects, before_); }
 
   private:
-    const long before_ = liveComObjects;
+    const long before_;
 };
 
 // The number of open handles of this process below 0x4000; Wine's GetProcessHandleCount does not work.
