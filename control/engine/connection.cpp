@@ -137,10 +137,10 @@ void Connection::DeliverEnd() {
     const auto replies = std::move(replies_);
     replies_.clear();
     for (const auto& [id, handler] : replies)
-        (void)Guard([&] { handler(nullptr); });
+        (void)Guard([&handler = handler] { handler(nullptr); });
     const auto listeners = listeners_;
     for (const auto& [session, handler] : listeners) {
-        (void)Guard([&] { handler("Inspector.disconnected", Json::object()); });
+        (void)Guard([&handler = handler] { handler("Inspector.disconnected", Json::object()); });
     }
 }
 

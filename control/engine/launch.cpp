@@ -24,8 +24,8 @@ constexpr const wchar_t* kArguments[] = {
     L"--password-store=basic",
     // No cache of left pages, whose script contexts would survive. The drop-down lists of the invisible
     // address bar would be pages with a process of 80 MB, and more for each window ever opened.
-    L"--disable-features=Translate,OptimizationHints,MediaRouter,DialMediaRouteProvider,BackForwardCache,"
-    L"WebUIOmniboxPopup,WebUIOmniboxAimPopup",
+    (L"--disable-features=Translate,OptimizationHints,MediaRouter,DialMediaRouteProvider,BackForwardCache,"
+     L"WebUIOmniboxPopup,WebUIOmniboxAimPopup"),
     // A process for each window's page, so that one that waits or computes stops no other.
     L"--renderer-process-limit=1000",
     // No throttling of windows in the background, no warning about a page that computes for long.
