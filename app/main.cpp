@@ -8,7 +8,6 @@
 #include "app/log/report.h"
 #include "app/self_unpack.h"
 #include "atl/module.h"
-#include "tarvik/com_ptr.h"
 #include "base/library_search.h"
 #include "base/text.h"
 #include "control/page/register.h"
@@ -16,6 +15,7 @@
 #include "host/plugin_registry/plugin_library.h"
 #include "host/web_browser.h"
 #include "script/worker_apartment.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

@@ -4,10 +4,10 @@
 #include <cwchar>
 
 #include "archive/mapped_file.h"
-#include "tarvik/owners.h"
 #include "base/text.h"
 #include "plugins/zip/zip_plugin.h"
 #include "script/object.h"
+#include "tarvik/owners.h"
 #include "tarvik/properties.h"
 
 namespace tarvik {

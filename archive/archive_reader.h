@@ -1,9 +1,9 @@
 #pragma once
 
-#include <miniz.h>
-
 #include <exception>
 #include <string>
+
+#include <miniz.h>
 
 #include "archive/archive_finder.h"
 

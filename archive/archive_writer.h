@@ -1,8 +1,8 @@
 #pragma once
 
-#include <miniz.h>
-
 #include <string>
+
+#include <miniz.h>
 
 #include "archive/source_file.h"
 

@@ -6,8 +6,8 @@
 #include "archive/member_name.h"
 #include "archive/member_output.h"
 #include "archive/member_path.h"
-#include "tarvik/status.h"
 #include "base/write_file.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -3,8 +3,6 @@
 // `download FILE`, it then writes the address of the server to the file and serves until the file is removed,
 // so that other programs can be measured.
 
-#include "tests/support/web_server.h"
-
 #include <ole2.h>
 
 #include <algorithm>
@@ -12,14 +10,15 @@
 #include <chrono>
 #include <cstdio>
 
-#include "tarvik/owners.h"
-#include "tarvik/text.h"
 #include "plugins/http/download_task.h"
 #include "plugins/http/web_response.h"
+#include "tarvik/owners.h"
+#include "tarvik/text.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {

@@ -12,9 +12,9 @@
 #include <limits>
 #include <string>
 
-#include "tarvik/owners.h"
 #include "base/text.h"
 #include "host/web_browser.h"
+#include "tarvik/owners.h"
 #include "tarvik/properties.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"

@@ -7,12 +7,12 @@
 #include <string>
 
 #include "atl/module.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/text.h"
 #include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 namespace {

@@ -14,12 +14,12 @@
 
 #include "atl/ax_window.h"
 #include "atl/module.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/variant.h"
 #include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
+#include "tarvik/variant.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {

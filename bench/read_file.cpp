@@ -10,9 +10,9 @@
 #include <cstdio>
 #include <memory>
 
-#include "tarvik/owners.h"
 #include "host/web_browser.h"
 #include "script/dispatch.h"
+#include "tarvik/owners.h"
 #include "tests/support/members.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"

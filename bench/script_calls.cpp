@@ -12,8 +12,8 @@
 #include <limits>
 #include <string>
 
-#include "tarvik/bstr.h"
 #include "script/dispatch.h"
+#include "tarvik/bstr.h"
 #include "tests/support/members.h"
 #include "tests/support/script_bench.h"
 

@@ -3,7 +3,6 @@
 // user and kernel mode, and the peak of memory in MB.
 
 #include <windows.h>
-#include <miniz.h>
 #include <ole2.h>
 #include <psapi.h>
 
@@ -11,6 +10,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
+
+#include <miniz.h>
 
 #include "plugins/zip/zip_plugin.h"
 #include "tests/support/members.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <span>
 #include <string>
+
+#include <CLI/CLI.hpp>
 
 #include "tarvik/text.h"
 

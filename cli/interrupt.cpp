@@ -1,7 +1,7 @@
 #include "cli/interrupt.h"
 
-#include "tarvik/owners.h"
 #include "cli/failure.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

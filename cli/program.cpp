@@ -3,10 +3,10 @@
 #include <string>
 
 #include "base/library_search.h"
-#include "tarvik/status.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -4,10 +4,10 @@
 
 #include "app/log/log.h"
 #include "base/document_host.h"
-#include "tarvik/bstr.h"
 #include "host/accelerators.h"
 #include "host/file_drop.h"
 #include "host/prologue.h"
+#include "tarvik/bstr.h"
 #include "tarvik/properties.h"
 
 namespace tarvik {

@@ -3,12 +3,12 @@
 #include <exdisp.h>
 
 #include "app/log/log.h"
-#include "tarvik/bstr.h"
 #include "host/browser_host.h"
+#include "tarvik/arguments.h"
+#include "tarvik/bstr.h"
+#include "tarvik/call.h"
 #include "tarvik/options.h"
 #include "tarvik/properties.h"
-#include "tarvik/arguments.h"
-#include "tarvik/call.h"
 
 namespace tarvik {
 

@@ -5,11 +5,11 @@
 #include <shellapi.h>
 
 #include "base/html_element.h"
-#include "tarvik/owners.h"
 #include "base/text.h"
-#include "tarvik/variant.h"
-#include "tarvik/properties.h"
 #include "tarvik/marshaled_object.h"
+#include "tarvik/owners.h"
+#include "tarvik/properties.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

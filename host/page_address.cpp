@@ -8,8 +8,8 @@
 
 #include "app/command_line/command_line.h"
 #include "base/path.h"
-#include "tarvik/status.h"
 #include "base/text.h"
+#include "tarvik/status.h"
 #include "tarvik/text.h"
 
 namespace tarvik {

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <vector>
 
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "base/walk_folder.h"
 #include "host/plugin_registry/plugin_library.h"
 #include "host/plugin_registry/plugin_registry.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

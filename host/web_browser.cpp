@@ -9,14 +9,14 @@
 #include "app/log/log.h"
 #include "app/log/report.h"
 #include "atl/ax_window.h"
-#include "tarvik/bstr.h"
 #include "base/module_function.h"
 #include "base/text.h"
-#include "tarvik/variant.h"
 #include "host/browser_host.h"
 #include "host/page_address.h"
 #include "script/object.h"
+#include "tarvik/bstr.h"
 #include "tarvik/properties.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -7,9 +7,9 @@
 #include "atl/event_sink.h"
 #include "atl/module.h"
 #include "atl/window.h"
+#include "host/browser_host_interface.h"
 #include "tarvik/com_object.h"
 #include "tarvik/com_ptr.h"
-#include "host/browser_host_interface.h"
 
 namespace tarvik {
 

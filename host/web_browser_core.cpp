@@ -4,12 +4,12 @@
 #include <mshtml.h>
 
 #include "atl/ax_window.h"
-#include "tarvik/bstr.h"
-#include "tarvik/variant.h"
 #include "host/page_address.h"
 #include "host/web_browser.h"
 #include "script/object.h"
+#include "tarvik/bstr.h"
 #include "tarvik/properties.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "log_viewer/process_names.h"
 
-#include "tarvik/owners.h"
 #include "base/text.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -8,8 +8,8 @@
 #include "archive/member_path.h"
 #include "base/folder_reader.h"
 #include "base/text.h"
-#include "tarvik/text.h"
 #include "cli/failure.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

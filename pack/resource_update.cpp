@@ -1,7 +1,7 @@
 #include "pack/resource_update.h"
 
-#include "tarvik/owners.h"
 #include "cli/failure.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -5,8 +5,8 @@
 
 #include "tarvik/com_object.h"
 #include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
 #include "tarvik/dispatch.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,7 +1,7 @@
 #include "script/object.h"
 
-#include "tarvik/bstr.h"
 #include "script/dispatch.h"
+#include "tarvik/bstr.h"
 #include "tarvik/properties.h"
 
 namespace tarvik {

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "tarvik/owners.h"
 #include "tarvik/marshaled_object.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

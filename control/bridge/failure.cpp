@@ -4,9 +4,9 @@
 
 #include <cstdio>
 
+#include "base/text.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
-#include "base/text.h"
 
 namespace tarvik {
 

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <utility>
 
-#include "tarvik/status.h"
 #include "base/text.h"
-#include "control/bridge/script_source.h"
 #include "control/bridge/script_context.h"
+#include "control/bridge/script_source.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,8 +1,8 @@
 #include "control/bridge/script_context.h"
 
-#include "tarvik/status.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -9,16 +9,16 @@
 #include <utility>
 #include <vector>
 
-#include "tarvik/com_ptr.h"
-#include "tarvik/variant.h"
 #include "control/bridge/failure.h"
+#include "control/bridge/member_cache.h"
 #include "control/bridge/name_table.h"
 #include "control/bridge/native_objects.h"
 #include "control/bridge/page_thread.h"
-#include "control/bridge/member_cache.h"
 #include "control/engine/devtools.h"
 #include "control/injected/injected_script.h"
 #include "control/injected/protocol.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

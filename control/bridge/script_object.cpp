@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "control/bridge/script_source.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
-#include "control/bridge/script_source.h"
 
 namespace tarvik {
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "tarvik/com_object.h"
 #include "base/compiler.h"
 #include "control/bridge/script_context.h"
+#include "tarvik/com_object.h"
 
 namespace tarvik {
 

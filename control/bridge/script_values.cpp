@@ -5,11 +5,11 @@
 #include <limits>
 #include <string>
 
-#include "tarvik/status.h"
-#include "tarvik/text.h"
+#include "control/bridge/script_context.h"
 #include "control/bridge/script_object.h"
 #include "control/bridge/script_source.h"
-#include "control/bridge/script_context.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

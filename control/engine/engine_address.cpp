@@ -8,8 +8,8 @@
 
 #include "base/module_function.h"
 #include "base/text.h"
-#include "tarvik/text.h"
 #include "control/engine/engine_path.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tarvik/status.h"
 #include "control/engine/events.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
+
+#include <nlohmann/json.hpp>
 
 // The events of the DevTools protocol that the page control handles, with the parameters it uses. Parse
 // throws a JSON exception if a required parameter is missing.

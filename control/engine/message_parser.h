@@ -2,11 +2,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+
+#include <nlohmann/json.hpp>
 
 // The engine's byte stream, read without the platform's headers.
 namespace tarvik {

@@ -7,9 +7,9 @@
 #include <mutex>
 #include <optional>
 
-#include "tarvik/owners.h"
 #include "control/engine/devtools.h"
 #include "control/engine/message_window.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

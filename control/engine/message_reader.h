@@ -9,11 +9,11 @@
 #include <string_view>
 #include <thread>
 
-#include "tarvik/owners.h"
 #include "control/engine/devtools.h"
 #include "control/engine/message_parser.h"
 #include "control/engine/message_queue.h"
 #include "control/engine/transport.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

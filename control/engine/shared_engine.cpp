@@ -1,7 +1,7 @@
 #include "control/engine/shared_engine.h"
 
-#include "tarvik/status.h"
 #include "control/engine/engine_path.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

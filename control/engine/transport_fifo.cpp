@@ -1,11 +1,11 @@
 // Under Wine the engine is a Unix program, which Wine's own pipes do not reach. A pair of named FIFOs in a
 // private folder does; see fifo_engine.sh.
 
-#include "tarvik/status.h"
 #include "base/text.h"
-#include "tarvik/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "base/shell_delete.h"
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "tarvik/text.h"
 #include "control/engine/launch.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

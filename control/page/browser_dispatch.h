@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tarvik/com_ptr.h"
 #include "control/page/browser_members.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

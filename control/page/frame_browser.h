@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "control/page/browser_dispatch.h"
 #include "tarvik/bstr.h"
 #include "tarvik/com_object.h"
 #include "tarvik/status.h"
-#include "control/page/browser_dispatch.h"
 
 namespace tarvik {
 

@@ -5,9 +5,9 @@
 
 #include <initializer_list>
 
+#include "control/bridge/script_source.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
-#include "control/bridge/script_source.h"
 
 namespace tarvik {
 

@@ -6,13 +6,13 @@
 
 #include <memory>
 
-#include "tarvik/com_object.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
 #include "control/bridge/script_object.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_members.h"
 #include "control/page/page.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 
 // Published interfaces of a page's objects. All calls go through the page's script; late-bound callers reach
 // every member of the script objects themselves.

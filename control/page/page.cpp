@@ -2,10 +2,10 @@
 
 #include <map>
 
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/bridge/script_source.h"
 #include "control/engine/engine_address.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

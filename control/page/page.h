@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "tarvik/com_ptr.h"
 #include "control/bridge/script_bridge.h"
 #include "control/bridge/staged_globals.h"
 #include "control/engine/shared_engine.h"
 #include "control/view/page_view.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

@@ -5,9 +5,9 @@
 #include <urlmon.h>
 
 #include "base/document_host.h"
+#include "control/page/frame_browser.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
-#include "control/page/frame_browser.h"
 
 namespace tarvik {
 

@@ -12,13 +12,13 @@
 #include <optional>
 #include <string>
 
-#include "tarvik/com_object.h"
-#include "tarvik/com_ptr.h"
 #include "control/page/browser_dispatch.h"
 #include "control/page/connection_point.h"
 #include "control/page/html_objects.h"
 #include "control/page/page.h"
 #include "control/page/page_windows.h"
+#include "tarvik/com_object.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
 // The control as IWebBrowser2.
 
+#include "control/page/page_control.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
-#include "control/page/page_control.h"
 
 namespace tarvik {
 

@@ -1,8 +1,8 @@
 // The control as an OLE object, active in place in its container.
 
+#include "control/page/page_control.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
-#include "control/page/page_control.h"
 
 namespace tarvik {
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "tarvik/text.h"
 #include "control/engine/engine_address.h"
 #include "control/page/page.h"
 #include "control/page/script_dialogs.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

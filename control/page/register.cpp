@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "control/engine/engine_path.h"
 #include "control/page/page_control.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "tarvik/owners.h"
 #include "control/view/clipboard.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

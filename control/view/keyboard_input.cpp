@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "tarvik/text.h"
 #include "control/view/clipboard.h"
 #include "control/view/key_names.h"
 #include "control/view/mouse_input.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

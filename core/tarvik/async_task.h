@@ -3,9 +3,9 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "tarvik/status.h"
-#include "tarvik/options.h"
 #include "tarvik/marshaled_object.h"
+#include "tarvik/options.h"
+#include "tarvik/status.h"
 #include "tarvik/worker.h"
 
 namespace tarvik {

@@ -2,9 +2,9 @@
 
 #include <combaseapi.h>
 
-#include "tarvik/status.h"
-#include "tarvik/forwarding_dispatch.h"
 #include "tarvik/arguments.h"
+#include "tarvik/forwarding_dispatch.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

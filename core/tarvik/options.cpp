@@ -1,7 +1,7 @@
 #include "tarvik/options.h"
 
-#include "tarvik/properties.h"
 #include "tarvik/arguments.h"
+#include "tarvik/properties.h"
 
 namespace tarvik {
 

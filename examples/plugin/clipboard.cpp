@@ -6,11 +6,11 @@
 //
 // A retained plug-in: each window has one object, which survives navigation.
 
-#include <tarvik/core.h>
-
 #include <commctrl.h>
 
 #include <memory>
+
+#include <tarvik/core.h>
 
 namespace {
 

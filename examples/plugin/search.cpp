@@ -14,14 +14,14 @@
 // A transient plug-in: each read of window.external.search returns a new object, so that searches are
 // independent.
 
-#include <tarvik/core.h>
-
 #include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <sstream>
+
+#include <tarvik/core.h>
 
 namespace {
 

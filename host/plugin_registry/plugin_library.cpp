@@ -2,13 +2,13 @@
 
 #include <vector>
 
-#include "tarvik/bstr.h"
-#include "tarvik/com_ptr.h"
 #include "base/library_search.h"
-#include "tarvik/owners.h"
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "host/plugin_registry/plugin_registry.h"
+#include "tarvik/bstr.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/owners.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

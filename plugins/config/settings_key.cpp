@@ -1,7 +1,7 @@
 #include "plugins/config/settings_key.h"
 
-#include "tarvik/status.h"
 #include "plugins/registry_keys/registry_value.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "tarvik/variant.h"
 #include "plugins/registry_keys/registry_key.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

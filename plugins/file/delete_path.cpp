@@ -1,8 +1,8 @@
 #include "plugins/file/delete_path.h"
 
 #include "base/folder_reader.h"
-#include "tarvik/status.h"
 #include "base/walk_folder.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
 #include "plugins/file/enum_files.h"
 
-#include "tarvik/status.h"
 #include "base/walk_folder.h"
-#include "tarvik/properties.h"
 #include "tarvik/marshaled_object.h"
+#include "tarvik/properties.h"
+#include "tarvik/status.h"
 #include "tarvik/worker.h"
 
 namespace tarvik {

@@ -1,8 +1,8 @@
 #include "plugins/file/work_list.h"
 
 #include "base/folder_reader.h"
-#include "tarvik/status.h"
 #include "plugins/file/file_size.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

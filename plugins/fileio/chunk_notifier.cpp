@@ -1,8 +1,8 @@
 #include "plugins/fileio/chunk_notifier.h"
 
-#include "tarvik/stream.h"
 #include "host/plugin_registry/plugin_registry.h"
 #include "tarvik/properties.h"
+#include "tarvik/stream.h"
 
 namespace tarvik {
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <functional>
 
-#include "tarvik/stream.h"
 #include "plugins/fileio/shared_file.h"
+#include "tarvik/stream.h"
 
 // Transfers between files and streams, in chunks through one buffer. Failures are thrown.
 namespace tarvik {

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "tarvik/stream.h"
 #include "plugins/fileio/shared_file.h"
 #include "tarvik/async_task.h"
+#include "tarvik/stream.h"
 
 namespace tarvik {
 

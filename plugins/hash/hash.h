@@ -3,8 +3,8 @@
 #include <windows.h>
 #include <wincrypt.h>
 
-#include "tarvik/owners.h"
 #include "script/dispatch.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

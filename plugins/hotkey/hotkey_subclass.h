@@ -7,9 +7,9 @@
 
 #include "atl/window.h"
 #include "host/plugin_registry/window_numbers.h"
+#include "plugins/hotkey/key_combination.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/variant.h"
-#include "plugins/hotkey/key_combination.h"
 
 namespace tarvik {
 

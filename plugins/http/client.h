@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tarvik/plugin.h"
 #include "script/dispatch.h"
+#include "tarvik/plugin.h"
 
 namespace tarvik {
 

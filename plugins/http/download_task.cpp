@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "tarvik/owners.h"
 #include "base/write_file.h"
 #include "plugins/http/web_response.h"
+#include "tarvik/owners.h"
 #include "tarvik/properties.h"
 
 namespace tarvik {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "script/dispatch.h"
+#include "tarvik/menu.h"
+#include "tarvik/options.h"
 #include "tarvik/owners.h"
 #include "tarvik/variant.h"
-#include "tarvik/menu.h"
-#include "script/dispatch.h"
-#include "tarvik/options.h"
 
 namespace tarvik {
 

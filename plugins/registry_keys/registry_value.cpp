@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tarvik/bstr.h"
 #include "plugins/registry_keys/registry_key.h"
+#include "tarvik/bstr.h"
 
 namespace tarvik {
 

@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "tarvik/stream.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "plugins/stream/growing_block.h"
+#include "tarvik/stream.h"
 
 namespace tarvik {
 

@@ -3,8 +3,8 @@
 #include <shlwapi.h>
 
 #include "base/library_search.h"
-#include "tarvik/status.h"
 #include "base/text.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
 #include "plugins/system/shell_execute.h"
 
-#include "tarvik/owners.h"
 #include "plugins/system/path_option.h"
-#include "tarvik/properties.h"
 #include "tarvik/marshaled_object.h"
+#include "tarvik/owners.h"
+#include "tarvik/properties.h"
 #include "tarvik/worker.h"
 
 namespace tarvik {

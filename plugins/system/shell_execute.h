@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tarvik/plugin.h"
 #include "plugins/system/system_calls.h"
 #include "tarvik/options.h"
+#include "tarvik/plugin.h"
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
 #include "plugins/system/shortcut_file.h"
 
-#include <shlobj.h>
-#include <shlwapi.h>
 #include <intshcut.h>
 #include <isguids.h>
+#include <shlobj.h>
+#include <shlwapi.h>
 
 #include "base/path.h"
 #include "base/text.h"

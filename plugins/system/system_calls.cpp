@@ -2,9 +2,9 @@
 
 #include <powrprof.h>
 
-#include "tarvik/owners.h"
 #include "plugins/system/administrator.h"
 #include "plugins/system/shell_object.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

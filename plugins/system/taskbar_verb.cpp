@@ -4,11 +4,11 @@
 #include <shldisp.h>
 #include <shlwapi.h>
 
+#include "base/text.h"
+#include "plugins/system/shell_object.h"
 #include "tarvik/bstr.h"
 #include "tarvik/owners.h"
-#include "base/text.h"
 #include "tarvik/variant.h"
-#include "plugins/system/shell_object.h"
 
 namespace tarvik {
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "tarvik/plugin.h"
 #include "tarvik/options.h"
+#include "tarvik/plugin.h"
 
 // Options that the dialogs for files and folders share.
 namespace tarvik {

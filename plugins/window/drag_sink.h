@@ -4,8 +4,8 @@
 #include <mshtml.h>
 #include <ocidl.h>
 
-#include "tarvik/com_ptr.h"
 #include "script/dispatch.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "host/plugin_registry/window_numbers.h"
-#include "tarvik/status.h"
-#include "tarvik/variant.h"
 #include "plugins/window/menu_bar.h"
 #include "plugins/window/window_properties.h"
 #include "tarvik/properties.h"
+#include "tarvik/status.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

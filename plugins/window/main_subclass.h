@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "atl/window.h"
+#include "plugins/window/message_handlers.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/menu.h"
-#include "plugins/window/message_handlers.h"
 
 namespace tarvik {
 

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string_view>
 
-#include "tarvik/owners.h"
 #include "base/wine.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

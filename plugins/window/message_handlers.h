@@ -6,9 +6,9 @@
 #include <map>
 #include <string>
 
+#include "plugins/window/shared_block.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/variant.h"
-#include "plugins/window/shared_block.h"
 
 namespace tarvik {
 

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "tarvik/com_ptr.h"
 #include "base/text.h"
+#include "tarvik/com_ptr.h"
 
 namespace tarvik {
 

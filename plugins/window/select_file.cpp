@@ -5,11 +5,11 @@
 
 #include <string>
 
-#include "tarvik/status.h"
 #include "base/text.h"
 #include "plugins/window/dialog_options.h"
 #include "plugins/window/name_buffer.h"
 #include "plugins/window/page_array.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "tarvik/owners.h"
 #include "base/text.h"
 #include "plugins/window/dialog_options.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "tarvik/variant.h"
-#include "tarvik/plugin.h"
 #include "tarvik/options.h"
+#include "tarvik/plugin.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

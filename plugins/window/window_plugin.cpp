@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "app/log/log.h"
-#include "base/module_function.h"
 #include "atl/server_window.h"
+#include "base/module_function.h"
 #include "host/plugin_registry/window_numbers.h"
 #include "plugins/window/message_box.h"
 #include "plugins/window/select_file.h"

@@ -1,8 +1,8 @@
 #include "plugins/zip/archive_output.h"
 
 #include "base/same_file.h"
-#include "tarvik/status.h"
 #include "base/text.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,12 +1,12 @@
 #include <memory>
 
 #include "archive/archive_writer.h"
-#include "tarvik/status.h"
 #include "plugins/zip/archive_output.h"
 #include "plugins/zip/entry_name.h"
 #include "plugins/zip/source_list.h"
 #include "plugins/zip/zip_plugin.h"
 #include "tarvik/properties.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

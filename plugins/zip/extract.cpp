@@ -1,9 +1,9 @@
 #include "archive/extract_archive.h"
 #include "archive/mapped_file.h"
 #include "archive/member_output.h"
-#include "tarvik/status.h"
 #include "plugins/zip/progress.h"
 #include "plugins/zip/zip_plugin.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

@@ -1,8 +1,8 @@
 #include "plugins/zip/source_list.h"
 
+#include "base/walk_folder.h"
 #include "tarvik/owners.h"
 #include "tarvik/status.h"
-#include "base/walk_folder.h"
 
 namespace tarvik {
 

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "archive/archive_finder.h"
-#include "tarvik/stream.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "plugins/zip/context.h"
 #include "tarvik/options.h"
+#include "tarvik/stream.h"
 
 namespace tarvik {
 

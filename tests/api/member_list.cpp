@@ -4,12 +4,12 @@
 #include <cstdio>
 
 #include "host/plugin_registry/plugin_registry.h"
+#include "plugins/analytics/analytics_plugin.h"
 #include "plugins/config/config_plugin.h"
 #include "plugins/console/console_plugin.h"
 #include "plugins/dragfile/drag_file_plugin.h"
 #include "plugins/file/file_plugin.h"
 #include "plugins/fileio/file_io_plugin.h"
-#include "plugins/analytics/analytics_plugin.h"
 #include "plugins/hash/hash.h"
 #include "plugins/hash/hash_plugin.h"
 #include "plugins/hotkey/hotkey_plugin.h"

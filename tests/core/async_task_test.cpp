@@ -3,9 +3,9 @@
 #include <thread>
 
 #include "script/object.h"
-#include "tarvik/properties.h"
-#include "tarvik/marshaled_object.h"
 #include "script/worker_apartment.h"
+#include "tarvik/marshaled_object.h"
+#include "tarvik/properties.h"
 #include "tests/support/test.h"
 
 // Cases that no member of a plug-in can bring about.

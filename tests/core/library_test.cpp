@@ -1,5 +1,4 @@
 #include "tarvik/core.h"
-
 #include "tests/support/test.h"
 
 namespace tarvik {

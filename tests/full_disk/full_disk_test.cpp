@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <random>
 
-#include "tarvik/stream.h"
 #include "host/web_browser.h"
+#include "tarvik/stream.h"
 #include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/console_program.h"

@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "tarvik/owners.h"
 #include "log_viewer/debug_output.h"
+#include "tarvik/owners.h"
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
-#include "tarvik/text.h"
 #include "tests/page/program.h"
 
 #include <algorithm>
 #include <filesystem>
 
+#include "tarvik/text.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

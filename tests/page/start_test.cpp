@@ -1,17 +1,16 @@
 // The start of applications, and pages with faults.
 
-#include "tarvik/text.h"
-#include "tests/support/web_server.h"
-
 #include <aclapi.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/engine_processes.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {

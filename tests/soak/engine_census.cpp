@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include "tarvik/status.h"
-#include "tarvik/text.h"
 #include "control/engine/engine_path.h"
 #include "control/engine/launch.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "tests/support/leak_check.h"
 
 namespace tarvik {

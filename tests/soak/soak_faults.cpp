@@ -4,9 +4,6 @@
 // each attempt and what it left behind. Fails if the program does not recover, or if processes of the engine,
 // FIFOs, profiles or unpacked folders are left.
 
-#include "tarvik/text.h"
-#include "tests/support/web_server.h"
-
 #include <ole2.h>
 
 #include <algorithm>
@@ -19,9 +16,11 @@
 #include <random>
 #include <span>
 
+#include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/support/engine_processes.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {

@@ -3,8 +3,6 @@
 // seed, so a round can be repeated alone. Prints statistics, and after a crash or a hang the last calls.
 // Fails on these, on an unexpected dialog, and if a round leaks objects or threads.
 
-#include "tests/support/web_server.h"
-
 #include <windows.h>
 #include <ole2.h>
 
@@ -19,18 +17,19 @@
 #include <string_view>
 
 #include "atl/module.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
-#include "tarvik/text.h"
 #include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
 #include "script/worker_apartment.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/soak/course.h"
 #include "tests/soak/engine_census.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {

@@ -2,8 +2,6 @@
 // some fail, some are cancelled; in every second round their window is closed meanwhile. Fails if an expected
 // callback is not called or an unexpected one is, and if resources leak in the second half.
 
-#include "tests/support/web_server.h"
-
 #include <ole2.h>
 
 #include <cstdio>
@@ -18,6 +16,7 @@
 #include "tests/support/async_run.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {

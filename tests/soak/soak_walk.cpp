@@ -14,11 +14,11 @@
 #include <string_view>
 
 #include "atl/module.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
 #include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "tarvik/com_ptr.h"
+#include "tarvik/status.h"
 #include "tests/soak/course.h"
 #include "tests/soak/engine_census.h"
 #include "tests/support/temp_folder.h"

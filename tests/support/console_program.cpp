@@ -1,8 +1,8 @@
 #include "tests/support/console_program.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
+
+#include <gtest/gtest.h>
 
 #include "base/text.h"
 

@@ -1,9 +1,9 @@
 #include "tests/support/dialog_driver.h"
 
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <thread>
+
+#include <gtest/gtest.h>
 
 #include "tests/support/waiting.h"
 

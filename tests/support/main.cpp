@@ -1,5 +1,6 @@
-#include <gmock/gmock.h>
 #include <ole2.h>
+
+#include <gmock/gmock.h>
 
 // Tests run on a thread like the main thread of the host: in a single-threaded apartment, with OLE.
 int wmain(int argc, wchar_t** argv) {

@@ -1,8 +1,8 @@
 #include "tests/support/recorder.h"
 
+#include "tarvik/arguments.h"
 #include "tarvik/bstr.h"
 #include "tarvik/text.h"
-#include "tarvik/arguments.h"
 
 namespace tarvik {
 

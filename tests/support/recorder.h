@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tarvik/variant.h"
 #include "script/dispatch.h"
+#include "tarvik/variant.h"
 
 namespace tarvik {
 

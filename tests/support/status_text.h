@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include <gmock/gmock.h>
-
 #include <cstdio>
 #include <string>
+
+#include <gmock/gmock.h>
 
 namespace tarvik {
 

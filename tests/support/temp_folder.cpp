@@ -1,6 +1,5 @@
 #include "tests/support/temp_folder.h"
 
-#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <algorithm>
@@ -8,6 +7,8 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+
+#include <gtest/gtest.h>
 
 namespace tarvik {
 

@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tarvik/owners.h"
 #include "base/text.h"
+#include "tarvik/owners.h"
 #include "tests/support/async_run.h"
 #include "tests/support/debug_channel.h"
 #include "tests/support/leak_check.h"

@@ -1,11 +1,12 @@
 #include "tests/support/waiting.h"
 
-#include <gtest/gtest.h>
 #include <windows.h>
 #include <objbase.h>
 
 #include <atomic>
 #include <thread>
+
+#include <gtest/gtest.h>
 
 namespace tarvik {
 

@@ -1,8 +1,8 @@
 #include "tests/support/web_server.h"
 
-#include <gtest/gtest.h>
-
 #include <cctype>
+
+#include <gtest/gtest.h>
 
 namespace tarvik {
 

@@ -1,9 +1,9 @@
 #include <thread>
 
-#include "tarvik/status.h"
 #include "control/engine/connection.h"
 #include "control/engine/launch.h"
 #include "control/engine/transport.h"
+#include "tarvik/status.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -1,7 +1,7 @@
 // A plug-in library in C++17 that uses the headers of the contract only. Script reads `answer`, which is 42.
-#include <tarvik/plugin.h>
-
 #include <cwchar>
+
+#include <tarvik/plugin.h>
 
 static_assert(__cplusplus < 202002L, "the contract requires no more than C++17");
 

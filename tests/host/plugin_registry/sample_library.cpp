@@ -1,8 +1,8 @@
 // A plug-in library that uses the core and nothing else of the host. SAMPLE_MODULE is the text that it sends
 // to the debugger when it is freed, SAMPLE_NAME the name of its plug-in, and SAMPLE_FAULT its fault.
-#include <tarvik/core.h>
-
 #include <stdexcept>
+
+#include <tarvik/core.h>
 
 #define FAULT_NONE 0
 #define FAULT_NO_EXPORT 1

@@ -1,5 +1,4 @@
 #include "plugins/file/delete_path.h"
-
 #include "tests/plugins/file/file_fixture.h"
 
 namespace tarvik {

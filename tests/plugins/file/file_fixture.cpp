@@ -1,7 +1,7 @@
-#include "tarvik/text.h"
 #include "tests/plugins/file/file_fixture.h"
 
 #include "base/module_function.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
-#include "tests/plugins/http/http_fixture.h"
-
 #include <wininet.h>
+
+#include "tests/plugins/http/http_fixture.h"
 
 namespace tarvik {
 namespace {

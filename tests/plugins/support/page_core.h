@@ -2,10 +2,10 @@
 
 #include <exdisp.h>
 
-#include "tarvik/status.h"
-#include "tarvik/plugin.h"
 #include "host/page_address.h"
 #include "host/plugin_registry/plugin_registry.h"
+#include "tarvik/plugin.h"
+#include "tarvik/status.h"
 #include "tests/support/test.h"
 
 namespace tarvik {

@@ -3,8 +3,8 @@
 #include <windows.h>
 
 #include "app/command_line/command_line.h"
-#include "tarvik/owners.h"
 #include "base/text.h"
+#include "tarvik/owners.h"
 #include "tarvik/text.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {

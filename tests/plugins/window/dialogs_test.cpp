@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "atl/ax_window.h"
-#include "tarvik/owners.h"
 #include "control/page/register.h"
 #include "host/web_browser.h"
+#include "tarvik/owners.h"
 #include "tarvik/text.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/dialog_driver.h"

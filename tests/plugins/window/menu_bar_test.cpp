@@ -1,7 +1,6 @@
-#include "tarvik/menu.h"
-
 #include <functional>
 
+#include "tarvik/menu.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
 

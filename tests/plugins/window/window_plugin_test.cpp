@@ -1,8 +1,9 @@
+#include "plugins/window/window_plugin.h"
+
 #include <windows.h>
 
 #include <algorithm>
 
-#include "plugins/window/window_plugin.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/test.h"
 

@@ -1,10 +1,10 @@
 #include "tests/plugins/zip/archive_writer.h"
 
-#include <miniz.h>
-
 #include <initializer_list>
 #include <memory>
 #include <utility>
+
+#include <miniz.h>
 
 namespace tarvik {
 
