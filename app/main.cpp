@@ -10,10 +10,10 @@
 #include "atl/module.h"
 #include "base/library_search.h"
 #include "base/text.h"
-#include "control/page/register.h"
 #include "host/page_address.h"
 #include "host/plugin_registry/plugin_library.h"
 #include "host/web_browser.h"
+#include "page_control/page/register.h"
 #include "script/worker_apartment.h"
 #include "tarvik/com_ptr.h"
 

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "atl/module.h"
-#include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "page_control/page/register.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
 #include "tarvik/text.h"

@@ -12,12 +12,12 @@ option(TARVIK_PCH "Compile with precompiled headers" ${USE_BY_DEFAULT})
 set(PRECOMPILED_core
   <windows.h> <ole2.h> <oleauto.h> <dispex.h> <exdisp.h> <shellapi.h> <shlwapi.h>
   <algorithm> <array> <functional> <map> <memory> <mutex> <optional> <set> <span> <string> <utility> <vector>)
-set(PRECOMPILED_control ${PRECOMPILED_core} <mshtml.h> <nlohmann/json.hpp>)
+set(PRECOMPILED_page_control ${PRECOMPILED_core} <mshtml.h> <nlohmann/json.hpp>)
 set(PRECOMPILED_tests ${PRECOMPILED_core} <chrono> <filesystem> <thread> <gmock/gmock.h> <gtest/gtest.h>)
 
 # The library that compiles a list for all others of its layer.
 set(PRECOMPILED_BY_core core)
-set(PRECOMPILED_BY_control control_engine)
+set(PRECOMPILED_BY_page_control page_control_engine)
 set(PRECOMPILED_BY_tests test_support)
 
 # tarvik_precompile_headers(): lets all our targets use the lists. Call it last.
@@ -25,7 +25,7 @@ function(tarvik_precompile_headers)
   if(NOT TARVIK_PCH)
     return()
   endif()
-  foreach(LAYER core control tests)
+  foreach(LAYER core page_control tests)
     if(TARGET ${PRECOMPILED_BY_${LAYER}})
       target_precompile_headers(${PRECOMPILED_BY_${LAYER}} PRIVATE ${PRECOMPILED_${LAYER}})
     endif()
@@ -59,7 +59,7 @@ function(tarvik_precompiled_layer USER OUT)
   tarvik_folder_of(${USER} FOLDER)
   if("test_support" IN_LIST LINKED OR USER STREQUAL "test_support")
     set(${OUT} tests PARENT_SCOPE)
-  elseif(FOLDER MATCHES "^control/")
+  elseif(FOLDER MATCHES "^page_control/")
     set(${OUT} control PARENT_SCOPE)
   elseif("tarvik_compiler" IN_LIST LINKED)
     set(${OUT} core PARENT_SCOPE)

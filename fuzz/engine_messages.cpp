@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "control/engine/message_parser.h"
 #include "fuzz/input.h"
+#include "page_control/engine/message_parser.h"
 
 namespace tarvik {
 

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "control/engine/engine_path.h"
-#include "control/engine/launch.h"
+#include "page_control/engine/engine_path.h"
+#include "page_control/engine/launch.h"
 #include "tarvik/status.h"
 #include "tarvik/text.h"
 #include "tests/support/leak_check.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "control/engine/shared_engine.h"
+#include "page_control/engine/shared_engine.h"
 #include "tests/soak/course.h"
 #include "tests/support/engine_processes.h"
 

@@ -17,9 +17,9 @@
 #include <string_view>
 
 #include "atl/module.h"
-#include "control/page/register.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "host/web_browser.h"
+#include "page_control/page/register.h"
 #include "script/worker_apartment.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/status.h"

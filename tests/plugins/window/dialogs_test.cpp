@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "atl/ax_window.h"
-#include "control/page/register.h"
 #include "host/web_browser.h"
+#include "page_control/page/register.h"
 #include "tarvik/owners.h"
 #include "tarvik/text.h"
 #include "tests/plugins/window/window_fixture.h"

@@ -1,0 +1,89 @@
+#include "page_control/engine/engine_pages.h"
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+constexpr DWORD kStartTimeout = 20000;
+constexpr UINT kCloseRetryInterval = 500;
+
+}  // namespace
+
+EnginePages::EnginePages(DevTools& engine)
+    : engine_(engine), window_([this](UINT message, WPARAM timer) {
+          if (message == WM_TIMER && timer == kCloseTimer) RetryClose();
+      }) {}
+
+void EnginePages::Start() {
+    created_ = events_.Subscribe<event::TargetCreated>([this](const event::TargetCreated& created) {
+        unclaimed_.insert(created.targetId);
+        CloseUnclaimed();
+    });
+    destroyed_ = events_.Subscribe<event::TargetDestroyed>(
+        [this](const event::TargetDestroyed& destroyed) { closing_.erase(destroyed.targetId); });
+    engine_.Listen("",
+                   [this](std::string_view method, const Json& params) { events_.Dispatch(method, params); });
+    const Json targets = engine_.Call("", "Target.getTargets", Json::object(), kStartTimeout);
+    for (const Json& target : targets.at("targetInfos")) {
+        if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
+    }
+    pages_.insert(firstPage_);
+    engine_.Post("", "Target.setDiscoverTargets", {{"discover", true}, {"filter", {{{"type", "page"}}}}});
+    // There is no dialog to choose a place for a download.
+    engine_.Post("", "Browser.setDownloadBehavior", {{"behavior", "deny"}});
+}
+
+// The first control takes the engine's first page. Later ones need their own windows: of several pages in one
+// window, only the front one gets frames.
+std::string EnginePages::Open() {
+    if (!firstPage_.empty()) return std::exchange(firstPage_, {});
+    ++opening_;
+    std::string id;
+    try {
+        id =
+            engine_
+                .Call("", "Target.createTarget", {{"url", "about:blank"}, {"newWindow", true}}, kStartTimeout)
+                .at("targetId");
+    } catch (...) {
+        --opening_;
+        throw;
+    }
+    --opening_;
+    pages_.insert(id);
+    CloseUnclaimed();
+    return id;
+}
+
+// During a navigation a page may ignore the command although the engine confirms it. So it is repeated until
+// the target has been destroyed.
+void EnginePages::Close(const std::string& id) {
+    pages_.erase(id);
+    closing_.insert(id);
+    SendClose(id);
+    SetTimer(window_.Get(), kCloseTimer, kCloseRetryInterval, nullptr);
+}
+
+void EnginePages::RetryClose() {
+    if (closing_.empty()) KillTimer(window_.Get(), kCloseTimer);
+    const std::set<std::string> closing = closing_;  // an engine that has ended replies during the loop
+    for (const std::string& id : closing)
+        SendClose(id);
+}
+
+// An error reply means that the target does not exist.
+void EnginePages::SendClose(const std::string& id) {
+    engine_.Post("", "Target.closeTarget", {{"targetId", id}}, [this, id](const Json* result) {
+        if (!result) closing_.erase(id);
+    });
+}
+
+void EnginePages::CloseUnclaimed() {
+    if (opening_ > 0) return;
+    for (const std::string& id : std::exchange(unclaimed_, {})) {
+        if (!pages_.contains(id)) Close(id);
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,179 @@
+// On Windows the engine inherits two anonymous pipes and belongs to a job that ends with this process.
+
+#include <string>
+#include <vector>
+
+#include "base/shell_delete.h"
+#include "base/text.h"
+#include "page_control/engine/launch.h"
+#include "page_control/engine/transport.h"
+#include "tarvik/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr const wchar_t* kProfile = L".profile";
+constexpr const wchar_t* kLockSuffix = L".used";
+
+struct Pipe {
+    UniqueHandle read;
+    UniqueHandle write;
+};
+
+// Enough that a busy engine does not block this process at once.
+constexpr DWORD kPipeSize = 1 << 20;
+
+Pipe MakePipe() {
+    Pipe pipe;
+    if (!CreatePipe(pipe.read.Receive(), pipe.write.Receive(), nullptr, kPipeSize)) ThrowLastError();
+    return pipe;
+}
+
+void MakeInheritable(const UniqueHandle& handle) {
+    SetHandleInformation(handle.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+}
+
+// An attribute list with the only handles that the engine inherits.
+class InheritedHandles {
+  public:
+    InheritedHandles(HANDLE read, HANDLE write) : handles_{read, write} {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        memory_.resize(size);
+        if (!InitializeProcThreadAttributeList(List(), 1, 0, &size)) ThrowLastError();
+        UpdateProcThreadAttribute(List(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_, sizeof handles_,
+                                  nullptr, nullptr);
+    }
+    ~InheritedHandles() { DeleteProcThreadAttributeList(List()); }
+    InheritedHandles(const InheritedHandles&) = delete;
+    InheritedHandles& operator=(const InheritedHandles&) = delete;
+
+    LPPROC_THREAD_ATTRIBUTE_LIST List() {
+        return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory_.data());
+    }
+
+  private:
+    HANDLE handles_[2];
+    std::vector<char> memory_;
+};
+
+UniqueHandle MakeJob() {
+    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
+// Marks a profile as in use by an exclusively opened file beside it, which the system deletes with this
+// process, even if that is killed.
+UniqueHandle LockProfile(const std::wstring& profile) {
+    UniqueHandle lock(CreateFileW((profile + kLockSuffix).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                  FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    if (!lock) ThrowLastError();
+    return lock;
+}
+
+// After a power failure the file may still exist.
+bool IsInUse(const std::wstring& profile) {
+    return !DeleteFileW((profile + kLockSuffix).c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND;
+}
+
+void RemoveStaleProfiles(const std::wstring& folder) {
+    std::vector<std::wstring> stale;
+    WIN32_FIND_DATAW found = {};
+    const UniqueFind search(FindFirstFileW((folder + L"tarvik-*" + kProfile).c_str(), &found));
+    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
+        const std::wstring path = folder + found.cFileName;
+        if (!IsInUse(path)) stale.push_back(path);
+    }
+    for (const std::wstring& path : stale)
+        DeleteFolder(path);
+}
+
+class PipeTransport : public Transport {
+  public:
+    PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
+                  std::wstring profile, UniqueHandle lock)
+        : Transport(std::move(fromEngine), std::move(toEngine)),
+          process_(std::move(process)),
+          job_(std::move(job)),
+          profile_(std::move(profile)),
+          lock_(std::move(lock)) {}
+    ~PipeTransport() override {
+        CloseWriting();
+        WaitForSingleObject(process_.Get(), kEndTimeout);
+        PipeTransport::Kill();
+    }
+
+    // Also removes the profile, which nothing else does before the next start.
+    void Kill() override {
+        TerminateJobObject(job_.Get(), 0);
+        TerminateProcess(process_.Get(), 0);
+        WaitForSingleObject(process_.Get(), kEndTimeout);
+        const ULONGLONG end = GetTickCount64() + kEndTimeout;
+        while (HasProcesses() && GetTickCount64() < end)
+            Sleep(kPollInterval);
+        DeleteFolder(profile_);
+    }
+
+  private:
+    static constexpr DWORD kEndTimeout = 2000;
+    static constexpr DWORD kPollInterval = 10;
+
+    // Whether other processes of the engine still use the profile.
+    bool HasProcesses() const {
+        JOBOBJECT_BASIC_ACCOUNTING_INFORMATION information = {};
+        QueryInformationJobObject(job_.Get(), JobObjectBasicAccountingInformation, &information,
+                                  sizeof information, nullptr);
+        return information.ActiveProcesses > 0;
+    }
+
+    UniqueHandle process_;
+    UniqueHandle job_;
+    std::wstring profile_;
+    UniqueHandle lock_;
+};
+
+std::wstring HandleText(const UniqueHandle& handle) {
+    return std::to_wstring(static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(handle.Get())));
+}
+
+}  // namespace
+
+std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
+    Pipe toEngine = MakePipe();
+    Pipe fromEngine = MakePipe();
+    const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
+    RemoveStaleProfiles(folder);
+    const std::wstring profile = folder + UniqueName() + kProfile;
+    UniqueHandle lock = LockProfile(profile);
+    // An elevated engine would restart itself without elevation, and lose the pipes.
+    std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +
+                        QuoteArgument(L"--user-data-dir=" + profile) +
+                        L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
+                        L"," + HandleText(fromEngine.write) + L" about:blank";
+    MakeInheritable(toEngine.read);
+    MakeInheritable(fromEngine.write);
+    InheritedHandles inherited(toEngine.read.Get(), fromEngine.write.Get());
+    STARTUPINFOEXW startup = {};
+    startup.StartupInfo.cb = sizeof startup;
+    startup.lpAttributeList = inherited.List();
+    PROCESS_INFORMATION information = {};
+    if (!CreateProcessW(engine.c_str(), line.data(), nullptr, nullptr, TRUE,
+                        EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED, nullptr, nullptr,
+                        &startup.StartupInfo, &information)) {
+        ThrowLastError();
+    }
+    UniqueHandle process(information.hProcess);
+    const UniqueHandle thread(information.hThread);
+    UniqueHandle job = MakeJob();
+    // If this process is in a job that allows no nested one, only the end of the pipe ends the engine.
+    AssignProcessToJobObject(job.Get(), process.Get());
+    ResumeThread(thread.Get());
+    return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
+                                           std::move(process), std::move(job), profile, std::move(lock));
+}
+
+}  // namespace tarvik

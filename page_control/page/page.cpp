@@ -1,0 +1,151 @@
+#include "page_control/page/page.h"
+
+#include <map>
+
+#include "base/text.h"
+#include "page_control/bridge/script_source.h"
+#include "page_control/engine/engine_address.h"
+#include "tarvik/status.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr const wchar_t* kRetry = L"\n\nClick here to try again.";
+
+}  // namespace
+
+Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events, bool textIsSelectable)
+    : engine_(std::move(engine)),
+      window_(window),
+      events_(&events),
+      view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
+
+void Page::Navigate(const std::wstring& address) {
+    requested_ = address;
+    if (!target_ && !Connect()) return;
+    loading_ = true;
+    target_->Post("Page.navigate", {{"url", EngineAddress(requested_)}});
+}
+
+// Starts the engine if none is running, and opens a target in it. Each step waits; meanwhile the page may be
+// closed or navigated elsewhere.
+bool Page::Connect() {
+    if (std::exchange(connecting_, true)) return false;
+    const auto self = shared_from_this();
+    std::unique_ptr<PageTarget> target;
+    std::unique_ptr<ScriptBridge> bridge;
+    const auto requireOpen = [this] {
+        if (!events_) throw StatusError(E_ABORT);
+    };
+    try {
+        target = std::make_unique<PageTarget>(engine_->Acquire());
+        requireOpen();
+        target->Post("Page.enable");
+        target->Post("Inspector.enable");
+        target->Post("Fetch.enable",
+                     {{"patterns", Json::array({{{"urlPattern", "*"}, {"resourceType", "Document"}}})}});
+        view_.SetTarget(target.get());
+        requireOpen();
+        bridge = std::make_unique<ScriptBridge>(*target, *this);
+        requireOpen();
+        SubscribeAll(*target);
+        target_ = std::move(target);
+        bridge_ = std::move(bridge);
+        failed_ = false;
+        scriptAllowed_ = true;
+    } catch (const std::exception&) {
+        bridge.reset();
+        view_.SetTarget(nullptr);
+        target.reset();
+        const std::wstring& reason = engine_->LastStartError();
+        if (events_) ShowFailure(reason.empty() ? L"The page could not be opened." : reason);
+    }
+    connecting_ = false;
+    return target_ != nullptr;
+}
+
+void Page::ShowFailure(const std::wstring& notice) {
+    failed_ = true;
+    loading_ = false;
+    bridge_.reset();
+    view_.SetTarget(nullptr);
+    view_.SetNotice(notice + kRetry);
+    // Without a page, nothing else would show the window.
+    const HWND root = GetAncestor(window_, GA_ROOT);
+    if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
+    target_.reset();
+}
+
+void Page::Close() {
+    const auto self = shared_from_this();
+    events_ = nullptr;
+    bridge_.reset();
+    view_.SetTarget(nullptr);
+    target_.reset();
+}
+
+void Page::Reload() {
+    if (failed_) return Navigate(location_.empty() ? requested_ : location_);
+    if (target_) target_->Post("Page.reload");
+}
+
+void Page::Stop() {
+    if (target_) target_->Post("Page.stopLoading");
+}
+
+void Page::GoInHistory(int steps) {
+    if (!target_) return;
+    target_->Post(
+        "Page.getNavigationHistory", Json::object(), [weak = weak_from_this(), steps](const Json* history) {
+            const auto page = weak.lock();
+            if (!history || !page || !page->target_) return;
+            const int index = history->value("currentIndex", 0) + steps;
+            const Json& entries = history->at("entries");
+            if (index < 0 || index >= static_cast<int>(entries.size())) return;
+            page->target_->Post("Page.navigateToHistoryEntry", {{"entryId", entries[index].at("id")}});
+        });
+}
+
+ComPtr<IDispatch> Page::Globals() {
+    if (const auto context = Context()) return context->Window();
+    return staged_;
+}
+
+void Page::ListenToMouse() {
+    if (const auto context = Context()) context->ListenToMouse();
+}
+
+void Page::OpenEditMenu(POINT screen) {
+    view_.OpenEditMenu(screen);
+}
+
+void Page::AllowScript(bool allowed) {
+    if (!target_ || std::exchange(scriptAllowed_, allowed) == allowed) return;
+    target_->Post("Emulation.setScriptExecutionDisabled", {{"value", !allowed}});
+}
+
+bool Page::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const auto self = shared_from_this();
+    if (failed_ && message == WM_LBUTTONUP) Reload();
+    return view_.HandleMessage(message, wParam, lParam, result);
+}
+
+// The document's first script waits until this returns, so it finds everything that native code writes now.
+void Page::OnDocumentStart() {
+    const auto self = shared_from_this();
+    const auto context = Context();
+    if (!events_ || !context) return;
+    started_ = true;
+    context->SetExternal(events_->GetExternal().Get());
+    ApplyStagedGlobals(*context);
+    Fire(&PageEvents::OnNavigateComplete, location_, true);
+}
+
+void Page::ApplyStagedGlobals(ScriptContext& context) {
+    for (const auto& [name, value] : staged_->Take()) {
+        context.Run({.name = "set", .member = ScriptText(name), .arguments = context.Write(value)});
+    }
+}
+
+}  // namespace tarvik

@@ -1,0 +1,125 @@
+// The engine's events of a page.
+
+#include <utility>
+
+#include "page_control/engine/engine_address.h"
+#include "page_control/page/page.h"
+#include "page_control/page/script_dialogs.h"
+#include "tarvik/text.h"
+
+namespace tarvik {
+
+template <class Event>
+EventRouter::Subscription Page::Subscribe(PageTarget& target, void (Page::*handler)(const Event& event)) {
+    return target.Events().Subscribe<Event>([weak = weak_from_this(), handler](const Event& event) {
+        const auto page = weak.lock();
+        if (page && page->events_ && page->target_) (page.get()->*handler)(event);
+    });
+}
+
+void Page::SubscribeAll(PageTarget& target) {
+    subscriptions_ = {
+        Subscribe(target, &Page::OnRequestPaused),   Subscribe(target, &Page::OnFrameNavigated),
+        Subscribe(target, &Page::OnNavigatedWithin), Subscribe(target, &Page::OnLoad),
+        Subscribe(target, &Page::OnFrameStopped),    Subscribe(target, &Page::OnFrameDetached),
+        Subscribe(target, &Page::OnEngineDialog),    Subscribe(target, &Page::OnWindowOpen),
+        Subscribe(target, &Page::OnException),       Subscribe(target, &Page::OnCrash),
+        Subscribe(target, &Page::OnEngineEnd),
+    };
+}
+
+void Page::OnRequestPaused(const event::RequestPaused& request) {
+    const bool isTop = request.frameId == target_->Id();
+    const std::wstring url = HostAddress(request.url);
+    // A redirected request belongs to the navigation that has already been allowed.
+    const bool allowed = request.isRedirected || events_->OnBeforeNavigate(url, isTop);
+    if (!target_) return;
+    loading_ = loading_ && (allowed || !isTop);
+    if (allowed)
+        target_->Post("Fetch.continueRequest", {{"requestId", request.requestId}});
+    else
+        target_->Post("Fetch.failRequest", {{"requestId", request.requestId}, {"errorReason", "Aborted"}});
+}
+
+void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
+    const std::wstring url = HostAddress(navigated.url);
+    if (navigated.isTop) {
+        location_ = url;
+        started_ = false;
+        loading_ = true;
+        frames_.clear();
+    } else {
+        frames_[navigated.frameId] = url;
+        Fire(&PageEvents::OnNavigateComplete, url, false);
+    }
+}
+
+void Page::OnNavigatedWithin(const event::NavigatedWithinDocument& navigated) {
+    if (navigated.frameId != target_->Id()) return;
+    loading_ = false;
+    location_ = HostAddress(navigated.url);
+}
+
+void Page::OnLoad(const event::LoadEventFired&) {
+    loading_ = false;
+    // A document without script has not reported its start.
+    if (!std::exchange(started_, true)) Fire(&PageEvents::OnNavigateComplete, location_, true);
+    Fire(&PageEvents::OnDocumentComplete, location_, true);
+}
+
+void Page::OnFrameStopped(const event::FrameStoppedLoading& stopped) {
+    if (stopped.frameId == target_->Id()) loading_ = false;
+    // A frame whose navigation was cancelled has no new document.
+    const auto complete = frames_.extract(stopped.frameId);
+    if (complete) Fire(&PageEvents::OnDocumentComplete, complete.mapped(), false);
+}
+
+void Page::OnFrameDetached(const event::FrameDetached& detached) {
+    frames_.erase(detached.frameId);
+}
+
+Variant Page::OnDialog(const std::string& type, const std::wstring& message, const std::wstring& proposal) {
+    const ScriptDialogResult result =
+        ShowScriptDialog(GetAncestor(window_, GA_ROOT), {type, message, proposal});
+    if (type == "alert") return Variant();
+    if (type == "confirm") return Variant::Bool(result.accepted);
+    return result.accepted ? Variant::Text(result.text) : Variant::Null();
+}
+
+// A dialog of the engine blocks the page until it is answered, so the page must not be called meanwhile.
+void Page::OnEngineDialog(const event::DialogOpening& opening) {
+    const auto context = Context();
+    if (context) context->SetDialogOpen(true);
+    const ScriptDialog dialog = {opening.type, Widen(opening.message), Widen(opening.defaultPrompt)};
+    const ScriptDialogResult result = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
+    if (context) context->SetDialogOpen(false);
+    if (!target_) return;
+    target_->Post("Page.handleJavaScriptDialog",
+                  {{"accept", result.accepted}, {"promptText", Narrow(result.text)}});
+}
+
+// Errors of a document that is being replaced are not the page's fault.
+void Page::OnException(const event::ExceptionThrown& exception) {
+    if (const auto context = Context(); context && context->IsUnloading()) return;
+    const ScriptError error = {Widen(exception.message), HostAddress(exception.url), exception.line,
+                               exception.column};
+    Fire(&PageEvents::OnScriptError, error);
+}
+
+void Page::OnOpenWindow(const std::wstring& url) {
+    Fire(&PageEvents::OnNewWindow, HostAddress(Narrow(url)));
+}
+
+void Page::OnWindowOpen(const event::WindowOpen& open) {
+    Fire(&PageEvents::OnNewWindow, HostAddress(open.url));
+}
+
+void Page::OnCrash(const event::TargetCrashed&) {
+    ShowFailure(L"This page has stopped working.");
+}
+
+void Page::OnEngineEnd(const event::Disconnected&) {
+    ShowFailure(L"The web engine has stopped working.");
+}
+
+}  // namespace tarvik

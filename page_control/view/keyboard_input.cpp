@@ -1,0 +1,109 @@
+#include "page_control/view/keyboard_input.h"
+
+#include <utility>
+
+#include "page_control/view/clipboard.h"
+#include "page_control/view/key_names.h"
+#include "page_control/view/mouse_input.h"
+#include "tarvik/text.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr LPARAM kExtended = 1 << 24;
+constexpr LPARAM kWasDown = 1 << 30;
+constexpr int kAltAndControl = 3;
+constexpr wchar_t kDelete = 0x7F;
+
+UINT ScanCodeOf(LPARAM lParam) {
+    return (lParam >> 16) & 0xFF;
+}
+
+std::string CodeOf(LPARAM lParam) {
+    return KeyCodeName(ScanCodeOf(lParam), (lParam & kExtended) != 0);
+}
+
+bool IsHeld(int key) {
+    return GetKeyState(key) < 0;
+}
+
+bool IsPaste(UINT virtualKey) {
+    return (virtualKey == 'V' && IsHeld(VK_CONTROL) && !IsHeld(VK_MENU)) ||
+           (virtualKey == VK_INSERT && IsHeld(VK_SHIFT));
+}
+
+// Shortcuts that the engine handles itself before the page gets them: they close the page or open a window.
+bool IsEngineShortcut(UINT virtualKey) {
+    if (virtualKey == VK_F4) return IsHeld(VK_MENU) || IsHeld(VK_CONTROL);
+    return IsHeld(VK_CONTROL) && !IsHeld(VK_MENU) &&
+           (virtualKey == 'W' || virtualKey == 'T' || virtualKey == 'N');
+}
+
+}  // namespace
+
+bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto virtualKey = static_cast<UINT>(wParam);
+    switch (message) {
+        case WM_KEYDOWN:
+            OnKey(virtualKey, lParam, true);
+            return true;
+        case WM_KEYUP:
+            OnKey(virtualKey, lParam, false);
+            return true;
+        case WM_SYSKEYDOWN:
+            OnKey(virtualKey, lParam, true);
+            return false;
+        case WM_SYSKEYUP:
+            OnKey(virtualKey, lParam, false);
+            return false;
+        case WM_CHAR:
+            OnCharacter(static_cast<wchar_t>(wParam), lParam);
+            return true;
+        default:
+            return false;
+    }
+}
+
+void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
+    if (IsEngineShortcut(virtualKey)) return;
+    if (down && IsPaste(virtualKey)) QueueClipboardText(window_, queue_, script_);
+    const std::string code = CodeOf(lParam);
+    const KeyLocation location = LocationOfKey(code);
+    queue_.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
+               {{"type", down ? "rawKeyDown" : "keyUp"},
+                {"windowsVirtualKeyCode", virtualKey},
+                {"nativeVirtualKeyCode", virtualKey},
+                {"key", KeyName(virtualKey, ScanCodeOf(lParam))},
+                {"code", code},
+                {"autoRepeat", down && (lParam & kWasDown) != 0},
+                {"isKeypad", location == KeyLocation::kKeypad},
+                {"location", location == KeyLocation::kKeypad ? 0 : static_cast<int>(location)},
+                {"modifiers", KeyModifiers()}});
+}
+
+void KeyboardInput::OnCharacter(wchar_t character, LPARAM lParam) {
+    const wchar_t high = std::exchange(highSurrogate_, wchar_t{});
+    if (IS_HIGH_SURROGATE(character)) {
+        highSurrogate_ = character;
+        return;
+    }
+    // The page has already received the keys of control characters. Only Enter also makes text.
+    if ((character < L' ' && character != L'\r') || character == kDelete) return;
+    std::wstring units;
+    if (IS_LOW_SURROGATE(character)) units = high;
+    units += character;
+    const std::string text = Narrow(units);
+    // Both together are AltGr, which selected the character. With them set the engine would not type it.
+    int modifiers = KeyModifiers();
+    if ((modifiers & kAltAndControl) == kAltAndControl) modifiers &= ~kAltAndControl;
+    queue_.Add(InputQueue::DeliveryMode::kAwaitTextReceipt, "Input.dispatchKeyEvent",
+               {{"type", "char"},
+                {"text", text},
+                {"key", text},
+                {"code", CodeOf(lParam)},
+                {"autoRepeat", (lParam & kWasDown) != 0},
+                {"modifiers", modifiers}});
+}
+
+}  // namespace tarvik

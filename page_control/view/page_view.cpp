@@ -1,0 +1,178 @@
+#include "page_control/view/page_view.h"
+
+#include "page_control/view/clipboard.h"
+#include "page_control/view/cursor.h"
+#include "page_control/view/edit_menu.h"
+#include "page_control/view/input_queue.h"
+#include "page_control/view/keyboard_input.h"
+#include "page_control/view/mouse_input.h"
+#include "page_control/view/placement.h"
+#include "page_control/view/screencast.h"
+#include "page_control/view/view_script.h"
+
+namespace tarvik {
+
+struct PageView::Shown {
+    Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable,
+          ViewScript::EventHandler onEvent)
+        : target(page),
+          script(page, textIsSelectable, std::move(onEvent)),
+          placement(window, page),
+          queue(page, script),
+          mouse(window, queue),
+          keyboard(window, queue, script),
+          cursor(window, script),
+          screencast(window, page, picture) {}
+
+    PageTarget& target;
+    ViewScript script;
+    Placement placement;
+    InputQueue queue;
+    MouseInput mouse;
+    KeyboardInput keyboard;
+    PageCursor cursor;
+    Screencast screencast;
+};
+
+PageView::PageView(HWND window, Options options) : window_(window), options_(std::move(options)) {}
+
+PageView::~PageView() = default;
+
+void PageView::SetTarget(PageTarget* target) {
+    shown_.reset();
+    picture_.Clear();
+    if (target) {
+        SetNotice({});
+        const auto onEvent = [this](const ViewScript::PageEvent& event) {
+            const bool isCopy = event.type == ViewScript::PageEvent::Type::kCopied;
+            isCopy ? CopyToClipboard(window_, event.text) : options_.onNewWindow(event.text);
+        };
+        shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable, onEvent);
+        ForwardFocus();
+    }
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+// Screen readers read the window's text.
+void PageView::SetNotice(const std::wstring& text) {
+    notice_ = text;
+    SetWindowTextW(window_, text.c_str());
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void PageView::SetInNativeCall(bool inCall) {
+    if (shown_) shown_->queue.SetInNativeCall(inCall);
+}
+
+bool PageView::IsMouseHeld() const {
+    return shown_ && shown_->mouse.IsHeld();
+}
+
+void PageView::OpenEditMenu(POINT screen) {
+    if (!shown_) return;
+    shown_->script.Call("hasSelection", "",
+                        [this, shown = std::weak_ptr(shown_), screen](const Json& result) {
+                            if (!shown.expired()) RunEditMenu(screen, result == true);
+                        });
+}
+
+// The page, and this view with it, may be destroyed while the menu is open.
+void PageView::RunEditMenu(POINT screen, bool hasSelection) {
+    const std::weak_ptr<Shown> before = shown_;
+    const EditCommand command = ShowEditMenu(window_, screen, hasSelection);
+    const auto shown = before.lock();
+    if (!shown || command == EditCommand::kNone) return;
+    if (command == EditCommand::kPaste) QueueClipboardText(window_, shown->queue, shown->script);
+    // The engine runs an editing command as part of a key event, here one without a key.
+    shown->queue.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
+                     {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
+}
+
+// The headless engine's own windows never lose the focus.
+void PageView::ForwardFocus() {
+    shown_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
+}
+
+void PageView::Paint() {
+    PAINTSTRUCT paint;
+    const HDC target = BeginPaint(window_, &paint);
+    RECT area = {};
+    GetClientRect(window_, &area);
+    if (notice_.empty()) {
+        picture_.Paint(target, area);
+    } else {
+        PaintNotice(target, area, notice_);
+    }
+    EndPaint(window_, &paint);
+    if (shown_) shown_->screencast.EnsureRunning();
+}
+
+bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    *result = 0;
+    switch (message) {
+        case WM_PAINT:
+            Paint();
+            return true;
+        case WM_ERASEBKGND:
+            *result = 1;
+            return true;  // WM_PAINT covers everything
+        case WM_SIZE:
+            // A notice is centred in the window.
+            if (!notice_.empty()) InvalidateRect(window_, nullptr, FALSE);
+            break;
+        case WM_GETDLGCODE:
+            *result = DLGC_WANTALLKEYS;
+            return true;
+        default:
+            break;
+    }
+    return shown_ && HandlePageMessage(message, wParam, lParam, result);
+}
+
+bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    Shown& shown = *shown_;
+    switch (message) {
+        case Screencast::kFrameMessage:
+            shown.screencast.OnFrame();
+            shown.cursor.Refresh();
+            return true;
+        case WM_TIMER:
+            if (wParam == PageCursor::kTimer) shown.cursor.OnTimer();
+            if (wParam == Screencast::kTimer) shown.screencast.OnTimer();
+            return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
+        case WM_SIZE:
+            shown.screencast.ExpectResize();
+            [[fallthrough]];
+        case WM_MOVE:
+            shown.placement.Update();
+            return false;
+        case WM_SETCURSOR:
+            if (LOWORD(lParam) != HTCLIENT) return false;
+            SetCursor(shown.cursor.Current());
+            *result = TRUE;
+            return true;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            ForwardFocus();
+            return false;
+        default:
+            return HandleInput(message, wParam, lParam, result);
+    }
+}
+
+bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const std::weak_ptr<Shown> before = shown_;
+    if (MouseInput::IsPress(message)) SetFocus(window_);
+    // A blur handler may close this page.
+    if (before.expired()) return true;
+    Shown& shown = *shown_;
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) shown.placement.Update();
+    if (!shown.mouse.HandleMessage(message, wParam, lParam))
+        return shown.keyboard.HandleMessage(message, wParam, lParam);
+    shown.cursor.SetPosition(shown.mouse.LastPoint());
+    // Messages of the X buttons return TRUE.
+    *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
+    return true;
+}
+
+}  // namespace tarvik

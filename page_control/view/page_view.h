@@ -1,0 +1,64 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "page_control/engine/devtools.h"
+#include "page_control/view/picture.h"
+
+namespace tarvik {
+
+// Shows the picture of a page in a window and forwards the window's input to the page. The window belongs to
+// the page control, whose procedure passes its messages on. The view uses WM_APP + 1 and the timers 1 and 2.
+// Main thread.
+class PageView {
+  public:
+    struct Options {
+        bool textIsSelectable = true;  // by the mouse
+        // The page requests a window with this address.
+        std::function<void(const std::wstring& url)> onNewWindow;
+    };
+    PageView(HWND window, Options options);
+    ~PageView();
+    PageView(const PageView&) = delete;
+    PageView& operator=(const PageView&) = delete;
+
+    // Sets the target to show, before its first navigation; null shows the notice. The target is not owned
+    // and outlives its use here. Throws StatusError.
+    void SetTarget(PageTarget* target);
+
+    // The text to show in place of a page.
+    void SetNotice(const std::wstring& text);
+
+    // True if the message was handled; then `result` is its return value.
+    bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+    // Whether the page is in a native call. Its input waits meanwhile.
+    void SetInNativeCall(bool inCall);
+
+    // Whether a mouse button whose press the page received is still down.
+    bool IsMouseHeld() const;
+
+    // Opens the menu of a text field, after a query of the page's selection.
+    void OpenEditMenu(POINT screen);
+
+  private:
+    struct Shown;  // the parts that belong to one target
+
+    void Paint();
+    void RunEditMenu(POINT screen, bool hasSelection);
+    bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    void ForwardFocus();
+
+    HWND window_;
+    const Options options_;
+    std::wstring notice_;
+    Picture picture_;
+    std::shared_ptr<Shown> shown_;
+};
+
+}  // namespace tarvik

@@ -1,0 +1,174 @@
+#include "tests/page_control/view/hosted_page.h"
+
+#include <cstring>
+
+#include "atl/ax_window.h"
+
+namespace tarvik {
+
+namespace {
+
+// With functions for the test's queries.
+constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Page</title>
+<style>html, body { margin: 0; font: 16px sans-serif; background: white; }</style>
+<script>
+  function ask(text) { return String(eval(text)); }
+  function middleOf(id) {
+    var box = document.getElementById(id).getBoundingClientRect();
+    return Math.round((box.left + box.right) / 2) * 10000 + Math.round((box.top + box.bottom) / 2);
+  }
+  var log = [];
+  function logEvents() {
+    for (var i = 0; i < arguments.length; i++)
+      addEventListener(arguments[i], function (event) { log.push(event.type); }, true);
+  }
+</script>
+<div style="position: fixed; left: 0; top: 0; width: 4px; height: 4px; background: #0180fe"></div>
+)";
+constexpr COLORREF kReady = RGB(1, 128, 254);
+constexpr RECT kArea = {60, 50, 560, 450};
+
+}  // namespace
+
+HostedPage::HostedPage() {
+    appModule.AddMessageLoop(&loop_);
+}
+
+HostedPage::~HostedPage() {
+    if (frame_) DestroyWindow(frame_);
+    PumpOnce();
+    browser_.Reset();
+    appModule.RemoveMessageLoop();
+}
+
+void HostedPage::Open(const std::string& html) {
+    const std::wstring path = folder_.Write(L"page.html", kHead + html);
+    browser_ = MakeCom<CWebBrowser>();
+    frame_ = browser_->CreateHidden(nullptr, path.c_str());
+    ASSERT_TRUE(frame_);
+    RECT outer = kArea;
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(frame_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(frame_, GWL_EXSTYLE)));
+    SetWindowPos(frame_, HWND_TOP, outer.left, outer.top, outer.right - outer.left, outer.bottom - outer.top,
+                 SWP_SHOWWINDOW);
+    SetForegroundWindow(frame_);
+    page_ = InnermostWindow(frame_);
+    ASSERT_TRUE(PixelBecomes(OnScreen({2, 2}), kReady));
+    ASSERT_TRUE(Becomes(L"document.readyState", L"complete"));
+}
+
+ComPtr<IDispatch> HostedPage::Script() const {
+    return ScriptOf(AtlAxGetControl(frame_).Get());
+}
+
+std::wstring HostedPage::Ask(const std::wstring& expression) const {
+    const Outgoing answer = CallMember(Script().Get(), L"ask", expression.c_str());
+    return answer.value.Is(VT_BSTR) ? std::wstring(Bstr::View(answer.value.bstrVal)) : L"(no answer)";
+}
+
+testing::AssertionResult HostedPage::Becomes(const std::wstring& expression,
+                                             const std::wstring& expected) const {
+    std::wstring last;
+    if (PumpUntil([&] { return (last = Ask(expression)) == expected; })) return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "it is " << testing::PrintToString(last) << ", not " << testing::PrintToString(expected);
+}
+
+POINT HostedPage::MiddleOf(const wchar_t* id) const {
+    const LONG both = CallMember(Script().Get(), L"middleOf", id).value.lVal;
+    return OnScreen({both / 10000, both % 10000});
+}
+
+POINT HostedPage::OnScreen(POINT inPage) const {
+    ClientToScreen(page_, &inPage);
+    return inPage;
+}
+
+COLORREF HostedPage::PixelAt(POINT screen) const {
+    ScreenToClient(page_, &screen);
+    return PixelOf(page_, screen);
+}
+
+testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour) const {
+    if (PumpUntil([&] { return PixelAt(screen) == colour; })) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
+}
+
+void HostedPage::MoveQuickly(POINT screen) const {
+    Send(MoveOf(screen));
+    PumpOnce();
+}
+
+// The Unix host has a pointer of its own, and on a busy machine reverts a move a moment later.
+void HostedPage::MoveTo(POINT screen) const {
+    constexpr int kLooks = 4;
+    MoveQuickly(screen);
+    for (int calm = 0; calm < kLooks; ++calm) {
+        PumpUntil([] { return false; }, std::chrono::milliseconds(10));
+        POINT now = {};
+        GetCursorPos(&now);
+        if (now.x == screen.x && now.y == screen.y) continue;
+        MoveQuickly(screen);
+        calm = -1;
+    }
+}
+
+void HostedPage::Click(POINT screen, DWORD press, int times) const {
+    MoveTo(screen);
+    for (int i = 0; i < times; ++i)
+        Mouse({press, press << 1});
+}
+
+void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
+    for (const DWORD action : actions)
+        Send(MouseInputOf(action, data));
+    PumpOnce();
+}
+
+void HostedPage::Press(std::initializer_list<WORD> keys) const {
+    PressKeys(keys);
+    PumpOnce();
+}
+
+void HostedPage::Type(std::wstring_view text) const {
+    for (const wchar_t unit : text) {
+        const SHORT key = VkKeyScanW(unit);
+        if (key != -1 && unit < 0x80) {
+            const WORD virtualKey = LOBYTE(key);
+            (HIBYTE(key) & 1) ? Press({VK_SHIFT, virtualKey}) : Press({virtualKey});
+            continue;
+        }
+        INPUT input = {};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wScan = unit;
+        for (const DWORD flags : {KEYEVENTF_UNICODE, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}) {
+            input.ki.dwFlags = flags;
+            Send(input);
+        }
+        PumpOnce();
+    }
+}
+
+std::wstring ClipboardText() {
+    std::wstring text;
+    if (!OpenClipboard(nullptr)) return text;
+    if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
+        text = static_cast<const wchar_t*>(GlobalLock(memory));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+}
+
+void SetClipboardText(const std::wstring& text) {
+    const size_t size = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text.c_str(), size);
+    GlobalUnlock(memory);
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
+}  // namespace tarvik

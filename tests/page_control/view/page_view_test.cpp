@@ -1,0 +1,304 @@
+// The view of a page with the real engine, driven by real input and checked by its pixels.
+
+#include "page_control/view/page_view.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "tests/page_control/view/hosted_page.h"
+
+namespace tarvik {
+namespace {
+
+constexpr COLORREF kGreen = RGB(0, 160, 0);
+constexpr COLORREF kRed = RGB(200, 0, 0);
+
+TEST_F(HostedPage, ReceivesTypedText) {
+    Open(R"(<input id="first"><input id="second"><script>
+        first.addEventListener('keydown', function (event) {
+            log.push([event.key, event.code, event.shiftKey, event.location, event.keyCode].join('/'));
+        });</script>)");
+    Click(MiddleOf(L"first"));
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"first"));
+    Type(L"aB1!");
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!"));
+    EXPECT_EQ(Ask(L"log.join(' ')"),
+              L"a/KeyA/false/0/65 Shift/ShiftLeft/true/1/16 B/KeyB/true/0/66 "
+              L"1/Digit1/false/0/49 Shift/ShiftLeft/true/1/16 !/Digit1/true/0/49");
+    Type(L"\u00FC\u6F22x\U0001F600");
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x\U0001F600"));
+    Press({VK_BACK});
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x"));
+    Type(L" two");
+    Press({VK_CONTROL, VK_BACK});
+    EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x "));
+    Press({VK_TAB});
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"second"));
+    // Characters of an input method are text, too.
+    SendMessageW(PageWindow(), WM_IME_CHAR, 0x8A9E, 1);
+    EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E"));
+    // With AltGr, too; the engine would take Ctrl and Alt for a shortcut.
+    BYTE keys[256] = {};
+    keys[VK_CONTROL] = keys[VK_MENU] = 0x80;
+    SetKeyboardState(keys);
+    SendMessageW(PageWindow(), WM_CHAR, L'\u20AC', 1);
+    keys[VK_CONTROL] = keys[VK_MENU] = 0;
+    SetKeyboardState(keys);
+    EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E\u20AC"));
+    Press({VK_SHIFT, VK_TAB});
+    EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
+}
+
+// Only in fields and where the page's styles say so: the host makes pages behave like a dialog.
+TEST_F(HostedPage, SelectsByClicksAndByDragging) {
+    Open(R"(<style>p { margin: 20px; } .text { user-select: text; }</style>
+        <p class="text">wonderful</p><p class="text">another line</p><p>not selected</p>
+        <textarea id="field" style="margin: 0 20px; padding: 0; border: 0">several words</textarea><script>
+        logEvents('dblclick');</script>)");
+    const std::wstring selected = L"getSelection().toString().trim()";
+    const POINT field = MiddleOf(L"field"), left = OnScreen({40, 28});
+    Click(left, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(selected, L"wonderful"));
+    // Elsewhere, to avoid a triple click; then from the first line over the window's edge.
+    Click({left.x, left.y + 38});
+    EXPECT_TRUE(Becomes(selected, L""));
+    MoveTo(OnScreen({20, 28}));
+    Mouse({MOUSEEVENTF_LEFTDOWN});
+    for (const LONG x : {40, 200, 480, 560})
+        MoveTo(OnScreen({x, 30}));
+    Mouse({MOUSEEVENTF_LEFTUP});
+    EXPECT_TRUE(Becomes(selected, L"wonderful"));
+    EXPECT_FALSE(GetCapture());
+    Click({left.x, left.y + 76}, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(L"log.length", L"2"));
+    EXPECT_EQ(Ask(selected), L"wonderful") << "nothing of this line";
+    Click({left.x, field.y - 8}, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(Becomes(selected, L"several"));
+}
+
+TEST_F(HostedPage, ScrollsByTheWheel) {
+    Open(R"(<div style="width: 3000px; height: 3000px"></div><script>
+        onwheel = function (event) { log.push(event.clientX + ' ' + event.clientY); };</script>)");
+    MoveTo(OnScreen({100, 110}));
+    Mouse({MOUSEEVENTF_WHEEL}, static_cast<DWORD>(-2 * WHEEL_DELTA));
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"0 200"));
+    constexpr DWORD kTilt = 0x1000;  // MOUSEEVENTF_HWHEEL
+    Mouse({kTilt}, WHEEL_DELTA);
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 200"));
+    Mouse({MOUSEEVENTF_WHEEL}, WHEEL_DELTA / 2);
+    EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 150"));
+    EXPECT_EQ(Ask(L"log.join()"), L"100 110,100 110,100 110");
+}
+
+// The engine throws away what comes while a page's script waits for an answer.
+TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
+    Open(R"(<button id="button">Count</button><input id="field"><script>
+        var own = external.window, clicks = 0;
+        button.onclick = function () { clicks++; own.isVisible(); own.isVisible(); };
+        field.onkeydown = function () { own.isVisible(); own.isVisible(); };
+        setInterval(function () { own.isVisible(); own.isVisible(); }, 15);</script>)");
+    const POINT middle = MiddleOf(L"button");
+    constexpr int kClicks = 60;
+    for (int i = 0; i < kClicks; ++i) {
+        Click(middle);
+        PumpUntil([] { return false; }, std::chrono::milliseconds(i % 7));
+    }
+    EXPECT_TRUE(Becomes(L"clicks", std::to_wstring(kClicks)));
+    Click(MiddleOf(L"field"));
+    ASSERT_TRUE(Becomes(L"document.activeElement.id", L"field"));
+    const std::wstring text = L"The quick brown fox jumps over the lazy dog";
+    Type(text);
+    EXPECT_TRUE(Becomes(L"field.value", text));
+    EXPECT_EQ(Ask(L"clicks"), std::to_wstring(kClicks)) << "nor sends anything twice";
+}
+
+// A menu or the dragging of a window takes the capture.
+TEST_F(HostedPage, EndsADragWhenTheCaptureIsLost) {
+    Open(R"(<button id="button" style="width: 200px; height: 200px">Drag</button><script>
+        logEvents('mousedown', 'mouseup');
+        button.onclick = function () { log.push('clicked'); };
+        var held;
+        onmousemove = function (event) { held = event.buttons; };</script>)");
+    MoveTo(OnScreen({100, 100}));
+    Mouse({MOUSEEVENTF_LEFTDOWN});
+    MoveTo(OnScreen({120, 100}));
+    EXPECT_TRUE(Becomes(L"held", L"1"));
+    SetCapture(Frame());
+    EXPECT_TRUE(Becomes(L"log[1]", L"mouseup"));
+    Mouse({MOUSEEVENTF_LEFTUP});
+    ReleaseCapture();
+    MoveTo(OnScreen({140, 100}));
+    EXPECT_TRUE(Becomes(L"held", L"0"));
+    EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup");
+}
+
+// ---- Clipboard
+
+TEST_F(HostedPage, ShowsAMenuOnTextFields) {
+    Open(R"(<p id="text" style="height: 60px">Text</p><input id="field" style="margin-left: 150px"><script>
+        logEvents('paste');</script>)");
+    const POINT field = MiddleOf(L"field");
+    // Chooses from the menu by a letter; returns the menu's rectangle.
+    const auto choose = [&](WORD letter) {
+        RECT place = {};
+        std::atomic<bool> chosen = false;
+        const std::jthread person([&] {
+            HWND menu = nullptr;
+            for (int tries = 0; tries < 500 && !IsWindowVisible(menu); ++tries) {
+                Sleep(10);
+                menu = FindWindowW(L"#32768", nullptr);
+            }
+            GetWindowRect(menu, &place);
+            Press({letter});
+            chosen = true;
+        });
+        Click(field, MOUSEEVENTF_RIGHTDOWN);
+        EXPECT_TRUE(PumpUntil([&] { return chosen.load(); }));
+        return place;
+    };
+    SetClipboardText(L"from \u00FCberall");
+    const RECT menu = choose('P');
+    EXPECT_NEAR(menu.left, field.x, 3);
+    EXPECT_NEAR(menu.top, field.y, 3);
+    EXPECT_TRUE(Becomes(L"field.value", L"from \u00FCberall"));
+    EXPECT_EQ(Ask(L"log.join()"), L"paste");
+    choose('A');
+    EXPECT_TRUE(Becomes(L"field.selectionEnd - field.selectionStart", L"12"));
+    SetClipboardText(L"");
+    choose('T');
+    EXPECT_TRUE(Becomes(L"field.value", L""));
+    EXPECT_TRUE(PumpUntil([] { return ClipboardText() == L"from \u00FCberall"; }));
+}
+
+TEST_F(HostedPage, SharesTheSystemsClipboard) {
+    Open(
+        R"(<input id="first" value="some text"><textarea id="second"></textarea><input id="secret" type="password"
+        value="hidden"><button id="copy">Copy</button><script>
+        logEvents('copy', 'cut', 'paste');
+        copy.onclick = function () {
+            addEventListener('copy', function (event) {
+                event.clipboardData.setData('text/plain', 'by the page');
+                event.preventDefault();
+            }, { once: true });
+            document.execCommand('copy');
+        };</script>)");
+    const auto holds = [](const wchar_t* text) { return PumpUntil([=] { return ClipboardText() == text; }); };
+    Click(MiddleOf(L"first"));
+    Press({VK_CONTROL, 'A'});
+    Press({VK_CONTROL, 'C'});
+    EXPECT_TRUE(holds(L"some text"));
+    Press({VK_CONTROL, 'X'});
+    EXPECT_TRUE(Becomes(L"first.value", L""));
+    SetClipboardText(L"two\nlines \u6F22");
+    Click(MiddleOf(L"second"));
+    // Later keys arrive after the text.
+    Press({VK_CONTROL, 'V'});
+    Type(L"!");
+    Press({VK_SHIFT, VK_INSERT});
+    EXPECT_TRUE(Becomes(L"second.value", L"two\nlines \u6F22!two\nlines \u6F22"));
+    EXPECT_EQ(Ask(L"log.join()"), L"copy,cut,paste,paste");
+    Click(MiddleOf(L"copy"));
+    EXPECT_TRUE(holds(L"by the page"));
+    Click(MiddleOf(L"secret"));
+    Press({VK_CONTROL, 'A'});
+    Press({VK_CONTROL, 'C'});
+    EXPECT_TRUE(Becomes(L"document.activeElement.selectionEnd", L"6"));
+    EXPECT_TRUE(holds(L"by the page"));
+}
+
+// ---- The pointer
+
+TEST_F(HostedPage, SetsTheCursor) {
+    Open(R"(<a id="link" href="#">A link</a><br><input id="field"><br>
+        <span id="words" style="user-select: text">Words</span> <span id="fixed">Words</span>
+        <div id="wait" style="cursor: url(none.png), wait">Busy</div>
+        <div id="none" style="height: 40px"></div>
+        <iframe id="frame" srcdoc="<body style='margin: 0; height: 90px; cursor: crosshair'>" height="100"></iframe>
+        )");
+    const std::pair<const wchar_t*, LPWSTR> kShapes[] = {
+        {L"link", IDC_HAND}, {L"field", IDC_IBEAM}, {L"words", IDC_IBEAM}, {L"fixed", IDC_ARROW},
+        {L"wait", IDC_WAIT}, {L"none", IDC_ARROW},  {L"frame", IDC_CROSS},
+    };
+    for (const auto& [id, shape] : kShapes) {
+        const HCURSOR expected = LoadCursorW(nullptr, shape);
+        const POINT place = MiddleOf(id);
+        // Faster than the page is queried.
+        for (int step = 5; step > 0; --step)
+            MoveQuickly({place.x, place.y - step});
+        MoveTo(place);
+        EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
+            << Ask(std::wstring(L"'") + id + L"'").c_str();
+    }
+}
+
+TEST_F(HostedPage, ReportsItsPositionOnTheScreen) {
+    Open(
+        R"(<script>var place; onmousemove = function (event) { place = event.screenX + ' ' + event.screenY; };
+        </script>)");
+    const auto text = [](LONG x, LONG y) { return std::to_wstring(x) + L" " + std::to_wstring(y); };
+    EXPECT_EQ(Ask(L"screen.width + ' ' + screen.height"),
+              text(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
+    for (const POINT corner : {POINT{60, 50}, POINT{237, 91}, POINT{-40, 20}}) {
+        SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        const POINT origin = OnScreen({0, 0});
+        const POINT pointer = OnScreen({200, 100});
+        // The positions of the page and of the pointer take different paths.
+        MoveTo({pointer.x - 1, pointer.y});
+        EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
+        MoveTo(pointer);
+        EXPECT_TRUE(Becomes(L"place", text(pointer.x, pointer.y)));
+    }
+}
+
+// ---- The picture
+
+// The picture would not contain native lists.
+TEST_F(HostedPage, DrawsDropDownLists) {
+    Open(R"(<style>option { background: rgb(0, 160, 0); height: 30px; }
+        select { appearance: none; width: 150px; height: 30px; }</style>
+        <select id="list"><option>One<option>Two<option>Three</select><script>logEvents('change');</script>)");
+    const POINT list = MiddleOf(L"list");
+    Click(list);
+    const POINT second = {list.x + 50, list.y + 30 + 45 - 15};
+    ASSERT_TRUE(PixelBecomes(second, kGreen));
+    Click(second);
+    EXPECT_TRUE(Becomes(L"list.value + ' ' + log.join()", L"Two change"));
+    Press({VK_DOWN});
+    Press({VK_DOWN});
+    Press({VK_RETURN});
+    EXPECT_TRUE(Becomes(L"list.value", L"Three"));
+}
+
+TEST_F(HostedPage, FollowsTheWindowsSize) {
+    Open(
+        R"(<div style="position: fixed; right: 0; bottom: 0; width: 20px; height: 20px; background: #00a000"></div>)");
+    for (const SIZE size : {SIZE{700, 500}, SIZE{350, 280}, SIZE{640, 300}}) {
+        SetWindowPos(Frame(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+        RECT area = {};
+        GetClientRect(PageWindow(), &area);
+        EXPECT_TRUE(PixelBecomes(OnScreen({area.right - 3, area.bottom - 3}), kGreen));
+        EXPECT_EQ(Ask(L"innerWidth + ' ' + innerHeight"),
+                  std::to_wstring(area.right) + L" " + std::to_wstring(area.bottom));
+    }
+}
+
+TEST_F(HostedPage, UpdatesThePictureWhenItIsShownAgain) {
+    Open(R"(<div id="box" style="width: 90px; height: 90px; background: #c80000"></div>)");
+    const POINT box = MiddleOf(L"box");
+    for (const bool minimise : {true, false}) {
+        ShowWindow(Frame(), minimise ? SW_MINIMIZE : SW_HIDE);
+        // More frames than the screencast sends for an invisible window.
+        Ask(L"turns = 0, timer = setInterval(function () {"
+            L"box.style.background = ++turns % 2 ? 'blue' : 'yellow' }, 5)");
+        EXPECT_TRUE(Becomes(L"turns > 200", L"true"));
+        Ask(L"clearInterval(timer), box.style.background = '#00a000'");
+        ShowWindow(Frame(), minimise ? SW_RESTORE : SW_SHOW);
+        EXPECT_TRUE(PixelBecomes(box, kGreen));
+        Ask(L"box.style.background = '#c80000'");
+        EXPECT_TRUE(PixelBecomes(box, kRed));
+    }
+}
+
+}  // namespace
+}  // namespace tarvik
