@@ -584,14 +584,14 @@ declare namespace Tarvik {
 
     /**
      * Gives the window the size of a bitmap file, and the shape of all its pixels that are not exactly white (255, 255,
-     * 255). The path is relative to the page, or a `file:` URL.
+     * 255). The path is a `file:` URL, a full path, or relative to the page of this window.
      *
      * It cannot be undone: from then on {@link caption}, {@link resize}, {@link width} and {@link height} have no
      * effect. Another bitmap replaces the shape. A file that is not a bitmap has no effect, and no error is reported.
      *
      * @example
      * var badge = createWindow({ url: 'second.html' });
-     * badge.shapeImage = 'badge.bmp';
+     * badge.shapeImage = location.href.replace(/[^\/]*$/, 'badge.bmp'); // the new window may have no page yet
      * badge.width = 777;
      * badge.width === 777;  //= false
      * badge.close();

@@ -121,6 +121,11 @@ bool FromVariant(const VARIANT& value, AnyValue& out) {
     return true;
 }
 
+HRESULT SetResult(VARIANT* slot, Variant&& result) {
+    if (slot) result.MoveInto(slot);
+    return S_OK;
+}
+
 Variant ToVariant(Bstr&& value) {
     Variant text;
     text.bstrVal = value.Detach();

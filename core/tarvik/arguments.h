@@ -168,11 +168,10 @@ Variant ToVariant(std::optional<T> value) {  // VT_NULL for an empty one
 }
 
 // Stores the result of a handler in the call's result slot, which is null if script ignores the result.
+HRESULT SetResult(VARIANT* slot, Variant&& result);
 template <class T>
 HRESULT SetResult(VARIANT* slot, T&& result) {
-    Variant value = ToVariant(std::forward<T>(result));
-    if (slot) value.MoveInto(slot);
-    return S_OK;
+    return SetResult(slot, ToVariant(std::forward<T>(result)));
 }
 // A handler that returns a status has no result.
 inline HRESULT SetResult(VARIANT*, HRESULT status) {
