@@ -6,6 +6,7 @@
 
 #include "base/html_element.h"
 #include "base/text.h"
+#include "script/value_operations.h"
 #include "tarvik/marshaled_object.h"
 #include "tarvik/owners.h"
 #include "tarvik/properties.h"

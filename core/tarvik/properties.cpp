@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "tarvik/com_ptr.h"
-#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -97,32 +96,12 @@ bool IsFalse(const VARIANT& value) {
     return value.vt == VT_BOOL && value.boolVal == VARIANT_FALSE;
 }
 
-HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result) {
-    const Variant first = Variant::Copy(value);
-    const Variant second = Variant::Copy(context);
-    return CallScriptFunction(function, {&first, &second}, result);
-}
-
 HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::span<const VARIANT* const> arguments,
                          VARIANT* result) {
     if (!object) return E_INVALIDARG;
     DISPID id = DISPID_UNKNOWN;
     if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;
     return InvokeMethod(object, id, arguments, result);
-}
-
-HRESULT MoveValueOut(VARIANT* value, VARIANT* destination) {
-    if (!destination) return E_POINTER;
-    Variant moved;
-    static_cast<VARIANT&>(moved) = *value;
-    value->vt = VT_EMPTY;
-    moved.MoveInto(destination);
-    return S_OK;
-}
-
-BSTR NarrowToBstr(const char* text) {
-    if (!text) return nullptr;
-    return Bstr(Widen(text, CP_ACP)).Detach();
 }
 
 }  // namespace tarvik

@@ -47,9 +47,6 @@ inline HRESULT CallScriptFunction(IDispatch* function, std::initializer_list<con
 // Whether a callback returned the boolean false, which cancels an operation or rejects a step.
 bool IsFalse(const VARIANT& value);
 
-// Calls function(value, context) with copies of both values. Throws StatusError if a value cannot be copied.
-HRESULT CallWithContext(IDispatch* function, const VARIANT& value, const VARIANT& context, VARIANT* result);
-
 // Calls a method by name, with arguments in the order of script. `result` may be null.
 HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::span<const VARIANT* const> arguments,
                          VARIANT* result);
@@ -57,13 +54,5 @@ inline HRESULT CallScriptMember(IDispatch* object, const wchar_t* name,
                                 std::initializer_list<const VARIANT*> arguments, VARIANT* result) {
     return CallScriptMember(object, name, std::span(arguments.begin(), arguments.size()), result);
 }
-
-// Moves a value to `destination`, which is cleared first. The source becomes VT_EMPTY. E_POINTER for a null
-// destination.
-HRESULT MoveValueOut(VARIANT* value, VARIANT* destination);
-
-// Converts a string in the system's code page to a BSTR that the caller frees; null for null. Throws
-// std::bad_alloc.
-BSTR NarrowToBstr(const char* text);
 
 }  // namespace tarvik

@@ -1,6 +1,7 @@
 #include "plugins/fileio/chunk_notifier.h"
 
 #include "host/plugin_registry/plugin_registry.h"
+#include "script/value_operations.h"
 #include "tarvik/properties.h"
 #include "tarvik/stream.h"
 

@@ -1,5 +1,6 @@
 #include "script/object.h"
 
+#include "script/value_operations.h"
 #include "tarvik/properties.h"
 #include "tests/support/test.h"
 
