@@ -6,6 +6,7 @@
 //
 // A retained plug-in: each window has one object, which survives navigation.
 
+#include <windows.h>
 #include <commctrl.h>
 
 #include <memory>

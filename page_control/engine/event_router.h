@@ -26,8 +26,13 @@ class EventRouter {
         return static_cast<Topic<Event>&>(*topic).Add(std::move(handler));
     }
 
+    // Keeps an object that the handlers belong to alive during each dispatch: script that runs in a handler
+    // may release the last reference to it.
+    void RetainDuringDispatch(std::weak_ptr<const void> owner) { owner_ = std::move(owner); }
+
     // Handlers may subscribe, unsubscribe and destroy the router.
     void Dispatch(std::string_view method, const event::json& params) const {
+        const auto owner = owner_.lock();
         const auto found = topics_.find(method);
         if (found == topics_.end()) return;
         const auto topic = found->second;
@@ -67,6 +72,7 @@ class EventRouter {
     };
 
     std::map<std::string_view, std::shared_ptr<AnyTopic>> topics_;  // by Event::kMethod
+    std::weak_ptr<const void> owner_;
 };
 
 }  // namespace tarvik

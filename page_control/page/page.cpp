@@ -41,6 +41,7 @@ bool Page::Connect() {
     try {
         target = std::make_unique<PageTarget>(engine_->Acquire());
         requireOpen();
+        target->Events().RetainDuringDispatch(weak_from_this());
         target->Post("Page.enable");
         target->Post("Inspector.enable");
         target->Post("Fetch.enable",
