@@ -93,8 +93,8 @@ std::wstring Program::Environment() const {
     return block + L'\0';
 }
 
-DWORD Program::Wait(DWORD limit) {
-    if (WaitForSingleObject(process_.Get(), limit) != WAIT_OBJECT_0) {
+DWORD Program::Wait() {
+    if (WaitForSingleObject(process_.Get(), kWaitLimit) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "the program does not end";
         return STILL_ACTIVE;
     }
@@ -111,16 +111,20 @@ bool Program::IsRunning() const {
 void Program::Kill() {
     if (!process_) return;
     TerminateProcess(process_.Get(), 99);
-    WaitForSingleObject(process_.Get(), 5000);
+    WaitForSingleObject(process_.Get(), kWaitLimit);
 }
 
 DWORD Program::Quit(int code) {
     EXPECT_TRUE(WaitFor([&] { return PostThreadMessageW(threadId_, WM_QUIT, code, 0) != FALSE; }));
-    return Wait(10'000);
+    return Wait();
+}
+
+bool Program::HasLine(std::string_view line) const {
+    return std::ranges::count(Lines(), line) > 0;
 }
 
 bool Program::WaitForLine(std::string_view line) const {
-    return WaitFor([&] { return std::ranges::count(Lines(), line) > 0; });
+    return WaitFor([&] { return HasLine(line); });
 }
 
 std::vector<HWND> Program::Windows(const wchar_t* className) const {
@@ -161,9 +165,9 @@ std::string ProgramTest::Page(const std::string& script) {
     return "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + script + "</script>";
 }
 
-bool ProgramTest::Close(HWND window, DWORD limit) {
+bool ProgramTest::Close(HWND window) {
     PostMessageW(window, WM_CLOSE, 0, 0);
-    return WaitFor([&] { return !IsWindow(window); }, limit);
+    return WaitFor([&] { return !IsWindow(window); });
 }
 
 }  // namespace tarvik

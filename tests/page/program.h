@@ -32,9 +32,8 @@ class Program {
 
     void Start(const std::wstring& arguments = L"");
 
-    // Waits for the end of the program and returns its exit code; fails the test after the limit, in
-    // milliseconds.
-    DWORD Wait(DWORD limit = 30'000);
+    // Waits for the end of the program and returns its exit code.
+    DWORD Wait();
     bool IsRunning() const;
     void Kill();
     // Posts WM_QUIT to the program and waits for its end.
@@ -43,6 +42,7 @@ class Program {
     DWORD Id() const { return processId_; }
     // The lines that the program has sent to the debugger.
     std::vector<std::string> Lines() const { return console_->Lines(processId_); }
+    bool HasLine(std::string_view line) const;
     bool WaitForLine(std::string_view line) const;
     // The value of TARVIK_TEST_RUN in the environment of the program and of all processes that it starts.
     const std::string& Mark() const { return mark_; }
@@ -91,8 +91,8 @@ class ProgramTest : public testing::Test {
         Write(L"index.html", script);
         program_.Start();
     }
-    // Closes a window; false if it still exists after the limit, in milliseconds.
-    static bool Close(HWND window, DWORD limit = 20'000);
+    // Closes a window, and waits for its end.
+    static bool Close(HWND window);
 
     Program program_;
 };

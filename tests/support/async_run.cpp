@@ -38,7 +38,7 @@ Ending AsyncRun::End() const {
 Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
                 Recorder::Answer answer) {
     const AsyncRun run(plugin, member, options, std::move(answer));
-    EXPECT_TRUE(PumpUntil([&] { return run.IsOver(); }, std::chrono::minutes(1)));
+    EXPECT_TRUE(PumpUntil([&] { return run.IsOver(); }));
     return run.End();
 }
 

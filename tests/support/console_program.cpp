@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "tests/support/waiting.h"
 
 namespace tarvik {
 
@@ -43,8 +44,8 @@ ConsoleProgram::~ConsoleProgram() {
     if (process_) TerminateProcess(process_.Get(), 99);
 }
 
-DWORD ConsoleProgram::Wait(DWORD limit) const {
-    EXPECT_EQ(WaitForSingleObject(process_.Get(), limit), WAIT_OBJECT_0) << "the program does not end";
+DWORD ConsoleProgram::Wait() const {
+    EXPECT_EQ(WaitForSingleObject(process_.Get(), kWaitLimit), WAIT_OBJECT_0) << "the program does not end";
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(process_.Get(), &code);
     return code;

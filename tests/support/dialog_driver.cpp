@@ -11,8 +11,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr unsigned long kTimeout = 10'000;
-constexpr DWORD kPause = 10;
 constexpr int kFileName = 0x47C;  // cmb13 of the system's file dialogs
 
 std::atomic<DWORD> dialogThread{0};
@@ -46,13 +44,10 @@ void AnswerDialogs(const std::function<void()>& call, const std::function<void(H
     std::atomic<bool> over{false};
     std::thread other([&] {
         if (const HWND first = NextDialog()) user(first);
-        for (ULONGLONG grace = GetTickCount64() + 1000; !over; Sleep(kPause)) {
-            const HWND left = GetTickCount64() > grace ? DialogNow(nullptr) : nullptr;
-            if (!left) continue;
+        while (!WaitFor([&] { return over.load(); })) {
             ADD_FAILURE() << "a dialog is still open";
             for (const int button : {IDCANCEL, IDNO, IDOK})
-                PostMessageW(left, WM_COMMAND, button, 0);
-            grace = GetTickCount64() + 1000;
+                PostMessageW(DialogNow(nullptr), WM_COMMAND, button, 0);
         }
     });
     call();
@@ -62,8 +57,7 @@ void AnswerDialogs(const std::function<void()>& call, const std::function<void(H
 
 HWND NextDialog(HWND other) {
     HWND dialog = nullptr;
-    EXPECT_TRUE(WaitFor([&] { return (dialog = DialogNow(other)) != nullptr; }, kTimeout))
-        << "no dialog was opened";
+    EXPECT_TRUE(WaitFor([&] { return (dialog = DialogNow(other)) != nullptr; })) << "no dialog was opened";
     return dialog;
 }
 
@@ -76,7 +70,7 @@ std::wstring TextOf(HWND dialog, int item) {
 bool Press(HWND dialog, int button) {
     // Posted, like a click: under Wine, a dialog that is closed by a sent message may swallow a posted one.
     PostMessageW(dialog, WM_COMMAND, button, 0);
-    return WaitFor([&] { return !IsWindow(dialog); }, kTimeout);
+    return WaitFor([&] { return !IsWindow(dialog); });
 }
 
 void EnterFileName(HWND dialog, const std::wstring& name) {

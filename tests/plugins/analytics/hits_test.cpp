@@ -20,7 +20,7 @@ class Hits : public testing::Test {
     static std::string Next() {
         static int number = 0;
         const std::wstring path = Variable(L"TARVIK_HITS") + L"\\" + std::to_wstring(++number);
-        EXPECT_TRUE(PumpUntil([&] { return FileExists(path); }, std::chrono::seconds(20)));
+        EXPECT_TRUE(PumpUntil([&] { return FileExists(path); }));
         return ReadFileBytes(path);
     }
     static std::string BodyOf(const std::string& request) { return request.substr(request.find("\n\n") + 2); }

@@ -21,13 +21,10 @@ class ShellExecution : public System {
     std::string Execute(const OptionObject& options) const {
         return CallSystem(L"shellExecute", static_cast<IDispatch*>(options));
     }
-    static bool PumpLong(const std::function<bool()>& condition) {
-        return PumpUntil(condition, std::chrono::seconds(90));
-    }
 
     // Workers release their references shortly after their last call, and the function last.
     void TearDown() override {
-        EXPECT_TRUE(PumpLong([this] { return ended_->AddRef(), ended_->Release() == 1; }));
+        EXPECT_TRUE(PumpUntil([this] { return ended_->AddRef(), ended_->Release() == 1; }));
     }
 
     const WorkerApartment workers_;  // as in the program
@@ -47,7 +44,7 @@ TEST_F(ShellExecution, ReportsTheExitOfFiftyPrograms) {
             expected.push_back("UI4 " + std::to_string(i * 5) + ", I4 " + std::to_string(i));
         }
     }
-    EXPECT_TRUE(PumpLong([&] { return ended_->calls.size() == kPrograms; }));
+    EXPECT_TRUE(PumpUntil([&] { return ended_->calls.size() == kPrograms; }));
     EXPECT_THAT(ended_->Texts(), UnorderedElementsAreArray(expected));
     for (const auto& call : ended_->calls)
         EXPECT_EQ(call.thread, GetCurrentThreadId());
@@ -60,7 +57,7 @@ TEST_F(ShellExecution, PassesArgumentsFolderAndEnvironmentAsGiven) {
     const OptionObject context;
     options.Set(L"workDir", L"work").Set(L"exitCallback", ended_).Set(L"context", context);
     EXPECT_EQ(Execute(options), "BOOL true");
-    ASSERT_TRUE(PumpLong([&] { return !ended_->calls.empty(); }));
+    ASSERT_TRUE(PumpUntil([&] { return !ended_->calls.empty(); }));
     EXPECT_EQ(ValueText(ended_->calls[0].arguments[0]), "UI4 259") << "not taken for STILL_ACTIVE";
     EXPECT_EQ(ended_->calls[0].arguments[1].pdispVal, static_cast<IDispatch*>(context));
     EXPECT_EQ(ReadFileBytes(folder_ / L"reported"),
@@ -69,7 +66,7 @@ TEST_F(ShellExecution, PassesArgumentsFolderAndEnvironmentAsGiven) {
 
 TEST_F(ShellExecution, ReturnsTheOppositeWithoutAFunction) {
     EXPECT_EQ(Execute(ReportingProgram(L"reported", 0)), "BOOL false") << "started";
-    EXPECT_TRUE(PumpLong([&] { return FileExists(folder_ / L"reported"); }));
+    EXPECT_TRUE(PumpUntil([&] { return FileExists(folder_ / L"reported"); }));
     OptionObject missing;
     missing.Set(L"path", L"missing.exe").Set(L"exitCallback", L"no function");
     EXPECT_EQ(Execute(missing), "BOOL true");

@@ -84,7 +84,7 @@ class OpenMenu : public MenuBar {
         opened_ = this;
         ticks_ = 0;
         PumpOnce();
-        const UINT_PTR timer = SetTimer(nullptr, 0, 20, OnTimer);
+        const UINT_PTR timer = SetTimer(nullptr, 0, kPeriod, OnTimer);
         open();
         KillTimer(nullptr, timer);
         EXPECT_FALSE(act_) << "no menu opened";
@@ -98,7 +98,8 @@ class OpenMenu : public MenuBar {
     }
 
   private:
-    static constexpr int kMostTicks = 200;
+    static constexpr UINT kPeriod = 20;
+    static constexpr int kMostTicks = kWaitLimit / kPeriod;
 
     static bool OpenPopup() {
         const HWND popup = FindWindowExW(nullptr, nullptr, L"#32768", nullptr);
