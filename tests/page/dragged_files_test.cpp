@@ -13,21 +13,32 @@
 namespace tarvik {
 namespace {
 
-// Ends the drag when the button is released, and stores the effect that the target returns.
+// Ends the drag when the button is released, and counts how often the target has returned its effect at a
+// place.
 class Source : public ComObject<IDropSource> {
   public:
+    explicit Source(POINT place) : place_(place) {}
+
     STDMETHODIMP QueryContinueDrag(BOOL escape, DWORD keys) override {
         isDragging = true;
         if (escape) return DRAGDROP_S_CANCEL;
         return keys & MK_LBUTTON ? S_OK : DRAGDROP_S_DROP;
     }
     STDMETHODIMP GiveFeedback(DWORD effect) override {
-        lastEffect = effect;
+        const DWORD at = GetMessagePos();
+        if (LOWORD(at) == place_.x && HIWORD(at) == place_.y) {
+            lastEffect = effect;
+            ++effects;
+        }
         return DRAGDROP_S_USEDEFAULTCURSORS;
     }
 
     std::atomic<bool> isDragging{false};
+    std::atomic<int> effects{0};
     std::atomic<DWORD> lastEffect{0};
+
+  private:
+    const POINT place_;
 };
 
 // The shell's data object for files of one folder.
@@ -77,27 +88,30 @@ class DraggedFiles : public ProgramTest {
     }
     // Returns the effect that the page returned while the files were over it, and the status of the drag.
     std::pair<DWORD, HRESULT> DragTo(LONG y, const std::vector<std::wstring>& paths) {
-        const auto source = MakeCom<Source>();
+        const POINT place = {280, 150 + y};
+        const auto source = MakeCom<Source>(place);
         const auto files = ShellFiles(paths);
         DWORD effectOverPage = 0;
         std::atomic<bool> isOver{false};
         SetForegroundWindow(desk_.Get());
-        Send(MoveOf({50, 50}));
+        MovePointer({50, 50});
         Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
-        PumpUntil([] { return GetKeyState(VK_LBUTTON) < 0; });
+        EXPECT_TRUE(PumpUntil([] { return GetKeyState(VK_LBUTTON) < 0; }));
         std::thread user([&] {
-            WaitFor([&] { return source->isDragging.load(); });
-            for (const LONG x : {220, 240, 260, 280}) {
-                Send(MoveOf({x, 150 + y}));
-                Sleep(150);
-            }
+            EXPECT_TRUE(WaitFor([&] { return source->isDragging.load(); }));
+            // The first effect may be that of an earlier place.
+            EXPECT_TRUE(WaitFor([&] {
+                Send(MoveOf(place));
+                return source->effects > 1;
+            }));
             effectOverPage = source->lastEffect;
             // Under Wine the drag gets the release of the button only in the foreground, which it may have
             // lost.
-            for (; !isOver; Sleep(300)) {
+            WaitFor([&] {
                 SetForegroundWindow(desk_.Get());
                 Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
-            }
+                return WaitFor([&] { return isOver.load(); }, 300);
+            });
         });
         DWORD effect = 0;
         const HRESULT status = DoDragDrop(files.Get(), source.Get(), DROPEFFECT_COPY, &effect);

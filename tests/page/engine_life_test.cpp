@@ -134,7 +134,7 @@ TEST_F(EngineLife, EndsAHangingEngineWithItsLastWindow) {
     const HWND window = OpenShown();
     engine_.Stop(&Process::IsEngine);
     PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); }, 10'000)) << engine_.Left();
+    EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); })) << engine_.Left();
 }
 
 // The engine is killed during nested calls between two pages.

@@ -1,5 +1,6 @@
 // The self-checking pages in pages/: each logs its checks and quits the program.
 
+#include <atomic>
 #include <filesystem>
 
 #include "tarvik/text.h"
@@ -97,12 +98,14 @@ TEST_F(PageTest, CopiesListsAndDeletesFiles) {
 
 class DownloadPage : public PageTest {
   protected:
-    static void Serve(const WebExchange& exchange) {
+    void Serve(const WebExchange& exchange) {
         if (exchange.Path() == "/text") return exchange.Answer("a text");
         if (exchange.Path() == "/whole") return exchange.Answer(std::string(300'000, 'w'));
-        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n");
-        for (int chunk = 0; chunk < 200 && exchange.Send(std::string(1'000, 's')); ++chunk)
-            Sleep(10);
+        const std::string half(100'000, 's');
+        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n" + half);
+        if (exchange.Path() == "/endless") return exchange.StayOpen();
+        WaitFor([&] { return isNextPageLoaded_.load(); });
+        exchange.Send(half);
     }
 
     // A download finishes even if its page is left meanwhile.
@@ -110,13 +113,15 @@ class DownloadPage : public PageTest {
         const std::wstring path = program_.Folder() / L"slow";
         Start(L"download", L"#" + server_.Url() + L"," + how + L"," + path);
         EXPECT_TRUE(program_.WaitForLine("ok: the next page is loaded"));
+        isNextPageLoaded_ = true;
         EXPECT_TRUE(WaitFor([&] { return static_cast<bool>(HoldFile(path)); })) << "the file is not closed";
         EXPECT_EQ(ReadFileBytes(path).size(), 200'000u);
         EXPECT_EQ(program_.Quit(0), 0u);
         ExpectNoFailure();
     }
 
-    const WebServer server_{Serve};
+    std::atomic<bool> isNextPageLoaded_{false};
+    const WebServer server_{[this](const WebExchange& exchange) { Serve(exchange); }};
 };
 
 TEST_F(DownloadPage, ReportsProgressAndSuccess) {

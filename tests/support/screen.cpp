@@ -17,8 +17,6 @@ POINT Middle(HWND window) {
     return {area.right / 2, area.bottom / 2};
 }
 
-constexpr DWORD kPause = 60;  // milliseconds, for programs to react
-
 }  // namespace
 
 HWND InnermostWindow(HWND window) {
@@ -43,38 +41,55 @@ bool WaitForColour(HWND window, COLORREF colour) {
     return WaitFor([&] { return PixelOnScreen(window, Middle(window)) == colour; });
 }
 
+// Wine looks at the pointer of the Unix host, which reverts moves, only if its own has rested for 100
+// milliseconds.
+void MovePointer(POINT to) {
+    constexpr ULONGLONG kRest = 150;
+    ULONGLONG since = 0;
+    WaitFor([&] {
+        POINT at = {};
+        GetCursorPos(&at);
+        if (since && std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1)
+            return GetTickCount64() - since > kRest;
+        Send(MoveOf(to));
+        since = GetTickCount64();
+        return false;
+    });
+}
+
+void ClickAt(POINT screen, DWORD press, int times) {
+    MovePointer(screen);
+    for (int i = 0; i < times; ++i) {
+        Send(MouseInputOf(press));
+        Send(MouseInputOf(press << 1));
+    }
+}
+
 void Click(HWND window) {
     SetForegroundWindow(GetAncestor(window, GA_ROOT));
     POINT point = Middle(window);
     ClientToScreen(window, &point);
-    Send(MoveOf(point));
-    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
-    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
+    ClickAt(point);
 }
 
-void MovePointer(POINT to) {
-    POINT at = {};
-    for (int tries = 0; tries < 10; ++tries) {
-        Send(MoveOf(to));
-        Sleep(kPause);
-        GetCursorPos(&at);
-        if (std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1) return;
-    }
-}
-
-void Drag(POINT from, POINT to) {
-    constexpr int kSteps = 5;
+bool Drag(POINT from, POINT to, const std::function<bool()>& isPressed,
+          const std::function<bool()>& hasArrived) {
     MovePointer(from);
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
-    Sleep(5 * kPause);  // until the page has received the press
-    for (int step = 1; step <= kSteps; ++step) {
-        Send(MoveOf({from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps}));
-        Sleep(kPause);
-    }
-    MovePointer(to);
-    Sleep(4 * kPause);  // until a window that follows the pointer has moved
+    // While a button is down, the pointer of the Unix host stays where it is, and may revert a move once
+    // more.
+    const bool isDragged = WaitFor(isPressed) && WaitFor([&] {
+                               Send(MoveOf(to));
+                               return hasArrived();
+                           });
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
-    Sleep(kPause);
+    return isDragged;
+}
+
+bool IsInMoveLoop(HWND window) {
+    GUITHREADINFO thread = {sizeof thread};
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &thread);
+    return thread.hwndMoveSize == window;
 }
 
 // Moves of the pointer are sent as input, too: SetCursorPos may take effect after a press that follows it.

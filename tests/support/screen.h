@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <unknwn.h>
 
+#include <functional>
 #include <vector>
 
 #include "tarvik/com_ptr.h"
@@ -20,14 +21,22 @@ COLORREF PixelOnScreen(HWND window, POINT point);
 // Waits until the middle of the window has the colour on the screen.
 bool WaitForColour(HWND window, COLORREF colour);
 
-// Brings the window to the front and clicks in the middle of it.
-void Click(HWND window);
-
 // Moves the pointer to a point of the screen until it stays there: under Wine an earlier position may return.
 void MovePointer(POINT screen);
 
-// Drags with the left button between two points of the screen.
-void Drag(POINT from, POINT to);
+// Moves the pointer to a point of the screen and clicks there, once or several times.
+void ClickAt(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1);
+// Brings the window to the front and clicks in the middle of it.
+void Click(HWND window);
+
+// Presses the left button at a point of the screen, waits for the effect of the press, moves the pointer to
+// the other point, waits for the effect of the move, and releases the button. False if an effect does not
+// occur.
+bool Drag(POINT from, POINT to, const std::function<bool()>& isPressed,
+          const std::function<bool()>& hasArrived);
+
+// Whether the user moves or resizes the window.
+bool IsInMoveLoop(HWND window);
 
 // Presses keys in this order and releases them in reverse order. The window with the focus gets them.
 void PressKeys(const std::vector<WORD>& keys);

@@ -28,11 +28,10 @@ function done() {
     external.window.quit(failures ? 1 : 0);
 }
 
-// Polls a condition, for ten seconds at most, then calls `then`.
+// Polls a condition, then calls `then`.
 function until(condition, then) {
-    var left = 500;
     (function poll() {
-        if (condition() || --left === 0) then();
+        if (condition()) then();
         else setTimeout(poll, 20);
     })();
 }
