@@ -591,7 +591,7 @@ declare namespace Tarvik {
      *
      * @example
      * var badge = createWindow({ url: 'second.html' });
-     * badge.shapeImage = location.href.replace(/[^\/]*$/, 'badge.bmp'); // the new window may have no page yet
+     * badge.shapeImage = 'badge.bmp';
      * badge.width = 777;
      * badge.width === 777;  //= false
      * badge.close();

@@ -28,6 +28,10 @@ void Page::Navigate(const std::wstring& address) {
     target_->Post("Page.navigate", {{"url", EngineAddress(requested_)}});
 }
 
+std::wstring Page::LocationOrDestination() const {
+    return location_.empty() && !requested_.empty() ? HostAddress(EngineAddress(requested_)) : location_;
+}
+
 // Starts the engine if none is running, and opens a target in it. Each step waits; meanwhile the page may be
 // closed or navigated elsewhere.
 bool Page::Connect() {

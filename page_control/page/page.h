@@ -56,7 +56,9 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     // Fires no event from here on. Calls in progress fail.
     void Close();
 
-    std::wstring Location() const { return location_; }
+    std::wstring Location() const { return location_; }  // of the document; empty before the first one
+    // The same; before the first document, where it will be, so that relative paths resolve from the start.
+    std::wstring LocationOrDestination() const;
     bool IsLoading() const { return loading_; }
     // Whether native code waits for any page of this process.
     bool IsAnyAwaited() const { return target_ && target_->Engine().IsWaiting(); }

@@ -62,7 +62,7 @@ STDMETHODIMP PageControl::get_LocationName(BSTR* out) {
 STDMETHODIMP PageControl::get_LocationURL(BSTR* out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    return Guard([&] { *out = Bstr(page_ ? page_->Location() : std::wstring()).Detach(); });
+    return Guard([&] { *out = Bstr(page_ ? page_->LocationOrDestination() : std::wstring()).Detach(); });
 }
 
 STDMETHODIMP PageControl::get_Busy(VARIANT_BOOL* out) {
