@@ -33,7 +33,7 @@ class Examples : public ProgramTest {
 TEST_F(Examples, Run) {
     CreateFolder();
     program_.Start(L"-f 0.html");
-    EXPECT_TRUE(WaitFor([&] { return CancelDialogs(), !program_.IsRunning(); }, 110'000));
+    EXPECT_TRUE(WaitFor([&] { return CancelDialogs(), !program_.IsRunning(); }, 250'000));
     for (const std::string& line : program_.Lines())
         EXPECT_FALSE(line.starts_with("FAILED")) << line;
     EXPECT_EQ(program_.Wait(), 0u);
