@@ -102,14 +102,15 @@ TEST_F(WindowFrame, IgnoresStoppedPressesAndPressesInFrames) {
     DragUntil({250, 190, 400, 300}, InPage(320, 210), 50, 40);
 }
 
-// The page gets the press only after the button has been released.
+// The page mostly gets the press only after the button has been released. On a busy machine a move loop may
+// start, which takes the release from the page, but ends with it.
 TEST_F(WindowFrame, IgnoresClicksOnItsHandle) {
     OpenStrips("w.caption = false;");
     const auto before = Sides();
     MovePointer(InPage(100, 30));
     INPUT click[] = {MouseInputOf(MOUSEEVENTF_LEFTDOWN), MouseInputOf(MOUSEEVENTF_LEFTUP)};
     SendInput(2, click, sizeof *click);
-    EXPECT_TRUE(program_.WaitForLine(MouseLine("mouseup", 100, 30)));
+    EXPECT_TRUE(program_.WaitForLine(MouseLine("mousedown", 100, 30)));
     DragWithoutAMove(200, 90);
     EXPECT_EQ(Sides(), before);
 }
