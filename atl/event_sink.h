@@ -28,7 +28,9 @@ class EventSink : public ComObject<IDispatch> {
     }
 
   protected:
-    void* Find(REFIID iid) override { return iid == events_ ? AsUnknown() : ComObject::Find(iid); }
+    void* FindInterface(REFIID iid) override {
+        return iid == events_ ? AsUnknown() : ComObject::FindInterface(iid);
+    }
 
   private:
     Owner* owner_;

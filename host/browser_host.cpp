@@ -19,13 +19,13 @@ constexpr int kDocumentComplete = 259;
 
 }  // namespace
 
-void* CWebBrowserHost::Find(REFIID iid) {
+void* CWebBrowserHost::FindInterface(REFIID iid) {
     if (iid == __uuidof(IWebbrowserHost)) return static_cast<IWebbrowserHost*>(this);
     if (iid == __uuidof(IOleCommandTarget)) return static_cast<IOleCommandTarget*>(this);
     if (iid == __uuidof(IHTMLChangeSink)) return static_cast<IHTMLChangeSink*>(this);
     if (iid == __uuidof(IInternetSecurityManager)) return static_cast<IInternetSecurityManager*>(this);
     if (iid == __uuidof(IDropTarget)) return static_cast<IDropTarget*>(this);
-    return CAxHostWindow::Find(iid);
+    return CAxHostWindow::FindInterface(iid);
 }
 
 STDMETHODIMP CWebBrowserHost::ShowContextMenu(DWORD, POINT*, IUnknown*, IDispatch* element) {

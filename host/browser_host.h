@@ -62,7 +62,7 @@ class CWebBrowserHost : public CAxHostWindow,
     STDMETHODIMP GetPlugin(const wchar_t* name, IDispatch** out) override;
 
   protected:
-    void* Find(REFIID iid) override;
+    void* FindInterface(REFIID iid) override;
 
   private:
     enum class PageState { kNone, kNavigated, kComplete };

@@ -57,7 +57,7 @@ class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
 
     STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
         if (!out) return E_POINTER;
-        *out = Find(iid);
+        *out = FindInterface(iid);
         if (!*out) return E_NOINTERFACE;
         AddRef();
         return S_OK;
@@ -78,7 +78,7 @@ class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
 
     // A pointer to the interface, without a further reference; null if the object does not have it. Override
     // it for interfaces that the list cannot express.
-    virtual void* Find(REFIID iid) {
+    virtual void* FindInterface(REFIID iid) {
         if (iid == __uuidof(IUnknown)) return AsUnknown();
         void* found = nullptr;
         ((found = detail::InterfaceEntry<Entries>::Find(this, iid)) || ...);

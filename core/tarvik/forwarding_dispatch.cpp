@@ -32,8 +32,8 @@ void ForwardResult(VARIANT& result) {
 
 }  // namespace
 
-void* ForwardingDispatch::Find(REFIID iid) {
-    return iid == OwnClass() ? this : ComObject::Find(iid);
+void* ForwardingDispatch::FindInterface(REFIID iid) {
+    return iid == OwnClass() ? this : ComObject::FindInterface(iid);
 }
 
 IDispatch* ForwardingDispatch::Target(IDispatch* object) {

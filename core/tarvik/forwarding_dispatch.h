@@ -29,7 +29,7 @@ class ForwardingDispatch : public ComObject<IDispatch> {
                         VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
   protected:
-    void* Find(REFIID iid) override;
+    void* FindInterface(REFIID iid) override;
 
   private:
     // The object that a forwarder represents; any other object is returned unchanged.

@@ -103,6 +103,7 @@ class Name {
             throw "not in the protocol";
     }
     constexpr operator std::string_view() const { return text_; }
+    friend constexpr bool operator==(const Name& left, const Name& right) = default;
     friend constexpr bool operator==(Name name, std::string_view text) { return name.text_ == text; }
 
   private:

@@ -55,8 +55,8 @@ CMenuDispatch::~CMenuDispatch() {
     isReleasing = false;
 }
 
-void* CMenuDispatch::Find(REFIID iid) {
-    return iid == kClassId ? this : Dispatch::Find(iid);
+void* CMenuDispatch::FindInterface(REFIID iid) {
+    return iid == kClassId ? this : Dispatch::FindInterface(iid);
 }
 
 ComPtr<CMenuDispatch> CMenuDispatch::AsMenuDispatch(IDispatch* object) {

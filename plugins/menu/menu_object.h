@@ -36,7 +36,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
     Integer GetItemCount();
 
   protected:
-    void* Find(REFIID iid) override;
+    void* FindInterface(REFIID iid) override;
 
   private:
     struct Item {

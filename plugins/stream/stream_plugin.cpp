@@ -59,10 +59,10 @@ CStreamPlugin::CStreamPlugin() {
     ThrowIfFailed(CoCreateFreeThreadedMarshaler(AsUnknown(), marshaler_.GetAddressOf()));
 }
 
-void* CStreamPlugin::Find(REFIID iid) {
+void* CStreamPlugin::FindInterface(REFIID iid) {
     // The marshaler is aggregated, so this object's reference keeps it alive.
     if (iid == __uuidof(IMarshal)) return Query<IMarshal>(marshaler_.Get()).Get();
-    return ComObject::Find(iid);
+    return ComObject::FindInterface(iid);
 }
 
 uint64_t CStreamPlugin::Available(uint64_t count) const {

@@ -44,7 +44,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     Integer Fill(Int64 value, std::optional<Bits32> count);
 
   protected:
-    void* Find(REFIID iid) override;
+    void* FindInterface(REFIID iid) override;
 
   private:
     template <class T>

@@ -108,7 +108,8 @@ TEST_F(BrowserWindow, ReleasesPluginsDespiteReferenceCycles) {
     const wchar_t* const names[] = {L"window", L"tray", L"hotkey", L"dragfile", L"menu"};
     for (size_t i = 0; i < std::size(names); ++i)
         ASSERT_EQ(browser->GetPlugin(names[i], plugins[i].GetAddressOf()), S_OK);
-    const auto& [main, tray, hotkey, dragfile, menu] = plugins;
+    const ComPtr<IDispatch>&main = plugins[0], &tray = plugins[1], &hotkey = plugins[2],
+          &dragfile = plugins[3], &menu = plugins[4];
     const auto function = MakeCom<Recorder>();
     const auto createCycles = [&] {
         const Outgoing msg = GetMember(main.Get(), L"msg");

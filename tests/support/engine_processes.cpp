@@ -87,13 +87,14 @@ bool EngineProcesses::BelongsToRun(const Process& process) const {
 
 std::vector<Process> EngineProcesses::Look() {
     std::vector<Process> all = AllProcesses();
-    auto others = std::ranges::partition(all, [this](const auto& process) { return BelongsToRun(process); });
+    auto others = std::partition(all.begin(), all.end(),
+                                 [this](const Process& process) { return BelongsToRun(process); });
     // A process that the engine forks may have lost its environment; its parent identifies it.
-    for (auto parent = all.begin(); parent != others.begin(); ++parent) {
-        others =
-            std::ranges::partition(others, [&](const auto& other) { return other.parent == parent->id; });
+    for (auto parent = all.begin(); parent != others; ++parent) {
+        others = std::partition(others, all.end(),
+                                [&](const Process& other) { return other.parent == parent->id; });
     }
-    all.erase(others.begin(), all.end());
+    all.erase(others, all.end());
     for (const Process& process : all) {
         seen_.emplace(process.id, process.start);
         if (const std::wstring folder = FolderIn(process.command); !folder.empty()) folders_.insert(folder);

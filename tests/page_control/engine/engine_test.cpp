@@ -55,6 +55,8 @@ class ScriptedEngine {
         });
     }
     ~ScriptedEngine() {
+        // The connection ends with the pipe; one that has ended no longer reads what is being sent.
+        WaitFor([&] { return hasSent_ || !connection->IsOpen(); });
         if (hasSent_) toHost_.Reset();
         connection.reset();
         sender_.join();
