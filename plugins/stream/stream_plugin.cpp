@@ -117,7 +117,7 @@ STDMETHODIMP CStreamPlugin::SetSize(uint64_t size) {
     return S_OK;
 }
 
-uint32_t CStreamPlugin::ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count) {
+uint32_t CStreamPlugin::ScriptCopyTo(const ComPtr<IDispatch>& target, std::optional<Bits32> count) {
     if (!target) throw StatusError(E_INVALIDARG);
     const ComPtr<TVK::IStream> stream = Query<TVK::IStream>(target.Get());
     if (!stream) throw StatusError(E_NOINTERFACE);

@@ -27,7 +27,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
 
     // The script members. Those named Script... forward to the operation of TVK::IStream. Counts are
     // reinterpreted as unsigned, so -1 means everything, as an absent count does.
-    uint32_t ScriptCopyTo(ComPtr<IDispatch> target, std::optional<Bits32> count);
+    uint32_t ScriptCopyTo(const ComPtr<IDispatch>& target, std::optional<Bits32> count);
     Number ScriptSeek(UInt64 offset, StrictInt32 origin);
     Outcome ScriptSetSize(UInt64 size);
     std::optional<uint8_t> ReadUInt8() { return ReadNumber<uint8_t>(); }

@@ -6,7 +6,6 @@
 #include <exdisp.h>
 
 #include <cstdio>
-#include <source_location>
 #include <string>
 #include <vector>
 
@@ -150,7 +149,9 @@ class Soak {
 
     bool Run(int windows, int navigations) {
         soakHandlers = {[this] { ++ready_; }, [this] { OpenNext(); }};
-        return RunBesideOne(windows, navigations) & RunAlone(std::max(4, windows / 10)) & IsEngineGone();
+        const bool besideOne = RunBesideOne(windows, navigations);
+        const bool alone = RunAlone(std::max(4, windows / 10));
+        return IsEngineGone() && besideOne && alone;
     }
 
   private:
@@ -201,10 +202,9 @@ class Soak {
         return Becomes([this, before = ready_] { return ready_ > before; });
     }
 
-    static bool Becomes(const std::function<bool()>& condition,
-                        std::source_location place = std::source_location::current()) {
+    static bool Becomes(const std::function<bool()>& condition, int line = __builtin_LINE()) {
         if (PumpUntil(condition, kTimeout)) return true;
-        return std::printf("timeout in line %u\n", place.line()), false;
+        return std::printf("timeout in line %d\n", line), false;
     }
 
     std::wstring Write(const wchar_t* name, const char* body) const {

@@ -19,7 +19,8 @@ TEST(Engine, RemovesStaleProfiles) {
     for (const std::wstring& folder : {stale, used, locked, other})
         ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
     // The lock file of a program that ended with the system.
-    UniqueHandle(CreateFileW((locked + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+    UniqueHandle(CreateFileW((locked + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr))
+        .Reset();
     UniqueHandle lock(CreateFileW((used + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_FLAG_DELETE_ON_CLOSE, nullptr));
     const auto start = [] { EXPECT_THROW(StartThroughPipes(L"C:\\none.exe"), StatusError); };

@@ -1,3 +1,4 @@
+#include <windows.h>
 #include <wininet.h>
 
 #include "tests/plugins/http/http_fixture.h"
