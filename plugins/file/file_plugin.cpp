@@ -3,8 +3,6 @@
 #include <shellapi.h>
 #include <shlwapi.h>
 
-#include <limits>
-
 #include "base/folder_reader.h"
 #include "base/text.h"
 #include "plugins/file/delete_path.h"
@@ -18,8 +16,6 @@ namespace {
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CFilePlugin>(L"file", TVK::kRetainedPlugin);
 
-constexpr size_t kAnyCount = std::numeric_limits<size_t>::max();
-
 constexpr Member<CFilePlugin> kMembers[] = {
     Method<&CFilePlugin::IsFileExist>(-10000, L"isFileExist"),
     Method<&CFilePlugin::DeleteFile>(-9999, L"deleteFile"),
@@ -28,7 +24,7 @@ constexpr Member<CFilePlugin> kMembers[] = {
     Method<&CFilePlugin::Move>(-9996, L"move"),
     Method<&CFilePlugin::MoveAsync>(-9995, L"moveAsync"),
     Method<&CFilePlugin::MkDir>(-9994, L"mkDir"),
-    RawMethod<&CFilePlugin::EnumFiles, 0, kAnyCount>(-9993, L"enumFiles"),
+    Method<&CFilePlugin::EnumFiles>(-9993, L"enumFiles"),
     Method<&CFilePlugin::GetSize>(-9992, L"getSize"),
     Method<&CFilePlugin::IsDir>(-9991, L"isDir"),
     Method<&CFilePlugin::IsDirEmpty>(-9990, L"isDirEmpty"),

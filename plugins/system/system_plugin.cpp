@@ -1,7 +1,5 @@
 #include "plugins/system/system_plugin.h"
 
-#include <limits>
-
 #include "base/language.h"
 #include "base/module_function.h"
 #include "plugins/system/create_shortcut.h"
@@ -16,8 +14,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr size_t kAnyCount = std::numeric_limits<size_t>::max();
-
 constexpr Member<CSystemPlugin> kMembers[] = {
     Method<&CSystemPlugin::EndSession<EWX_REBOOT>>(-10000, L"reboot"),
     Method<&CSystemPlugin::EndSession<EWX_POWEROFF>>(-9999, L"shutdown"),
@@ -25,7 +21,7 @@ constexpr Member<CSystemPlugin> kMembers[] = {
     Method<&CSystemPlugin::Suspend<false>>(-9997, L"suspended"),
     Method<&CSystemPlugin::CloseMonitor>(-9996, L"closeMonitor"),
     Method<&CSystemPlugin::LockWorkStation>(-9995, L"lockWorkStation"),
-    RawMethod<&CSystemPlugin::Abort, 0, kAnyCount>(-9994, L"abort"),
+    Method<&CSystemPlugin::Abort>(-9994, L"abort"),
     Method<&CSystemPlugin::ShellExecute>(-9993, L"shellExecute"),
     Method<&CSystemPlugin::CreateShortcut>(-9992, L"createShortcut"),
     Method<&CSystemPlugin::ParseShortcut>(-9991, L"parseShortcut"),
