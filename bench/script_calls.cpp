@@ -15,7 +15,7 @@
 #include "script/dispatch.h"
 #include "tarvik/bstr.h"
 #include "tests/support/members.h"
-#include "tests/support/script_bench.h"
+#include "tests/support/script_host.h"
 
 namespace tarvik {
 namespace {
@@ -126,7 +126,7 @@ class Shortest {
     double nanoseconds_ = std::numeric_limits<double>::max();
 };
 
-void Define(ScriptBench& engine, const wchar_t* name, const wchar_t* statement) {
+void Define(ScriptHost& engine, const wchar_t* name, const wchar_t* statement) {
     engine.Run((std::wstring(L"function ") + name +
                 L"(n) { var plain = external.plain, table = external.table, x;"
                 L"for (var i = 0; i < n; i++) { " +
@@ -134,7 +134,7 @@ void Define(ScriptBench& engine, const wchar_t* name, const wchar_t* statement) 
                    .c_str());
 }
 
-void MeasureFromScript(ScriptBench& engine, const Case& what) {
+void MeasureFromScript(ScriptHost& engine, const Case& what) {
     Define(engine, L"emptyLoop", L"");
     Define(engine, L"plainLoop", what.plain);
     Define(engine, L"tableLoop", what.table);
@@ -177,7 +177,7 @@ int Run() {
     const auto table = MakeCom<TableObject>();
     OptionObject both;
     both.Set(L"plain", plain.Get()).Set(L"table", table.Get());
-    ScriptBench engine(both);
+    ScriptHost engine(both);
     std::printf("%-34s %9s %9s %7s\n", "ns per call", "by hand", "by table", "ratio");
     for (const Case& what : kCases)
         MeasureFromScript(engine, what);

@@ -61,7 +61,7 @@ class FullDisk : public testing::Test {
 TEST_F(FullDisk, LeavesNoPartialArchive) {
     OptionObject options;
     options.Set(L"src", source_.c_str()).Set(L"dest", place_.c_str());
-    EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
+    EXPECT_EQ(RunToCompletion(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
     EXPECT_TRUE(IsDiskEmpty());
 }
 
@@ -86,7 +86,7 @@ TEST_F(FullDisk, FailsUnzip) {
     OptionObject options;
     options.Set(L"src", folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}})).c_str());
     options.Set(L"dest", place_.c_str());
-    EXPECT_EQ(RunToEnd(Plugin(L"minizip").Get(), L"unzip", options).text,
+    EXPECT_EQ(RunToCompletion(Plugin(L"minizip").Get(), L"unzip", options).text,
               "fail: EMPTY, I4 " + std::to_string(E_FAIL));
     EXPECT_TRUE(IsDiskEmpty()) << "the operation did not remove the folder that it created";
 }
@@ -95,10 +95,12 @@ TEST_F(FullDisk, LeavesNoPartialDownload) {
     const auto client = CallMember(Plugin(L"http").Get(), L"createClient");
     // The last chunk of the second file fits on the disk only in part.
     for (const size_t size : {noise_.size(), size_t{1'024'500}}) {
-        const WebServer server([&](const WebExchange& exchange) { exchange.Answer(noise_.substr(0, size)); });
+        const WebServer server(
+            [&](const WebExchange& exchange) { exchange.Respond(noise_.substr(0, size)); });
         OptionObject options;
         options.Set(L"url", server.Url().c_str()).Set(L"destPath", place_.c_str());
-        EXPECT_EQ(RunToEnd(client.value.pdispVal, L"downloadToFile", options).text, FailText(kDiskFull));
+        EXPECT_EQ(RunToCompletion(client.value.pdispVal, L"downloadToFile", options).text,
+                  FailText(kDiskFull));
         EXPECT_TRUE(IsDiskEmpty());
     }
 }
@@ -112,7 +114,7 @@ TEST_F(FullDisk, FailsTransfersAndKeepsWrittenBytes) {
         OptionObject options;
         options.Set(L"len", Variant::UI4(3'000'000)).Set(L"src", stream);
         if (async) {
-            EXPECT_EQ(RunToEnd(file.Get(), L"writeAsync", options).text, FailText(kDiskFull));
+            EXPECT_EQ(RunToCompletion(file.Get(), L"writeAsync", options).text, FailText(kDiskFull));
         } else {
             const ULONG moved = CallMember(file.Get(), L"write", stream, 3'000'000).value.ulVal;
             EXPECT_EQ(moved, fs::file_size(place_)) << "the result is not the number of bytes written";
@@ -128,7 +130,7 @@ TEST_F(FullDisk, FailsCopiesAndKeepsTheSource) {
     for (const wchar_t* member : {L"copyAsync", L"moveAsync"}) {
         OptionObject options;
         options.Set(L"srcPath", source_.c_str()).Set(L"destPath", place_.c_str());
-        EXPECT_EQ(RunToEnd(file.Get(), member, options).text, FailText(kDiskFull)) << member;
+        EXPECT_EQ(RunToCompletion(file.Get(), member, options).text, FailText(kDiskFull)) << member;
         fs::remove(place_);
     }
     EXPECT_EQ(CallText(file.Get(), L"copy", source_.c_str(), place_.c_str()), "BOOL false");

@@ -112,7 +112,7 @@ TEST_F(BrowserWindow, ReleasesPluginsDespiteReferenceCycles) {
           &dragfile = plugins[3], &menu = plugins[4];
     const auto function = MakeCom<Recorder>();
     const auto createCycles = [&] {
-        const Outgoing msg = GetMember(main.Get(), L"msg");
+        const InvokeResult msg = GetMember(main.Get(), L"msg");
         CallMember(msg.value.pdispVal, L"registerMsg", L"name", function, main);
         CallMember(hotkey.Get(), L"set", L"ctrl+alt+f5", function, hotkey);
         CallMember(dragfile.Get(), L"bind", L"id", function, dragfile);
@@ -120,7 +120,7 @@ TEST_F(BrowserWindow, ReleasesPluginsDespiteReferenceCycles) {
         PutMember(tray.Get(), L"onClick", tray);
     };
     createCycles();
-    const Outgoing bar = CallMember(menu.Get(), L"createMenu", L"windowMenu");
+    const InvokeResult bar = CallMember(menu.Get(), L"createMenu", L"windowMenu");
     const OptionObject item;
     item.Set(L"name", L"item").Set(L"callback", function).Set(L"context", main);
     CallMember(bar.value.pdispVal, L"appendMenu", static_cast<IDispatch*>(item));

@@ -31,7 +31,7 @@ bool ShowsText(HWND window) {
 class EngineLife : public ProgramTest {
   protected:
     void SetUp() override {
-        if (!EngineProcesses::CanBeSeen())
+        if (!EngineProcesses::AreVisible())
             GTEST_SKIP() << "the engine's processes are visible under Wine only";
     }
 
@@ -40,7 +40,7 @@ class EngineLife : public ProgramTest {
         Open("external.window.title = 'Engine'; external.window.show(true);" + script);
         const HWND window = program_.WindowTitled(L"Engine");
         EXPECT_TRUE(WaitForColour(InnermostWindow(window), kBlue));
-        EXPECT_GT(engine_.Look().size(), 3u);
+        EXPECT_GT(engine_.Snapshot().size(), 3u);
         return window;
     }
 
@@ -58,7 +58,7 @@ class EngineLife : public ProgramTest {
     }
 
     void ExpectNothingLeft() {
-        EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); })) << engine_.Left();
+        EXPECT_TRUE(WaitFor([&] { return engine_.Remaining().empty(); })) << engine_.Remaining();
     }
 
     EngineProcesses engine_{program_.Mark()};
@@ -82,21 +82,21 @@ TEST_F(EngineLife, EndsWithAKilledProgram) {
         "if (typeof windowContext === 'undefined') { createWindow({url: 'index.html', context: {}});"
         "console.log('calls'); for (;;) external.window.title; }");
     ASSERT_TRUE(program_.WaitForLine("calls"));
-    EXPECT_GT(engine_.Look().size(), 3u);
+    EXPECT_GT(engine_.Snapshot().size(), 3u);
     program_.Kill();
     ExpectNothingLeft();
 }
 
 TEST_F(EngineLife, EndsAHangingEngineWithAKilledProgram) {
     OpenShown();
-    engine_.Stop(&Process::IsEngine);
+    engine_.Suspend(&Process::IsEngine);
     program_.Kill();
     ExpectNothingLeft();
 }
 
 TEST_F(EngineLife, EndsHangingPagesOfAKilledEngine) {
     OpenShown();
-    engine_.Stop(&Process::IsPage);
+    engine_.Suspend(&Process::IsPage);
     engine_.Kill(&Process::IsEngine);
     ExpectNothingLeft();
 }
@@ -132,9 +132,9 @@ INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
 
 TEST_F(EngineLife, EndsAHangingEngineWithItsLastWindow) {
     const HWND window = OpenShown();
-    engine_.Stop(&Process::IsEngine);
+    engine_.Suspend(&Process::IsEngine);
     PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return engine_.Left().empty(); })) << engine_.Left();
+    EXPECT_TRUE(WaitFor([&] { return engine_.Remaining().empty(); })) << engine_.Remaining();
 }
 
 // The engine is killed during nested calls between two pages.
@@ -161,7 +161,7 @@ TEST_F(EngineLife, EndsThePageOfAClosedWindow) {
         "var child = null; setInterval(function () { var title = external.window.title;"
         "if (title === 'open' && !child) child = createWindow({url: 'loop.html'});"
         "if (title === 'close') child.close(); }, 50);");
-    const auto renderers = [&] { return std::ranges::count_if(engine_.Look(), &Process::IsPage); };
+    const auto renderers = [&] { return std::ranges::count_if(engine_.Snapshot(), &Process::IsPage); };
     // The engine keeps a spare renderer for the next page, and then starts another.
     const auto before = renderers();
     SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"open"));

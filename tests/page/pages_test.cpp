@@ -99,11 +99,11 @@ TEST_F(PageTest, CopiesListsAndDeletesFiles) {
 class DownloadPage : public PageTest {
   protected:
     void Serve(const WebExchange& exchange) {
-        if (exchange.Path() == "/text") return exchange.Answer("a text");
-        if (exchange.Path() == "/whole") return exchange.Answer(std::string(300'000, 'w'));
+        if (exchange.Path() == "/text") return exchange.Respond("a text");
+        if (exchange.Path() == "/whole") return exchange.Respond(std::string(300'000, 'w'));
         const std::string half(100'000, 's');
         exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n" + half);
-        if (exchange.Path() == "/endless") return exchange.StayOpen();
+        if (exchange.Path() == "/endless") return exchange.WaitForDisconnect();
         WaitFor([&] { return isNextPageLoaded_.load(); });
         exchange.Send(half);
     }

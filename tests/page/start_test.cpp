@@ -222,7 +222,7 @@ class WithoutAPage : public Start {
         EXPECT_TRUE(WaitFor([&] { return Reports("\\resource\\index.html\" does not exist"); }));
         EXPECT_TRUE(WaitFor([&] { return program_.Windows().empty(); }));
         EngineProcesses engine(program_.Mark());
-        EXPECT_TRUE(WaitFor([&] { return engine.Look().empty(); }));
+        EXPECT_TRUE(WaitFor([&] { return engine.Snapshot().empty(); }));
         EXPECT_EQ(program_.Quit(4), 4u);
     }
     bool Reports(std::string_view text) const {

@@ -13,7 +13,7 @@ TEST(ScriptObjects, WorkWithARealScriptEngine) {
     for (const wchar_t* text : {L"x", L"y", L"z"})
         CallMember(array.Get(), L"push", text);
     SetScriptProperty(object.Get(), L"list", Variant::Object(array.Get()));
-    ScriptBench bench(object.Get());
+    ScriptHost bench(object.Get());
     bench.Run(
         L"external.a = 1; external.b = 'two';"
         L"var seen = [external.a === 1, typeof external.A];"
@@ -105,7 +105,7 @@ TEST(ScriptObject, CopiesByReferenceValues) {
 
 // The same operations on objects of a script engine.
 TEST(ScriptValues, WorkWithObjectsOfARealEngine) {
-    ScriptBench bench(MakeCom<CObject>().Get());
+    ScriptHost bench(MakeCom<CObject>().Get());
     bench.Run(L"var bag = {text: 'x', add: function (a, b) { return a + '/' + b; }};");
     const Variant bag = bench.Evaluate(L"bag");
     ASSERT_EQ(ValueText(bag), "DISPATCH");

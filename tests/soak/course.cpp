@@ -40,18 +40,18 @@ bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& ste
     PumpUntil(
         [&] {
             last = read_();
-            return last.holdings.GrownSince(readings_[0].holdings).empty();
+            return last.counts.GrownSince(readings_[0].counts).empty();
         },
         kTimeout);
     Note(steps, std::move(last));
-    const std::string grown = readings_.back().holdings.GrownSince(readings_[0].holdings) + Risen();
+    const std::string grown = readings_.back().counts.GrownSince(readings_[0].counts) + Risen();
     std::printf("%s: %d, %s\n\n", name_, steps, grown.empty() ? "nothing grew" : grown.c_str());
     return grown.empty();
 }
 
 void Course::Note(int step, Reading reading) {
     std::printf("%s %d:", name_, step);
-    for (const auto& [what, count] : reading.holdings.Counts())
+    for (const auto& [what, count] : reading.counts.Counts())
         std::printf(" %s %ld,", what, count);
     for (const Level& level : reading.levels)
         std::printf(" %s %.0f,", level.what, level.amount);

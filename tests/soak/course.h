@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/leak_check.h"
+#include "tests/support/resource_counts.h"
 
 namespace tarvik {
 
@@ -18,7 +18,7 @@ struct Level {
 };
 
 struct Reading {
-    Holdings holdings;
+    ResourceCounts counts;
     std::vector<Level> levels;
 };
 

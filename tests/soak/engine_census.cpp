@@ -6,7 +6,7 @@
 #include "page_control/engine/launch.h"
 #include "tarvik/status.h"
 #include "tarvik/text.h"
-#include "tests/support/leak_check.h"
+#include "tests/support/resource_counts.h"
 
 namespace tarvik {
 
@@ -56,12 +56,12 @@ void EngineCensus::ForgetPage() {
 }
 
 Reading EngineCensus::Now() {
-    Reading reading = {Holdings::Now(),
+    Reading reading = {ResourceCounts::Now(),
                        {{"handles", static_cast<double>(CountHandles() - starts_), kHandlesRise},
                         {"memory KB", PrivateMemory(), kMemoryRise}}};
-    const auto processes = processes_.Look();
+    const auto processes = processes_.Snapshot();
     reading.levels.push_back({"processes", static_cast<double>(processes.size()), kProcessesRise});
-    reading.holdings.Add("folders", processes_.Folders());
+    reading.counts.Add("folders", processes_.CountFolders());
     if (!engine_) return reading;
     double memory = 0;
     for (const auto& process : processes)
@@ -72,7 +72,7 @@ Reading EngineCensus::Now() {
 }
 
 void EngineCensus::ReadPage(Reading& reading) {
-    reading.holdings.Add("targets", static_cast<long>(Targets(*engine_).size()));
+    reading.counts.Add("targets", static_cast<long>(Targets(*engine_).size()));
     engine_->Call(session_, "HeapProfiler.collectGarbage");
     const double heap = engine_->Call(session_, "Runtime.getHeapUsage").at("usedSize");
     const double documents = engine_->Call(session_, "Memory.getDOMCounters").at("documents");

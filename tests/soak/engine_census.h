@@ -27,7 +27,7 @@ class EngineCensus {
     Reading Now();
 
     // The processes and folders of the engine that still exist, as text; empty if there are none.
-    std::string Left() { return processes_.Left(); }
+    std::string Left() { return processes_.Remaining(); }
 
   private:
     void ReadPage(Reading& reading);

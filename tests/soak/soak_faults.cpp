@@ -134,8 +134,8 @@ class Subject {
 
     // Waits for the end of all its engines. Returns the problem, if there is one.
     std::string LeftOfEngine() {
-        if (WaitFor([this] { return engine.Left().empty(); }, kTimeout)) return {};
-        return "left behind: " + engine.Left();
+        if (WaitFor([this] { return engine.Remaining().empty(); }, kTimeout)) return {};
+        return "left behind: " + engine.Remaining();
     }
 
     Program program;
@@ -194,7 +194,9 @@ class Faults {
     std::string KillEngine() {
         Subject subject(packed_);
         subject.program.Start();
-        const auto isStarted = [&] { return std::ranges::any_of(subject.engine.Look(), &Process::IsEngine); };
+        const auto isStarted = [&] {
+            return std::ranges::any_of(subject.engine.Snapshot(), &Process::IsEngine);
+        };
         if (!WaitFor(isStarted, kTimeout)) return "no engine is started";
         Sleep(Random(2000));
         const long shown = subject.Count("unpacked");
@@ -317,7 +319,7 @@ class Faults {
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    if (!tarvik::EngineProcesses::CanBeSeen()) {
+    if (!tarvik::EngineProcesses::AreVisible()) {
         std::printf("The engine's processes are visible under Wine only.\n");
         return 77;
     }

@@ -260,7 +260,7 @@ class Soak {
     }
 
   private:
-    static long CountThreads() { return Holdings::Now().Take("threads"); }
+    static long CountThreads() { return ResourceCounts::Now().Take("threads"); }
 
     // Wine caches some of these, and threads with their handles and memory.
     Reading Now() {
@@ -272,7 +272,7 @@ class Soak {
         }
         for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0),
                                          std::pair("threads", kThreadsRise)}) {
-            const auto count = static_cast<double>(reading.holdings.Take(what));
+            const auto count = static_cast<double>(reading.counts.Take(what));
             reading.levels.push_back({what, count, rise});
         }
         return reading;
@@ -323,7 +323,7 @@ class Soak {
     const Workspace workspace_;
     // Sends a file at once or slowly, a part of one, or an error.
     const WebServer server_{[](const WebExchange& exchange) {
-        if (exchange.Path() == "/none") return exchange.Answer("", "404 Not Found");
+        if (exchange.Path() == "/none") return exchange.Respond("", "404 Not Found");
         exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
         const bool isLate = exchange.Path() == "/late";
         for (int chunk = 0; chunk < (exchange.Path() == "/part" ? 3 : 10); ++chunk) {

@@ -13,7 +13,7 @@
 #include "script/worker_apartment.h"
 #include "tests/plugins/zip/archive_writer.h"
 #include "tests/soak/course.h"
-#include "tests/support/async_run.h"
+#include "tests/support/async_operation.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
 #include "tests/support/web_server.h"
@@ -135,13 +135,13 @@ OptionObject OptionsOf(const Operation& operation, Workspace& workspace, IDispat
     return options;
 }
 
-std::unique_ptr<AsyncRun> Start(const Operation& operation, Workspace& workspace) {
+std::unique_ptr<AsyncOperation> Start(const Operation& operation, Workspace& workspace) {
     const auto object = ObjectOf(operation, workspace);
-    return std::make_unique<AsyncRun>(object.Get(), operation.member,
-                                      OptionsOf(operation, workspace, object.Get()),
-                                      [cancel = operation.isCancelled](const Recorder::Record&) {
-                                          return cancel ? Variant::Bool(false) : Variant();
-                                      });
+    return std::make_unique<AsyncOperation>(object.Get(), operation.member,
+                                            OptionsOf(operation, workspace, object.Get()),
+                                            [cancel = operation.isCancelled](const Recorder::Record&) {
+                                                return cancel ? Variant::Bool(false) : Variant();
+                                            });
 }
 
 // Whether the right function was called once, and the other one not at all.
@@ -156,17 +156,17 @@ bool HasExpectedEnd(const Operation& operation, const std::string& text) {
 
 bool RunRound(std::mt19937& random, bool closesWindow) {
     Workspace workspace;
-    std::vector<std::pair<const Operation&, std::unique_ptr<AsyncRun>>> runs;
+    std::vector<std::pair<const Operation&, std::unique_ptr<AsyncOperation>>> runs;
     for (int i = 0; i < kRuns; ++i) {
         const Operation& operation = kOperations[random() % std::size(kOperations)];
         runs.emplace_back(operation, Start(operation, workspace));
     }
     if (closesWindow) workspace.CloseWindow();
-    const auto isOver = [](const auto& run) { return run.second->IsOver(); };
+    const auto isOver = [](const auto& run) { return run.second->IsComplete(); };
     bool good = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kTimeout);
     if (!good) std::printf("%d runs ended\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
     for (const auto& [operation, run] : runs)
-        good &= HasExpectedEnd(operation, run->End().text);
+        good &= HasExpectedEnd(operation, run->Result().text);
     return good;
 }
 
@@ -174,7 +174,7 @@ bool RunRound(std::mt19937& random, bool closesWindow) {
 Reading Settled() {
     constexpr double kCached = 5;  // the system caches a handle now and then; an operation would leak more
     PumpUntil([] { return false; }, std::chrono::milliseconds(300));
-    return {Holdings::Now(), {{"handles", static_cast<double>(CountHandles()), kCached}}};
+    return {ResourceCounts::Now(), {{"handles", static_cast<double>(CountHandles()), kCached}}};
 }
 
 int Soak(int rounds, unsigned seed) {

@@ -222,7 +222,7 @@ class Walks {
     Reading Now() {
         Reading reading = census_.Now();
         for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0)}) {
-            const auto count = static_cast<double>(reading.holdings.Take(what));
+            const auto count = static_cast<double>(reading.counts.Take(what));
             reading.levels.push_back({what, count, rise});
         }
         return reading;

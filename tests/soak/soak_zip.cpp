@@ -134,7 +134,7 @@ bool Soak(int runs) {
     const std::wstring dest = folder / L"out";
     int unpacked = 0;
     Course course("runs", [&] {
-        return Reading{Holdings::Now(),
+        return Reading{ResourceCounts::Now(),
                        {{"handles", static_cast<double>(CountHandles()), 0},
                         {"unpacked", static_cast<double>(unpacked), 1e9}}};
     });

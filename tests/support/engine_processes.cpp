@@ -73,7 +73,7 @@ std::wstring FolderIn(const std::string& command) {
 
 }  // namespace
 
-bool EngineProcesses::CanBeSeen() {
+bool EngineProcesses::AreVisible() {
     return FileExists(L"Z:\\proc\\self\\stat");
 }
 
@@ -85,7 +85,7 @@ bool EngineProcesses::BelongsToRun(const Process& process) const {
            Read(process.id, L"environ").find("TARVIK_TEST_RUN=" + mark_ + '\0') != std::string::npos;
 }
 
-std::vector<Process> EngineProcesses::Look() {
+std::vector<Process> EngineProcesses::Snapshot() {
     std::vector<Process> all = AllProcesses();
     auto others = std::partition(all.begin(), all.end(),
                                  [this](const Process& process) { return BelongsToRun(process); });
@@ -109,18 +109,18 @@ long EngineProcesses::MemoryOf(const Process& process) {
     return found == std::string::npos ? 0 : std::stol(status.substr(found + kOwn.size()));
 }
 
-long EngineProcesses::Folders() const {
+long EngineProcesses::CountFolders() const {
     return static_cast<long>(std::ranges::count_if(folders_, FileExists));
 }
 
-std::string EngineProcesses::Left() {
-    std::string left;
-    for (const Process& process : Look())
-        left += process.command.substr(0, 200) + "\n";
+std::string EngineProcesses::Remaining() {
+    std::string remaining;
+    for (const Process& process : Snapshot())
+        remaining += process.command.substr(0, 200) + "\n";
     for (const std::wstring& folder : folders_) {
-        if (FileExists(folder)) left += Narrow(folder) + "\n";
+        if (FileExists(folder)) remaining += Narrow(folder) + "\n";
     }
-    return left;
+    return remaining;
 }
 
 bool Process::IsEngine() const {
@@ -134,7 +134,7 @@ bool Process::IsPage() const {
 
 void EngineProcesses::Signal(const std::wstring& name, bool (Process::*which)() const) {
     std::wstring line = L"Z:\\bin\\sh -c \"kill -" + name;
-    for (const Process& process : Look()) {
+    for (const Process& process : Snapshot()) {
         if ((process.*which)()) line += L" " + std::to_wstring(process.id);
     }
     line += L"\"";

@@ -14,7 +14,7 @@ class EngineProcesses {
     explicit EngineProcesses(std::string mark) : mark_(std::move(mark)) {}
 
     // Whether this runs under Wine, with access to /proc.
-    static bool CanBeSeen();
+    static bool AreVisible();
 
     struct Process {
         int id = 0;
@@ -26,17 +26,17 @@ class EngineProcesses {
         bool IsPage() const;
     };
     // The running processes. Later calls also find these, and their folder.
-    std::vector<Process> Look();
+    std::vector<Process> Snapshot();
     // The private memory of a process, in KB.
     static long MemoryOf(const Process& process);
     // The number of folders that exist.
-    long Folders() const;
-    // The processes and folders that Look has ever found and that still exist, as text; empty if there are
-    // none.
-    std::string Left();
+    long CountFolders() const;
+    // The processes and folders that Snapshot has ever found and that still exist, as text; empty if there
+    // are none.
+    std::string Remaining();
 
     void Kill(bool (Process::*which)() const) { Signal(L"KILL", which); }
-    void Stop(bool (Process::*which)() const) { Signal(L"STOP", which); }
+    void Suspend(bool (Process::*which)() const) { Signal(L"STOP", which); }
 
   private:
     void Signal(const std::wstring& name, bool (Process::*which)() const);

@@ -12,7 +12,8 @@ HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
     return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
 }
 
-Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::vector<Variant> arguments) {
+InvokeResult InvokeMember(IDispatch* object, const wchar_t* name, WORD flags,
+                          std::vector<Variant> arguments) {
     DISPID id = DISPID_UNKNOWN;
     if (const HRESULT status = IdOf(object, name, &id); FAILED(status)) return {status, {}};
     std::reverse(arguments.begin(), arguments.end());
@@ -21,17 +22,17 @@ Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::v
     const bool put = (flags & DISPATCH_PROPERTYPUT) != 0;
     DISPPARAMS parameters = {bits.data(), put ? &named : nullptr, static_cast<UINT>(bits.size()),
                              put ? 1u : 0u};
-    Outgoing out{};
+    InvokeResult out{};
     out.status =
         object->Invoke(id, IID_NULL, kScriptLocale, flags, &parameters, &out.value, nullptr, nullptr);
     return out;
 }
 
-Outgoing GetMember(IDispatch* object, const wchar_t* name) {
+InvokeResult GetMember(IDispatch* object, const wchar_t* name) {
     return InvokeMember(object, name, DISPATCH_PROPERTYGET, {});
 }
 
-Outgoing PutMember(IDispatch* object, const wchar_t* name, Argument value) {
+InvokeResult PutMember(IDispatch* object, const wchar_t* name, Argument value) {
     std::vector<Variant> arguments;
     arguments.push_back(std::move(value));
     return InvokeMember(object, name, DISPATCH_PROPERTYPUT, std::move(arguments));

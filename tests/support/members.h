@@ -25,7 +25,7 @@ struct Argument : Variant {
     Argument(Variant&& value) : Variant(std::move(value)) {}
 };
 
-struct Outgoing {
+struct InvokeResult {
     HRESULT status;
     Variant value;
 };
@@ -33,18 +33,18 @@ struct Outgoing {
 HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id);
 
 // Invokes a member with arguments in the order of script, and with a result slot.
-Outgoing InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::vector<Variant> arguments);
+InvokeResult InvokeMember(IDispatch* object, const wchar_t* name, WORD flags, std::vector<Variant> arguments);
 
 template <class... Args>
-Outgoing CallMember(IDispatch* object, const wchar_t* name, Args&&... args) {
+InvokeResult CallMember(IDispatch* object, const wchar_t* name, Args&&... args) {
     std::vector<Variant> arguments;
     (arguments.push_back(Argument(std::forward<Args>(args))), ...);
     return InvokeMember(object, name, DISPATCH_METHOD, std::move(arguments));
 }
 
-Outgoing GetMember(IDispatch* object, const wchar_t* name);
+InvokeResult GetMember(IDispatch* object, const wchar_t* name);
 
-Outgoing PutMember(IDispatch* object, const wchar_t* name, Argument value);
+InvokeResult PutMember(IDispatch* object, const wchar_t* name, Argument value);
 
 // A new CObject for options. Copies refer to the same object.
 class OptionObject {

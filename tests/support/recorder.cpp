@@ -15,8 +15,8 @@ STDMETHODIMP Recorder::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* p
     for (size_t i = 0; i < call.Count(); ++i)
         record.arguments.push_back(Variant::Copy(call.At(i)));
     calls.push_back(std::move(record));
-    Variant answer = answer_ ? answer_(calls.back()) : Variant();
-    if (result) answer.MoveInto(result);
+    Variant returned = handler_ ? handler_(calls.back()) : Variant();
+    if (result) returned.MoveInto(result);
     return S_OK;
 }
 

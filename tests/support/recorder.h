@@ -19,10 +19,10 @@ class Recorder : public CDispatchBase {
         std::vector<Variant> arguments;
         DWORD thread = 0;
     };
-    using Answer = std::function<Variant(const Record& call)>;
+    using Handler = std::function<Variant(const Record& call)>;
 
     Recorder() = default;
-    explicit Recorder(Answer answer) : answer_(std::move(answer)) {}
+    explicit Recorder(Handler handler) : handler_(std::move(handler)) {}
 
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
@@ -37,7 +37,7 @@ class Recorder : public CDispatchBase {
     std::vector<Record> calls;
 
   private:
-    Answer answer_;
+    Handler handler_;
 };
 
 // A value as text, with its type: "I4 5".

@@ -7,12 +7,12 @@
 
 #include "base/text.h"
 #include "tarvik/owners.h"
-#include "tests/support/async_run.h"
+#include "tests/support/async_operation.h"
 #include "tests/support/debug_channel.h"
-#include "tests/support/leak_check.h"
 #include "tests/support/members.h"
 #include "tests/support/recorder.h"
-#include "tests/support/script_bench.h"
+#include "tests/support/resource_counts.h"
+#include "tests/support/script_host.h"
 #include "tests/support/status_text.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
@@ -26,7 +26,7 @@ using testing::IsEmpty;
 using testing::MatchesRegex;
 
 // The result with its type, or the status of a failed call.
-inline std::string ResultText(const Outgoing& out) {
+inline std::string ResultText(const InvokeResult& out) {
     return out.status == S_OK ? ValueText(out.value) : StatusText(out.status);
 }
 template <class... Args>

@@ -56,14 +56,14 @@ bool WebExchange::Send(std::string_view bytes) const {
     return true;
 }
 
-void WebExchange::Answer(std::string_view body, std::string_view status) const {
+void WebExchange::Respond(std::string_view body, std::string_view status) const {
     // Without these headers, the system would keep the connection for a minute, and cache the body.
     constexpr char kHeaders[] = "\r\nConnection: close\r\nCache-Control: no-store\r\nContent-Length: ";
     Send("HTTP/1.1 " + std::string(status) + kHeaders + std::to_string(body.size()) + "\r\n\r\n");
     Send(body);
 }
 
-void WebExchange::StayOpen() const {
+void WebExchange::WaitForDisconnect() const {
     char bytes[256];
     while (recv(socket_, bytes, sizeof bytes, 0) > 0) {
     }
@@ -78,7 +78,7 @@ void WebExchange::ReadHead() {
         head_ += byte;
 }
 
-WebServer::WebServer(Answer answer) : answer_(std::move(answer)), listener_(BoundSocket(port_)) {
+WebServer::WebServer(Handler handler) : handler_(std::move(handler)), listener_(BoundSocket(port_)) {
     EXPECT_EQ(listen(listener_, SOMAXCONN), 0);
     accepting_ = std::thread([this] { Accept(); });
 }
@@ -111,7 +111,7 @@ void WebServer::Accept() {
 void WebServer::Serve(Connection& connection) const {
     WebExchange exchange(connection.socket);
     exchange.ReadHead();
-    answer_(exchange);
+    handler_(exchange);
     shutdown(connection.socket, SD_SEND);
     connection.isOver = true;
 }

@@ -25,9 +25,9 @@ class WebExchange {
     // False if the client has disconnected, or the server is being destroyed.
     bool Send(std::string_view bytes) const;
     // Sends a complete response.
-    void Answer(std::string_view body, std::string_view status = "200 OK") const;
+    void Respond(std::string_view body, std::string_view status = "200 OK") const;
     // Waits until the client disconnects, or the server is destroyed.
-    void StayOpen() const;
+    void WaitForDisconnect() const;
 
   private:
     friend class WebServer;
@@ -41,9 +41,9 @@ class WebExchange {
 // one request, on a thread of its own. The destructor aborts all connections.
 class WebServer {
   public:
-    using Answer = std::function<void(const WebExchange& exchange)>;
+    using Handler = std::function<void(const WebExchange& exchange)>;
 
-    explicit WebServer(Answer answer);
+    explicit WebServer(Handler handler);
     ~WebServer();
     WebServer(const WebServer&) = delete;
     WebServer& operator=(const WebServer&) = delete;
@@ -64,7 +64,7 @@ class WebServer {
     void Serve(Connection& connection) const;
     static bool Close(Connection& connection);  // waits for its thread; true
 
-    const Answer answer_;
+    const Handler handler_;
     WORD port_ = 0;
     SOCKET listener_;
     std::atomic<bool> ends_ = false;

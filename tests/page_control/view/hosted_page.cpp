@@ -62,7 +62,7 @@ ComPtr<IDispatch> HostedPage::Script() const {
 }
 
 std::wstring HostedPage::Ask(const std::wstring& expression) const {
-    const Outgoing answer = CallMember(Script().Get(), L"ask", expression.c_str());
+    const InvokeResult answer = CallMember(Script().Get(), L"ask", expression.c_str());
     return answer.value.Is(VT_BSTR) ? std::wstring(Bstr::View(answer.value.bstrVal)) : L"(no answer)";
 }
 

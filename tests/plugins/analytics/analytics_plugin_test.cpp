@@ -68,7 +68,7 @@ TEST_F(Analytics, LogsAHitThatDoesNotArrive) {
         EXPECT_EQ(Line(), failed) << begun;
     }
     {
-        const WebServer silent([](const WebExchange& exchange) { exchange.StayOpen(); });
+        const WebServer silent([](const WebExchange& exchange) { exchange.WaitForDisconnect(); });
         Page(PluginTo(silent.Port()).Get(), L"home");
         EXPECT_TRUE(PumpUntil([&] { return silent.Connections() > 0; }));
         EXPECT_EQ(channel_.texts.size(), lines_) << "sending does not block";

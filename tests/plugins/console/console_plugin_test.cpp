@@ -32,7 +32,7 @@ TEST_F(Console, WritesOnlyStrings) {
     EXPECT_THAT(Log(nullptr), HasStatus(S_OK));
     EXPECT_THAT(Log(plugin_.Get()), HasStatus(S_OK));
     EXPECT_THAT(Log(), HasStatus(E_FAIL));
-    const Outgoing read = GetMember(plugin_.Get(), L"log");
+    const InvokeResult read = GetMember(plugin_.Get(), L"log");
     EXPECT_THAT(read.status, HasStatus(S_OK));
     EXPECT_EQ(ValueText(read.value), "EMPTY");
     EXPECT_THAT(channel_.texts, IsEmpty());

@@ -32,7 +32,7 @@ TEST(CopyProgress, ReportsAtMostTheTotal) {
 }
 
 TEST(CopyProgress, CancelsForFalseAndForAnError) {
-    ScriptBench script(MakeCom<Recorder>().Get());
+    ScriptHost script(MakeCom<Recorder>().Get());
     const Variant context;
     for (const auto& [text, answer] : {std::pair(L"(function () { return 0; })", PROGRESS_CONTINUE),
                                        {L"(function () { return false; })", PROGRESS_CANCEL},

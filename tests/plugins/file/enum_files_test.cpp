@@ -13,14 +13,14 @@ class EnumFiles : public File {
 
     // The calls in order, with paths relative to the tree: "a.txt, UI4 32, R8 5.000000", and `completed`
     // last.
-    std::vector<std::string> List(const OptionObject& options, Recorder::Answer answer = {}) {
-        Ending ending = RunToEnd(plugin_.Get(), L"enumFiles", options, std::move(answer));
-        EXPECT_EQ(ending.result, "EMPTY");
+    std::vector<std::string> List(const OptionObject& options, Recorder::Handler handler = {}) {
+        Completion completion = RunToCompletion(plugin_.Get(), L"enumFiles", options, std::move(handler));
+        EXPECT_EQ(completion.result, "EMPTY");
         const std::string top = "BSTR " + Narrow(folder_ / L"tree") + "\\";
-        for (std::string& text : ending.progress)
+        for (std::string& text : completion.progress)
             if (text.starts_with(top)) text.erase(0, top.size());
-        ending.progress.push_back(ending.text);
-        return ending.progress;
+        completion.progress.push_back(completion.text);
+        return completion.progress;
     }
     OptionObject Tree() const { return OptionObject().Set(L"path", (folder_ / L"tree").c_str()); }
 

@@ -24,8 +24,8 @@ void RunUnixProgram(const std::string& command) {
 
 }  // namespace
 
-Ending File::Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
-                 bool replaceExisting) const {
+Completion File::Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
+                     bool replaceExisting) const {
     OptionObject options;
     options.Set(L"srcPath", src.c_str()).Set(L"destPath", dest.c_str());
     options.Set(L"replaceExisting", replaceExisting);

@@ -14,17 +14,18 @@ class File : public PluginsOfPage {
     // The result of a member call, which must succeed.
     template <class... Args>
     std::string CallFile(const wchar_t* member, Args&&... args) {
-        const Outgoing out = CallMember(plugin_.Get(), member, std::forward<Args>(args)...);
+        const InvokeResult out = CallMember(plugin_.Get(), member, std::forward<Args>(args)...);
         EXPECT_THAT(out.status, HasStatus(S_OK));
         return ValueText(out.value);
     }
 
     // Calls copyAsync or moveAsync.
-    Ending Run(const wchar_t* member, const OptionObject& options, Recorder::Answer progress = {}) const {
-        return RunToEnd(plugin_.Get(), member, options, std::move(progress));
+    Completion Run(const wchar_t* member, const OptionObject& options,
+                   Recorder::Handler progress = {}) const {
+        return RunToCompletion(plugin_.Get(), member, options, std::move(progress));
     }
-    Ending Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
-               bool replaceExisting = false) const;
+    Completion Run(const wchar_t* member, const std::wstring& src, const std::wstring& dest,
+                   bool replaceExisting = false) const;
 
     // The same path under another root: a move there counts as one between drives.
     static std::wstring OtherRoot(const std::wstring& path) { return L"\\\\?\\" + path; }

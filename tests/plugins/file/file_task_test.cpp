@@ -68,10 +68,10 @@ TEST_F(FileTasks, ReportsTheStatus) {
             const UniqueHandle lock = HoldFile(locked);
 
             const HRESULT status = copy ? row.copied : row.moved;
-            const Ending ending = Run(copy ? L"copyAsync" : L"moveAsync", place / row.src,
-                                      OtherRoot(place / row.dest), row.replace);
-            EXPECT_EQ(ending.result, "BOOL true");
-            EXPECT_EQ(ending.text, status == S_OK ? kSuccess : FailText(status));
+            const Completion completion = Run(copy ? L"copyAsync" : L"moveAsync", place / row.src,
+                                              OtherRoot(place / row.dest), row.replace);
+            EXPECT_EQ(completion.result, "BOOL true");
+            EXPECT_EQ(completion.text, status == S_OK ? kSuccess : FailText(status));
             if (status == S_OK) {
                 EXPECT_EQ(FileExists(place / row.src), copy);
                 EXPECT_TRUE(FileExists(place / row.dest));
@@ -93,7 +93,7 @@ TEST_F(FileTasks, MovesATreeToAnotherRoot) {
 
 TEST_F(FileTasks, RenamesWithinARoot) {
     const auto before = Tree();
-    const Ending renamed = Run(L"moveAsync", L"tree", L"renamed");
+    const Completion renamed = Run(L"moveAsync", L"tree", L"renamed");
     EXPECT_EQ(renamed.text, kSuccess);
     EXPECT_THAT(renamed.progress, IsEmpty());
     EXPECT_EQ(Tree(L"renamed"), before);

@@ -25,8 +25,8 @@ class Transfer : public PluginsOfPage {
         native->Seek(0, TVK::kFromBegin, nullptr);
         return stream;
     }
-    Ending Run(const wchar_t* member, const OptionObject& options, Recorder::Answer answer = {}) const {
-        return RunToEnd(plugin_.Get(), member, options, std::move(answer));
+    Completion Run(const wchar_t* member, const OptionObject& options, Recorder::Handler handler = {}) const {
+        return RunToCompletion(plugin_.Get(), member, options, std::move(handler));
     }
 
     ComPtr<IDispatch> plugin_ = Plugin(L"fileIO");
@@ -36,7 +36,7 @@ TEST_F(Transfer, ReadsInChunks) {
     const std::string content = std::string(kChunkSize, 'a') + std::string(kChunkSize, 'b') + "end";
     Call(L"open", folder_.Write(L"file", content).c_str(), L"r");
     std::string read;
-    const Ending end = Run(L"readAsync", Options(1'000'000), [&](const Recorder::Record& call) {
+    const Completion end = Run(L"readAsync", Options(1'000'000), [&](const Recorder::Record& call) {
         const auto chunk = Query<TVK::IStream>(call.arguments[0].pdispVal);
         read.append(reinterpret_cast<const char*>(chunk->GetBuffer()), chunk->GetSize());
         return Variant();
@@ -52,7 +52,7 @@ TEST_F(Transfer, WritesInChunksAndPadsTheLast) {
     const std::wstring path = folder_ / L"file";
     Call(L"open", path.c_str(), L"wc");
     OptionObject options = Options(static_cast<ULONG>(content.size()));
-    const Ending end = Run(L"writeAsync", options.Set(L"src", StreamOf(content)));
+    const Completion end = Run(L"writeAsync", options.Set(L"src", StreamOf(content)));
     EXPECT_TRUE(ReadFileBytes(path) == content);
     EXPECT_THAT(end.progress, ElementsAre("BSTR mine", "BSTR mine"));
     Call(L"open", path.c_str(), L"wc");
@@ -64,7 +64,7 @@ TEST_F(Transfer, WritesInChunksAndPadsTheLast) {
 TEST_F(Transfer, IsCancelledByProgress) {
     Call(L"open", folder_.Write(L"file", std::string(3 * kChunkSize, 'a')).c_str(), L"r");
     const auto cancel = [](const Recorder::Record&) { return Variant::Bool(false); };
-    const Ending cancelled = Run(L"readAsync", Options(3 * kChunkSize), cancel);
+    const Completion cancelled = Run(L"readAsync", Options(3 * kChunkSize), cancel);
     EXPECT_EQ(cancelled.progress.size(), 1u);
     EXPECT_EQ(cancelled.text, "");
     EXPECT_EQ(ValueText(Call(L"seek", 0, 1)), "R8 65536.000000") << "the position is shared";
@@ -81,7 +81,7 @@ TEST_F(Transfer, KeepsItsFile) {
     Call(L"open", (folder_ / L"first").c_str(), L"wc");
     const auto open = [&](const Recorder::Record&) { return Call(L"open", other.c_str(), L"rw"); };
     const OptionObject options = Options(2 * kChunkSize);
-    const Ending end =
+    const Completion end =
         Run(L"writeAsync", options.Set(L"src", StreamOf(std::string(2 * kChunkSize, 'a'))), open);
     EXPECT_EQ(end.text, FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), kContext));
     Call(L"close");

@@ -10,7 +10,7 @@ namespace {
 class Hash : public testing::Test {
   protected:
     ComPtr<IDispatch> Make(const wchar_t* algorithm) {
-        const Outgoing made = CallMember(plugin_.Get(), algorithm);
+        const InvokeResult made = CallMember(plugin_.Get(), algorithm);
         EXPECT_THAT(made.status, HasStatus(S_OK));
         return made.value.pdispVal;
     }
@@ -49,7 +49,7 @@ TEST_F(Hash, ReturnsThePublishedDigests) {
 
 TEST_F(Hash, IgnoresTextsAfterFinish) {
     const auto hash = Make(L"md5");
-    const Outgoing added = CallMember(hash.Get(), L"addData", L"a");
+    const InvokeResult added = CallMember(hash.Get(), L"addData", L"a");
     EXPECT_EQ(added.value.pdispVal, hash.Get());
     CallMember(hash.Get(), L"addData", L"bc");
     EXPECT_EQ(GetText(hash.Get(), L"finish"), StatusText(E_NOTIMPL)) << "finish is no property";

@@ -24,11 +24,11 @@ class Download : public Http {
     OptionObject Options(const std::wstring& url, const wchar_t* name = L"got") const {
         return OptionObject().Set(L"url", url.c_str()).Set(L"destPath", name).Set(L"context", 7);
     }
-    Ending Run(const std::wstring& url, Recorder::Answer answer = {}) const {
-        return RunToEnd(client_.Get(), L"downloadToFile", Options(url), std::move(answer));
+    Completion Run(const std::wstring& url, Recorder::Handler handler = {}) const {
+        return RunToCompletion(client_.Get(), L"downloadToFile", Options(url), std::move(handler));
     }
-    std::unique_ptr<AsyncRun> Start(const std::wstring& url, const wchar_t* name) const {
-        return std::make_unique<AsyncRun>(client_.Get(), L"downloadToFile", Options(url, name));
+    std::unique_ptr<AsyncOperation> Start(const std::wstring& url, const wchar_t* name) const {
+        return std::make_unique<AsyncOperation>(client_.Get(), L"downloadToFile", Options(url, name));
     }
     bool Exists() const { return FileExists(got_); }
 
@@ -43,11 +43,11 @@ TEST_F(Download, StoresABodyOfAnySizeAndReportsEachChunk) {
         std::string head;
         const WebServer server([&](const WebExchange& exchange) {
             head = exchange.Head();
-            exchange.Answer(body);
+            exchange.Respond(body);
         });
         bool wasClosed = false;
         ULONG reported = 0;
-        const Ending end = Run(server.Url(L"a?b=c"), [&](const Recorder::Record& call) {
+        const Completion end = Run(server.Url(L"a?b=c"), [&](const Recorder::Record& call) {
             EXPECT_GT(call.arguments[0].ulVal, reported);
             EXPECT_LE(call.arguments[0].ulVal - reported, kChunkSize);
             reported = call.arguments[0].ulVal;
@@ -97,7 +97,7 @@ TEST_F(Download, ReadsContentLengthBytes) {
 
 TEST_F(Download, FollowsRedirects) {
     const WebServer server([](const WebExchange& exchange) {
-        if (exchange.Path() == "/new") return exchange.Answer("moved");
+        if (exchange.Path() == "/new") return exchange.Respond("moved");
         exchange.Send("HTTP/1.1 302 Found\r\nLocation: /new\r\nContent-Length: 4\r\n\r\nnone");
     });
     EXPECT_EQ(Run(server.Url(L"old")).text, kDone);
@@ -112,7 +112,7 @@ TEST_F(Download, ReportsTheReasonOfAFailure) {
     EXPECT_THAT(Run(dumb.Url()).text, testing::StartsWith("fail: I4 -2147"));
     EXPECT_FALSE(Exists());
 
-    const WebServer server([](const WebExchange& exchange) { exchange.Answer("body"); });
+    const WebServer server([](const WebExchange& exchange) { exchange.Respond("body"); });
     folder_.Write(L"got", "in use");
     {
         const UniqueHandle lock = HoldFile(got_);
@@ -120,8 +120,8 @@ TEST_F(Download, ReportsTheReasonOfAFailure) {
     }
     EXPECT_EQ(ReadFileBytes(got_), "in use");
     for (const wchar_t* missing : {L"url", L"destPath"}) {
-        const Ending end =
-            RunToEnd(client_.Get(), L"downloadToFile", Options(server.Url()).Set(missing, L""));
+        const Completion end =
+            RunToCompletion(client_.Get(), L"downloadToFile", Options(server.Url()).Set(missing, L""));
         EXPECT_EQ(end.result, "BOOL false");
         EXPECT_EQ(end.text, FailText(E_INVALIDARG, "I4 7"));
     }
@@ -129,19 +129,19 @@ TEST_F(Download, ReportsTheReasonOfAFailure) {
 
 TEST_F(Download, IsCancelledByProgress) {
     const std::string body = BodyOf(3 * kChunkSize);
-    const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
+    const WebServer server([&](const WebExchange& exchange) { exchange.Respond(body); });
     const auto cancel = [](const Recorder::Record&) { return Variant::Bool(false); };
-    const Ending first = Run(server.Url(), cancel);
+    const Completion first = Run(server.Url(), cancel);
     EXPECT_EQ(first.progress.size(), 1u);
     EXPECT_EQ(first.text, "") << "a cancel is silent";
     EXPECT_FALSE(Exists());
-    const Ending last = Run(server.Url(), [&](const Recorder::Record& call) {
+    const Completion last = Run(server.Url(), [&](const Recorder::Record& call) {
         return Variant::Bool(call.arguments[0].ulVal < body.size());
     });
     EXPECT_EQ(last.text, "");
     EXPECT_TRUE(ReadFileBytes(got_) == body) << "the file was complete";
 
-    ScriptBench script(client_.Get());
+    ScriptHost script(client_.Get());
     const auto fail = MakeCom<Recorder>();
     const OptionObject options = Options(server.Url()).Set(L"fail", fail);
     options.Set(L"progress", script.Evaluate(L"(function () { throw new Error('no'); })"));
@@ -155,12 +155,12 @@ TEST_F(Download, IsCancelledByProgress) {
 
 TEST_F(Download, ContinuesWithoutItsPage) {
     const std::string body = BodyOf(3 * kChunkSize);
-    const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body); });
+    const WebServer server([&](const WebExchange& exchange) { exchange.Respond(body); });
     const auto success = MakeCom<Recorder>();
     const OptionObject options = Options(server.Url()).Set(L"success", success);
     const long before = liveComObjects;
     {
-        ScriptBench script(client_.Get());
+        ScriptHost script(client_.Get());
         options.Set(L"progress", script.Evaluate(L"(function () { return false; })"));
         CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
     }  // before this thread serves the first call
@@ -173,28 +173,29 @@ TEST_F(Download, RunsAHundredAtOnce) {
     constexpr int kDownloads = 100;
     const std::string body = BodyOf(3 * kChunkSize);
     const auto downloadAll = [&] {
-        const WebServer server([&](const WebExchange& exchange) { exchange.Answer(body + exchange.Path()); });
-        std::vector<std::unique_ptr<AsyncRun>> downloads;
+        const WebServer server(
+            [&](const WebExchange& exchange) { exchange.Respond(body + exchange.Path()); });
+        std::vector<std::unique_ptr<AsyncOperation>> downloads;
         for (int i = 0; i < kDownloads; ++i) {
             const std::wstring name = std::to_wstring(i);
             downloads.push_back(Start(server.Url(name), name.c_str()));
         }
-        const auto isOver = [](const auto& download) { return download->IsOver(); };
+        const auto isOver = [](const auto& download) { return download->IsComplete(); };
         EXPECT_TRUE(PumpUntil([&] { return std::ranges::all_of(downloads, isOver); }));
         for (int i = 0; i < kDownloads; ++i) {
-            EXPECT_EQ(downloads[i]->End().text, kDone);
+            EXPECT_EQ(downloads[i]->Result().text, kDone);
             EXPECT_TRUE(ReadFileBytes(folder_ / std::to_wstring(i)) == body + "/" + std::to_string(i));
         }
     };
-    const auto countThreads = [] { return Holdings::Now().Take("threads"); };
+    const auto countThreads = [] { return ResourceCounts::Now().Take("threads"); };
     const long threads = countThreads();
     downloadAll();  // the system creates threads that it keeps
     EXPECT_TRUE(PumpUntil([&] { return countThreads() < threads + kDownloads / 2; }));
-    const Holdings before = Holdings::Now();
+    const ResourceCounts before = ResourceCounts::Now();
     const long handles = CountHandles();
     downloadAll();
-    EXPECT_TRUE(PumpUntil([&] { return Holdings::Now().GrownSince(before).empty(); }))
-        << Holdings::Now().GrownSince(before);
+    EXPECT_TRUE(PumpUntil([&] { return ResourceCounts::Now().GrownSince(before).empty(); }))
+        << ResourceCounts::Now().GrownSince(before);
     EXPECT_LT(CountHandles(), handles + kDownloads) << "one for each download";
 }
 
@@ -202,15 +203,15 @@ TEST_F(Download, TimesOutIfTheServerStopsSending) {
     constexpr ULONGLONG kTimeout = 30'000;
     const WebServer server([](const WebExchange& exchange) {
         if (exchange.Path() == "/begun") exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc");
-        exchange.StayOpen();
+        exchange.WaitForDisconnect();
     });
     const ULONGLONG start = GetTickCount64();
     const auto silent = Start(server.Url(L"silent"), L"silent"),
                begun = Start(server.Url(L"begun"), L"begun");
-    EXPECT_TRUE(PumpUntil([&] { return silent->IsOver() && begun->IsOver(); }));
+    EXPECT_TRUE(PumpUntil([&] { return silent->IsComplete() && begun->IsComplete(); }));
     EXPECT_GE(GetTickCount64() - start, kTimeout - 1'000);
     for (const auto& download : {silent.get(), begun.get()})
-        EXPECT_THAT(download->End().text, testing::StartsWith("fail: I4 -2147"));
+        EXPECT_THAT(download->Result().text, testing::StartsWith("fail: I4 -2147"));
     EXPECT_FALSE(FileExists(folder_ / L"begun"));
 }
 

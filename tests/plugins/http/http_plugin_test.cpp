@@ -40,8 +40,8 @@ TEST_F(Http, RejectsInvalidCalls) {
 
 TEST_F(Http, CreatesTheRequestsOfTheSystem) {
     const WebServer server(
-        [](const WebExchange& exchange) { exchange.Answer("body of " + exchange.Path()); });
-    const Outgoing request = CallMember(plugin_.Get(), L"createXmlHttp");
+        [](const WebExchange& exchange) { exchange.Respond("body of " + exchange.Path()); });
+    const InvokeResult request = CallMember(plugin_.Get(), L"createXmlHttp");
     ASSERT_EQ(ResultText(request), "DISPATCH");
     CallMember(request.value.pdispVal, L"open", L"GET", server.Url(L"it").c_str(), false);
     CallMember(request.value.pdispVal, L"send");

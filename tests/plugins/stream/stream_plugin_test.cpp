@@ -168,7 +168,7 @@ TEST_F(Stream, CopyToKeepsItsPosition) {
 TEST_F(Stream, IsUnchangedByInvalidArguments) {
     Fill("abc");
     Call(L"seek", 1, 0);
-    const std::pair<const wchar_t*, Outgoing> wrong[] = {
+    const std::pair<const wchar_t*, InvokeResult> wrong[] = {
         {L"copyTo", CallMember(stream_.Get(), L"copyTo", stream_, 0)},
         {L"origin", CallMember(stream_.Get(), L"seek", 0, 3)},
         {L"seek", CallMember(stream_.Get(), L"seek", -1, 0)},

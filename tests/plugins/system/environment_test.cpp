@@ -30,7 +30,7 @@ TEST_F(System, PublishesTheSpecialFoldersInTheEnvironment) {
     const Environment stale(L"DESKTOP", L"stale");
     const auto published = [this](const wchar_t* name) {
         const auto plugin = Plugin(L"system");
-        const Outgoing value = CallMember(plugin.Get(), L"getEnvirVar", name);
+        const InvokeResult value = CallMember(plugin.Get(), L"getEnvirVar", name);
         return value.value.Is(VT_BSTR) ? std::wstring(Bstr::View(value.value.bstrVal)) : L"no text";
     };
     for (const wchar_t* name :
@@ -73,7 +73,7 @@ TEST_F(System, ChecksForAnAdministratorWithoutLeaks) {
 }
 
 TEST_F(System, ReturnsTheCommandLine) {
-    const Outgoing args = GetMember(plugin_.Get(), L"cmdArgs");
+    const InvokeResult args = GetMember(plugin_.Get(), L"cmdArgs");
     ASSERT_TRUE(args.value.Is(VT_DISPATCH));
     EXPECT_THAT(CallText(args.value.pdispVal, L"getOrgArg", 0), HasSubstr("test_system"));
 

@@ -85,7 +85,7 @@ TEST_F(Shortcuts, ContainTheGivenOptions) {
     EXPECT_EQ(link.icon, folder_ / L"inner\\some.ico");
     EXPECT_EQ(link.iconIndex, 3);
 
-    const Outgoing parsed = CallMember(plugin_.Get(), L"parseShortcut", (folder_ / L"full.lnk").c_str());
+    const InvokeResult parsed = CallMember(plugin_.Get(), L"parseShortcut", (folder_ / L"full.lnk").c_str());
     ASSERT_TRUE(parsed.value.Is(VT_DISPATCH));
     EXPECT_EQ(ResultText(GetMember(parsed.value.pdispVal, L"path")), "BSTR " + Narrow(target));
     EXPECT_EQ(ResultText(GetMember(parsed.value.pdispVal, L"args")), "BSTR -a \"b \xe6\xbc\xa2\"");
@@ -107,7 +107,7 @@ TEST_F(Shortcuts, OfOtherProgramsAreParsed) {
         return CallMember(plugin_.Get(), L"parseShortcut", folder_.Write(L"link", bytes).c_str());
     };
     for (const std::string& whole : {link.upToTexts + link.blocks, link.upToTexts}) {
-        const Outgoing parsed = parse(whole);
+        const InvokeResult parsed = parse(whole);
         ASSERT_EQ(ResultText(parsed), "DISPATCH");
         EXPECT_EQ(GetText(parsed.value.pdispVal, L"path"), "BSTR C:\\windows\\notepad.exe");
         EXPECT_EQ(GetText(parsed.value.pdispVal, L"args"), "BSTR -a \xe6\xbc\xa2");

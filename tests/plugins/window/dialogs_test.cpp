@@ -47,7 +47,7 @@ class Dialogs : public WindowPluginTest {
 
     // Calls a member while `user` drives its dialogs.
     std::string RunDialog(const wchar_t* member, IDispatch* options, const std::function<void(HWND)>& user) {
-        Outgoing answer{};
+        InvokeResult answer{};
         AnswerDialogs([&] { answer = CallMember(plugin_.Get(), member, options); }, user);
         EXPECT_THAT(answer.status, HasStatus(S_OK));
         answer_ = std::move(answer.value);

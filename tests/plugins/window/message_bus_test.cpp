@@ -43,7 +43,7 @@ class Endpoint {
   public:
     explicit Endpoint(const std::wstring& page) : window_(browser_->CreateHidden(nullptr, page.c_str())) {
         browser_->GetPlugin(L"window", plugin_.GetAddressOf());
-        const Outgoing msg = GetMember(plugin_.Get(), L"msg");
+        const InvokeResult msg = GetMember(plugin_.Get(), L"msg");
         msg_ = msg.value.vt == VT_DISPATCH ? msg.value.pdispVal : nullptr;
     }
     ~Endpoint() { Close(); }
@@ -63,8 +63,8 @@ class Endpoint {
         return CallText(Msg(), member, std::forward<Args>(args)...);
     }
     // Registers a function for a message, with the context "in".
-    ComPtr<Recorder> On(const wchar_t* name, Recorder::Answer answer = {}) const {
-        const auto function = MakeCom<Recorder>(std::move(answer));
+    ComPtr<Recorder> On(const wchar_t* name, Recorder::Handler handler = {}) const {
+        const auto function = MakeCom<Recorder>(std::move(handler));
         EXPECT_EQ(Call(L"registerMsg", name, function, L"in"), "BOOL true");
         return function;
     }

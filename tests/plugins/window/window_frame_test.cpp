@@ -131,9 +131,9 @@ TEST_F(Frame, KeepsItsShape) {
     EXPECT_THAT(frame_.ShapeImage(folder_.Write(L"text.bmp", "no picture").c_str()), HasStatus(E_INVALIDARG));
     EXPECT_FALSE(frame_.IsShaped());
     composition_.enabled = true;
-    Holdings before;
+    ResourceCounts before;
     for (const LONG size : {60, 50, 40}) {
-        if (size == 50) before = Holdings::Now();
+        if (size == 50) before = ResourceCounts::Now();
         std::vector<uint32_t> pixels(static_cast<size_t>(size) * size, 0);
         pixels[0] = 0xFFFFFF;
         EXPECT_THAT(frame_.ShapeImage(WriteBitmap(pixels, size).c_str()), HasStatus(S_OK));
@@ -143,7 +143,7 @@ TEST_F(Frame, KeepsItsShape) {
         EXPECT_EQ(GetWindowRgn(window_.Get(), static_cast<HRGN>(region.Get())), COMPLEXREGION);
         EXPECT_FALSE(PtInRegion(static_cast<HRGN>(region.Get()), 0, 0));
     }
-    EXPECT_EQ(Holdings::Now().GrownSince(before), "");
+    EXPECT_EQ(ResourceCounts::Now().GrownSince(before), "");
     EXPECT_NE(HitAtEdge(), HTLEFT);
     EXPECT_THAT(frame_.SetCaption(true), HasStatus(E_FAIL));
     EXPECT_THAT(frame_.SetResizable(true), HasStatus(E_FAIL));

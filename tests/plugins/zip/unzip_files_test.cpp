@@ -120,9 +120,9 @@ TEST_F(Unzip, FailsAtARejectedMemberUnlessProgressSkipsIt) {
         const OptionObject options = OptionsFor(WriteArchive({{"good", "1"}, member, {"other", "2"}}));
         auto expected = ReadTree(folder_.Path());
         expected.emplace_back(u8"out/good", "1");
-        const Ending ending = Run(options);
-        EXPECT_EQ(ending.text, UnzipFailText(E_FAIL));
-        EXPECT_THAT(ending.progress, ElementsAre("BSTR good", HasSubstr("BSTR good, "), call));
+        const Completion completion = Run(options);
+        EXPECT_EQ(completion.text, UnzipFailText(E_FAIL));
+        EXPECT_THAT(completion.progress, ElementsAre("BSTR good", HasSubstr("BSTR good, "), call));
         EXPECT_EQ(ReadTree(folder_.Path()), expected);
 
         expected.emplace_back(u8"out/other", "2");

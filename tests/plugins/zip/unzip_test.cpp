@@ -46,9 +46,9 @@ TEST_F(Unzip, ReportsMembersAndData) {
     const std::string content(70'000, 'x');
     const OptionObject options =
         OptionsFor(WriteArchive({{"d/", ""}, {"d/long", content}, {"stored", content, 0}, {"e", ""}}));
-    const Ending ending = Run(options.Set(L"context", L"c"));
-    EXPECT_EQ(ending.text, "success: BSTR c");
-    EXPECT_THAT(ending.progress,
+    const Completion completion = Run(options.Set(L"context", L"c"));
+    EXPECT_EQ(completion.text, "success: BSTR c");
+    EXPECT_THAT(completion.progress,
                 ElementsAre("BSTR d/", "BSTR d/long", "BSTR d/long, UI4 140000, UI4 32768, BSTR c",
                             "BSTR d/long, UI4 140000, UI4 65536, BSTR c",
                             "BSTR d/long, UI4 140000, UI4 70000, BSTR c", "BSTR stored",

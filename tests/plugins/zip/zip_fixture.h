@@ -23,13 +23,13 @@ class Unzip : public testing::Test {
         EXPECT_TRUE(PumpUntil([&] { return liveComObjects == objectsBefore_; }));
     }
 
-    Ending RunMember(const wchar_t* member, const OptionObject& options, Recorder::Answer answer) {
-        Ending ending = RunToEnd(plugin_.Get(), member, options, std::move(answer));
-        EXPECT_NE(ending.text, "");
-        return ending;
+    Completion RunMember(const wchar_t* member, const OptionObject& options, Recorder::Handler handler) {
+        Completion completion = RunToCompletion(plugin_.Get(), member, options, std::move(handler));
+        EXPECT_NE(completion.text, "");
+        return completion;
     }
-    Ending Run(const OptionObject& options, Recorder::Answer answer = {}) {
-        return RunMember(L"unzip", options, std::move(answer));
+    Completion Run(const OptionObject& options, Recorder::Handler handler = {}) {
+        return RunMember(L"unzip", options, std::move(handler));
     }
 
     // Options that extract an archive from a file to Dest().
@@ -38,8 +38,8 @@ class Unzip : public testing::Test {
         return options.Set(L"src", folder_.Write(L"archive.zip", archive).c_str())
             .Set(L"dest", Dest().c_str());
     }
-    Ending RunOn(const std::string& archive, Recorder::Answer answer = {}) {
-        return Run(OptionsFor(archive), std::move(answer));
+    Completion RunOn(const std::string& archive, Recorder::Handler handler = {}) {
+        return Run(OptionsFor(archive), std::move(handler));
     }
     std::wstring Dest() const { return folder_ / L"out"; }
 
@@ -60,8 +60,8 @@ inline std::vector<std::string> EntryNames(const std::string& archive) {
 // Calls zip as a script does, until the task has ended. The sources are in Source().
 class Zip : public Unzip {
   protected:
-    Ending Pack(const OptionObject& options, Recorder::Answer answer = {}) {
-        return RunMember(L"zip", options, std::move(answer));
+    Completion Pack(const OptionObject& options, Recorder::Handler handler = {}) {
+        return RunMember(L"zip", options, std::move(handler));
     }
     OptionObject PackingOf(const std::wstring& source) const {
         return OptionObject().Set(L"src", source.c_str()).Set(L"dest", Archive().c_str());

@@ -18,15 +18,15 @@ ComPtr<CArray> ArrayOf(Elements&&... elements) {
 TEST_F(Zip, ReportsEveryWriteWithItsEntry) {
     const std::wstring first = folder_.Write(L"source\\a.txt", "12345");
     const std::wstring second = folder_.Write(L"source\\b.txt", "123");
-    const Ending ending = Pack(PackingOf(Source()).Set(L"context", L"c"));
-    EXPECT_EQ(ending.text, "success: BSTR c");
+    const Completion completion = Pack(PackingOf(Source()).Set(L"context", L"c"));
+    EXPECT_EQ(completion.text, "success: BSTR c");
     const auto call = [](const std::wstring& path) {
         return "BSTR " + Narrow(path) + ", UI8 8, UI8 0, BSTR c";
     };
     // A header, its name, the data, the header again; after the last entry the directory and its end.
     std::vector<std::string> expected(4, call(first));
     expected.insert(expected.end(), 6, call(second));
-    EXPECT_EQ(ending.progress, expected);
+    EXPECT_EQ(completion.progress, expected);
 }
 
 TEST_F(Zip, StopsOnlyIfProgressReturnsFalse) {
@@ -41,7 +41,7 @@ TEST_F(Zip, StopsOnlyIfProgressReturnsFalse) {
     const size_t calls = run(Variant()).progress.size();
     for (size_t last = 1; last <= calls; ++last) {
         size_t call = 0;
-        const Ending stopped =
+        const Completion stopped =
             Pack(options, [&](const Recorder::Record&) { return Variant::Bool(++call != last); });
         EXPECT_EQ(stopped.text, FailText(E_FAIL)) << last << " of " << calls;
         EXPECT_EQ(stopped.progress.size(), last);

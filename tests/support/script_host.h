@@ -12,12 +12,12 @@ namespace tarvik {
 
 // Runs script in this process with the system's engine: JavaScript as of 1999, and JSON. `external` is a
 // global variable of the script.
-class ScriptBench {
+class ScriptHost {
   public:
-    explicit ScriptBench(IDispatch* external);
-    ~ScriptBench();
-    ScriptBench(const ScriptBench&) = delete;
-    ScriptBench& operator=(const ScriptBench&) = delete;
+    explicit ScriptHost(IDispatch* external);
+    ~ScriptHost();
+    ScriptHost(const ScriptHost&) = delete;
+    ScriptHost& operator=(const ScriptHost&) = delete;
 
     // Runs statements; a script error fails the test. False after an error.
     bool Run(const wchar_t* text);

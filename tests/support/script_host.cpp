@@ -1,4 +1,4 @@
-#include "tests/support/script_bench.h"
+#include "tests/support/script_host.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ constexpr LONG kWithJson = 2;
 
 }  // namespace
 
-class ScriptBench::Site : public ComObject<IActiveScriptSite> {
+class ScriptHost::Site : public ComObject<IActiveScriptSite> {
   public:
     explicit Site(IDispatch* external) : external_(external) {}
 
@@ -52,7 +52,7 @@ class ScriptBench::Site : public ComObject<IActiveScriptSite> {
     ComPtr<IDispatch> external_;
 };
 
-ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
+ScriptHost::ScriptHost(IDispatch* external) : site_(MakeCom<Site>(external)) {
     if (FAILED(CoCreateInstance(kJScript, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IActiveScript),
                                 reinterpret_cast<void**>(engine_.GetAddressOf())))) {
         ADD_FAILURE() << "the script engine cannot be created";
@@ -69,29 +69,29 @@ ScriptBench::ScriptBench(IDispatch* external) : site_(MakeCom<Site>(external)) {
     engine_->SetScriptState(SCRIPTSTATE_CONNECTED);
 }
 
-ScriptBench::~ScriptBench() {
+ScriptHost::~ScriptHost() {
     if (engine_) engine_->Close();
 }
 
-HRESULT ScriptBench::Parse(const wchar_t* text, DWORD flags, VARIANT* result) {
+HRESULT ScriptHost::Parse(const wchar_t* text, DWORD flags, VARIANT* result) {
     const auto parser = Query<IActiveScriptParse>(engine_.Get());
     return parser ? parser->ParseScriptText(text, nullptr, nullptr, nullptr, 0, 0, flags, result, nullptr)
                   : E_NOINTERFACE;
 }
 
-bool ScriptBench::Run(const wchar_t* text) {
+bool ScriptHost::Run(const wchar_t* text) {
     const HRESULT status = Parse(text, SCRIPTTEXT_ISVISIBLE, nullptr);
     EXPECT_GE(status, 0) << "script error, " << site_->lastError;
     return SUCCEEDED(status);
 }
 
-Variant ScriptBench::Evaluate(const wchar_t* expression) {
+Variant ScriptHost::Evaluate(const wchar_t* expression) {
     Variant value;
     if (FAILED(Parse(expression, SCRIPTTEXT_ISEXPRESSION, &value))) value.Clear();
     return value;
 }
 
-int ScriptBench::Errors() const {
+int ScriptHost::Errors() const {
     return site_->errors;
 }
 

@@ -12,22 +12,23 @@ namespace tarvik {
 
 // Counts of the resources that this process holds: COM objects (tarvik/com_object.h), threads, windows of all
 // types and levels, GDI and USER handles.
-class Holdings {
+class ResourceCounts {
   public:
     struct Count {
         const char* what;
         long count;
     };
 
-    static Holdings Now();
-    // Adds a count of the test's own. Holdings that are compared need the same counts in the same order.
+    static ResourceCounts Now();
+    // Adds a count of the test's own. ResourceCounts that are compared need the same counts in the same
+    // order.
     void Add(const char* what, long count) { counts_.push_back({what, count}); }
 
     // Removes a count and returns it, for a resource that may grow for a while.
     long Take(std::string_view what);
 
     // The counts that are higher than before, as text; empty if there are none.
-    std::string GrownSince(const Holdings& before) const;
+    std::string GrownSince(const ResourceCounts& before) const;
     const std::vector<Count>& Counts() const { return counts_; }
 
   private:
@@ -45,7 +46,7 @@ class ObjectCheck {
 };
 
 // The number of open handles of this process below 0x4000; Wine's GetProcessHandleCount does not work.
-// Holdings does not contain it, because the system caches some handles.
+// ResourceCounts does not contain it, because the system caches some handles.
 long CountHandles();
 
 }  // namespace tarvik

@@ -10,13 +10,13 @@ namespace tarvik {
 
 inline constexpr char kSuccess[] = "success: EMPTY";
 
-// The Ending::text of a failed operation, for most members.
+// The Completion::text of a failed operation, for most members.
 inline std::string FailText(HRESULT status, const std::string& context = "EMPTY") {
     return "fail: I4 " + std::to_string(status) + ", " + context;
 }
 
 // How an operation of an asynchronous member ended.
-struct Ending {
+struct Completion {
     std::string result;  // of the call itself
     std::string text;    // "success: " or "fail: " with the arguments; empty after a cancellation
     std::vector<std::string> progress;  // the arguments of each call of `progress`
@@ -24,15 +24,15 @@ struct Ending {
 
 // An operation of an asynchronous member. The constructor calls the member with the options and with
 // functions of its own; some members take `callback` and `completed` instead of `progress` and `success`.
-// `answer` computes what `progress` returns.
-class AsyncRun {
+// `handler` computes what `progress` returns.
+class AsyncOperation {
   public:
-    AsyncRun(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
-             Recorder::Answer answer = {});
+    AsyncOperation(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+                   Recorder::Handler handler = {});
 
     // Whether the operation has released the functions. That needs the messages of this thread to be pumped.
-    bool IsOver() const;
-    Ending End() const;
+    bool IsComplete() const;
+    Completion Result() const;
 
   private:
     const ComPtr<Recorder> progress_;
@@ -42,7 +42,7 @@ class AsyncRun {
 };
 
 // The same, and pumps messages until the operation has ended.
-Ending RunToEnd(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
-                Recorder::Answer answer = {});
+Completion RunToCompletion(IDispatch* plugin, const wchar_t* member, const OptionObject& options,
+                           Recorder::Handler handler = {});
 
 }  // namespace tarvik

@@ -1,4 +1,4 @@
-#include "tests/support/leak_check.h"
+#include "tests/support/resource_counts.h"
 
 #include <windows.h>
 #include <tlhelp32.h>
@@ -99,8 +99,8 @@ long CountUserHandles() {
 
 }  // namespace
 
-Holdings Holdings::Now() {
-    Holdings now;
+ResourceCounts ResourceCounts::Now() {
+    ResourceCounts now;
     now.Add("COM objects", liveComObjects);
     now.Add("threads", CountThreads());
     now.Add("windows", CountWindows());
@@ -109,7 +109,7 @@ Holdings Holdings::Now() {
     return now;
 }
 
-long Holdings::Take(std::string_view what) {
+long ResourceCounts::Take(std::string_view what) {
     const auto isIt = [&](const Count& count) { return count.what == what; };
     const auto found = std::find_if(counts_.begin(), counts_.end(), isIt);
     const long count = found->count;
@@ -117,7 +117,7 @@ long Holdings::Take(std::string_view what) {
     return count;
 }
 
-std::string Holdings::GrownSince(const Holdings& before) const {
+std::string ResourceCounts::GrownSince(const ResourceCounts& before) const {
     std::string grown;
     for (size_t i = 0; i < counts_.size(); ++i) {
         const long was = before.counts_.at(i).count;
