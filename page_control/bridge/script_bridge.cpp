@@ -45,7 +45,7 @@ void ScriptBridge::End() {
     if (const auto context = std::move(context_)) context->End();
 }
 
-void ScriptBridge::OnPost(const std::string& payload, int contextId) {
+void ScriptBridge::OnPost(std::string_view payload, int contextId) {
     const Json message = Json::parse(payload);
     if (message.at(0) == "start") {
         End();

@@ -27,7 +27,7 @@ class ScriptBridge {
     void End();
 
   private:
-    void OnPost(const std::string& payload, int contextId);
+    void OnPost(std::string_view payload, int contextId);
 
     PageTarget& target_;
     ScriptContextDelegate& delegate_;

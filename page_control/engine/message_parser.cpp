@@ -15,7 +15,8 @@ std::optional<EngineMessage> ParseFrame(std::string_view text) {
     const std::string_view rest = text.substr(kFramePrefix.size());
     const size_t end = rest.find('"');
     if (end == std::string_view::npos || end + 2 > rest.size()) return IgnoredMessage();
-    const json tail = json::parse(R"({"params":{)" + std::string(rest.substr(end + 2)), nullptr, false);
+    const std::string tailText = R"({"params":{)" + std::string(rest.substr(end + 2));
+    const json tail = json::parse(std::string_view(tailText), nullptr, false);
     if (tail.is_discarded()) return IgnoredMessage();
     return ScreencastFrame{tail.value("sessionId", std::string()),
                            tail.at("params").at("sessionId").get<std::int64_t>(), rest.substr(0, end)};
