@@ -11,23 +11,23 @@ constexpr std::uint32_t kEndSignature = 0x06054B50;
 constexpr std::size_t kEndRecordSize = 22;
 constexpr std::size_t kDirectorySizeAt = 12;
 constexpr std::size_t kDirectoryOffsetAt = 16;
-constexpr std::size_t kShortestDistance = 4;
-constexpr std::size_t kLongestDistance = 65'535;
+constexpr std::size_t kMinDistance = 4;
+constexpr std::size_t kMaxDistance = 65'535;
 
 struct Archive {
     std::size_t start;
     std::size_t length;
 };
 
-std::uint32_t ReadWord(const std::uint8_t* at) {
+std::uint32_t ReadUint32(const std::uint8_t* at) {
     return at[0] | at[1] << 8 | at[2] << 16 | static_cast<std::uint32_t>(at[3]) << 24;
 }
 
 // How far before the end of the bytes the last end record starts; 0 if there is none within 64 KiB.
 std::size_t EndRecordDistance(Bytes bytes) {
-    const std::size_t farthest = std::min(kLongestDistance, bytes.size());
-    for (std::size_t distance = kShortestDistance; distance <= farthest; ++distance) {
-        if (ReadWord(bytes.data() + bytes.size() - distance) == kEndSignature) return distance;
+    const std::size_t farthest = std::min(kMaxDistance, bytes.size());
+    for (std::size_t distance = kMinDistance; distance <= farthest; ++distance) {
+        if (ReadUint32(bytes.data() + bytes.size() - distance) == kEndSignature) return distance;
     }
     return 0;
 }
@@ -37,7 +37,7 @@ std::optional<Archive> LastArchive(Bytes bytes) {
     if (distance < kEndRecordSize) return std::nullopt;
     const std::uint8_t* const record = bytes.data() + bytes.size() - distance;
     const std::uint64_t length =
-        std::uint64_t{ReadWord(record + kDirectorySizeAt)} + ReadWord(record + kDirectoryOffsetAt);
+        std::uint64_t{ReadUint32(record + kDirectorySizeAt)} + ReadUint32(record + kDirectoryOffsetAt);
     if (length + distance > bytes.size()) return std::nullopt;
     return Archive{static_cast<std::size_t>(bytes.size() - distance - length),
                    static_cast<std::size_t>(length + kEndRecordSize)};
@@ -45,20 +45,20 @@ std::optional<Archive> LastArchive(Bytes bytes) {
 
 }  // namespace
 
-std::optional<Bytes> FindArchive(Bytes file, std::uint32_t fromEnd) {
-    std::uint64_t left = std::uint64_t{fromEnd} + 1;
+std::optional<Bytes> FindArchive(Bytes file, std::uint32_t indexFromEnd) {
+    std::uint64_t remaining = std::uint64_t{indexFromEnd} + 1;
     std::uint64_t walked = 0;
     std::size_t end = file.size();
     std::optional<Archive> found;
-    while (left-- > 0) {
+    while (remaining-- > 0) {
         found = LastArchive(file.first(end));
         if (!found) return std::nullopt;
         ++walked;
         end = found->start;
         if (end == 0) {
-            // From here on the walk repeats itself, so skip whole rounds.
+            // The walk starts over and repeats itself, so skip whole rounds.
             end = file.size();
-            left %= walked;
+            remaining %= walked;
         }
     }
     return found->start == 0 ? file : file.subspan(found->start, found->length);

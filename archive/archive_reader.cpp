@@ -17,26 +17,25 @@ ArchiveReader::ArchiveReader(Bytes archive) {
                                  MZ_ZIP_FLAG_DO_NOT_SORT_CENTRAL_DIRECTORY));
 }
 
-const mz_zip_archive_file_stat& MemberEntry::Statistics() const {
-    Check(statistics);
-    return *statistics;
+const mz_zip_archive_file_stat& ArchiveEntry::Stat() const {
+    Check(stat != nullptr);
+    return *stat;
 }
 
-// The flags are filled in even if the other fields are refused.
-MemberEntry ArchiveReader::Lookup(mz_uint index) {
-    const bool isValid = ReadStatistics(index);
-    return {NameOf(index), (statistics_.m_bit_flag & kNameIsUtf8) != 0, isValid ? &statistics_ : nullptr};
+// miniz fills in the flags even if it rejects the entry.
+ArchiveEntry ArchiveReader::Lookup(mz_uint index) {
+    const bool isValid = ReadStat(index);
+    return {NameOf(index), (stat_.m_bit_flag & kNameIsUtf8) != 0, isValid ? &stat_ : nullptr};
 }
 
-bool ArchiveReader::ReadStatistics(mz_uint index) {
-    // The reader adds these without checking for overflow: the 64-bit fields of a damaged archive would make
-    // it read outside the memory block.
-    return mz_zip_reader_file_stat(&zip_, index, &statistics_) &&
-           statistics_.m_local_header_ofs <= zip_.m_archive_size &&
-           statistics_.m_comp_size <= zip_.m_archive_size;
+bool ArchiveReader::ReadStat(mz_uint index) {
+    // miniz adds these fields without checking for overflow: the 64-bit values of a damaged archive would
+    // make it read outside the memory block.
+    return mz_zip_reader_file_stat(&zip_, index, &stat_) && stat_.m_local_header_ofs <= zip_.m_archive_size &&
+           stat_.m_comp_size <= zip_.m_archive_size;
 }
 
-// The statistics truncate long names.
+// The name in `stat_` is truncated.
 std::string ArchiveReader::NameOf(mz_uint index) {
     const mz_uint length = mz_zip_reader_get_filename(&zip_, index, nullptr, 0);
     std::string name(length, '\0');
@@ -45,10 +44,10 @@ std::string ArchiveReader::NameOf(mz_uint index) {
     return name;
 }
 
-void ArchiveReader::Extract(const mz_zip_archive_file_stat& member, Write write, void* target) {
-    // The reader skips these and reports success.
-    Check(!member.m_is_directory && member.m_comp_size > 0);
-    Check(mz_zip_reader_extract_to_callback(&zip_, member.m_file_index, write, target, 0));
+void ArchiveReader::Extract(const mz_zip_archive_file_stat& entry, mz_file_write_func write, void* target) {
+    // For these miniz reports success without calling `write`.
+    Check(!entry.m_is_directory && entry.m_comp_size > 0);
+    Check(mz_zip_reader_extract_to_callback(&zip_, entry.m_file_index, write, target, 0));
 }
 
 }  // namespace tarvik

@@ -10,10 +10,10 @@ namespace tarvik {
 
 namespace {
 
-// More programs understand complete headers than sizes that follow the data.
+// Some programs cannot read sizes that follow the data, so the local headers are completed afterwards.
 constexpr mz_uint kLevel = 6 | static_cast<mz_uint>(MZ_ZIP_FLAG_WRITE_HEADER_SET_SIZE);
 
-// The times that an archive can express, in any time zone. The writer fails for others.
+// The times that an archive can express, in any time zone. miniz fails for others.
 std::time_t ClampToArchiveRange(std::time_t time) {
     constexpr std::time_t kDay = 24 * 60 * 60;
     constexpr std::time_t kStartOf1980 = 315'532'800;
@@ -26,8 +26,8 @@ void Append(std::string& bytes, Number number) {
     bytes.append(reinterpret_cast<const char*>(&number), sizeof number);  // little-endian, like the machine
 }
 
-// The name of an entry. A name outside ASCII is stored twice, because some programs ignore the flag for UTF-8
-// unless there is an extra field.
+// The name of an entry. A name outside ASCII is stored twice, because some programs ignore the UTF-8 flag
+// unless there is a Unicode Path extra field.
 struct EncodedName {
     explicit EncodedName(const std::wstring& wide) : name(Narrow(wide)) {
         if (std::ranges::all_of(name, [](char character) { return character >= 0; })) return;
@@ -55,7 +55,7 @@ size_t OnFileRead(void* file, mz_uint64, void* buffer, size_t count) {
 
 }  // namespace
 
-ArchiveWriter::ArchiveWriter(Write write, void* target, mz_uint64 start) {
+ArchiveWriter::ArchiveWriter(mz_file_write_func write, void* target, mz_uint64 start) {
     zip_.m_pWrite = write;
     zip_.m_pIO_opaque = target;
     Check(mz_zip_writer_init_v2(&zip_, start, 0));
@@ -81,7 +81,7 @@ void ArchiveWriter::Finish() {
     Check(mz_zip_writer_finalize_archive(&zip_));
 }
 
-// Beyond a limit the writer silently switches to the ZIP64 format.
+// Beyond a limit miniz silently switches to ZIP64.
 void ArchiveWriter::Check(bool succeeded) {
     if (!succeeded || mz_zip_is_zip64(&zip_)) throw StatusError(E_FAIL);
 }

@@ -12,18 +12,18 @@ namespace tarvik {
 // Receives the progress of an extraction and controls it.
 class ExtractListener {
   public:
-    enum class Answer { kContinue, kSkip, kStop };
+    enum class Action { kContinue, kSkip, kStop };
 
     virtual ~ExtractListener() = default;
-    virtual void SetTotal(ULONGLONG bytes) = 0;
-    virtual Answer MemberStarts(std::wstring_view name) = 0;
-    virtual bool DataWritten(ULONGLONG count) = 0;  // false ends the extraction
-    virtual void WriteFails(HRESULT) noexcept {}    // why the extraction ends
+    virtual void SetTotal(ULONGLONG bytes) = 0;  // once, first
+    virtual Action OnEntry(std::wstring_view name) = 0;
+    virtual bool OnData(ULONGLONG count) = 0;       // `count` bytes were written; false stops
+    virtual void OnWriteError(HRESULT) noexcept {}  // the extraction stops because of it
 };
 
-// Extracts an archive in memory into a folder. Throws E_ABORT if the listener returned kStop, and an
-// ArchiveError for anything that ends a member half-way. A failure removes the folder if it was created here;
-// another one keeps what has been extracted.
+// Extracts an archive in memory into a folder. Throws E_ABORT if OnEntry returned kStop, the status of a file
+// that cannot be opened, and an ArchiveError for anything that interrupts an entry. After a failure a folder
+// that was created here is removed; an existing one keeps what has been extracted.
 void ExtractArchive(Bytes archive, const std::wstring& folder, bool overWrite, ExtractListener& listener);
 
 }  // namespace tarvik

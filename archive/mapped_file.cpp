@@ -11,7 +11,7 @@ MappedFile::MappedFile(const std::wstring& path) {
     if (!file) ThrowLastError();
     LARGE_INTEGER size = {};
     if (!GetFileSizeEx(file.Get(), &size)) ThrowLastError();
-    // The offsets in an archive have 32 bits.
+    // Without ZIP64 the offsets in an archive have 32 bits.
     if (size.HighPart != 0) throw StatusError(E_FAIL);
     const UniqueHandle mapping(CreateFileMappingW(file.Get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
     if (!mapping) ThrowLastError();

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// A whole file, mapped for reading. If its medium disappears, reading a page that is not in memory raises an
-// in-page exception, which is not caught.
+// A whole file, mapped for reading. If its medium is removed, reading a page that is not in memory raises
+// EXCEPTION_IN_PAGE_ERROR, which nothing catches.
 class MappedFile {
   public:
     explicit MappedFile(const std::wstring& path);  // throws the status of a failure

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// A file that is read up to the size that it has when it is opened. Other programs may write to it meanwhile:
-// what they append is not read, and a read fails if they truncate it.
+// A file opened for reading, up to the size that it had when it was opened. Other programs may write to it
+// meanwhile: data that they append is not read, and a read fails if they truncate the file.
 class SourceFile {
   public:
     explicit SourceFile(const std::wstring& path);  // throws E_FAIL
@@ -19,7 +19,7 @@ class SourceFile {
     std::time_t Modified() const { return modified_; }
     ULONGLONG BytesRead() const { return read_; }
 
-    bool HasGrown() const;
+    bool HasGrown() const;  // since it was opened
 
     // Returns the number of bytes read, 0 at the end, or kFailed.
     static constexpr size_t kFailed = static_cast<size_t>(-1);

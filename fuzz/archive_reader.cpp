@@ -7,11 +7,11 @@ namespace tarvik {
 namespace {
 
 // An archive may hold far more than its own size.
-constexpr std::size_t kMostExtracted = 1 << 20;
+constexpr std::size_t kMaxExtracted = 1 << 20;
 
 struct Sink {
     mz_uint64 expectedOffset = 0;
-    std::size_t left = kMostExtracted;
+    std::size_t left = kMaxExtracted;
 };
 
 std::size_t OnData(void* target, mz_uint64 offset, const void* data, std::size_t count) {
@@ -28,12 +28,12 @@ std::size_t OnData(void* target, mz_uint64 offset, const void* data, std::size_t
 void ReadAll(Bytes archive) {
     ArchiveReader reader(archive);
     for (mz_uint index = 0; index < reader.Count(); ++index) {
-        const MemberEntry member = reader.Lookup(index);
-        if (!member.statistics) continue;
+        const ArchiveEntry entry = reader.Lookup(index);
+        if (!entry.stat) continue;
         Sink sink;
         try {
-            reader.Extract(*member.statistics, OnData, &sink);
-            Require(sink.expectedOffset == member.statistics->m_uncomp_size);
+            reader.Extract(*entry.stat, OnData, &sink);
+            Require(sink.expectedOffset == entry.stat->m_uncomp_size);
         } catch (const ArchiveError&) {
         }
     }

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "archive/archive_writer.h"
-#include "archive/member_path.h"
+#include "archive/entry_path.h"
 #include "base/folder_reader.h"
 #include "base/text.h"
 #include "cli/failure.h"
@@ -66,13 +66,14 @@ class ApplicationReader {
                    L" characters inside the application's folder, and only " + std::to_wstring(longest) +
                    L" can be unpacked for every user. Shorten its names.");
         }
-        if (!StaysInside(entry.name)) refuse(L"has a name that Windows reserves for a device. Rename it.");
+        if (!IsSafeEntryPath(entry.name))
+            refuse(L"has a name that Windows reserves for a device. Rename it.");
         if (Widen(Narrow(entry.name)) != entry.name)
             refuse(L"has a name that is not valid Unicode. Rename it.");
         if (entry.size >= MZ_UINT32_MAX) refuse(L"is 4 GiB or larger. Ship it beside the program.");
         if (!names_.insert(entry.name).second)
             refuse(L"differs from another name only in case. Rename one of them.");
-        if (names_.size() > ArchiveWriter::kMostEntries)
+        if (names_.size() > ArchiveWriter::kMaxEntries)
             refuse(L"is one too many: an application can have 65,535 files and folders.");
     }
 

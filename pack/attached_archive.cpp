@@ -1,6 +1,6 @@
 #include "pack/attached_archive.h"
 
-#include "archive/member_name.h"
+#include "archive/decoded_name.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"
 #include "cli/progress_line.h"
@@ -27,11 +27,11 @@ size_t OnData(void* progress, mz_uint64, const void*, size_t count) noexcept {
     return Guard([&] { static_cast<ProgressLine*>(progress)->Advance(count); }) == S_OK ? count : 0;
 }
 
-// The reader verifies a member's size and checksum.
-void CheckMember(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
-    const MemberEntry member = reader.Lookup(index);
-    if (MemberName(member) != expected.name) throw ArchiveError();
-    if (member.Statistics().m_uncomp_size > 0) reader.Extract(member.Statistics(), OnData, &progress);
+// Extract verifies the size and checksum.
+void CheckEntry(ArchiveReader& reader, mz_uint index, const Entry& expected, ProgressLine& progress) {
+    const ArchiveEntry entry = reader.Lookup(index);
+    if (DecodedName(entry) != expected.name) throw ArchiveError();
+    if (entry.Stat().m_uncomp_size > 0) reader.Extract(entry.Stat(), OnData, &progress);
 }
 
 }  // namespace
@@ -53,7 +53,7 @@ void CheckAttached(const std::wstring& program, const std::vector<Entry>& entrie
     ProgressLine progress(L"Checking", TotalSize(entries));
     try {
         for (mz_uint index = 0; index < reader.Count(); ++index)
-            CheckMember(reader, index, entries[index], progress);
+            CheckEntry(reader, index, entries[index], progress);
     } catch (const ArchiveError&) {
         Interrupt::ThrowIfRequested();
         FailAsDamaged(program);

@@ -19,23 +19,23 @@ namespace {
 class Listener : public ExtractListener {
   public:
     void SetTotal(ULONGLONG bytes) override { progress_.emplace(L"Extracting", bytes); }
-    Answer MemberStarts(std::wstring_view name) override {
-        member_ = name;
-        return Interrupt::IsRequested() ? Answer::kStop : Answer::kContinue;
+    Action OnEntry(std::wstring_view name) override {
+        entry_ = name;
+        return Interrupt::IsRequested() ? Action::kStop : Action::kContinue;
     }
-    bool DataWritten(ULONGLONG count) override {
+    bool OnData(ULONGLONG count) override {
         if (Interrupt::IsRequested()) return false;
         progress_->Advance(count);
         return true;
     }
-    void WriteFails(HRESULT status) noexcept override { writeError_ = status; }
+    void OnWriteError(HRESULT status) noexcept override { writeError_ = status; }
 
-    const std::wstring& Member() const { return member_; }
+    const std::wstring& CurrentEntry() const { return entry_; }
     std::optional<HRESULT> WriteError() const { return writeError_; }
 
   private:
     std::optional<ProgressLine> progress_;
-    std::wstring member_;
+    std::wstring entry_;
     std::optional<HRESULT> writeError_;
 };
 
@@ -53,7 +53,7 @@ void ExtractProgram(const std::wstring& program, const std::wstring& destination
         Interrupt::ThrowIfRequested();
         const HRESULT status = listener.WriteError().value_or(CaughtStatus());
         if (status == E_FAIL) FailAsDamaged(path);
-        FailAs(L"\"" + listener.Member() + L"\" in \"" + path + L"\" cannot be extracted", status);
+        FailAs(L"\"" + listener.CurrentEntry() + L"\" in \"" + path + L"\" cannot be extracted", status);
     }
     Console::Out().Write(folder + L": " + WithCommas(attached.Reader().Count()) + L" files and folders\n");
 }

@@ -2,7 +2,7 @@
 #include <ctime>
 #include <cwchar>
 
-#include "archive/member_name.h"
+#include "archive/decoded_name.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/interrupt.h"
@@ -33,11 +33,11 @@ void Print(ArchiveReader& reader) {
     ULONGLONG total = 0;
     for (mz_uint index = 0; index < reader.Count(); ++index) {
         Interrupt::ThrowIfRequested();
-        const MemberEntry member = reader.Lookup(index);
-        const auto& statistics = member.Statistics();
-        total += statistics.m_uncomp_size;
-        Console::Out().Write(LocalTime(statistics.m_time) + Column(WithCommas(statistics.m_uncomp_size)) +
-                             L"  " + MemberName(member) + L"\n");
+        const ArchiveEntry entry = reader.Lookup(index);
+        const auto& stat = entry.Stat();
+        total += stat.m_uncomp_size;
+        Console::Out().Write(LocalTime(stat.m_time) + Column(WithCommas(stat.m_uncomp_size)) + L"  " +
+                             DecodedName(entry) + L"\n");
     }
     Console::Out().Write(std::wstring(kTimeWidth, L' ') + Column(WithCommas(total)) + L"  in " +
                          WithCommas(reader.Count()) + L" files and folders\n");

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "archive/member_output.h"
+#include "archive/destination_folder.h"
 #include "base/text.h"
 #include "base/write_file.h"
 #include "cli/console.h"
@@ -51,7 +51,7 @@ void NewApplication(const std::wstring& name) {
         FailWithLastError(L"The folder \"" + folder + L"\" cannot be created");
     for (const auto& [resource, file] : kFiles)
         Write(folder + L'\\' + std::wstring(file), Content(resource));
-    created.Keep();
+    created.Commit();
     const std::wstring quoted = QuoteArgument(name);
     Console::Out().Write(folder + L": an application whose first page is resource\\index.html\n" +
                          L"  run it:   tarvik -d " + quoted + L"\n" + L"  pack it:  tarvik-pack build " +

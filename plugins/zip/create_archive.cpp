@@ -67,7 +67,7 @@ void AddEntry(ArchiveWriter& archive, const Source& source) {
 
 void CZipPlugin::CreateArchive(const CreateOptions& options) {
     const auto output = OpenOutput(options);
-    const SourceList list = FindSources(options.sources, ArchiveWriter::kMostEntries, *output);
+    const SourceList list = FindSources(options.sources, ArchiveWriter::kMaxEntries, *output);
     ArchiveWriteContext write{*output, options.progress, *options.context, Variant::UI8(list.totalSize)};
     ArchiveWriter archive(OnArchiveWrite, &write);
     for (const Source& source : list.sources) {

@@ -1,6 +1,6 @@
+#include "archive/destination_folder.h"
 #include "archive/extract_archive.h"
 #include "archive/mapped_file.h"
-#include "archive/member_output.h"
 #include "plugins/zip/progress.h"
 #include "plugins/zip/zip_plugin.h"
 #include "tarvik/status.h"
@@ -13,7 +13,7 @@ void CZipPlugin::ExtractFile(const std::wstring& src, ULONG index, const Extract
     const auto archive = FindArchive(file.Content(), index);
     if (!archive) throw StatusError(E_FAIL);
     ExtractMemory(*archive, options);
-    folder.Keep();
+    folder.Commit();
 }
 
 void CZipPlugin::ExtractMemory(Bytes bytes, const ExtractOptions& options) {

@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-// Reports an extraction to `progress`, whose result can skip a member or stop. Script errors are ignored.
+// Reports an extraction to `progress`, whose result can skip an entry or stop. Script errors are ignored.
 class Progress : public ExtractListener {
   public:
     // Borrows both. The function may be null.
@@ -18,8 +18,8 @@ class Progress : public ExtractListener {
 
     void SetTotal(ULONGLONG total) override { total_ = total; }
 
-    Answer MemberStarts(std::wstring_view name) override;
-    bool DataWritten(ULONGLONG count) override;
+    Action OnEntry(std::wstring_view name) override;
+    bool OnData(ULONGLONG count) override;
 
   private:
     IDispatch* function_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/archive_reader.h"
-#include "archive/member_name.h"
+#include "archive/decoded_name.h"
 #include "plugins/zip/zip_plugin.h"
 #include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
@@ -53,7 +53,7 @@ inline std::vector<std::string> EntryNames(const std::string& archive) {
     ArchiveReader reader(BytesOf(archive));
     std::vector<std::string> names;
     for (mz_uint i = 0; i < reader.Count(); ++i)
-        names.push_back(Narrow(MemberName(reader.Lookup(i))));
+        names.push_back(Narrow(DecodedName(reader.Lookup(i))));
     return names;
 }
 

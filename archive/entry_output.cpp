@@ -1,4 +1,4 @@
-#include "archive/member_output.h"
+#include "archive/entry_output.h"
 
 #include <shlobj.h>
 #include <shlwapi.h>
@@ -7,16 +7,15 @@
 
 #include "archive/file_time.h"
 #include "base/path.h"
-#include "base/shell_delete.h"
 #include "tarvik/status.h"
 
 namespace tarvik {
 
 namespace {
 
-// The folder of a member's path; empty if none has to be created. Only slashes separate here: no folders are
-// created for a name with backslashes.
-std::wstring FolderOf(std::wstring_view path) {
+// The folder of an entry's path; empty if none has to be created. ZIP separates by slashes: for a name with
+// backslashes no folders are created.
+std::wstring ParentOfEntry(std::wstring_view path) {
     std::wstring folder = ParentFolder(path, L"/");
     std::ranges::replace(folder, L'/', L'\\');
     return folder;
@@ -24,25 +23,17 @@ std::wstring FolderOf(std::wstring_view path) {
 
 }  // namespace
 
-DestinationFolder::DestinationFolder(const std::wstring& path)
-    : path_(path),
-      created_(!PathFileExistsW(path.c_str()) && SHCreateDirectory(nullptr, path.c_str()) == ERROR_SUCCESS) {}
-
-DestinationFolder::~DestinationFolder() {
-    if (created_) DeleteFolder(path_);
-}
-
-std::wstring MemberOutput::PreparePath(std::wstring_view name) {
+std::wstring EntryOutput::PreparePath(std::wstring_view name) {
     std::wstring path = folder_ + L'\\';
     path += name;
-    if (std::wstring folder = FolderOf(path); !folder.empty() && !created_.contains(folder)) {
+    if (std::wstring folder = ParentOfEntry(path); !folder.empty() && !createdFolders_.contains(folder)) {
         SHCreateDirectory(nullptr, folder.c_str());
-        created_.insert(std::move(folder));
+        createdFolders_.insert(std::move(folder));
     }
     return path;
 }
 
-UniqueHandle MemberOutput::Open(const std::wstring& path) const {
+UniqueHandle EntryOutput::Open(const std::wstring& path) const {
     UniqueHandle file(
         IsFolderPath(path)
             ? CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
@@ -54,7 +45,7 @@ UniqueHandle MemberOutput::Open(const std::wstring& path) const {
     throw StatusError(HasTypeConflict(path) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : status);
 }
 
-bool MemberOutput::HasTypeConflict(const std::wstring& path) const {
+bool EntryOutput::HasTypeConflict(const std::wstring& path) const {
     for (size_t end = folder_.size(); end < path.size(); end = path.find_first_of(L"/\\", end + 1)) {
         if (IsFile(path.substr(0, end))) return true;
     }

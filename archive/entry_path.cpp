@@ -1,4 +1,4 @@
-#include "archive/member_path.h"
+#include "archive/entry_path.h"
 
 #include <algorithm>
 #include <iterator>
@@ -30,21 +30,21 @@ bool IsDevice(std::wstring_view component) {
                std::end(kNumberedDevices);
 }
 
-// The system drops dots and spaces at the end of a component, so ".. " and "..." climb as well.
-bool Climbs(std::wstring_view component) {
+// The system strips trailing dots and spaces from a component, so ".. " and "..." may mean the parent too.
+bool IsParentReference(std::wstring_view component) {
     return component != L"." && component.find_first_not_of(L". ") == std::wstring_view::npos;
 }
 
 }  // namespace
 
-bool StaysInside(std::wstring_view name) {
-    if (name.empty() || name.find_first_of(kForbidden) != std::wstring_view::npos) return false;
-    if (kSeparators.find(name.front()) != std::wstring_view::npos) return false;
-    while (!name.empty()) {
-        const std::size_t end = std::min(name.find_first_of(kSeparators), name.size());
-        const std::wstring_view component = name.substr(0, end);
-        if (!component.empty() && (Climbs(component) || IsDevice(component))) return false;
-        name.remove_prefix(std::min(end + 1, name.size()));
+bool IsSafeEntryPath(std::wstring_view path) {
+    if (path.empty() || path.find_first_of(kForbidden) != std::wstring_view::npos) return false;
+    if (kSeparators.find(path.front()) != std::wstring_view::npos) return false;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find_first_of(kSeparators), path.size());
+        const std::wstring_view component = path.substr(0, end);
+        if (!component.empty() && (IsParentReference(component) || IsDevice(component))) return false;
+        path.remove_prefix(std::min(end + 1, path.size()));
     }
     return true;
 }

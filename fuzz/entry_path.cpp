@@ -1,4 +1,4 @@
-#include "archive/member_path.h"
+#include "archive/entry_path.h"
 
 #include "fuzz/input.h"
 
@@ -38,6 +38,6 @@ void RequireInside(std::wstring_view name) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tarvik;
     const std::wstring name = TextOf({data, size});
-    if (StaysInside(name)) RequireInside(name);
+    if (IsSafeEntryPath(name)) RequireInside(name);
     return 0;
 }
