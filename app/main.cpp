@@ -9,7 +9,7 @@
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/library_search.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "host/page_address.h"
 #include "host/plugin_registry/plugin_library.h"
 #include "host/web_browser.h"

@@ -4,7 +4,7 @@
 #include <cwchar>
 
 #include "archive/mapped_file.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/zip/zip_plugin.h"
 #include "script/object.h"
 #include "tarvik/owners.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-// The only place with differences between compilers. TARVIK_IID(type, id...) defines __uuidof(type) for
-// compilers that cannot read the id from the declaration. Use it at global scope, after the type.
+// The only code that depends on the compiler. TARVIK_IID(type, id...) defines __uuidof(type) for compilers
+// that cannot take the id from the declaration. Use it at global scope, after the type.
 #if defined(_MSC_VER)
 #define TARVIK_IID(type, ...)
 #else

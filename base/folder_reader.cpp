@@ -1,6 +1,7 @@
 #include "base/folder_reader.h"
 
 #include <string_view>
+#include <utility>
 
 #include "tarvik/status.h"
 
@@ -12,7 +13,7 @@ FolderReader::FolderReader(const std::wstring& pattern) : find_(FindFirstFileW(p
 
 bool FolderReader::Next() {
     while (find_) {
-        if (std::exchange(isRead_, true) && !FindNextFileW(find_.Get(), &entry_)) {
+        if (std::exchange(isConsumed_, true) && !FindNextFileW(find_.Get(), &entry_)) {
             if (GetLastError() != ERROR_NO_MORE_FILES) status_ = LastFailureStatus();
             find_.Reset();
             break;
@@ -25,12 +26,12 @@ bool FolderReader::Next() {
 
 bool IsLink(const WIN32_FIND_DATAW& entry) {
     if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)) return false;
-    // Wine reports no tag; it sets the attribute for links only.
+    // Wine leaves the tag 0 and sets the attribute for links only.
     const DWORD tag = entry.dwReserved0;
     return tag == 0 || IsReparseTagNameSurrogate(tag);
 }
 
-// FindFirstFile finds no path with a separator at its end.
+// FindFirstFile fails for a path that ends in a separator.
 bool IsLink(std::wstring path) {
     path.erase(path.find_last_not_of(L"\\/") + 1);
     FolderReader entry(path);

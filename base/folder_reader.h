@@ -14,7 +14,7 @@ class FolderReader {
   public:
     explicit FolderReader(const std::wstring& pattern);
 
-    // Moves to the next entry, or first to the first one. False at the end, and after an error.
+    // Moves to the next entry; the first call to the first one. False at the end and after an error.
     bool Next();
     const WIN32_FIND_DATAW& Entry() const { return entry_; }
     // The error that ended the enumeration, otherwise S_OK.
@@ -24,7 +24,7 @@ class FolderReader {
     WIN32_FIND_DATAW entry_ = {};
     UniqueFind find_;
     HRESULT status_ = S_OK;
-    bool isRead_ = false;  // whether Next has returned `entry_`
+    bool isConsumed_ = false;  // whether Next has returned the entry that FindFirstFile found
 };
 
 inline bool IsFolder(const WIN32_FIND_DATAW& entry) {

@@ -2,7 +2,7 @@
 
 namespace tarvik {
 
-std::optional<std::wstring> LanguageOf(LCID locale) {
+std::optional<std::wstring> LanguageTag(LCID locale) {
     constexpr int kNameLength = 100;
     wchar_t language[kNameLength] = {};
     wchar_t country[kNameLength] = {};

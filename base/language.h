@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// The language and country of a locale, like "en-US". Nothing if the system does not know them; the last
+// The language and country of a locale, like "en-US". Empty if the system has no names for them; the last
 // error is then set.
-std::optional<std::wstring> LanguageOf(LCID locale);
+std::optional<std::wstring> LanguageTag(LCID locale);
 
 }  // namespace tarvik

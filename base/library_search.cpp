@@ -6,7 +6,7 @@ namespace tarvik {
 
 void UseSystemLibrariesOnly() {
     SetDllDirectoryW(L"");
-    // Windows 7 needs the update KB2533623.
+    // Missing on Windows 7 without the update KB2533623.
     if (auto* const set = FindFunction<BOOL WINAPI(DWORD)>(L"kernel32.dll", "SetDefaultDllDirectories"))
         set(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS);
 }

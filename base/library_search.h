@@ -6,9 +6,9 @@
 
 namespace tarvik {
 
-// After this call, libraries loaded by name come from the system's folder only: a file beside the executable
-// or in the current folder, which belongs to the application, never replaces a library of the system. Call it
-// before anything is loaded. On a Windows 7 without the update KB2533623 it excludes only the current folder.
+// Restricts libraries that are loaded by name to the system's folder. A file beside the executable or in the
+// application's folder, the current one, then cannot pass for a library of the system. Call it before any
+// library is loaded. Windows 7 without the update KB2533623 can only exclude the current folder.
 void UseSystemLibrariesOnly();
 
 // Loads a library by its full path, and the libraries that it needs from its own folder or the system's.

@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-// A function that not every version of Windows has; null if it is missing. Its module stays loaded.
+// Finds a function that not every version of Windows exports; null if it is missing. The module stays loaded.
 template <class Function>
 Function* FindFunction(const wchar_t* module, const char* name) {
     const HMODULE library = LoadLibraryW(module);

@@ -115,25 +115,25 @@ class Matcher {
 
     // The repetition of a single character, the usual case: a loop instead of a recursion for each character.
     bool MatchCharacters(const PatternNode& node, size_t at, const Continuation& rest) {
-        const size_t most = node.once ? std::min(at + 1, text_.size()) : text_.size();
+        const size_t limit = node.atMostOnce ? std::min(at + 1, text_.size()) : text_.size();
         size_t end = at;
-        while (end < most && Match(node.Item(), end, [](size_t) { return true; }))
+        while (end < limit && Match(node.Item(), end, [](size_t) { return true; }))
             ++end;
         for (;; --end) {
-            if (exhausted_ || end < at + static_cast<size_t>(node.least)) return false;
+            if (exhausted_ || end < at + static_cast<size_t>(node.minCount)) return false;
             if (rest(end)) return true;
             if (end == at) return false;
         }
     }
 
     bool MatchRepeat(const PatternNode& node, int count, size_t at, const Continuation& rest) {
-        const bool more = !node.once || count == 0;
+        const bool more = !node.atMostOnce || count == 0;
         // An item that matches the empty string would repeat for ever.
         const bool again =
             more && Match(node.Item(), at, [&](size_t end) {
-                return (end != at || count < node.least) && MatchRepeat(node, count + 1, end, rest);
+                return (end != at || count < node.minCount) && MatchRepeat(node, count + 1, end, rest);
             });
-        return again || (count >= node.least && rest(at));
+        return again || (count >= node.minCount && rest(at));
     }
 
     std::wstring_view text_;

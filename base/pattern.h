@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-// The regular expressions of folder walks and script filters. Case-sensitive; a match may begin anywhere in
-// the text.
+// The regular expressions of folder walks and script filters. They are case-sensitive, and a match may begin
+// anywhere in the text.
 //
 //   c        the character itself            .        any character
 //   [a-z_]   a set; [^...] its complement    (...)    a group
@@ -37,8 +37,7 @@ class Pattern {
     // Empty for a syntax error.
     static std::optional<Pattern> Compile(std::wstring_view text);
 
-    // The leftmost match. A search that exceeds its limit of steps, as only malicious expressions do, finds
-    // nothing.
+    // The leftmost match. A search that exceeds its step limit, as only malicious patterns do, finds nothing.
     std::optional<Match> Search(std::wstring_view text) const;
 
     struct Program;  // the compiled form

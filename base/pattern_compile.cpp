@@ -11,11 +11,11 @@ struct SyntaxError {};
 
 using Kind = PatternNode::Kind;
 
-// An abbreviation is defined by an expression of the language.
+// `\a` to `\z`, defined in the pattern language itself.
 struct Abbreviation {
     wchar_t letter;
-    const wchar_t* set;         // its meaning in a set; null if it is an error there
-    const wchar_t* expression;  // its meaning elsewhere; null if it is the same
+    const wchar_t* set;         // replaces it in a set; null if it is an error there
+    const wchar_t* expression;  // replaces it elsewhere; null if that is the same
 };
 
 constexpr Abbreviation kAbbreviations[] = {
@@ -104,13 +104,13 @@ class Compiler {
         if (!IsAt(L"*+?")) return item;
         PatternNode repeat;
         repeat.kind = Kind::kRepeat;
-        repeat.least = 1;
-        repeat.once = true;
-        // Repetitions of a repetition combine to the widest bounds: `x?+` is `x*`.
+        repeat.minCount = 1;
+        repeat.atMostOnce = true;
+        // Successive operators combine to the widest bounds: `x?+` is `x*`.
         while (IsAt(L"*+?")) {
             const wchar_t sign = Next();
-            if (sign != L'+') repeat.least = 0;
-            if (sign != L'?') repeat.once = false;
+            if (sign != L'+') repeat.minCount = 0;
+            if (sign != L'?') repeat.atMostOnce = false;
         }
         repeat.alternatives.push_back({std::move(item)});
         return repeat;

@@ -6,7 +6,7 @@
 
 #include "base/pattern.h"
 
-// The compiled form of a pattern, a syntax tree that the matcher walks.
+// The compiled form of a pattern: a syntax tree that the matcher walks.
 namespace tarvik {
 
 struct PatternSet {
@@ -34,8 +34,8 @@ struct PatternNode {
     std::vector<PatternSequence> alternatives;
     // kGroup: the index of its capture, -1 for none. kBackReference: the index of the capture it refers to.
     int capture = -1;
-    int least = 0;      // kRepeat: the minimum count
-    bool once = false;  // kRepeat: at most once
+    int minCount = 0;         // kRepeat
+    bool atMostOnce = false;  // kRepeat
 
     const PatternNode& Item() const { return alternatives[0][0]; }
 };

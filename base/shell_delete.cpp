@@ -4,13 +4,13 @@
 #include <shellapi.h>
 #include <shlwapi.h>
 
-#include "base/text.h"
+#include "base/path.h"
 
 namespace tarvik {
 
 void DeleteFolder(const std::wstring& path) {
     wchar_t list[kPathLength] = {};
-    // An empty name ends the list, so two terminators must fit.
+    // The list of names ends in two NULs.
     if (path.size() + 2 > kPathLength) return;
     path.copy(list, path.size());
     PathRemoveBackslashW(list);

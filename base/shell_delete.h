@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Deletes a folder with its contents, without prompting the user. Files in use stay behind; errors are not
-// reported.
+// Deletes a folder with its contents, without prompting the user. Leaves files in use behind; reports no
+// errors.
 void DeleteFolder(const std::wstring& path);
 
 }  // namespace tarvik

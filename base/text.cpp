@@ -1,24 +1,10 @@
 #include "base/text.h"
 
 #include "tarvik/owners.h"
-#include "tarvik/status.h"
 
 namespace tarvik {
 
-std::wstring ExecutablePath() {
-    return ReadPath([](wchar_t* buffer) { GetModuleFileNameW(nullptr, buffer, kPathLength); });
-}
-
-std::wstring FullPath(const std::wstring& path) {
-    const DWORD capacity = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    std::wstring full(capacity, L'\0');
-    const DWORD length = GetFullPathNameW(path.c_str(), capacity, full.data(), nullptr);
-    if (length == 0 || length >= capacity) ThrowLastError();
-    full.resize(length);
-    return full;
-}
-
-bool SameIgnoringCase(std::wstring_view left, std::wstring_view right) {
+bool EqualsIgnoreCase(std::wstring_view left, std::wstring_view right) {
     return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
                                 static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }

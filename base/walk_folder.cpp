@@ -18,14 +18,14 @@ class Walk {
           links_(links),
           callback_(callback) {}
 
-    // The open folders are in a vector: recursion could overflow the stack on deeply nested folders.
+    // Keeps the open folders in a vector: recursion could overflow the stack on deeply nested ones.
     HRESULT Run(const std::wstring& top) const {
         std::vector<Level> levels;
         levels.emplace_back(top);
         for (;;) {
             if (levels.back().reader.Next()) {
                 const WIN32_FIND_DATAW& entry = levels.back().reader.Entry();
-                if (IsEntered(entry)) {
+                if (ShouldEnter(entry)) {
                     levels.emplace_back(levels.back().folder + entry.cFileName);
                     continue;
                 }
@@ -56,7 +56,7 @@ class Walk {
         return folder;
     }
 
-    bool IsEntered(const WIN32_FIND_DATAW& entry) const {
+    bool ShouldEnter(const WIN32_FIND_DATAW& entry) const {
         return recursive_ && IsFolder(entry) && (links_ == FolderLinks::kEnter || !IsLink(entry));
     }
 

@@ -7,14 +7,14 @@
 namespace tarvik {
 
 void WriteAll(HANDLE file, const void* bytes, size_t count) {
-    constexpr size_t kMost = 1 << 30;  // per call; the count of WriteFile is a DWORD
-    const auto* at = static_cast<const char*>(bytes);
+    constexpr size_t kMaxChunk = 1 << 30;  // WriteFile takes the count as a DWORD
+    const auto* next = static_cast<const char*>(bytes);
     while (count > 0) {
         DWORD written = 0;
-        if (!WriteFile(file, at, static_cast<DWORD>(std::min(count, kMost)), &written, nullptr))
+        if (!WriteFile(file, next, static_cast<DWORD>(std::min(count, kMaxChunk)), &written, nullptr))
             ThrowLastError();
         if (written == 0) throw StatusError(HRESULT_FROM_WIN32(ERROR_DISK_FULL));
-        at += written;
+        next += written;
         count -= written;
     }
 }

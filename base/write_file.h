@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// Writes all bytes at the file pointer. One call of WriteFile may succeed and write only a part, so this
-// repeats it. Throws StatusError.
+// Writes all bytes at the file pointer. WriteFile may succeed and write only some of them, so this calls it
+// repeatedly. Throws StatusError.
 void WriteAll(HANDLE file, const void* bytes, size_t count);
 
 }  // namespace tarvik

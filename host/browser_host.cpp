@@ -4,6 +4,7 @@
 
 #include "app/log/log.h"
 #include "base/document_host.h"
+#include "base/html_element.h"
 #include "host/accelerators.h"
 #include "host/file_drop.h"
 #include "host/prologue.h"

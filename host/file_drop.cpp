@@ -5,7 +5,7 @@
 #include <shellapi.h>
 
 #include "base/html_element.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "script/value_operations.h"
 #include "tarvik/marshaled_object.h"
 #include "tarvik/owners.h"

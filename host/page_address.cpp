@@ -8,7 +8,6 @@
 
 #include "app/command_line/command_line.h"
 #include "base/path.h"
-#include "base/text.h"
 #include "tarvik/status.h"
 #include "tarvik/text.h"
 

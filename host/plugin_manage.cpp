@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "base/walk_folder.h"
 #include "host/plugin_registry/plugin_library.h"
 #include "host/plugin_registry/plugin_registry.h"

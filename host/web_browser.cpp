@@ -10,7 +10,7 @@
 #include "app/log/report.h"
 #include "atl/ax_window.h"
 #include "base/module_function.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "host/browser_host.h"
 #include "host/page_address.h"
 #include "script/object.h"

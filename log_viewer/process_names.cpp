@@ -1,5 +1,6 @@
 #include "log_viewer/process_names.h"
 
+#include "base/path.h"
 #include "base/text.h"
 #include "tarvik/owners.h"
 
@@ -31,8 +32,8 @@ const std::wstring& ProcessNames::Of(DWORD process) {
 }
 
 bool Matches(std::wstring_view nameOrId, DWORD process, std::wstring_view name) {
-    return nameOrId == std::to_wstring(process) || SameIgnoringCase(nameOrId, name) ||
-           SameIgnoringCase(std::wstring(nameOrId) + L".exe", name);
+    return nameOrId == std::to_wstring(process) || EqualsIgnoreCase(nameOrId, name) ||
+           EqualsIgnoreCase(std::wstring(nameOrId) + L".exe", name);
 }
 
 }  // namespace tarvik

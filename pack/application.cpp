@@ -7,6 +7,7 @@
 #include "archive/archive_writer.h"
 #include "archive/entry_path.h"
 #include "base/folder_reader.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "cli/failure.h"
 #include "tarvik/text.h"
@@ -23,7 +24,7 @@ constexpr size_t kUnpackFolder = kTemporaryFolder + std::size(L"\\TV........\\")
 constexpr size_t kLongestFile = kPathLength - 1 - kUnpackFolder;
 constexpr size_t kLongestFolder = kLongestFile - (std::size(L"8LETTERS.EXT") - 1);
 
-struct IgnoringCase {
+struct CaseInsensitiveLess {
     bool operator()(const std::wstring& left, const std::wstring& right) const {
         return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_LESS_THAN;
     }
@@ -78,7 +79,7 @@ class ApplicationReader {
     }
 
     std::vector<Entry> entries_;
-    std::set<std::wstring, IgnoringCase> names_;
+    std::set<std::wstring, CaseInsensitiveLess> names_;
 };
 
 std::wstring WithBackslash(std::wstring folder) {
@@ -98,7 +99,7 @@ std::vector<Entry> ReadApplication(const std::wstring& folder) {
     reader.Read(WithBackslash(path), L"");
     auto entries = std::move(reader).Result();
     if (std::ranges::none_of(entries,
-                             [](const Entry& entry) { return SameIgnoringCase(entry.name, kFirstPage); }))
+                             [](const Entry& entry) { return EqualsIgnoreCase(entry.name, kFirstPage); }))
         throw Failure(L"\"" + path + L"\" has no resource\\index.html, the first page of an application.");
     return entries;
 }

@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "base/path.h"
 #include "base/same_file.h"
-#include "base/text.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "pack/application.h"

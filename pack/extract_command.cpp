@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "archive/extract_archive.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "cli/console.h"
 #include "cli/failure.h"
 #include "cli/interrupt.h"

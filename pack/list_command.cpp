@@ -3,7 +3,7 @@
 #include <cwchar>
 
 #include "archive/decoded_name.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "cli/console.h"
 #include "cli/interrupt.h"
 #include "pack/attached_archive.h"

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "archive/destination_folder.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "base/write_file.h"
 #include "cli/console.h"

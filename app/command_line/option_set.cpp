@@ -23,7 +23,7 @@ std::wstring_view WithoutPrefix(std::wstring_view key) {
 
 }  // namespace
 
-bool OptionSet::IgnoringCase::operator()(std::wstring_view left, std::wstring_view right) const {
+bool OptionSet::CaseInsensitiveLess::operator()(std::wstring_view left, std::wstring_view right) const {
     const auto lower = [](wchar_t character) {
         return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a')
                                                       : character;

@@ -21,15 +21,15 @@ class OptionSet {
     bool HasSwitch(const wchar_t* key) const;  // likewise; false for null
 
   private:
-    struct IgnoringCase {
+    struct CaseInsensitiveLess {
         using is_transparent = void;
         bool operator()(std::wstring_view left, std::wstring_view right) const;
     };
 
     bool AddPair(std::wstring_view argument);
 
-    std::map<std::wstring, std::wstring, IgnoringCase> pairs_;
-    std::set<std::wstring, IgnoringCase> switches_;
+    std::map<std::wstring, std::wstring, CaseInsensitiveLess> pairs_;
+    std::set<std::wstring, CaseInsensitiveLess> switches_;
 };
 
 }  // namespace tarvik

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "base/library_search.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "host/plugin_registry/plugin_registry.h"
 #include "tarvik/bstr.h"
 #include "tarvik/com_ptr.h"

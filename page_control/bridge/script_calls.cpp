@@ -5,7 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/text.h"
 #include "page_control/bridge/script_context.h"
 #include "page_control/bridge/script_source.h"
 #include "tarvik/status.h"

@@ -7,7 +7,7 @@
 #include <cctype>
 
 #include "base/module_function.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "page_control/engine/engine_path.h"
 #include "tarvik/text.h"
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "base/text.h"
+#include "base/path.h"
 
 namespace tarvik {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "base/text.h"
+#include "base/path.h"
 
 namespace tarvik {
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/path.h"
 #include "base/shell_delete.h"
 #include "base/text.h"
 #include "page_control/engine/launch.h"

@@ -2,7 +2,6 @@
 
 #include <map>
 
-#include "base/text.h"
 #include "page_control/bridge/script_source.h"
 #include "page_control/engine/engine_address.h"
 #include "tarvik/status.h"

@@ -5,6 +5,7 @@
 #include <urlmon.h>
 
 #include "base/document_host.h"
+#include "base/html_element.h"
 #include "page_control/page/frame_browser.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "page_control/engine/engine_path.h"
 #include "page_control/page/page_control.h"
 #include "tarvik/status.h"

@@ -32,7 +32,7 @@ std::wstring MachineGuid() {
 }
 
 std::wstring UserLanguage() {
-    const auto language = LanguageOf(GetUserDefaultLCID());
+    const auto language = LanguageTag(GetUserDefaultLCID());
     if (!language) ThrowLastError();
     return *language;
 }

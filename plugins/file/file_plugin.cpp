@@ -4,7 +4,7 @@
 #include <shlwapi.h>
 
 #include "base/folder_reader.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/file/delete_path.h"
 #include "plugins/file/enum_files.h"
 #include "plugins/file/file_size.h"

@@ -32,7 +32,7 @@ std::optional<UINT> ParseCharacter(wchar_t character) {
 std::optional<UINT> ParseKey(std::wstring_view text) {
     if (text.size() == 1) return ParseCharacter(text[0]);
     for (const auto& [name, key] : kKeys) {
-        if (text.size() == name.size() && StartsWithIgnoringCase(text, name)) return key;
+        if (text.size() == name.size() && StartsWithIgnoreCase(text, name)) return key;
     }
     return std::nullopt;
 }

@@ -16,7 +16,7 @@ constexpr Modifier kModifiers[] = {{L"ctrl", kCtrl}, {L"shift", kShift}, {L"alt"
 
 }  // namespace
 
-bool StartsWithIgnoringCase(std::wstring_view text, std::wstring_view start) {
+bool StartsWithIgnoreCase(std::wstring_view text, std::wstring_view start) {
     const auto lower = [](wchar_t character) {
         return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a')
                                                       : character;
@@ -28,7 +28,7 @@ std::optional<KeyText> SplitKeyText(std::wstring_view text) {
     KeyText parts;
     for (size_t plus; (plus = text.find(L'+')) != text.npos; text.remove_prefix(plus + 1)) {
         const auto modifier = std::ranges::find_if(kModifiers, [&](const Modifier& each) {
-            return StartsWithIgnoringCase(text.substr(0, plus), each.name);
+            return StartsWithIgnoreCase(text.substr(0, plus), each.name);
         });
         if (modifier == std::end(kModifiers)) return std::nullopt;
         parts.modifiers |= modifier->flag;

@@ -18,6 +18,6 @@ struct KeyText {
 std::optional<KeyText> SplitKeyText(std::wstring_view text);
 
 // Ignores the case of ASCII letters; `start` is in lower case.
-bool StartsWithIgnoringCase(std::wstring_view text, std::wstring_view start);
+bool StartsWithIgnoreCase(std::wstring_view text, std::wstring_view start);
 
 }  // namespace tarvik

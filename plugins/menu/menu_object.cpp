@@ -200,7 +200,7 @@ Integer CMenuDispatch::GetItemCount() {
 CMenuDispatch::Item* CMenuDispatch::FindItem(BSTR name, UINT flags) {
     const auto found = std::ranges::find_if(items_, [&](const auto& entry) {
         const Item& item = entry.second;
-        return (item.flags & flags) == flags && SameIgnoringCase(item.name, Bstr::View(name));
+        return (item.flags & flags) == flags && EqualsIgnoreCase(item.name, Bstr::View(name));
     });
     return found == items_.end() ? nullptr : &found->second;
 }

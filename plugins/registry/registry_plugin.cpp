@@ -53,7 +53,7 @@ RegistryPath ParsePath(BSTR text) {
     };
     const std::wstring_view path = Bstr::View(text);
     for (const auto& root : kRoots) {
-        if (!SameIgnoringCase(path.substr(0, root.name.size()), root.name)) continue;
+        if (!EqualsIgnoreCase(path.substr(0, root.name.size()), root.name)) continue;
         return {root.key, std::wstring(path.substr(std::min(root.name.size() + 1, path.size())))};
     }
     throw StatusError(E_INVALIDARG);
@@ -149,7 +149,7 @@ Bstr CRegistryPlugin::GetMode() {
 
 HRESULT CRegistryPlugin::SetMode(BSTR mode) {
     const auto known = std::ranges::find_if(
-        kModes, [&](const Mode& each) { return SameIgnoringCase(Bstr::View(mode), each.name); });
+        kModes, [&](const Mode& each) { return EqualsIgnoreCase(Bstr::View(mode), each.name); });
     if (known == std::end(kModes)) return E_INVALIDARG;
     view_ = known->view;
     return S_OK;

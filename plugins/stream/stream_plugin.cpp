@@ -45,7 +45,7 @@ uint32_t CountOf(const std::optional<Bits32>& count) {
 }
 
 TextEncoding EncodingArgument(const std::optional<BSTR>& name) {
-    return name ? EncodingOf(Bstr::View(*name)) : TextEncoding::kUtf8;
+    return name ? ParseEncoding(Bstr::View(*name)) : TextEncoding::kUtf8;
 }
 
 }  // namespace

@@ -27,10 +27,10 @@ Bstr TextOfUnits(std::string_view bytes) {
 
 }  // namespace
 
-TextEncoding EncodingOf(std::wstring_view name) {
-    if (SameIgnoringCase(name, L"utf8")) return TextEncoding::kUtf8;
-    if (SameIgnoringCase(name, L"unicode")) return TextEncoding::kUnicode;
-    if (SameIgnoringCase(name, L"ansi")) return TextEncoding::kAnsi;
+TextEncoding ParseEncoding(std::wstring_view name) {
+    if (EqualsIgnoreCase(name, L"utf8")) return TextEncoding::kUtf8;
+    if (EqualsIgnoreCase(name, L"unicode")) return TextEncoding::kUnicode;
+    if (EqualsIgnoreCase(name, L"ansi")) return TextEncoding::kAnsi;
     throw StatusError(E_INVALIDARG);
 }
 

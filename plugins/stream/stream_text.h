@@ -11,7 +11,7 @@ namespace tarvik {
 enum class TextEncoding { kUtf8, kUnicode, kAnsi };
 
 // `utf8`, `unicode` or `ansi` in any case; another name throws E_INVALIDARG.
-TextEncoding EncodingOf(std::wstring_view name);
+TextEncoding ParseEncoding(std::wstring_view name);
 
 // Appends a NUL in `unicode` and `ansi`, but not in `utf8`.
 std::string EncodeText(std::wstring_view text, TextEncoding encoding);

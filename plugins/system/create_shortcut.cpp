@@ -3,7 +3,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/system/path_option.h"
 #include "plugins/system/shortcut_file.h"
 

@@ -1,6 +1,6 @@
 #include "plugins/system/elevated_restart.h"
 
-#include "base/text.h"
+#include "base/path.h"
 
 namespace tarvik {
 

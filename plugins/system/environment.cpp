@@ -3,7 +3,7 @@
 #include <windows.h>
 #include <shlobj.h>
 
-#include "base/text.h"
+#include "base/path.h"
 
 namespace tarvik {
 

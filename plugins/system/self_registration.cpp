@@ -3,7 +3,7 @@
 #include <shlwapi.h>
 
 #include "base/library_search.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "tarvik/status.h"
 
 namespace tarvik {

@@ -6,7 +6,6 @@
 #include <shlwapi.h>
 
 #include "base/path.h"
-#include "base/text.h"
 #include "plugins/system/shell_object.h"
 #include "script/object.h"
 #include "tarvik/script_object.h"

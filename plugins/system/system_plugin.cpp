@@ -140,11 +140,11 @@ Variant CSystemPlugin::GetCmdArgs() {
 }
 
 Variant CSystemPlugin::GetSystemLanguage() {
-    return OptionalText(LanguageOf(LOCALE_SYSTEM_DEFAULT));
+    return OptionalText(LanguageTag(LOCALE_SYSTEM_DEFAULT));
 }
 
 Variant CSystemPlugin::GetUserLanguage() {
-    return OptionalText(LanguageOf(LOCALE_USER_DEFAULT));
+    return OptionalText(LanguageTag(LOCALE_USER_DEFAULT));
 }
 
 bool CSystemPlugin::IsX64Process() {

@@ -4,7 +4,7 @@
 #include <shldisp.h>
 #include <shlwapi.h>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/system/shell_object.h"
 #include "tarvik/bstr.h"
 #include "tarvik/owners.h"

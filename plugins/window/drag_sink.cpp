@@ -14,7 +14,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr DISPID kElementMouseDown = static_cast<DISPID>(0x8001000B);
+constexpr DISPID DISPID_EVMETH_ONDRAGSTART = static_cast<DISPID>(0x8001000B);
 
 // `text` may be null.
 bool IsText(BSTR text, const wchar_t* other) {
@@ -64,7 +64,7 @@ bool CDragSink::IsOverDragHandle() {
 // Starts the system's move loop.
 STDMETHODIMP CDragSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {
     return Guard([&] {
-        const bool isPress = id == DISPID_MOUSEDOWN || id == kElementMouseDown;
+        const bool isPress = id == DISPID_MOUSEDOWN || id == DISPID_EVMETH_ONDRAGSTART;
         if (!isPress || !window_ || !IsOverDragHandle()) return E_NOTIMPL;
         PostMessageW(window_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
         return S_OK;

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "tarvik/com_ptr.h"
 
 namespace tarvik {

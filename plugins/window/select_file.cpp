@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "base/text.h"
 #include "plugins/window/dialog_options.h"
 #include "plugins/window/name_buffer.h"
 #include "plugins/window/page_array.h"

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/window/dialog_options.h"
 #include "tarvik/owners.h"
 

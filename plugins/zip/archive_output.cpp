@@ -1,5 +1,6 @@
 #include "plugins/zip/archive_output.h"
 
+#include "base/path.h"
 #include "base/same_file.h"
 #include "base/text.h"
 #include "tarvik/status.h"
@@ -48,7 +49,7 @@ size_t FileOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {
 
 // Compares the names first, so that few files are opened.
 bool FileOutput::IsAt(const std::wstring& path) const {
-    return SameIgnoringCase(FileNameOf(path), name_) && IsSameFile(path, path_);
+    return EqualsIgnoreCase(FileNameOf(path), name_) && IsSameFile(path, path_);
 }
 
 size_t StreamOutput::WriteAt(ULONGLONG offset, const void* data, DWORD count) {

@@ -1,6 +1,6 @@
 #include "plugins/zip/unzip_task.h"
 
-#include "base/text.h"
+#include "base/path.h"
 #include "plugins/zip/archive_task.h"
 #include "tarvik/properties.h"
 

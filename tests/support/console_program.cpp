@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "tests/support/waiting.h"
 

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/path.h"
 #include "base/text.h"
 #include "tarvik/owners.h"
 #include "tests/support/async_operation.h"

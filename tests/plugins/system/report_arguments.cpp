@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "app/command_line/command_line.h"
-#include "base/text.h"
+#include "base/path.h"
 #include "tarvik/owners.h"
 #include "tarvik/text.h"
 
