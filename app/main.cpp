@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/command_line/command_line.h"
-#include "app/log/report.h"
+#include "app/log/startup_error.h"
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/library_search.h"
@@ -21,15 +21,15 @@ namespace tarvik {
 
 namespace {
 
-void UseFolder(const wchar_t* folder) {
+void ChangeFolder(const wchar_t* folder) {
     if (!SetCurrentDirectoryW(folder))
-        ReportToAuthor(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
+        ReportStartupError(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
 }
 
 void UnpackAttached(UnpackFolder& unpackFolder, SharedEngine& engine) {
     if (!HasAttachedArchive()) return;
-    PageControlClass::Prelaunch(engine);  // unpacking takes a while, in which the engine can start
-    // SelfUnpack waits without pumping messages, which a single-threaded apartment must not do.
+    PageControlClass::Prelaunch(engine);  // the engine can start while this unpacks
+    // Not single-threaded: SelfUnpack waits without pumping messages.
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)SelfUnpack(unpackFolder);
     if (SUCCEEDED(apartment)) CoUninitialize();
@@ -40,22 +40,22 @@ void UnpackAttached(UnpackFolder& unpackFolder, SharedEngine& engine) {
 void ChooseFolder(UnpackFolder& unpackFolder, SharedEngine& engine) {
     const CCommandLine commandLine;
     if (const wchar_t* folder = commandLine.GetValue(L"d")) {
-        UseFolder(folder);
+        ChangeFolder(folder);
     } else {
         UnpackAttached(unpackFolder, engine);
     }
 }
 
 void ReportNoPage() {
-    ReportToAuthor(L"The program has no window and runs until it is terminated.\nusage: " +
-                   FileNameOf(ExecutablePath()) +
-                   L" [-d FOLDER] [-f PAGE]\n"
-                   L"FOLDER contains resource\\index.html; PAGE is the path or URL of another page.");
+    ReportStartupError(L"The program has no window and runs until it is terminated.\nusage: " +
+                       FileNameOf(ExecutablePath()) +
+                       L" [-d FOLDER] [-f PAGE]\n"
+                       L"FOLDER contains resource\\index.html; PAGE is the path or URL of another page.");
 }
 
-// Never destroyed: ending it would mean serving the pending calls of workers, and the page's script that they
-// call may never return.
-void KeepWorkerApartment() {
+// Leaked by design: the destructor would serve the workers' pending calls to the page, and a script may never
+// return.
+void StartWorkerApartment() {
     static_cast<void>(new WorkerApartment);
 }
 
@@ -73,15 +73,15 @@ int RunApplication(HINSTANCE instance, const std::shared_ptr<SharedEngine>& engi
     }
     appModule.Init(instance);
     const PageControlClass pageControl(engine, FilterMessage);
-    KeepWorkerApartment();
+    StartWorkerApartment();
     CMessageLoop loop;
     appModule.AddMessageLoop(&loop);
-    auto first = MakeCom<CWebBrowser>();
-    first->CreateHidden(nullptr, nullptr);
+    auto firstWindow = MakeCom<CWebBrowser>();
+    firstWindow->CreateHidden(nullptr, nullptr);
     if (!hasPage) ReportNoPage();
     const int exitCode = loop.Run();
     appModule.RemoveMessageLoop();
-    first.Reset();
+    firstWindow.Reset();
     appModule.Term();
     return exitCode;
 }

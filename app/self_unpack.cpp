@@ -14,8 +14,8 @@ namespace tarvik {
 
 namespace {
 
-// A native object in place of a script function. It records that it was called and wakes the waiting thread.
-// The worker of `minizip` calls it directly, because both are in the multi-threaded apartment.
+// Stands in for a script function: records the call and wakes the waiting thread. The worker of `minizip`
+// calls it directly, because both are in the multi-threaded apartment.
 class CExtractCallback : public ComObject<IDispatch> {
   public:
     explicit CExtractCallback(HANDLE event) : event_(event) {}
@@ -37,13 +37,13 @@ class CExtractCallback : public ComObject<IDispatch> {
     HANDLE event_;  // not owned
 };
 
-std::wstring TempVariable() {
+std::wstring TempFolderPath() {
     wchar_t temp[kPathLength] = {};
     if (GetEnvironmentVariableW(L"temp", temp, kPathLength) >= kPathLength) throw StatusError(E_FAIL);
     return temp;
 }
 
-std::wstring FolderName() {
+std::wstring UniqueFolderName() {
     wchar_t name[16] = {};
     swprintf(name, std::size(name), L"TV%08lX", GetTickCount());
     return name;
@@ -62,11 +62,10 @@ void UnpackInto(const std::wstring& folder) {
     SetScriptProperty(options.Get(), L"success", Variant::Object(success.Get()));
     SetScriptProperty(options.Get(), L"fail", Variant::Object(fail.Get()));
     const Variant argument = Variant::Object(options.Get());
-    // If the call fails, neither callback is ever called.
+    // If the call itself fails, no callback would end the wait.
     ThrowIfFailed(CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr));
     WaitForSingleObject(finished.Get(), INFINITE);
     if (!success->WasCalled()) throw StatusError(E_FAIL);
-    SetCurrentDirectoryW(folder.c_str());
 }
 
 }  // namespace
@@ -79,10 +78,11 @@ bool HasAttachedArchive() {
 
 HRESULT SelfUnpack(UnpackFolder& folder) {
     const HRESULT status = Guard([&] {
-        const std::wstring temp = TempVariable();
+        const std::wstring temp = TempFolderPath();
         UnpackFolder::RemoveAbandoned(temp);
-        folder.Create(temp, FolderName());
+        folder.Create(temp, UniqueFolderName());
         UnpackInto(folder.Path());
+        SetCurrentDirectoryW(folder.Path().c_str());
     });
     if (FAILED(status)) folder.Remove();
     return status;
@@ -90,7 +90,7 @@ HRESULT SelfUnpack(UnpackFolder& folder) {
 
 void RemoveUnpacked(UnpackFolder& folder) {
     if (folder.Path().empty()) return;
-    // The system does not delete the current folder of a process.
+    // Windows does not delete the current folder of a process.
     SetCurrentDirectoryW((folder.Path() + L"\\..").c_str());
     folder.Remove();
 }

@@ -18,20 +18,19 @@ namespace {
 
 constexpr const wchar_t* kLockSuffix = L".lock";
 
-void Check(BOOL succeeded) {
+void ThrowLastErrorUnless(BOOL succeeded) {
     if (!succeeded) ThrowLastError();
 }
 
-// The user of this process.
 class CurrentUser {
   public:
     CurrentUser() {
         UniqueHandle token;
-        Check(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive()));
+        ThrowLastErrorUnless(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive()));
         DWORD size = 0;
         GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
         data_.resize(size);
-        Check(GetTokenInformation(token.Get(), TokenUser, data_.data(), size, &size));
+        ThrowLastErrorUnless(GetTokenInformation(token.Get(), TokenUser, data_.data(), size, &size));
     }
     PSID Sid() const { return reinterpret_cast<const TOKEN_USER*>(data_.data())->User.Sid; }
 
@@ -44,11 +43,12 @@ class PrivateSecurity {
   public:
     PrivateSecurity() {
         UniqueLocal sid;
-        Check(ConvertSidToStringSidW(CurrentUser().Sid(), reinterpret_cast<wchar_t**>(sid.Receive())));
+        ThrowLastErrorUnless(
+            ConvertSidToStringSidW(CurrentUser().Sid(), reinterpret_cast<wchar_t**>(sid.Receive())));
         const std::wstring user = static_cast<const wchar_t*>(sid.Get());
         const std::wstring text = L"O:" + user + L"D:P(A;OICI;FA;;;" + user + L")";
-        Check(ConvertStringSecurityDescriptorToSecurityDescriptorW(text.c_str(), SDDL_REVISION_1,
-                                                                   descriptor_.Receive(), nullptr));
+        ThrowLastErrorUnless(ConvertStringSecurityDescriptorToSecurityDescriptorW(
+            text.c_str(), SDDL_REVISION_1, descriptor_.Receive(), nullptr));
         attributes_ = {sizeof attributes_, descriptor_.Get(), FALSE};
     }
     SECURITY_ATTRIBUTES* Get() { return &attributes_; }
@@ -63,8 +63,8 @@ UniqueHandle OpenLock(const std::wstring& path, SECURITY_ATTRIBUTES* security, D
                                     FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
-// If several users share a folder for temporary files, each of them can create a file of any name.
-bool BelongsToCurrentUser(const UniqueHandle& file) {
+// Users who share a temporary folder can create files of any name there.
+bool IsOwnedByCurrentUser(const UniqueHandle& file) {
     PSID owner = nullptr;
     UniqueLocal descriptor;
     return GetSecurityInfo(file.Get(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
@@ -72,12 +72,12 @@ bool BelongsToCurrentUser(const UniqueHandle& file) {
            owner && EqualSid(owner, CurrentUser().Sid());
 }
 
-void Delete(UniqueHandle file) {
+void DeleteAndClose(UniqueHandle file) {
     FILE_DISPOSITION_INFO deleted = {TRUE};
     SetFileInformationByHandle(file.Get(), FileDispositionInfo, &deleted, sizeof deleted);
 }
 
-// Whether this is a folder, not a link, that belongs to the current user.
+// Whether the path is that of a folder, not a link, that the current user owns.
 bool IsOwnFolder(const std::wstring& path) {
     const UniqueHandle folder(
         CreateFileW(path.c_str(), READ_CONTROL | FILE_READ_ATTRIBUTES,
@@ -86,7 +86,7 @@ bool IsOwnFolder(const std::wstring& path) {
     BY_HANDLE_FILE_INFORMATION info = {};
     constexpr DWORD kTypes = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
     return folder && GetFileInformationByHandle(folder.Get(), &info) &&
-           (info.dwFileAttributes & kTypes) == FILE_ATTRIBUTE_DIRECTORY && BelongsToCurrentUser(folder);
+           (info.dwFileAttributes & kTypes) == FILE_ATTRIBUTE_DIRECTORY && IsOwnedByCurrentUser(folder);
 }
 
 // Returns whether the folder no longer exists.
@@ -95,25 +95,26 @@ bool RemoveFolder(const std::wstring& folder) {
     return !PathFileExistsW(folder.c_str());
 }
 
-// TV and eight hexadecimal digits. The patterns of FindFirstFile match more.
-bool IsNameOfLock(std::wstring_view name) {
+// TV, eight hexadecimal digits and the suffix. The wildcards of FindFirstFile match more.
+bool IsLockFileName(std::wstring_view name) {
     constexpr size_t kLength = 10;
     return name.size() > kLength && name.substr(kLength) == kLockSuffix && name.starts_with(L"TV") &&
            name.substr(2, kLength - 2).find_first_not_of(L"0123456789ABCDEF") == std::wstring_view::npos;
 }
 
-std::vector<std::wstring> FindFolders(const std::wstring& temp) {
+std::vector<std::wstring> FindFoldersWithLock(const std::wstring& temp) {
     std::vector<std::wstring> folders;
     WIN32_FIND_DATAW found = {};
     const UniqueFind search(FindFirstFileW((temp + L"\\TV*" + kLockSuffix).c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
         const std::wstring name = found.cFileName;
-        if (IsNameOfLock(name)) folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
+        if (IsLockFileName(name)) folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
     }
     return folders;
 }
 
-// If the variable is missing, the path is empty, and the folder would be created in the root of the drive.
+// Without the environment variable the path is empty, and the folder would be created in the root of the
+// drive.
 void RequireAbsolute(const std::wstring& temp) {
     if (PathIsRelativeW((temp + L"\\").c_str())) throw StatusError(E_FAIL);
 }
@@ -122,13 +123,13 @@ void RequireAbsolute(const std::wstring& temp) {
 
 void UnpackFolder::RemoveAbandoned(const std::wstring& temp) {
     RequireAbsolute(temp);
-    for (const std::wstring& folder : FindFolders(temp)) {
+    for (const std::wstring& folder : FindFoldersWithLock(temp)) {
         UniqueHandle lock = OpenLock(folder + kLockSuffix, nullptr, OPEN_EXISTING);
-        if (lock && BelongsToCurrentUser(lock) && RemoveFolder(folder)) Delete(std::move(lock));
+        if (lock && IsOwnedByCurrentUser(lock) && RemoveFolder(folder)) DeleteAndClose(std::move(lock));
     }
 }
 
-// The lock comes first, so that no other process ever finds the folder without it.
+// Creates the lock first, so that no other process finds the folder without it.
 void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
     RequireAbsolute(temp);
     const std::wstring path = temp + L"\\" + name;
@@ -136,23 +137,23 @@ void UnpackFolder::Create(const std::wstring& temp, const std::wstring& name) {
         throw StatusError(E_FAIL);
     PrivateSecurity security;
     UniqueHandle lock = OpenLock(path + kLockSuffix, security.Get(), CREATE_NEW);
-    Check(static_cast<bool>(lock));
+    ThrowLastErrorUnless(static_cast<bool>(lock));
     if (!CreateDirectoryW(path.c_str(), security.Get())) {
         const HRESULT status = LastFailureStatus();
-        Delete(std::move(lock));
+        DeleteAndClose(std::move(lock));
         throw StatusError(status);
     }
     path_ = path;
     lock_ = std::move(lock);
 }
 
-// Operations that pages have started may use their files for a moment longer.
+// Retries, because operations that pages started may hold files open for a moment longer.
 void UnpackFolder::Remove() {
     constexpr int kAttempts = 20;
     constexpr DWORD kPause = 50;
     for (int i = 0; i < kAttempts && lock_; ++i) {
         if (i > 0) Sleep(kPause);
-        if (RemoveFolder(path_)) Delete(std::move(lock_));
+        if (RemoveFolder(path_)) DeleteAndClose(std::move(lock_));
     }
     lock_.Reset();
 }

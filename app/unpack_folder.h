@@ -6,19 +6,20 @@
 
 namespace tarvik {
 
-// The temporary folder of an unpacked archive, which only its user can read. A lock file beside it,
-// `<folder>.lock`, stays open while this process runs. A lock file that can be opened was left by a killed
-// process, and the next process removes its folder.
+// The temporary folder of an unpacked archive, which only the current user can access. A lock file beside it,
+// `<folder>.lock`, stays open while this process runs. If a later process can open it, this one was killed,
+// and the later process removes the folder.
 class UnpackFolder {
   public:
-    // Removes the folders in `temp` that killed processes of this user have left. Throws E_FAIL for a
-    // relative path.
+    // Removes the folders in `temp` that killed processes of this user left. Throws E_FAIL for a relative
+    // path.
     static void RemoveAbandoned(const std::wstring& temp);
 
-    // Creates the folder `temp`\`name`, and `temp` if it is missing. Throws, also if the folder exists.
+    // Creates the folder `temp`\`name`, and `temp` if it is missing. Throws on failure, and if the folder
+    // exists.
     void Create(const std::wstring& temp, const std::wstring& name);
 
-    // Removes the folder if there is one. If files in it are in use, they and the lock stay behind.
+    // Removes the folder, if there is one. Leaves files in use and the lock behind.
     void Remove();
 
     // Empty if no folder was created; unchanged by Remove.

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-// How many characters to insert, remove or replace (Levenshtein).
+// The Levenshtein distance: how many characters to insert, remove or replace.
 size_t EditDistance(std::string_view from, std::string_view to) {
     std::vector<size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), size_t{0});
@@ -26,11 +26,11 @@ size_t EditDistance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string ClosestWord(std::string_view word, std::span<const std::string> candidates) {
-    constexpr size_t kFarthest = 2;
+    constexpr size_t kMaxDistance = 2;
     if (candidates.empty()) return {};
     const auto distance = [&](const std::string& candidate) { return EditDistance(word, candidate); };
     const auto closest = std::ranges::min_element(candidates, {}, distance);
-    return distance(*closest) <= std::min(kFarthest, closest->size() / 2) ? *closest : std::string();
+    return distance(*closest) <= std::min(kMaxDistance, closest->size() / 2) ? *closest : std::string();
 }
 
 }  // namespace tarvik

@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-// An archive may hold far more than its own size.
+// An archive can expand to far more than its own size.
 constexpr std::size_t kMaxExtracted = 1 << 20;
 
 struct Sink {

@@ -7,7 +7,7 @@
 #include <urlmon.h>
 
 #include "app/log/log.h"
-#include "app/log/report.h"
+#include "app/log/startup_error.h"
 #include "atl/ax_window.h"
 #include "base/module_function.h"
 #include "base/path.h"
@@ -25,16 +25,17 @@ namespace {
 constexpr const wchar_t* kWindowClass = L"TarvikBrowserWindow";
 constexpr WORD kIcon = 1000;
 
-// Turns the clicking sound of navigation off. Older systems lack the function.
+// Turns off the clicking sound of navigation. Older versions of Windows lack the function.
 void SilenceNavigation() {
     using SetFeature = HRESULT WINAPI(INTERNETFEATURELIST, DWORD, BOOL);
     auto* const set = FindFunction<SetFeature>(L"Urlmon.dll", "CoInternetSetFeatureEnabled");
     if (set) set(FEATURE_DISABLE_NAVIGATION_SOUNDS, SET_FEATURE_ON_PROCESS, TRUE);
 }
 
-std::wstring TextOfMissingPage(const std::wstring& page) {
-    const std::wstring reason = page.empty() ? L"A relative URL is resolved on file: pages only."
-                                             : L"The page \"" + FullPath(page) + L"\" does not exist.";
+std::wstring MissingPageMessage(const std::wstring& page) {
+    const std::wstring reason = page.empty()
+                                    ? L"A relative URL is resolved only on pages loaded from file: URLs."
+                                    : L"The page \"" + FullPath(page) + L"\" does not exist.";
     return reason + L" No window was opened.";
 }
 
@@ -78,7 +79,7 @@ HRESULT CWebBrowser::OpenPage(const wchar_t* requested) {
     const std::wstring address = PageAddress(page);
     if (address.empty()) {
         TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
-        ReportToAuthor(TextOfMissingPage(page));
+        ReportStartupError(MissingPageMessage(page));
         return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
     if (const HRESULT status = CreateControl(address); FAILED(status)) return status;

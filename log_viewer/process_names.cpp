@@ -9,10 +9,10 @@ namespace tarvik {
 namespace {
 
 std::wstring QueryName(DWORD process) {
-    constexpr DWORD kLongestPath = 32'768;
+    constexpr DWORD kMaxPath = 32'768;
     const UniqueHandle handle(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
-    std::wstring path(kLongestPath, L'\0');
-    DWORD length = kLongestPath;
+    std::wstring path(kMaxPath, L'\0');
+    DWORD length = kMaxPath;
     if (!handle || !QueryFullProcessImageNameW(handle.Get(), 0, path.data(), &length)) return {};
     path.resize(length);
     return FileNameOf(path);

@@ -18,11 +18,11 @@ namespace {
 
 // The host unpacks into a folder with a name of ten characters in the user's temporary folder, whose path may
 // have this length: C:\Users, a name of 20 characters followed by that of a domain, AppData\Local\Temp.
-constexpr size_t kTemporaryFolder = 64;
-constexpr size_t kUnpackFolder = kTemporaryFolder + std::size(L"\\TV........\\") - 1;
-// The system refuses to create a folder whose path leaves no space for a short file name.
-constexpr size_t kLongestFile = kPathLength - 1 - kUnpackFolder;
-constexpr size_t kLongestFolder = kLongestFile - (std::size(L"8LETTERS.EXT") - 1);
+constexpr size_t kTempPathLength = 64;
+constexpr size_t kUnpackPathLength = kTempPathLength + std::size(L"\\TV........\\") - 1;
+// Windows does not create a folder whose path leaves no space for an 8.3 file name.
+constexpr size_t kMaxFilePath = kPathLength - 1 - kUnpackPathLength;
+constexpr size_t kMaxFolderPath = kMaxFilePath - (std::size(L"8LETTERS.EXT") - 1);
 
 struct CaseInsensitiveLess {
     bool operator()(const std::wstring& left, const std::wstring& right) const {
@@ -58,24 +58,24 @@ class ApplicationReader {
 
   private:
     void Check(const Entry& entry) {
-        const auto refuse = [&](const std::wstring& why) {
+        const auto reject = [&](const std::wstring& why) {
             throw Failure(L"\"" + entry.path + L"\" " + why);
         };
-        const size_t longest = entry.name.back() == L'/' ? kLongestFolder : kLongestFile;
-        if (entry.name.size() > longest) {
-            refuse(L"has a path of " + std::to_wstring(entry.name.size()) +
-                   L" characters inside the application's folder, and only " + std::to_wstring(longest) +
+        const size_t limit = entry.name.back() == L'/' ? kMaxFolderPath : kMaxFilePath;
+        if (entry.name.size() > limit) {
+            reject(L"has a path of " + std::to_wstring(entry.name.size()) +
+                   L" characters inside the application's folder, and only " + std::to_wstring(limit) +
                    L" can be unpacked for every user. Shorten its names.");
         }
         if (!IsSafeEntryPath(entry.name))
-            refuse(L"has a name that Windows reserves for a device. Rename it.");
+            reject(L"has a name that Windows reserves for a device. Rename it.");
         if (Widen(Narrow(entry.name)) != entry.name)
-            refuse(L"has a name that is not valid Unicode. Rename it.");
-        if (entry.size >= MZ_UINT32_MAX) refuse(L"is 4 GiB or larger. Ship it beside the program.");
+            reject(L"has a name that is not valid Unicode. Rename it.");
+        if (entry.size >= MZ_UINT32_MAX) reject(L"is 4 GiB or larger. Ship it beside the program.");
         if (!names_.insert(entry.name).second)
-            refuse(L"differs from another name only in case. Rename one of them.");
+            reject(L"differs from another name only in case. Rename one of them.");
         if (names_.size() > ArchiveWriter::kMaxEntries)
-            refuse(L"is one too many: an application can have 65,535 files and folders.");
+            reject(L"is one too many: an application can have 65,535 files and folders.");
     }
 
     std::vector<Entry> entries_;

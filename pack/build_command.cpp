@@ -35,14 +35,14 @@ std::wstring StemOf(const std::wstring& path) {
 }
 
 void CheckOutput(const std::wstring& output, const std::wstring& folder, const std::wstring& host) {
-    const auto refuse = [&](const std::wstring& why) {
+    const auto reject = [&](const std::wstring& why) {
         throw Failure(L"The output \"" + output + L"\" " + why);
     };
     const DWORD attributes = GetFileAttributesW(output.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY)
-        refuse(L"is a folder. Choose the name of a file.");
-    if (IsInside(output, folder)) refuse(L"is inside the folder to pack. Choose a path outside it.");
-    if (IsSameFile(output, host)) refuse(L"is the host itself. Choose another name.");
+        reject(L"is a folder. Choose the name of a file.");
+    if (IsInside(output, folder)) reject(L"is inside the folder to pack. Choose a path outside it.");
+    if (IsSameFile(output, host)) reject(L"is the host itself. Choose another name.");
 }
 
 void UpdateResources(const std::wstring& program, const VersionInfo& version,

@@ -49,10 +49,10 @@ FileEntry EntryOf(Bytes file, size_t index) {
 // Whether the pixels are complete. Some files lack the mask that follows them, which the system accepts.
 bool IsBitmap(Bytes picture) {
     const auto header = ReadAt<BITMAPINFOHEADER>(picture, 0);
-    constexpr LONG kLargest = 0x10000;
+    constexpr LONG kMaxSize = 0x10000;
     constexpr WORD kDepths[] = {1, 4, 8, 16, 24, 32};
-    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kLargest ||
-        header.biHeight <= 0 || header.biHeight > kLargest ||
+    if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kMaxSize ||
+        header.biHeight <= 0 || header.biHeight > kMaxSize ||
         std::ranges::find(kDepths, header.biBitCount) == std::end(kDepths))
         return false;
     const size_t colours = header.biClrUsed         ? header.biClrUsed

@@ -38,8 +38,9 @@ void AddNew(CLI::App& app, Arguments& arguments) {
 template <class Text>
 void AddDescription(CLI::App& command, const char* name, Text& text, const char* description) {
     AddText(command, name, "TEXT", text, description)->check([](const std::string& given) {
-        constexpr size_t kLongest = 1000;
-        return std::string(Widen(given).size() > kLongest ? "the text is longer than 1,000 characters" : "");
+        constexpr size_t kMaxLength = 1000;
+        return std::string(Widen(given).size() > kMaxLength ? "the text is longer than 1,000 characters"
+                                                            : "");
     });
 }
 

@@ -6,8 +6,8 @@ namespace tarvik {
 
 namespace {
 
-// With a longer key or value, `k=v` is not a pair.
-constexpr size_t kLongestField = 99;
+// `k=v` with a longer key or value is not a pair.
+constexpr size_t kMaxFieldLength = 99;
 
 bool IsPrefix(wchar_t character) {
     return character == L'/' || character == L'-';
@@ -46,14 +46,16 @@ OptionSet::OptionSet(std::span<const wchar_t* const> arguments) {
     }
 }
 
-// Here the prefix, if there is one, is a part of the key. A line end ends the value.
+// Keeps a prefix as a part of the key. The value ends at a line end.
 bool OptionSet::AddPair(std::wstring_view argument) {
     const size_t equals = argument.find(L'=');
     if (equals == std::wstring_view::npos) return false;
     const std::wstring_view key = argument.substr(0, equals);
     const std::wstring_view rest = argument.substr(equals + 1);
     const std::wstring_view value = rest.substr(0, rest.find_first_of(L"\r\n"));
-    const auto fits = [](std::wstring_view field) { return !field.empty() && field.size() <= kLongestField; };
+    const auto fits = [](std::wstring_view field) {
+        return !field.empty() && field.size() <= kMaxFieldLength;
+    };
     if (!fits(key) || !fits(value)) return false;
     pairs_.emplace(key, value);
     return true;

@@ -9,16 +9,16 @@
 namespace tarvik {
 
 // The key-value pairs and switches among the arguments of a command line. Keys ignore the case of ASCII
-// letters; of equal keys the first counts. `k=v`, `-k v` and `/k v` are pairs; `-s`, `/s` and a bare word are
+// letters; the first of equal keys wins. `k=v`, `-k v` and `/k v` are pairs; `-s`, `/s` and a bare word are
 // switches.
 class OptionSet {
   public:
     OptionSet() = default;
-    explicit OptionSet(std::span<const wchar_t* const> arguments);  // without the program
+    explicit OptionSet(std::span<const wchar_t* const> arguments);  // without the program name
 
-    // Null if there is no such pair. One leading / or - of the key is ignored.
+    // Both ignore one leading / or - of the key. Null if there is no such pair.
     const wchar_t* GetValue(const wchar_t* key) const;
-    bool HasSwitch(const wchar_t* key) const;  // likewise; false for null
+    bool HasSwitch(const wchar_t* key) const;  // false for null
 
   private:
     struct CaseInsensitiveLess {

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr size_t kLongest = 16 * 1024;  // bytes of a message; pictures are longer
+constexpr size_t kMaxLength = 16 * 1024;  // cuts off screenshots and other long messages
 
 }  // namespace
 
@@ -27,7 +27,7 @@ void MessageTrace::Write(const char* direction, std::string_view message) {
     std::string lines;
     while (!message.empty()) {
         const size_t end = std::min(message.find('\0'), message.size());
-        lines.append(direction).append(message.substr(0, std::min(end, kLongest))) += '\n';
+        lines.append(direction).append(message.substr(0, std::min(end, kMaxLength))) += '\n';
         message.remove_prefix(std::min(end + 1, message.size()));
     }
     const std::lock_guard lock(lock_);

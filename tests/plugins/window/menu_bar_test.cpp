@@ -88,7 +88,7 @@ class OpenMenu : public MenuBar {
         open();
         KillTimer(nullptr, timer);
         EXPECT_FALSE(act_) << "no menu opened";
-        EXPECT_LT(ticks_, kMostTicks) << "the menu loop went on";
+        EXPECT_LT(ticks_, kMaxTicks) << "the menu loop went on";
         EXPECT_FALSE(OpenPopup());
     }
     void OpenBar() const {
@@ -99,7 +99,7 @@ class OpenMenu : public MenuBar {
 
   private:
     static constexpr UINT kPeriod = 20;
-    static constexpr int kMostTicks = kWaitLimit / kPeriod;
+    static constexpr int kMaxTicks = kWaitLimit / kPeriod;
 
     static bool OpenPopup() {
         const HWND popup = FindWindowExW(nullptr, nullptr, L"#32768", nullptr);
@@ -107,7 +107,7 @@ class OpenMenu : public MenuBar {
     }
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
         if (OpenPopup() && opened_->act_) std::exchange(opened_->act_, nullptr)();
-        if (++opened_->ticks_ >= kMostTicks) EndMenu();
+        if (++opened_->ticks_ >= kMaxTicks) EndMenu();
     }
 
     static inline OpenMenu* opened_ = nullptr;
