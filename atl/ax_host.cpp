@@ -27,6 +27,7 @@ RECT ClientRect(HWND window) {
     return rect;
 }
 
+// With a reference for the sender.
 LRESULT AsMessageResult(IUnknown* object) {
     if (object) object->AddRef();
     return reinterpret_cast<LRESULT>(object);
@@ -50,23 +51,23 @@ STDMETHODIMP CAxHostWindow::CreateControlLicEx(LPCOLESTR name, HWND window, IStr
         // A site has one control: a second one would leak.
         if (!SubclassWindow(window)) return E_FAIL;
         AddRef();  // the window's reference; OnFinalMessage releases it
-        ComPtr<IUnknown> made;
+        ComPtr<IUnknown> created;
         ThrowIfFailed(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                       reinterpret_cast<void**>(made.GetAddressOf())));
-        // Creating the control, and the calls below, may run code that closes the window. A control that is
-        // stored after that would never be released.
+                                       reinterpret_cast<void**>(created.GetAddressOf())));
+        // Creating the control, and the calls below, may run code that closes the window. WM_DESTROY has then
+        // passed, and a control stored now would never be released.
         if (!Window()) return E_ABORT;
-        control_ = made;
+        control_ = created;
         ThrowIfFailed(ActivateControl());
         Advise(events, sink);
         ThrowIfFailed(Navigate(control_.Get(), name));
         if (!control_) return E_ABORT;
-        return control ? CopyTo(made, control) : S_OK;
+        return control ? CopyTo(created, control) : S_OK;
     });
 }
 
-// Any call into the control may run script, which may close the window. So this holds a reference to every
-// object that it uses after such a call.
+// Any call into the control may run script, which may close the window. So this holds a reference to each
+// object that it still uses after a call.
 HRESULT CAxHostWindow::ActivateControl() {
     const auto object = Query<IOleObject>(control_.Get());
     if (!object) return E_NOINTERFACE;

@@ -14,10 +14,10 @@
 
 namespace tarvik {
 
-// The site of one OLE control in a window. It creates the control, activates it in place, resizes it with the
-// window and releases it at WM_DESTROY, after the window has handled that message. The window holds a
-// reference to the site until its last message. Derived sites override methods, and add interfaces through
-// Find. The site and the object of its window are separate COM objects.
+// The site of one OLE control in a window. Creates the control, activates it in place, resizes it with the
+// window, and releases it at WM_DESTROY, after the window has handled that message. The window holds a
+// reference to the site until its last message. Derived sites override methods, and add interfaces by
+// overriding FindInterface.
 class CAxHostWindow
     : public ComObject<As<IAxWinHostWindowLic, IAxWinHostWindow, IAxWinHostWindowLic>, IOleClientSite,
                        As<IOleInPlaceSiteEx, IOleWindow, IOleInPlaceSite, IOleInPlaceSiteEx>, IOleControlSite,

@@ -39,7 +39,7 @@ STDMETHODIMP CAxHostWindow::GetWindowContext(IOleInPlaceFrame** frame, IOleInPla
                                              RECT* position, RECT* clip, OLEINPLACEFRAMEINFO* info) {
     if (!frame || !document || !position || !clip) return E_POINTER;
     CopyTo(frame_, frame);
-    *document = nullptr;  // the frame is the document's window
+    *document = nullptr;  // allowed if the frame and the document window are the same
     GetClientRect(Window(), position);
     *clip = *position;
     if (info) *info = {sizeof *info, FALSE, GetAncestor(Window(), GA_ROOT), nullptr, 0};

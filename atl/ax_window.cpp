@@ -8,7 +8,7 @@ namespace {
 
 ComPtr<IUnknown> QueryWindow(HWND window, UINT message) {
     ComPtr<IUnknown> object;
-    // Not Attach: mingw-w64's takes a further reference.
+    // Attach would add a second reference with mingw-w64.
     *object.GetAddressOf() = reinterpret_cast<IUnknown*>(SendMessageW(window, message, 0, 0));
     return object;
 }

@@ -7,14 +7,14 @@
 
 namespace tarvik {
 
-// The class of windows that host a control.
+// The window class that hosts a control.
 inline constexpr const wchar_t* kAxWindowClass = L"AtlAxWin90";
 
 // Registers the class and the two messages, once per process.
 bool AtlAxWinInit();
 
-// A window of the class answers these messages with the IUnknown of its site or of its control, and with a
-// reference for the caller.
+// A window of the class returns the IUnknown of its site or of its control for these messages, with a
+// reference for the sender.
 UINT AtlGetHostMessage();     // WM_ATLGETHOST
 UINT AtlGetControlMessage();  // WM_ATLGETCONTROL
 

@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-// The frame window of an in-place active control. It has no menus, toolbars or status bar to share, and needs
-// no active object, because the message loop offers messages to the control itself.
+// The frame window of an in-place active control. It has no menus, toolbars or status bar to share. It
+// ignores the active object, because the message loop passes messages to the control directly.
 class InPlaceFrame
     : public ComObject<As<IOleInPlaceFrame, IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow>> {
   public:

@@ -23,7 +23,7 @@ class CMessageLoop {
     // Runs until WM_QUIT, and returns its wParam.
     int Run();
 
-    // Calls the filters; true if one has handled the message. For a message loop inside this one.
+    // Calls the filters; true if one has handled the message. Nested message loops call this, too.
     bool PreTranslateMessage(MSG* message);
 
   private:

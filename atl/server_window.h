@@ -4,8 +4,8 @@
 
 namespace tarvik {
 
-// The window that displays the page of a browser window: the innermost window of the control, three levels
-// below `mainWindow`. Null if it does not exist yet.
+// The window in which the browser control displays the page, three levels below `mainWindow`. Null if it does
+// not exist yet.
 HWND GetIEServerWnd(HWND mainWindow);
 
 }  // namespace tarvik

@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
-// Handles the messages of a window: either a window that it creates, superclassing a registered class, or an
-// existing window, which it subclasses. If a window has several such objects, the last one attached gets a
-// message first.
+// Handles the messages of a window: either one that it creates as a superclass of a registered class, or an
+// existing one that it subclasses. If several objects subclass a window, the last one receives messages
+// first.
 class CWindowImpl {
   public:
     CWindowImpl() = default;
@@ -36,8 +36,8 @@ class CWindowImpl {
     // window procedure of the class.
     virtual bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) = 0;
 
-    // The window has been destroyed, and no message of it is being handled any more. The object may destroy
-    // itself here; it must not be destroyed inside any other message.
+    // The window has been destroyed, and none of its messages is being handled any more. The object may
+    // destroy itself here; it must not be destroyed in any other message.
     virtual void OnFinalMessage(HWND) {}
 
     // Passes a message on to the next object or to the window procedure of the class.
@@ -47,12 +47,12 @@ class CWindowImpl {
 
   private:
     static LRESULT CallNext(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static LRESULT CALLBACK Start(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR object);
+    static LRESULT CALLBACK StartWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                         DWORD_PTR object);
 
     HWND window_ = nullptr;
-    int depth_ = 0;             // of nested messages being handled
+    int depth_ = 0;             // of nested messages
     bool isDestroyed_ = false;  // the window has been destroyed; OnFinalMessage is due
     ComPtr<IUnknown> owner_;
 };

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// The pointer's shape over a page. The engine sends no event for it, so the page is queried for the pointer's
-// position, at a limited rate.
+// The shape of the mouse pointer over a page. The engine sends no event for it, so this queries the page for
+// the shape at the pointer's position, at a limited rate.
 class PageCursor {
   public:
     PageCursor(HWND window, ViewScript& script) : window_(window), script_(script) {}
@@ -23,7 +23,7 @@ class PageCursor {
     // The page may have changed under the pointer.
     void Refresh() { SetPosition(point_); }
 
-    static constexpr UINT_PTR kTimer = 1;  // of the window
+    static constexpr UINT_PTR kTimer = 1;  // the id of a timer of the window
     void OnTimer();
 
     HCURSOR Current() const { return current_; }
@@ -36,7 +36,7 @@ class PageCursor {
     ViewScript& script_;
     POINT point_ = {-1, -1};
     HCURSOR current_ = LoadCursorW(nullptr, IDC_ARROW);
-    bool timerRuns_ = false;  // no query before its end
+    bool timerRuns_ = false;  // limits the rate: no query while it runs
     bool queryWanted_ = false;
     bool queryPending_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

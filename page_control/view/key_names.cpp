@@ -6,13 +6,13 @@ namespace tarvik {
 
 namespace {
 
-struct Named {
+struct KeyEntry {
     UINT code;
     const char* name;
 };
 
-// By scan code of set 1.
-constexpr Named kPlainCodes[] = {
+// By scan code (set 1).
+constexpr KeyEntry kStandardCodes[] = {
     {0x01, "Escape"},
     {0x02, "Digit1"},
     {0x03, "Digit2"},
@@ -122,8 +122,8 @@ constexpr Named kPlainCodes[] = {
     {0x7E, "NumpadComma"},
 };
 
-// With the prefix that tells them from keys of the number pad.
-constexpr Named kExtendedCodes[] = {
+// Extended keys: the prefix E0 distinguishes them from keys with the same scan code.
+constexpr KeyEntry kExtendedCodes[] = {
     {0x10, "MediaTrackPrevious"},
     {0x19, "MediaTrackNext"},
     {0x1C, "NumpadEnter"},
@@ -161,7 +161,7 @@ constexpr Named kExtendedCodes[] = {
     {0x6A, "BrowserBack"},
 };
 
-constexpr Named kKeys[] = {
+constexpr KeyEntry kKeys[] = {
     {VK_BACK, "Backspace"},
     {VK_TAB, "Tab"},
     {VK_CLEAR, "Clear"},
@@ -210,9 +210,9 @@ constexpr Named kKeys[] = {
 };
 
 template <size_t N>
-const char* Find(const Named (&names)[N], UINT code) {
-    for (const Named& named : names) {
-        if (named.code == code) return named.name;
+const char* Find(const KeyEntry (&names)[N], UINT code) {
+    for (const KeyEntry& entry : names) {
+        if (entry.code == code) return entry.name;
     }
     return "";
 }
@@ -243,7 +243,7 @@ std::string CharacterOf(UINT virtualKey, UINT scanCode) {
 }  // namespace
 
 std::string KeyCodeName(UINT scanCode, bool extended) {
-    return extended ? Find(kExtendedCodes, scanCode) : Find(kPlainCodes, scanCode);
+    return extended ? Find(kExtendedCodes, scanCode) : Find(kStandardCodes, scanCode);
 }
 
 KeyLocation LocationOfKey(std::string_view code) {

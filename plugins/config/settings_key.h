@@ -14,8 +14,8 @@ namespace tarvik {
 // Settings below HKEY_CURRENT_USER\Software\NAME. A setting is a value; backslashes in its name separate the
 // keys above it. Failures are thrown; every member throws E_FAIL while no name is selected.
 //
-// By design the key stays open from its first use until it is cleared: values go there even after another
-// name has been selected, and writing fails after another program has deleted the key.
+// By design the key stays open from its first use until it is cleared: values are written there even after
+// another name has been selected, and writing fails after another program has deleted the key.
 class SettingsKey {
   public:
     void Select(std::wstring name);

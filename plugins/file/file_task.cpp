@@ -16,7 +16,7 @@ std::wstring JoinPath(const std::wstring& top, const std::wstring& path) {
     return top.substr(0, top.size() - hasSeparator) + path;
 }
 
-// Ignores failures: the step that needs the folder reports them.
+// Ignores failures: the operation that needs the folder reports them.
 void CreateFolders(const std::wstring& path) {
     std::vector<std::wstring> missing;
     for (auto folder = path; !folder.empty() && !PathFileExistsW(folder.c_str());

@@ -23,7 +23,7 @@ std::vector<BYTE> DigestOf(HCRYPTHASH hash) {
     return digest;
 }
 
-std::wstring Hexadecimal(const std::vector<BYTE>& bytes) {
+std::wstring ToHex(const std::vector<BYTE>& bytes) {
     constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
     std::wstring text;
     for (const BYTE byte : bytes) {
@@ -62,7 +62,7 @@ HRESULT CHashBase::Finish(const Call& call) {
     if (!call.Result()) return E_FAIL;
     ThrowIfFailed(status_);
     isFinished_ = true;
-    return SetResult(call.Result(), Bstr(Hexadecimal(DigestOf(hash_.Get()))));
+    return SetResult(call.Result(), Bstr(ToHex(DigestOf(hash_.Get()))));
 }
 
 }  // namespace tarvik

@@ -8,7 +8,7 @@ namespace tarvik {
 // Whether `wanted` is the menu or a submenu at any depth.
 bool ContainsMenu(HMENU menu, HMENU wanted);
 
-// Removes all items without destroying their submenus, as DestroyMenu would.
+// Removes all items. Unlike DestroyMenu, it does not destroy their submenus.
 void RemoveAllItems(HMENU menu);
 
 // Shows the menu at a point of the screen and returns the id of the chosen item, or 0. The owner is a window

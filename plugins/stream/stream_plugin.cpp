@@ -155,9 +155,9 @@ std::optional<Bstr> CStreamPlugin::ReadString(std::optional<BSTR> encoding, std:
     const uint32_t count = CountOf(length);
     if (Available(kAll) == 0) return std::nullopt;
     // The length is signed: a negative one reads an empty text. No string is longer than INT32_MAX.
-    const int32_t most = count == kAll ? INT32_MAX : std::max(static_cast<int32_t>(count), 0);
+    const int32_t limit = count == kAll ? INT32_MAX : std::max(static_cast<int32_t>(count), 0);
     const char* const bytes = reinterpret_cast<const char*>(block_.Data() + position_);
-    DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(most))}, form);
+    DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(limit))}, form);
     position_ += decoded.consumed;
     return std::move(decoded.text);
 }
@@ -172,9 +172,9 @@ Variant CStreamPlugin::WriteString(BSTR text, std::optional<BSTR> encoding) {
 
 // Overwrites content only, so the stream never grows.
 Integer CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
-    const uint32_t most = CountOf(count);
+    const uint32_t limit = CountOf(count);
     if (value.value > 0xFF) throw StatusError(E_INVALIDARG);
-    const uint64_t filled = Available(most == kAll ? size_ : most);
+    const uint64_t filled = Available(limit == kAll ? size_ : limit);
     if (filled > 0) std::memset(block_.Data() + position_, static_cast<int>(value.value), filled);
     position_ += filled;
     return {static_cast<LONG>(filled)};

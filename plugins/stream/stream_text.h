@@ -5,12 +5,12 @@
 
 #include "tarvik/bstr.h"
 
-// Encodes and decodes the texts in streams.
+// Encodes and decodes text in streams.
 namespace tarvik {
 
-enum class TextEncoding { kUtf8, kUnicode, kAnsi };
+enum class TextEncoding { kUtf8, kUnicode, kAnsi };  // kUnicode is UTF-16LE
 
-// `utf8`, `unicode` or `ansi` in any case; another name throws E_INVALIDARG.
+// Parses `utf8`, `unicode` or `ansi`, ignoring case. Throws E_INVALIDARG for another name.
 TextEncoding ParseEncoding(std::wstring_view name);
 
 // Appends a NUL in `unicode` and `ansi`, but not in `utf8`.
@@ -21,7 +21,7 @@ struct DecodedText {
     size_t consumed;  // in bytes
 };
 
-// Neither consumes nor returns NULs at the end; others are part of the text.
+// Neither consumes nor returns trailing NULs; others are part of the text.
 DecodedText DecodeText(std::string_view bytes, TextEncoding encoding);
 
 }  // namespace tarvik

@@ -6,8 +6,8 @@
 
 namespace tarvik {
 
-// Loads a library, calls its function, which takes no arguments, frees the library and returns the function's
-// status.
+// Loads a library, calls an exported function without arguments, such as DllRegisterServer, frees the library
+// and returns the function's status.
 HRESULT CallRegistration(const std::wstring& path, const char* function);
 
 }  // namespace tarvik

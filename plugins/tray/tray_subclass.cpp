@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-// Without the fields that later systems added.
+// The size of the structure without the fields that later versions of Windows added.
 constexpr DWORD kDataSize = 968;
 static_assert(kDataSize == FIELD_OFFSET(NOTIFYICONDATAW, hBalloonIcon));
 
@@ -36,7 +36,7 @@ void CTraySubclassWindow::Add() {
     data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     data.uCallbackMessage = kTrayMessage;
     data.hIcon = icon_.Get();
-    tip_.copy(data.szTip, std::size(data.szTip) - 1);  // a longer one is cut
+    tip_.copy(data.szTip, std::size(data.szTip) - 1);  // truncates
     if (Shell_NotifyIconW(NIM_ADD, &data)) isShown_ = true;
 }
 
@@ -78,7 +78,7 @@ bool CTraySubclassWindow::ProcessWindowMessage(UINT message, WPARAM wParam, LPAR
         if (isShown_) Remove();
         return false;
     }
-    // The shell has been restarted and has no icons.
+    // The shell has restarted and lost its icons.
     if (message == RegisterWindowMessageW(L"TaskbarCreated")) {
         if (isShown_) Add();
         result = 0;

@@ -31,7 +31,7 @@ class CTraySubclassWindow : public CWindowImpl {
 
   protected:
     bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
-    // Releases the functions: they may hold the plug-in, which would be a cycle.
+    // Releases the functions: they may hold the plug-in, which would leave a reference cycle.
     void OnFinalMessage(HWND window) override;
 
   private:

@@ -14,9 +14,10 @@ namespace tarvik {
 
 namespace {
 
-constexpr DISPID DISPID_EVMETH_ONDRAGSTART = static_cast<DISPID>(0x8001000B);
+// By contract the start of a drag moves the window, too.
+constexpr DISPID kDragStart = static_cast<DISPID>(DISPID_EVMETH_ONDRAGSTART);
 
-// `text` may be null.
+// Ignores case. `text` may be null.
 bool IsText(BSTR text, const wchar_t* other) {
     return text && _wcsicmp(text, other) == 0;
 }
@@ -27,7 +28,7 @@ bool IsControl(IHTMLElement* element) {
     return IsText(name.Get(), L"input") || IsText(name.Get(), L"textarea") || IsText(name.Get(), L"button");
 }
 
-// Nothing if the element has no valid attribute, so that its parent decides.
+// Empty if the element has no valid attribute, so that its parent decides.
 std::optional<bool> DragWindowAttribute(IHTMLElement* element) {
     Variant value;
     if (FAILED(element->getAttribute(Bstr(L"dragWindow").Get(), 0, value.Receive()))) return std::nullopt;
@@ -46,7 +47,7 @@ STDMETHODIMP CDragSink::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
-bool CDragSink::IsOverDragHandle() {
+bool CDragSink::IsPointerOverDragHandle() {
     POINT point = {};
     GetCursorPos(&point);
     ScreenToClient(window_, &point);
@@ -61,11 +62,11 @@ bool CDragSink::IsOverDragHandle() {
     return false;
 }
 
-// Starts the system's move loop.
 STDMETHODIMP CDragSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {
     return Guard([&] {
-        const bool isPress = id == DISPID_MOUSEDOWN || id == DISPID_EVMETH_ONDRAGSTART;
-        if (!isPress || !window_ || !IsOverDragHandle()) return E_NOTIMPL;
+        const bool startsDrag = id == DISPID_MOUSEDOWN || id == kDragStart;
+        if (!startsDrag || !window_ || !IsPointerOverDragHandle()) return E_NOTIMPL;
+        // Starts the system's move loop.
         PostMessageW(window_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
         return S_OK;
     });

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// Receives the mouse presses in a page and lets the user drag the window by an element with the attribute
-// `dragWindow`. The nearest element with that attribute decides; input controls never drag.
+// Lets the user drag the window by an element of the page with the attribute `dragWindow`. The nearest
+// element with that attribute decides; input controls never drag.
 class CDragSink : public CDispatchBase {
   public:
     CDragSink(HWND window, ComPtr<IHTMLDocument2> document)
@@ -24,14 +24,14 @@ class CDragSink : public CDispatchBase {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override;
 
   private:
-    bool IsOverDragHandle();
+    bool IsPointerOverDragHandle();
 
     HWND window_;
-    ComPtr<IHTMLDocument2> document_;  // the first document, even after a navigation
+    ComPtr<IHTMLDocument2> document_;  // by design the first one, even after a navigation
 };
 
 // Connects a sink to the default events of an element. A new connection replaces the previous one, so that
-// the sink receives each press once.
+// the sink receives each event once.
 class ElementConnection {
   public:
     HRESULT ConnectEventToElement(IUnknown* element, IUnknown* sink);

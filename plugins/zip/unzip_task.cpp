@@ -17,13 +17,12 @@ class UnzipTask : public ArchiveTask {
         const Options given = Given();
         const auto dest = given.Text(L"dest");
         if (!dest || dest->empty()) throw StatusError(E_INVALIDARG);
-        // The system creates folders only by absolute paths here, and the current folder may change
-        // meanwhile.
+        // SHCreateDirectory needs an absolute path, and the current folder may change meanwhile.
         return {FullPath(*dest), given.Flag(L"overWrite"), Progress(), &Context()};
     }
 };
 
-// The contract requires another order of the arguments of `fail` in each of the two tasks.
+// By contract the two tasks pass the arguments of `fail` in different orders.
 class UnzipFileTask : public UnzipTask {
   public:
     using UnzipTask::UnzipTask;
@@ -42,19 +41,19 @@ class UnzipFileTask : public UnzipTask {
     }
 };
 
-// Whether all of the memory can be read now. A script may pass any number as an address.
+// Whether all of the memory is readable now. A script may pass any number as an address.
 bool IsReadable(Bytes bytes) {
     constexpr DWORD kReadable = PAGE_READONLY | PAGE_READWRITE | PAGE_WRITECOPY | PAGE_EXECUTE_READ |
                                 PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
-    auto at = reinterpret_cast<ULONG_PTR>(bytes.data());
-    const ULONG_PTR end = at + bytes.size();
-    if (end < at) return false;
-    while (at < end) {
+    auto address = reinterpret_cast<ULONG_PTR>(bytes.data());
+    const ULONG_PTR end = address + bytes.size();
+    if (end < address) return false;
+    while (address < end) {
         MEMORY_BASIC_INFORMATION pages = {};
-        if (!VirtualQuery(reinterpret_cast<const void*>(at), &pages, sizeof pages)) return false;
+        if (!VirtualQuery(reinterpret_cast<const void*>(address), &pages, sizeof pages)) return false;
         if (pages.State != MEM_COMMIT || !(pages.Protect & kReadable) || pages.Protect & PAGE_GUARD)
             return false;
-        at = reinterpret_cast<ULONG_PTR>(pages.BaseAddress) + pages.RegionSize;
+        address = reinterpret_cast<ULONG_PTR>(pages.BaseAddress) + pages.RegionSize;
     }
     return true;
 }
@@ -76,7 +75,7 @@ class UnzipMemoryTask : public UnzipTask {
     }
 
     static Bytes ReadSource(const Options& given) {
-        // The contract takes the eight bytes of a value of any type for the address.
+        // By contract the eight data bytes of a value of any type are the address.
         const Variant buffer = given.Value(L"buffer");
         Variant length = given.Value(L"length");
         if (buffer.Is(VT_EMPTY) || length.Is(VT_EMPTY) || !length.ChangeType(VT_UI4))

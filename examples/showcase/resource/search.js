@@ -1,10 +1,11 @@
-// Finds examples and members by words in their titles and texts, as the user types.
+// Searches titles and texts of examples and members as the user types.
 Showcase.search = (function () {
   var element = Showcase.element;
-  var most = 40;
+  var maxResults = 40;
+  var keys = { enter: 13, escape: 27, up: 38, down: 40, f: 70, slash: 191 };
   var entries = null;
 
-  function plain(html) {
+  function withoutTags(html) {
     return html.replace(/<[^>]*>/g, '').replace(/&lt;/g, '<').replace(/&gt;/g, '>').replace(/&quot;/g, '"').replace(/&amp;/g, '&');
   }
 
@@ -19,7 +20,7 @@ Showcase.search = (function () {
       var prefix = object.name === plugin.type ? plugin.name : object.name;
       for (var k = 0; k < object.members.length; k++) {
         var member = object.members[k];
-        add(page, prefix + '.' + member.name, plain(member.summary), [plugin.name, object.name, member.name].join('.'));
+        add(page, prefix + '.' + member.name, withoutTags(member.summary), [plugin.name, object.name, member.name].join('.'));
       }
     }
   }
@@ -41,17 +42,17 @@ Showcase.search = (function () {
     var inTitle = [], elsewhere = [];
     if (!entries) collect();
     for (var i = 0; i < entries.length; i++) {
-      var all = true, title = true;
+      var all = true, allInTitle = true;
       for (var k = 0; k < words.length; k++) {
         if (entries[i].words.indexOf(words[k]) < 0) all = false;
-        if (entries[i].title.toLowerCase().indexOf(words[k]) < 0) title = false;
+        if (entries[i].title.toLowerCase().indexOf(words[k]) < 0) allInTitle = false;
       }
-      if (all) (title ? inTitle : elsewhere).push(entries[i]);
+      if (all) (allInTitle ? inTitle : elsewhere).push(entries[i]);
     }
     return inTitle.concat(elsewhere);
   }
 
-  function row(entry) {
+  function resultElement(entry) {
     var item = element('div', 'hit');
     item.appendChild(element('b', '', entry.title));
     item.appendChild(element('span', '', entry.text));
@@ -65,12 +66,12 @@ Showcase.search = (function () {
   function showHits(text) {
     var hits = find(text);
     var page = Showcase.clear('');
-    page.appendChild(element('h1', '', hits.length ? hits.length + (hits.length === 1 ? ' place' : ' places') : 'Nothing'));
-    page.appendChild(element('p', 'intro', 'with "' + text + '"'));
-    for (var i = 0; i < hits.length && i < most; i++) page.appendChild(row(hits[i]));
+    page.appendChild(element('h1', '', (hits.length || 'No') + (hits.length === 1 ? ' result' : ' results')));
+    page.appendChild(element('p', 'intro', 'for "' + text + '"'));
+    for (var i = 0; i < hits.length && i < maxResults; i++) page.appendChild(resultElement(hits[i]));
   }
 
-  function step(from, forward) {
+  function focusNeighbour(from, forward) {
     var next = forward ? from.nextSibling : from.previousSibling;
     if (next && next.className === 'hit') next.focus();
   }
@@ -85,21 +86,21 @@ Showcase.search = (function () {
     input.onkeydown = function (event) {
       /** @type {HTMLElement} */
       var first = document.querySelector('.hit');
-      if (event.keyCode === 27) {
+      if (event.keyCode === keys.escape) {
         input.value = '';
         input.oninput();
       }
-      if (first && event.keyCode === 13) first.click();
-      if (first && event.keyCode === 40) first.focus();
+      if (first && event.keyCode === keys.enter) first.click();
+      if (first && event.keyCode === keys.down) first.focus();
     };
     document.addEventListener('keydown', function (event) {
       var at = document.activeElement;
-      if (at.className === 'hit' && (event.keyCode === 38 || event.keyCode === 40)) {
-        step(at, event.keyCode === 40);
+      if (at.className === 'hit' && (event.keyCode === keys.up || event.keyCode === keys.down)) {
+        focusNeighbour(at, event.keyCode === keys.down);
         event.preventDefault();
       }
       // Ctrl+F, or a slash outside of text fields.
-      if (event.ctrlKey && event.keyCode === 70 || event.keyCode === 191 && !/INPUT|TEXTAREA/.test(at.tagName)) {
+      if (event.ctrlKey && event.keyCode === keys.f || event.keyCode === keys.slash && !/INPUT|TEXTAREA/.test(at.tagName)) {
         input.focus();
         input.select();
         event.preventDefault();

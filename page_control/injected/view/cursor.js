@@ -1,4 +1,4 @@
-// The name of the cursor at a point of the page.
+// The CSS keyword of the cursor at a point of the page.
 const makeCursor = () => {
   // The innermost element, and the point in its own document.
   const elementAt = (x, y) => {
@@ -41,7 +41,7 @@ const makeCursor = () => {
     const { element, x, y } = elementAt(left, above);
     if (!element) return 'default';
     const { cursor, userSelect } = element.ownerDocument.defaultView.getComputedStyle(element);
-    // A list of pictures ends with the name to fall back to.
+    // The value may list images; the last item is always a keyword.
     if (cursor !== 'auto') return cursor.split(',').pop().trim();
     if (element.isContentEditable || element.matches(kTextFields)) return 'text';
     return userSelect !== 'none' && isOverText(element, x, y) ? 'text' : 'default';
