@@ -23,7 +23,7 @@ class EventSink : public ComObject<IDispatch> {
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) override {
         if (!owner_ || !parameters) return S_OK;
-        const ComPtr<IUnknown> self(this->AsUnknown());  // the owner may close the connection
+        const ComPtr<IUnknown> keepAlive(this->AsUnknown());  // the owner may close the connection
         return Guard([&] { owner_->OnEvent(id, *parameters); });
     }
 

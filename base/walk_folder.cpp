@@ -12,7 +12,7 @@ namespace {
 
 class Walk {
   public:
-    Walk(const wchar_t* pattern, bool recursive, const WalkCallback& callback, FolderLinks links)
+    Walk(const wchar_t* pattern, bool recursive, const WalkCallback& callback, LinkPolicy links)
         : pattern_(pattern ? Pattern::Compile(pattern) : std::nullopt),
           recursive_(recursive),
           links_(links),
@@ -57,7 +57,7 @@ class Walk {
     }
 
     bool ShouldEnter(const WIN32_FIND_DATAW& entry) const {
-        return recursive_ && IsFolder(entry) && (links_ == FolderLinks::kEnter || !IsLink(entry));
+        return recursive_ && IsFolder(entry) && (links_ == LinkPolicy::kFollow || !IsLink(entry));
     }
 
     void Report(Level& level) const {
@@ -70,14 +70,14 @@ class Walk {
 
     std::optional<Pattern> pattern_;
     bool recursive_;
-    FolderLinks links_;
+    LinkPolicy links_;
     const WalkCallback& callback_;
 };
 
 }  // namespace
 
 HRESULT WalkFolder(const std::wstring& folder, const wchar_t* pattern, bool recursive,
-                   const WalkCallback& callback, FolderLinks links) {
+                   const WalkCallback& callback, LinkPolicy links) {
     return Walk(pattern, recursive, callback, links).Run(folder);
 }
 

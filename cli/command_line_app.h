@@ -15,13 +15,12 @@ class CommandLineApp : public CLI::App {
   public:
     CommandLineApp(const std::string& program, const std::string& version, const std::string& description);
 
-    // Parses the arguments that wmain got and runs the callback of the command. If they ask for the help or
-    // the version, prints that instead. Throws a UsageError.
+    // Parses the arguments of wmain and runs the callback of the command, or prints the help or the version
+    // if they request it. Throws a UsageError.
     void Run(std::span<wchar_t* const> arguments);
 };
 
-// Adds a positional argument ("FOLDER") or an option ("--icon"). The help calls the value of an option
-// `label`.
+// Adds a positional argument ("FOLDER") or an option ("--icon"). The help shows `label` for its value.
 template <class Text>
 CLI::Option* AddText(CLI::App& command, const char* name, const char* label, Text& value,
                      const char* description) {

@@ -27,11 +27,11 @@ class UsageError : public Failure {
 // The system's message for a status, or its number if there is none.
 std::wstring Reason(HRESULT status);
 
-// Throws a Failure: what failed, and why. The second takes the last error for the status.
+// Throws a Failure: what failed, and why. The second takes the status from the last error.
 [[noreturn]] void FailAs(const std::wstring& what, HRESULT status);
 [[noreturn]] void FailWithLastError(const std::wstring& what);
 
-// Runs work that throws statuses, and turns them into a Failure that says what was attempted.
+// Runs `work` and converts a StatusError that it throws to a Failure that says what was attempted.
 template <class Work>
 auto WithContext(const std::wstring& what, Work&& work) {
     try {

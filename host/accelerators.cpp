@@ -20,8 +20,8 @@ constexpr Accelerator kAccelerators[] = {
 
 }  // namespace
 
-// Ctrl and Alt together are AltGr, which types characters on many keyboards, such as } by AltGr+0 on the
-// German one. So keys with Ctrl are swallowed only if Alt is up.
+// Ctrl and Alt together are AltGr, which types characters on many keyboards, such as } by AltGr+0 on a German
+// one. So combinations with Ctrl are swallowed only if Alt is up.
 bool IsSwallowedKey(WPARAM key, bool control, bool alt) {
     const bool controlAlone = control && !alt;
     return std::any_of(std::begin(kAccelerators), std::end(kAccelerators),

@@ -106,7 +106,7 @@ STDMETHODIMP CWebBrowserHost::DragEnter(IDataObject*, DWORD, POINTL, DWORD* effe
 STDMETHODIMP CWebBrowserHost::DragOver(DWORD, POINTL point, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::DragOver");
     if (!effect) return E_POINTER;
-    const ComPtr<IUnknown> alive(AsUnknown());  // calls into the page may destroy its window
+    const ComPtr<IUnknown> keepAlive(AsUnknown());  // calls into the page may destroy its window
     return Guard([&] { *effect = DropBindingAt(point) ? DROPEFFECT_COPY : DROPEFFECT_NONE; });
 }
 
@@ -118,7 +118,7 @@ STDMETHODIMP CWebBrowserHost::DragLeave() {
 STDMETHODIMP CWebBrowserHost::Drop(IDataObject* data, DWORD, POINTL point, DWORD* effect) {
     TARVIK_TRACE("CWebBrowserHost::Drop");
     if (!effect || !data) return E_POINTER;
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return Guard([&] {
         const auto binding = DropBindingAt(point);
         if (!binding) {

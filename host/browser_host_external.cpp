@@ -15,7 +15,7 @@ namespace tarvik {
 STDMETHODIMP CWebBrowserHost::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     TARVIK_TRACE("CWebBrowserHost::GetIDsOfNames");
     if (count == 0 || !names || !names[0] || !ids) return E_INVALIDARG;
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return Guard([&] { return FindMember(names[0], ids); });
 }
 
@@ -51,7 +51,7 @@ HRESULT CWebBrowserHost::CreatePlugin(const std::wstring& name, DISPID* id) {
 STDMETHODIMP CWebBrowserHost::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO*, UINT*) {
     TARVIK_TRACE("CWebBrowserHost::Invoke");
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return Guard([&]() -> HRESULT {
         if (!(flags & DISPATCH_METHOD)) {
             return flags & DISPATCH_PROPERTYGET ? ReadPlugin(id, result) : E_NOTIMPL;

@@ -20,7 +20,7 @@ struct DebugMessage {
 // program that writes waits for the reader.
 class DebugOutput {
   public:
-    // Returns nothing if another program is reading already. Throws the status of a failure.
+    // Empty if another program is already reading. Throws the status of a failure.
     static std::optional<DebugOutput> Open();
 
     HANDLE Ready() const { return dataReady_.Get(); }  // signalled when there is a message

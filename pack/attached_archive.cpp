@@ -49,7 +49,7 @@ void CheckAttached(const std::wstring& program, const std::vector<Entry>& entrie
     AttachedArchive attached(program);
     ArchiveReader& reader = attached.Reader();
     if (!attached.CountsFromStart() || reader.Count() != entries.size())
-        throw Failure(L"The attached archive cannot be found.");
+        throw Failure(L"The archive attached to \"" + program + L"\" cannot be found.");
     ProgressLine progress(L"Checking", TotalSize(entries));
     try {
         for (mz_uint index = 0; index < reader.Count(); ++index)

@@ -55,8 +55,8 @@ void UpdateResources(const std::wstring& program, const VersionInfo& version,
 
 }  // namespace
 
-// Everything that the user can get wrong is checked before anything is written. The resources come first
-// because updating them moves whatever is attached to the program.
+// Checks the user's input before it writes anything. The resources come first, because updating them would
+// move an attached archive.
 void BuildProgram(const BuildOptions& options) {
     const std::wstring output = FullPath(options.output);
     const std::wstring host = options.host.empty() ? DefaultHost() : FullPath(options.host);

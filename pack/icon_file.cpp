@@ -16,10 +16,10 @@ struct Directory {
     WORD type;
     WORD count;
 };
-// The common part of an entry in a file, which ends with the picture's offset, and in a resource, which ends
-// with its id.
+// Common to an entry in a file, which ends with the offset of the image, and in a resource, which ends with
+// its id.
 struct DirectoryEntry {
-    BYTE width, height, colours, reserved;
+    BYTE width, height, colors, reserved;
     WORD planes, bits;
     DWORD size;
 };
@@ -47,27 +47,28 @@ FileEntry EntryOf(Bytes file, size_t index) {
 }
 
 // Whether the pixels are complete. Some files lack the mask that follows them, which the system accepts.
-bool IsBitmap(Bytes picture) {
-    const auto header = ReadAt<BITMAPINFOHEADER>(picture, 0);
+bool IsBitmap(Bytes image) {
+    const auto header = ReadAt<BITMAPINFOHEADER>(image, 0);
     constexpr LONG kMaxSize = 0x10000;
     constexpr WORD kDepths[] = {1, 4, 8, 16, 24, 32};
     if (header.biSize != sizeof header || header.biWidth <= 0 || header.biWidth > kMaxSize ||
         header.biHeight <= 0 || header.biHeight > kMaxSize ||
         std::ranges::find(kDepths, header.biBitCount) == std::end(kDepths))
         return false;
-    const size_t colours = header.biClrUsed         ? header.biClrUsed
-                           : header.biBitCount <= 8 ? 1U << header.biBitCount
-                                                    : 0;
+    const size_t colors = header.biClrUsed         ? header.biClrUsed
+                          : header.biBitCount <= 8 ? 1U << header.biBitCount
+                                                   : 0;
     const size_t row = (static_cast<size_t>(header.biWidth) * header.biBitCount + 31) / 32 * 4;
-    const size_t rows = static_cast<size_t>(header.biHeight) / 2;  // the mask's rows included
-    return sizeof header + colours * sizeof(RGBQUAD) + row * rows <= picture.size();
+    const size_t rows =
+        static_cast<size_t>(header.biHeight) / 2;  // biHeight also counts the rows of the mask
+    return sizeof header + colors * sizeof(RGBQUAD) + row * rows <= image.size();
 }
 
-// A picture is a bitmap without its file header, or a whole PNG file.
-bool IsPicture(Bytes picture) {
+// A image is a bitmap without its file header, or a whole PNG file.
+bool IsImage(Bytes image) {
     constexpr std::uint8_t kPng[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    if (picture.size() < sizeof(BITMAPINFOHEADER)) return false;
-    return std::ranges::equal(picture.first(std::size(kPng)), kPng) || IsBitmap(picture);
+    if (image.size() < sizeof(BITMAPINFOHEADER)) return false;
+    return std::ranges::equal(image.first(std::size(kPng)), kPng) || IsBitmap(image);
 }
 
 bool IsValid(Bytes file) {
@@ -80,7 +81,7 @@ bool IsValid(Bytes file) {
         const FileEntry entry = EntryOf(file, index);
         if (entry.offset < start || entry.offset > file.size() ||
             entry.entry.size > file.size() - entry.offset ||
-            !IsPicture(file.subspan(entry.offset, entry.entry.size)))
+            !IsImage(file.subspan(entry.offset, entry.entry.size)))
             return false;
     }
     return true;
@@ -92,17 +93,17 @@ void Append(std::vector<std::uint8_t>& bytes, const Value& value) {
     bytes.insert(bytes.end(), first, first + sizeof value);
 }
 
-// Removes the pictures of the group and returns the first id for new ones. If the program has further groups,
-// it is unknown which pictures they share, and all stay.
-WORD RemovePictures(ResourceUpdate& update, WORD group) {
+// Removes the images of the group and returns the first id for new ones. If the program has further groups,
+// keeps all, because groups may share images.
+WORD RemoveImages(ResourceUpdate& update, WORD group) {
     const auto groups = update.Ids(RT_GROUP_ICON);
-    const auto pictures = update.Ids(RT_ICON);
-    if (pictures.empty() || std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
-        for (const WORD id : pictures)
+    const auto images = update.Ids(RT_ICON);
+    if (images.empty() || std::ranges::all_of(groups, [&](WORD id) { return id == group; })) {
+        for (const WORD id : images)
             update.Remove(RT_ICON, id);
         return 1;
     }
-    return static_cast<WORD>(std::ranges::max(pictures) + 1);
+    return static_cast<WORD>(std::ranges::max(images) + 1);
 }
 
 }  // namespace
@@ -116,7 +117,7 @@ IconFile::IconFile(const std::wstring& path)
 void IconFile::AddTo(ResourceUpdate& update, WORD group) const {
     const Bytes file = file_.Content();
     const auto directory = ReadAt<Directory>(file, 0);
-    WORD id = RemovePictures(update, group);
+    WORD id = RemoveImages(update, group);
     std::vector<std::uint8_t> resource;
     Append(resource, directory);
     for (size_t index = 0; index < directory.count; ++index, ++id) {

@@ -9,12 +9,12 @@
 
 namespace tarvik {
 
-// An icon file: one picture in several sizes.
+// An icon file: an icon in several sizes.
 class IconFile {
   public:
     explicit IconFile(const std::wstring& path);  // throws a Failure if the file is missing or invalid
 
-    // Makes the pictures those of a group. If it is the only group of the program, its old ones are removed.
+    // Replaces the images of an icon group. Removes its old images if it is the only group of the program.
     void AddTo(ResourceUpdate& update, WORD group) const;
 
   private:

@@ -48,7 +48,7 @@ STDMETHODIMP CObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
     if (!(flags & fdexNameEnsure)) return GetIDsOfNames(IID_NULL, &text, 1, kScriptLocale, out);
     return Guard([&] {
         const auto [entry, added] = names_.try_emplace(text, NextPropertyId());
-        if (!added) return S_FALSE;
+        if (!added) return S_FALSE;  // by design without its id
         lastPropertyId = entry->second;
         values_.emplace(entry->second, Property{&entry->first, Variant()});
         *out = entry->second;

@@ -357,7 +357,7 @@ declare namespace Tarvik {
      * Other windows keep working, and so do calls into the page.
      *
      * @returns The file's full path; `null` if the user chose none.
-     * @throws 0x80070057 if the options are no object.
+     * @throws 0x80070057 if the options are not an object.
      *
      * @example
      * var path = external.window.selectFile({
@@ -390,7 +390,7 @@ declare namespace Tarvik {
      * Opens a dialog in which the user chooses a folder. The call waits as with {@link selectFile}.
      *
      * @returns The folder's path; `null` if the user chose none.
-     * @throws 0x80070057 if the options are no object.
+     * @throws 0x80070057 if the options are not an object.
      *
      * @example
      * var folder = external.window.selectFolder({ title: 'Where are the plans?', newFolderButton: true });

@@ -139,7 +139,7 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
     // that fails is dropped. The function may also set another one, or release this plug-in, so both are
     // held during the call.
     void ReportChange() {
-        const tarvik::ComPtr<IUnknown> alive(AsUnknown());
+        const tarvik::ComPtr<IUnknown> keepAlive(AsUnknown());
         const tarvik::ScriptObject function = onChange_;
         if (!function) return;
         std::optional<std::wstring> text;

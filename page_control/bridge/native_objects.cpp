@@ -51,14 +51,14 @@ void NativeObjects::Release(int number, int references) {
     if (found == entries_.end() || (found->second.references -= references) > 0 || number == kExternal)
         return;
     // Removed from the tables first, because its destructor may call back.
-    const Entry ended = std::move(found->second);
+    const Entry removed = std::move(found->second);
     entries_.erase(found);
-    numbers_.erase(ended.identity.Get());
+    numbers_.erase(removed.identity.Get());
     threshold_ = std::max(kCollectThreshold, std::min(threshold_, entries_.size() * 2));
 }
 
 void NativeObjects::Clear() {
-    const auto ended = std::move(entries_);
+    const auto removed = std::move(entries_);
     entries_.clear();
     numbers_.clear();
 }

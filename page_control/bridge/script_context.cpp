@@ -54,9 +54,9 @@ ComPtr<IDispatch> ScriptContext::ObjectFor(int number, bool callable) {
     const auto [place, isNew] = objects_.try_emplace(number, HeldObject{nullptr, 0});
     ++place->second.references;
     if (!isNew) return place->second.object;
-    auto made = MakeCom<ScriptObject>(shared_from_this(), number, callable);
-    place->second.object = made.Get();
-    return made;
+    auto created = MakeCom<ScriptObject>(shared_from_this(), number, callable);
+    place->second.object = created.Get();
+    return created;
 }
 
 void ScriptContext::Release(int number) {

@@ -67,7 +67,7 @@ STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DI
 
 STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                     EXCEPINFO* exception, IServiceProvider*) {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     static const DISPPARAMS kNone = {};
     return Guard([&]() -> HRESULT {
         const std::wstring* const name = context_->Names().NameOf(id);

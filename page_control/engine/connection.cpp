@@ -148,7 +148,7 @@ void Connection::DeliverEnd() {
 
 bool Connection::WaitUntil(const std::function<bool()>& condition, DWORD timeout) {
     const std::shared_ptr<bool> alive = alive_;
-    // Nested waits share the period: if calls arrive all the time, no single wait lasts long.
+    // Nested waits share the period: with calls arriving all the time, no single wait would last that long.
     if (depth_++ == 0) callsOnlyUntil_ = GetTickCount64() + kCallsOnlyPeriod;
     const bool met = Wait(*alive, condition, timeout);
     if (*alive) --depth_;

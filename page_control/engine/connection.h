@@ -60,8 +60,8 @@ class Connection : public DevTools {
     std::atomic<int> lastId_{0};
     std::unordered_map<int, ReplyHandler> replies_;
     std::map<std::string, EventHandler, std::less<>> listeners_;
-    int depth_ = 0;  // of nested waits
-    ULONGLONG callsOnlyUntil_ = 0;
+    int depth_ = 0;                 // of nested waits
+    ULONGLONG callsOnlyUntil_ = 0;  // in ticks; from then on waits pump window messages, too
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     MessageQueue queue_;
     EnginePages pages_;

@@ -16,7 +16,7 @@ namespace tarvik {
 class MessageSplitter {
   public:
     // Passes on the texts that are complete. The handler returns whether a text was a message. Returns false
-    // when more bytes than any message has have come without one: then the sender is no engine.
+    // when more bytes have arrived than any message has: then the sender is not the engine.
     bool Append(std::string_view bytes, const std::function<bool(std::string_view text)>& handle);
 
   private:
@@ -41,7 +41,7 @@ struct IgnoredMessage {};
 
 using EngineMessage = std::variant<IgnoredMessage, ScreencastFrame, nlohmann::json>;
 
-// Empty if the text is no message.
+// Empty if the text is not a message.
 std::optional<EngineMessage> ParseMessage(std::string_view text);
 
 }  // namespace tarvik

@@ -40,7 +40,7 @@ class PageEvents {
     virtual ComPtr<IDispatch> GetExternal() = 0;
 };
 
-// The page of one control: a target of the engine, the script of its document, and its picture in a window.
+// The page of one control: a target of the engine, the script of its document, and its view in a window.
 // If the engine is missing, or the engine or the page has crashed, the window shows a notice; a click on it
 // or Reload tries again.
 class Page : public ScriptContextDelegate, public std::enable_shared_from_this<Page> {

@@ -33,11 +33,11 @@ VARIANT ByReference(VARIANT_BOOL* value) {
 }
 
 // The control's own dialog, for a site that does not handle script errors. True if scripts may continue.
-bool ConfirmContinue(HWND delegate, const ScriptError& error) {
+bool ConfirmContinue(HWND owner, const ScriptError& error) {
     const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + std::to_wstring(error.line) +
                               L"\nChar:\t" + std::to_wstring(error.column) + L"\nError:\t" + error.message +
                               L"\nURL:\t" + error.url + L"\n\nGo on running scripts on this page?";
-    return MessageBoxW(delegate, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
+    return MessageBoxW(owner, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
 }
 
 }  // namespace
@@ -122,7 +122,7 @@ void PageControl::OnNewWindow(const std::wstring& url) {
 
 // WindowClosing(is child, cancel)
 void PageControl::OnWindowClosing() {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     VARIANT_BOOL cancel = VARIANT_FALSE;
     Variant isChild = Variant::Bool(false);
     VARIANT arguments[] = {isChild, ByReference(&cancel)};
@@ -163,7 +163,7 @@ void PageControl::ReportErrors() {
 }
 
 void PageControl::OnContextMenu(POINT screen, IDispatch* script) {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     const auto handler = Query<IDocHostUIHandler>(site_.Get());
     const auto element = ElementFor(script);
     POINT point = screen;
@@ -189,7 +189,7 @@ ComPtr<IDispatch> PageControl::GetExternal() {
 }
 
 bool PageControl::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     const auto page = page_;
     bool handled = false;
     const HRESULT status = Guard([&] {

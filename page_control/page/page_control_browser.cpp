@@ -15,7 +15,7 @@ STDMETHODIMP PageControl::Navigate(BSTR url, VARIANT* flags, VARIANT* frame, VAR
 
 STDMETHODIMP PageControl::Navigate2(VARIANT* url, VARIANT*, VARIANT*, VARIANT*, VARIANT*) {
     if (!url) return E_INVALIDARG;
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return Guard([&]() -> HRESULT {
         Variant address = Variant::Copy(*url);
         if (!address.ChangeType(VT_BSTR)) return E_INVALIDARG;

@@ -27,7 +27,7 @@ STDMETHODIMP PageControl::SetClientSite(IOleClientSite* site) {
 }
 
 STDMETHODIMP PageControl::Close(DWORD) {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return InPlaceDeactivate();
 }
 
@@ -53,7 +53,7 @@ STDMETHODIMP PageControl::GetExtent(DWORD, SIZEL* extent) {
 }
 
 STDMETHODIMP PageControl::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, const RECT* position) {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     return Guard([&]() -> HRESULT {
         switch (verb) {
             case OLEIVERB_PRIMARY:
@@ -137,7 +137,7 @@ STDMETHODIMP PageControl::UIDeactivate() {
 }
 
 STDMETHODIMP PageControl::InPlaceDeactivate() {
-    const ComPtr<IUnknown> alive(AsUnknown());
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
     UIDeactivate();
     // Moved out first, so that nested calls find the control inactive.
     const auto site = std::move(inPlaceSite_);

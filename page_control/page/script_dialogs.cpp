@@ -10,9 +10,9 @@ namespace {
 constexpr WORD kEdit = 100;
 constexpr size_t kMaxLength = 32 * 1024;
 
-std::wstring Caption(HWND delegate) {
+std::wstring Caption(HWND owner) {
     wchar_t text[256] = {};
-    GetWindowTextW(delegate, text, static_cast<int>(std::size(text)));
+    GetWindowTextW(owner, text, static_cast<int>(std::size(text)));
     return text;
 }
 
@@ -87,28 +87,28 @@ INT_PTR CALLBACK PromptProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return TRUE;
 }
 
-ScriptDialogResult ShowPrompt(HWND delegate, const ScriptDialog& dialog) {
+ScriptDialogResult ShowPrompt(HWND owner, const ScriptDialog& dialog) {
     constexpr WORD kButtonClass = 0x0080, kEditClass = 0x0081, kStaticClass = 0x0082;
-    Template layout(Caption(delegate), {230, 86});
+    Template layout(Caption(owner), {230, 86});
     layout.Add(kEditClass, kEdit, WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, {8, 44, 222, 58}, L"");
     layout.Add(kStaticClass, 0, SS_NOPREFIX, {8, 8, 222, 40}, dialog.message);
     layout.Add(kButtonClass, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, {116, 66, 166, 80}, L"OK");
     layout.Add(kButtonClass, IDCANCEL, WS_TABSTOP, {172, 66, 222, 80}, L"Cancel");
     Prompt prompt = {dialog, {}};
-    DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Head(), delegate, PromptProcedure,
+    DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Head(), owner, PromptProcedure,
                             reinterpret_cast<LPARAM>(&prompt));
     return prompt.result;
 }
 
 }  // namespace
 
-ScriptDialogResult ShowScriptDialog(HWND delegate, const ScriptDialog& dialog) {
-    if (dialog.type == "prompt") return ShowPrompt(delegate, dialog);
+ScriptDialogResult ShowScriptDialog(HWND owner, const ScriptDialog& dialog) {
+    if (dialog.type == "prompt") return ShowPrompt(owner, dialog);
     const bool leaving = dialog.type == "beforeunload";
     const std::wstring text =
         leaving ? L"Leave this page? Changes that you made may not be saved." : dialog.message;
     const UINT style = dialog.type == "alert" ? MB_OK | MB_ICONINFORMATION : MB_OKCANCEL | MB_ICONQUESTION;
-    return {MessageBoxW(delegate, text.c_str(), Caption(delegate).c_str(), style) == IDOK, {}};
+    return {MessageBoxW(owner, text.c_str(), Caption(owner).c_str(), style) == IDOK, {}};
 }
 
 }  // namespace tarvik

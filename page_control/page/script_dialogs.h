@@ -19,6 +19,6 @@ struct ScriptDialogResult {
 };
 
 // Shows a dialog, modal to `owner`, until it is closed.
-ScriptDialogResult ShowScriptDialog(HWND delegate, const ScriptDialog& dialog);
+ScriptDialogResult ShowScriptDialog(HWND owner, const ScriptDialog& dialog);
 
 }  // namespace tarvik

@@ -35,7 +35,7 @@ class PictureReader {
                                        reinterpret_cast<void**>(factory_.GetAddressOf())));
     }
 
-    void Read(std::vector<BYTE>& bytes, Picture::Pixels& pixels) {
+    void Read(std::vector<BYTE>& bytes, FrameBuffer::Pixels& pixels) {
         ComPtr<IWICStream> stream;
         ComPtr<IWICBitmapDecoder> decoder;
         ComPtr<IWICBitmapFrameDecode> frame;

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <thread>
 
-#include "page_control/view/picture.h"
+#include "page_control/view/frame_buffer.h"
 
 namespace tarvik {
 
@@ -18,8 +18,8 @@ namespace tarvik {
 class FrameDecoder {
   public:
     struct Frame {
-        Picture::Pixels pixels;
-        size_t bytes = 0;  // of the encoded picture
+        FrameBuffer::Pixels pixels;
+        size_t bytes = 0;  // of the encoded image
     };
     // Called on the decoder's thread; the handler may move the pixels out of the frame.
     using Handler = std::function<void(Frame& frame)>;

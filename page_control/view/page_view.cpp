@@ -13,7 +13,7 @@
 namespace tarvik {
 
 struct PageView::Shown {
-    Shown(HWND window, PageTarget& page, Picture& picture, bool textIsSelectable,
+    Shown(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
           ViewScript::EventHandler onEvent)
         : target(page),
           script(page, textIsSelectable, std::move(onEvent)),
@@ -22,7 +22,7 @@ struct PageView::Shown {
           mouse(window, queue),
           keyboard(window, queue, script),
           cursor(window, script),
-          screencast(window, page, picture) {}
+          screencast(window, page, frameBuffer) {}
 
     PageTarget& target;
     ViewScript script;
@@ -40,14 +40,14 @@ PageView::~PageView() = default;
 
 void PageView::SetTarget(PageTarget* target) {
     shown_.reset();
-    picture_.Clear();
+    frameBuffer_.Clear();
     if (target) {
         SetNotice({});
         const auto onEvent = [this](const ViewScript::PageEvent& event) {
             const bool isCopy = event.type == ViewScript::PageEvent::Type::kCopied;
             isCopy ? CopyToClipboard(window_, event.text) : options_.onNewWindow(event.text);
         };
-        shown_ = std::make_shared<Shown>(window_, *target, picture_, options_.textIsSelectable, onEvent);
+        shown_ = std::make_shared<Shown>(window_, *target, frameBuffer_, options_.textIsSelectable, onEvent);
         ForwardFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
@@ -99,7 +99,7 @@ void PageView::Paint() {
     RECT area = {};
     GetClientRect(window_, &area);
     if (notice_.empty()) {
-        picture_.Paint(target, area);
+        frameBuffer_.Paint(target, area);
     } else {
         PaintNotice(target, area, notice_);
     }

@@ -7,11 +7,11 @@
 #include <string>
 
 #include "page_control/engine/devtools.h"
-#include "page_control/view/picture.h"
+#include "page_control/view/frame_buffer.h"
 
 namespace tarvik {
 
-// Shows the picture of a page in a window and forwards the window's input to the page. The window belongs to
+// Shows a page in a window and forwards the window's input to the page. The window belongs to
 // the page control, whose procedure passes its messages on. The view uses WM_APP + 1 and the timers 1 and 2.
 // Main thread.
 class PageView {
@@ -57,7 +57,7 @@ class PageView {
     HWND window_;
     const Options options_;
     std::wstring notice_;
-    Picture picture_;
+    FrameBuffer frameBuffer_;
     std::shared_ptr<Shown> shown_;
 };
 

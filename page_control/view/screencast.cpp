@@ -17,7 +17,7 @@ constexpr ULONGLONG kQuickSuccession = 100;
 constexpr UINT kCalmPeriod = 150;
 constexpr UINT kMaxDelay = 5000;
 
-// Frames for a window that is not shown yet, so that its picture is ready when it is.
+// Frames for a window that is not shown yet, so that it shows the page at once.
 constexpr int kUnseenFrames = 60;
 
 bool IsSeen(HWND window) {
@@ -26,10 +26,10 @@ bool IsSeen(HWND window) {
 
 }  // namespace
 
-Screencast::Screencast(HWND window, PageTarget& target, Picture& picture)
+Screencast::Screencast(HWND window, PageTarget& target, FrameBuffer& frameBuffer)
     : window_(window),
       target_(target),
-      picture_(picture),
+      frameBuffer_(frameBuffer),
       decoder_([this](FrameDecoder::Frame& frame) { OnDecoded(frame); }) {
     target_.Engine().ListenToFrames(target_.Session(),
                                     [this](std::string_view base64) { OnArrived(base64); });
@@ -49,7 +49,7 @@ void Screencast::OnArrived(std::string_view base64) {
 }
 
 void Screencast::OnDecoded(FrameDecoder::Frame& frame) {
-    picture_.Replace(frame.pixels);
+    frameBuffer_.Replace(frame.pixels);
     ++frames_;
     bytes_ += static_cast<long long>(frame.bytes);
     if (!posted_.exchange(true) && !PostMessageW(window_, kFrameMessage, 0, 0)) posted_ = false;
@@ -109,11 +109,11 @@ void Screencast::OnFrame() {
     ChooseFormat();
 }
 
-// Whether the picture shows the page's current state.
+// Whether the frame buffer shows the page's current state.
 bool Screencast::IsSettled() {
     RECT area = {};
     GetClientRect(window_, &area);
-    const SIZE size = picture_.Size();
+    const SIZE size = frameBuffer_.Size();
     const bool fits = IsRectEmpty(&area) || (size.cx == area.right && size.cy == area.bottom);
     return !hurried_.exchange(false) && fits && format_ == Format::kPng;
 }
@@ -132,7 +132,7 @@ void Screencast::ChooseFormat() {
     const int frames = frames_.exchange(0);
     const double bytes = static_cast<double>(bytes_.exchange(0));
     since_ = now;
-    const SIZE size = picture_.Size();
+    const SIZE size = frameBuffer_.Size();
     const double expensive = kExpensiveBytes * size.cx * size.cy;
     const bool animated = !first && frames / seconds >= kAnimatedFrames;
     if (format_ == Format::kPng && animated && bytes / frames > expensive) Restart(Format::kJpeg);

@@ -5,19 +5,20 @@
 #include <atomic>
 
 #include "page_control/engine/devtools.h"
+#include "page_control/view/frame_buffer.h"
 #include "page_control/view/frame_decoder.h"
-#include "page_control/view/picture.h"
 
 namespace tarvik {
 
-// Keeps a picture of a target up to date and repaints a window when it changes. Frames cost time even if the
-// window is invisible: then the screencast stops after some frames, and resumes when the window is painted.
+// Keeps the frame buffer of a target up to date and repaints a window when it changes. Frames cost time even
+// if the window is invisible: then the screencast stops after some frames, and resumes when the window is
+// painted.
 //
-// The engine skips frames in quick succession and during a resize, sometimes the last one too. So the
-// screencast is restarted once the page is calm again, which makes the engine send its picture.
+// The engine skips frames in quick succession and during a resize, sometimes even the last one. So the
+// screencast restarts once the page is calm again, which makes the engine send its current frame.
 class Screencast {
   public:
-    Screencast(HWND window, PageTarget& target, Picture& picture);
+    Screencast(HWND window, PageTarget& target, FrameBuffer& frameBuffer);
     ~Screencast();
     Screencast(const Screencast&) = delete;
     Screencast& operator=(const Screencast&) = delete;
@@ -48,11 +49,11 @@ class Screencast {
 
     HWND window_;
     PageTarget& target_;
-    Picture& picture_;
+    FrameBuffer& frameBuffer_;
     bool running_ = false;
     int unseen_ = 0;  // frames since the window was seen
     Format format_ = Format::kPng;
-    UINT delay_ = 0;                    // until the restart; 0 if the picture is up to date
+    UINT delay_ = 0;                    // until the restart; 0 if the frame buffer is up to date
     ULONGLONG arrived_ = 0;             // time of the last frame, on the reader's thread
     std::atomic<bool> hurried_{false};  // two arrived in quick succession
     std::atomic<bool> posted_{false};

@@ -24,7 +24,7 @@ HRESULT DeleteContents(const std::wstring& folder, bool delayed) {
             DeleteOne(path, attributes, delayed);
             return S_OK;
         },
-        FolderLinks::kLeave);
+        LinkPolicy::kSkip);
     return status == E_FAIL ? S_OK : status;
 }
 

@@ -17,7 +17,7 @@ struct KeyCombination {
 };
 
 // Parses a text like "ctrl+alt+f5": modifiers (ctrl, shift, alt, win), each followed by a plus sign, then a
-// key, which is one character or a name. Case does not matter. Returns nothing for any other text. By design
+// key, which is one character or a name. Case does not matter. Empty for any other text. By design
 // - a modifier is matched by its prefix, so "ctrlx+a" is ctrl+a, and may be repeated;
 // - "+" cannot be the key, because it separates;
 // - a character stands for its key in the current keyboard layout and does not imply shift;

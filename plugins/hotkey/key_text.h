@@ -14,7 +14,7 @@ struct KeyText {
     std::wstring_view key;
 };
 
-// Nothing if any text before a plus sign is no modifier. See ParseKeyCombination.
+// Empty if any text before a plus sign is not a modifier. See ParseKeyCombination.
 std::optional<KeyText> SplitKeyText(std::wstring_view text);
 
 // Ignores the case of ASCII letters; `start` is in lower case.

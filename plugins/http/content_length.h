@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-// The number in a Content-Length header; nothing if it is 0 or not a number. The contract requires that a
-// number beyond 32 bits becomes the nearest signed one, and that a negative one is reinterpreted as unsigned.
+// The number in a Content-Length header; empty if it is 0 or not a number. The contract requires that a
+// number is clamped to the range of a signed 32-bit integer and then reinterpreted as unsigned.
 inline std::optional<std::uint32_t> ParseContentLength(const wchar_t* text) {
     using Limits = std::numeric_limits<std::int32_t>;
     const long long length =

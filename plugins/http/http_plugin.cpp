@@ -18,11 +18,11 @@ static_assert(IsInOrder(kMembers));
 // The system's XMLHttpRequest object.
 ComPtr<IDispatch> MakeXmlHttp() {
     CLSID id = {};
-    ComPtr<IDispatch> made;
+    ComPtr<IDispatch> created;
     ThrowIfFailed(CLSIDFromProgID(L"Microsoft.XMLHTTP", &id));
     ThrowIfFailed(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                   reinterpret_cast<void**>(made.GetAddressOf())));
-    return made;
+                                   reinterpret_cast<void**>(created.GetAddressOf())));
+    return created;
 }
 
 template <class Make>
@@ -31,9 +31,9 @@ HRESULT ReturnNew(const Call& call, const char* label, Make make) {
         TARVIK_ERROR(label, L"pResult is NULL.");
         return S_OK;
     }
-    Variant made;
-    (void)Guard([&] { made = Variant::Object(make().Get()); });
-    return SetResult(call.Result(), std::move(made));
+    Variant created;
+    (void)Guard([&] { created = Variant::Object(make().Get()); });
+    return SetResult(call.Result(), std::move(created));
 }
 
 }  // namespace

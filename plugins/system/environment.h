@@ -12,11 +12,11 @@ namespace tarvik {
 // resolve.
 void PublishSpecialFolders();
 
-// Nothing if the variable is missing or empty. By design a value of 520 characters or more reads as empty; so
-// does such an expansion.
+// Empty if the variable is missing or empty. By design, a value of 520 characters or more reads as an empty
+// text, here and in ExpandEnvironment.
 std::optional<Bstr> EnvironmentVariable(const std::wstring& name);
 
-// Replaces each %name% by the variable's value.
+// Replaces each %name% with the value of the variable.
 std::optional<Bstr> ExpandEnvironment(const std::wstring& text);
 
 }  // namespace tarvik

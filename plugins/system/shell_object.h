@@ -11,10 +11,10 @@ namespace tarvik {
 // Creates an object of a shell class; a failure is thrown.
 template <class Interface>
 ComPtr<Interface> CreateShellObject(REFCLSID id, REFIID iid = __uuidof(Interface)) {
-    ComPtr<Interface> made;
+    ComPtr<Interface> created;
     ThrowIfFailed(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, iid,
-                                   reinterpret_cast<void**>(made.GetAddressOf())));
-    return made;
+                                   reinterpret_cast<void**>(created.GetAddressOf())));
+    return created;
 }
 
 // Interprets the result of ShellExecuteW, which is a number and no handle.

@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-// The calls that affect the user's session, privileges and programs. Tests replace them by harmless ones that
-// record each call.
+// The calls that affect the user's session, privileges and programs. Tests replace them with harmless ones
+// that record each call.
 class SystemCalls {
   public:
     virtual ~SystemCalls() = default;

@@ -14,7 +14,7 @@ struct BlockText {
 
 inline constexpr size_t kBlockNuls = 2;  // in every block
 
-// Nothing if the name is missing.
+// Empty if the name is missing.
 inline std::optional<BlockText> ParseBlock(std::wstring_view block) {
     const size_t end = block.find(L'\0');
     if (end == 0 || end == std::wstring_view::npos) return std::nullopt;

@@ -15,12 +15,12 @@ constexpr uint32_t kWhite = 0xFFFFFF;
 
 // The pixels as 0x__RRGGBB, row by row from the top. All are black if the system fails, so that the window
 // stays visible.
-std::vector<uint32_t> PixelsOf(HGDIOBJ picture, SIZE size) {
+std::vector<uint32_t> PixelsOf(HGDIOBJ bitmap, SIZE size) {
     std::vector<uint32_t> pixels(static_cast<size_t>(size.cx) * size.cy);
     BITMAPINFO format = {};
     format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
-    GetDIBits(context.Get(), static_cast<HBITMAP>(picture), 0, static_cast<UINT>(size.cy), pixels.data(),
+    GetDIBits(context.Get(), static_cast<HBITMAP>(bitmap), 0, static_cast<UINT>(size.cy), pixels.data(),
               &format, DIB_RGB_COLORS);
     return pixels;
 }
@@ -36,7 +36,7 @@ void AddRuns(std::span<const uint32_t> row, LONG y, std::vector<RECT>& runs) {
     }
 }
 
-// In one call: combining regions one by one takes quadratic time.
+// Creates the region in one call: combining rectangles one by one takes quadratic time.
 UniqueGdi RegionOf(const std::vector<RECT>& rectangles, SIZE bound) {
     if (rectangles.empty()) return UniqueGdi(CreateRectRgn(0, 0, 0, 0));
     const DWORD bytes = static_cast<DWORD>(rectangles.size() * sizeof(RECT));
@@ -54,19 +54,19 @@ UniqueGdi RegionOf(const std::vector<RECT>& rectangles, SIZE bound) {
 
 }  // namespace
 
-UniqueGdi LoadPicture(const wchar_t* path) {
+UniqueGdi LoadBitmapFile(const wchar_t* path) {
     return UniqueGdi(LoadImageW(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
 }
 
-SIZE SizeOf(HGDIOBJ picture) {
+SIZE SizeOf(HGDIOBJ bitmap) {
     BITMAP bitmap = {};
-    GetObjectW(picture, sizeof bitmap, &bitmap);
+    GetObjectW(bitmap, sizeof bitmap, &bitmap);
     return {bitmap.bmWidth, bitmap.bmHeight};
 }
 
-UniqueGdi RegionFromImage(HGDIOBJ picture) {
-    const SIZE size = SizeOf(picture);
-    const std::vector<uint32_t> pixels = PixelsOf(picture, size);
+UniqueGdi RegionFromImage(HGDIOBJ bitmap) {
+    const SIZE size = SizeOf(bitmap);
+    const std::vector<uint32_t> pixels = PixelsOf(bitmap, size);
     std::vector<RECT> runs;
     for (LONG y = 0; y < size.cy; ++y)
         AddRuns(std::span(pixels).subspan(static_cast<size_t>(y) * size.cx, size.cx), y, runs);

@@ -7,11 +7,11 @@
 namespace tarvik {
 
 // Loads a bitmap file; null if the system cannot read it.
-UniqueGdi LoadPicture(const wchar_t* path);
+UniqueGdi LoadBitmapFile(const wchar_t* path);
 
-SIZE SizeOf(HGDIOBJ picture);
+SIZE SizeOf(HGDIOBJ bitmap);
 
-// The pixels that are not exactly white. Null if memory is short.
-UniqueGdi RegionFromImage(HGDIOBJ picture);
+// The region of the pixels that are not exactly white. Null if out of memory.
+UniqueGdi RegionFromImage(HGDIOBJ bitmap);
 
 }  // namespace tarvik

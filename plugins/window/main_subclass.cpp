@@ -29,7 +29,7 @@ void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
     SetMenuBar(Window(), shown);  // resizes the page, which may set another menu
 }
 
-// A function refuses by returning false. A failed call is no refusal.
+// Only a function that returns false refuses; a failed call does not.
 bool CMainSubclassWindow::Raise(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     if (!function) return true;

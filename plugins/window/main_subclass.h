@@ -31,7 +31,7 @@ class CMainSubclassWindow : public CWindowImpl {
     void SetFrameless(bool frameless) { frameless_ = frameless; }
 
     // Retains the function until it is replaced or the window is destroyed, even after its page has been
-    // destroyed: calls fail then, which is no refusal. Does nothing without a window.
+    // destroyed: calls then fail, which does not refuse the event. Does nothing without a window.
     void SetCallback(WindowEvent event, IDispatch* function);
 
     TVK::IMenu* Menu() const { return menu_.Get(); }

@@ -19,7 +19,7 @@ ComPtr<IHTMLWindow2> WindowOf(IWebBrowser2* browser) {
     return window;
 }
 
-// Null if the value is no object.
+// Null if the value is not an object.
 IDispatch* ObjectOf(const Variant& value) {
     return value.Is(VT_DISPATCH) ? value.pdispVal : nullptr;
 }

@@ -79,14 +79,14 @@ HRESULT WindowFrame::SetResizable(bool resizable) {
 
 HRESULT WindowFrame::ShapeImage(const wchar_t* path) {
     if (!PathFileExistsW(path)) return E_INVALIDARG;
-    const UniqueGdi picture = LoadPicture(path);
-    if (!picture) return E_INVALIDARG;
-    UniqueGdi region = RegionFromImage(picture.Get());
+    const UniqueGdi bitmap = LoadBitmapFile(path);
+    if (!bitmap) return E_INVALIDARG;
+    UniqueGdi region = RegionFromImage(bitmap.Get());
     if (!shaped_) {
         ChangeCaption(false, FrameType::kShaped);
         SetResizable(false);
     }
-    const SIZE size = SizeOf(picture.Get());
+    const SIZE size = SizeOf(bitmap.Get());
     SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
     if (SetWindowRgn(window_, static_cast<HRGN>(region.Get()), TRUE)) region.Detach();  // the system owns it
     shaped_ = true;

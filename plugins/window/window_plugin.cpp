@@ -67,9 +67,9 @@ static_assert(IsInOrder(kMembers));
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CWindowPlugin>(L"window", TVK::kRetainedPlugin);
 
-constexpr int kTitleLength = 1000;  // with the terminator; a longer title is cut
+constexpr int kTitleLength = 1000;  // with the terminator; longer titles are truncated
 
-// Lets processes of lower integrity send these messages. Older systems do not filter messages.
+// Lets processes of lower integrity send these messages. Older versions of Windows do not filter messages.
 void AllowMessagesOfOtherProcesses() {
     using ChangeFilter = BOOL WINAPI(UINT, DWORD);
     auto* const change = FindFunction<ChangeFilter>(L"user32.dll", "ChangeWindowMessageFilter");
@@ -84,7 +84,7 @@ RECT WorkArea() {
     return area;
 }
 
-// Without a slot for the result no dialog opens. The result is null while the dialog is open, and if it
+// Opens no dialog if the caller takes no result. The result is null while the dialog is open, and if it
 // fails.
 template <class ShowDialog>
 HRESULT ReturnDialogResult(const Call& call, const char* label, ShowDialog&& showDialog) {
@@ -139,7 +139,7 @@ STDMETHODIMP CWindowPlugin::OnDocumentComplete(void*) {
         ComPtr<IHTMLElement> body;
         if (const HRESULT read = document->get_body(body.GetAddressOf()); FAILED(read)) return read;
         if (!dragSink_) dragSink_ = MakeCom<CDragSink>(window_, document);
-        return presses_.ConnectEventToElement(body.Get(), dragSink_.Get());
+        return bodyEvents_.ConnectEventToElement(body.Get(), dragSink_.Get());
     });
 }
 
@@ -164,7 +164,7 @@ bool CWindowPlugin::Minimize() {
     return true;
 }
 
-// In the desktop window, but within the work area of its monitor.
+// Centers in the desktop window, but stays within the work area of its monitor.
 bool CWindowPlugin::CenterWindow() {
     RECT desktop = {};
     GetWindowRect(GetDesktopWindow(), &desktop);
@@ -320,7 +320,7 @@ ComPtr<IDispatch> CWindowPlugin::GetMenu() {
     return ComPtr<IDispatch>(main_.Menu());
 }
 
-// By design an object that is no menu is ignored.
+// By design, ignores an object that is not a menu.
 HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
     if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
     return S_OK;

@@ -94,7 +94,7 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     CMainSubclassWindow main_;
     WindowFrame frame_{main_, server_};
     ComPtr<CDragSink> dragSink_;
-    ElementConnection presses_;
+    ElementConnection bodyEvents_;
     ComPtr<CMsgDispatch> msg_;
     ComPtr<ITaskbarList3> taskbar_;
     NameClaim claim_;

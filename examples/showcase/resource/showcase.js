@@ -5,10 +5,10 @@ var Showcase = (function () {
   var log = document.getElementById('log');
 
   function element(tag, className, text) {
-    var made = document.createElement(tag);
-    if (className) made.className = className;
-    if (text !== undefined) made.appendChild(document.createTextNode(text));
-    return made;
+    var created = document.createElement(tag);
+    if (className) created.className = className;
+    if (text !== undefined) created.appendChild(document.createTextNode(text));
+    return created;
   }
 
   function twoDigits(number) {

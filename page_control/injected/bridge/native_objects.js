@@ -53,7 +53,7 @@ const makeHandlers = (exchange, records, { encodeText, encode, encodeAll }, intr
     if (typeof name !== 'string') return false;
     record.listed = null;
     exchange('put', record.id + ',' + encodeText(name) + ',' + encode(value));
-    // A member that can be written is no method, though it may have read as empty before.
+    // A member that can be written is not a method, though it may have read as empty before.
     record.methods.remove(name);
     record.shape?.remove(name);
     return true;

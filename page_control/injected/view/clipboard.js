@@ -1,4 +1,4 @@
-// Copies of the page to the system's clipboard, and the system's text to the engine's clipboard.
+// Forwards what the page copies to the host, and copies the system's text to the engine's clipboard.
 const makeClipboard = (core, post) => {
   const { addEventListener, removeEventListener } = EventTarget.prototype;
   const { apply } = Reflect;
@@ -20,10 +20,10 @@ const makeClipboard = (core, post) => {
   const onCopy = (event) => {
     if (core.clipboardText === undefined) {
       apply(removeEventListener, window, [event.type, afterCopy]);
-      apply(addEventListener, window, [event.type, afterCopy]);  // behind all others
+      apply(addEventListener, window, [event.type, afterCopy]);  // after all others
       return;
     }
-    // setClipboard() copies in the page's name, which the page must not see.
+    // setClipboard() is copying, which the page must not notice.
     event.clipboardData.setData('text/plain', core.clipboardText);
     event.preventDefault();
     event.stopImmediatePropagation();

@@ -1,4 +1,4 @@
-// The look of what the engine would otherwise draw outside of the page's picture.
+// Styles for controls that the engine would draw outside of the page's frames.
 const applyStyles = (textIsSelectable) => {
   const adopt = (text) => {
     const sheet = new CSSStyleSheet();
@@ -6,7 +6,7 @@ const applyStyles = (textIsSelectable) => {
     document.adoptedStyleSheets.push(sheet);
   };
 
-  // Native drop-down lists are missing from the picture. A layer lets the page's own styles win, except that an important
+  // Native drop-down lists are missing from the frames. A layer lets the page's own styles win, except that an important
   // declaration in a layer beats the page's, so that no page can bring the native list back.
   adopt(`@layer {
     select:not([multiple]):is(:not([size]), [size="0"], [size="1"]) {

@@ -114,7 +114,7 @@ TEST_F(Frame, TakesTheShapeOfNonWhitePixels) {
         std::vector<uint32_t> pixels(static_cast<size_t>(width) * 31);
         for (uint32_t& pixel : pixels)
             pixel = kPixels[random() % std::size(kPixels)];
-        const UniqueGdi picture = LoadPicture(WriteBitmap(pixels, width).c_str());
+        const UniqueGdi picture = LoadBitmapFile(WriteBitmap(pixels, width).c_str());
         ASSERT_TRUE(picture);
         const UniqueGdi region = RegionFromImage(picture.Get());
         for (LONG at = 0; at < static_cast<LONG>(pixels.size()); ++at) {

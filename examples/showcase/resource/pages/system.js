@@ -45,12 +45,12 @@ Showcase.add({
       run: function (say) {
         var system = window.external.system;
         var path = system.expandEnvirPath('%TEMP%\\explorer.lnk');
-        var made = system.createShortcut({
+        var created = system.createShortcut({
           src: system.cmdArgs.getOrgArg(0),
           arg: '-f files.html',
           dest: path
         });
-        say('Created: ' + made);
+        say('Created: ' + created);
         var link = system.parseShortcut(path);
         say(link ? link.path + ' ' + link.args : 'It cannot be read.');
         window.external.file.deleteFile(path);

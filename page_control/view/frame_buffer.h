@@ -10,7 +10,7 @@
 namespace tarvik {
 
 // The last frame of a page. The decoder's thread replaces it; the window's thread paints it.
-class Picture {
+class FrameBuffer {
   public:
     struct Pixels {
         int width = 0;

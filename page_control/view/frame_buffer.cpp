@@ -1,4 +1,4 @@
-#include "page_control/view/picture.h"
+#include "page_control/view/frame_buffer.h"
 
 #include <algorithm>
 
@@ -31,22 +31,22 @@ UniqueGdi NoticeFont() {
 
 }  // namespace
 
-void Picture::Replace(Pixels& pixels) {
+void FrameBuffer::Replace(Pixels& pixels) {
     const std::lock_guard lock(lock_);
     std::swap(pixels_, pixels);
 }
 
-void Picture::Clear() {
+void FrameBuffer::Clear() {
     Pixels none;
     Replace(none);
 }
 
-SIZE Picture::Size() const {
+SIZE FrameBuffer::Size() const {
     const std::lock_guard lock(lock_);
     return {pixels_.width, pixels_.height};
 }
 
-void Picture::Paint(HDC target, const RECT& area) const {
+void FrameBuffer::Paint(HDC target, const RECT& area) const {
     const std::lock_guard lock(lock_);
     if (pixels_.colours.empty()) return Fill(target, area, kBackground);
     const int width = std::min<int>(pixels_.width, area.right);
