@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/folder_reader.h"
 #include "base/shell_delete.h"
 #include "tarvik/status.h"
 
@@ -104,10 +105,9 @@ bool IsLockFileName(std::wstring_view name) {
 
 std::vector<std::wstring> FindFoldersWithLock(const std::wstring& temp) {
     std::vector<std::wstring> folders;
-    WIN32_FIND_DATAW found = {};
-    const UniqueFind search(FindFirstFileW((temp + L"\\TV*" + kLockSuffix).c_str(), &found));
-    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
-        const std::wstring name = found.cFileName;
+    FolderReader reader(temp + L"\\TV*" + kLockSuffix);
+    while (reader.Next()) {
+        const std::wstring name = reader.Entry().cFileName;
         if (IsLockFileName(name)) folders.push_back(temp + L"\\" + name.substr(0, name.rfind(L'.')));
     }
     return folders;

@@ -7,7 +7,8 @@ namespace tarvik {
 
 namespace {
 
-// Runs on a thread of the system's. If the console closes, returning from here ends the process.
+// Runs on a system thread. When the console or the session closes, returning would end the process before it
+// has cleaned up.
 BOOL WINAPI OnControl(DWORD event) {
     SetEvent(Interrupt::Event());
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);

@@ -15,7 +15,7 @@ using Version = std::array<std::uint16_t, 4>;
 struct VersionInfo {
     std::wstring name;
     Version version;
-    std::wstring company;  // may be empty, as the next
+    std::wstring company;  // both may be empty
     std::wstring copyright;
 };
 

@@ -30,16 +30,16 @@ namespace fs = std::filesystem;
 // Calls found(number, line) for each line that contains the text. The first line has the number 1.
 void FindLines(std::istream& input, const std::string& text,
                const std::function<void(int, const std::wstring&)>& found) {
-    constexpr size_t kShown = 200;  // bytes of a line; lines of binary files may be very long
+    constexpr size_t kMaxShown = 200;  // bytes of a line; lines of binary files may be very long
     std::string line;
     for (int number = 1; std::getline(input, line); ++number) {
         if (line.find(text) == std::string::npos) continue;
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        found(number, tarvik::Widen(std::string_view(line).substr(0, kShown)));
+        found(number, tarvik::Widen(std::string_view(line).substr(0, kMaxShown)));
     }
 }
 
-std::wstring Needed(const tarvik::Options& options, const wchar_t* name) {
+std::wstring RequiredText(const tarvik::Options& options, const wchar_t* name) {
     const auto value = options.Text(name);
     if (!value || value->empty()) throw tarvik::StatusError(E_INVALIDARG);
     return *value;
@@ -54,7 +54,7 @@ class SearchTask : public tarvik::AsyncTask {
                std::shared_ptr<const std::atomic<bool>> stopped)
         : AsyncTask(options),
           folder_(std::move(folder)),
-          text_(tarvik::Narrow(Needed(options, L"text"))),
+          text_(tarvik::Narrow(RequiredText(options, L"text"))),
           hit_(options.Function(L"hit").Get()),
           stopped_(std::move(stopped)) {}
 
@@ -70,12 +70,12 @@ class SearchTask : public tarvik::AsyncTask {
             if (progress && tarvik::IsFalse(progress(path, files_))) return E_ABORT;
             std::ifstream file(entry.path(), std::ios::binary);
             FindLines(file, text_, [&](int line, const std::wstring& text) {
-                StopIfAsked();
+                ThrowIfStopped();
                 ++hits_;
                 if (hit) hit(path, line, text);
             });
             ++files_;
-            StopIfAsked();
+            ThrowIfStopped();
         }
         return S_OK;
     }
@@ -85,7 +85,7 @@ class SearchTask : public tarvik::AsyncTask {
     }
 
     // After E_ABORT, neither success nor fail is called.
-    void StopIfAsked() const {
+    void ThrowIfStopped() const {
         if (*stopped_) throw tarvik::StatusError(E_ABORT);
     }
 
@@ -114,7 +114,7 @@ class Search : public tarvik::Plugin<Search> {
         stopped_ = std::make_shared<std::atomic<bool>>(false);
         const tarvik::Options options(object);
         tarvik::ThrowIfFailed(tarvik::StartWorker(
-            std::make_unique<SearchTask>(ResolvePath(Needed(options, L"folder")), options, stopped_)));
+            std::make_unique<SearchTask>(ResolvePath(RequiredText(options, L"folder")), options, stopped_)));
     }
 
     void Stop() {

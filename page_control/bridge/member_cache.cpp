@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr ULONGLONG kFresh = 16;  // milliseconds
+constexpr ULONGLONG kMaxAge = 16;  // milliseconds
 
 }  // namespace
 
@@ -39,7 +39,7 @@ void MemberCache::Clear() {
 }
 
 void MemberCache::ClearStale() {
-    if (!entries_.empty() && GetTickCount64() - since_ >= kFresh) Clear();
+    if (!entries_.empty() && GetTickCount64() - since_ >= kMaxAge) Clear();
 }
 
 }  // namespace tarvik

@@ -12,8 +12,8 @@
 
 namespace tarvik {
 
-// The global object of a window before its first document. Values that are written are kept for that
-// document; nothing can be read. Names are created with fdexNameEnsure.
+// The global object of a window before its first document. Stores values for that document; they cannot be
+// read. Names are created with fdexNameEnsure.
 class StagedGlobals : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>> {
   public:
     using Value = std::pair<std::wstring, Variant>;

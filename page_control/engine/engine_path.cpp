@@ -54,9 +54,9 @@ std::wstring FindEngine() {
 std::wstring MissingEngineText() {
     std::wstring text = L"This application needs a web engine, and none was found.\n";
     if (const std::wstring given = ConfiguredEngine(); !given.empty())
-        return text + L"The variable TARVIK_BROWSER names a file that is not there:\n" + given;
+        return text + L"The environment variable TARVIK_BROWSER names a file that does not exist:\n" + given;
     text += IsWine() ? L"Install the package \"chromium\"" : L"Install Microsoft Edge or Google Chrome";
-    return text + L", or name a browser in the variable TARVIK_BROWSER.";
+    return text + L", or set the environment variable TARVIK_BROWSER to the path of a browser.";
 }
 
 }  // namespace tarvik

@@ -12,9 +12,9 @@ using nlohmann::json;
 
 namespace detail {
 
-// The base of an event whose parameters are not used.
+// Base of an event whose parameters are not used.
 template <class Event>
-struct Plain {
+struct WithoutParameters {
     static Event Parse(const json&) { return {}; }
 };
 
@@ -37,11 +37,11 @@ struct TargetDestroyed {
 };
 
 // Synthetic, see DevTools.
-struct Disconnected : detail::Plain<Disconnected> {
+struct Disconnected : detail::WithoutParameters<Disconnected> {
     static constexpr const char* kMethod = "Inspector.disconnected";
 };
 
-struct TargetCrashed : detail::Plain<TargetCrashed> {
+struct TargetCrashed : detail::WithoutParameters<TargetCrashed> {
     static constexpr const char* kMethod = "Inspector.targetCrashed";
 };
 
@@ -78,7 +78,7 @@ struct NavigatedWithinDocument {
     std::string url;
 };
 
-struct LoadEventFired : detail::Plain<LoadEventFired> {
+struct LoadEventFired : detail::WithoutParameters<LoadEventFired> {
     static constexpr const char* kMethod = "Page.loadEventFired";
 };
 
@@ -130,7 +130,7 @@ struct BindingCalled {
     int contextId;
 };
 
-struct ContextsCleared : detail::Plain<ContextsCleared> {
+struct ContextsCleared : detail::WithoutParameters<ContextsCleared> {
     static constexpr const char* kMethod = "Runtime.executionContextsCleared";
 };
 
@@ -140,11 +140,11 @@ struct ContextDestroyed {
     int contextId;
 };
 
-struct Paused : detail::Plain<Paused> {
+struct Paused : detail::WithoutParameters<Paused> {
     static constexpr const char* kMethod = "Debugger.paused";
 };
 
-struct Resumed : detail::Plain<Resumed> {
+struct Resumed : detail::WithoutParameters<Resumed> {
     static constexpr const char* kMethod = "Debugger.resumed";
 };
 

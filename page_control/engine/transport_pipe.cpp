@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/folder_reader.h"
 #include "base/path.h"
 #include "base/shell_delete.h"
 #include "base/text.h"
@@ -22,7 +23,7 @@ struct Pipe {
     UniqueHandle write;
 };
 
-// Enough that a busy engine does not block this process at once.
+// Large enough that a busy engine seldom blocks this process.
 constexpr DWORD kPipeSize = 1 << 20;
 
 Pipe MakePipe() {
@@ -83,10 +84,9 @@ bool IsInUse(const std::wstring& profile) {
 
 void RemoveStaleProfiles(const std::wstring& folder) {
     std::vector<std::wstring> stale;
-    WIN32_FIND_DATAW found = {};
-    const UniqueFind search(FindFirstFileW((folder + L"tarvik-*" + kProfile).c_str(), &found));
-    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.Get(), &found)) {
-        const std::wstring path = folder + found.cFileName;
+    FolderReader reader(folder + L"tarvik-*" + kProfile);
+    while (reader.Next()) {
+        const std::wstring path = folder + reader.Entry().cFileName;
         if (!IsInUse(path)) stale.push_back(path);
     }
     for (const std::wstring& path : stale)
@@ -108,7 +108,7 @@ class PipeTransport : public Transport {
         PipeTransport::Kill();
     }
 
-    // Also removes the profile, which nothing else does before the next start.
+    // Also removes the profile, which would otherwise stay until the next start.
     void Kill() override {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);

@@ -14,11 +14,10 @@ enum class Kind {
     kCall,          // [name, call id, fields...]: the page pauses until the host sends the reply
     kNotification,  // [name, fields...]: the page continues
     // The host evaluates receive(releases, name, fields...). `releases` are numbers of script objects, each
-    // followed by
-    // the count of released references. A paused page queues the message for its innermost call.
+    // followed by the count of released references. A paused page queues the message for its innermost call.
     kReply,    // to a call; its first field is the call's id
     kCommand,  // at any time; a paused page runs it before it pauses again
-    // Names inside of "run", and the tags of its outcome.
+    // Names in "run", and the tags of its outcome.
     kTask,
     kOutcome,
     // The view's script posts the text "name:field".

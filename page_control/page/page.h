@@ -60,8 +60,8 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     // The same; before the first document, where it will be, so that relative paths resolve from the start.
     std::wstring LocationOrDestination() const;
     bool IsLoading() const { return loading_; }
-    // Whether native code waits for any page of this process.
-    bool IsAnyAwaited() const { return target_ && target_->Engine().IsWaiting(); }
+    // Whether native code is waiting for the engine, for this page or another one.
+    bool IsEngineAwaited() const { return target_ && target_->Engine().IsWaiting(); }
     std::shared_ptr<ScriptContext> Context() const { return bridge_ ? bridge_->Context() : nullptr; }
     // The global object of the document. Values written before the first document are applied to it.
     ComPtr<IDispatch> Globals();
@@ -82,7 +82,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     }
     Variant OnDialog(const std::string& type, const std::wstring& message,
                      const std::wstring& proposal) override;
-    // A button that is up again by now would start a drag without an end.
+    // If the button has been released meanwhile, a drag would never end.
     void OnMouseDown() override {
         if (view_.IsMouseHeld()) Fire(&PageEvents::OnMouseDown);
     }

@@ -141,7 +141,7 @@ void PageControl::OnScriptError(const ScriptError& error) {
 }
 
 void PageControl::ReportErrors() {
-    if (reporting_ || (page_ && page_->IsAnyAwaited())) return;
+    if (reporting_ || (page_ && page_->IsEngineAwaited())) return;
     KillTimer(windows_->Server(), kErrorTimer);
     reporting_ = true;
     while (!errors_.empty()) {

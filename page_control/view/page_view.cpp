@@ -12,9 +12,9 @@
 
 namespace tarvik {
 
-struct PageView::Shown {
-    Shown(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
-          ViewScript::EventHandler onEvent)
+struct PageView::TargetView {
+    TargetView(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
+               ViewScript::EventHandler onEvent)
         : target(page),
           script(page, textIsSelectable, std::move(onEvent)),
           placement(window, page),
@@ -39,7 +39,7 @@ PageView::PageView(HWND window, Options options) : window_(window), options_(std
 PageView::~PageView() = default;
 
 void PageView::SetTarget(PageTarget* target) {
-    shown_.reset();
+    targetView_.reset();
     frameBuffer_.Clear();
     if (target) {
         SetNotice({});
@@ -47,7 +47,8 @@ void PageView::SetTarget(PageTarget* target) {
             const bool isCopy = event.type == ViewScript::PageEvent::Type::kCopied;
             isCopy ? CopyToClipboard(window_, event.text) : options_.onNewWindow(event.text);
         };
-        shown_ = std::make_shared<Shown>(window_, *target, frameBuffer_, options_.textIsSelectable, onEvent);
+        targetView_ =
+            std::make_shared<TargetView>(window_, *target, frameBuffer_, options_.textIsSelectable, onEvent);
         ForwardFocus();
     }
     InvalidateRect(window_, nullptr, FALSE);
@@ -61,36 +62,36 @@ void PageView::SetNotice(const std::wstring& text) {
 }
 
 void PageView::SetInNativeCall(bool inCall) {
-    if (shown_) shown_->queue.SetInNativeCall(inCall);
+    if (targetView_) targetView_->queue.SetInNativeCall(inCall);
 }
 
 bool PageView::IsMouseHeld() const {
-    return shown_ && shown_->mouse.IsHeld();
+    return targetView_ && targetView_->mouse.IsHeld();
 }
 
 void PageView::OpenEditMenu(POINT screen) {
-    if (!shown_) return;
-    shown_->script.Call("hasSelection", "",
-                        [this, shown = std::weak_ptr(shown_), screen](const Json& result) {
-                            if (!shown.expired()) RunEditMenu(screen, result == true);
-                        });
+    if (!targetView_) return;
+    targetView_->script.Call("hasSelection", "",
+                             [this, view = std::weak_ptr(targetView_), screen](const Json& result) {
+                                 if (!view.expired()) RunEditMenu(screen, result == true);
+                             });
 }
 
 // The page, and this view with it, may be destroyed while the menu is open.
 void PageView::RunEditMenu(POINT screen, bool hasSelection) {
-    const std::weak_ptr<Shown> before = shown_;
+    const std::weak_ptr<TargetView> before = targetView_;
     const EditCommand command = ShowEditMenu(window_, screen, hasSelection);
-    const auto shown = before.lock();
-    if (!shown || command == EditCommand::kNone) return;
-    if (command == EditCommand::kPaste) QueueClipboardText(window_, shown->queue, shown->script);
+    const auto view = before.lock();
+    if (!view || command == EditCommand::kNone) return;
+    if (command == EditCommand::kPaste) QueueClipboardText(window_, view->queue, view->script);
     // The engine runs an editing command as part of a key event, here one without a key.
-    shown->queue.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
-                     {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
+    view->queue.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
+                    {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
 }
 
 // The headless engine's own windows never lose the focus.
 void PageView::ForwardFocus() {
-    shown_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
+    targetView_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
 }
 
 void PageView::Paint() {
@@ -104,7 +105,7 @@ void PageView::Paint() {
         PaintNotice(target, area, notice_);
     }
     EndPaint(window_, &paint);
-    if (shown_) shown_->screencast.EnsureRunning();
+    if (targetView_) targetView_->screencast.EnsureRunning();
 }
 
 bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -126,29 +127,29 @@ bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         default:
             break;
     }
-    return shown_ && HandlePageMessage(message, wParam, lParam, result);
+    return targetView_ && HandlePageMessage(message, wParam, lParam, result);
 }
 
 bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    Shown& shown = *shown_;
+    TargetView& view = *targetView_;
     switch (message) {
         case Screencast::kFrameMessage:
-            shown.screencast.OnFrame();
-            shown.cursor.Refresh();
+            view.screencast.OnFrame();
+            view.cursor.Refresh();
             return true;
         case WM_TIMER:
-            if (wParam == PageCursor::kTimer) shown.cursor.OnTimer();
-            if (wParam == Screencast::kTimer) shown.screencast.OnTimer();
+            if (wParam == PageCursor::kTimer) view.cursor.OnTimer();
+            if (wParam == Screencast::kTimer) view.screencast.OnTimer();
             return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
         case WM_SIZE:
-            shown.screencast.ExpectResize();
+            view.screencast.ExpectResize();
             [[fallthrough]];
         case WM_MOVE:
-            shown.placement.Update();
+            view.placement.Update();
             return false;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) return false;
-            SetCursor(shown.cursor.Current());
+            SetCursor(view.cursor.Current());
             *result = TRUE;
             return true;
         case WM_SETFOCUS:
@@ -161,15 +162,15 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
 }
 
 bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    const std::weak_ptr<Shown> before = shown_;
+    const std::weak_ptr<TargetView> before = targetView_;
     if (MouseInput::IsPress(message)) SetFocus(window_);
     // A blur handler may close this page.
     if (before.expired()) return true;
-    Shown& shown = *shown_;
-    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) shown.placement.Update();
-    if (!shown.mouse.HandleMessage(message, wParam, lParam))
-        return shown.keyboard.HandleMessage(message, wParam, lParam);
-    shown.cursor.SetPosition(shown.mouse.LastPoint());
+    TargetView& view = *targetView_;
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) view.placement.Update();
+    if (!view.mouse.HandleMessage(message, wParam, lParam))
+        return view.keyboard.HandleMessage(message, wParam, lParam);
+    view.cursor.SetPosition(view.mouse.LastPoint());
     // Messages of the X buttons return TRUE.
     *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
     return true;

@@ -46,7 +46,7 @@ class PageView {
     void OpenEditMenu(POINT screen);
 
   private:
-    struct Shown;  // the parts that belong to one target
+    struct TargetView;  // what exists while a target is shown
 
     void Paint();
     void RunEditMenu(POINT screen, bool hasSelection);
@@ -58,7 +58,7 @@ class PageView {
     const Options options_;
     std::wstring notice_;
     FrameBuffer frameBuffer_;
-    std::shared_ptr<Shown> shown_;
+    std::shared_ptr<TargetView> targetView_;
 };
 
 }  // namespace tarvik

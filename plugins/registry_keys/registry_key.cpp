@@ -40,7 +40,7 @@ std::optional<std::wstring> FirstSubkey(HKEY key) {
     return std::wstring(name, length);
 }
 
-// The oldest systems have no views.
+// The oldest versions of Windows have no registry views.
 void DeleteOneKey(HKEY parent, const std::wstring& name, REGSAM view) {
     static const auto deleteInView =
         FindFunction<decltype(RegDeleteKeyExW)>(L"Advapi32.dll", "RegDeleteKeyExW");

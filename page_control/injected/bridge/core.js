@@ -99,10 +99,10 @@ const makeCore = (post) => {
     release: () => undefined,
   };
 
-  // A message that could not be read, usually for lack of stack, still needs an outcome: its sender waits.
+  // A message that could not be decoded, usually for lack of stack, still needs an outcome: its sender waits.
   const unreadable = (kind, id, failed) => kind === 'run'
     ? { __proto__: null, kind, id, failed, quiet: true }
-    : { __proto__: null, kind: 'error', id, number: 0, message: 'The answer could not be read.' };
+    : { __proto__: null, kind: 'error', id, number: 0, message: 'The reply could not be decoded.' };
 
   const read = (kind, parts) => {
     try {
