@@ -52,7 +52,7 @@ const CLI::App& ChosenCommand(const CLI::App& app) {
     return chosen.empty() ? app : *chosen.front();
 }
 
-// What `word` may have been meant to be.
+// The words that `word` may be a misspelling of.
 std::vector<std::string> Candidates(const CLI::App& command, const std::string& word) {
     std::vector<std::string> candidates;
     if (IsOption(word)) {

@@ -64,7 +64,7 @@ bool IsBitmap(Bytes image) {
     return sizeof header + colors * sizeof(RGBQUAD) + row * rows <= image.size();
 }
 
-// A image is a bitmap without its file header, or a whole PNG file.
+// An image is a bitmap without its file header, or a whole PNG file.
 bool IsImage(Bytes image) {
     constexpr std::uint8_t kPng[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
     if (image.size() < sizeof(BITMAPINFOHEADER)) return false;

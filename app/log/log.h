@@ -11,7 +11,7 @@ enum LogFlags : DWORD {
     kLogTimeStamp = 0x2000,
 };
 
-// A call is written if its level shares a bit with `flags`.
+// A line is written if its level shares a bit with `flags`.
 struct Logger {
     DWORD flags;
     HANDLE file;  // not owned; gets UTF-16 without a byte order mark

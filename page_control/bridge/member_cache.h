@@ -14,7 +14,7 @@ namespace tarvik {
 
 // Members of script objects, as the page reported them. A look-up of one name costs as much as one of all
 // names, so a page reports all members of an object at once. The entries are valid until script runs again;
-// if the owner cannot tell whether it has, for a few milliseconds.
+// if the owner cannot determine whether it has, for a few milliseconds.
 class MemberCache {
   public:
     // Members that every object inherits, and which therefore are never absent.

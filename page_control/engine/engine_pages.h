@@ -31,7 +31,7 @@ class EnginePages {
     DevTools& engine_;
     std::string firstPage_;            // the engine's first page, until it is used
     std::set<std::string> pages_;      // opened here
-    std::set<std::string> closing_;    // asked to close, but not destroyed yet
+    std::set<std::string> closing_;    // being closed, but not destroyed yet
     std::set<std::string> unclaimed_;  // created while a page was being opened, which may be one of them
     int opening_ = 0;
     EventRouter events_;

@@ -22,8 +22,8 @@ constexpr const wchar_t* kArguments[] = {
     L"--metrics-recording-only",
     L"--no-service-autorun",
     L"--password-store=basic",
-    // No cache of left pages, whose script contexts would survive. The drop-down lists of the invisible
-    // address bar would be pages with a process of 80 MB, and more for each window ever opened.
+    // No back/forward cache: the script contexts of its pages would survive. The drop-down lists of the
+    // invisible address bar would be pages with a process of 80 MB, and more for each window ever opened.
     (L"--disable-features=Translate,OptimizationHints,MediaRouter,DialMediaRouteProvider,BackForwardCache,"
      L"WebUIOmniboxPopup,WebUIOmniboxAimPopup"),
     // A process for each window's page, so that one that waits or computes stops no other.

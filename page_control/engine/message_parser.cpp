@@ -10,7 +10,7 @@ constexpr std::string_view kFramePrefix = R"({"method":"Page.screencastFrame","p
 constexpr std::string_view kPausedPrefix = R"({"method":"Debugger.paused")";
 constexpr std::string_view kParsedPrefix = R"({"method":"Debugger.scriptParsed")";
 
-// A frame has some hundred kilobytes of base64. Only the rest is parsed.
+// A frame has several hundred kilobytes of base64. Only the rest is parsed.
 std::optional<EngineMessage> ParseFrame(std::string_view text) {
     const std::string_view rest = text.substr(kFramePrefix.size());
     const size_t end = rest.find('"');

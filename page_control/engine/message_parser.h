@@ -36,7 +36,7 @@ struct ScreencastFrame {
     std::string_view base64;  // in the parsed text
 };
 
-// Events that nothing handles, but that are long and frequent.
+// Long and frequent events without a handler.
 struct IgnoredMessage {};
 
 using EngineMessage = std::variant<IgnoredMessage, ScreencastFrame, nlohmann::json>;

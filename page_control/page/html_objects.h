@@ -18,7 +18,7 @@
 // every member of the script objects themselves.
 namespace tarvik {
 
-// DIID_HTMLElementEvents2, which not every SDK's libraries hold.
+// DIID_HTMLElementEvents2, which not every SDK's libraries contain.
 inline constexpr IID kElementEvents = {
     0x3050F60F, 0x98B5, 0x11CF, {0xBB, 0x82, 0x00, 0xAA, 0x00, 0xBD, 0xCE, 0x0B}};
 

@@ -15,7 +15,7 @@ namespace tarvik {
 
 namespace {
 
-// CLSID_HTMLDocument, which not every SDK's libraries hold.
+// CLSID_HTMLDocument, which not every SDK's libraries contain.
 constexpr CLSID kHtmlDocument = {
     0x25336920, 0x03F9, 0x11CF, {0x8F, 0xD0, 0x00, 0xAA, 0x00, 0x68, 0x6F, 0x13}};
 

@@ -18,7 +18,7 @@ void Fill(HDC target, const RECT& area, COLORREF colour) {
     FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-COLORREF AsColour(std::uint32_t pixel) {
+COLORREF AsColor(std::uint32_t pixel) {
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
 }
 
@@ -48,15 +48,15 @@ SIZE FrameBuffer::Size() const {
 
 void FrameBuffer::Paint(HDC target, const RECT& area) const {
     const std::lock_guard lock(lock_);
-    if (pixels_.colours.empty()) return Fill(target, area, kBackground);
+    if (pixels_.colors.empty()) return Fill(target, area, kBackground);
     const int width = std::min<int>(pixels_.width, area.right);
     const int height = std::min<int>(pixels_.height, area.bottom);
     BITMAPINFO format = {};
     format.bmiHeader = {
         sizeof format.bmiHeader, pixels_.width, -pixels_.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    StretchDIBits(target, 0, 0, width, height, 0, 0, width, height, pixels_.colours.data(), &format,
+    StretchDIBits(target, 0, 0, width, height, 0, 0, width, height, pixels_.colors.data(), &format,
                   DIB_RGB_COLORS, SRCCOPY);
-    const COLORREF beyond = AsColour(pixels_.colours.back());
+    const COLORREF beyond = AsColor(pixels_.colors.back());
     Fill(target, {width, 0, area.right, area.bottom}, beyond);
     Fill(target, {0, height, width, area.bottom}, beyond);
 }

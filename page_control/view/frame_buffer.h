@@ -15,7 +15,7 @@ class FrameBuffer {
     struct Pixels {
         int width = 0;
         int height = 0;
-        std::vector<std::uint32_t> colours;  // top row first, 0x00RRGGBB
+        std::vector<std::uint32_t> colors;  // top row first, 0x00RRGGBB
     };
 
     // Swaps in the new frame, and returns the memory of the old one in its place.

@@ -53,9 +53,9 @@ class PictureReader {
         ThrowIfFailed(converter->GetSize(&width, &height));
         pixels.width = static_cast<int>(width);
         pixels.height = static_cast<int>(height);
-        pixels.colours.resize(size_t{width} * height);
-        ThrowIfFailed(converter->CopyPixels(nullptr, width * 4, static_cast<UINT>(pixels.colours.size() * 4),
-                                            reinterpret_cast<BYTE*>(pixels.colours.data())));
+        pixels.colors.resize(size_t{width} * height);
+        ThrowIfFailed(converter->CopyPixels(nullptr, width * 4, static_cast<UINT>(pixels.colors.size() * 4),
+                                            reinterpret_cast<BYTE*>(pixels.colors.data())));
     }
 
   private:

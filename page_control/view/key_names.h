@@ -17,7 +17,7 @@ std::string KeyCodeName(UINT scanCode, bool extended);
 // "Unidentified" for keys with neither a name nor a character.
 std::string KeyName(UINT virtualKey, UINT scanCode);
 
-// Tells keys of the same name apart; the numbers are those of KeyboardEvent.location.
+// Distinguishes keys of the same name; the numbers are those of KeyboardEvent.location.
 enum class KeyLocation { kStandard, kLeft, kRight, kKeypad };
 KeyLocation LocationOfKey(std::string_view code);
 

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-// Three lines a notch, the default, are 100 pixels, as in browsers of the engine's family.
+// As in Chromium: three lines per notch, the default, scroll 100 pixels.
 constexpr double kPixelsPerLine = 100.0 / 3;
 constexpr POINT kOutside = {-1, -1};
 

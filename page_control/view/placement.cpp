@@ -58,7 +58,7 @@ void Placement::Update() {
         "", "Browser.setWindowBounds",
         {{"windowId", engineWindow_},
          {"bounds", {{"left", place.origin.x - inset_.x}, {"top", place.origin.y - inset_.y}}}});
-    // This command refuses negative positions.
+    // This command rejects negative positions.
     target_.Post("Emulation.setDeviceMetricsOverride",
                  {{"width", place.size.cx},
                   {"height", place.size.cy},

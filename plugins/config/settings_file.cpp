@@ -46,7 +46,7 @@ void SettingsFile::SetValue(std::wstring_view section, std::wstring_view key, co
           std::wstring(Bstr::View(text.bstrVal)).c_str());
 }
 
-// An empty text may be the value or the fallback. A second read with another fallback tells the two apart.
+// An empty text may be the value or the fallback. A second read with another fallback distinguishes them.
 Variant SettingsFile::QueryValue(std::wstring_view section, std::wstring_view key) const {
     RequireSelected();
     const std::wstring sectionName = RequireName(section), keyName = RequireName(key);

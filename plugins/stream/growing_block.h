@@ -10,7 +10,7 @@ namespace tarvik {
 class GrowingBlock {
   public:
     // Ensures a capacity of `needed` bytes and preserves the first `used` bytes. Returns false and changes
-    // nothing if memory is short.
+    // nothing if out of memory.
     [[nodiscard]] bool Reserve(uint64_t needed, uint64_t used) noexcept;
 
     // Null before the first growth. Reserve may move the block.

@@ -17,7 +17,7 @@ ComPtr<Interface> CreateShellObject(REFCLSID id, REFIID iid = __uuidof(Interface
     return created;
 }
 
-// Interprets the result of ShellExecuteW, which is a number and no handle.
+// Interprets the result of ShellExecuteW, which is a number, not a handle.
 inline bool ShellExecuteSucceeded(HINSTANCE result) {
     constexpr INT_PTR kLastError = 32;
     return reinterpret_cast<INT_PTR>(result) > kLastError;

@@ -24,7 +24,7 @@ class CMsgDispatch : public TableDispatch<CMsgDispatch> {
     // Names end at the first NUL.
     Outcome RegisterMsg(BSTR name, IDispatch* function, std::optional<AnyValue> context);
     bool UnregisterMsg(BSTR name);
-    // A payload that is empty or no string counts as absent.
+    // A payload that is empty or not a string counts as absent.
     bool SendMsg(CoercedText identifier, CoercedText name, std::optional<AnyValue> payload);
     Bstr GetUniqueId();
     HRESULT SetUniqueId(CoercedText identifier);

@@ -38,7 +38,7 @@ UINT_PTR CALLBACK OnDialog(HWND hook, UINT message, WPARAM, LPARAM parameter) {
     const auto& notice = *reinterpret_cast<const OFNOTIFYW*>(parameter);
     auto* const names = reinterpret_cast<NameBuffer*>(notice.lpOFN->lCustData);
     if (notice.hdr.code != CDN_SELCHANGE || !names) return 0;
-    // If memory is short, the buffer stays as it is and the dialog fails because it is too small.
+    // If out of memory, the buffer stays as it is and the dialog fails because it is too small.
     static_cast<void>(Guard([&] { names->Fit(GetParent(hook)); }));
     notice.lpOFN->lpstrFile = names->Data();
     notice.lpOFN->nMaxFile = names->Size();

@@ -7,7 +7,7 @@
 namespace tarvik {
 
 // Window properties, by which other processes find a window: the property's name is the claimed name or the
-// identifier, its data tells the two apart.
+// identifier, its data distinguishes the two.
 enum class WindowProperty : ULONG_PTR {
     kOwnsName = 0x10101,
     kReceives = 0x10102,

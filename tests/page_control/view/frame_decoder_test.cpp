@@ -35,7 +35,7 @@ TEST(FrameDecoder, DecodesTheLastFrame) {
     decoder.Submit(kPng);
     EXPECT_TRUE(WaitFor([&] {
         const std::lock_guard locked(lock);
-        return latest.width == 3 && (latest.colours.at(1) & 0xFFFFFF) == 0x0080FF;
+        return latest.width == 3 && (latest.colors.at(1) & 0xFFFFFF) == 0x0080FF;
     }));
 }
 
