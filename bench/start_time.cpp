@@ -1,6 +1,6 @@
 // start_time PROGRAM FOLDER [RUNS]: measures the time from the start of the program to the first line that
-// its page logs, and to the end of the program, which the page quits at once. This program is the debugger
-// that gets the lines.
+// its page logs, and to the end of the program, which the page quits immediately. This program is the
+// debugger that gets the lines.
 
 #include <windows.h>
 

@@ -5,7 +5,7 @@
 namespace tarvik {
 
 // Requests to end the program: Ctrl+C, Ctrl+Break, or the end of the console or the session. While an object
-// of this class exists, they do not end the process at once, so that the program can clean up first.
+// of this class exists, they do not end the process immediately, so that the program can clean up first.
 class Interrupt {
   public:
     Interrupt();

@@ -10,6 +10,8 @@
 #include "cli/failure.h"
 #include "pack/commands.h"
 #include "pack/paths.h"
+#include "tarvik/owners.h"
+#include "tarvik/status.h"
 
 namespace tarvik {
 

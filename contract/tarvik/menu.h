@@ -27,7 +27,7 @@ IMenu : public IDispatch {
     STDMETHOD_(HMENU, GetMenu)() = 0;
 
     // Calls the function of the item with this command id. Returns 0 if the item is in this menu or a
-    // submenu, also if its function fails; otherwise 1. The function may release the menu, so the caller
+    // submenu, even if its function fails; otherwise 1. The function may release the menu, so the caller
     // holds a reference until the call returns.
     STDMETHOD_(int, Exec)(UINT commandId) = 0;
 };

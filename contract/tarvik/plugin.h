@@ -63,7 +63,7 @@ IPlugin : public IUnknown {
     //
     // This call and the next one go to retained plug-ins. A retained plug-in that is created later gets the
     // calls that it missed right after Initialize. A transient plug-in gets neither, except the object that
-    // the host creates to look up its name and releases at once: that object gets the missed calls.
+    // the host creates to look up its name and releases immediately: that object gets the missed calls.
     STDMETHOD(OnNavigateComplete)(void* reserved) = 0;
 
     // The document of the window, or of a frame in it, has been loaded. `reserved` is null. The host ignores

@@ -40,7 +40,7 @@ class Connection : public DevTools {
     // Waits until the engine replies, and finds its first page.
     void Handshake() { pages_.Start(); }
 
-    // Ends the engine at once.
+    // Ends the engine immediately.
     void Kill() { transport_->Kill(); }
 
   private:

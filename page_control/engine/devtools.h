@@ -60,7 +60,7 @@ class DevTools {
     virtual bool IsOpen() const = 0;
 
     // Opens a blank page in its own window and returns its target's id. Pages that are opened by other means,
-    // like a click with a modifier key, are closed at once.
+    // like a click with a modifier key, are closed immediately.
     virtual std::string OpenPage() = 0;
     virtual void ClosePage(const std::string& id) = 0;
 };

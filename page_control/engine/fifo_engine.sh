@@ -1,7 +1,7 @@
 #!/bin/sh
 # fifo_engine FOLDER ENGINE [ARGUMENT ...]: runs the engine for a host under Wine, whose own pipes do not reach a Unix
-# program. Creates FOLDER with three FIFOs: a carries the engine's messages, b the host's; c carries nothing, and its end
-# is the end of the host. Removes FOLDER after the engine's end. This shell survives the host, even if that is killed.
+# program. Creates FOLDER with three FIFOs: a carries the engine's messages, b the host's; c carries no data: its end
+# signals the end of the host. Removes FOLDER when the engine has ended. This shell survives the host, even if that is killed.
 umask 077
 folder=$1
 shift

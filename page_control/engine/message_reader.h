@@ -17,8 +17,8 @@
 
 namespace tarvik {
 
-// Reads the engine's messages on its own thread. Passes the frames of screencasts on at once and queues the
-// other messages for the main thread.
+// Reads the engine's messages on its own thread. Passes on the frames of screencasts immediately and queues
+// the other messages for the main thread.
 class MessageReader {
   public:
     // `nextId` returns the id of a new command; it is called on the thread.

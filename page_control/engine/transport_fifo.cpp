@@ -79,7 +79,7 @@ class FifoTransport : public Transport {
 
     std::mutex lock_;
     UniqueHandle ownWriter_;
-    const UniqueHandle life_;    // carries no data: the engine ends when it is closed
+    const UniqueHandle life_;    // carries no data; closing it signals the end of the host
     const std::wstring folder_;  // its Unix path
 };
 

@@ -36,7 +36,7 @@ VARIANT ByReference(VARIANT_BOOL* value) {
 bool ConfirmContinue(HWND owner, const ScriptError& error) {
     const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + std::to_wstring(error.line) +
                               L"\nChar:\t" + std::to_wstring(error.column) + L"\nError:\t" + error.message +
-                              L"\nURL:\t" + error.url + L"\n\nGo on running scripts on this page?";
+                              L"\nURL:\t" + error.url + L"\n\nContinue running scripts on this page?";
     return MessageBoxW(owner, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
 }
 

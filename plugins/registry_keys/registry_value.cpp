@@ -28,8 +28,8 @@ bool IsText(DWORD type) {
 }
 
 // Type and bytes come from one call, so that they match even while another process writes the value. That
-// process could also make the value longer before each try, hence the limit. Only texts exceed the first
-// capacity.
+// process could also make the value longer before each try, so the number of tries is limited. Only texts
+// exceed the first capacity.
 std::optional<Data> ReadData(HKEY key, const wchar_t* name) {
     Data data;
     data.bytes.resize(kFirstCapacity);

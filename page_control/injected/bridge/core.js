@@ -3,7 +3,7 @@
 //
 // To the host: the binding takes JSON arrays, [operation, ...]. A call that needs a reply pauses the page on a `debugger`
 // statement. To the page: the host evaluates receive(releases, kind, ...). If the page is paused in a call, the message is
-// queued for the innermost one: its reply, or a task to run meanwhile. If the page is idle, a task runs at once and its
+// queued for the innermost one: its reply, or a task to run meanwhile. If the page is idle, a task runs immediately and its
 // outcome is the evaluation's result.
 //
 // The cost of a pause grows with the frames on the stack and the variables around each, all of which the engine lists: so
