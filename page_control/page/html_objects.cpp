@@ -13,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-// The id of a name, without a query whether it exists, which would be another call of the page.
+// The id of a name. Does not check whether the name exists, which would take another call of the page.
 HRESULT IdOf(IDispatch* object, const wchar_t* name, DISPID* id) {
     const auto script = Query<IDispatchEx>(object);
     return script ? script->GetDispID(Bstr(name).Get(), fdexNameCaseSensitive | fdexNameEnsure, id)
@@ -37,6 +37,13 @@ HRESULT GetText(IDispatch* object, const wchar_t* name, BSTR* out) {
     const HRESULT status = Get(object, name, value);
     if (SUCCEEDED(status) && value.Is(VT_BSTR)) *out = std::exchange(value.bstrVal, nullptr);
     return status;
+}
+
+// Wraps the script object that a call returned as an element; null if it returned none.
+HRESULT CopyElement(HRESULT status, const Variant& value, const std::shared_ptr<Page>& page,
+                    const ComPtr<ConnectionPoint>& mouse, IHTMLElement** out) {
+    if (FAILED(status) || !value.Is(VT_DISPATCH)) return status;
+    return CopyTo(MakeCom<HtmlElement>(page, ComPtr<IDispatch>(value.pdispVal), mouse), out);
 }
 
 }  // namespace
@@ -67,8 +74,7 @@ HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
     return Guard([&] {
         Variant element;
         const HRESULT status = Get(Script().Get(), name, element);
-        if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
-        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+        return CopyElement(status, element, page_, mouse_, out);
     });
 }
 
@@ -94,8 +100,7 @@ STDMETHODIMP HtmlDocument::elementFromPoint(LONG x, LONG y, IHTMLElement** out) 
         Variant element;
         const HRESULT status = InvokeMember(Script().Get(), L"elementFromPoint", DISPATCH_METHOD,
                                             {reversed, nullptr, 2, 0}, element);
-        if (FAILED(status) || !element.Is(VT_DISPATCH)) return status;
-        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(element.pdispVal), mouse_), out);
+        return CopyElement(status, element, page_, mouse_, out);
     });
 }
 
@@ -135,8 +140,7 @@ STDMETHODIMP HtmlElement::get_parentElement(IHTMLElement** out) {
     return Guard([&] {
         Variant parent;
         const HRESULT status = Get(script_.Get(), L"parentElement", parent);
-        if (FAILED(status) || !parent.Is(VT_DISPATCH)) return status;
-        return CopyTo(MakeCom<HtmlElement>(page_, ComPtr<IDispatch>(parent.pdispVal), mouse_), out);
+        return CopyElement(status, parent, page_, mouse_, out);
     });
 }
 

@@ -40,8 +40,8 @@ TransferRequest ParseRequest(const ComPtr<IDispatch>& stream, CoercedInt length)
     return request;
 }
 
-void AddTo(Variant& moved, ULONG count) {
-    moved = Variant::UI4(moved.ulVal + count);
+void AddTo(Variant& transferred, ULONG count) {
+    transferred = Variant::UI4(transferred.ulVal + count);
 }
 
 }  // namespace
@@ -76,31 +76,31 @@ bool CFileIOPlugin::WriteAsync(IDispatch* options) {
 Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
     const TransferRequest request = ParseRequest(stream, length);
     const auto file = file_;  // a library's stream may call back and replace it
-    Variant moved = Variant::I4(0);
+    Variant transferred = Variant::I4(0);
     (void)Guard([&] {
         ReadFileChunks(*file, request.length, [&](const std::uint8_t* chunk, DWORD count) {
             std::uint32_t written = 0;
             const HRESULT status = request.stream->Write(chunk, count, &written);
-            AddTo(moved, written);
+            AddTo(transferred, written);
             ThrowIfFailed(status);
         });
     });
-    return moved;
+    return transferred;
 }
 
 Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, CoercedInt length) {
     const TransferRequest request = ParseRequest(stream, length);
     const auto file = file_;
-    Variant moved = Variant::I4(0);
+    Variant transferred = Variant::I4(0);
     (void)Guard([&] {
         ReadStreamChunks(*request.stream.Get(), request.length,
                          [&](const std::uint8_t* chunk, DWORD count, DWORD) {
                              const DWORD written = file->Write(chunk, count);
-                             AddTo(moved, written);
+                             AddTo(transferred, written);
                              if (written < count) throw StatusError(E_FAIL);
                          });
     });
-    return moved;
+    return transferred;
 }
 
 Variant CFileIOPlugin::Seek(Int64 offset, StrictInt32 origin) {

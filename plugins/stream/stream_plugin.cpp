@@ -37,8 +37,8 @@ static_assert(IsInOrder(kMembers));
 
 constexpr uint32_t kAll = 0xFFFFFFFF;
 
-// A count argument; 0 is rejected.
-uint32_t CountOf(const std::optional<Bits32>& count) {
+// A count argument; kAll if it is absent. Rejects 0.
+uint32_t CountOrAll(const std::optional<Bits32>& count) {
     if (!count) return kAll;
     if (count->value == 0) throw StatusError(E_INVALIDARG);
     return count->value;
@@ -122,7 +122,7 @@ uint32_t CStreamPlugin::ScriptCopyTo(const ComPtr<IDispatch>& target, std::optio
     const ComPtr<TVK::IStream> stream = Query<TVK::IStream>(target.Get());
     if (!stream) throw StatusError(E_NOINTERFACE);
     uint32_t written = 0;
-    ThrowIfFailed(CopyTo(stream.Get(), CountOf(count), &written));
+    ThrowIfFailed(CopyTo(stream.Get(), CountOrAll(count), &written));
     return written;
 }
 
@@ -151,13 +151,13 @@ std::optional<Number> CStreamPlugin::ReadUInt64() {
 }
 
 std::optional<Bstr> CStreamPlugin::ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length) {
-    const TextEncoding form = EncodingArgument(encoding);
-    const uint32_t count = CountOf(length);
+    const TextEncoding textEncoding = EncodingArgument(encoding);
+    const uint32_t count = CountOrAll(length);
     if (Available(kAll) == 0) return std::nullopt;
     // The length is signed: a negative one reads an empty text. No string is longer than INT32_MAX.
     const int32_t limit = count == kAll ? INT32_MAX : std::max(static_cast<int32_t>(count), 0);
     const char* const bytes = reinterpret_cast<const char*>(block_.Data() + position_);
-    DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(limit))}, form);
+    DecodedText decoded = DecodeText({bytes, Available(static_cast<uint64_t>(limit))}, textEncoding);
     position_ += decoded.consumed;
     return std::move(decoded.text);
 }
@@ -172,7 +172,7 @@ Variant CStreamPlugin::WriteString(BSTR text, std::optional<BSTR> encoding) {
 
 // Overwrites content only, so the stream never grows.
 Integer CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
-    const uint32_t limit = CountOf(count);
+    const uint32_t limit = CountOrAll(count);
     if (value.value > 0xFF) throw StatusError(E_INVALIDARG);
     const uint64_t filled = Available(limit == kAll ? size_ : limit);
     if (filled > 0) std::memset(block_.Data() + position_, static_cast<int>(value.value), filled);
