@@ -59,9 +59,9 @@ UniqueGdi LoadBitmapFile(const wchar_t* path) {
 }
 
 SIZE SizeOf(HGDIOBJ bitmap) {
-    BITMAP bitmap = {};
-    GetObjectW(bitmap, sizeof bitmap, &bitmap);
-    return {bitmap.bmWidth, bitmap.bmHeight};
+    BITMAP info = {};
+    GetObjectW(bitmap, sizeof info, &info);
+    return {info.bmWidth, info.bmHeight};
 }
 
 UniqueGdi RegionFromImage(HGDIOBJ bitmap) {
