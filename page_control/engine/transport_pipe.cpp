@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/folder_reader.h"
+#include "base/job.h"
 #include "base/path.h"
 #include "base/shell_delete.h"
 #include "base/text.h"
@@ -59,14 +60,6 @@ class InheritedHandles {
     HANDLE handles_[2];
     std::vector<char> memory_;
 };
-
-UniqueHandle MakeJob() {
-    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    return job;
-}
 
 // Marks a profile as in use by an exclusively opened file beside it, which the system deletes with this
 // process, even if that is killed.
@@ -169,9 +162,8 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     }
     UniqueHandle process(information.hProcess);
     const UniqueHandle thread(information.hThread);
-    UniqueHandle job = MakeJob();
-    // If this process is in a job that allows no nested one, only the end of the pipe ends the engine.
-    AssignProcessToJobObject(job.Get(), process.Get());
+    // Without it, only the end of the pipe ends the engine.
+    UniqueHandle job = AssignToJob(process.Get());
     ResumeThread(thread.Get());
     return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
                                            std::move(process), std::move(job), profile, std::move(lock));

@@ -10,7 +10,7 @@ namespace tarvik {
 namespace {
 
 std::string NoticeIn(HWND window) {
-    return Narrow(Program::TextOf(InnermostWindow(window)));
+    return Narrow(TextOf(InnermostWindow(window)));
 }
 
 using Process = EngineProcesses::Process;
@@ -44,14 +44,6 @@ class EngineLife : public ProgramTest {
         return window;
     }
 
-    // Opens a window with this engine, which fails to show the page.
-    HWND OpenWith(const std::wstring& browser) {
-        program_.SetVariable(L"TARVIK_BROWSER", browser);
-        Open("external.window.quit(9)");
-        EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-        return program_.Windows().at(0);
-    }
-
     void ExpectNotice(HWND window, const char* text) {
         EXPECT_TRUE(WaitFor([&] { return NoticeIn(window).find(text) != std::string::npos; }))
             << NoticeIn(window);
@@ -64,16 +56,22 @@ class EngineLife : public ProgramTest {
     EngineProcesses engine_{program_.Mark()};
 };
 
-TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissing) {
-    const HWND window = OpenWith(L"/nonexistent");
-    ExpectNotice(window, "/nonexistent");
-    EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) != FALSE; }));
-    EXPECT_TRUE(WaitFor([&] { return ShowsText(InnermostWindow(window)); }));
-    // A click tries again, with the same result.
-    Click(InnermostWindow(window));
-    ExpectNotice(window, "TARVIK_BROWSER");
-    EXPECT_TRUE(program_.IsRunning());
-    EXPECT_TRUE(Close(window));
+TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissingAndAClickTriesAgain) {
+    const std::wstring engine = L"/tmp/tarvik-engine-" + Widen(program_.Mark());
+    program_.SetVariable(L"TARVIK_BROWSER", engine);
+    Open("external.window.quit(9)");
+    EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
+    const HWND window = program_.Windows().at(0);
+    const HWND page = InnermostWindow(window);
+    ExpectNotice(window, Narrow(engine).c_str());
+    EXPECT_TRUE(WaitFor([&] { return IsWindowVisible(window) && ShowsText(page); }));
+    RunOnUnixHost(L"ln -s /usr/bin/chromium " + engine);
+    const std::wstring link = L"Z:" + engine;
+    EXPECT_TRUE(WaitFor([&] { return FileExists(link); }));
+    Click(page);
+    EXPECT_EQ(program_.Wait(), 9u) << "the page is not loaded";
+    RunOnUnixHost(L"rm " + engine);  // DeleteFile would delete the target
+    EXPECT_TRUE(WaitFor([&] { return !FileExists(link); }));
 }
 
 // The program is killed during a call of one page, while another page is idle.
@@ -87,54 +85,40 @@ TEST_F(EngineLife, EndsWithAKilledProgram) {
     ExpectNothingLeft();
 }
 
-TEST_F(EngineLife, EndsAHangingEngineWithAKilledProgram) {
-    OpenShown();
-    engine_.Suspend(&Process::IsEngine);
-    program_.Kill();
-    ExpectNothingLeft();
+TEST_F(EngineLife, EndsHangingProcesses) {
+    struct {
+        const char* what;
+        bool (Process::*hangs)() const;
+        std::function<void(HWND)> end;
+    } const kCases[] = {
+        {"of a killed program", &Process::IsEngine, [this](HWND) { program_.Kill(); }},
+        {"of a killed engine", &Process::IsPage, [this](HWND) { engine_.Kill(&Process::IsEngine); }},
+        {"of a closed window", &Process::IsEngine, [](HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }},
+    };
+    for (const auto& [what, hangs, end] : kCases) {
+        SCOPED_TRACE(what);
+        const HWND window = OpenShown();
+        engine_.Suspend(hangs);
+        end(window);
+        ExpectNothingLeft();
+        program_.Kill();
+    }
 }
 
-TEST_F(EngineLife, EndsHangingPagesOfAKilledEngine) {
-    OpenShown();
-    engine_.Suspend(&Process::IsPage);
-    engine_.Kill(&Process::IsEngine);
-    ExpectNothingLeft();
-}
-
-struct Death {
-    bool (Process::*process)() const;
-    const char* notice;
-};
-
-void PrintTo(const Death& death, std::ostream* out) {
-    *out << death.notice;
-}
-
-class EngineDeath : public EngineLife, public testing::WithParamInterface<Death> {};
-
-TEST_P(EngineDeath, ShowsANoticeAndAClickRestarts) {
+TEST_F(EngineLife, ShowsANoticeIfAProcessEndsAndAClickRestarts) {
     const HWND window = OpenShown();
     const HWND page = InnermostWindow(window);
-    engine_.Kill(GetParam().process);
-    ExpectNotice(window, GetParam().notice);
-    EXPECT_TRUE(WaitFor([&] { return PixelOnScreen(page, {5, 5}) != kBlue; }));
-    Click(page);
-    EXPECT_TRUE(WaitForColour(page, kBlue));
-    EXPECT_EQ(NoticeIn(window), "");
+    for (const auto& [process, notice] : {std::pair(&Process::IsPage, "page has stopped"),
+                                          std::pair(&Process::IsEngine, "web engine has stopped")}) {
+        engine_.Kill(process);
+        ExpectNotice(window, notice);
+        EXPECT_TRUE(WaitFor([&] { return PixelOnScreen(page, {5, 5}) != kBlue; }));
+        Click(page);
+        EXPECT_TRUE(WaitForColour(page, kBlue));
+        EXPECT_EQ(NoticeIn(window), "");
+    }
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
-}
-
-const Death kDeaths[] = {{&Process::IsEngine, "web engine has stopped"},
-                         {&Process::IsPage, "page has stopped"}};
-
-INSTANTIATE_TEST_SUITE_P(, EngineDeath, testing::ValuesIn(kDeaths));
-
-TEST_F(EngineLife, EndsAHangingEngineWithItsLastWindow) {
-    const HWND window = OpenShown();
-    engine_.Suspend(&Process::IsEngine);
-    PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return engine_.Remaining().empty(); })) << engine_.Remaining();
 }
 
 // The engine is killed during nested calls between two pages.

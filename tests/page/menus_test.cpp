@@ -8,8 +8,6 @@
 namespace tarvik {
 namespace {
 
-constexpr const wchar_t* kMenuClass = L"#32768";
-
 class Menus : public ProgramTest {
   protected:
     // Opens a visible page with a helper: menu(type, items) creates a menu. An item is a name, which is
@@ -33,15 +31,9 @@ class Menus : public ProgramTest {
         ASSERT_TRUE(WaitForColour(InnermostWindow(window_), kBlue));
     }
 
-    // The menu windows of the program on the screen.
     std::vector<HWND> OpenMenus() const {
-        std::vector<HWND> menus;
-        HWND menu = nullptr;
-        while ((menu = FindWindowExW(nullptr, menu, kMenuClass, nullptr)) != nullptr) {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(menu, &owner);
-            if (owner == program_.Id() && IsWindowVisible(menu)) menus.push_back(menu);
-        }
+        std::vector<HWND> menus = program_.Windows(L"#32768");
+        std::erase_if(menus, [](HWND menu) { return !IsWindowVisible(menu); });
         return menus;
     }
     bool WaitForMenus(size_t count) const {

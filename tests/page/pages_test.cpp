@@ -1,12 +1,10 @@
 // The self-checking pages in pages/: each logs its checks and quits the program.
 
-#include <atomic>
 #include <filesystem>
 
 #include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {
@@ -22,23 +20,19 @@ class PageTest : public ProgramTest {
         for (const std::string& line : program_.Lines())
             EXPECT_FALSE(line.starts_with("FAILED")) << line;
     }
-    // Runs a page until it quits the program.
-    void Run(const std::wstring& page, const std::wstring& fragment = {}) {
-        Start(page, fragment);
-        EXPECT_EQ(program_.Wait(), 0u) << testing::PrintToString(program_.Lines());
-        ExpectNoFailure();
-        EXPECT_THAT(program_.Lines(), testing::Contains(testing::StartsWith("ok")));
-    }
 };
 
 class APage : public PageTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(APage, Passes) {
-    Run(Widen(GetParam()));
+    Start(Widen(GetParam()));
+    EXPECT_EQ(program_.Wait(), 0u) << testing::PrintToString(program_.Lines());
+    ExpectNoFailure();
+    EXPECT_THAT(program_.Lines(), testing::Contains(testing::StartsWith("ok")));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, APage,
-                         testing::Values("errors", "gone", "navigation", "plugins", "start", "windows"),
+                         testing::Values("gone", "navigation", "plugins", "start", "windows"),
                          [](const auto& info) { return info.param; });
 
 // A page beside archive.zip, which contains ten files.
@@ -86,54 +80,6 @@ TEST_F(UnzipPage, MayNavigateDuringOperations) {
 
 TEST_F(UnzipPage, MayBeClosedDuringOperations) {
     LeaveDuringOperations(L"#close");
-}
-
-TEST_F(PageTest, CopiesListsAndDeletesFiles) {
-    program_.Folder().Write(L"work\\tree\\a.txt", "12345");
-    program_.Folder().Write(L"work\\tree\\inner\\b.txt", "1");
-    Run(L"file", L"#" + program_.Work());
-    EXPECT_EQ(ReadFileBytes(program_.Work() + L"\\copied\\a.txt"), "12345");
-    EXPECT_FALSE(FileExists(program_.Work() + L"\\tree"));
-}
-
-class DownloadPage : public PageTest {
-  protected:
-    void Serve(const WebExchange& exchange) {
-        if (exchange.Path() == "/text") return exchange.Respond("a text");
-        if (exchange.Path() == "/whole") return exchange.Respond(std::string(300'000, 'w'));
-        const std::string half(100'000, 's');
-        exchange.Send("HTTP/1.1 200 OK\r\nContent-Length: 200000\r\n\r\n" + half);
-        if (exchange.Path() == "/endless") return exchange.WaitForDisconnect();
-        WaitFor([&] { return isNextPageLoaded_.load(); });
-        exchange.Send(half);
-    }
-
-    // A download finishes even if its page is left meanwhile.
-    void LeaveDuringDownload(const std::wstring& how) {
-        const std::wstring path = program_.Folder() / L"slow";
-        Start(L"download", L"#" + server_.Url() + L"," + how + L"," + path);
-        EXPECT_TRUE(program_.WaitForLine("ok: the next page is loaded"));
-        isNextPageLoaded_ = true;
-        EXPECT_TRUE(WaitFor([&] { return static_cast<bool>(HoldFile(path)); })) << "the file is not closed";
-        EXPECT_EQ(ReadFileBytes(path).size(), 200'000u);
-        EXPECT_EQ(program_.Quit(0), 0u);
-        ExpectNoFailure();
-    }
-
-    std::atomic<bool> isNextPageLoaded_{false};
-    const WebServer server_{[this](const WebExchange& exchange) { Serve(exchange); }};
-};
-
-TEST_F(DownloadPage, ReportsProgressAndSuccess) {
-    Run(L"download", L"#" + server_.Url());
-}
-
-TEST_F(DownloadPage, MayNavigateDuringDownload) {
-    LeaveDuringDownload(L"leave");
-}
-
-TEST_F(DownloadPage, MayBeClosedDuringDownload) {
-    LeaveDuringDownload(L"close");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/job.h"
 #include "tarvik/text.h"
 #include "tests/support/test.h"
 
@@ -16,26 +17,6 @@ std::string UniqueMark() {
     static int count = 0;
     return std::to_string(GetCurrentProcessId()) + "." + std::to_string(GetTickCount64()) + "." +
            std::to_string(++count);
-}
-
-UniqueHandle MakeJob() {
-    UniqueHandle job(CreateJobObjectW(nullptr, nullptr));
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    return job;
-}
-
-// The top-level windows of a process with this class; null means any class.
-std::vector<HWND> TopWindows(DWORD process, const wchar_t* className) {
-    std::vector<HWND> windows;
-    HWND window = nullptr;
-    while ((window = FindWindowExW(nullptr, window, className, nullptr)) != nullptr) {
-        DWORD owner = 0;
-        GetWindowThreadProcessId(window, &owner);
-        if (owner == process) windows.push_back(window);
-    }
-    return windows;
 }
 
 }  // namespace
@@ -69,8 +50,7 @@ void Program::Start(const std::wstring& arguments) {
     const UniqueHandle thread(information.hThread);
     processId_ = information.dwProcessId;
     threadId_ = information.dwThreadId;
-    job_ = MakeJob();
-    AssignProcessToJobObject(job_.Get(), process_.Get());
+    job_ = AssignToJob(process_.Get());
     ResumeThread(thread.Get());
 }
 
@@ -128,7 +108,7 @@ bool Program::WaitForLine(std::string_view line) const {
 }
 
 std::vector<HWND> Program::Windows(const wchar_t* className) const {
-    return TopWindows(processId_, className);
+    return TopWindows(className, processId_);
 }
 
 HWND Program::WindowTitled(const std::wstring& title) const {
@@ -140,14 +120,6 @@ HWND Program::WindowTitled(const std::wstring& title) const {
         return found != nullptr;
     });
     return found;
-}
-
-std::wstring Program::TextOf(HWND window) {
-    wchar_t text[500] = {};
-    DWORD_PTR ignored = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
-                        1000, &ignored);
-    return text;
 }
 
 HWND Program::Dialog() const {

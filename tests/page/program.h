@@ -50,8 +50,6 @@ class Program {
     // The top-level windows of a class, including hidden ones.
     std::vector<HWND> Windows(const wchar_t* className = L"TarvikBrowserWindow") const;
     HWND WindowTitled(const std::wstring& title) const;  // waits for it
-    // The text of a window; empty if its program does not respond.
-    static std::wstring TextOf(HWND window);
     // Waits for a dialog of the program.
     HWND Dialog() const;
 

@@ -122,7 +122,7 @@ class Subject {
     // The text in its window if there is no page.
     std::string Notice() const {
         const auto windows = program.Windows();
-        return windows.empty() ? "" : Narrow(Program::TextOf(InnermostWindow(windows[0])));
+        return windows.empty() ? "" : Narrow(TextOf(InnermostWindow(windows[0])));
     }
 
     // Quits the program. Returns the problem, if there is one.

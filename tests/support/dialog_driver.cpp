@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/screen.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -13,34 +14,16 @@ namespace {
 
 constexpr int kFileName = 0x47C;  // cmb13 of the system's file dialogs
 
-std::atomic<DWORD> dialogThread{0};
-
-struct Search {
-    HWND other;
-    HWND found;
-};
-
 HWND DialogNow(HWND other) {
-    Search search = {other, nullptr};
-    EnumThreadWindows(
-        dialogThread,
-        [](HWND window, LPARAM parameter) -> BOOL {
-            auto& search = *reinterpret_cast<Search*>(parameter);
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (window == search.other || wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window))
-                return TRUE;
-            search.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    for (const HWND window : TopWindows(L"#32770")) {
+        if (window != other && IsWindowVisible(window)) return window;
+    }
+    return nullptr;
 }
 
 }  // namespace
 
 void AnswerDialogs(const std::function<void()>& call, const std::function<void(HWND)>& user) {
-    dialogThread = GetCurrentThreadId();
     std::atomic<bool> over{false};
     std::thread other([&] {
         if (const HWND first = NextDialog()) user(first);
@@ -62,9 +45,7 @@ HWND NextDialog(HWND other) {
 }
 
 std::wstring TextOf(HWND dialog, int item) {
-    wchar_t text[1000] = {};
-    GetDlgItemTextW(dialog, item, text, 1000);
-    return text;
+    return TextOf(GetDlgItem(dialog, item));
 }
 
 bool Press(HWND dialog, int button) {

@@ -133,11 +133,15 @@ bool Process::IsPage() const {
 }
 
 void EngineProcesses::Signal(const std::wstring& name, bool (Process::*which)() const) {
-    std::wstring line = L"Z:\\bin\\sh -c \"kill -" + name;
+    std::wstring command = L"kill -" + name;
     for (const Process& process : Snapshot()) {
-        if ((process.*which)()) line += L" " + std::to_wstring(process.id);
+        if ((process.*which)()) command += L" " + std::to_wstring(process.id);
     }
-    line += L"\"";
+    RunOnUnixHost(command);
+}
+
+void RunOnUnixHost(const std::wstring& command) {
+    std::wstring line = L"Z:\\bin\\sh -c \"" + command + L"\"";
     STARTUPINFOW startup = {sizeof startup};
     PROCESS_INFORMATION information = {};
     CreateProcessW(L"Z:\\bin\\sh", line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,

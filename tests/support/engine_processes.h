@@ -47,4 +47,7 @@ class EngineProcesses {
     std::set<std::wstring> folders_;
 };
 
+// Starts a shell command on the Unix host.
+void RunOnUnixHost(const std::wstring& command);
+
 }  // namespace tarvik

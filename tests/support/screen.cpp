@@ -19,6 +19,25 @@ POINT Middle(HWND window) {
 
 }  // namespace
 
+std::vector<HWND> TopWindows(const wchar_t* className, DWORD process) {
+    std::vector<HWND> windows;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, className, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == process) windows.push_back(window);
+    }
+    return windows;
+}
+
+std::wstring TextOf(HWND window) {
+    wchar_t text[1000] = {};
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                        1000, &ignored);
+    return text;
+}
+
 HWND InnermostWindow(HWND window) {
     while (const HWND child = GetWindow(window, GW_CHILD))
         window = child;

@@ -4,12 +4,19 @@
 #include <unknwn.h>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "tarvik/com_ptr.h"
 
-// Reads pixels of windows and sends input as a user does.
+// Finds windows, reads their pixels and sends input as a user does.
 namespace tarvik {
+
+// The top-level windows of a process that have this class.
+std::vector<HWND> TopWindows(const wchar_t* className, DWORD process = GetCurrentProcessId());
+
+// The text of a window or control; empty if its program does not respond.
+std::wstring TextOf(HWND window);
 
 // The innermost first child of a window, in which a page is drawn.
 HWND InnermostWindow(HWND window);

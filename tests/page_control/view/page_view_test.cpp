@@ -2,6 +2,7 @@
 
 #include "page_control/view/page_view.h"
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -144,12 +145,11 @@ TEST_F(HostedPage, ShowsAMenuOnTextFields) {
         RECT place = {};
         std::atomic<bool> chosen = false;
         const std::jthread person([&] {
-            HWND menu = nullptr;
-            for (int tries = 0; tries < 500 && !IsWindowVisible(menu); ++tries) {
-                Sleep(10);
-                menu = FindWindowW(L"#32768", nullptr);
-            }
-            GetWindowRect(menu, &place);
+            EXPECT_TRUE(WaitFor([&] {
+                const std::vector<HWND> menus = TopWindows(L"#32768");
+                const auto visible = std::ranges::find_if(menus, IsWindowVisible);
+                return visible != menus.end() && GetWindowRect(*visible, &place);
+            }));
             Press({letter});
             chosen = true;
         });
