@@ -1,10 +1,10 @@
 // soak_faults [KILLS [COPIES [SEED]]]: runs the program in a faulty environment. Kills the engine or the
 // program at random moments, KILLS times each; starts COPIES programs at once; uses faulty folders for
-// temporary files, faulty engines and a read-only application, at most KILLS faults of each group. Prints
+// temporary files, faulty engines and a read-only application, at most 2 * KILLS of them. Prints
 // each attempt and what it left behind. Fails if the program does not recover, or if processes of the engine,
 // FIFOs, profiles or unpacked folders are left.
 
-#include <ole2.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,12 +13,12 @@
 #include <functional>
 #include <iterator>
 #include <memory>
-#include <random>
 #include <span>
 
 #include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"
+#include "tests/soak/soak.h"
 #include "tests/support/engine_processes.h"
 #include "tests/support/web_server.h"
 
@@ -30,12 +30,6 @@ using Process = EngineProcesses::Process;
 
 // The shell of an engine waits for 20 seconds for a host that was killed, and a host as long for its engine.
 constexpr DWORD kTimeout = 90'000;
-
-std::mt19937 chance;
-
-DWORD Random(DWORD below) {
-    return static_cast<DWORD>(chance() % below);
-}
 
 // Sends a file slowly, so that a download is always running.
 void SendSlowly(const WebExchange& exchange) {
@@ -65,7 +59,7 @@ std::string Page(const std::string& url, const std::string& name) {
 std::string Noise(size_t size) {
     std::string noise(size, '\0');
     for (char& byte : noise)
-        byte = static_cast<char>(chance());
+        byte = static_cast<char>(Random(256));
     return noise;
 }
 
@@ -142,50 +136,47 @@ class Subject {
     EngineProcesses engine{program.Mark()};
 };
 
-struct TempFault {
-    const char* what;
-    const wchar_t* temp;  // relative to the folder of the test, or a full path
-    const char* page;     // that is loaded in spite of the fault
-    const char* disk = nullptr;
-};
-
 const std::wstring kLongName(250, L'l');
 
-const TempFault kTempFaults[] = {
-    {"unset", L"", "unpacked"},
-    {"with blanks and letters", L"\u00e4 \u6f22 'temp' %25", "unpacked"},
-    {"a file", L"file", "beside"},
-    {"full", L"", "beside", "small"},
-    {"read-only", L"", "beside", "read-only"},
-    {"missing", L"not\\there", "unpacked"},
-    {"too long", kLongName.c_str(), "beside"},
+struct Fault {
+    const char* what;
+    const char* page;               // that is loaded in spite of the fault; null: there is a notice
+    const wchar_t* temp = nullptr;  // TEMP: relative to the folder of the test, empty for unset
+    const char* disk = nullptr;     // TEMP is this faulty disk
+    const char* engine = nullptr;   // the fault of broken_engine; "missing": there is no engine
 };
 
-struct EngineFault {
-    const char* what;  // for broken_engine; "missing": there is no engine
-    bool works = false;
+const Fault kFaults[] = {
+    {"no folder for temporary files", "unpacked", L""},
+    {"no engine", nullptr, nullptr, nullptr, "missing"},
+    {"blanks and letters in the temporary folder", "unpacked", L"\u00e4 \u6f22 'temp' %25"},
+    {"an engine that sends noise", nullptr, nullptr, nullptr, "sends-noise"},
+    {"a file instead of the temporary folder", "beside", L"file"},
+    {"a full temporary folder", "beside", nullptr, "small"},
+    {"a read-only temporary folder", "beside", nullptr, "read-only"},
+    {"a missing temporary folder", "unpacked", L"not\\there"},
+    {"a long temporary folder", "beside", kLongName.c_str()},
+    {"an engine that sends an endless message", nullptr, nullptr, nullptr, "sends-endless-message"},
+    {"an engine that exits", nullptr, nullptr, nullptr, "exits"},
+    {"an engine that sends invalid messages", nullptr, nullptr, nullptr, "sends-invalid-messages"},
+    {"an engine that hangs", nullptr, nullptr, nullptr, "hangs"},
+    {"an engine with strange fonts", "unpacked", nullptr, nullptr, "fonts"},
 };
-
-constexpr EngineFault kEngineFaults[] = {
-    {"missing"}, {"sends-noise"}, {"sends-endless-message"}, {"exits"}, {"sends-invalid-messages"},
-    {"hangs"},   {"fonts", true}};
 
 class Faults {
   public:
     Faults(int kills, int copies) : kills_(kills), copies_(copies) {}
 
     bool Run() {
+        if (!HasDisks()) std::printf("nothing can be mounted here, so faulty disks are not tried\n");
         Repeat("the engine is killed", [this](int) { return KillEngine(); });
         KillHost();
         Report("copies start at once", copies_, StartCopies());
-        TryEach<TempFault>("the temporary folder is", kTempFaults,
-                           [this](auto& fault) { return Try(fault); });
-        TryEach<EngineFault>("the engine", kEngineFaults, [this](auto& fault) { return Try(fault); });
-        if (HasDisks()) {
-            Report("the application is read-only", 1, RunReadOnly());
-        } else {
-            std::printf("the application is read-only: not tried, nothing can be mounted here\n");
+        for (const Fault& fault :
+             std::span(kFaults).first(std::min<size_t>(std::size(kFaults), 2 * kills_))) {
+            if (!fault.disk || HasDisks()) Report(fault.what, 1, Try(fault));
         }
+        if (HasDisks()) Report("a read-only application", 1, RunReadOnly());
         return good_ && testing::UnitTest::GetInstance()->ad_hoc_test_result().Passed();
     }
 
@@ -239,28 +230,24 @@ class Faults {
         return problem + UnpackedIn(temp.Path());
     }
 
-    std::string Try(const TempFault& fault) {
+    std::string Try(const Fault& fault) {
         Subject subject(packed_);
-        subject.program.Folder().Write(L"file", "");
-        fs::path temp = fault.temp;
+        Program& program = subject.program;
+        fs::path temp = program.Temp();
+        if (fault.temp) temp = *fault.temp ? fs::path(program.Folder() / fault.temp) : fs::path();
         if (fault.disk) temp = disks_ / fault.disk;
-        if (!temp.empty()) temp = fs::path(subject.program.Folder().Path()) / temp;
-        subject.program.SetVariable(L"TEMP", temp.wstring());
-        subject.program.Start();
-        if (!subject.Shows(fault.page)) return "no page";
+        program.Folder().Write(L"file", "");
+        program.SetVariable(L"TEMP", temp.wstring());
+        if (fault.engine) {
+            const bool isMissing = fault.engine == std::string_view("missing");
+            program.SetVariable(L"TARVIK_BROWSER", isMissing ? L"/nonexistent" : L"" BROKEN_ENGINE);
+            program.SetVariable(L"TARVIK_FAULT", Widen(fault.engine));
+        }
+        program.Start();
+        if (fault.page && !subject.Shows(fault.page)) return "no page";
+        if (!fault.page && !WaitFor([&] { return !subject.Notice().empty(); }, kTimeout)) return "no notice";
         const std::string problem = subject.End();
-        return problem + UnpackedIn(temp.empty() ? fs::path(subject.program.Work()).root_path() : temp);
-    }
-
-    std::string Try(const EngineFault& fault) {
-        Subject subject(packed_);
-        const bool isMissing = fault.what == std::string("missing");
-        subject.program.SetVariable(L"TARVIK_BROWSER", isMissing ? L"/nonexistent" : L"" BROKEN_ENGINE);
-        subject.program.SetVariable(L"TARVIK_FAULT", Widen(fault.what));
-        subject.program.Start();
-        if (fault.works && !subject.Shows("unpacked")) return "no page";
-        if (!fault.works && !WaitFor([&] { return !subject.Notice().empty(); }, kTimeout)) return "no notice";
-        return subject.End();
+        return problem + UnpackedIn(temp.empty() ? fs::path(program.Work()).root_path() : temp);
     }
 
     std::string RunReadOnly() {
@@ -271,8 +258,6 @@ class Faults {
     }
 
     bool HasDisks() const { return !disks_.empty(); }
-    bool CanTry(const TempFault& fault) const { return !fault.disk || HasDisks(); }
-    bool CanTry(const EngineFault&) const { return true; }
 
     void Repeat(const char* what, const std::function<std::string(int)>& step) {
         std::string problems;
@@ -281,19 +266,6 @@ class Faults {
                 problems += "\n  " + std::to_string(i + 1) + ": " + problem;
         }
         Report(what, kills_, problems);
-    }
-
-    template <class Fault>
-    void TryEach(const std::string& group, std::span<const Fault> faults,
-                 const std::function<std::string(const Fault&)>& attempt) {
-        for (const Fault& fault : faults.first(std::min(faults.size(), static_cast<size_t>(kills_)))) {
-            const std::string what = group + " " + fault.what;
-            if (CanTry(fault)) {
-                Report(what.c_str(), 1, attempt(fault));
-            } else {
-                std::printf("%s: not tried, nothing can be mounted here\n", what.c_str());
-            }
-        }
     }
 
     void Report(const char* what, int times, const std::string& problem) {
@@ -323,8 +295,9 @@ int wmain(int argc, wchar_t** argv) {
         std::printf("The engine's processes are visible under Wine only.\n");
         return 77;
     }
-    // Starts the desktop, which otherwise would end with the first program that is killed.
-    OleInitialize(nullptr);
-    tarvik::chance.seed(argc > 3 ? static_cast<unsigned>(_wtoi(argv[3])) : 1);
-    return tarvik::Faults(argc > 1 ? _wtoi(argv[1]) : 30, argc > 2 ? _wtoi(argv[2]) : 10).Run() ? 0 : 1;
+    // RunSoak starts the desktop, which otherwise would end with the first program that is killed.
+    return tarvik::RunSoak(argc, argv, {30, 10, 1}, [](const std::vector<int>& numbers) {
+        tarvik::SeedRandom(numbers[2]);
+        return tarvik::Faults(numbers[0], numbers[1]).Run();
+    });
 }

@@ -1,34 +1,24 @@
 // soak_members [CALLS [SEED [FIRST ROUND]]]: calls every member of every plug-in at random. The page in
 // tests/soak/members makes the calls, with arguments of every type. Each round has its own window, files and
-// seed, so a round can be repeated alone. Prints statistics, and after a crash or a hang the last calls.
+// seed, so a round can be repeated alone. Prints, after a crash or a hang, the last calls.
 // Fails on these, on an unexpected dialog, and if a round leaks objects or threads.
 
 #include <windows.h>
-#include <ole2.h>
 
 #include <atomic>
 #include <cstdio>
 #include <deque>
 #include <exception>
 #include <filesystem>
-#include <map>
-#include <sstream>
 #include <string>
-#include <string_view>
 
-#include "atl/module.h"
+#include "base/path.h"
 #include "host/plugin_registry/plugin_base.h"
-#include "host/web_browser.h"
-#include "page_control/page/register.h"
 #include "script/worker_apartment.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
 #include "tarvik/text.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/soak/course.h"
-#include "tests/soak/engine_census.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/soak/page_soak.h"
+#include "tests/support/screen.h"
 #include "tests/support/web_server.h"
 
 namespace tarvik {
@@ -50,11 +40,8 @@ struct Round {
     std::deque<std::string> last;
 } current;
 
-struct Tally {
-    int calls = 0;
-    int failures = 0;
-};
-std::map<std::string, Tally> tallies;
+int allCalls = 0;
+int allFailures = 0;
 int dialogs = 0;
 
 void PrintRound(const char* what) {
@@ -110,15 +97,10 @@ class MembersPlugin : public TablePlugin<MembersPlugin> {
         current.last.push_back(Narrow(Bstr::View(call)));
         if (current.last.size() > kLastCalls) current.last.pop_front();
     }
-    // A line for each member: its name, the number of calls, and the number of those that threw.
-    void Done(BSTR tally) {
-        std::istringstream lines(Narrow(Bstr::View(tally)));
-        std::string type, member, use;
-        for (Tally one; lines >> type >> member >> use >> one.calls >> one.failures;) {
-            Tally& all = tallies[type + ' ' + member + ' ' + use];
-            all.calls += one.calls;
-            all.failures += one.failures;
-        }
+    // The number of calls, and of those that threw.
+    void Done(AnyInt32 calls, AnyInt32 failures) {
+        allCalls += calls.value;
+        allFailures += failures.value;
         current.done = true;
     }
 };
@@ -134,33 +116,6 @@ std::span<const Member<MembersPlugin>> MembersPlugin::Members() {
 }
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<MembersPlugin>(L"members", TVK::kRetainedPlugin);
-
-// No call may open a dialog. If one does, it is cancelled, so that the round continues.
-BOOL CALLBACK CancelDialog(HWND window, LPARAM) {
-    wchar_t name[16] = {};
-    GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
-    wchar_t title[100] = {};
-    GetWindowTextW(window, title, static_cast<int>(std::size(title)));
-    std::printf("a dialog \"%ls\"\n", title);
-    PrintRound("it opened");
-    ++dialogs;
-    PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-    return TRUE;
-}
-
-void CALLBACK OnPause(HWND, UINT, UINT_PTR, DWORD) {
-    Watch::Step();
-    EnumThreadWindows(GetCurrentThreadId(), CancelDialog, 0);
-}
-
-BOOL CALLBACK CloseBrowser(HWND window, LPARAM spared) {
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (std::wstring_view(name) == L"TarvikBrowserWindow" && window != reinterpret_cast<HWND>(spared))
-        DestroyWindow(window);
-    return TRUE;
-}
 
 // The files that members use, and the current folder, both deep inside a temporary folder.
 class Workspace {
@@ -182,7 +137,7 @@ class Workspace {
         for (const std::wstring& folder : {page_, other_}) {
             std::error_code ignored;
             fs::create_directories(folder, ignored);
-            fs::copy(ExecutableFolder() / "soak_members", folder,
+            fs::copy(fs::path(ExecutablePath()).parent_path() / "soak_members", folder,
                      fs::copy_options::recursive | fs::copy_options::overwrite_existing, ignored);
             const std::wstring name = folder.substr(folder_.Path().size() + 1);
             for (const wchar_t* file : {L"\\tree\\a.txt", L"\\tree\\inner\\b.txt"})
@@ -193,11 +148,6 @@ class Workspace {
     }
 
   private:
-    static fs::path ExecutableFolder() {
-        wchar_t path[MAX_PATH] = {};
-        GetModuleFileNameW(nullptr, path, MAX_PATH);
-        return fs::path(path).parent_path();
-    }
     // Files in use stay until the next round.
     void Clear() const {
         for (const std::wstring& folder : {page_, other_}) {
@@ -213,83 +163,62 @@ class Workspace {
     const std::wstring other_ = folder_ / L"1\\2\\3\\4\\5\\6\\current";
 };
 
-class Window {
+class Members : public PageSoak {
   public:
-    explicit Window(const std::wstring& page)
-        : browser_(MakeCom<CWebBrowser>()), window_(browser_->CreateHidden(nullptr, page.c_str())) {}
-    ~Window() {
-        if (IsOpen()) DestroyWindow(window_);
-    }
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-
-    bool IsOpen() const { return browser_->GetWindowHandle() != nullptr; }
-    HWND Handle() const { return window_; }
-
-  private:
-    ComPtr<CWebBrowser> browser_;
-    HWND window_;
-};
-
-class Soak {
-  public:
-    Soak() {
-        appModule.AddMessageLoop(&loop_);
+    Members() {
         addressOfServer = server_.Url();
+        // Wine caches some of these, and threads with their handles and memory.
+        constexpr double kThreadsRise = 3;
+        monitor_.AllowRise("threads", kThreadsRise);
+        monitor_.AllowRise("handles", 2 * kThreadsRise);
+        monitor_.AllowRise("memory KB", 1024 * kThreadsRise);
+        monitor_.AllowRise("GDI handles", 40);
+        monitor_.AllowRise("USER handles", 5);
     }
-    ~Soak() {
-        appModule.RemoveMessageLoop();
-        KillTimer(nullptr, pause_);
-    }
+    ~Members() { KillTimer(nullptr, pause_); }
 
     bool Run(int calls, int seed, int first) {
-        const Window quiet(folder_.Write(L"quiet.html", "<!doctype html>"));
-        PumpUntil([] { return false; }, std::chrono::seconds(3));
-        census_.WatchPage(control_.Engine());
-        threads_ = CountThreads();
-        objects_ = liveComObjects;
-        Course course("rounds", [this] { return Now(); });
-        const int rounds = std::max(2, calls / kCallsOfARound);
-        const int warmUp = std::min(10, rounds / 2);
-        const bool good = course.Run(warmUp, rounds - warmUp, [&](int round) {
-            return RunRound(seed * 1000 + first + round, quiet.Handle(), round % 2 == 1);
+        const bool good = RunBesideAnIdlePage([&](const BrowserWindow& idle) {
+            threads_ = CountThreads();
+            objects_ = liveComObjects;
+            const int rounds = std::max(2, calls / kCallsOfARound);
+            const int warmUp = std::min(10, rounds / 2);
+            return SoakLoop("rounds", [this] { return monitor_.Now(); })
+                .Run(warmUp, rounds - warmUp, [&](int round) {
+                    return RunRound(seed * 1000 + first + round, idle.Handle(), round % 2 == 1);
+                });
         });
-        census_.ForgetPage();
-        PrintTallies();
+        std::printf("%d calls, of which %d threw\n", allCalls, allFailures);
         return good && dialogs == 0;
     }
 
   private:
     static long CountThreads() { return ResourceCounts::Now().Take("threads"); }
 
-    // Wine caches some of these, and threads with their handles and memory.
-    Reading Now() {
-        constexpr double kThreadsRise = 3;
-        Reading reading = census_.Now();
-        for (const auto& [what, ofThread] : {std::pair("handles", 2.0), std::pair("memory KB", 1024.0)}) {
-            const auto level = std::ranges::find(reading.levels, std::string_view(what), &Level::what);
-            level->rise += kThreadsRise * ofThread;
-        }
-        for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0),
-                                         std::pair("threads", kThreadsRise)}) {
-            const auto count = static_cast<double>(reading.counts.Take(what));
-            reading.levels.push_back({what, count, rise});
-        }
-        return reading;
+    // No call may open a dialog.
+    static void CALLBACK OnPause(HWND, UINT, UINT_PTR, DWORD) {
+        Watch::Step();
+        CancelDialogs([](HWND dialog) {
+            std::printf("a dialog \"%ls\"\n", TextOf(dialog).c_str());
+            PrintRound("it opened");
+            ++dialogs;
+        });
     }
 
-    bool RunRound(int seed, HWND quiet, bool closesEarly) {
+    bool RunRound(int seed, HWND idle, bool closesEarly) {
         current = {seed};
         workspace_.Renew();
         {
-            const Window window(workspace_.Page());
+            const BrowserWindow window(workspace_.Page());
             const bool good = PumpUntil([&] { return current.done || !window.IsOpen(); }, kTimeout);
             if (!good || !current.done)
                 return PrintRound(good ? "the window was destroyed" : "the page hangs"), false;
             if (!closesEarly) AwaitThreads();
         }
-        EnumThreadWindows(GetCurrentThreadId(), CloseBrowser, reinterpret_cast<LPARAM>(quiet));
-        if (AwaitThreads() && AwaitObjects()) return true;
+        for (const HWND window : TopWindows(L"TarvikBrowserWindow")) {
+            if (window != idle) DestroyWindow(window);
+        }
+        if (AwaitThreads() && PumpUntil([this] { return liveComObjects <= objects_; }, kTimeout)) return true;
         std::printf("%ld threads and %ld COM objects more than before\n", CountThreads() - threads_,
                     liveComObjects - objects_);
         return PrintRound("a leak"), false;
@@ -301,25 +230,8 @@ class Soak {
         return PumpUntil([this] { return CountThreads() <= threads_ + kCached; }, kTimeout);
     }
 
-    bool AwaitObjects() const {
-        return PumpUntil([this] { return liveComObjects <= objects_; }, kTimeout);
-    }
-
-    static void PrintTallies() {
-        int calls = 0, failures = 0;
-        for (const auto& [member, tally] : tallies) {
-            calls += tally.calls;
-            failures += tally.failures;
-            if (tally.calls == tally.failures)
-                std::printf("always threw: %s (%d)\n", member.c_str(), tally.calls);
-        }
-        std::printf("%zu uses of members, %d calls, of which %d threw\n", tallies.size(), calls, failures);
-    }
-
-    CMessageLoop loop_;
     const UINT_PTR pause_ = SetTimer(nullptr, 0, kPause, OnPause);
     const WorkerApartment workers_;
-    const TempFolder folder_;
     const Workspace workspace_;
     // Sends a file at once or slowly, a part of one, or an error.
     const WebServer server_{[](const WebExchange& exchange) {
@@ -331,8 +243,6 @@ class Soak {
             if (!exchange.Send(std::string(10'000, 'x'))) return;
         }
     }};
-    EngineCensus census_;
-    const PageControlClass control_;
     long threads_ = 0;
     long objects_ = 0;
 };
@@ -341,20 +251,13 @@ class Soak {
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium");
-    OleInitialize(nullptr);
     SetUnhandledExceptionFilter(tarvik::OnCrash);
     std::set_terminate([] {
         tarvik::PrintRound("std::terminate was called");
         TerminateProcess(GetCurrentProcess(), 2);
     });
     tarvik::Watch::Start();
-    const int calls = argc > 1 ? _wtoi(argv[1]) : 20000;
-    const int seed = argc > 2 ? _wtoi(argv[2]) : 1;
-    const int first = argc > 3 ? _wtoi(argv[3]) : 0;
-    bool good = false;
-    const HRESULT status = tarvik::Guard([&] { good = tarvik::Soak().Run(calls, seed, first); });
-    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
-    OleUninitialize();
-    return good ? 0 : 1;
+    return tarvik::RunSoak(argc, argv, {20000, 1, 0}, [](const std::vector<int>& numbers) {
+        return tarvik::Members().Run(numbers[0], numbers[1], numbers[2]);
+    });
 }

@@ -1,6 +1,6 @@
 // soak_pages [WINDOWS [NAVIGATIONS]]: opens and closes windows of the page control, navigates, starts
 // engines, and makes calls in one document, as many rounds as navigations. Fails if resources leak.
-// (soak_walk closes windows at random.)
+// (soak_walk closes and navigates windows at random.)
 
 #include <windows.h>
 #include <exdisp.h>
@@ -10,30 +10,19 @@
 #include <vector>
 
 #include "atl/ax_window.h"
-#include "atl/module.h"
 #include "host/plugin_registry/plugin_base.h"
-#include "host/web_browser.h"
-#include "page_control/page/register.h"
 #include "script/object.h"
-#include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
-#include "tests/soak/course.h"
-#include "tests/soak/engine_census.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/soak/page_soak.h"
 
 namespace tarvik {
 namespace {
 
 constexpr auto kTimeout = std::chrono::seconds(30);
 
-// Called by the members `ready` and `leave`, while the page waits.
-struct SoakHandlers {
-    std::function<void()> ready;
-    std::function<void()> leave;
-} soakHandlers;
+int readyPages = 0;
 
 // The plug-in `soak`: pages use its objects, and it calls functions of pages.
 class SoakPlugin : public TablePlugin<SoakPlugin> {
@@ -52,18 +41,18 @@ class SoakPlugin : public TablePlugin<SoakPlugin> {
     void Ready() {
         const ComPtr<IDispatch> held = held_;
         if (held) CallBack(held.Get());
-        soakHandlers.ready();
+        ++readyPages;
     }
-    void Leave() { soakHandlers.leave(); }
 
   private:
     ComPtr<IDispatch> held_;
 };
 
 constexpr Member<SoakPlugin> kMembers[] = {
-    Method<&SoakPlugin::Make>(-10000, L"make"),    Method<&SoakPlugin::Hold>(-9999, L"hold"),
-    Method<&SoakPlugin::CallBack>(-9998, L"call"), Method<&SoakPlugin::Ready>(-9997, L"ready"),
-    Method<&SoakPlugin::Leave>(-9996, L"leave"),
+    Method<&SoakPlugin::Make>(-10000, L"make"),
+    Method<&SoakPlugin::Hold>(-9999, L"hold"),
+    Method<&SoakPlugin::CallBack>(-9998, L"call"),
+    Method<&SoakPlugin::Ready>(-9997, L"ready"),
 };
 
 std::span<const Member<SoakPlugin>> SoakPlugin::Members() {
@@ -92,23 +81,6 @@ constexpr const char* kPlain = R"page(<script>
   onload = ready;
 </script>)page";
 
-constexpr const char* kWithFrame = R"page(<iframe src="inner.html"></iframe>)page";
-constexpr const char* kInner = R"page(<!doctype html><script>
-  var kept = external.soak.make();
-  kept.text = document.title + external.window.title;
-  parent.ready();
-</script>)page";
-
-// The next page is opened during a native call of this one.
-constexpr const char* kWaiting = R"page(<script>onload = function () { soak.leave(); }; </script>)page";
-
-constexpr const char* kWithTimers = R"page(<script>
-  for (var i = 0; i < 5; i++) setInterval(function () { kept.title = external.window.title; }, i);
-  setTimeout(function () { throw new Error('meant to fail'); });
-  setTimeout(function () { external.soak.call({}); });
-  setTimeout(ready, 30);
-</script>)page";
-
 // Makes calls for ever.
 constexpr const char* kCalling = R"page(<script>
   setInterval(function () {
@@ -120,35 +92,9 @@ constexpr const char* kCalling = R"page(<script>
   }, 1);
 </script>)page";
 
-class Window {
+class Pages : public PageSoak {
   public:
-    explicit Window(const std::wstring& page)
-        : browser_(MakeCom<CWebBrowser>()), window_(browser_->CreateHidden(nullptr, page.c_str())) {}
-    ~Window() {
-        DestroyWindow(window_);
-        PumpOnce();
-    }
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-
-    void Navigate(const std::wstring& page) const {
-        const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window_).Get());
-        Variant url = Variant::Text(page), none;
-        ThrowIfFailed(browser->Navigate2(&url, &none, &none, &none, &none));
-    }
-
-  private:
-    ComPtr<CWebBrowser> browser_;
-    HWND window_;
-};
-
-class Soak {
-  public:
-    Soak() { appModule.AddMessageLoop(&loop_); }
-    ~Soak() { appModule.RemoveMessageLoop(); }
-
     bool Run(int windows, int navigations) {
-        soakHandlers = {[this] { ++ready_; }, [this] { OpenNext(); }};
         const bool besideOne = RunBesideOne(windows, navigations);
         const bool alone = RunAlone(std::max(4, windows / 10));
         return IsEngineGone() && besideOne && alone;
@@ -156,87 +102,70 @@ class Soak {
 
   private:
     bool RunBesideOne(int windows, int navigations) {
-        const Window first(pages_[0]);
-        first_ = &first;
-        if (!Becomes([this] { return ready_ == 1; })) return false;
-        census_.WatchPage(control_.Engine());
-        Course opening("windows", [this] { return census_.Now(); });
-        Course leaving("navigations", [this] { return census_.Now(); });
-        Course calling("rounds", [this] { return census_.Now(); });
-        bool good = opening.Run(8, windows, [this](int) { return OpenAndClose(); });
-        good &= leaving.Run(10, navigations, [this](int) { return OpenNext(); });
-        first.Navigate(calling_);
-        good &= calling.Run(20, navigations, [this](int) { return WaitForReady(); });
-        census_.ForgetPage();
-        first_ = nullptr;
+        const BrowserWindow first(plain_);
+        if (!WaitForReady(0)) return false;
+        monitor_.WatchPage(control_.Engine());
+        bool good = Repeat("windows", 8, windows, [this] { return OpenAndClose(); });
+        good &= Repeat("navigations", 10, navigations, [&] {
+            const int before = readyPages;
+            Navigate(first, plain_);
+            return WaitForReady(before);
+        });
+        Navigate(first, calling_);
+        good &= Repeat("rounds", 20, navigations, [this] { return WaitForReady(readyPages); });
+        monitor_.ForgetPage();
         return good;
     }
 
     // Opens single windows, so that each starts and ends its own engine.
     bool RunAlone(int windows) {
-        Course course("engines", [this] { return census_.Now(); });
-        return course.Run(2, windows, [this](int) {
-            census_.NoteStart();
+        return Repeat("engines", 2, windows, [this] {
+            monitor_.NoteStart();
             return OpenAndClose();
         });
     }
 
+    bool Repeat(const char* what, int warmUp, int steps, const std::function<bool()>& step) {
+        return SoakLoop(what, [this] { return monitor_.Now(); }).Run(warmUp, steps, [&](int) {
+            return step();
+        });
+    }
+
     bool IsEngineGone() {
-        if (PumpUntil([this] { return census_.Left().empty(); }, kTimeout)) return true;
-        return std::printf("left of the engine: %s\n", census_.Left().c_str()), false;
+        if (PumpUntil([this] { return monitor_.Remaining().empty(); }, kTimeout)) return true;
+        return std::printf("left of the engine: %s\n", monitor_.Remaining().c_str()), false;
     }
 
     bool OpenAndClose() {
-        ready_ = 0;
-        const Window window(pages_[0]);
-        return Becomes([this] { return ready_ == 1; });
+        const int before = readyPages;
+        const BrowserWindow window(plain_);
+        return WaitForReady(before);
     }
 
-    bool OpenNext() {
-        next_ = (next_ + 1) % pages_.size();
-        first_->Navigate(pages_[next_]);
-        return WaitForReady();
+    static void Navigate(const BrowserWindow& window, const std::wstring& page) {
+        const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window.Handle()).Get());
+        Variant url = Variant::Text(page), none;
+        ThrowIfFailed(browser->Navigate2(&url, &none, &none, &none, &none));
     }
 
-    bool WaitForReady() {
-        return Becomes([this, before = ready_] { return ready_ > before; });
-    }
-
-    static bool Becomes(const std::function<bool()>& condition, int line = __builtin_LINE()) {
-        if (PumpUntil(condition, kTimeout)) return true;
-        return std::printf("timeout in line %d\n", line), false;
+    static bool WaitForReady(int before) {
+        if (PumpUntil([&] { return readyPages > before; }, kTimeout)) return true;
+        return std::printf("a page is not ready\n"), false;
     }
 
     std::wstring Write(const wchar_t* name, const char* body) const {
         return folder_.Write(name, std::string(kHead) + body);
     }
 
-    CMessageLoop loop_;
-    const TempFolder folder_;
-    const std::wstring inner_ = folder_.Write(L"inner.html", kInner);
-    const std::vector<std::wstring> pages_ = {
-        Write(L"plain.html", kPlain),
-        Write(L"frame.html", kWithFrame),
-        Write(L"waiting.html", kWaiting),
-        Write(L"timers.html", kWithTimers),
-    };
+    const std::wstring plain_ = Write(L"plain.html", kPlain);
     const std::wstring calling_ = Write(L"calling.html", kCalling);
-    EngineCensus census_;
-    const PageControlClass control_;
-    const Window* first_ = nullptr;
-    size_t next_ = 0;
-    int ready_ = 0;
 };
 
 }  // namespace
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium");
-    const int windows = argc > 1 ? _wtoi(argv[1]) : 100;
-    const int navigations = argc > 2 ? _wtoi(argv[2]) : 1000;
-    bool good = false;
-    const HRESULT status = tarvik::Guard([&] { good = tarvik::Soak().Run(windows, navigations); });
-    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
-    return good ? 0 : 1;
+    return tarvik::RunSoak(argc, argv, {100, 1000}, [](const std::vector<int>& numbers) {
+        return tarvik::Pages().Run(numbers[0], numbers[1]);
+    });
 }

@@ -2,17 +2,17 @@
 // some fail, some are cancelled; in every second round their window is closed meanwhile. Fails if an expected
 // callback is not called or an unexpected one is, and if resources leak in the second half.
 
-#include <ole2.h>
+#include <windows.h>
 
 #include <cstdio>
 #include <memory>
-#include <random>
+#include <optional>
 #include <vector>
 
-#include "host/web_browser.h"
 #include "script/worker_apartment.h"
 #include "tests/plugins/zip/archive_writer.h"
-#include "tests/soak/course.h"
+#include "tests/soak/browser_window.h"
+#include "tests/soak/soak.h"
 #include "tests/support/async_operation.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/waiting.h"
@@ -21,30 +21,31 @@
 namespace tarvik {
 namespace {
 
-constexpr int kRuns = 50;
+constexpr int kOperationsAtOnce = 50;
 constexpr auto kTimeout = std::chrono::seconds(60);
 constexpr ULONG kFileSize = 300'000;
 
-enum class End { kSuccess, kFailure, kSilence };
+enum class Expected { kSuccess, kFailure, kSilence };
 
 // The window and the files of one round.
 class Workspace {
   public:
     Workspace() {
-        window_ = browser_->CreateHidden(nullptr, folder_.Write(L"page.html", "<html></html>").c_str());
+        window_.emplace(folder_.Write(L"page.html", "<html></html>"));
         for (const wchar_t* name : {L"tree\\a", L"tree\\b", L"tree\\inner\\c", L"there\\a"})
             folder_.Write(name, std::string(kFileSize, 'x'));
-        folder_.Write(L"archive.zip",
-                      WriteArchive({{"one", std::string(kFileSize, '1')}, {"two", std::string(9, '2')}}));
+        const std::string archive =
+            WriteArchive({{"one", std::string(kFileSize, '1')}, {"two", std::string(9, '2'), 0}});
+        folder_.Write(L"archive.zip", archive);
+        std::string damaged = archive;
+        damaged[damaged.find("222")] = '3';
+        folder_.Write(L"damaged.zip", damaged);
     }
-    ~Workspace() { CloseWindow(); }
 
-    void CloseWindow() {
-        if (IsWindow(window_)) DestroyWindow(window_);
-    }
+    void CloseWindow() { window_.reset(); }
     ComPtr<IDispatch> Plugin(const wchar_t* name) const {
         ComPtr<IDispatch> plugin;
-        browser_->GetPlugin(name, plugin.GetAddressOf());
+        (*window_)->GetPlugin(name, plugin.GetAddressOf());
         return plugin;
     }
     std::wstring Path(const wchar_t* name) const { return folder_ / name; }
@@ -55,17 +56,16 @@ class Workspace {
 
   private:
     const TempFolder folder_;
-    const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
-    HWND window_ = nullptr;
+    std::optional<BrowserWindow> window_;
     int created_ = 0;
 };
 
-// An operation, and its expected end.
+// An operation, and how it must end.
 struct Operation {
     const wchar_t* plugin;
     const wchar_t* member;
     const wchar_t* source;  // null: a new file
-    End end;
+    Expected end;
     bool isCancelled = false;
     const wchar_t* dest = nullptr;  // null: a new path
 };
@@ -73,27 +73,28 @@ struct Operation {
 constexpr wchar_t kStream[] = L"stream";  // as a destination
 
 constexpr Operation kOperations[] = {
-    {L"minizip", L"zip", L"tree", End::kSuccess},
-    {L"minizip", L"zip", L"tree", End::kSuccess, false, kStream},
-    {L"minizip", L"zip", L"none", End::kFailure},
-    {L"minizip", L"zip", L"tree", End::kFailure, true},
-    {L"minizip", L"unzip", L"archive.zip", End::kSuccess},
-    {L"minizip", L"unzip", L"none", End::kFailure},
-    {L"minizip", L"unzip", L"archive.zip", End::kFailure, true},
-    {L"file", L"copyAsync", L"tree", End::kSuccess},
-    {L"file", L"copyAsync", L"none", End::kFailure},
-    {L"file", L"copyAsync", L"tree", End::kFailure, false, L"there"},
-    {L"file", L"moveAsync", nullptr, End::kSuccess},
-    {L"file", L"enumFiles", L"tree", End::kSuccess},
-    {L"file", L"enumFiles", L"tree", End::kSuccess, true},
-    {L"fileIO", L"readAsync", L"tree\\a", End::kSuccess},
-    {L"fileIO", L"readAsync", L"none", End::kFailure},
-    {L"fileIO", L"readAsync", L"tree\\a", End::kSilence, true},
-    {L"fileIO", L"writeAsync", L"tree\\a", End::kSuccess},
-    {L"fileIO", L"writeAsync", L"tree\\a", End::kSilence, true},
-    {L"http", L"downloadToFile", L"whole", End::kSuccess},
-    {L"http", L"downloadToFile", L"part", End::kFailure},
-    {L"http", L"downloadToFile", L"whole", End::kSilence, true},
+    {L"minizip", L"zip", L"tree", Expected::kSuccess},
+    {L"minizip", L"zip", L"tree", Expected::kSuccess, false, kStream},
+    {L"minizip", L"zip", L"none", Expected::kFailure},
+    {L"minizip", L"zip", L"tree", Expected::kFailure, true},
+    {L"minizip", L"unzip", L"archive.zip", Expected::kSuccess},
+    {L"minizip", L"unzip", L"none", Expected::kFailure},
+    {L"minizip", L"unzip", L"damaged.zip", Expected::kFailure},
+    {L"minizip", L"unzip", L"archive.zip", Expected::kFailure, true},
+    {L"file", L"copyAsync", L"tree", Expected::kSuccess},
+    {L"file", L"copyAsync", L"none", Expected::kFailure},
+    {L"file", L"copyAsync", L"tree", Expected::kFailure, false, L"there"},
+    {L"file", L"moveAsync", nullptr, Expected::kSuccess},
+    {L"file", L"enumFiles", L"tree", Expected::kSuccess},
+    {L"file", L"enumFiles", L"tree", Expected::kSuccess, true},
+    {L"fileIO", L"readAsync", L"tree\\a", Expected::kSuccess},
+    {L"fileIO", L"readAsync", L"none", Expected::kFailure},
+    {L"fileIO", L"readAsync", L"tree\\a", Expected::kSilence, true},
+    {L"fileIO", L"writeAsync", L"tree\\a", Expected::kSuccess},
+    {L"fileIO", L"writeAsync", L"tree\\a", Expected::kSilence, true},
+    {L"http", L"downloadToFile", L"whole", Expected::kSuccess},
+    {L"http", L"downloadToFile", L"part", Expected::kFailure},
+    {L"http", L"downloadToFile", L"whole", Expected::kSilence, true},
 };
 
 // Sends a whole file, or fewer bytes than its Content-Length.
@@ -145,28 +146,29 @@ std::unique_ptr<AsyncOperation> Start(const Operation& operation, Workspace& wor
 }
 
 // Whether the right function was called once, and the other one not at all.
-bool HasExpectedEnd(const Operation& operation, const std::string& text) {
-    const bool isExpected = operation.end == End::kSilence ? text.empty()
-                            : operation.end == End::kFailure
-                                ? text.rfind("fail: ") == 0
-                                : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
-    if (!isExpected) std::printf("%ls ended with \"%s\"\n", operation.member, text.c_str());
-    return isExpected;
+bool EndsAsExpected(const Operation& operation, const std::string& text) {
+    const bool isGood = operation.end == Expected::kSilence ? text.empty()
+                        : operation.end == Expected::kFailure
+                            ? text.rfind("fail: ") == 0
+                            : text.rfind("success: ") == 0 && text.find("fail: ") == text.npos;
+    if (!isGood) std::printf("%ls ended with \"%s\"\n", operation.member, text.c_str());
+    return isGood;
 }
 
-bool RunRound(std::mt19937& random, bool closesWindow) {
+bool RunRound(bool closesWindow) {
     Workspace workspace;
-    std::vector<std::pair<const Operation&, std::unique_ptr<AsyncOperation>>> runs;
-    for (int i = 0; i < kRuns; ++i) {
-        const Operation& operation = kOperations[random() % std::size(kOperations)];
-        runs.emplace_back(operation, Start(operation, workspace));
+    std::vector<std::pair<const Operation&, std::unique_ptr<AsyncOperation>>> started;
+    for (int i = 0; i < kOperationsAtOnce; ++i) {
+        const Operation& operation = AnyOf(kOperations);
+        started.emplace_back(operation, Start(operation, workspace));
     }
     if (closesWindow) workspace.CloseWindow();
-    const auto isOver = [](const auto& run) { return run.second->IsComplete(); };
-    bool good = PumpUntil([&] { return std::ranges::all_of(runs, isOver); }, kTimeout);
-    if (!good) std::printf("%d runs ended\n", static_cast<int>(std::ranges::count_if(runs, isOver)));
-    for (const auto& [operation, run] : runs)
-        good &= HasExpectedEnd(operation, run->Result().text);
+    const auto isComplete = [](const auto& one) { return one.second->IsComplete(); };
+    bool good = PumpUntil([&] { return std::ranges::all_of(started, isComplete); }, kTimeout);
+    if (!good)
+        std::printf("%d operations ended\n", static_cast<int>(std::ranges::count_if(started, isComplete)));
+    for (const auto& [operation, one] : started)
+        good &= EndsAsExpected(operation, one->Result().text);
     return good;
 }
 
@@ -177,20 +179,16 @@ Reading Settled() {
     return {ResourceCounts::Now(), {{"handles", static_cast<double>(CountHandles()), kCached}}};
 }
 
-int Soak(int rounds, unsigned seed) {
-    const WorkerApartment workers;
-    std::mt19937 random(seed);
-    Course course("rounds", Settled);
-    const auto round = [&](int step) { return RunRound(random, step % 2 == 1); };
-    return course.Run(rounds / 2, rounds - rounds / 2, round) ? 0 : 1;
-}
-
 }  // namespace
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    OleInitialize(nullptr);
-    const int result = tarvik::Soak(argc > 1 ? _wtoi(argv[1]) : 200, argc > 2 ? _wtoi(argv[2]) : 1);
-    OleUninitialize();
-    return result;
+    return tarvik::RunSoak(argc, argv, {200, 1}, [](const std::vector<int>& numbers) {
+        const tarvik::WorkerApartment workers;
+        tarvik::SeedRandom(numbers[1]);
+        const int rounds = numbers[0];
+        return tarvik::SoakLoop("rounds", tarvik::Settled).Run(rounds / 2, rounds - rounds / 2, [](int step) {
+            return tarvik::RunRound(step % 2 == 1);
+        });
+    });
 }

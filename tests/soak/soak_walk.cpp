@@ -9,20 +9,10 @@
 #include <array>
 #include <cstdio>
 #include <optional>
-#include <random>
 #include <string>
-#include <string_view>
 
-#include "atl/module.h"
 #include "host/plugin_registry/plugin_base.h"
-#include "host/web_browser.h"
-#include "page_control/page/register.h"
-#include "tarvik/com_ptr.h"
-#include "tarvik/status.h"
-#include "tests/soak/course.h"
-#include "tests/soak/engine_census.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/waiting.h"
+#include "tests/soak/page_soak.h"
 
 namespace tarvik {
 namespace {
@@ -31,12 +21,7 @@ constexpr auto kTimeout = std::chrono::seconds(60);
 constexpr UINT kPause = 50;
 constexpr int kStepsOfAWalk = 60;
 
-std::mt19937 chance;
 int steps = 0;
-
-int Random(int below) {
-    return static_cast<int>(chance() % static_cast<unsigned>(below));
-}
 
 // What a user or the system may do to a window at any time.
 void Disturb(HWND window) {
@@ -52,7 +37,7 @@ void Disturb(HWND window) {
             PostMessageW(window, WM_ENDSESSION, TRUE, 0);
             break;
         default:
-            PostMessageW(window, WM_SYSCOMMAND, kCommands[Random(std::size(kCommands))], 0);
+            PostMessageW(window, WM_SYSCOMMAND, AnyOf(kCommands), 0);
     }
 }
 
@@ -138,6 +123,12 @@ constexpr const char* kActs = R"page(
     function () { if (walk.random(4) === 0) w.quit(0); },
     function () { location.href = 'walk.html?' + walk.random(1000); },
     function () { setTimeout(act); },
+    function () { setTimeout(function () { throw new Error('meant to fail'); }); },
+    function () {
+      var frame = document.createElement('iframe');
+      frame.srcdoc = '<script>external.window.title; parent.act();<\/script>';
+      document.body.appendChild(frame);
+    },
     function () { any(menus).enable(any(['A', 'more']), coin()); },
     function () { menus.push(any(menus).getSubMenu('More') || any(menus)); },
     function () { any(menus).appendMenu({ get name() { act(); return 'act'; }, callback: act }); },
@@ -154,13 +145,6 @@ constexpr const char* kActs = R"page(
   setInterval(function () { walk.step(); act(); }, 1);
 </script>)page";
 
-BOOL CALLBACK CancelDialog(HWND window, LPARAM) {
-    wchar_t name[16] = {};
-    GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (std::wstring_view(name) == L"#32770") PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
-    return TRUE;
-}
-
 // Presses keys in the open menu, or closes it, or disturbs its window.
 void UseMenu(HWND owner) {
     constexpr WPARAM kKeys[] = {VK_DOWN, VK_UP, VK_RIGHT, VK_RETURN, VK_ESCAPE};
@@ -170,69 +154,41 @@ void UseMenu(HWND owner) {
         return;
     }
     for (int presses = Random(5); presses >= 0; --presses)
-        PostMessageW(owner, WM_KEYDOWN, kKeys[Random(5)], 0);
+        PostMessageW(owner, WM_KEYDOWN, AnyOf(kKeys), 0);
 }
 
-void CALLBACK SimulateUser(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), CancelDialog, 0);
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetCurrentThreadId(), &info);
-    if (info.hwndMenuOwner) UseMenu(info.hwndMenuOwner);
-}
-
-class Walker {
+class Walks : public PageSoak {
   public:
-    explicit Walker(const std::wstring& page)
-        : browser_(MakeCom<CWebBrowser>()), window_(browser_->CreateHidden(nullptr, page.c_str())) {}
-    ~Walker() {
-        if (IsOpen()) DestroyWindow(window_);
+    Walks() {
+        // Wine caches device contexts, bitmaps and icons for as many dialogs and menus as were open at the
+        // same time.
+        monitor_.AllowRise("GDI handles", 40);
+        monitor_.AllowRise("USER handles", 5);
     }
-    Walker(const Walker&) = delete;
-    Walker& operator=(const Walker&) = delete;
-
-    bool IsOpen() const { return browser_->GetWindowHandle() != nullptr; }
-
-  private:
-    ComPtr<CWebBrowser> browser_;
-    HWND window_;
-};
-
-class Walks {
-  public:
-    Walks() { appModule.AddMessageLoop(&loop_); }
-    ~Walks() {
-        appModule.RemoveMessageLoop();
-        KillTimer(nullptr, user_);
-    }
+    ~Walks() { KillTimer(nullptr, user_); }
 
     bool Run(int walks) {
-        const Walker quiet(folder_.Write(L"quiet.html", "<!doctype html>"));
-        PumpUntil([] { return false; }, std::chrono::seconds(3));
-        census_.WatchPage(control_.Engine());
-        Course course("walks", [this] { return Now(); });
-        const bool good = course.Run(5, walks, [this](int) { return Walk(); });
-        census_.ForgetPage();
-        return good;
+        return RunBesideAnIdlePage([&](const BrowserWindow&) {
+            return SoakLoop("walks", [this] { return monitor_.Now(); }).Run(5, walks, [this](int) {
+                return Walk();
+            });
+        });
     }
 
   private:
-    // Wine caches device contexts, bitmaps and icons for as many dialogs and menus as were open at the same
-    // time.
-    Reading Now() {
-        Reading reading = census_.Now();
-        for (const auto& [what, rise] : {std::pair("GDI handles", 40.0), std::pair("USER handles", 5.0)}) {
-            const auto count = static_cast<double>(reading.counts.Take(what));
-            reading.levels.push_back({what, count, rise});
-        }
-        return reading;
+    static void CALLBACK SimulateUser(HWND, UINT, UINT_PTR, DWORD) {
+        CancelDialogs();
+        GUITHREADINFO info = {sizeof info};
+        GetGUIThreadInfo(GetCurrentThreadId(), &info);
+        if (info.hwndMenuOwner) UseMenu(info.hwndMenuOwner);
     }
+
     bool Walk() {
         const int end = steps + kStepsOfAWalk;
-        std::array<std::optional<Walker>, 2> walkers;
+        std::array<std::optional<BrowserWindow>, 2> windows;
         const auto isFinished = [&] {
-            for (auto& walker : walkers) {
-                if (!walker || !walker->IsOpen()) walker.emplace(page_);
+            for (auto& window : windows) {
+                if (!window || !window->IsOpen()) window.emplace(page_);
             }
             return steps >= end;
         };
@@ -240,23 +196,16 @@ class Walks {
         return std::printf("%d steps are missing\n", end - steps), false;
     }
 
-    CMessageLoop loop_;
     const UINT_PTR user_ = SetTimer(nullptr, 0, kPause, SimulateUser);
-    const TempFolder folder_;
     const std::wstring page_ = folder_.Write(L"walk.html", std::string(kHead) + kActs);
-    EngineCensus census_;
-    const PageControlClass control_;
 };
 
 }  // namespace
 }  // namespace tarvik
 
 int wmain(int argc, wchar_t** argv) {
-    SetEnvironmentVariableW(L"TARVIK_ENGINE", L"chromium");
-    const int walks = argc > 1 ? _wtoi(argv[1]) : 100;
-    tarvik::chance.seed(argc > 2 ? static_cast<unsigned>(_wtoi(argv[2])) : 1);
-    bool good = false;
-    const HRESULT status = tarvik::Guard([&] { good = tarvik::Walks().Run(walks); });
-    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
-    return good ? 0 : 1;
+    return tarvik::RunSoak(argc, argv, {100, 1}, [](const std::vector<int>& numbers) {
+        tarvik::SeedRandom(numbers[1]);
+        return tarvik::Walks().Run(numbers[0]);
+    });
 }

@@ -1,6 +1,10 @@
-#include "tests/soak/engine_census.h"
+#include "tests/soak/resource_monitor.h"
 
 #include <windows.h>
+#include <psapi.h>
+
+#include <algorithm>
+#include <string_view>
 
 #include "page_control/engine/engine_path.h"
 #include "page_control/engine/launch.h"
@@ -28,19 +32,26 @@ std::string OwnMark() {
     return mark;
 }
 
+// In KB.
+double PrivateMemory() {
+    PROCESS_MEMORY_COUNTERS counters = {};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return static_cast<double>(counters.PagefileUsage) / 1024;
+}
+
 Json Targets(DevTools& engine) {
     return engine.Call("", "Target.getTargets").at("targetInfos");
 }
 
 }  // namespace
 
-EngineCensus::EngineCensus() : processes_(OwnMark()) {}
+ResourceMonitor::ResourceMonitor() : processes_(OwnMark()) {}
 
-void EngineCensus::NoteStart() {
+void ResourceMonitor::NoteStart() {
     if (IsWine()) ++starts_;
 }
 
-void EngineCensus::WatchPage(SharedEngine& engine) {
+void ResourceMonitor::WatchPage(SharedEngine& engine) {
     engine_ = engine.Acquire();
     for (const Json& target : Targets(*engine_)) {
         if (target.at("type") != "page") continue;
@@ -51,27 +62,32 @@ void EngineCensus::WatchPage(SharedEngine& engine) {
     }
 }
 
-void EngineCensus::ForgetPage() {
-    engine_.reset();
-}
-
-Reading EngineCensus::Now() {
+Reading ResourceMonitor::Now() {
     Reading reading = {ResourceCounts::Now(),
                        {{"handles", static_cast<double>(CountHandles() - starts_), kHandlesRise},
                         {"memory KB", PrivateMemory(), kMemoryRise}}};
     const auto processes = processes_.Snapshot();
     reading.levels.push_back({"processes", static_cast<double>(processes.size()), kProcessesRise});
     reading.counts.Add("folders", processes_.CountFolders());
-    if (!engine_) return reading;
-    double memory = 0;
-    for (const auto& process : processes)
-        memory += static_cast<double>(EngineProcesses::MemoryOf(process));
-    reading.levels.push_back({"engine KB", memory, kEngineRise});
-    ReadPage(reading);
+    if (engine_) {
+        double memory = 0;
+        for (const auto& process : processes)
+            memory += static_cast<double>(EngineProcesses::MemoryOf(process));
+        reading.levels.push_back({"engine KB", memory, kEngineRise});
+        ReadPage(reading);
+    }
+    for (const auto& [what, rise] : allowed_) {
+        const auto level = std::ranges::find(reading.levels, std::string_view(what), &Level::what);
+        if (level != reading.levels.end()) {
+            level->rise += rise;
+        } else {
+            reading.levels.push_back({what.c_str(), static_cast<double>(reading.counts.Take(what)), rise});
+        }
+    }
     return reading;
 }
 
-void EngineCensus::ReadPage(Reading& reading) {
+void ResourceMonitor::ReadPage(Reading& reading) {
     reading.counts.Add("targets", static_cast<long>(Targets(*engine_).size()));
     engine_->Call(session_, "HeapProfiler.collectGarbage");
     const double heap = engine_->Call(session_, "Runtime.getHeapUsage").at("usedSize");

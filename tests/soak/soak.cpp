@@ -1,12 +1,13 @@
-#include "tests/soak/course.h"
+#include "tests/soak/soak.h"
 
-#include <windows.h>
-#include <psapi.h>
+#include <ole2.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <random>
 
+#include "tarvik/status.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -20,9 +21,31 @@ constexpr int kReadings = 20;
 // Released resources may take a while to be freed.
 constexpr auto kTimeout = std::chrono::seconds(20);
 
+std::mt19937 generator;
+
 }  // namespace
 
-bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& step) {
+int RunSoak(int argc, wchar_t** argv, std::vector<int> numbers,
+            const std::function<bool(const std::vector<int>& numbers)>& soak) {
+    for (size_t i = 0; i < numbers.size() && i + 1 < static_cast<size_t>(argc); ++i)
+        numbers[i] = _wtoi(argv[i + 1]);
+    OleInitialize(nullptr);
+    bool good = false;
+    const HRESULT status = Guard([&] { good = soak(numbers); });
+    if (FAILED(status)) std::printf("failed with 0x%08lX\n", static_cast<unsigned long>(status));
+    OleUninitialize();
+    return good ? 0 : 1;
+}
+
+void SeedRandom(int seed) {
+    generator.seed(static_cast<unsigned>(seed));
+}
+
+int Random(int below) {
+    return static_cast<int>(generator() % static_cast<unsigned>(below));
+}
+
+bool SoakLoop::Run(int warmUp, int steps, const std::function<bool(int step)>& step) {
     const int every = std::max(1, steps / kReadings);
     const auto run = [&](int from, int to) {
         for (int i = from; i < to; ++i) {
@@ -49,7 +72,7 @@ bool Course::Run(int warmUp, int steps, const std::function<bool(int step)>& ste
     return grown.empty();
 }
 
-void Course::Note(int step, Reading reading) {
+void SoakLoop::Note(int step, Reading reading) {
     std::printf("%s %d:", name_, step);
     for (const auto& [what, count] : reading.counts.Counts())
         std::printf(" %s %ld,", what, count);
@@ -60,7 +83,7 @@ void Course::Note(int step, Reading reading) {
     readings_.push_back(std::move(reading));
 }
 
-std::string Course::Risen() const {
+std::string SoakLoop::Risen() const {
     const size_t quarter = readings_.size() / 4;
     if (quarter == 0) return {};
     std::string risen;
@@ -75,17 +98,11 @@ std::string Course::Risen() const {
     return risen;
 }
 
-double Course::Average(size_t level, size_t first, size_t end) const {
+double SoakLoop::Average(size_t level, size_t first, size_t end) const {
     double sum = 0;
     for (size_t i = first; i < end; ++i)
         sum += readings_[i].levels[level].amount;
     return sum / static_cast<double>(end - first);
-}
-
-double PrivateMemory() {
-    PROCESS_MEMORY_COUNTERS counters = {};
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return static_cast<double>(counters.PagefileUsage) / 1024;
 }
 
 }  // namespace tarvik
