@@ -207,14 +207,6 @@ TEST_F(NotUnpacked, IfAFolderIsGiven) {
     EXPECT_TRUE(FileExists(program_.Folder() / L"app\\resource\\index.html"));
 }
 
-// Where these tests run, the system's control may show no page.
-TEST_F(Start, OpensAWindowWithTheSystemsControl) {
-    program_.SetVariable(L"TARVIK_ENGINE", L"mshtml");
-    program_.Folder().Write(L"work\\resource\\index.html", kLocationPage);
-    program_.Start();
-    EXPECT_TRUE(WaitFor([&] { return program_.Windows().size() == 1; }));
-}
-
 // By design the program keeps running without a window; it reports the reason, and ends its engine.
 class WithoutAPage : public Start {
   protected:

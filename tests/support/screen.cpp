@@ -65,7 +65,7 @@ bool WaitForColour(HWND window, COLORREF colour) {
 void MovePointer(POINT to) {
     constexpr ULONGLONG kRest = 150;
     ULONGLONG since = 0;
-    WaitFor([&] {
+    PumpUntil([&] {
         POINT at = {};
         GetCursorPos(&at);
         if (since && std::abs(at.x - to.x) <= 1 && std::abs(at.y - to.y) <= 1)

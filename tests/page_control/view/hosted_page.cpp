@@ -94,48 +94,12 @@ testing::AssertionResult HostedPage::PixelBecomes(POINT screen, COLORREF colour)
     return testing::AssertionFailure() << "it is " << std::hex << PixelAt(screen);
 }
 
-void HostedPage::MoveQuickly(POINT screen) const {
-    Send(MoveOf(screen));
-    PumpOnce();
-}
-
-// The Unix host has a pointer of its own, and on a busy machine reverts a move a moment later.
-void HostedPage::MoveTo(POINT screen) const {
-    constexpr int kLooks = 4;
-    MoveQuickly(screen);
-    for (int calm = 0; calm < kLooks; ++calm) {
-        PumpUntil([] { return false; }, std::chrono::milliseconds(10));
-        POINT now = {};
-        GetCursorPos(&now);
-        if (now.x == screen.x && now.y == screen.y) continue;
-        MoveQuickly(screen);
-        calm = -1;
-    }
-}
-
-void HostedPage::Click(POINT screen, DWORD press, int times) const {
-    MoveTo(screen);
-    for (int i = 0; i < times; ++i)
-        Mouse({press, press << 1});
-}
-
-void HostedPage::Mouse(std::initializer_list<DWORD> actions, DWORD data) const {
-    for (const DWORD action : actions)
-        Send(MouseInputOf(action, data));
-    PumpOnce();
-}
-
-void HostedPage::Press(std::initializer_list<WORD> keys) const {
-    PressKeys(keys);
-    PumpOnce();
-}
-
 void HostedPage::Type(std::wstring_view text) const {
     for (const wchar_t unit : text) {
         const SHORT key = VkKeyScanW(unit);
         if (key != -1 && unit < 0x80) {
             const WORD virtualKey = LOBYTE(key);
-            (HIBYTE(key) & 1) ? Press({VK_SHIFT, virtualKey}) : Press({virtualKey});
+            PressKeys((HIBYTE(key) & 1) ? std::vector<WORD>{VK_SHIFT, virtualKey} : std::vector{virtualKey});
             continue;
         }
         INPUT input = {};

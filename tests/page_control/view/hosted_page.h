@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string_view>
 
 #include "atl/module.h"
@@ -33,14 +32,6 @@ class HostedPage : public testing::Test {
     COLORREF PixelAt(POINT screen) const;
     testing::AssertionResult PixelBecomes(POINT screen, COLORREF colour) const;
 
-    // Returns when the pointer stays at the point.
-    void MoveTo(POINT screen) const;
-    void MoveQuickly(POINT screen) const;
-    // `press` is a MOUSEEVENTF_...DOWN; the release follows at once.
-    void Click(POINT screen, DWORD press = MOUSEEVENTF_LEFTDOWN, int times = 1) const;
-    void Mouse(std::initializer_list<DWORD> actions, DWORD data = 0) const;
-    // Presses keys in this order and releases them in reverse.
-    void Press(std::initializer_list<WORD> keys) const;
     // Uses the keys of the layout where it has them.
     void Type(std::wstring_view text) const;
 

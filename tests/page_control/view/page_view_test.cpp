@@ -20,7 +20,7 @@ TEST_F(HostedPage, ReceivesTypedText) {
         first.addEventListener('keydown', function (event) {
             log.push([event.key, event.code, event.shiftKey, event.location, event.keyCode].join('/'));
         });</script>)");
-    Click(MiddleOf(L"first"));
+    ClickAt(MiddleOf(L"first"));
     ASSERT_TRUE(Becomes(L"document.activeElement.id", L"first"));
     Type(L"aB1!");
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!"));
@@ -29,12 +29,12 @@ TEST_F(HostedPage, ReceivesTypedText) {
               L"1/Digit1/false/0/49 Shift/ShiftLeft/true/1/16 !/Digit1/true/0/49");
     Type(L"\u00FC\u6F22x\U0001F600");
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x\U0001F600"));
-    Press({VK_BACK});
+    PressKeys({VK_BACK});
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x"));
     Type(L" two");
-    Press({VK_CONTROL, VK_BACK});
+    PressKeys({VK_CONTROL, VK_BACK});
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!\u00FC\u6F22x "));
-    Press({VK_TAB});
+    PressKeys({VK_TAB});
     ASSERT_TRUE(Becomes(L"document.activeElement.id", L"second"));
     // Characters of an input method are text, too.
     SendMessageW(PageWindow(), WM_IME_CHAR, 0x8A9E, 1);
@@ -47,7 +47,7 @@ TEST_F(HostedPage, ReceivesTypedText) {
     keys[VK_CONTROL] = keys[VK_MENU] = 0;
     SetKeyboardState(keys);
     EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E\u20AC"));
-    Press({VK_SHIFT, VK_TAB});
+    PressKeys({VK_SHIFT, VK_TAB});
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
 }
 
@@ -59,35 +59,35 @@ TEST_F(HostedPage, SelectsByClicksAndByDragging) {
         logEvents('dblclick');</script>)");
     const std::wstring selected = L"getSelection().toString().trim()";
     const POINT field = MiddleOf(L"field"), left = OnScreen({40, 28});
-    Click(left, MOUSEEVENTF_LEFTDOWN, 2);
+    ClickAt(left, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
     // Elsewhere, to avoid a triple click; then from the first line over the window's edge.
-    Click({left.x, left.y + 38});
+    ClickAt({left.x, left.y + 38});
     EXPECT_TRUE(Becomes(selected, L""));
-    MoveTo(OnScreen({20, 28}));
-    Mouse({MOUSEEVENTF_LEFTDOWN});
+    MovePointer(OnScreen({20, 28}));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
     for (const LONG x : {40, 200, 480, 560})
-        MoveTo(OnScreen({x, 30}));
-    Mouse({MOUSEEVENTF_LEFTUP});
+        MovePointer(OnScreen({x, 30}));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     EXPECT_TRUE(Becomes(selected, L"wonderful"));
-    EXPECT_FALSE(GetCapture());
-    Click({left.x, left.y + 76}, MOUSEEVENTF_LEFTDOWN, 2);
+    EXPECT_TRUE(PumpUntil([] { return !GetCapture(); }));
+    ClickAt({left.x, left.y + 76}, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(L"log.length", L"2"));
     EXPECT_EQ(Ask(selected), L"wonderful") << "nothing of this line";
-    Click({left.x, field.y - 8}, MOUSEEVENTF_LEFTDOWN, 2);
+    ClickAt({left.x, field.y - 8}, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"several"));
 }
 
 TEST_F(HostedPage, ScrollsByTheWheel) {
     Open(R"(<div style="width: 3000px; height: 3000px"></div><script>
         onwheel = function (event) { log.push(event.clientX + ' ' + event.clientY); };</script>)");
-    MoveTo(OnScreen({100, 110}));
-    Mouse({MOUSEEVENTF_WHEEL}, static_cast<DWORD>(-2 * WHEEL_DELTA));
+    MovePointer(OnScreen({100, 110}));
+    Send(MouseInputOf(MOUSEEVENTF_WHEEL, static_cast<DWORD>(-2 * WHEEL_DELTA)));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"0 200"));
     constexpr DWORD kTilt = 0x1000;  // MOUSEEVENTF_HWHEEL
-    Mouse({kTilt}, WHEEL_DELTA);
+    Send(MouseInputOf(kTilt, WHEEL_DELTA));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 200"));
-    Mouse({MOUSEEVENTF_WHEEL}, WHEEL_DELTA / 2);
+    Send(MouseInputOf(MOUSEEVENTF_WHEEL, WHEEL_DELTA / 2));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 150"));
     EXPECT_EQ(Ask(L"log.join()"), L"100 110,100 110,100 110");
 }
@@ -101,12 +101,14 @@ TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
         setInterval(function () { own.isVisible(); own.isVisible(); }, 15);</script>)");
     const POINT middle = MiddleOf(L"button");
     constexpr int kClicks = 60;
+    MovePointer(middle);
     for (int i = 0; i < kClicks; ++i) {
-        Click(middle);
+        Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
+        Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
         PumpUntil([] { return false; }, std::chrono::milliseconds(i % 7));
     }
     EXPECT_TRUE(Becomes(L"clicks", std::to_wstring(kClicks)));
-    Click(MiddleOf(L"field"));
+    ClickAt(MiddleOf(L"field"));
     ASSERT_TRUE(Becomes(L"document.activeElement.id", L"field"));
     const std::wstring text = L"The quick brown fox jumps over the lazy dog";
     Type(text);
@@ -121,15 +123,15 @@ TEST_F(HostedPage, EndsADragWhenTheCaptureIsLost) {
         button.onclick = function () { log.push('clicked'); };
         var held;
         onmousemove = function (event) { held = event.buttons; };</script>)");
-    MoveTo(OnScreen({100, 100}));
-    Mouse({MOUSEEVENTF_LEFTDOWN});
-    MoveTo(OnScreen({120, 100}));
+    MovePointer(OnScreen({100, 100}));
+    Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
+    MovePointer(OnScreen({120, 100}));
     EXPECT_TRUE(Becomes(L"held", L"1"));
     SetCapture(Frame());
     EXPECT_TRUE(Becomes(L"log[1]", L"mouseup"));
-    Mouse({MOUSEEVENTF_LEFTUP});
+    Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     ReleaseCapture();
-    MoveTo(OnScreen({140, 100}));
+    MovePointer(OnScreen({140, 100}));
     EXPECT_TRUE(Becomes(L"held", L"0"));
     EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup");
 }
@@ -150,10 +152,10 @@ TEST_F(HostedPage, ShowsAMenuOnTextFields) {
                 const auto visible = std::ranges::find_if(menus, IsWindowVisible);
                 return visible != menus.end() && GetWindowRect(*visible, &place);
             }));
-            Press({letter});
+            PressKeys({letter});
             chosen = true;
         });
-        Click(field, MOUSEEVENTF_RIGHTDOWN);
+        ClickAt(field, MOUSEEVENTF_RIGHTDOWN);
         EXPECT_TRUE(PumpUntil([&] { return chosen.load(); }));
         return place;
     };
@@ -184,25 +186,25 @@ TEST_F(HostedPage, SharesTheSystemsClipboard) {
             document.execCommand('copy');
         };</script>)");
     const auto holds = [](const wchar_t* text) { return PumpUntil([=] { return ClipboardText() == text; }); };
-    Click(MiddleOf(L"first"));
-    Press({VK_CONTROL, 'A'});
-    Press({VK_CONTROL, 'C'});
+    ClickAt(MiddleOf(L"first"));
+    PressKeys({VK_CONTROL, 'A'});
+    PressKeys({VK_CONTROL, 'C'});
     EXPECT_TRUE(holds(L"some text"));
-    Press({VK_CONTROL, 'X'});
+    PressKeys({VK_CONTROL, 'X'});
     EXPECT_TRUE(Becomes(L"first.value", L""));
     SetClipboardText(L"two\nlines \u6F22");
-    Click(MiddleOf(L"second"));
+    ClickAt(MiddleOf(L"second"));
     // Later keys arrive after the text.
-    Press({VK_CONTROL, 'V'});
+    PressKeys({VK_CONTROL, 'V'});
     Type(L"!");
-    Press({VK_SHIFT, VK_INSERT});
+    PressKeys({VK_SHIFT, VK_INSERT});
     EXPECT_TRUE(Becomes(L"second.value", L"two\nlines \u6F22!two\nlines \u6F22"));
     EXPECT_EQ(Ask(L"log.join()"), L"copy,cut,paste,paste");
-    Click(MiddleOf(L"copy"));
+    ClickAt(MiddleOf(L"copy"));
     EXPECT_TRUE(holds(L"by the page"));
-    Click(MiddleOf(L"secret"));
-    Press({VK_CONTROL, 'A'});
-    Press({VK_CONTROL, 'C'});
+    ClickAt(MiddleOf(L"secret"));
+    PressKeys({VK_CONTROL, 'A'});
+    PressKeys({VK_CONTROL, 'C'});
     EXPECT_TRUE(Becomes(L"document.activeElement.selectionEnd", L"6"));
     EXPECT_TRUE(holds(L"by the page"));
 }
@@ -225,8 +227,8 @@ TEST_F(HostedPage, SetsTheCursor) {
         const POINT place = MiddleOf(id);
         // Faster than the page is queried.
         for (int step = 5; step > 0; --step)
-            MoveQuickly({place.x, place.y - step});
-        MoveTo(place);
+            Send(MoveOf({place.x, place.y - step}));
+        MovePointer(place);
         EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
             << Ask(std::wstring(L"'") + id + L"'").c_str();
     }
@@ -244,9 +246,9 @@ TEST_F(HostedPage, ReportsItsPositionOnTheScreen) {
         const POINT origin = OnScreen({0, 0});
         const POINT pointer = OnScreen({200, 100});
         // The positions of the page and of the pointer take different paths.
-        MoveTo({pointer.x - 1, pointer.y});
+        MovePointer({pointer.x - 10, pointer.y});
         EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
-        MoveTo(pointer);
+        MovePointer(pointer);
         EXPECT_TRUE(Becomes(L"place", text(pointer.x, pointer.y)));
     }
 }
@@ -259,14 +261,14 @@ TEST_F(HostedPage, DrawsDropDownLists) {
         select { appearance: none; width: 150px; height: 30px; }</style>
         <select id="list"><option>One<option>Two<option>Three</select><script>logEvents('change');</script>)");
     const POINT list = MiddleOf(L"list");
-    Click(list);
+    ClickAt(list);
     const POINT second = {list.x + 50, list.y + 30 + 45 - 15};
     ASSERT_TRUE(PixelBecomes(second, kGreen));
-    Click(second);
+    ClickAt(second);
     EXPECT_TRUE(Becomes(L"list.value + ' ' + log.join()", L"Two change"));
-    Press({VK_DOWN});
-    Press({VK_DOWN});
-    Press({VK_RETURN});
+    PressKeys({VK_DOWN});
+    PressKeys({VK_DOWN});
+    PressKeys({VK_RETURN});
     EXPECT_TRUE(Becomes(L"list.value", L"Three"));
 }
 
