@@ -3,6 +3,7 @@
 #include "host/web_browser.h"
 
 #include <exdisp.h>
+#include <exdispid.h>
 
 #include "tarvik/com_object.h"
 #include "tests/support/test.h"
@@ -128,6 +129,16 @@ TEST_F(BrowserWindow, ReleasesPluginsDespiteReferenceCycles) {
     PumpOnce();
     createCycles();
     PutMember(main.Get(), L"menu", bar.value.pdispVal);
+}
+
+TEST_F(BrowserWindow, CancelsNewWindowsOfTheControl) {
+    VARIANT_BOOL cancel = VARIANT_FALSE;
+    VARIANT arguments[5] = {};
+    arguments[3].vt = VT_BOOL | VT_BYREF;
+    arguments[3].pboolVal = &cancel;
+    DISPPARAMS parameters = {arguments, nullptr, 5, 0};
+    MakeCom<CWebBrowser>()->OnEvent(DISPID_NEWWINDOW3, parameters);
+    EXPECT_EQ(cancel, VARIANT_TRUE);
 }
 
 }  // namespace
