@@ -75,7 +75,9 @@ TEST_F(Windows, OfThePageAreOpenedByTheSystem) {
         "var wait = setInterval(function () { if (!external.file.getSize('opened.txt')) return;"
         "  clearInterval(wait); console.log('' + window.open('call.tarviktest', 'name')); }, 20);");
     EXPECT_TRUE(program_.WaitForLine("null"));
-    EXPECT_TRUE(WaitFor([&] { return ReadFileBytes(output).find("call.tarviktest") != std::string::npos; }));
+    EXPECT_TRUE(WaitFor([&] {
+        return FileExists(output) && ReadFileBytes(output).find("call.tarviktest") != std::string::npos;
+    }));
     EXPECT_THAT(ReadFileBytes(output), HasSubstr("link.tarviktest"));
     EXPECT_EQ(program_.Windows().size(), 1u);
 }
