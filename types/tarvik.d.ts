@@ -987,7 +987,10 @@ declare namespace Tarvik {
     set onRClick(value: () => void);
   }
 
-  /** The plug-in `console`: the author's log. It is also the page's global `console`. */
+  /**
+   * The plug-in `console`: the author's log. The page's global `console` has its members, and on the page control the
+   * browser's other methods as well (`info`, `warn`, `table`, ...).
+   */
   interface Console {
     /**
      * Writes a line to the debugger's channel, which `tarvik-log` prints.

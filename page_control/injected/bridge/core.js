@@ -84,6 +84,7 @@ const makeCore = (post) => {
   const { decode, decodeAll } = makeDecoders(nativeObject, held, intrinsics);
   const external = nativeObject(kExternal, true);
   const { adopt, listen } = makeAdopt(post, external, exchange, encoders, intrinsics);
+  const installConsole = makeConsole(records, encoders, intrinsics);
 
   // The host's messages by kind. Values are decoded on arrival, because the same message may release what they refer to.
   const messages = {
@@ -126,6 +127,7 @@ const makeCore = (post) => {
 
   Object.defineProperty(window, coreName, { value: { __proto__: null, adopt, receive } });
   adopt(window);
+  installConsole(window);
   // The engine remembers how the last paused call was resumed, and would then pause nowhere in the next document of the
   // same process. This statement resets it; by now the engine pauses nowhere in this document.
   window.addEventListener('pagehide', () => { debugger; }, true);

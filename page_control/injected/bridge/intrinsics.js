@@ -37,6 +37,8 @@ const captureIntrinsics = () => {
     newWeakMap: mapOf(WeakMap),
     define: (object, name, value) =>
       defineProperty(object, name, { __proto__: null, value, writable: true, enumerable: true, configurable: true }),
+    defineAccessor: (object, name, get, set) =>
+      defineProperty(object, name, { __proto__: null, get, set, enumerable: false, configurable: true }),
     // Returns a function that registers an object with a key; `onCollected` receives the key of each collected object.
     finalization: (onCollected) => {
       const registry = new Registry(onCollected);
