@@ -1,7 +1,5 @@
 #include "base/pattern.h"
 
-#include <functional>
-
 #include "tarvik/text.h"
 #include "tests/support/test.h"
 
@@ -18,35 +16,25 @@ struct Case {
 
 constexpr Case kCases[] = {
     {L"bc", L"abcd", L"bc"},
-    {L"BC", L"abcd", kNothing},
     {L"", L"abc", L""},
-    {L"\\.dll$", L"C:\\a\\x.dll", L".dll"},
     {L"\\.dll$", L"x.dll.txt", kNothing},
     {L"\\\\e", L"a\\e", L"\\e"},
-    {L"a.c", L"xabc", L"abc"},
     // Anchors.
-    {L"^a", L"ba", kNothing},
     {L"b^", L"ab^", L"b^"},
     {L"^a|b", L"cb", kNothing},
     {L"a$b", L"a$b", L"a$b"},
-    {L"a\\$", L"a$b", L"a$"},
     {L"a\\\\$", L"a\\b a\\", L"a\\"},
     {L"a|b$", L"ac", kNothing},
     // Sets.
     {L"[b-d]+", L"abcde", L"bcd"},
-    {L"[^a-c]", L"abcd", L"d"},
     {L"[a-]+", L"x-a-", L"-a-"},
     {L"[]a]+", L"xa]", L"a]"},
     {L"[\\d_]+", L"a1_2b", L"1_2"},
-    {L"[\\]]", L"a]", L"]"},
     {L"[\\w.\\z]+", L"-\\.aZ9wz!", L".aZ9wz"},
     {L"[^\\n]+", L"\nn.\r", L"n."},
     {L"[\\d-z]+", L"a1-z", L"1-z"},
     // Repetitions.
-    {L"ab*", L"xabbb", L"abbb"},
-    {L"ab?c", L"abbc ac", L"ac"},
     {L"a.*c", L"abcbcb", L"abcbc"},
-    {L"(ab)+c", L"ababc", L"ababc"},
     {L"(a*)*b", L"aab", L"aab"},
     {L"(a?)+b", L"b", L"b"},
     {L"(ab|a)(bc)?$", L"abc", L"abc"},
@@ -56,7 +44,6 @@ constexpr Case kCases[] = {
     {L"\\.(jpg|png)$", L"png.png", L".png"},
     {L"{a+}-\\0$", L"aa-a aaa-aaa", L"aaa-aaa"},
     {L"{.}{.}\\1\\0", L"xabba", L"abba"},
-    {L"a()b", L"ab", L"ab"},
     {L"({a}|b)\\0", L"bb", kNothing},
     // Negative look-ahead.
     {L"a!b", L"abac", L"a"},
@@ -70,12 +57,8 @@ constexpr Case kCases[] = {
     {L"\\c+", L"1aZ0", L"aZ"},
     {L"\\h+", L"xfF09g", L"fF09"},
     {L"\\n", L"a\r\nb", L"\r\n"},
-    {L"a\\nb", L"a\nb", L"a\nb"},
     {L"\\q", L"a 'b\"c' \"", L"'b\"c'"},
     {L"\\q", L"'a\"", kNothing},
-    {L"\\w", L"1ab2", L"ab"},
-    {L"\\z", L"a12b", L"12"},
-    {L"\\x", L"axb", L"x"},
 };
 
 TEST(Pattern, MatchesTheLeftmostText) {
@@ -101,24 +84,21 @@ TEST(PatternCaptures, AreOrderedByTheirOpeningBraces) {
     const std::wstring text = L"C:\\data\\img_042.png";
     const auto match = Pattern::Compile(L"{\\w}_{\\z}\\.({jpg}|{png})$")->Search(text);
     ASSERT_TRUE(match);
-    ASSERT_EQ(match->captures.size(), 4u);
-    EXPECT_EQ(match->captures[0]->In(text), L"img");
-    EXPECT_EQ(match->captures[1]->In(text), L"042");
-    EXPECT_FALSE(match->captures[2]) << "a failed alternative leaves no capture";
-    EXPECT_EQ(match->captures[3]->In(text), L"png");
+    std::vector<std::wstring> captures;
+    for (const auto& capture : match->captures)
+        captures.emplace_back(capture ? capture->In(text) : L"none");
+    EXPECT_THAT(captures, ElementsAre(L"img", L"042", L"none", L"png"));
 }
 
-constexpr DWORD kSurvived = 1;
-
 // Runs `work` on a thread with a stack of 1 MB, the smallest that the program has.
-void RunOnSmallStack(const std::function<void()>& work) {
-    const LPTHREAD_START_ROUTINE run = [](void* given) -> DWORD {
-        (*static_cast<const std::function<void()>*>(given))();
+void RunOnSmallStack(void (*work)()) {
+    constexpr DWORD kSurvived = 1;
+    const LPTHREAD_START_ROUTINE run = [](void* work) -> DWORD {
+        reinterpret_cast<void (*)()>(work)();
         return kSurvived;
     };
-    const UniqueHandle thread(CreateThread(nullptr, 1 << 20, run, const_cast<std::function<void()>*>(&work),
+    const UniqueHandle thread(CreateThread(nullptr, 1 << 20, run, reinterpret_cast<void*>(work),
                                            STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
-    ASSERT_TRUE(thread);
     WaitForSingleObject(thread.Get(), INFINITE);
     DWORD exitCode = 0;
     GetExitCodeThread(thread.Get(), &exitCode);
@@ -139,15 +119,13 @@ TEST(PatternLimits, StopMaliciousExpressions) {
     });
 }
 
+// Each character of a repeated group costs recursion, but no path is longer than these.
 TEST(PatternLimits, AllowLongPaths) {
-    EXPECT_TRUE(Pattern::Compile(L"^(a|b)+$")->Search(std::wstring(kPathLength, L'b')));
-    EXPECT_TRUE(Pattern::Compile(L"^({a}|{b})+$")->Search(std::wstring(kPathLength, L'b')));
+    for (const wchar_t* text : {L"^(a|x)+$", L"^({a}|{x})+$", L"^(((a|x)|b)|c)+$"})
+        EXPECT_TRUE(Pattern::Compile(text)->Search(std::wstring(kPathLength, L'x'))) << Narrow(text);
     const std::wstring path = L"C:" + std::wstring(30'000, L'x') + L".dll";
-    EXPECT_TRUE(Pattern::Compile(L"^\\c:.*\\.dll$")->Search(path));
-    EXPECT_TRUE(Pattern::Compile(L"\\.dll$")->Search(path));
-    EXPECT_TRUE(Pattern::Compile(L":\\a+\\.(\\c)*$")->Search(path));
-    // Each character of a repeated group costs recursion, but no path is longer than this one.
-    EXPECT_TRUE(Pattern::Compile(L"^(((a|x)|b)|c)+$")->Search(std::wstring(kPathLength, L'x')));
+    for (const wchar_t* text : {L"^\\c:.*\\.dll$", L"\\.dll$", L":\\a+\\.(\\c)*$"})
+        EXPECT_TRUE(Pattern::Compile(text)->Search(path)) << Narrow(text);
 }
 
 }  // namespace

@@ -58,37 +58,30 @@ class FullDisk : public testing::Test {
     const ComPtr<CWebBrowser> browser_ = MakeCom<CWebBrowser>();
 };
 
-TEST_F(FullDisk, LeavesNoPartialArchive) {
+TEST_F(FullDisk, LeavesNoPartialArchiveOrFolder) {
+    const std::wstring archive = folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}}));
     OptionObject options;
-    options.Set(L"src", source_.c_str()).Set(L"dest", place_.c_str());
+    options.Set(L"dest", place_.c_str()).Set(L"src", source_.c_str());
     EXPECT_EQ(RunToCompletion(Plugin(L"minizip").Get(), L"zip", options).text, FailText(E_FAIL));
     EXPECT_TRUE(IsDiskEmpty());
-}
-
-TEST_F(FullDisk, LeavesNoPartialProgram) {
-    folder_.Write(L"app\\resource\\index.html", "<!doctype html>");
-    const ConsoleProgram pack(L"tarvik-pack", {L"build", L"app", L"-o", place_}, folder_.Path());
-    EXPECT_EQ(pack.Wait(), 1u);
-    EXPECT_THAT(pack.Error(), HasSubstr("cannot be created"));
-    EXPECT_TRUE(IsDiskEmpty());
-}
-
-TEST_F(FullDisk, FailsAnExtraction) {
-    folder_.Write(L"app.exe", "host" + WriteArchive({{"one", "1"}, {"two", noise_}}));
-    const ConsoleProgram pack(L"tarvik-pack", {L"extract", L"app.exe", place_}, folder_.Path());
-    EXPECT_EQ(pack.Wait(), 1u);
-    EXPECT_THAT(pack.Error(), HasSubstr("\"two\" in"));
-    EXPECT_THAT(pack.Error(), HasSubstr(Narrow(SystemText(kDiskFull))));
-    EXPECT_TRUE(IsDiskEmpty());
-}
-
-TEST_F(FullDisk, FailsUnzip) {
-    OptionObject options;
-    options.Set(L"src", folder_.Write(L"a.zip", WriteArchive({{"one", "1"}, {"two", noise_}})).c_str());
-    options.Set(L"dest", place_.c_str());
+    options.Set(L"src", archive.c_str());
     EXPECT_EQ(RunToCompletion(Plugin(L"minizip").Get(), L"unzip", options).text,
               "fail: EMPTY, I4 " + std::to_string(E_FAIL));
-    EXPECT_TRUE(IsDiskEmpty()) << "the operation did not remove the folder that it created";
+    EXPECT_TRUE(IsDiskEmpty());
+}
+
+TEST_F(FullDisk, LeavesNothingOfAPackedProgram) {
+    folder_.Write(L"app\\resource\\index.html", "<!doctype html>");
+    folder_.Write(L"app.exe", "host" + WriteArchive({{"one", "1"}, {"two", noise_}}));
+    const auto fail = [&](const std::vector<std::wstring>& arguments) {
+        const ConsoleProgram pack(L"tarvik-pack", arguments, folder_.Path());
+        EXPECT_EQ(pack.Wait(), 1u);
+        EXPECT_TRUE(IsDiskEmpty());
+        return pack.Error();
+    };
+    EXPECT_THAT(fail({L"build", L"app", L"-o", place_}), HasSubstr("cannot be created"));
+    EXPECT_THAT(fail({L"extract", L"app.exe", place_}),
+                AllOf(HasSubstr("\"two\" in"), HasSubstr(Narrow(SystemText(kDiskFull)))));
 }
 
 TEST_F(FullDisk, LeavesNoPartialDownload) {

@@ -43,13 +43,9 @@ TEST_F(Build, AcceptsFoldersNamedLikeCommandsAndOptions) {
     Run({L"build", L"list", L"-o", L"out.exe"});
     fs::rename(folder_ / L"list", folder_ / L"--name=");
     Run({L"build", L"-o", L"out.exe", L"--company=", L"--", L"--name="});
-}
-
-TEST_F(Build, DescribesItsOptions) {
     EXPECT_THAT(Run({L"build", L"--help"}),
                 AllOf(HasSubstr("usage: tarvik-pack build FOLDER -o APP [OPTIONS]"),
                       HasSubstr("--copyright TEXT"), HasSubstr("Example")));
-    EXPECT_THAT(Run({L"--help"}), HasSubstr("  extract "));
 }
 
 TEST_F(Build, LeavesNothingBehindIfInterrupted) {

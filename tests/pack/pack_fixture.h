@@ -25,6 +25,12 @@ class PackTest : public testing::Test {
     const TempFolder folder_;
 };
 
+// The header in the content of a program.
+inline IMAGE_NT_HEADERS64& HeaderOf(std::string& image) {
+    const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(image.data());
+    return *reinterpret_cast<IMAGE_NT_HEADERS64*>(image.data() + dos->e_lfanew);
+}
+
 // An icon file with one picture.
 inline std::string IconFileOf(const std::string& picture) {
     std::string file("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0", 14);

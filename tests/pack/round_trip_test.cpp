@@ -57,10 +57,6 @@ class PackedProgram : public PackTest {
         EXPECT_TRUE(VerQueryValueW(version_.data(), path.c_str(), &value, &length)) << Narrow(path);
         return static_cast<const Value*>(value);
     }
-    std::wstring Text(const std::wstring& name) const {
-        const auto* const text = Query<wchar_t>(L"\\StringFileInfo\\040904B0\\" + name);
-        return text ? text : L"";
-    }
 
     const std::wstring program_ = folder_ / L"Gute App.v2.exe";
     std::vector<BYTE> version_;
@@ -74,12 +70,14 @@ TEST_F(PackedProgram, HasItsVersionAndNames) {
     const auto* const translation = Query<DWORD>(L"\\VarFileInfo\\Translation");
     ASSERT_TRUE(translation);
     EXPECT_EQ(*translation, 0x04B0'0409u);
-    EXPECT_EQ(Text(L"ProductName"), L"Gute App.v2");
-    EXPECT_EQ(Text(L"FileDescription"), L"Gute App.v2");
-    EXPECT_EQ(Text(L"CompanyName"), L"G\u00e4rtner & \u6f22");
-    EXPECT_EQ(Text(L"LegalCopyright"), L"\u00a9 2026");
-    EXPECT_EQ(Text(L"FileVersion"), L"3.0.65535.0");
-    EXPECT_EQ(Text(L"ProductVersion"), L"3.0.65535.0");
+    const std::pair<const wchar_t*, const wchar_t*> texts[] = {
+        {L"ProductName", L"Gute App.v2"},    {L"FileDescription", L"Gute App.v2"},
+        {L"FileVersion", L"3.0.65535.0"},    {L"ProductVersion", L"3.0.65535.0"},
+        {L"LegalCopyright", L"\u00a9 2026"}, {L"CompanyName", L"G\u00e4rtner & \u6f22"}};
+    for (const auto& [name, text] : texts) {
+        const auto* const found = Query<wchar_t>(std::wstring(L"\\StringFileInfo\\040904B0\\") + name);
+        EXPECT_STREQ(found, text);
+    }
 }
 
 std::string ResourceOf(HMODULE module, WORD id, LPCWSTR type) {
@@ -102,15 +100,6 @@ TEST_F(PackedProgram, HasItsIconInsteadOfTheHosts) {
     EXPECT_TRUE(icon);
 }
 
-IMAGE_NT_HEADERS64 HeaderOf(const fs::path& program) {
-    const std::string image = ReadFileBytes(program.wstring());
-    IMAGE_DOS_HEADER dos = {};
-    image.copy(reinterpret_cast<char*>(&dos), sizeof dos);
-    IMAGE_NT_HEADERS64 header = {};
-    image.copy(reinterpret_cast<char*>(&header), sizeof header, dos.e_lfanew);
-    return header;
-}
-
 TEST_F(PackedProgram, EnablesAslrAndDepLikeAllPrograms) {
     constexpr WORD kProtection = IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                                  IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
@@ -118,7 +107,8 @@ TEST_F(PackedProgram, EnablesAslrAndDepLikeAllPrograms) {
     for (const fs::path& program :
          {Host(), folder / L"tarvik-pack.exe", folder / L"tarvik-log.exe", fs::path(program_)}) {
         SCOPED_TRACE(program.filename().string());
-        const IMAGE_NT_HEADERS64 header = HeaderOf(program);
+        std::string image = ReadFileBytes(program.wstring());
+        const IMAGE_NT_HEADERS64& header = HeaderOf(image);
         EXPECT_EQ(header.OptionalHeader.DllCharacteristics & kProtection, kProtection);
         EXPECT_FALSE(header.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
         EXPECT_GT(header.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0u);

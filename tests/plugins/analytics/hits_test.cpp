@@ -62,14 +62,6 @@ TEST_F(Hits, ArriveByteForByte) {
     EXPECT_EQ(event(L"a b", L"c/d"), "t=event&ec=a%20b&ea=c%2Fd&" + Common());
     EXPECT_EQ(event(L"c", 5), "t=event&ec=c&ea=5&" + Common());
     EXPECT_EQ(event(L"c", true), "t=event&ec=c&ea=65535&" + Common()) << "the bits of a boolean";
-
-    // Reading a member calls it.
-    InvokeMember(plugin_.Get(), L"page", DISPATCH_PROPERTYGET, [] {
-        std::vector<Variant> arguments;
-        arguments.push_back(Variant::Text(L"read"));
-        return arguments;
-    }());
-    EXPECT_EQ(BodyOf(Next()), "t=appview&cd=read&" + Common());
 }
 
 TEST_F(Hits, OverlapAndRelease) {

@@ -22,9 +22,8 @@ class Menu {
     bool Append(const OptionObject& options) const {
         return CallText(*this, L"appendMenu", static_cast<IDispatch*>(options)) == "BOOL false";
     }
-    bool Add(const wchar_t* name, IDispatch* function, Argument context = Variant()) const {
-        return Append(
-            OptionObject().Set(L"name", name).Set(L"callback", function).Set(L"context", std::move(context)));
+    bool Add(const wchar_t* name, IDispatch* function) const {
+        return Append(OptionObject().Set(L"name", name).Set(L"callback", function));
     }
     bool AddMenu(const wchar_t* name, IDispatch* menu) const {
         return Append(OptionObject().Set(L"name", name).Set(L"subMenu", menu));
@@ -38,10 +37,7 @@ class MenuPlugin : public PluginOfWindow {
   protected:
     MenuPlugin() : PluginOfWindow(L"menu") {}
 
-    template <class... Args>
-    Menu Make(Args... type) const {
-        return Menu(CallMember(plugin_.Get(), L"createMenu", type...).value.pdispVal);
-    }
+    Menu Make() const { return Menu(CallMember(plugin_.Get(), L"createMenu").value.pdispVal); }
 
     const ComPtr<Recorder> function_ = MakeCom<Recorder>();
 };
@@ -107,11 +103,8 @@ TEST_F(MenuPlugin, NeverContainsItself) {
 TEST_F(MenuPlugin, OutlivesTheMenusThatContainIt) {
     const Menu shared = Make();
     shared.Add(L"a", function_.Get());
-    {
-        const Menu first = Make(), second = Make();
-        EXPECT_TRUE(first.AddMenu(L"shared", shared) && second.AddMenu(L"first", first) &&
-                    second.AddMenu(L"shared", shared));
-    }
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(Make().AddMenu(L"shared", shared));
     EXPECT_EQ(GetMenuItemCount(shared.Native()), 1);
 }
 

@@ -62,7 +62,7 @@ TEST_F(Registry, StoresNumbersAndBooleans) {
 }
 
 TEST_F(Registry, StoresTextsOfAnyLength) {
-    for (const size_t length : {0, 1, 510, 511, 512, 519, 520, 521, 100'000}) {
+    for (const size_t length : {0, 511, 512, 100'000}) {
         const std::wstring text = std::wstring(length, L'\u6f22') + L"\0\xD83D\xDE00"s;
         EXPECT_EQ(Call(L"setValue", L"text", Variant::Text(text)), kTrue) << length;
         EXPECT_EQ(Call(L"queryValue", L"text"), "BSTR " + Narrow(text));
@@ -76,16 +76,13 @@ TEST_F(Registry, ReadsValuesOfOtherPrograms) {
         std::string read;
     } cases[] = {
         {REG_SZ, "", "BSTR "},
-        {REG_SZ, "\0\0"s, "BSTR "},
         {REG_SZ, "a\0b\0\0\0\0\0"s, "BSTR ab"},
         {REG_SZ, "a\0b\0"s, "NULL"},  // no terminator
-        {REG_SZ, "a\0\0\0\0"s, "NULL"},
         {REG_EXPAND_SZ, "%\0T\0%\0\0\0"s, "BSTR %T%"},
         {REG_DWORD, "\1\2"s, "NULL"},
         {REG_QWORD, "\1\2\3\4"s, "NULL"},
         {REG_QWORD, std::string(8, '\xff'), "R8 18446744073709551616.000000"},
         {REG_BINARY, std::string(5000, 'x'), "NULL"},
-        {REG_NONE, "", "NULL"},
         {REG_MULTI_SZ, "a\0\0\0\0\0"s, "NULL"},
     };
     for (const auto& c : cases) {
@@ -111,8 +108,8 @@ TEST_F(Registry, ParsesPaths) {
         EXPECT_EQ(Call(L"createKey", L"a\\\u6f22\\c"), kTrue);
     EXPECT_EQ(Call(L"setValue", L"a\\\u6f22\\", L"the default"), kTrue);
     EXPECT_EQ(Call(L"queryValue", L"a\\\u6f22\\"), "BSTR the default");
-    EXPECT_EQ(Call(L"deleteValue", L"a\\\u6f22\\"), kTrue);
-    EXPECT_EQ(Call(L"deleteValue", L"a\\\u6f22\\"), kFalse);
+    for (const bool exists : {true, false})
+        EXPECT_EQ(Call(L"deleteValue", L"a\\\u6f22\\"), exists ? kTrue : kFalse);
 }
 
 // The system would cut the name at the NUL.
@@ -135,8 +132,8 @@ TEST_F(Registry, DeletesTrees) {
         Call(L"createKey", path);
     EXPECT_EQ(Call(L"deleteKey", L"tree\\"), kFalse) << "an empty name";
     EXPECT_TRUE(key_.Has(L"tree\\b"));
-    EXPECT_EQ(Call(L"deleteKey", L"tree"), kTrue);
-    EXPECT_EQ(Call(L"deleteKey", L"tree"), kFalse);
+    for (const bool exists : {true, false})
+        EXPECT_EQ(Call(L"deleteKey", L"tree"), exists ? kTrue : kFalse);
     EXPECT_FALSE(key_.Has(L"tree"));
     EXPECT_TRUE(key_.Has(L"other"));
 }

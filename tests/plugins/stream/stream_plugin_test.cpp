@@ -71,7 +71,6 @@ TEST_F(Stream, WritesAndReadsTextInThreeEncodings) {
         {L"ansi", L"ab", "ab\0"s},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(Narrow(c.encoding) + " " + Narrow(c.text));
         Fill("");
         EXPECT_EQ(Call(L"writeString", c.text, c.encoding), "UI4 " + std::to_string(c.bytes.size()));
         EXPECT_EQ(Content(), c.bytes);
@@ -101,16 +100,13 @@ TEST_F(Stream, ReadsTextWithoutTrailingNuls) {
         {"", L"utf8", -1, "NULL", 0},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.bytes) + " " + Narrow(c.encoding));
         Fill(c.bytes);
-        EXPECT_EQ(Call(L"readString", c.encoding, c.length), c.text);
-        EXPECT_EQ(Position(), c.position);
-        EXPECT_EQ(stream_->GetSize(), c.bytes.size());
+        EXPECT_EQ(Call(L"readString", c.encoding, c.length), c.text) << testing::PrintToString(c.bytes);
+        EXPECT_EQ(Position(), c.position) << testing::PrintToString(c.bytes);
     }
-    // Unaligned.
     Fill("x\x22\x6F"s);
-    EXPECT_EQ(Call(L"readUInt8"), "UI1 120");
-    EXPECT_EQ(Call(L"readString", L"unicode"), "BSTR \xE6\xBC\xA2");
+    Call(L"seek", 1, 0);
+    EXPECT_EQ(Call(L"readString", L"unicode"), "BSTR \xE6\xBC\xA2") << "at an odd address";
 }
 
 TEST_F(Stream, FillsGapsWithZerosEvenOverOldContent) {
@@ -118,22 +114,18 @@ TEST_F(Stream, FillsGapsWithZerosEvenOverOldContent) {
     EXPECT_EQ(Call(L"setSize", 4), "BOOL true");
     EXPECT_EQ(Call(L"setSize", 6), "BOOL true");
     EXPECT_EQ(Content(), "0123\0\0"s);
-    EXPECT_EQ(Position(), 0u);
     EXPECT_EQ(Call(L"seek", 2, 2), "R8 8.000000");
-    EXPECT_EQ(Call(L"readUInt8"), "NULL");
-    EXPECT_EQ(Call(L"readString"), "NULL");
+    for (const wchar_t* read : {L"readUInt8", L"readString"})
+        EXPECT_EQ(Call(read), "NULL") << "beyond the end";
     EXPECT_EQ(Call(L"fill", 1), "I4 0");
     EXPECT_EQ(Call(L"writeUInt8", 'x'), "BOOL true");
     EXPECT_EQ(Content(), "0123\0\0\0\0x"s);
-    EXPECT_EQ(Call(L"seek", 1, 1), "R8 10.000000");
     Call(L"seek", 30'000'000, 0);
     EXPECT_EQ(Call(L"writeUInt8", 'y'), "BOOL true");
     EXPECT_EQ(Content().substr(0, 10), "0123\0\0\0\0x\0"s) << "even if the block has moved";
 }
 
 TEST_F(Stream, FillDoesNotGrowIt) {
-    EXPECT_EQ(Call(L"fill", 1, 100), "I4 0");
-    EXPECT_EQ(Call(L"getSize"), "UI8 0");
     Fill("abcd");
     EXPECT_EQ(Call(L"fill", 255, 2), "I4 2");
     EXPECT_EQ(Call(L"fill", -1, 9), "I4 2") << "a negative value stores its low byte";
@@ -168,17 +160,13 @@ TEST_F(Stream, CopyToKeepsItsPosition) {
 TEST_F(Stream, IsUnchangedByInvalidArguments) {
     Fill("abc");
     Call(L"seek", 1, 0);
-    const std::pair<const wchar_t*, InvokeResult> wrong[] = {
-        {L"copyTo", CallMember(stream_.Get(), L"copyTo", stream_, 0)},
-        {L"origin", CallMember(stream_.Get(), L"seek", 0, 3)},
-        {L"seek", CallMember(stream_.Get(), L"seek", -1, 0)},
-        {L"setSize", CallMember(stream_.Get(), L"setSize", -1)},
-        {L"readString", CallMember(stream_.Get(), L"readString", L"utf-8")},
-        {L"writeString", CallMember(stream_.Get(), L"writeString", L"text", L"latin")},
-        {L"fill", CallMember(stream_.Get(), L"fill", 256)},
-    };
-    for (const auto& [what, out] : wrong)
-        EXPECT_THAT(out.status, HasStatus(E_INVALIDARG)) << Narrow(what);
+    EXPECT_EQ(Call(L"copyTo", stream_, 0), kInvalid);
+    EXPECT_EQ(Call(L"seek", 0, 3), kInvalid);
+    EXPECT_EQ(Call(L"seek", -1, 0), kInvalid);
+    EXPECT_EQ(Call(L"setSize", -1), kInvalid);
+    EXPECT_EQ(Call(L"readString", L"utf-8"), kInvalid);
+    EXPECT_EQ(Call(L"writeString", L"text", L"latin"), kInvalid);
+    EXPECT_EQ(Call(L"fill", 256), kInvalid);
     EXPECT_EQ(Position(), 1u);
     EXPECT_EQ(Content(), "abc");
 }

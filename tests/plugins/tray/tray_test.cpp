@@ -13,8 +13,7 @@ class TrayPlugin : public PluginOfWindow {
   protected:
     TrayPlugin() : PluginOfWindow(L"tray") {}
 
-    template <class... Args>
-    HRESULT Call(const wchar_t* member, Args... arguments) const {
+    HRESULT Call(const wchar_t* member, auto... arguments) const {
         return CallMember(plugin_.Get(), member, arguments...).status;
     }
     BOOL NotifyShell(DWORD message) const {
@@ -26,9 +25,6 @@ class TrayPlugin : public PluginOfWindow {
     }
     // The shell modifies only icons that it shows.
     bool IsShown() const { return NotifyShell(NIM_MODIFY) != FALSE; }
-    LRESULT Click(LPARAM mouse, WPARAM icon = kTrayIconId) const {
-        return SendMessageW(window_, kTrayMessage, icon, mouse);
-    }
 };
 
 TEST_F(TrayPlugin, ShowsAndHidesItsIcon) {
@@ -45,8 +41,7 @@ TEST_F(TrayPlugin, ShowsAndHidesItsIcon) {
 }
 
 TEST_F(TrayPlugin, AddsNoIconIfItCannotBeLoaded) {
-    const std::wstring bad = folder_.Write(L"bad.ico", "not an icon");
-    EXPECT_TRUE(FAILED(Call(L"addTray", L"tip", bad.c_str())));
+    EXPECT_TRUE(FAILED(Call(L"addTray", L"tip", folder_.Write(L"bad.ico", "not an icon").c_str())));
     EXPECT_THAT(Call(L"addTray", L"tip", (folder_ / L"missing.ico").c_str()),
                 HasStatus(HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)));
     EXPECT_FALSE(IsShown());

@@ -64,34 +64,27 @@ class Frame : public testing::Test {
     WindowFrame frame_{main_, server_, composition_};
 };
 
-TEST_F(Frame, LosesItsStyleBitsWithoutComposition) {
-    frame_.SetCaption(false);
-    EXPECT_EQ(Border(), 0);
-    EXPECT_TRUE(CoversWindow());
-    EXPECT_EQ(Place().right - Place().left, 300);
+// With composition it keeps the style of a caption, for shadow and animations.
+TEST_F(Frame, LosesItsCaption) {
+    for (const bool composed : {false, true}) {
+        SCOPED_TRACE(composed);
+        composition_.enabled = composed;
+        frame_.SetCaption(false);
+        EXPECT_EQ(Border(), composed ? WS_CAPTION : 0);
+        EXPECT_TRUE(CoversWindow());
+        EXPECT_EQ(Place().right - Place().left, 300);
+        EXPECT_EQ(HitAtEdge(), HTLEFT);
+        frame_.SetCaption(true);
+        EXPECT_EQ(Border(), kBorder);
+        EXPECT_FALSE(CoversWindow());
+        EXPECT_NE(HitAtEdge(), HTLEFT) << "the frame sizes the window";
+    }
     EXPECT_TRUE(GetClassLongW(window_.Get(), GCL_STYLE) & CS_DROPSHADOW);
-    EXPECT_EQ(HitAtEdge(), HTLEFT);
-    frame_.SetCaption(true);
-    EXPECT_EQ(Border(), kBorder);
-    EXPECT_FALSE(CoversWindow());
-    EXPECT_NE(HitAtEdge(), HTLEFT) << "the frame sizes the window";
-    EXPECT_THAT(composition_.margins, ElementsAre());
-}
-
-TEST_F(Frame, KeepsItsCaptionStyleWithComposition) {
-    composition_.enabled = true;
-    frame_.SetCaption(false);
-    EXPECT_EQ(Border(), WS_CAPTION);
-    EXPECT_TRUE(CoversWindow());
     COLORREF key = 0;
     DWORD flags = 0;
     EXPECT_TRUE(GetLayeredWindowAttributes(window_.Get(), &key, nullptr, &flags));
     EXPECT_EQ(key, 0x563412u);
     EXPECT_EQ(flags, static_cast<DWORD>(LWA_COLORKEY));
-    EXPECT_EQ(HitAtEdge(), HTLEFT);
-    frame_.SetCaption(true);
-    EXPECT_EQ(Border(), kBorder);
-    EXPECT_FALSE(CoversWindow());
     EXPECT_THAT(composition_.margins, ElementsAre(1, 0));
 }
 
@@ -108,22 +101,21 @@ TEST_F(Frame, StaysResizableWithoutACaption) {
 }
 
 TEST_F(Frame, TakesTheShapeOfNonWhitePixels) {
-    std::mt19937 random(1);
+    constexpr LONG kWidth = 7;
     constexpr uint32_t kPixels[] = {0xFFFFFF, 0xFFFFFF, 0xFFFFFE, 0xFEFFFF, 0, 0x123456};
-    for (const LONG width : {1, 2, 7, 64}) {
-        std::vector<uint32_t> pixels(static_cast<size_t>(width) * 31);
-        for (uint32_t& pixel : pixels)
-            pixel = kPixels[random() % std::size(kPixels)];
-        const UniqueGdi picture = LoadBitmapFile(WriteBitmap(pixels, width).c_str());
-        ASSERT_TRUE(picture);
-        const UniqueGdi region = RegionFromImage(picture.Get());
-        for (LONG at = 0; at < static_cast<LONG>(pixels.size()); ++at) {
-            ASSERT_EQ(PtInRegion(static_cast<HRGN>(region.Get()), at % width, at / width) != FALSE,
-                      pixels[at] != 0xFFFFFF)
-                << at << " of " << width;
-        }
-        EXPECT_FALSE(PtInRegion(static_cast<HRGN>(region.Get()), width, 0));
-    }
+    std::mt19937 random(1);
+    std::vector<uint32_t> pixels(kWidth * 31);
+    for (uint32_t& pixel : pixels)
+        pixel = kPixels[random() % std::size(kPixels)];
+    const UniqueGdi picture = LoadBitmapFile(WriteBitmap(pixels, kWidth).c_str());
+    ASSERT_TRUE(picture);
+    const UniqueGdi region = RegionFromImage(picture.Get());
+    const auto contains = [&](LONG x, LONG y) {
+        return PtInRegion(static_cast<HRGN>(region.Get()), x, y) != FALSE;
+    };
+    for (LONG at = 0; at < static_cast<LONG>(pixels.size()); ++at)
+        EXPECT_EQ(contains(at % kWidth, at / kWidth), pixels[at] != 0xFFFFFF) << at;
+    EXPECT_FALSE(contains(kWidth, 0));
 }
 
 TEST_F(Frame, KeepsItsShape) {

