@@ -9,13 +9,9 @@ using namespace std::string_literals;
 
 constexpr char kTrue[] = "BOOL true", kFalse[] = "BOOL false";
 
-class Config : public PluginsOfPage {
+class Config : public PluginOfPage {
   protected:
-    template <class... Args>
-    std::string Call(const wchar_t* name, Args&&... args) {
-        return ResultText(CallMember(config_.Get(), name, std::forward<Args>(args)...));
-    }
-    ComPtr<IDispatch> config_ = Plugin(L"config");
+    Config() : PluginOfPage(L"config") {}
 };
 
 class ConfigKey : public Config {
@@ -58,7 +54,7 @@ TEST_F(ConfigKey, StoresValues) {
     EXPECT_EQ(Call(L"setValue", L"refused", 1.5), kFalse);
     EXPECT_EQ(Call(L"setValue", Variant::Text(L"refused\0x"s), 1), kFalse);
 
-    config_ = Plugin(L"config");
+    plugin_ = Plugin(L"config");
     EXPECT_EQ(Call(L"queryValue", L"number"), "NULL") << "a new object has no store";
     Use(L"store");
     EXPECT_EQ(Call(L"queryValue", L"number"), "UI4 4294967295");

@@ -8,10 +8,10 @@ TEST_F(File, DeletesFilesAndWholeFolders) {
     folder_.Write(L"tree\\inner\\a.txt", "a");
     folder_.Write(L"tree\\b.txt", "b");
     for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(CallFile(L"deleteFile", L"tree"), "BOOL true");
+        EXPECT_EQ(Call(L"deleteFile", L"tree"), "BOOL true");
         EXPECT_FALSE(FileExists(folder_ / L"tree"));
     }
-    EXPECT_EQ(CallFile(L"deleteFile", L""), "BOOL true");
+    EXPECT_EQ(Call(L"deleteFile", L""), "BOOL true");
     EXPECT_TRUE(FileExists(folder_.Path())) << "an empty path is not the page's folder";
 }
 
@@ -19,13 +19,13 @@ TEST_F(File, SkipsLockedFilesAndReportsTheLastStep) {
     folder_.Write(L"tree\\inner\\gone.txt", "a");
     const std::wstring locked = folder_.Write(L"tree\\locked\\file.txt", "b");
     const UniqueHandle lock = HoldFile(locked);
-    EXPECT_EQ(CallFile(L"deleteFile", L"tree\\locked\\file.txt"), "BOOL false");
-    EXPECT_EQ(CallFile(L"deleteFile", L"tree"), "BOOL false");
+    EXPECT_EQ(Call(L"deleteFile", L"tree\\locked\\file.txt"), "BOOL false");
+    EXPECT_EQ(Call(L"deleteFile", L"tree"), "BOOL false");
     EXPECT_FALSE(FileExists(folder_ / L"tree\\inner"));
     EXPECT_TRUE(FileExists(locked));
     const std::wstring readOnly = folder_.Write(L"read-only.txt", "c");
     SetFileAttributesW(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(CallFile(L"deleteFile", L"read-only.txt"), "BOOL false");
+    EXPECT_EQ(Call(L"deleteFile", L"read-only.txt"), "BOOL false");
     SetFileAttributesW(readOnly.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
@@ -57,7 +57,7 @@ TEST_F(File, SchedulesADelayedDeleteForTheNextStart) {
     };
     const std::wstring before = read();
     folder_.Write(L"tree\\inner\\a.txt", "a");
-    if (CallFile(L"deleteFile", L"tree", true) != "BOOL true") GTEST_SKIP() << "access denied";
+    if (Call(L"deleteFile", L"tree", true) != "BOOL true") GTEST_SKIP() << "access denied";
     const std::wstring pending = read();
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_MULTI_SZ, before.data(),
                     static_cast<DWORD>(before.size() * sizeof(wchar_t)));

@@ -55,7 +55,7 @@ TEST_F(EnumFiles, StopsOnlyAtFalse) {
 TEST_F(EnumFiles, StartsNothingWithoutBothFunctions) {
     const auto function = MakeCom<Recorder>();
     for (const wchar_t* name : {L"callback", L"completed"})
-        EXPECT_EQ(CallFile(L"enumFiles", static_cast<IDispatch*>(Tree().Set(name, function))), "EMPTY");
+        EXPECT_EQ(Call(L"enumFiles", static_cast<IDispatch*>(Tree().Set(name, function))), "EMPTY");
     EXPECT_THAT(function->Texts(), IsEmpty());
 }
 

@@ -8,16 +8,9 @@ inline HRESULT SystemError(DWORD error) {
     return HRESULT_FROM_WIN32(error);
 }
 
-// The plug-in in a page in a temporary folder.
-class File : public PluginsOfPage {
+class File : public PluginOfPage {
   protected:
-    // The result of a member call, which must succeed.
-    template <class... Args>
-    std::string CallFile(const wchar_t* member, Args&&... args) {
-        const InvokeResult out = CallMember(plugin_.Get(), member, std::forward<Args>(args)...);
-        EXPECT_THAT(out.status, HasStatus(S_OK));
-        return ValueText(out.value);
-    }
+    File() : PluginOfPage(L"file") {}
 
     // Calls copyAsync or moveAsync.
     Completion Run(const wchar_t* member, const OptionObject& options,
@@ -29,8 +22,6 @@ class File : public PluginsOfPage {
 
     // The same path under another root: a move there counts as one between drives.
     static std::wstring OtherRoot(const std::wstring& path) { return L"\\\\?\\" + path; }
-
-    const ComPtr<IDispatch> plugin_ = Plugin(L"file");
 };
 
 // A link to a folder, removed by the destructor; none where the system cannot create one. Wine cannot either,

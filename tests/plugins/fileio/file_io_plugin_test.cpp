@@ -4,11 +4,10 @@
 namespace tarvik {
 namespace {
 
-class FileIO : public PluginsOfPage {
+class FileIO : public PluginOfPage {
   protected:
-    std::string Call(const wchar_t* member, auto&&... arguments) const {
-        return CallText(plugin_.Get(), member, std::forward<decltype(arguments)>(arguments)...);
-    }
+    FileIO() : PluginOfPage(L"fileIO") {}
+
     bool Open(const std::wstring& path, const wchar_t* mode) const {
         return Call(L"open", path.c_str(), mode) == "BOOL true";
     }
@@ -22,8 +21,6 @@ class FileIO : public PluginsOfPage {
         native->Seek(0, TVK::kFromBegin, nullptr);
         return stream;
     }
-
-    const ComPtr<IDispatch> plugin_ = Plugin(L"fileIO");
 };
 
 TEST_F(FileIO, OpensWithTheGivenMode) {

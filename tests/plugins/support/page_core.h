@@ -42,19 +42,25 @@ class PageCore : public ComObject<As<TVK::ICore>> {
     std::wstring location_;
 };
 
-// The plug-ins of a page in a temporary folder.
-class PluginsOfPage : public testing::Test {
+// A plug-in in a page in a temporary folder.
+class PluginOfPage : public testing::Test {
   protected:
+    explicit PluginOfPage(const wchar_t* name) : plugin_(Plugin(name)) {}
+
+    // A new object of that name.
     ComPtr<IDispatch> Plugin(const wchar_t* name) const {
         ComPtr<IDispatch> plugin;
         EXPECT_EQ(core_->GetPlugin(name, plugin.GetAddressOf()), S_OK) << name;
         return plugin;
     }
 
-    const TempFolder folder_;
+    std::string Call(const wchar_t* member, auto&&... arguments) const {
+        return CallText(plugin_.Get(), member, std::forward<decltype(arguments)>(arguments)...);
+    }
 
-  private:
+    const TempFolder folder_;
     const ComPtr<PageCore> core_ = MakeCom<PageCore>(folder_ / L"page.html");
+    ComPtr<IDispatch> plugin_;
 };
 
 }  // namespace tarvik

@@ -29,12 +29,12 @@ TEST_F(System, ReadsTextsOfUpTo519Characters) {
         const std::wstring text(length, L'\u00e9');
         SetEnvironmentVariableW(L"TARVIK_TEST", text.c_str());
         const std::string read = "BSTR " + (length < 520 ? Narrow(text) : std::string());
-        EXPECT_EQ(CallSystem(L"getEnvirVar", L"tarvik_test"), read);
-        EXPECT_EQ(CallSystem(L"expandEnvirPath", L"%TARVIK_TEST%"), read);
+        EXPECT_EQ(Call(L"getEnvirVar", L"tarvik_test"), read);
+        EXPECT_EQ(Call(L"expandEnvirPath", L"%TARVIK_TEST%"), read);
     }
     SetEnvironmentVariableW(L"TARVIK_TEST", L"value");
-    EXPECT_EQ(CallSystem(L"expandEnvirPath", L"a%TARVIK_TEST%b%TARVIK_NONE%"), "BSTR avalueb%TARVIK_NONE%");
-    EXPECT_EQ(CallSystem(L"getEnvirVar", L""), "NULL");
+    EXPECT_EQ(Call(L"expandEnvirPath", L"a%TARVIK_TEST%b%TARVIK_NONE%"), "BSTR avalueb%TARVIK_NONE%");
+    EXPECT_EQ(Call(L"getEnvirVar", L""), "NULL");
 }
 
 TEST_F(System, ChecksForAnAdministratorWithoutLeaks) {

@@ -19,7 +19,7 @@ TEST_F(HarmlessSystem, ChangesThePowerState) {
         for (const bool succeeds : {true, false}) {
             calls_.succeeds = succeeds;
             const bool result = succeeds || member == std::wstring(L"closeMonitor");
-            EXPECT_EQ(CallSystem(member), result ? "BOOL true" : "BOOL false") << call;
+            EXPECT_EQ(Call(member), result ? "BOOL true" : "BOOL false") << call;
             EXPECT_THAT(calls_.TakeCalls(), ElementsAre(call));
         }
     }
@@ -48,17 +48,17 @@ TEST_F(HarmlessSystem, RestartsElevated) {
 
 TEST_F(System, RegistersLibraries) {
     const std::wstring library = Helper(L"self_registering.dll");
-    EXPECT_EQ(CallSystem(L"registerDll", library.c_str()), "BOOL true");
-    EXPECT_EQ(CallSystem(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "BSTR yes");
-    EXPECT_EQ(CallSystem(L"unregisterDll", library.c_str()), "BOOL false") << "S_FALSE is not S_OK";
-    EXPECT_EQ(CallSystem(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "NULL");
+    EXPECT_EQ(Call(L"registerDll", library.c_str()), "BOOL true");
+    EXPECT_EQ(Call(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "BSTR yes");
+    EXPECT_EQ(Call(L"unregisterDll", library.c_str()), "BOOL false") << "S_FALSE is not S_OK";
+    EXPECT_EQ(Call(L"getEnvirVar", L"TARVIK_TEST_REGISTERED"), "NULL");
     EXPECT_FALSE(GetModuleHandleW(L"self_registering.dll"));
 
     CopyFileW(library.c_str(), (folder_ / L"beside the page.dll").c_str(), TRUE);
-    EXPECT_EQ(CallSystem(L"registerDll", L"beside the page.dll"), "BOOL true");
+    EXPECT_EQ(Call(L"registerDll", L"beside the page.dll"), "BOOL true");
     folder_.Write(L"text.dll", "no library");
     for (const wchar_t* path : {L"missing.dll", L"text.dll", L"C:\\windows\\system32\\version.dll"})
-        EXPECT_EQ(CallSystem(L"registerDll", path), "BOOL false") << Narrow(path);
+        EXPECT_EQ(Call(L"registerDll", path), "BOOL false") << Narrow(path);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ class ShellExecution : public System {
         return options;
     }
     std::string Execute(const OptionObject& options) const {
-        return CallSystem(L"shellExecute", static_cast<IDispatch*>(options));
+        return Call(L"shellExecute", static_cast<IDispatch*>(options));
     }
 
     // Workers release their references shortly after their last call, and the function last.
@@ -82,7 +82,7 @@ TEST_F(ShellExecution, FailsForMissingAndInvalidPrograms) {
         // The system shows an error message.
         AnswerDialogs(execute, [](HWND first) { EXPECT_TRUE(Press(first, IDOK)); });
     }
-    EXPECT_EQ(CallSystem(L"shellExecute", static_cast<IDispatch*>(nullptr)), "BOOL false");
+    EXPECT_EQ(Call(L"shellExecute", static_cast<IDispatch*>(nullptr)), "BOOL false");
     EXPECT_THAT(ended_->calls, IsEmpty());
 }
 
@@ -92,7 +92,7 @@ TEST_F(HarmlessSystem, PromptsForElevation) {
         OptionObject options;
         options.Set(L"path", L"app.exe").Set(L"requestAdmin", requestAdmin);
         if (isWatched) options.Set(L"exitCallback", ended);
-        return CallSystem(L"shellExecute", static_cast<IDispatch*>(options));
+        return Call(L"shellExecute", static_cast<IDispatch*>(options));
     };
     EXPECT_EQ(execute(true, false), "BOOL false");
     EXPECT_EQ(execute(true, true), "BOOL true");

@@ -10,7 +10,7 @@ namespace {
 class Shortcuts : public System {
   protected:
     std::string Create(const OptionObject& options) const {
-        return CallSystem(L"createShortcut", static_cast<IDispatch*>(options));
+        return Call(L"createShortcut", static_cast<IDispatch*>(options));
     }
     static std::wstring Desktop() {
         return ReadPath(
@@ -68,7 +68,7 @@ TEST_F(Shortcuts, AreSavedUnderTheExpectedName) {
         DeleteFileW(path.c_str());
     }
     EXPECT_THAT(ReadTree(folder_.Path()), IsEmpty()) << "no other file";
-    EXPECT_EQ(CallSystem(L"createShortcut", static_cast<IDispatch*>(nullptr)), "BOOL false");
+    EXPECT_EQ(Call(L"createShortcut", static_cast<IDispatch*>(nullptr)), "BOOL false");
 }
 
 TEST_F(Shortcuts, ContainTheGivenOptions) {
@@ -94,7 +94,7 @@ TEST_F(Shortcuts, AreParsedOnlyByTheirFullPath) {
     EXPECT_EQ(Create(options), "BOOL true");
     const std::wstring text = folder_.Write(L"text.lnk", "no link");
     for (const wchar_t* path : {L"link.lnk", L"", text.c_str(), folder_.Path().c_str()})
-        EXPECT_EQ(CallSystem(L"parseShortcut", path), "NULL") << Narrow(path);
+        EXPECT_EQ(Call(L"parseShortcut", path), "NULL") << Narrow(path);
 }
 
 TEST_F(Shortcuts, ContainAUrlOnly) {

@@ -52,21 +52,15 @@ class HarmlessCalls : public SystemCalls {
     std::vector<std::string> recorded_;
 };
 
-// The plug-in in a page in a temporary folder.
-class System : public PluginsOfPage {
+class System : ObjectCheck, public PluginOfPage {
   protected:
-    template <class... Args>
-    std::string CallSystem(const wchar_t* member, Args&&... args) const {
-        return ResultText(CallMember(plugin_.Get(), member, std::forward<Args>(args)...));
-    }
+    System() : PluginOfPage(L"system") {}
+
     std::string Get(const wchar_t* member) const { return ResultText(GetMember(plugin_.Get(), member)); }
 
     static std::wstring Helper(const wchar_t* name) {
         return FullPath(ExecutablePath() + L"\\..\\helpers\\" + name);
     }
-
-    const ObjectCheck objectCheck_;
-    const ComPtr<IDispatch> plugin_ = Plugin(L"system");
 };
 
 // The same with harmless system calls.
@@ -76,9 +70,8 @@ class HarmlessSystem : public testing::Test {
         const auto core = MakeCom<PageCore>(L"C:\\page.html");
         EXPECT_EQ(plugin_->Initialize(core.Get(), nullptr), S_OK);
     }
-    template <class... Args>
-    std::string CallSystem(const wchar_t* member, Args&&... args) const {
-        return ResultText(CallMember(plugin_.Get(), member, std::forward<Args>(args)...));
+    std::string Call(const wchar_t* member, auto&&... arguments) const {
+        return CallText(plugin_.Get(), member, std::forward<decltype(arguments)>(arguments)...);
     }
 
     const ObjectCheck objectCheck_;
