@@ -75,7 +75,7 @@ TEST_F(Unzip, RejectsBrokenArchives) {
     }
 }
 
-// archive/member_path.h decides which names are rejected.
+// archive/entry_path.h decides which names are rejected.
 TEST_F(Unzip, FailsAtARejectedMemberUnlessProgressSkipsIt) {
     constexpr std::uint64_t kHuge = ~std::uint64_t{0} - 8;
     const ArchiveMember rejected[] = {
