@@ -1,6 +1,6 @@
 # The layers: the folders whose libraries a library may link, by its own folder or the nearest parent that has a row. A
-# library sees the headers of linked libraries only (tarvik_library.cmake). app/, tests/ and bench/ may depend on
-# everything, and nothing depends on them.
+# library sees the headers of linked libraries only (tarvik_library.cmake). The console programs obey the table, too. app/,
+# tests/ and bench/ may depend on everything, and nothing depends on them.
 set(LAYER_contract "")
 set(LAYER_core contract)
 set(LAYER_base core)
@@ -8,7 +8,8 @@ set(LAYER_archive base)
 set(LAYER_app_log base)
 set(LAYER_app_command_line base)
 set(LAYER_cli base)
-set(LAYER_log_viewer base)
+set(LAYER_log_viewer base cli)
+set(LAYER_pack base archive cli)
 set(LAYER_script core base app/log)
 set(LAYER_atl base app/log)
 set(LAYER_host_plugin_registry base app/log script contract)

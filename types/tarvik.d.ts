@@ -106,8 +106,8 @@ declare function _alert(message?: any): void;
 declare function abort(): never;
 
 /**
- * The global `console` is the plug-in `console`, in place of the engine's own. It has only the members of {@link
- * Tarvik.Console}.
+ * The global `console` has the members of the plug-in `console`. On the page control it keeps the browser's other methods
+ * (`info`, `warn`, `table` and so on); on the system's control it has no others.
  */
 interface Console extends Tarvik.Console {}
 
@@ -987,10 +987,7 @@ declare namespace Tarvik {
     set onRClick(value: () => void);
   }
 
-  /**
-   * The plug-in `console`: the author's log. The page's global `console` has its members, and on the page control the
-   * browser's other methods as well (`info`, `warn`, `table`, ...).
-   */
+  /** The plug-in `console`: the author's log. */
   interface Console {
     /**
      * Writes a line to the debugger's channel, which `tarvik-log` prints.

@@ -7,6 +7,7 @@
 #include "base/document_host.h"
 #include "base/html_element.h"
 #include "page_control/page/frame_browser.h"
+#include "page_control/view/window_numbers.h"
 #include "tarvik/status.h"
 #include "tarvik/variant.h"
 
@@ -14,7 +15,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr UINT_PTR kErrorTimer = 3;   // the page's view has 1 and 2
 constexpr UINT kReportInterval = 15;  // milliseconds
 constexpr size_t kMaxErrors = 8;
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "page_control/view/window_numbers.h"
+
 namespace tarvik {
 
 namespace {
@@ -55,7 +57,7 @@ HCURSOR CursorByName(const std::string& name) {
 
 PageCursor::~PageCursor() {
     *alive_ = false;
-    if (timerRuns_) KillTimer(window_, kTimer);
+    if (timerRuns_) KillTimer(window_, kCursorTimer);
 }
 
 void PageCursor::SetPosition(POINT point) {
@@ -67,14 +69,14 @@ void PageCursor::SetPosition(POINT point) {
 void PageCursor::OnTimer() {
     if (queryPending_) return;
     if (queryWanted_) return Query();
-    KillTimer(window_, kTimer);
+    KillTimer(window_, kCursorTimer);
     timerRuns_ = false;
 }
 
 void PageCursor::Query() {
     queryWanted_ = false;
     queryPending_ = true;
-    timerRuns_ = SetTimer(window_, kTimer, kQueryInterval, nullptr) != 0;
+    timerRuns_ = SetTimer(window_, kCursorTimer, kQueryInterval, nullptr) != 0;
     script_.Call("cursorAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
                  [this, alive = alive_](const Json& name) {
                      if (!*alive) return;

@@ -23,8 +23,7 @@ class PageCursor {
     // The page may have changed under the pointer.
     void Refresh() { SetPosition(point_); }
 
-    static constexpr UINT_PTR kTimer = 1;  // the id of a timer of the window
-    void OnTimer();
+    void OnTimer();  // kCursorTimer
 
     HCURSOR Current() const { return current_; }
 

@@ -9,6 +9,7 @@
 #include "page_control/view/placement.h"
 #include "page_control/view/screencast.h"
 #include "page_control/view/view_script.h"
+#include "page_control/view/window_numbers.h"
 
 namespace tarvik {
 
@@ -133,14 +134,14 @@ bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
 bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     TargetView& view = *targetView_;
     switch (message) {
-        case Screencast::kFrameMessage:
+        case kFrameMessage:
             view.screencast.OnFrame();
             view.cursor.Refresh();
             return true;
         case WM_TIMER:
-            if (wParam == PageCursor::kTimer) view.cursor.OnTimer();
-            if (wParam == Screencast::kTimer) view.screencast.OnTimer();
-            return wParam == PageCursor::kTimer || wParam == Screencast::kTimer;
+            if (wParam == kCursorTimer) view.cursor.OnTimer();
+            if (wParam == kFrameTimer) view.screencast.OnTimer();
+            return wParam == kCursorTimer || wParam == kFrameTimer;
         case WM_SIZE:
             view.screencast.ExpectResize();
             [[fallthrough]];

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "page_control/view/window_numbers.h"
+
 namespace tarvik {
 
 namespace {
@@ -80,9 +82,9 @@ void Screencast::Restart(Format format) {
 void Screencast::SetDelay(UINT milliseconds) {
     delay_ = milliseconds;
     if (delay_) {
-        SetTimer(window_, kTimer, delay_, nullptr);
+        SetTimer(window_, kFrameTimer, delay_, nullptr);
     } else {
-        KillTimer(window_, kTimer);
+        KillTimer(window_, kFrameTimer);
     }
 }
 

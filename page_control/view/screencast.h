@@ -30,10 +30,7 @@ class Screencast {
 
     // Handles kFrameMessage, which the decoder posts to the window.
     void OnFrame();
-    static constexpr UINT kFrameMessage = WM_APP + 1;
-
-    static constexpr UINT_PTR kTimer = 2;  // of the window
-    void OnTimer();
+    void OnTimer();  // kFrameTimer
 
   private:
     enum class Format { kPng, kJpeg };

@@ -1,9 +1,15 @@
 // A plug-in library in C++17 that uses the headers of the contract only. Script reads `answer`, which is 42.
 #include <cwchar>
 
+#include <tarvik/menu.h>
 #include <tarvik/plugin.h>
+#include <tarvik/stream.h>
 
+#ifdef _MSVC_LANG
+static_assert(_MSVC_LANG < 202002L, "the contract requires no more than C++17");
+#else
 static_assert(__cplusplus < 202002L, "the contract requires no more than C++17");
+#endif
 
 namespace {
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <windows.h>
+
+// The numbers that the page control uses in the window that shows the page.
+namespace tarvik {
+
+enum PageTimer : UINT_PTR { kCursorTimer = 1, kFrameTimer, kErrorTimer };
+
+// The decoder has a frame.
+inline constexpr UINT kFrameMessage = WM_APP + 1;
+
+}  // namespace tarvik
