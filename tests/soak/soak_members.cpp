@@ -10,6 +10,7 @@
 #include <deque>
 #include <exception>
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include "base/path.h"
@@ -117,7 +118,13 @@ std::span<const Member<MembersPlugin>> MembersPlugin::Members() {
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<MembersPlugin>(L"members", TVK::kRetainedPlugin);
 
-// The files that members use, and the current folder, both deep inside a temporary folder.
+fs::path ProgramFolder() {
+    return fs::path(ExecutablePath()).parent_path();
+}
+
+// The files that members use, and the current folder, both deep inside a temporary folder. A window without a
+// page resolves relative paths against the program's folder, so that what is created there is removed at the
+// end.
 class Workspace {
   public:
     Workspace() {
@@ -128,6 +135,10 @@ class Workspace {
     ~Workspace() {
         SetCurrentDirectoryW(fs::temp_directory_path().c_str());
         Clear();
+        std::error_code ignored;
+        for (const auto& entry : fs::directory_iterator(ProgramFolder())) {
+            if (!ofProgram_.contains(entry.path())) fs::remove_all(entry.path(), ignored);
+        }
     }
 
     std::wstring Page() const { return page_ + L"\\index.html"; }
@@ -137,7 +148,7 @@ class Workspace {
         for (const std::wstring& folder : {page_, other_}) {
             std::error_code ignored;
             fs::create_directories(folder, ignored);
-            fs::copy(fs::path(ExecutablePath()).parent_path() / "soak_members", folder,
+            fs::copy(ProgramFolder() / "soak_members", folder,
                      fs::copy_options::recursive | fs::copy_options::overwrite_existing, ignored);
             const std::wstring name = folder.substr(folder_.Path().size() + 1);
             for (const wchar_t* file : {L"\\tree\\a.txt", L"\\tree\\inner\\b.txt"})
@@ -158,6 +169,7 @@ class Workspace {
         RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
     }
 
+    const std::set<fs::path> ofProgram_{fs::directory_iterator(ProgramFolder()), {}};
     const TempFolder folder_;
     const std::wstring page_ = folder_ / L"1\\2\\3\\4\\5\\6\\page";
     const std::wstring other_ = folder_ / L"1\\2\\3\\4\\5\\6\\current";
