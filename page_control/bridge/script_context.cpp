@@ -1,6 +1,6 @@
 #include "page_control/bridge/script_context.h"
 
-#include "page_control/bridge/script_object.h"
+#include "page_control/bridge/remote_object.h"
 #include "page_control/bridge/script_source.h"
 #include "tarvik/status.h"
 
@@ -54,7 +54,7 @@ ComPtr<IDispatch> ScriptContext::ObjectFor(int number, bool callable) {
     const auto [place, isNew] = objects_.try_emplace(number, HeldObject{nullptr, 0});
     ++place->second.references;
     if (!isNew) return place->second.object;
-    auto created = MakeCom<ScriptObject>(shared_from_this(), number, callable);
+    auto created = MakeCom<RemoteObject>(shared_from_this(), number, callable);
     place->second.object = created.Get();
     return created;
 }

@@ -22,7 +22,7 @@
 
 namespace tarvik {
 
-class ScriptObject;
+class RemoteObject;
 
 // What a page requests besides calls of native objects. Main thread; every method may end the context.
 class ScriptContextDelegate {
@@ -163,7 +163,7 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
     NativeObjects natives_;
     struct HeldObject {
-        ScriptObject* object;  // not owned: its destructor removes the entry
+        RemoteObject* object;  // not owned: its destructor removes the entry
         int references;        // that the page has counted
     };
     std::map<int, HeldObject> objects_;

@@ -5,8 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "page_control/bridge/remote_object.h"
 #include "page_control/bridge/script_context.h"
-#include "page_control/bridge/script_object.h"
 #include "page_control/bridge/script_source.h"
 #include "tarvik/status.h"
 #include "tarvik/text.h"
@@ -120,7 +120,7 @@ std::string ScriptContext::Write(const VARIANT& value) {
 
 // A script object of this page is passed as itself.
 std::string ScriptContext::WriteObject(IUnknown* object) {
-    const auto script = Query<IScriptObject>(object);
+    const auto script = Query<IRemoteObject>(object);
     if (script && script->Context() == this) return R"(["f",)" + std::to_string(script->Number()) + "]";
     if (!alive_) throw StatusError(RPC_E_DISCONNECTED);  // the reference would never be released
     const int number = natives_.AddReference(object);

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "page_control/bridge/script_object.h"
+#include "page_control/bridge/remote_object.h"
 #include "page_control/page/connection_point.h"
 #include "page_control/page/html_members.h"
 #include "page_control/page/page.h"
@@ -28,7 +28,7 @@ template <class... Entries>
 class ScriptDispatch : public ComObject<Entries...> {
   public:
     STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
-        if (!out || iid != __uuidof(IScriptObject)) return ComObject<Entries...>::QueryInterface(iid, out);
+        if (!out || iid != __uuidof(IRemoteObject)) return ComObject<Entries...>::QueryInterface(iid, out);
         *out = nullptr;
         return Guard([&] {
             const auto script = Script();

@@ -15,7 +15,7 @@ namespace tarvik {
 
 // Lets a context recognise its own objects.
 MIDL_INTERFACE("7C1F0A52-9E0B-4C56-9A1E-3B7A8C5D6E21")
-IScriptObject : public IUnknown {
+IRemoteObject : public IUnknown {
   public:
     virtual ScriptContext* Context() const = 0;
     virtual int Number() const = 0;
@@ -23,18 +23,18 @@ IScriptObject : public IUnknown {
 
 }  // namespace tarvik
 
-TARVIK_IID(tarvik::IScriptObject, 0x7C1F0A52, 0x9E0B, 0x4C56, 0x9A, 0x1E, 0x3B, 0x7A, 0x8C, 0x5D, 0x6E, 0x21)
+TARVIK_IID(tarvik::IRemoteObject, 0x7C1F0A52, 0x9E0B, 0x4C56, 0x9A, 0x1E, 0x3B, 0x7A, 0x8C, 0x5D, 0x6E, 0x21)
 
 namespace tarvik {
 
 // A live object or function of a page's script. Calls run in the page. If script throws, a call returns
 // DISP_E_EXCEPTION with the exception's text; without an EXCEPINFO it returns 0x80020101, and the page's own
 // error handlers run. After the end of the document everything returns RPC_E_DISCONNECTED.
-class ScriptObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IScriptObject> {
+class RemoteObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IRemoteObject> {
   public:
-    ScriptObject(std::shared_ptr<ScriptContext> context, int number, bool callable)
+    RemoteObject(std::shared_ptr<ScriptContext> context, int number, bool callable)
         : context_(std::move(context)), number_(number), callable_(callable) {}
-    ~ScriptObject() override { context_->Release(number_); }
+    ~RemoteObject() override { context_->Release(number_); }
 
     ScriptContext* Context() const override { return context_.get(); }
     int Number() const override { return number_; }

@@ -1,4 +1,4 @@
-#include "page_control/bridge/script_object.h"
+#include "page_control/bridge/remote_object.h"
 
 #include <algorithm>
 
@@ -31,13 +31,13 @@ HRESULT Fail(const ScriptContext::Outcome& outcome, EXCEPINFO* exception) {
 
 }  // namespace
 
-STDMETHODIMP ScriptObject::GetTypeInfoCount(UINT* count) {
+STDMETHODIMP RemoteObject::GetTypeInfoCount(UINT* count) {
     if (!count) return E_POINTER;
     *count = 0;
     return S_OK;
 }
 
-STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* given, UINT count, LCID, DISPID* ids) {
+STDMETHODIMP RemoteObject::GetIDsOfNames(REFIID, LPOLESTR* given, UINT count, LCID, DISPID* ids) {
     if (!given || !ids || count == 0) return E_INVALIDARG;
     std::fill_n(ids, count, DISPID_UNKNOWN);
     const HRESULT status = FindName(given[0], &ids[0]);
@@ -45,7 +45,7 @@ STDMETHODIMP ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* given, UINT count, LC
     return SUCCEEDED(status) && count > 1 ? DISP_E_UNKNOWNNAME : status;
 }
 
-HRESULT ScriptObject::FindName(const wchar_t* name, DISPID* id) {
+HRESULT RemoteObject::FindName(const wchar_t* name, DISPID* id) {
     return Guard([&] {
         if (!context_->HasMember(number_, name)) return DISP_E_UNKNOWNNAME;
         *id = context_->Names().IdOf(name);
@@ -53,19 +53,19 @@ HRESULT ScriptObject::FindName(const wchar_t* name, DISPID* id) {
     });
 }
 
-STDMETHODIMP ScriptObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
+STDMETHODIMP RemoteObject::GetDispID(BSTR name, DWORD flags, DISPID* out) {
     if (!out || !name) return E_INVALIDARG;
     if (!(flags & fdexNameEnsure)) return FindName(name, out);
     // The property is created with its first value.
     return Guard([&] { *out = context_->Names().IdOf(Bstr::View(name)); });
 }
 
-STDMETHODIMP ScriptObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters,
+STDMETHODIMP RemoteObject::Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT*) {
     return InvokeEx(id, locale, flags, parameters, result, exception, nullptr);
 }
 
-STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+STDMETHODIMP RemoteObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                     EXCEPINFO* exception, IServiceProvider*) {
     const ComPtr<IUnknown> keepAlive(AsUnknown());
     static const DISPPARAMS kNone = {};
@@ -87,7 +87,7 @@ STDMETHODIMP ScriptObject::InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* par
     });
 }
 
-ScriptContext::Task ScriptObject::TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters) {
+ScriptContext::Task RemoteObject::TaskFor(DISPID id, WORD flags, const DISPPARAMS& parameters) {
     ScriptContext::Task task = {.name = "get", .object = number_};
     if (id != DISPID_VALUE) task.member = ScriptText(*context_->Names().NameOf(id));
     if (flags & DISPATCH_CONSTRUCT) {
@@ -109,23 +109,23 @@ ScriptContext::Task ScriptObject::TaskFor(DISPID id, WORD flags, const DISPPARAM
 }
 
 // In script order. Named arguments come first in the list and are not passed to script.
-std::string ScriptObject::Arguments(const DISPPARAMS& parameters) {
+std::string RemoteObject::Arguments(const DISPPARAMS& parameters) {
     std::string text;
     for (UINT i = parameters.cArgs; i > parameters.cNamedArgs; --i)
         text += (text.empty() ? "" : ",") + context_->Write(parameters.rgvarg[i - 1]);
     return text;
 }
 
-STDMETHODIMP ScriptObject::DeleteMemberByName(BSTR name, DWORD) {
+STDMETHODIMP RemoteObject::DeleteMemberByName(BSTR name, DWORD) {
     return name ? Delete(std::wstring(Bstr::View(name))) : E_INVALIDARG;
 }
 
-STDMETHODIMP ScriptObject::DeleteMemberByDispID(DISPID id) {
+STDMETHODIMP RemoteObject::DeleteMemberByDispID(DISPID id) {
     const std::wstring* const name = context_->Names().NameOf(id);
     return name ? Delete(*name) : DISP_E_MEMBERNOTFOUND;
 }
 
-HRESULT ScriptObject::Delete(const std::wstring& name) {
+HRESULT RemoteObject::Delete(const std::wstring& name) {
     return Guard([&] {
         const auto outcome = context_->Run(
             {.name = "delete", .object = number_, .member = ScriptText(name), .reportErrors = false});
@@ -133,7 +133,7 @@ HRESULT ScriptObject::Delete(const std::wstring& name) {
     });
 }
 
-STDMETHODIMP ScriptObject::GetMemberProperties(DISPID id, DWORD wanted, DWORD* properties) {
+STDMETHODIMP RemoteObject::GetMemberProperties(DISPID id, DWORD wanted, DWORD* properties) {
     if (!properties) return E_INVALIDARG;
     *properties = 0;
     if (id != DISPID_VALUE) return E_NOTIMPL;
@@ -141,7 +141,7 @@ STDMETHODIMP ScriptObject::GetMemberProperties(DISPID id, DWORD wanted, DWORD* p
     return S_OK;
 }
 
-STDMETHODIMP ScriptObject::GetMemberName(DISPID id, BSTR* out) {
+STDMETHODIMP RemoteObject::GetMemberName(DISPID id, BSTR* out) {
     if (!out) return E_INVALIDARG;
     *out = nullptr;
     const std::wstring* const name = context_->Names().NameOf(id);
@@ -149,7 +149,7 @@ STDMETHODIMP ScriptObject::GetMemberName(DISPID id, BSTR* out) {
     return Guard([&] { *out = Bstr(*name).Detach(); });
 }
 
-STDMETHODIMP ScriptObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
+STDMETHODIMP RemoteObject::GetNextDispID(DWORD, DISPID id, DISPID* out) {
     if (!out) return E_INVALIDARG;
     return Guard([&] {
         if (id == DISPID_STARTENUM) {
