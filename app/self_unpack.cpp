@@ -56,14 +56,13 @@ void UnpackInto(const std::wstring& folder) {
     const auto success = MakeCom<CExtractCallback>(finished.Get());
     const auto fail = MakeCom<CExtractCallback>(finished.Get());
 
-    const auto options = MakeCom<CObject>();
-    SetScriptProperty(options.Get(), L"src", Variant::Text(ExecutablePath()));
-    SetScriptProperty(options.Get(), L"dest", Variant::Text(folder));
-    SetScriptProperty(options.Get(), L"success", Variant::Object(success.Get()));
-    SetScriptProperty(options.Get(), L"fail", Variant::Object(fail.Get()));
-    const Variant argument = Variant::Object(options.Get());
+    const ScriptObject options(MakeCom<CObject>().Get());
+    options.Set(L"src", ExecutablePath());
+    options.Set(L"dest", folder);
+    options.Set(L"success", success.Get());
+    options.Set(L"fail", fail.Get());
     // If the call itself fails, no callback would end the wait.
-    ThrowIfFailed(CallScriptMember(zip.Get(), L"unzip", {&argument}, nullptr));
+    ScriptObject(zip.Get()).Call(L"unzip", options);
     WaitForSingleObject(finished.Get(), INFINITE);
     if (!success->WasCalled()) throw StatusError(E_FAIL);
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/folder_reader.h"
+#include "base/owners.h"
 #include "base/shell_delete.h"
 #include "tarvik/status.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "archive/archive_finder.h"
-#include "tarvik/owners.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

@@ -4,8 +4,8 @@
 #include <oleauto.h>
 
 #include "atl/ax_window.h"
+#include "base/owners.h"
 #include "tarvik/bstr.h"
-#include "tarvik/owners.h"
 #include "tarvik/variant.h"
 
 namespace tarvik {

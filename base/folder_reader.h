@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "tarvik/owners.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

@@ -1,6 +1,6 @@
 #include "base/text.h"
 
-#include "tarvik/owners.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

@@ -53,7 +53,7 @@ bool CopyByMember(const std::wstring& src, const std::wstring& dest) {
     const auto fail = MakeCom<Recorder>();
     OptionObject options;
     options.Set(L"progress", progress).Set(L"success", success).Set(L"fail", fail);
-    StartTask(options, [&](const Options& given) {
+    StartTask(static_cast<IDispatch*>(options), [&](const ScriptObject& given) {
         return std::make_unique<FileTask>(FileOperation::kCopy, src, dest, given);
     });
     PumpUntil([&] { return success->calls.size() + fail->calls.size() > 0; }, std::chrono::minutes(5));

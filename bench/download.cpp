@@ -61,7 +61,7 @@ class Downloader {
     bool Run(const OptionObject& options) const {
         const auto success = MakeCom<Recorder>(), fail = MakeCom<Recorder>();
         options.Set(L"success", success).Set(L"fail", fail);
-        StartTask(options, [&](const Options& given) {
+        StartTask(static_cast<IDispatch*>(options), [&](const ScriptObject& given) {
             return std::make_unique<DownloadTask>(server_.Url(), path_, given);
         });
         PumpUntil([&] { return success->calls.size() + fail->calls.size() > 0; }, std::chrono::minutes(5));

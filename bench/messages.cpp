@@ -12,6 +12,7 @@
 #include <limits>
 #include <string>
 
+#include "base/owners.h"
 #include "base/path.h"
 #include "base/text.h"
 #include "host/web_browser.h"

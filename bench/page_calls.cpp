@@ -40,10 +40,10 @@ class BenchPlugin : public TablePlugin<BenchPlugin> {
 };
 
 constexpr Member<BenchPlugin> kMembers[] = {
-    RawMethod<&BenchPlugin::Report, 2, 4>(-10000, L"report"),
-    Method<&BenchPlugin::Echo>(-9999, L"echo"),
-    Method<&BenchPlugin::CallBack>(-9998, L"call"),
-    Method<&BenchPlugin::Done>(-9997, L"done"),
+    RawMethod<&BenchPlugin::Report, 2, 4>(L"report", -10000),
+    Method<&BenchPlugin::Echo>(L"echo", -9999),
+    Method<&BenchPlugin::CallBack>(L"call", -9998),
+    Method<&BenchPlugin::Done>(L"done", -9997),
 };
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<BenchPlugin>(L"bench", TVK::kRetainedPlugin);

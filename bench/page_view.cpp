@@ -47,8 +47,8 @@ class BenchPlugin : public TablePlugin<BenchPlugin> {
 };
 
 constexpr Member<BenchPlugin> kMembers[] = {
-    Method<&BenchPlugin::Clicked>(-10000, L"clicked"),
-    Method<&BenchPlugin::Nothing>(-9999, L"nothing"),
+    Method<&BenchPlugin::Clicked>(L"clicked", -10000),
+    Method<&BenchPlugin::Nothing>(L"nothing", -9999),
 };
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<BenchPlugin>(L"bench", TVK::kRetainedPlugin);

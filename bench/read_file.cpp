@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "base/owners.h"
 #include "host/web_browser.h"
 #include "script/dispatch.h"
 #include "tarvik/owners.h"

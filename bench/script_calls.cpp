@@ -27,19 +27,19 @@ class TableObject : public TableDispatch<TableObject> {
     static constexpr char kClassName[] = "TableObject";
     static std::span<const Member<TableObject>> Members();
 
-    Integer Add(AnyInt32 left, AnyInt32 right) { return {left.value + right.value}; }
+    int Add(AnyInt32 left, AnyInt32 right) { return left.value + right.value; }
     Bstr Echo(BSTR text) { return Bstr(Bstr::View(text)); }
-    Integer GetSize() { return {7}; }
+    int GetSize() { return 7; }
 };
 
 // The look-up of names is linear, so the position of a member matters.
 constexpr std::array<Member<TableObject>, kRows> MakeRows() {
     std::array<Member<TableObject>, kRows> rows{};
     for (size_t i = 0; i < kRows; ++i)
-        rows[i] = Method<&TableObject::Add>(static_cast<DISPID>(i) - 10000, L"anotherMember");
+        rows[i] = Method<&TableObject::Add>(L"anotherMember", static_cast<DISPID>(i) - 10000);
     rows[0].name = L"addFirst";
-    rows[20] = Method<&TableObject::Echo>(rows[20].id, L"echo");
-    rows[21] = ReadOnly<&TableObject::GetSize>(rows[21].id, L"size");
+    rows[20] = Method<&TableObject::Echo>(L"echo", rows[20].id);
+    rows[21] = ReadOnly<&TableObject::GetSize>(L"size", rows[21].id);
     rows[22].name = L"add";
     rows[kRows - 1].name = L"addLast";
     return rows;

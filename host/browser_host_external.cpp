@@ -4,11 +4,11 @@
 
 #include "app/log/log.h"
 #include "host/browser_host.h"
-#include "tarvik/arguments.h"
+#include "script/arguments.h"
 #include "tarvik/bstr.h"
 #include "tarvik/call.h"
-#include "tarvik/options.h"
 #include "tarvik/properties.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
@@ -83,13 +83,13 @@ HRESULT CWebBrowserHost::LoadPlugin(const VARIANT& path, VARIANT* result) {
 HRESULT CWebBrowserHost::CreateBrowserWindow(IDispatch* object, VARIANT* result) {
     const ComPtr<TVK::ICore> core(plugins_.Core());
     if (!core) return SetResult(result, ComPtr<IDispatch>());
-    const Options options(object);
-    const auto url = options.Text(L"url");
-    const Variant callback = options.Value(L"callback");
-    const Variant context = options.Value(L"context");
+    const ScriptObject options(object);
+    const auto url = options.Get<std::wstring>(L"url");
+    const Variant callback = options.Get(L"callback");
+    const Variant context = options.Get(L"context");
     ComPtr<IDispatch> window;
-    core->CreateBrowserWindow(url ? url->c_str() : nullptr, options.Flag(L"inherit"), &callback, &context,
-                              window.GetAddressOf());
+    core->CreateBrowserWindow(url ? url->c_str() : nullptr, options.Get<bool>(L"inherit", false), &callback,
+                              &context, window.GetAddressOf());
     return SetResult(result, std::move(window));
 }
 

@@ -68,14 +68,14 @@ HRESULT ReadDroppedFiles(IDataObject* data, IDispatch* array) {
     STGMEDIUM medium = {};
     if (const HRESULT status = data->GetData(&format, &medium); FAILED(status)) return status;
     const LockedMedium locked(medium);
+    const ScriptObject files(array);
     if (!locked.Files()) return E_FAIL;
     const UINT count = DragQueryFileW(locked.Files(), static_cast<UINT>(-1), nullptr, 0);
     for (UINT i = 0; i < count; ++i) {
         const std::wstring path =
             ReadPath([&](wchar_t* buffer) { DragQueryFileW(locked.Files(), i, buffer, kPathLength); });
         if (path.empty()) continue;
-        const Variant value = Variant::Text(path);
-        CallScriptMember(array, L"push", {&value}, nullptr);
+        files.Push(path);
     }
     return S_OK;
 }
@@ -84,7 +84,8 @@ void CallDropBinding(IDispatch* binding, IDispatch* array) {
     const Variant callback = ReadScriptProperty(binding, L"callback");
     ComPtr<IDispatch> function;
     if (callback.Is(VT_DISPATCH)) function = callback.pdispVal;
-    if (callback.Is(VT_UNKNOWN)) function = MarshaledObject(Query<IStream>(callback.punkVal)).Get();
+    if (callback.Is(VT_UNKNOWN))
+        function = MarshaledObject(Query<IStream>(callback.punkVal)).Get().AsDispatch();
     const Variant files = Variant::Object(array);
     const Variant context = ReadScriptProperty(binding, L"context");
     if (function) CallWithContext(function.Get(), files, context, nullptr);

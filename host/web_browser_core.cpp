@@ -4,6 +4,7 @@
 #include <mshtml.h>
 
 #include "atl/ax_window.h"
+#include "base/status.h"
 #include "host/page_address.h"
 #include "host/web_browser.h"
 #include "script/object.h"

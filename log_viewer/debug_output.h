@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "base/owners.h"
 #include "tarvik/owners.h"
 
 namespace tarvik {

@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include "script/arguments.h"
 #include "tarvik/com_object.h"
 #include "tarvik/com_ptr.h"
 #include "tarvik/dispatch.h"

@@ -23,7 +23,7 @@ DWORD WINAPI WorkerApartment::ThreadMain(void* self) {
     auto& apartment = *static_cast<WorkerApartment*>(self);
     const HRESULT initialized = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     // Querying for an interface that the proxy does not have connects to the object manager.
-    Query<IPersist>(apartment.mainThreadObject_.Get());
+    apartment.mainThreadObject_.Get().As<IPersist>();
     WaitForSingleObject(apartment.stopEvent_.Get(), INFINITE);
     apartment.mainThreadObject_ = MarshaledObject();
     if (SUCCEEDED(initialized)) CoUninitialize();

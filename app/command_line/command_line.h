@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "app/command_line/option_set.h"
-#include "tarvik/owners.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

@@ -4,7 +4,7 @@
 #include <oaidl.h>
 
 #include "tarvik/marshaled_object.h"
-#include "tarvik/options.h"
+#include "tarvik/script_object.h"
 #include "tarvik/status.h"
 #include "tarvik/worker.h"
 
@@ -12,7 +12,7 @@ namespace tarvik {
 
 // One operation of an asynchronous member, on a worker thread. It reports to functions of the option object:
 // `progress` any number of times, then `success` or `fail` once. Each call of a function runs on the main
-// thread while the worker waits. A call fails if its page has been destroyed; AsyncTask ignores that.
+// thread while the worker waits.
 //
 // Derive from this class, copy further arguments into members (script objects as MarshaledObject), and
 // implement Work. StartTask or StartWorker starts the operation.
@@ -21,24 +21,25 @@ class AsyncTask : public Worker {
     HRESULT Run() final;
 
   protected:
-    // Reads `progress`, `success`, `fail` and `context`, each of which may be absent. On the main thread.
-    // Throws StatusError if an object cannot be marshaled.
-    explicit AsyncTask(const Options& options);
+    // Reads the functions `progress`, `success` and `fail`, and `context`, a value for them. Each may be
+    // absent. On the main thread. Throws StatusError if an object cannot be marshaled.
+    explicit AsyncTask(const ScriptObject& options);
 
     // The work, on the worker thread. A returned S_OK leads to Succeed; any other status, and an exception,
     // leads to Fail.
     virtual HRESULT Work() = 0;
 
-    // The final call: success(context) or fail(status, context). A task that was cancelled returns E_ABORT
-    // from Work and calls neither. Override them where scripts expect other arguments.
+    // The final call, on the worker thread: success(context) or fail(status, context), `status` as a signed
+    // number. A task that was cancelled returns E_ABORT from Work: then neither is called. Override these
+    // where scripts expect other arguments. A call that fails, or an exception, is ignored.
     virtual void Succeed();
     virtual void Fail(HRESULT status);
 
-    // The functions, null if script passed none, and the context value, VT_EMPTY if script passed none. On
-    // the worker thread; the task owns them.
-    IDispatch* Progress() { return progress_.Get(); }
-    IDispatch* Success() { return success_.Get(); }
-    IDispatch* Failure() { return fail_.Get(); }
+    // The functions, empty if script passed none, and the context value, VT_EMPTY if script passed none. On
+    // the worker thread; the task owns them. To call one of them: Progress()(done, total, Context()).
+    const ScriptObject& Progress() { return progress_.Get(); }
+    const ScriptObject& Success() { return success_.Get(); }
+    const ScriptObject& Failure() { return fail_.Get(); }
     virtual const VARIANT& Context() { return context_.Get(); }
 
   private:
@@ -48,20 +49,21 @@ class AsyncTask : public Worker {
     MarshaledValue context_;
 };
 
-// Calls fail(status, context) of the option object. On the main thread.
-void CallFail(const Options& options, HRESULT status);
+namespace detail {
+
+// Whether the task has started. If not, calls fail(status, context) of the options.
+bool ReportStart(const ScriptObject& options, HRESULT status);
+
+}  // namespace detail
 
 // Starts a task for a member that returns whether its operation has started. `make` creates the task from the
-// options, std::unique_ptr<Worker>(const Options&), and may throw. If it throws, or no thread can be started,
-// `fail` is called at once and the result is false. On the main thread. Throws E_INVALIDARG for a null
-// `object`.
+// options, std::unique_ptr<Worker>(const ScriptObject&), and may throw. If it throws, or if no thread can be
+// started, fail(status, context) of the options is called at once and the result is false. On the main
+// thread. Throws E_INVALIDARG if `options` is empty.
 template <class MakeTask>
-bool StartTask(IDispatch* object, MakeTask make) {
-    if (!object) throw StatusError(E_INVALIDARG);
-    const Options options(object);
-    const HRESULT status = Guard([&] { return StartWorker(make(options)); });
-    if (status != S_OK) CallFail(options, status);
-    return status == S_OK;
+bool StartTask(const ScriptObject& options, const MakeTask& make) {
+    if (!options) throw StatusError(E_INVALIDARG);
+    return detail::ReportStart(options, Guard([&] { return StartWorker(make(options)); }));
 }
 
 }  // namespace tarvik

@@ -11,7 +11,7 @@
 
 namespace tarvik {
 
-// Owner of a BSTR. A null BSTR reads as an empty string.
+// Owner of a BSTR, a string of the system's allocator with its length. A null BSTR reads as an empty string.
 class Bstr {
   public:
     Bstr() noexcept = default;  // null
@@ -29,7 +29,7 @@ class Bstr {
 
     BSTR Get() const noexcept { return value_; }
     bool IsNull() const noexcept { return value_ == nullptr; }
-    // Valid until the string is freed. The static form works on any BSTR, which may be null.
+    // Valid until the string is freed. The static form takes any BSTR, also null.
     std::wstring_view View() const noexcept { return View(value_); }
     static std::wstring_view View(BSTR text) noexcept {
         return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();

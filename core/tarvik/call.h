@@ -7,7 +7,9 @@
 
 namespace tarvik {
 
-// The arguments and the result slot of one IDispatch::Invoke. Everything is borrowed for the call.
+// The arguments and the result slot of one IDispatch::Invoke, for handlers that take no converted arguments
+// (tarvik/member_table.h). Everything is borrowed for the call. FromVariant and SetResult convert
+// (tarvik/arguments.h).
 class Call {
   public:
     // Either argument may be null.

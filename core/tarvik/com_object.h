@@ -8,16 +8,16 @@
 
 namespace tarvik {
 
-// The number of ComObject instances in this module; tests compare it to find leaks.
-inline std::atomic<long> liveComObjects{0};
-
-// An entry in the list of ComObject: derive from Class and return it for these interfaces. Needed for an
-// interface that derives from another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for a Class that
-// implements interfaces.
+// An entry in the list of ComObject: the object derives from Class, and returns it for these interfaces.
+// Needed for an interface that derives from another one, As<IDispatchEx, IDispatchEx, IDispatch>, and for a
+// Class that implements interfaces.
 template <class Class, class... Interfaces>
 struct As;
 
 namespace detail {
+
+// The number of ComObject instances in this module; tests compare it to find leaks.
+inline std::atomic<long> liveComObjects{0};
 
 template <class Entry>
 struct InterfaceEntry {
@@ -45,8 +45,8 @@ struct FirstOf {
 }  // namespace detail
 
 // The base of a COM object: implements IUnknown for a list of interfaces, the first of which is the identity
-// of the object. An entry is an interface, or As<...>. MakeCom creates objects. The reference count is
-// atomic, because worker threads retain some objects; the last Release destroys the object on its thread.
+// of the object. An entry is an interface, or As<...>. Create objects with MakeCom (tarvik/com_ptr.h). The
+// reference count is atomic; the last Release destroys the object, on the thread that calls it.
 template <class... Entries>
 class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
   public:
@@ -73,11 +73,11 @@ class ComObject : public detail::InterfaceEntry<Entries>::Interface... {
     IUnknown* AsUnknown() { return static_cast<Identity*>(this); }
 
   protected:
-    ComObject() { ++liveComObjects; }
-    virtual ~ComObject() { --liveComObjects; }
+    ComObject() { ++detail::liveComObjects; }
+    virtual ~ComObject() { --detail::liveComObjects; }
 
     // A pointer to the interface, without a further reference; null if the object does not have it. Override
-    // it for interfaces that the list cannot express.
+    // this for interfaces that the list cannot express.
     virtual void* FindInterface(REFIID iid) {
         if (iid == __uuidof(IUnknown)) return AsUnknown();
         void* found = nullptr;

@@ -7,9 +7,12 @@
 
 namespace tarvik {
 
+// Owner of a reference to a COM interface. Constructed or assigned from a plain pointer, it takes a further
+// reference.
 using Microsoft::WRL::ComPtr;
 
-// Creates a ComObject and owns its first reference. Throws std::bad_alloc, and what the constructor throws.
+// Creates a ComObject (tarvik/com_object.h) and owns its first reference. Throws std::bad_alloc, and what the
+// constructor throws.
 template <class T, class... Args>
 ComPtr<T> MakeCom(Args&&... args) {
     ComPtr<T> made;

@@ -19,7 +19,8 @@ inline const wchar_t* FirstName(LPOLESTR* names, UINT count) {
     return names && count > 0 ? names[0] : nullptr;
 }
 
-// Implements IDispatch by a member table (tarvik/member_table.h).
+// Implements IDispatch by a member table (tarvik/member_table.h). Plug-ins of libraries derive from Plugin
+// instead (tarvik/library.h).
 //     Self   the derived class; its `static std::span<const Member<Self>> Members()` returns the table.
 //     Base   a ComObject with IDispatch among its interfaces.
 //     Rules  a policy class, whose static functions state what a family of objects has in common:

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -16,24 +17,26 @@
 
 // A member table lists the members of a script object, one row per member:
 //
-//     constexpr Member<Player> kMembers[] = {
+//     constexpr auto kMembers = NumberedMembers({
 //         // bool Play(const std::wstring& path, std::optional<int> from)
-//         Method<&Player::Play>(1, L"play"),
+//         Method<&Player::Play>(L"play"),
 //         // double Volume(); void SetVolume(double)
-//         Property<&Player::Volume, &Player::SetVolume>(2, L"volume"),
-//     };
-//     static_assert(IsInOrder(kMembers));
-//
-// NumberedMembers assigns the ids of a table whose ids need not be stable.
+//         Property<&Player::Volume, &Player::SetVolume>(L"volume"),
+//     });
 //
 // The row states how script may access the member. The handler is a member function; its signature states the
 // number and types of the arguments and the type of the result (tarvik/arguments.h). A handler runs only if
 // the arguments match; it receives them converted and borrowed for the call. Trailing parameters of type
-// std::optional may be omitted by script.
+// std::optional may be omitted by script. For other rules a handler can be HRESULT F(const Call&), which
+// receives the arguments as they are.
 //
 // Statuses: E_NOTIMPL for an access that the row does not allow, and for a wrong number of arguments;
 // E_INVALIDARG for an argument of the wrong type, and for a read without a result slot. A handler fails by
 // throwing StatusError; E_INVALIDARG is the usual status for a value that it rejects.
+//
+// Script calls members by their id (DISPID). NumberedMembers assigns the ids; a table whose ids are published
+// has them in its rows instead, Method<&Player::Play>(L"play", -10000), and the check
+// static_assert(IsInOrder(kMembers)).
 namespace tarvik {
 
 template <class Self>
@@ -71,7 +74,6 @@ struct Signature<R (S::*)(Args...) const> : Signature<R (S::*)(Args...)> {};
 template <auto Handler>
 using SelfOf = typename Signature<decltype(Handler)>::Self;
 
-// A handler that takes the Call itself.
 template <class S>
 struct Signature<HRESULT (S::*)(const Call&)> {
     using Self = S;
@@ -118,14 +120,13 @@ HRESULT Enter(SelfOf<Handler>& self, const Call& call) {
 
 // A method. Further handlers, which must take more arguments, are overloads.
 template <auto Handler, auto... Longer>
-constexpr auto Method(DISPID id, const wchar_t* name) {
+constexpr auto Method(const wchar_t* name, DISPID id = 0) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::Enter<Handler, Longer...>, nullptr, nullptr};
 }
 
-// A method with rules that no signature can express. Its handler is HRESULT F(const Call&), and only the
-// number of arguments is checked: at least kLeast, at most kMost.
+// A method whose handler is HRESULT F(const Call&), with at least kLeast and at most kMost arguments.
 template <auto Handler, size_t kLeast, size_t kMost>
-constexpr auto RawMethod(DISPID id, const wchar_t* name) {
+constexpr auto RawMethod(const wchar_t* name, DISPID id = 0) {
     using Self = detail::SelfOf<Handler>;
     constexpr auto kEnter = [](Self& self, const Call& call) {
         return call.Count() < kLeast || call.Count() > kMost ? E_NOTIMPL : (self.*Handler)(call);
@@ -135,7 +136,7 @@ constexpr auto RawMethod(DISPID id, const wchar_t* name) {
 
 // A method that is useless without its result: E_INVALIDARG if the call has no result slot.
 template <auto Handler, auto... Longer>
-constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
+constexpr auto ResultMethod(const wchar_t* name, DISPID id = 0) {
     using Self = detail::SelfOf<Handler>;
     constexpr auto kEnter = [](Self& self, const Call& call) {
         return call.Result() ? detail::Enter<Handler, Longer...>(self, call) : E_INVALIDARG;
@@ -145,57 +146,41 @@ constexpr auto ResultMethod(DISPID id, const wchar_t* name) {
 
 // A method that script may also read as a property.
 template <auto Handler, auto Get>
-constexpr auto ReadableMethod(DISPID id, const wchar_t* name) {
+constexpr auto ReadableMethod(const wchar_t* name, DISPID id = 0) {
     return Member<detail::SelfOf<Handler>>{id, name, detail::Enter<Handler>, detail::Enter<Get>, nullptr};
 }
 
+// A property that script can read.
 template <auto Get>
-constexpr auto ReadOnly(DISPID id, const wchar_t* name) {
+constexpr auto ReadOnly(const wchar_t* name, DISPID id = 0) {
     return Member<detail::SelfOf<Get>>{id, name, nullptr, detail::Enter<Get>, nullptr};
 }
 
+// A property that script can write.
 template <auto Put>
-constexpr auto WriteOnly(DISPID id, const wchar_t* name) {
+constexpr auto WriteOnly(const wchar_t* name, DISPID id = 0) {
     return Member<detail::SelfOf<Put>>{id, name, nullptr, nullptr, detail::Enter<Put>};
 }
 
+// A property that script can read and write.
 template <auto Get, auto Put>
-constexpr auto Property(DISPID id, const wchar_t* name) {
+constexpr auto Property(const wchar_t* name, DISPID id = 0) {
     return Member<detail::SelfOf<Get>>{id, name, nullptr, detail::Enter<Get>, detail::Enter<Put>};
 }
 
 // A read-only property with a fixed value.
-template <class Self, LONG kValue>
-constexpr auto Constant(DISPID id, const wchar_t* name) {
+template <class Self, int kValue>
+constexpr auto Constant(const wchar_t* name, DISPID id = 0) {
     constexpr auto kEnter = [](Self&, const Call& call) {
-        return call.Count() == 0 ? SetResult(call.Result(), Integer{kValue}) : E_NOTIMPL;
+        return call.Count() == 0 ? SetResult(call.Result(), kValue) : E_NOTIMPL;
     };
     return Member<Self>{id, name, nullptr, kEnter, nullptr};
 }
 
-// Rows without an id, for NumberedMembers.
-template <auto Handler, auto... Longer>
-constexpr auto Method(const wchar_t* name) {
-    return Method<Handler, Longer...>(0, name);
-}
-template <auto Get>
-constexpr auto ReadOnly(const wchar_t* name) {
-    return ReadOnly<Get>(0, name);
-}
-template <auto Put>
-constexpr auto WriteOnly(const wchar_t* name) {
-    return WriteOnly<Put>(0, name);
-}
-template <auto Get, auto Put>
-constexpr auto Property(const wchar_t* name) {
-    return Property<Get, Put>(0, name);
-}
-
-// Whether the ids rise and the names differ: the requirements of every table. The ids of built-in plug-ins
-// are written out because they are published.
-template <class Self, size_t N>
-constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
-    for (size_t i = 0; i < N; ++i) {
+// Whether the ids of a table rise and its names differ, as every table requires.
+template <class Rows>
+constexpr bool IsInOrder(const Rows& rows) {
+    for (size_t i = 0; i < std::size(rows); ++i) {
         if (i > 0 && rows[i - 1].id >= rows[i].id) return false;
         for (size_t k = 0; k < i; ++k) {
             if (rows[i].name == rows[k].name) return false;
@@ -204,16 +189,13 @@ constexpr bool IsInOrder(const Member<Self> (&rows)[N]) {
     return true;
 }
 
-// Numbers the rows from 1. Does not compile if two rows have the same name.
+// A table whose rows have no ids: numbers them from 1. Does not compile if two rows have the same name.
 template <class Self, size_t N>
 consteval std::array<Member<Self>, N> NumberedMembers(const Member<Self> (&rows)[N]) {
     std::array<Member<Self>, N> numbered = std::to_array(rows);
-    for (size_t i = 0; i < N; ++i) {
+    for (size_t i = 0; i < N; ++i)
         numbered[i].id = static_cast<DISPID>(i + 1);
-        for (size_t k = 0; k < i; ++k) {
-            if (rows[i].name == rows[k].name) throw "two members have the same name";
-        }
-    }
+    if (!IsInOrder(numbered)) throw "two members have the same name";
     return numbered;
 }
 

@@ -1,15 +1,18 @@
 #pragma once
 
 #include <windows.h>
-#include <combaseapi.h>
-#include <shtypes.h>
 
 #include <utility>
 
 namespace tarvik {
 
-// Sole owner of a system resource. Traits states its type, its empty value, which values are valid, and the
-// function that closes it.
+// Sole owner of a system resource; see the aliases below. Traits states the type of the resource, its empty
+// value, which values are valid, and the function that closes it:
+//
+//     struct KeyTraits : tarvik::PointerTraits<HKEY> {
+//         static void Close(HKEY key) noexcept { RegCloseKey(key); }
+//     };
+//     using UniqueKey = tarvik::Owner<KeyTraits>;
 template <class Traits>
 class Owner {
   public:
@@ -43,8 +46,7 @@ class Owner {
     Type value_ = Traits::Empty();
 };
 
-namespace detail {
-
+// The base of traits for a resource whose empty value is null.
 template <class T>
 struct PointerTraits {
     using Type = T;
@@ -52,34 +54,18 @@ struct PointerTraits {
     static bool IsValid(Type value) noexcept { return value != nullptr; }
 };
 
+namespace detail {
+
 struct HandleTraits : PointerTraits<HANDLE> {
     // CreateFile returns INVALID_HANDLE_VALUE on failure, other functions return null.
     static bool IsValid(HANDLE value) noexcept { return value && value != INVALID_HANDLE_VALUE; }
     static void Close(HANDLE value) noexcept { CloseHandle(value); }
 };
-struct FindTraits : HandleTraits {
-    static void Close(HANDLE value) noexcept { FindClose(value); }
-};
-struct ViewTraits : PointerTraits<void*> {
-    static void Close(void* value) noexcept { UnmapViewOfFile(value); }
-};
-struct PagesTraits : PointerTraits<void*> {
-    static void Close(void* value) noexcept { VirtualFree(value, 0, MEM_RELEASE); }
-};
 struct ModuleTraits : PointerTraits<HMODULE> {
     static void Close(HMODULE value) noexcept { FreeLibrary(value); }
 };
-struct LocalTraits : PointerTraits<void*> {
-    static void Close(void* value) noexcept { LocalFree(value); }
-};
-struct ItemListTraits : PointerTraits<ITEMIDLIST*> {
-    static void Close(ITEMIDLIST* value) noexcept { CoTaskMemFree(value); }
-};
 struct GdiTraits : PointerTraits<HGDIOBJ> {
     static void Close(HGDIOBJ value) noexcept { DeleteObject(value); }
-};
-struct DeviceContextTraits : PointerTraits<HDC> {
-    static void Close(HDC value) noexcept { DeleteDC(value); }
 };
 struct IconTraits : PointerTraits<HICON> {
     static void Close(HICON value) noexcept { DestroyIcon(value); }
@@ -93,15 +79,9 @@ struct WindowTraits : PointerTraits<HWND> {
 
 }  // namespace detail
 
-using UniqueHandle = Owner<detail::HandleTraits>;      // CloseHandle: files, events, threads, mappings ...
-using UniqueFind = Owner<detail::FindTraits>;          // FindFirstFile
-using UniqueView = Owner<detail::ViewTraits>;          // MapViewOfFile
-using UniquePages = Owner<detail::PagesTraits>;        // VirtualAlloc
-using UniqueModule = Owner<detail::ModuleTraits>;      // LoadLibrary
-using UniqueLocal = Owner<detail::LocalTraits>;        // LocalAlloc, and functions that return such memory
-using UniqueItemList = Owner<detail::ItemListTraits>;  // ITEMIDLIST from the shell
-using UniqueGdi = Owner<detail::GdiTraits>;            // DeleteObject: bitmaps, brushes, fonts, pens, regions
-using UniqueMemoryDc = Owner<detail::DeviceContextTraits>;  // CreateCompatibleDC
+using UniqueHandle = Owner<detail::HandleTraits>;  // CloseHandle: files, events, threads, mappings ...
+using UniqueModule = Owner<detail::ModuleTraits>;  // LoadLibrary
+using UniqueGdi = Owner<detail::GdiTraits>;        // DeleteObject: bitmaps, brushes, fonts, pens, regions
 using UniqueIcon = Owner<detail::IconTraits>;
 using UniqueMenu = Owner<detail::MenuTraits>;
 using UniqueWindow = Owner<detail::WindowTraits>;  // on the thread that created the window

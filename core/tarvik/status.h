@@ -26,24 +26,18 @@ inline void ThrowIfFailed(HRESULT status) {
     if (FAILED(status)) throw StatusError(status);
 }
 
-// The status of a failed system call: the calling thread's last error, or E_FAIL if the call left none.
+// The status of a failed system call: GetLastError() as an HRESULT, or E_FAIL if the call left no error.
 HRESULT LastFailureStatus() noexcept;
 
 // Throws LastFailureStatus() as a StatusError.
 [[noreturn]] void ThrowLastError();
 
-// The calling thread's last error as a status, S_OK if there is none. For members whose only result is a
-// status, where the contract counts a call that left no error as a success.
-HRESULT LastErrorStatus() noexcept;
-
-// Whether a call failed because the apartment, process or page of its object has been destroyed.
-bool IsDisconnected(HRESULT status) noexcept;
-
 // The status of the exception being handled: that of a StatusError, E_OUTOFMEMORY for std::bad_alloc,
-// otherwise E_FAIL. Call it only in a catch block.
+// otherwise E_FAIL. For a catch block of your own; call it nowhere else.
 HRESULT CaughtStatus() noexcept;
 
-// Calls `work`, which returns HRESULT or void, and converts an exception to a status (CaughtStatus).
+// Calls `work` and returns its HRESULT, S_OK if it returns void. An exception becomes a status, as
+// CaughtStatus says.
 template <class Work>
 [[nodiscard]] HRESULT Guard(Work&& work) noexcept {
     try {

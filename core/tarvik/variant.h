@@ -7,11 +7,11 @@
 
 namespace tarvik {
 
-// Owner of a VARIANT. It derives from VARIANT, so it can be passed wherever one is read. It is copied only by
-// Copy, because a copy allocates and may throw.
+// Owner of a VARIANT. It derives from VARIANT, so it can be passed wherever one is read. It can be moved;
+// only Copy copies it, because a copy may allocate and throw.
 class Variant : public VARIANT {
   public:
-    // VT_EMPTY, with all other bytes 0: some callers read the value without looking at its type.
+    // VT_EMPTY, with all other bytes 0.
     Variant() noexcept : VARIANT{} {}
     Variant(Variant&& other) noexcept;
     Variant& operator=(Variant&& other) noexcept;
@@ -34,10 +34,14 @@ class Variant : public VARIANT {
     static Variant Null() noexcept;                     // VT_NULL
 
     // A copy that owns everything in it. A by-reference value is dereferenced, because the reference is valid
-    // only during its call. Throws StatusError.
+    // only during its call. Throws StatusError if the system cannot copy the value.
     static Variant Copy(const VARIANT& source);
 
-    // Releases the value; VT_EMPTY then.
+    // A copy converted by VariantChangeType, which also converts strings and booleans to numbers. VT_EMPTY if
+    // the system cannot convert the value.
+    static Variant Converted(const VARIANT& source, VARTYPE type) noexcept;
+
+    // Releases the value, which is VT_EMPTY then.
     void Clear() noexcept;
 
     // For calls that fill an out parameter; releases the old value.
@@ -46,10 +50,11 @@ class Variant : public VARIANT {
         return this;
     }
 
-    // Converts the value in place by VariantChangeType. False if that fails: the value is then unchanged.
+    // Converts the value in place, as Converted does. False if that fails: the value is then unchanged.
     bool ChangeType(VARTYPE type) noexcept;
 
-    // Moves the value to `slot`, which must hold a valid VARIANT: its old value is released. VT_EMPTY then.
+    // Moves the value to `slot`, which must hold a valid VARIANT, and releases the old value there. This
+    // value is VT_EMPTY then.
     void MoveInto(VARIANT* slot) noexcept;
 
     bool Is(VARTYPE type) const noexcept { return vt == type; }

@@ -121,7 +121,7 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
         const tarvik::ScriptObject names = NewArray();
         const OpenClipboardScope open(listener_);
         for (UINT format = EnumClipboardFormats(0); format != 0; format = EnumClipboardFormats(format))
-            names.Call(L"push", NameOf(format));
+            names.Push(NameOf(format));
         return names;
     }
 
@@ -145,7 +145,8 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
         std::optional<std::wstring> text;
         if (FAILED(tarvik::Guard([&] { text = Text(); }))) return;  // the clipboard failed, not the function
         const HRESULT status = tarvik::Guard([&] { function(text); });
-        if (FAILED(status) && onChange_.Get() == function.Get()) onChange_ = tarvik::ScriptObject();
+        if (FAILED(status) && onChange_.AsDispatch() == function.AsDispatch())
+            onChange_ = tarvik::ScriptObject();
     }
 
     HWND listener_ = nullptr;

@@ -39,8 +39,8 @@ void FindLines(std::istream& input, const std::string& text,
     }
 }
 
-std::wstring RequiredText(const tarvik::Options& options, const wchar_t* name) {
-    const auto value = options.Text(name);
+std::wstring RequiredText(const tarvik::ScriptObject& options, const wchar_t* name) {
+    const auto value = options.Get<std::wstring>(name);
     if (!value || value->empty()) throw tarvik::StatusError(E_INVALIDARG);
     return *value;
 }
@@ -50,18 +50,18 @@ std::wstring RequiredText(const tarvik::Options& options, const wchar_t* name) {
 // after the page has been left or the window has been destroyed.
 class SearchTask : public tarvik::AsyncTask {
   public:
-    SearchTask(std::wstring folder, const tarvik::Options& options,
+    SearchTask(std::wstring folder, const tarvik::ScriptObject& options,
                std::shared_ptr<const std::atomic<bool>> stopped)
         : AsyncTask(options),
           folder_(std::move(folder)),
           text_(tarvik::Narrow(RequiredText(options, L"text"))),
-          hit_(options.Function(L"hit").Get()),
+          hit_(options.Function(L"hit")),
           stopped_(std::move(stopped)) {}
 
   private:
     HRESULT Work() override {
-        const tarvik::ScriptObject hit = hit_.Get();
-        const tarvik::ScriptObject progress = Progress();
+        const tarvik::ScriptObject& hit = hit_.Get();
+        const tarvik::ScriptObject& progress = Progress();
         if (GetFileAttributesW(folder_.c_str()) == INVALID_FILE_ATTRIBUTES) tarvik::ThrowLastError();
         const auto options = fs::directory_options::skip_permission_denied;
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder_, options)) {
@@ -81,7 +81,7 @@ class SearchTask : public tarvik::AsyncTask {
     }
 
     void Succeed() override {
-        if (const tarvik::ScriptObject success = Success()) success(files_, hits_);
+        if (Success()) Success()(files_, hits_);
     }
 
     // After E_ABORT, neither success nor fail is called.
@@ -109,10 +109,9 @@ class Search : public tarvik::Plugin<Search> {
     }
 
     // A search may outlive this object, so both share the flag.
-    void Find(IDispatch* object) {
+    void Find(const tarvik::ScriptObject& options) {
         Stop();
         stopped_ = std::make_shared<std::atomic<bool>>(false);
-        const tarvik::Options options(object);
         tarvik::ThrowIfFailed(tarvik::StartWorker(
             std::make_unique<SearchTask>(ResolvePath(RequiredText(options, L"folder")), options, stopped_)));
     }
@@ -132,7 +131,7 @@ class Search : public tarvik::Plugin<Search> {
             const tarvik::ScriptObject hit = NewObject();
             hit.Set(L"line", line);
             hit.Set(L"text", found);
-            hits.Call(L"push", hit);
+            hits.Push(hit);
         });
         return hits;
     }

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "base/status.h"
 #include "base/text.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"

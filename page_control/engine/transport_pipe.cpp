@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "page_control/engine/launch.h"
 #include "page_control/engine/transport.h"
+#include "tarvik/owners.h"
 #include "tarvik/status.h"
 
 namespace tarvik {

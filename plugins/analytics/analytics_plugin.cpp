@@ -7,9 +7,9 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CGoogleAnalyticsPlugin> kMembers[] = {
-    Method<&CGoogleAnalyticsPlugin::Page>(-6999, L"page"),
-    Method<&CGoogleAnalyticsPlugin::Event>(-6998, L"event"),
-    Method<&CGoogleAnalyticsPlugin::Set>(-6997, L"set"),
+    Method<&CGoogleAnalyticsPlugin::Page>(L"page", -6999),
+    Method<&CGoogleAnalyticsPlugin::Event>(L"event", -6998),
+    Method<&CGoogleAnalyticsPlugin::Set>(L"set", -6997),
 };
 static_assert(IsInOrder(kMembers));
 

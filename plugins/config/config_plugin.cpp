@@ -9,11 +9,11 @@ namespace {
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CConfigPlugin>(L"config", TVK::kTransientPlugin);
 
 constexpr Member<CConfigPlugin> kMembers[] = {
-    Method<&CConfigPlugin::Init>(-10000, L"init"),
-    Method<&CConfigPlugin::Clear>(-9999, L"clear"),
-    Method<&CConfigPlugin::SetKeyValue, &CConfigPlugin::SetFileValue>(-9998, L"setValue"),
-    ResultMethod<&CConfigPlugin::QueryKeyValue, &CConfigPlugin::QueryFileValue>(-9997, L"queryValue"),
-    Method<&CConfigPlugin::DeleteKeyValue, &CConfigPlugin::DeleteFileValue>(-9996, L"deleteValue"),
+    Method<&CConfigPlugin::Init>(L"init", -10000),
+    Method<&CConfigPlugin::Clear>(L"clear", -9999),
+    Method<&CConfigPlugin::SetKeyValue, &CConfigPlugin::SetFileValue>(L"setValue", -9998),
+    ResultMethod<&CConfigPlugin::QueryKeyValue, &CConfigPlugin::QueryFileValue>(L"queryValue", -9997),
+    Method<&CConfigPlugin::DeleteKeyValue, &CConfigPlugin::DeleteFileValue>(L"deleteValue", -9996),
 };
 static_assert(IsInOrder(kMembers));
 

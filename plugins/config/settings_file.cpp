@@ -1,5 +1,6 @@
 #include "plugins/config/settings_file.h"
 
+#include "base/status.h"
 #include "tarvik/bstr.h"
 #include "tarvik/status.h"
 

@@ -7,8 +7,8 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CConsolePlugin> kMembers[] = {
-    ReadableMethod<&CConsolePlugin::Log, &CConsolePlugin::GetLog>(-6999, L"log"),
-    Property<&CConsolePlugin::GetShowJsError, &CConsolePlugin::SetShowJsError>(-6998, L"showJsError"),
+    ReadableMethod<&CConsolePlugin::Log, &CConsolePlugin::GetLog>(L"log", -6999),
+    Property<&CConsolePlugin::GetShowJsError, &CConsolePlugin::SetShowJsError>(L"showJsError", -6998),
 };
 static_assert(IsInOrder(kMembers));
 

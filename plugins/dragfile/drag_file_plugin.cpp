@@ -8,8 +8,8 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CDragFilePlugin> kMembers[] = {
-    Method<&CDragFilePlugin::Bind>(-6999, L"bind"),
-    Method<&CDragFilePlugin::Get>(-6998, L"get"),
+    Method<&CDragFilePlugin::Bind>(L"bind", -6999),
+    Method<&CDragFilePlugin::Get>(L"get", -6998),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -49,7 +49,7 @@ HRESULT CDragFilePlugin::Get(const Call& call) {
     const auto& [function, context] = found->second;
     const ScriptObject object(MakeCom<CObject>().Get());
     object.Set(L"callback", function);
-    object.Set(L"context", Variant::Copy(context));
+    object.Set(L"context", context);
     return SetResult(call.Result(), object);
 }
 

@@ -4,7 +4,6 @@
 
 #include "plugins/file/work_list.h"
 #include "tarvik/properties.h"
-#include "tarvik/script_object.h"
 #include "tarvik/variant.h"
 
 namespace tarvik {
@@ -15,7 +14,7 @@ bool CopyProgress::Report(ULONGLONG transferred) noexcept {
     (void)Guard([&] {
         const auto processed = static_cast<double>(std::min(done_ + transferred, total_));
         const auto total = static_cast<double>(total_);
-        goOn = !IsFalse(ScriptObject(function_)(processed, total, Variant::Copy(context_)));
+        goOn = !IsFalse(function_(processed, total, context_));
     });
     return goOn;
 }

@@ -5,14 +5,16 @@
 
 #include <string>
 
+#include "tarvik/script_object.h"
+
 namespace tarvik {
 
 // Reports the bytes transferred so far to the page: progress(processed, total, context). Without a function
 // it reports and counts nothing.
 class CopyProgress {
   public:
-    // Borrows function and context.
-    CopyProgress(IDispatch* function, const VARIANT& context, ULONGLONG total)
+    // Borrows the context.
+    CopyProgress(const ScriptObject& function, const VARIANT& context, ULONGLONG total)
         : function_(function), context_(context), total_(total) {}
 
     // `transferred` counts the bytes of the current file. False cancels the operation: the function returned
@@ -22,7 +24,7 @@ class CopyProgress {
     void FileFinished(const std::wstring& dest);
 
   private:
-    IDispatch* function_;
+    const ScriptObject function_;
     const VARIANT& context_;
     ULONGLONG total_;
     ULONGLONG done_ = 0;

@@ -1,6 +1,7 @@
 #include "plugins/file/delete_path.h"
 
 #include "base/folder_reader.h"
+#include "base/status.h"
 #include "base/walk_folder.h"
 #include "tarvik/status.h"
 

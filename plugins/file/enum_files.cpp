@@ -14,23 +14,23 @@ namespace {
 // folder at that moment.
 class EnumFilesWorker : public Worker {
   public:
-    EnumFilesWorker(const Options& options, IDispatch* callback, IDispatch* completed)
-        : options_(options.Given()), callback_(callback), completed_(completed) {}
+    EnumFilesWorker(const ScriptObject& options, const ScriptObject& callback, const ScriptObject& completed)
+        : options_(options), callback_(callback), completed_(completed) {}
 
     HRESULT Run() override {
         const HRESULT status = Guard([this] { return Walk(); });
-        CallScriptFunction(completed_.Get());
+        CallScriptFunction(completed_.Get().AsDispatch());
         return status;
     }
 
   private:
     HRESULT Walk() {
-        const Options given(options_.Get());
-        const auto path = given.Text(L"path");
-        const auto filter = given.Text(L"filter");
+        const ScriptObject& given = options_.Get();
+        const auto path = given.Get<std::wstring>(L"path");
+        const auto filter = given.Get<std::wstring>(L"filter");
         // WalkFolder would take an empty path for the root of the current drive.
         if (!path || path->empty()) return E_INVALIDARG;
-        return WalkFolder(*path, filter ? filter->c_str() : nullptr, given.Flag(L"recursive", true),
+        return WalkFolder(*path, filter ? filter->c_str() : nullptr, given.Get<bool>(L"recursive", true),
                           [this](const std::wstring& entry, DWORD attributes, ULONGLONG size) {
                               return OnEnumEntry(entry, attributes, size);
                           });
@@ -42,7 +42,7 @@ class EnumFilesWorker : public Worker {
         const Variant bits = Variant::UI4(attributes);
         const Variant bytes = Variant::R8(static_cast<double>(size));
         Variant answer;
-        CallScriptFunction(callback_.Get(), {&name, &bits, &bytes}, &answer);
+        CallScriptFunction(callback_.Get().AsDispatch(), {&name, &bits, &bytes}, &answer);
         return IsFalse(answer) ? E_ABORT : S_OK;
     }
 
@@ -53,11 +53,11 @@ class EnumFilesWorker : public Worker {
 
 }  // namespace
 
-HRESULT StartEnumFiles(const Options& options) {
-    const auto callback = options.Function(L"callback");
-    const auto completed = options.Function(L"completed");
+HRESULT StartEnumFiles(const ScriptObject& options) {
+    const ScriptObject callback = options.Function(L"callback");
+    const ScriptObject completed = options.Function(L"completed");
     if (!callback || !completed) return S_OK;
-    return StartWorker(std::make_unique<EnumFilesWorker>(options, callback.Get(), completed.Get()));
+    return StartWorker(std::make_unique<EnumFilesWorker>(options, callback, completed));
 }
 
 }  // namespace tarvik

@@ -17,17 +17,17 @@ namespace {
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CFilePlugin>(L"file", TVK::kRetainedPlugin);
 
 constexpr Member<CFilePlugin> kMembers[] = {
-    Method<&CFilePlugin::IsFileExist>(-10000, L"isFileExist"),
-    Method<&CFilePlugin::DeleteFile>(-9999, L"deleteFile"),
-    Method<&CFilePlugin::Copy>(-9998, L"copy"),
-    Method<&CFilePlugin::CopyAsync>(-9997, L"copyAsync"),
-    Method<&CFilePlugin::Move>(-9996, L"move"),
-    Method<&CFilePlugin::MoveAsync>(-9995, L"moveAsync"),
-    Method<&CFilePlugin::MkDir>(-9994, L"mkDir"),
-    Method<&CFilePlugin::EnumFiles>(-9993, L"enumFiles"),
-    Method<&CFilePlugin::GetSize>(-9992, L"getSize"),
-    Method<&CFilePlugin::IsDir>(-9991, L"isDir"),
-    Method<&CFilePlugin::IsDirEmpty>(-9990, L"isDirEmpty"),
+    Method<&CFilePlugin::IsFileExist>(L"isFileExist", -10000),
+    Method<&CFilePlugin::DeleteFile>(L"deleteFile", -9999),
+    Method<&CFilePlugin::Copy>(L"copy", -9998),
+    Method<&CFilePlugin::CopyAsync>(L"copyAsync", -9997),
+    Method<&CFilePlugin::Move>(L"move", -9996),
+    Method<&CFilePlugin::MoveAsync>(L"moveAsync", -9995),
+    Method<&CFilePlugin::MkDir>(L"mkDir", -9994),
+    Method<&CFilePlugin::EnumFiles>(L"enumFiles", -9993),
+    Method<&CFilePlugin::GetSize>(L"getSize", -9992),
+    Method<&CFilePlugin::IsDir>(L"isDir", -9991),
+    Method<&CFilePlugin::IsDirEmpty>(L"isDirEmpty", -9990),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -88,9 +88,9 @@ bool CFilePlugin::MoveAsync(IDispatch* options) {
 }
 
 bool CFilePlugin::Start(FileOperation operation, IDispatch* options) const {
-    return StartTask(options, [&](const Options& given) {
-        std::wstring src = PathOf(given.Text(L"srcPath").value_or(std::wstring()));
-        std::wstring dest = PathOf(given.Text(L"destPath").value_or(std::wstring()));
+    return StartTask(options, [&](const ScriptObject& given) {
+        std::wstring src = PathOf(given.Get<std::wstring>(L"srcPath", {}));
+        std::wstring dest = PathOf(given.Get<std::wstring>(L"destPath", {}));
         if (src.empty() || dest.empty()) throw StatusError(E_INVALIDARG);
         return std::make_unique<FileTask>(operation, std::move(src), std::move(dest), given);
     });
@@ -104,7 +104,7 @@ bool CFilePlugin::MkDir(BSTR path) {
 HRESULT CFilePlugin::EnumFiles(const Call& call) {
     if (call.Count() == 0) return E_INVALIDARG;
     IDispatch* options = nullptr;
-    if (FromVariant(call.At(0), options) && options) return StartEnumFiles(Options(options));
+    if (FromVariant(call.At(0), options) && options) return StartEnumFiles(options);
     return call.Result() ? E_INVALIDARG : S_OK;
 }
 

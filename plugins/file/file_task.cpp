@@ -28,12 +28,12 @@ void CreateFolders(const std::wstring& path) {
 
 }  // namespace
 
-FileTask::FileTask(FileOperation operation, std::wstring src, std::wstring dest, const Options& options)
+FileTask::FileTask(FileOperation operation, std::wstring src, std::wstring dest, const ScriptObject& options)
     : AsyncTask(options),
       operation_(operation),
       src_(std::move(src)),
       dest_(std::move(dest)),
-      replaceExisting_(options.Flag(L"replaceExisting")) {}
+      replaceExisting_(options.Get<bool>(L"replaceExisting", false)) {}
 
 HRESULT FileTask::Work() {
     if (!PathFileExistsW(src_.c_str())) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);

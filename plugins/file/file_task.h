@@ -12,7 +12,7 @@ namespace tarvik {
 // failed or cancelled operation is not undone.
 class FileTask : public AsyncTask {
   public:
-    FileTask(FileOperation operation, std::wstring src, std::wstring dest, const Options& options);
+    FileTask(FileOperation operation, std::wstring src, std::wstring dest, const ScriptObject& options);
 
   private:
     HRESULT Work() override;

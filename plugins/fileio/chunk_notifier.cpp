@@ -10,7 +10,7 @@ namespace tarvik {
 namespace {
 
 constexpr Member<ChunkNotifier> kMembers[] = {
-    Method<&ChunkNotifier::Notify>(DISPID_VALUE, L"notify"),
+    Method<&ChunkNotifier::Notify>(L"notify", DISPID_VALUE),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -34,7 +34,7 @@ HRESULT ChunkNotifier::Notify(const Call& call) {
     if (call.Count() != 2 || call.At(0).vt != VT_I8 || call.At(1).vt != VT_UI4) return E_INVALIDARG;
     const auto* const bytes = reinterpret_cast<const void*>(call.At(0).llVal);
     const Variant chunk = Variant::Object(MakeChunk(bytes, call.At(1).ulVal).Get());
-    return CallWithContext(progress_.Get(), chunk, context_, call.Result());
+    return CallWithContext(progress_.AsDispatch(), chunk, context_, call.Result());
 }
 
 }  // namespace tarvik

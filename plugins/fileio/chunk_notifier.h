@@ -1,6 +1,7 @@
 #pragma once
 
 #include "script/dispatch.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
@@ -11,13 +12,13 @@ class ChunkNotifier : public SmallDispatch<ChunkNotifier, AnyAccessRules> {
   public:
     static std::span<const Member<ChunkNotifier>> Members();
 
-    ChunkNotifier(ComPtr<IDispatch> progress, Variant context)
-        : progress_(std::move(progress)), context_(std::move(context)) {}
+    ChunkNotifier(const ScriptObject& progress, Variant context)
+        : progress_(progress), context_(std::move(context)) {}
 
     HRESULT Notify(const Call& call);
 
   private:
-    ComPtr<IDispatch> progress_;
+    const ScriptObject progress_;
     Variant context_;
 };
 

@@ -9,19 +9,19 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CFileIOPlugin> kMembers[] = {
-    Method<&CFileIOPlugin::Open>(-10000, L"open"),
-    Method<&CFileIOPlugin::Close>(-9999, L"close"),
-    Method<&CFileIOPlugin::ReadAsync>(-9998, L"readAsync"),
-    Method<&CFileIOPlugin::WriteAsync>(-9997, L"writeAsync"),
-    Method<&CFileIOPlugin::Read>(-9996, L"read"),
-    Method<&CFileIOPlugin::Write>(-9995, L"write"),
-    Method<&CFileIOPlugin::Seek>(-9994, L"seek"),
-    Property<&CFileIOPlugin::GetSize, &CFileIOPlugin::SetSize>(-9993, L"size"),
-    Constant<CFileIOPlugin, FILE_BEGIN>(-9992, L"BEGIN"),
-    Constant<CFileIOPlugin, FILE_CURRENT>(-9991, L"CURRENT"),
-    Constant<CFileIOPlugin, FILE_END>(-9990, L"END"),
-    Constant<CFileIOPlugin, S_OK>(-9989, L"S_OK"),
-    Constant<CFileIOPlugin, E_ABORT>(-9988, L"E_ABORT"),
+    Method<&CFileIOPlugin::Open>(L"open", -10000),
+    Method<&CFileIOPlugin::Close>(L"close", -9999),
+    Method<&CFileIOPlugin::ReadAsync>(L"readAsync", -9998),
+    Method<&CFileIOPlugin::WriteAsync>(L"writeAsync", -9997),
+    Method<&CFileIOPlugin::Read>(L"read", -9996),
+    Method<&CFileIOPlugin::Write>(L"write", -9995),
+    Method<&CFileIOPlugin::Seek>(L"seek", -9994),
+    Property<&CFileIOPlugin::GetSize, &CFileIOPlugin::SetSize>(L"size", -9993),
+    Constant<CFileIOPlugin, FILE_BEGIN>(L"BEGIN", -9992),
+    Constant<CFileIOPlugin, FILE_CURRENT>(L"CURRENT", -9991),
+    Constant<CFileIOPlugin, FILE_END>(L"END", -9990),
+    Constant<CFileIOPlugin, S_OK>(L"S_OK", -9989),
+    Constant<CFileIOPlugin, E_ABORT>(L"E_ABORT", -9988),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -65,15 +65,15 @@ void CFileIOPlugin::Close() {
 
 bool CFileIOPlugin::ReadAsync(IDispatch* options) {
     return StartTask(options,
-                     [this](const Options& given) { return std::make_unique<ReadTask>(given, file_); });
+                     [this](const ScriptObject& given) { return std::make_unique<ReadTask>(given, file_); });
 }
 
 bool CFileIOPlugin::WriteAsync(IDispatch* options) {
     return StartTask(options,
-                     [this](const Options& given) { return std::make_unique<WriteTask>(given, file_); });
+                     [this](const ScriptObject& given) { return std::make_unique<WriteTask>(given, file_); });
 }
 
-Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
+Variant CFileIOPlugin::Read(const ComPtr<IDispatch>& stream, CoercedInt length) {
     const TransferRequest request = ParseRequest(stream, length);
     const auto file = file_;  // a library's stream may call back and replace it
     Variant transferred = Variant::I4(0);
@@ -88,7 +88,7 @@ Variant CFileIOPlugin::Read(ComPtr<IDispatch> stream, CoercedInt length) {
     return transferred;
 }
 
-Variant CFileIOPlugin::Write(ComPtr<IDispatch> stream, CoercedInt length) {
+Variant CFileIOPlugin::Write(const ComPtr<IDispatch>& stream, CoercedInt length) {
     const TransferRequest request = ParseRequest(stream, length);
     const auto file = file_;
     Variant transferred = Variant::I4(0);

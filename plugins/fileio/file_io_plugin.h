@@ -19,8 +19,8 @@ class CFileIOPlugin : public WindowPlugin<CFileIOPlugin> {
     bool ReadAsync(IDispatch* options);
     bool WriteAsync(IDispatch* options);
     // Return the number of bytes transferred, even if they stopped at a failure.
-    Variant Read(ComPtr<IDispatch> stream, CoercedInt length);
-    Variant Write(ComPtr<IDispatch> stream, CoercedInt length);
+    Variant Read(const ComPtr<IDispatch>& stream, CoercedInt length);
+    Variant Write(const ComPtr<IDispatch>& stream, CoercedInt length);
     Variant Seek(Int64 offset, StrictInt32 origin);
     Number GetSize();
     void SetSize(UInt64 size);

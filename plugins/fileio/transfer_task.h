@@ -13,7 +13,7 @@ namespace tarvik {
 class TransferTask : public AsyncTask {
   protected:
     // Throws E_INVALIDARG if `len` is absent, 0 or not VT_UI4.
-    TransferTask(const Options& options, std::shared_ptr<SharedFile> file);
+    TransferTask(const ScriptObject& options, std::shared_ptr<SharedFile> file);
 
     SharedFile& File() { return *file_; }
     ULONG Length() const { return length_; }
@@ -29,7 +29,7 @@ class TransferTask : public AsyncTask {
 // Passes each chunk to `progress` as a new stream. Without the function the bytes are read and discarded.
 class ReadTask : public TransferTask {
   public:
-    ReadTask(const Options& options, std::shared_ptr<SharedFile> file);
+    ReadTask(const ScriptObject& options, std::shared_ptr<SharedFile> file);
 
   private:
     HRESULT Work() override;
@@ -40,7 +40,7 @@ class ReadTask : public TransferTask {
 // Writes from the stream `src`, which must not be used elsewhere until the task has ended.
 class WriteTask : public TransferTask {
   public:
-    WriteTask(const Options& options, std::shared_ptr<SharedFile> file);
+    WriteTask(const ScriptObject& options, std::shared_ptr<SharedFile> file);
 
   private:
     HRESULT Work() override;

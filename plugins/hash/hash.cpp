@@ -10,8 +10,8 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CHashBase> kMembers[] = {
-    Method<&CHashBase::AddData>(-6999, L"addData"),
-    Method<&CHashBase::Finish>(-6998, L"finish"),
+    Method<&CHashBase::AddData>(L"addData", -6999),
+    Method<&CHashBase::Finish>(L"finish", -6998),
 };
 static_assert(IsInOrder(kMembers));
 

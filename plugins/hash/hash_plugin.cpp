@@ -7,9 +7,9 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CHashPlugin> kMembers[] = {
-    Method<&CHashPlugin::Make<CHash<CALG_SHA1>>>(-6999, L"sha1"),
-    Method<&CHashPlugin::Make<CHash<CALG_MD4>>>(-6998, L"md4"),
-    Method<&CHashPlugin::Make<CHash<CALG_MD5>>>(-6997, L"md5"),
+    Method<&CHashPlugin::Make<CHash<CALG_SHA1>>>(L"sha1", -6999),
+    Method<&CHashPlugin::Make<CHash<CALG_MD4>>>(L"md4", -6998),
+    Method<&CHashPlugin::Make<CHash<CALG_MD5>>>(L"md5", -6997),
 };
 static_assert(IsInOrder(kMembers));
 

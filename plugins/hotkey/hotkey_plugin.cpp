@@ -7,8 +7,8 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CHotkeyPlugin> kMembers[] = {
-    Method<&CHotkeyPlugin::Set>(-10000, L"set"),
-    Method<&CHotkeyPlugin::Clear>(-9999, L"clear"),
+    Method<&CHotkeyPlugin::Set>(L"set", -10000),
+    Method<&CHotkeyPlugin::Clear>(L"clear", -9999),
 };
 static_assert(IsInOrder(kMembers));
 

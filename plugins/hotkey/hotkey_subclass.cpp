@@ -34,7 +34,7 @@ bool CHotkeySubclassWindow::Call(const KeyCombination& keys) const {
     if (found == hotKeys_.end()) return false;
     (void)Guard([&] {
         const ScriptObject function(found->second.function.Get());
-        function(Variant::Copy(found->second.context));
+        function(found->second.context);
     });
     return true;
 }

@@ -8,16 +8,16 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CClientDispatch> kMembers[] = {
-    Method<&CClientDispatch::DownloadToFile>(-9900, L"downloadToFile"),
-    Constant<CClientDispatch, S_OK>(-9899, L"S_OK"),
-    Constant<CClientDispatch, E_ABORT>(-9898, L"E_ABORT"),
-    Constant<CClientDispatch, E_ACCESSDENIED>(-9897, L"E_ACCESSDENIED"),
-    Constant<CClientDispatch, __HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)>(-9896, L"E_FILENOTFOUND"),
+    Method<&CClientDispatch::DownloadToFile>(L"downloadToFile", -9900),
+    Constant<CClientDispatch, S_OK>(L"S_OK", -9899),
+    Constant<CClientDispatch, E_ABORT>(L"E_ABORT", -9898),
+    Constant<CClientDispatch, E_ACCESSDENIED>(L"E_ACCESSDENIED", -9897),
+    Constant<CClientDispatch, __HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND)>(L"E_FILENOTFOUND", -9896),
 };
 static_assert(IsInOrder(kMembers));
 
-std::wstring RequiredText(const Options& options, const wchar_t* name) {
-    std::wstring text = options.Text(name).value_or(std::wstring());
+std::wstring RequiredText(const ScriptObject& options, const wchar_t* name) {
+    std::wstring text = options.Get<std::wstring>(name, {});
     if (text.empty()) throw StatusError(E_INVALIDARG);
     return text;
 }
@@ -29,7 +29,7 @@ std::span<const Member<CClientDispatch>> CClientDispatch::Members() {
 }
 
 bool CClientDispatch::DownloadToFile(IDispatch* options) {
-    return StartTask(options, [this](const Options& given) {
+    return StartTask(options, [this](const ScriptObject& given) {
         std::wstring path = ResolvePath(core_.Get(), RequiredText(given, L"destPath"));
         return std::make_unique<DownloadTask>(RequiredText(given, L"url"), std::move(path), given);
     });

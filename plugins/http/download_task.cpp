@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "base/status.h"
 #include "base/write_file.h"
 #include "plugins/http/web_response.h"
 #include "tarvik/owners.h"
@@ -50,7 +51,7 @@ bool IsCallbackDestroyed(HRESULT status) {
 
 }  // namespace
 
-DownloadTask::DownloadTask(std::wstring url, std::wstring path, const Options& options)
+DownloadTask::DownloadTask(std::wstring url, std::wstring path, const ScriptObject& options)
     : AsyncTask(options), url_(std::move(url)), path_(std::move(path)) {}
 
 HRESULT DownloadTask::Work() {
@@ -76,7 +77,8 @@ void DownloadTask::ReportProgress(std::uint32_t done, std::uint32_t total) {
     const Variant processed = Variant::UI4(done);
     const Variant all = Variant::UI4(total);
     Variant answer;
-    const HRESULT status = CallScriptFunction(Progress(), {&processed, &all, &Context()}, &answer);
+    const HRESULT status =
+        CallScriptFunction(Progress().AsDispatch(), {&processed, &all, &Context()}, &answer);
     // A download continues after its page has been destroyed.
     if (IsCallbackDestroyed(status)) return;
     if (status != S_OK) throw StatusError(status);

@@ -11,7 +11,7 @@ namespace tarvik {
 // deletes it if the download does not complete.
 class DownloadTask : public AsyncTask {
   public:
-    DownloadTask(std::wstring url, std::wstring path, const Options& options);
+    DownloadTask(std::wstring url, std::wstring path, const ScriptObject& options);
 
   private:
     HRESULT Work() override;

@@ -8,8 +8,8 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CHttpPlugin> kMembers[] = {
-    RawMethod<&CHttpPlugin::CreateClient, 0, 0>(-10000, L"createClient"),
-    RawMethod<&CHttpPlugin::CreateXmlHttp, 0, 0>(-9999, L"createXmlHttp"),
+    RawMethod<&CHttpPlugin::CreateClient, 0, 0>(L"createClient", -10000),
+    RawMethod<&CHttpPlugin::CreateXmlHttp, 0, 0>(L"createXmlHttp", -9999),
 };
 static_assert(IsInOrder(kMembers));
 

@@ -13,11 +13,11 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CMenuDispatch> kMembers[] = {
-    Method<&CMenuDispatch::AppendMenu>(-10000, L"appendMenu"),
-    Method<&CMenuDispatch::Popup, &CMenuDispatch::PopupAt>(-9999, L"popup"),
-    Method<&CMenuDispatch::GetSubMenu>(-9998, L"getSubMenu"),
-    Method<&CMenuDispatch::Enable>(-9997, L"enable"),
-    ResultMethod<&CMenuDispatch::GetItemCount>(-9996, L"getItemCount"),
+    Method<&CMenuDispatch::AppendMenu>(L"appendMenu", -10000),
+    Method<&CMenuDispatch::Popup, &CMenuDispatch::PopupAt>(L"popup", -9999),
+    Method<&CMenuDispatch::GetSubMenu>(L"getSubMenu", -9998),
+    Method<&CMenuDispatch::Enable>(L"enable", -9997),
+    ResultMethod<&CMenuDispatch::GetItemCount>(L"getItemCount", -9996),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -115,17 +115,17 @@ void CMenuDispatch::AddSubMenus(std::vector<ComPtr<TVK::IMenu>>& menus) const {
 
 bool CMenuDispatch::AppendMenu(IDispatch* options) {
     const UINT id = NextCommandId();
-    return FAILED(Guard([&] { Append(id, Options(options)); }));
+    return FAILED(Guard([&] { Append(id, options); }));
 }
 
 // Reading the options may run a script that appends to this menu, so the menu is changed last.
-void CMenuDispatch::Append(UINT id, const Options& options) {
+void CMenuDispatch::Append(UINT id, const ScriptObject& options) {
     Item item;
-    if (options.Flag(L"gray")) item.flags |= MF_GRAYED;
-    if (options.Flag(L"separator")) item.flags |= MF_SEPARATOR;
+    if (options.Get<bool>(L"gray", false)) item.flags |= MF_GRAYED;
+    if (options.Get<bool>(L"separator", false)) item.flags |= MF_SEPARATOR;
     const bool isSeparator = (item.flags & MF_SEPARATOR) != 0;
-    const auto subMenu = options.Object(L"subMenu");
-    item.name = options.Text(L"name").value_or(std::wstring());
+    const ComPtr<IDispatch> subMenu = ObjectIn(options.Get(L"subMenu"));
+    item.name = options.Get<std::wstring>(L"name", {});
     if (item.name.empty() && !isSeparator) RejectItem(L"Menu name empty.", E_FAIL);
     UINT_PTR idOrSubMenu = id;
     if (subMenu) {
@@ -133,8 +133,8 @@ void CMenuDispatch::Append(UINT id, const Options& options) {
         item.target = subMenu;
         idOrSubMenu = reinterpret_cast<UINT_PTR>(SubMenuHandle(subMenu.Get()));
     } else {
-        item.target = options.Function(L"callback");
-        if (item.target) item.context = options.Value(L"context");
+        item.target = options.Function(L"callback").AsDispatch();
+        if (item.target) item.context = options.Get(L"context");
         if (!item.target && !isSeparator) item.flags |= MF_GRAYED;
     }
     // By design an item that the system rejects is stored without a position.
@@ -192,8 +192,8 @@ bool CMenuDispatch::Enable(BSTR name, bool on) {
     return true;
 }
 
-Integer CMenuDispatch::GetItemCount() {
-    return {::GetMenuItemCount(menu_.Get())};
+int CMenuDispatch::GetItemCount() {
+    return ::GetMenuItemCount(menu_.Get());
 }
 
 // The first item with the name, ignoring case, and these flags.

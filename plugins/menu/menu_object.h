@@ -6,8 +6,8 @@
 
 #include "script/dispatch.h"
 #include "tarvik/menu.h"
-#include "tarvik/options.h"
 #include "tarvik/owners.h"
+#include "tarvik/script_object.h"
 #include "tarvik/variant.h"
 
 namespace tarvik {
@@ -33,7 +33,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
     bool PopupAt(AnyInt32 x, AnyInt32 y);
     Variant GetSubMenu(BSTR name);
     bool Enable(BSTR name, bool on);
-    Integer GetItemCount();
+    int GetItemCount();
 
   protected:
     void* FindInterface(REFIID iid) override;
@@ -49,7 +49,7 @@ class CMenuDispatch : public TableDispatch<CMenuDispatch, As<TVK::IMenu, IDispat
 
     static ComPtr<CMenuDispatch> AsMenuDispatch(IDispatch* object);
 
-    void Append(UINT id, const Options& options);
+    void Append(UINT id, const ScriptObject& options);
     HMENU SubMenuHandle(IDispatch* subMenu) const;
     bool Show(POINT point);
     bool RunItem(UINT commandId);

@@ -11,7 +11,7 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CMenuManagePlugin> kMembers[] = {
-    RawMethod<&CMenuManagePlugin::CreateMenu, 0, 1>(-9995, L"createMenu"),
+    RawMethod<&CMenuManagePlugin::CreateMenu, 0, 1>(L"createMenu", -9995),
 };
 
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CMenuManagePlugin>(L"menu", TVK::kRetainedPlugin);

@@ -1,5 +1,7 @@
 #include "plugins/mouse/mouse_plugin.h"
 
+#include "base/status.h"
+
 namespace tarvik {
 
 namespace {
@@ -8,13 +10,13 @@ constexpr LONG kRight = 1;
 constexpr LONG kMiddle = 2;
 
 constexpr Member<CMousePlugin> kMembers[] = {
-    Method<&CMousePlugin::IsButtonDown>(-10000, L"isBtnDown"),
-    Method<&CMousePlugin::Click, &CMousePlugin::ClickAt>(-9999, L"click"),
-    Property<&CMousePlugin::GetX, &CMousePlugin::SetX>(-9998, L"x"),
-    Property<&CMousePlugin::GetY, &CMousePlugin::SetY>(-9997, L"y"),
-    Constant<CMousePlugin, 0>(-9996, L"LBTN"),
-    Constant<CMousePlugin, kRight>(-9995, L"RBTN"),
-    Constant<CMousePlugin, kMiddle>(-9994, L"MBTN"),
+    Method<&CMousePlugin::IsButtonDown>(L"isBtnDown", -10000),
+    Method<&CMousePlugin::Click, &CMousePlugin::ClickAt>(L"click", -9999),
+    Property<&CMousePlugin::GetX, &CMousePlugin::SetX>(L"x", -9998),
+    Property<&CMousePlugin::GetY, &CMousePlugin::SetY>(L"y", -9997),
+    Constant<CMousePlugin, 0>(L"LBTN", -9996),
+    Constant<CMousePlugin, kRight>(L"RBTN", -9995),
+    Constant<CMousePlugin, kMiddle>(L"MBTN", -9994),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -79,16 +81,16 @@ Outcome CMousePlugin::ClickAt(AnyInt32 button, CoercedInt x, CoercedInt y) {
     return {PressAndRelease(ButtonOf(button), {x.value, y.value})};
 }
 
-Integer CMousePlugin::GetX() {
-    return {Pointer().x};
+int CMousePlugin::GetX() {
+    return Pointer().x;
 }
 
 bool CMousePlugin::SetX(CoercedInt x) {
     return SetCursorPos(x.value, Pointer().y);
 }
 
-Integer CMousePlugin::GetY() {
-    return {Pointer().y};
+int CMousePlugin::GetY() {
+    return Pointer().y;
 }
 
 bool CMousePlugin::SetY(CoercedInt y) {

@@ -18,9 +18,9 @@ class CMousePlugin : public TablePlugin<CMousePlugin> {
     Outcome Click(std::optional<AnyInt32> button);
     Outcome ClickAt(AnyInt32 button, CoercedInt x, CoercedInt y);
 
-    Integer GetX();
+    int GetX();
     bool SetX(CoercedInt x);
-    Integer GetY();
+    int GetY();
     bool SetY(CoercedInt y);
 };
 

@@ -13,14 +13,14 @@ namespace {
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CRegistryPlugin>(L"registry", TVK::kTransientPlugin);
 
 constexpr Member<CRegistryPlugin> kMembers[] = {
-    Method<&CRegistryPlugin::CreateKey>(-10000, L"createKey"),
-    Method<&CRegistryPlugin::DeleteKey>(-9999, L"deleteKey"),
-    Method<&CRegistryPlugin::SetValue>(-9998, L"setValue"),
-    Method<&CRegistryPlugin::DeleteValue>(-9997, L"deleteValue"),
-    ResultMethod<&CRegistryPlugin::QueryValue>(-9996, L"queryValue"),
-    Method<&CRegistryPlugin::IsKeyExist>(-9995, L"isKeyExist"),
-    Method<&CRegistryPlugin::IsValueExist>(-9994, L"isValueExist"),
-    Property<&CRegistryPlugin::GetMode, &CRegistryPlugin::SetMode>(-9993, L"mode"),
+    Method<&CRegistryPlugin::CreateKey>(L"createKey", -10000),
+    Method<&CRegistryPlugin::DeleteKey>(L"deleteKey", -9999),
+    Method<&CRegistryPlugin::SetValue>(L"setValue", -9998),
+    Method<&CRegistryPlugin::DeleteValue>(L"deleteValue", -9997),
+    ResultMethod<&CRegistryPlugin::QueryValue>(L"queryValue", -9996),
+    Method<&CRegistryPlugin::IsKeyExist>(L"isKeyExist", -9995),
+    Method<&CRegistryPlugin::IsValueExist>(L"isValueExist", -9994),
+    Property<&CRegistryPlugin::GetMode, &CRegistryPlugin::SetMode>(L"mode", -9993),
 };
 static_assert(IsInOrder(kMembers));
 

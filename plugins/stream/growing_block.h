@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "tarvik/owners.h"
+#include "base/owners.h"
 
 namespace tarvik {
 

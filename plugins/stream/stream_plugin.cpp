@@ -12,24 +12,24 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CStreamPlugin> kMembers[] = {
-    Method<&CStreamPlugin::ScriptCopyTo>(-10000, L"copyTo"),
-    Method<&CStreamPlugin::ScriptSeek>(-9999, L"seek"),
-    Method<&CStreamPlugin::ScriptSetSize>(-9998, L"setSize"),
-    Method<&CStreamPlugin::GetSize>(-9997, L"getSize"),
-    ResultMethod<&CStreamPlugin::ReadUInt8>(-9996, L"readUInt8"),
-    Method<&CStreamPlugin::WriteUInt8>(-9995, L"writeUInt8"),
-    ResultMethod<&CStreamPlugin::ReadUInt16>(-9994, L"readUInt16"),
-    Method<&CStreamPlugin::WriteUInt16>(-9993, L"writeUInt16"),
-    ResultMethod<&CStreamPlugin::ReadUInt32>(-9992, L"readUInt32"),
-    Method<&CStreamPlugin::WriteUInt32>(-9991, L"writeUInt32"),
-    ResultMethod<&CStreamPlugin::ReadUInt64>(-9990, L"readUInt64"),
-    Method<&CStreamPlugin::WriteUInt64>(-9989, L"writeUInt64"),
-    ResultMethod<&CStreamPlugin::ReadString>(-9988, L"readString"),
-    Method<&CStreamPlugin::WriteString>(-9987, L"writeString"),
-    Method<&CStreamPlugin::Fill>(-9986, L"fill"),
-    Constant<CStreamPlugin, TVK::kFromBegin>(-9985, L"BEGIN"),
-    Constant<CStreamPlugin, TVK::kFromCurrent>(-9984, L"CURRENT"),
-    Constant<CStreamPlugin, TVK::kFromEnd>(-9983, L"END"),
+    Method<&CStreamPlugin::ScriptCopyTo>(L"copyTo", -10000),
+    Method<&CStreamPlugin::ScriptSeek>(L"seek", -9999),
+    Method<&CStreamPlugin::ScriptSetSize>(L"setSize", -9998),
+    Method<&CStreamPlugin::GetSize>(L"getSize", -9997),
+    ResultMethod<&CStreamPlugin::ReadUInt8>(L"readUInt8", -9996),
+    Method<&CStreamPlugin::WriteUInt8>(L"writeUInt8", -9995),
+    ResultMethod<&CStreamPlugin::ReadUInt16>(L"readUInt16", -9994),
+    Method<&CStreamPlugin::WriteUInt16>(L"writeUInt16", -9993),
+    ResultMethod<&CStreamPlugin::ReadUInt32>(L"readUInt32", -9992),
+    Method<&CStreamPlugin::WriteUInt32>(L"writeUInt32", -9991),
+    ResultMethod<&CStreamPlugin::ReadUInt64>(L"readUInt64", -9990),
+    Method<&CStreamPlugin::WriteUInt64>(L"writeUInt64", -9989),
+    ResultMethod<&CStreamPlugin::ReadString>(L"readString", -9988),
+    Method<&CStreamPlugin::WriteString>(L"writeString", -9987),
+    Method<&CStreamPlugin::Fill>(L"fill", -9986),
+    Constant<CStreamPlugin, TVK::kFromBegin>(L"BEGIN", -9985),
+    Constant<CStreamPlugin, TVK::kFromCurrent>(L"CURRENT", -9984),
+    Constant<CStreamPlugin, TVK::kFromEnd>(L"END", -9983),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -171,13 +171,13 @@ Variant CStreamPlugin::WriteString(BSTR text, std::optional<BSTR> encoding) {
 }
 
 // Overwrites content only, so the stream never grows.
-Integer CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
+int CStreamPlugin::Fill(Int64 value, std::optional<Bits32> count) {
     const uint32_t limit = CountOrAll(count);
     if (value.value > 0xFF) throw StatusError(E_INVALIDARG);
     const uint64_t filled = Available(limit == kAll ? size_ : limit);
     if (filled > 0) std::memset(block_.Data() + position_, static_cast<int>(value.value), filled);
     position_ += filled;
-    return {static_cast<LONG>(filled)};
+    return static_cast<int>(filled);
 }
 
 }  // namespace tarvik

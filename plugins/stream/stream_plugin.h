@@ -41,7 +41,7 @@ class CStreamPlugin : public TablePlugin<CStreamPlugin, As<TVK::IStream, TVK::IS
     Outcome WriteUInt64(Number value) { return WriteNumber(value.value); }
     std::optional<Bstr> ReadString(std::optional<BSTR> encoding, std::optional<Bits32> length);
     Variant WriteString(BSTR text, std::optional<BSTR> encoding);
-    Integer Fill(Int64 value, std::optional<Bits32> count);
+    int Fill(Int64 value, std::optional<Bits32> count);
 
   protected:
     void* FindInterface(REFIID iid) override;

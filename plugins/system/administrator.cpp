@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-struct SidTraits : detail::PointerTraits<PSID> {
+struct SidTraits : PointerTraits<PSID> {
     static void Close(PSID value) noexcept { FreeSid(value); }
 };
 using UniqueSid = Owner<SidTraits>;

@@ -5,10 +5,10 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CCmdArgs> kMembers[] = {
-    Method<&CCmdArgs::GetOrgArgsCount>(-9000, L"getOrgArgsCount"),
-    Method<&CCmdArgs::GetOrgArg>(-8999, L"getOrgArg"),
-    Method<&CCmdArgs::IsSwitchExist>(-8998, L"isSwitchExist"),
-    Method<&CCmdArgs::GetArgPair>(-8997, L"getArgPair"),
+    Method<&CCmdArgs::GetOrgArgsCount>(L"getOrgArgsCount", -9000),
+    Method<&CCmdArgs::GetOrgArg>(L"getOrgArg", -8999),
+    Method<&CCmdArgs::IsSwitchExist>(L"isSwitchExist", -8998),
+    Method<&CCmdArgs::GetArgPair>(L"getArgPair", -8997),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -23,8 +23,8 @@ std::span<const Member<CCmdArgs>> CCmdArgs::Members() {
     return kMembers;
 }
 
-Integer CCmdArgs::GetOrgArgsCount() {
-    return {line_.argc};
+int CCmdArgs::GetOrgArgsCount() {
+    return line_.argc;
 }
 
 std::optional<Bstr> CCmdArgs::GetOrgArg(AnyInt32 index) {

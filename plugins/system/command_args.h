@@ -17,7 +17,7 @@ class CCmdArgs : public TableDispatch<CCmdArgs> {
     explicit CCmdArgs(const wchar_t* text) : line_(text) {}
 
     // The raw arguments; the first is the program.
-    Integer GetOrgArgsCount();
+    int GetOrgArgsCount();
     std::optional<Bstr> GetOrgArg(AnyInt32 index);
     bool IsSwitchExist(BSTR name);
     std::optional<Bstr> GetArgPair(BSTR name);

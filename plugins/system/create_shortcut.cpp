@@ -27,18 +27,21 @@ std::wstring PathOnDesktop(std::wstring name, const std::wstring& target) {
 
 }  // namespace
 
-HRESULT SaveShortcut(TVK::ICore* core, const Options& options) {
+HRESULT SaveShortcut(TVK::ICore* core, const ScriptObject& options) {
     Shortcut shortcut;
     shortcut.target = PathOption(core, options, L"src");
     if (shortcut.target.empty()) return E_INVALIDARG;
-    shortcut.arguments = options.Text(L"arg").value_or(std::wstring());
+    shortcut.arguments = options.Get<std::wstring>(L"arg", {});
     std::wstring dest = PathOption(core, options, L"dest");
     shortcut.icon = PathOption(core, options, L"icon");
-    if (!shortcut.icon.empty()) shortcut.iconIndex = options.Integer(L"iconIndex").value_or(0);
+    if (!shortcut.icon.empty()) {
+        const auto index = options.Get<AnyInt32>(L"iconIndex");
+        shortcut.iconIndex = index ? index->value : 0;
+    }
 
-    const bool onDesktop = options.Flag(L"desktop");
+    const bool onDesktop = options.Get<bool>(L"desktop", false);
     if (onDesktop != dest.empty()) return E_INVALIDARG;
-    if (onDesktop) dest = PathOnDesktop(options.Text(L"destName").value_or(std::wstring()), shortcut.target);
+    if (onDesktop) dest = PathOnDesktop(options.Get<std::wstring>(L"destName", {}), shortcut.target);
     return IsUrl(shortcut.target) ? SaveUrlFile(shortcut, dest) : SaveLinkFile(shortcut, dest);
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "tarvik/options.h"
 #include "tarvik/plugin.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
 // Saves a shortcut to the option `src` at `dest`, or on the desktop under `destName`.
-HRESULT SaveShortcut(TVK::ICore* core, const Options& options);
+HRESULT SaveShortcut(TVK::ICore* core, const ScriptObject& options);
 
 }  // namespace tarvik

@@ -1,5 +1,6 @@
 #include "plugins/system/shell_execute.h"
 
+#include "base/status.h"
 #include "plugins/system/path_option.h"
 #include "tarvik/marshaled_object.h"
 #include "tarvik/owners.h"
@@ -13,7 +14,7 @@ namespace {
 // Waits for a process on a worker thread and reports its exit code. The wait cannot be cancelled.
 class ShellExitContext : public Worker {
   public:
-    ShellExitContext(IDispatch* exitCallback, const VARIANT& context, IDispatch* plugin)
+    ShellExitContext(const ScriptObject& exitCallback, const VARIANT& context, IDispatch* plugin)
         : exitCallback_(exitCallback), context_(context), plugin_(plugin) {}
 
     void SetProcess(UniqueHandle process) { process_ = std::move(process); }
@@ -23,7 +24,7 @@ class ShellExitContext : public Worker {
         if (!process_) return S_OK;
         const Variant code = Variant::UI4(WaitForExit());
         process_.Reset();
-        return CallScriptFunction(exitCallback_.Get(), {&code, &context_.Get()});
+        return CallScriptFunction(exitCallback_.Get().AsDispatch(), {&code, &context_.Get()});
     }
 
   private:
@@ -41,21 +42,21 @@ class ShellExitContext : public Worker {
 
 }  // namespace
 
-HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, const Options& options) {
+HRESULT ExecuteByShell(SystemCalls& calls, TVK::ICore* core, IDispatch* plugin, const ScriptObject& options) {
     const std::wstring path = PathOption(core, options, L"path");
     if (path.empty()) return E_INVALIDARG;
     const std::wstring folder = PathOption(core, options, L"workDir");
-    const std::wstring parameters = options.Text(L"args").value_or(std::wstring());
-    const bool elevate = options.Flag(L"requestAdmin");
-    const ComPtr<IDispatch> exitCallback = options.Function(L"exitCallback");
-    const Variant context = options.Value(L"context");
+    const std::wstring parameters = options.Get<std::wstring>(L"args", {});
+    const bool elevate = options.Get<bool>(L"requestAdmin", false);
+    const ScriptObject exitCallback = options.Function(L"exitCallback");
+    const Variant context = options.Get(L"context");
 
     const wchar_t* const verb = elevate && !calls.IsAdministrator() ? L"runas" : nullptr;
     if (!exitCallback) {
         return calls.Open(verb, path.c_str(), parameters.c_str(), folder.c_str()) ? E_FAIL : S_OK;
     }
     // Created first, so that no process starts whose exit cannot be reported.
-    auto wait = std::make_unique<ShellExitContext>(exitCallback.Get(), context, plugin);
+    auto wait = std::make_unique<ShellExitContext>(exitCallback, context, plugin);
     SHELLEXECUTEINFOW info = {};
     info.cbSize = sizeof info;
     info.fMask = SEE_MASK_NOCLOSEPROCESS;

@@ -67,7 +67,7 @@ ComPtr<IDispatch> ReadLinkFile(const std::wstring& path) {
     const ScriptObject parsed(MakeCom<CObject>().Get());
     parsed.Set(L"path", target);
     parsed.Set(L"args", arguments);
-    return ComPtr<IDispatch>(parsed.Get());
+    return ComPtr<IDispatch>(parsed.AsDispatch());
 }
 
 }  // namespace tarvik

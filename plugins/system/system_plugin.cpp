@@ -15,29 +15,29 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CSystemPlugin> kMembers[] = {
-    Method<&CSystemPlugin::EndSession<EWX_REBOOT>>(-10000, L"reboot"),
-    Method<&CSystemPlugin::EndSession<EWX_POWEROFF>>(-9999, L"shutdown"),
-    Method<&CSystemPlugin::Suspend<true>>(-9998, L"hiberhates"),
-    Method<&CSystemPlugin::Suspend<false>>(-9997, L"suspended"),
-    Method<&CSystemPlugin::CloseMonitor>(-9996, L"closeMonitor"),
-    Method<&CSystemPlugin::LockWorkStation>(-9995, L"lockWorkStation"),
-    Method<&CSystemPlugin::Abort>(-9994, L"abort"),
-    Method<&CSystemPlugin::ShellExecute>(-9993, L"shellExecute"),
-    Method<&CSystemPlugin::CreateShortcut>(-9992, L"createShortcut"),
-    Method<&CSystemPlugin::ParseShortcut>(-9991, L"parseShortcut"),
-    Method<&CSystemPlugin::GetEnvirVar>(-9990, L"getEnvirVar"),
-    Method<&CSystemPlugin::ExpandEnvirPath>(-9989, L"expandEnvirPath"),
-    Method<&CSystemPlugin::PinToTaskbar>(-9988, L"pinToTaskbar"),
-    Method<&CSystemPlugin::UnpinFromTaskbar>(-9987, L"unpinFromTaskbar"),
-    Method<&CSystemPlugin::RegisterDll>(-9986, L"registerDll"),
-    Method<&CSystemPlugin::UnregisterDll>(-9985, L"unregisterDll"),
+    Method<&CSystemPlugin::EndSession<EWX_REBOOT>>(L"reboot", -10000),
+    Method<&CSystemPlugin::EndSession<EWX_POWEROFF>>(L"shutdown", -9999),
+    Method<&CSystemPlugin::Suspend<true>>(L"hiberhates", -9998),
+    Method<&CSystemPlugin::Suspend<false>>(L"suspended", -9997),
+    Method<&CSystemPlugin::CloseMonitor>(L"closeMonitor", -9996),
+    Method<&CSystemPlugin::LockWorkStation>(L"lockWorkStation", -9995),
+    Method<&CSystemPlugin::Abort>(L"abort", -9994),
+    Method<&CSystemPlugin::ShellExecute>(L"shellExecute", -9993),
+    Method<&CSystemPlugin::CreateShortcut>(L"createShortcut", -9992),
+    Method<&CSystemPlugin::ParseShortcut>(L"parseShortcut", -9991),
+    Method<&CSystemPlugin::GetEnvirVar>(L"getEnvirVar", -9990),
+    Method<&CSystemPlugin::ExpandEnvirPath>(L"expandEnvirPath", -9989),
+    Method<&CSystemPlugin::PinToTaskbar>(L"pinToTaskbar", -9988),
+    Method<&CSystemPlugin::UnpinFromTaskbar>(L"unpinFromTaskbar", -9987),
+    Method<&CSystemPlugin::RegisterDll>(L"registerDll", -9986),
+    Method<&CSystemPlugin::UnregisterDll>(L"unregisterDll", -9985),
 
-    Property<&CSystemPlugin::GetAdministrator, &CSystemPlugin::SetAdministrator>(-9984, L"administrator"),
-    ReadOnly<&CSystemPlugin::GetCmdArgs>(-9983, L"cmdArgs"),
-    ReadOnly<&CSystemPlugin::GetSystemLanguage>(-9982, L"systemLanguage"),
-    ReadOnly<&CSystemPlugin::GetUserLanguage>(-9981, L"userLanguage"),
-    ReadOnly<&CSystemPlugin::IsX64Process>(-9980, L"isX64Process"),
-    ReadOnly<&CSystemPlugin::IsX64System>(-9979, L"isX64System"),
+    Property<&CSystemPlugin::GetAdministrator, &CSystemPlugin::SetAdministrator>(L"administrator", -9984),
+    ReadOnly<&CSystemPlugin::GetCmdArgs>(L"cmdArgs", -9983),
+    ReadOnly<&CSystemPlugin::GetSystemLanguage>(L"systemLanguage", -9982),
+    ReadOnly<&CSystemPlugin::GetUserLanguage>(L"userLanguage", -9981),
+    ReadOnly<&CSystemPlugin::IsX64Process>(L"isX64Process", -9980),
+    ReadOnly<&CSystemPlugin::IsX64System>(L"isX64System", -9979),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -86,12 +86,12 @@ HRESULT CSystemPlugin::Abort(const Call&) {
 
 Outcome CSystemPlugin::ShellExecute(IDispatch* options) {
     if (!options) return {E_FAIL};
-    return {Guard([&] { return ExecuteByShell(calls_, core_.Get(), this, Options(options)); })};
+    return {Guard([&] { return ExecuteByShell(calls_, core_.Get(), this, options); })};
 }
 
 Outcome CSystemPlugin::CreateShortcut(IDispatch* options) {
     if (!options) return {E_FAIL};
-    return {Guard([&] { return SaveShortcut(core_.Get(), Options(options)); })};
+    return {Guard([&] { return SaveShortcut(core_.Get(), options); })};
 }
 
 Variant CSystemPlugin::ParseShortcut(BSTR path) {

@@ -7,12 +7,12 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CTrayPlugin> kMembers[] = {
-    Method<&CTrayPlugin::AddTray>(-10000, L"addTray"),
-    Method<&CTrayPlugin::Show>(-9999, L"show"),
-    Method<&CTrayPlugin::Hide>(-9998, L"hide"),
-    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kClick>>(-9997, L"onClick"),
-    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kDoubleClick>>(-9996, L"onDbClick"),
-    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kRightClick>>(-9995, L"onRClick"),
+    Method<&CTrayPlugin::AddTray>(L"addTray", -10000),
+    Method<&CTrayPlugin::Show>(L"show", -9999),
+    Method<&CTrayPlugin::Hide>(L"hide", -9998),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kClick>>(L"onClick", -9997),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kDoubleClick>>(L"onDbClick", -9996),
+    WriteOnly<&CTrayPlugin::SetCallback<TrayEvent::kRightClick>>(L"onRClick", -9995),
 };
 static_assert(IsInOrder(kMembers));
 

@@ -10,8 +10,8 @@ HWND DialogOwner(HWND window) {
     return window ? window : GetActiveWindow();
 }
 
-std::wstring InitialFolder(TVK::ICore* core, const Options& options) {
-    const std::wstring folder = options.Text(L"initDir").value_or(std::wstring());
+std::wstring InitialFolder(TVK::ICore* core, const ScriptObject& options) {
+    const std::wstring folder = options.Get<std::wstring>(L"initDir", {});
     if (folder.empty() || PathIsURLW(folder.c_str())) return folder;
     return ResolveUrl(core, folder);
 }

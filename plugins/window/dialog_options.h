@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "tarvik/options.h"
 #include "tarvik/plugin.h"
+#include "tarvik/script_object.h"
 
 // Options that the dialogs for files and folders share.
 namespace tarvik {
@@ -14,6 +14,6 @@ namespace tarvik {
 HWND DialogOwner(HWND window);
 
 // The option initDir, resolved against the page; a URL stays unchanged. Empty if absent.
-std::wstring InitialFolder(TVK::ICore* core, const Options& options);
+std::wstring InitialFolder(TVK::ICore* core, const ScriptObject& options);
 
 }  // namespace tarvik

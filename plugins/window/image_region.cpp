@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "base/owners.h"
+
 namespace tarvik {
 
 namespace {

@@ -35,22 +35,22 @@ UINT BitsOf(std::span<const Style> styles, const std::wstring& name, UINT fallba
     return fallback;
 }
 
-UINT StyleOf(const Options& options) {
-    const UINT buttons = BitsOf(kButtonSets, options.Text(L"type").value_or(std::wstring()), MB_OK);
+UINT StyleOf(const ScriptObject& options) {
+    const UINT buttons = BitsOf(kButtonSets, options.Get<std::wstring>(L"type", {}), MB_OK);
     const UINT icon = buttons == MB_YESNO ? MB_ICONQUESTION : MB_ICONINFORMATION;
-    return buttons | BitsOf(kIcons, options.Text(L"icon").value_or(std::wstring()), icon);
+    return buttons | BitsOf(kIcons, options.Get<std::wstring>(L"icon", {}), icon);
 }
 
 }  // namespace
 
-bool ShowMessageBox(HWND owner, const Options& options) {
-    const std::wstring caption = options.Text(L"caption").value_or(std::wstring());
-    const std::wstring text = options.Text(L"text").value_or(std::wstring());
+bool ShowMessageBox(HWND owner, const ScriptObject& options) {
+    const std::wstring caption = options.Get<std::wstring>(L"caption", {});
+    const std::wstring text = options.Get<std::wstring>(L"text", {});
     const UINT style = StyleOf(options);
     // Read before the box opens: scripts may change the options while it is open.
     std::array<ComPtr<IDispatch>, std::size(kButtons)> callbacks;
     for (size_t i = 0; i < callbacks.size(); ++i)
-        callbacks[i].Swap(options.Object(kButtons[i].callback));
+        callbacks[i] = ObjectIn(options.Get(kButtons[i].callback));
     const int button = MessageBoxW(owner, text.c_str(), caption.c_str(), style);
     for (size_t i = 0; i < callbacks.size(); ++i) {
         if (kButtons[i].button == button) CallScriptFunction(callbacks[i].Get());

@@ -7,10 +7,10 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CMsgDispatch> kMembers[] = {
-    Method<&CMsgDispatch::RegisterMsg>(-9956, L"registerMsg"),
-    Method<&CMsgDispatch::UnregisterMsg>(-9955, L"unregisterMsg"),
-    Method<&CMsgDispatch::SendMsg>(-9954, L"sendMsg"),
-    Property<&CMsgDispatch::GetUniqueId, &CMsgDispatch::SetUniqueId>(-9953, L"uniqueID"),
+    Method<&CMsgDispatch::RegisterMsg>(L"registerMsg", -9956),
+    Method<&CMsgDispatch::UnregisterMsg>(L"unregisterMsg", -9955),
+    Method<&CMsgDispatch::SendMsg>(L"sendMsg", -9954),
+    Property<&CMsgDispatch::GetUniqueId, &CMsgDispatch::SetUniqueId>(L"uniqueID", -9953),
 };
 static_assert(IsInOrder(kMembers));
 

@@ -15,14 +15,14 @@ namespace tarvik {
 namespace {
 
 struct FileOptions {
-    FileOptions(TVK::ICore* core, const Options& options)
-        : title(options.Text(L"title").value_or(std::wstring())),
-          filter(options.Text(L"filter").value_or(std::wstring())),
+    FileOptions(TVK::ICore* core, const ScriptObject& options)
+        : title(options.Get<std::wstring>(L"title", {})),
+          filter(options.Get<std::wstring>(L"filter", {})),
           folder(InitialFolder(core, options)),
-          multi(options.Flag(L"multi")),
-          fileMustExist(options.Flag(L"fileMustExist")),
-          overwritePrompt(options.Flag(L"overwritePrompt")),
-          saveMode(options.Flag(L"saveMode")) {
+          multi(options.Get<bool>(L"multi", false)),
+          fileMustExist(options.Get<bool>(L"fileMustExist", false)),
+          overwritePrompt(options.Get<bool>(L"overwritePrompt", false)),
+          saveMode(options.Get<bool>(L"saveMode", false)) {
         // Pairs of a description and a pattern. Two NULs terminate the list even if it lacks its end or half
         // of its last pair.
         if (!filter.empty()) filter.append(2, L'\0');
@@ -60,7 +60,7 @@ const wchar_t* TextOrNull(const std::wstring& text, const FileOptions& options) 
 
 }  // namespace
 
-Variant ShowFileDialog(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const Options& given) {
+Variant ShowFileDialog(HWND owner, TVK::ICore* core, IWebBrowser2* browser, const ScriptObject& given) {
     constexpr size_t kTitleLength = 256;
     const FileOptions options(core, given);
     NameBuffer names;

@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "base/owners.h"
 #include "base/path.h"
 #include "plugins/window/dialog_options.h"
-#include "tarvik/owners.h"
 
 namespace tarvik {
 
@@ -22,8 +22,8 @@ int CALLBACK OnBrowse(HWND dialog, UINT message, LPARAM, LPARAM data) {
 
 }  // namespace
 
-Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const Options& options) {
-    const std::wstring title = options.Text(L"title").value_or(std::wstring());
+Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const ScriptObject& options) {
+    const std::wstring title = options.Get<std::wstring>(L"title", {});
     const std::wstring folder = InitialFolder(core, options);
     wchar_t name[kPathLength] = {};
     BROWSEINFOW browse = {};
@@ -31,7 +31,7 @@ Variant ShowFolderDialog(HWND owner, TVK::ICore* core, const Options& options) {
     browse.pszDisplayName = name;
     browse.lpszTitle = title.c_str();
     browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
-    if (!options.Flag(L"newFolderButton")) browse.ulFlags |= BIF_NONEWFOLDERBUTTON;
+    if (!options.Get<bool>(L"newFolderButton", false)) browse.ulFlags |= BIF_NONEWFOLDERBUTTON;
     browse.lpfn = OnBrowse;
     browse.lParam = reinterpret_cast<LPARAM>(folder.c_str());
     const UniqueItemList chosen(SHBrowseForFolderW(&browse));

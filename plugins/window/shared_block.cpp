@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cwchar>
 
+#include "base/owners.h"
 #include "plugins/window/block_text.h"
 
 namespace tarvik {

@@ -16,52 +16,52 @@ namespace tarvik {
 namespace {
 
 constexpr Member<CWindowPlugin> kMembers[] = {
-    Method<&CWindowPlugin::Show>(-10000, L"show"),
-    Method<&CWindowPlugin::Close>(-9999, L"close"),
-    Method<&CWindowPlugin::Quit>(-9998, L"quit"),
-    Method<&CWindowPlugin::Minimize>(-9997, L"minimize"),
-    Method<&CWindowPlugin::CenterWindow>(-9996, L"centerWindow"),
-    Method<&CWindowPlugin::SetTaskbarProgress>(-9995, L"setTaskbarProgress"),
-    Method<&CWindowPlugin::SetTaskbarProgressState>(-9994, L"setTaskbarProgressState"),
-    Method<&CWindowPlugin::IsSupportTaskbarProgress>(-9993, L"isSupportTaskbarProgress"),
-    RawMethod<&CWindowPlugin::SelectFile, 0, 1>(-9992, L"selectFile"),
-    RawMethod<&CWindowPlugin::SelectFolder, 0, 1>(-9991, L"selectFolder"),
-    Method<&CWindowPlugin::IsUniqueWindow>(-9990, L"isUniqueWindow"),
-    Method<&CWindowPlugin::ShowExistedWindow>(-9989, L"showExistedWindow"),
-    Method<&CWindowPlugin::MessageBox>(-9988, L"messageBox"),
-    Method<&CWindowPlugin::IsVisible>(-9987, L"isVisible"),
-    Method<&CWindowPlugin::IsForeWindow>(-9986, L"isForeWindow"),
-    Method<&CWindowPlugin::SetPosition>(-9985, L"setWindowPos"),
+    Method<&CWindowPlugin::Show>(L"show", -10000),
+    Method<&CWindowPlugin::Close>(L"close", -9999),
+    Method<&CWindowPlugin::Quit>(L"quit", -9998),
+    Method<&CWindowPlugin::Minimize>(L"minimize", -9997),
+    Method<&CWindowPlugin::CenterWindow>(L"centerWindow", -9996),
+    Method<&CWindowPlugin::SetTaskbarProgress>(L"setTaskbarProgress", -9995),
+    Method<&CWindowPlugin::SetTaskbarProgressState>(L"setTaskbarProgressState", -9994),
+    Method<&CWindowPlugin::IsSupportTaskbarProgress>(L"isSupportTaskbarProgress", -9993),
+    RawMethod<&CWindowPlugin::SelectFile, 0, 1>(L"selectFile", -9992),
+    RawMethod<&CWindowPlugin::SelectFolder, 0, 1>(L"selectFolder", -9991),
+    Method<&CWindowPlugin::IsUniqueWindow>(L"isUniqueWindow", -9990),
+    Method<&CWindowPlugin::ShowExistedWindow>(L"showExistedWindow", -9989),
+    Method<&CWindowPlugin::MessageBox>(L"messageBox", -9988),
+    Method<&CWindowPlugin::IsVisible>(L"isVisible", -9987),
+    Method<&CWindowPlugin::IsForeWindow>(L"isForeWindow", -9986),
+    Method<&CWindowPlugin::SetPosition>(L"setWindowPos", -9985),
 
-    Property<&CWindowPlugin::GetWidth, &CWindowPlugin::SetWidth>(-9984, L"width"),
-    Property<&CWindowPlugin::GetHeight, &CWindowPlugin::SetHeight>(-9983, L"height"),
-    Property<&CWindowPlugin::GetLeft, &CWindowPlugin::SetLeft>(-9982, L"left"),
-    Property<&CWindowPlugin::GetTop, &CWindowPlugin::SetTop>(-9981, L"top"),
-    ReadOnly<&CWindowPlugin::GetWorkAreaWidth>(-9980, L"workAreaWidth"),
-    ReadOnly<&CWindowPlugin::GetWorkAreaHeight>(-9979, L"workAreaHeight"),
-    Property<&CWindowPlugin::GetTitle, &CWindowPlugin::SetTitle>(-9978, L"title"),
-    WriteOnly<&CWindowPlugin::SetStyle<WS_MINIMIZEBOX>>(-9977, L"minimizeBox"),
-    WriteOnly<&CWindowPlugin::SetStyle<WS_MAXIMIZEBOX>>(-9976, L"maximizeBox"),
-    WriteOnly<&CWindowPlugin::SetStyle<WS_SYSMENU>>(-9975, L"sysMenu"),
-    WriteOnly<&CWindowPlugin::SetCaption>(-9974, L"caption"),
-    WriteOnly<&CWindowPlugin::SetTopMost>(-9973, L"topMost"),
-    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minWidth>>(-9972, L"minWidth"),
-    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minHeight>>(-9971, L"minHeight"),
-    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxWidth>>(-9970, L"maxWidth"),
-    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxHeight>>(-9969, L"maxHeight"),
-    WriteOnly<&CWindowPlugin::SetResizable>(-9968, L"resize"),
-    WriteOnly<&CWindowPlugin::ShapeImage>(-9967, L"shapeImage"),
-    Property<&CWindowPlugin::GetMenu, &CWindowPlugin::SetMenu>(-9966, L"menu"),
-    ReadOnly<&CWindowPlugin::GetMsg>(-9965, L"msg"),
+    Property<&CWindowPlugin::GetWidth, &CWindowPlugin::SetWidth>(L"width", -9984),
+    Property<&CWindowPlugin::GetHeight, &CWindowPlugin::SetHeight>(L"height", -9983),
+    Property<&CWindowPlugin::GetLeft, &CWindowPlugin::SetLeft>(L"left", -9982),
+    Property<&CWindowPlugin::GetTop, &CWindowPlugin::SetTop>(L"top", -9981),
+    ReadOnly<&CWindowPlugin::GetWorkAreaWidth>(L"workAreaWidth", -9980),
+    ReadOnly<&CWindowPlugin::GetWorkAreaHeight>(L"workAreaHeight", -9979),
+    Property<&CWindowPlugin::GetTitle, &CWindowPlugin::SetTitle>(L"title", -9978),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_MINIMIZEBOX>>(L"minimizeBox", -9977),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_MAXIMIZEBOX>>(L"maximizeBox", -9976),
+    WriteOnly<&CWindowPlugin::SetStyle<WS_SYSMENU>>(L"sysMenu", -9975),
+    WriteOnly<&CWindowPlugin::SetCaption>(L"caption", -9974),
+    WriteOnly<&CWindowPlugin::SetTopMost>(L"topMost", -9973),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minWidth>>(L"minWidth", -9972),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::minHeight>>(L"minHeight", -9971),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxWidth>>(L"maxWidth", -9970),
+    WriteOnly<&CWindowPlugin::SetLimit<&TrackLimits::maxHeight>>(L"maxHeight", -9969),
+    WriteOnly<&CWindowPlugin::SetResizable>(L"resize", -9968),
+    WriteOnly<&CWindowPlugin::ShapeImage>(L"shapeImage", -9967),
+    Property<&CWindowPlugin::GetMenu, &CWindowPlugin::SetMenu>(L"menu", -9966),
+    ReadOnly<&CWindowPlugin::GetMsg>(L"msg", -9965),
 
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClosed>>(-9964, L"onClosed"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClose>>(-9963, L"onClose"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMinimize>>(-9962, L"onMinimize"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMaximize>>(-9961, L"onMaximize"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kRestore>>(-9960, L"onRestore"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kActivate>>(-9959, L"onActivate"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kInactivate>>(-9958, L"onInactivate"),
-    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kShutdown>>(-9957, L"onShutdown"),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClosed>>(L"onClosed", -9964),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kClose>>(L"onClose", -9963),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMinimize>>(L"onMinimize", -9962),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kMaximize>>(L"onMaximize", -9961),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kRestore>>(L"onRestore", -9960),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kActivate>>(L"onActivate", -9959),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kInactivate>>(L"onInactivate", -9958),
+    WriteOnly<&CWindowPlugin::SetCallback<WindowEvent::kShutdown>>(L"onShutdown", -9957),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -95,7 +95,7 @@ HRESULT ReturnDialogResult(const Call& call, const char* label, ShowDialog&& sho
         return S_OK;
     }
     SetResult(call.Result(), Variant::Null());
-    return SetResult(call.Result(), showDialog(Options(options)));
+    return SetResult(call.Result(), showDialog(options));
 }
 
 }  // namespace
@@ -203,19 +203,19 @@ bool CWindowPlugin::IsSupportTaskbarProgress() {
 }
 
 HRESULT CWindowPlugin::SelectFile(const Call& call) {
-    return ReturnDialogResult(call, "CWindowPlugin::SelectFile", [this](const Options& options) {
+    return ReturnDialogResult(call, "CWindowPlugin::SelectFile", [this](const ScriptObject& options) {
         return ShowFileDialog(window_, core_.Get(), browser_.Get(), options);
     });
 }
 
 HRESULT CWindowPlugin::SelectFolder(const Call& call) {
-    return ReturnDialogResult(call, "CWindowPlugin::SelectFolder", [this](const Options& options) {
+    return ReturnDialogResult(call, "CWindowPlugin::SelectFolder", [this](const ScriptObject& options) {
         return ShowFolderDialog(window_, core_.Get(), options);
     });
 }
 
 bool CWindowPlugin::MessageBox(IDispatch* options) {
-    return options && ShowMessageBox(window_, Options(options));
+    return options && ShowMessageBox(window_, options);
 }
 
 bool CWindowPlugin::IsUniqueWindow(BSTR name) {
@@ -259,50 +259,50 @@ bool CWindowPlugin::Move(LONG left, LONG top) {
     return SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER) != FALSE;
 }
 
-Integer CWindowPlugin::GetWidth() {
+int CWindowPlugin::GetWidth() {
     const RECT rect = Rectangle();
-    return {rect.right - rect.left};
+    return rect.right - rect.left;
 }
 
 bool CWindowPlugin::SetWidth(CoercedInt width) {
     if (width.value == 0) throw StatusError(E_INVALIDARG);
-    return Resize(width.value, GetHeight().value);
+    return Resize(width.value, GetHeight());
 }
 
-Integer CWindowPlugin::GetHeight() {
+int CWindowPlugin::GetHeight() {
     const RECT rect = Rectangle();
-    return {rect.bottom - rect.top};
+    return rect.bottom - rect.top;
 }
 
 bool CWindowPlugin::SetHeight(CoercedInt height) {
     if (height.value == 0) throw StatusError(E_INVALIDARG);
-    return Resize(GetWidth().value, height.value);
+    return Resize(GetWidth(), height.value);
 }
 
-Integer CWindowPlugin::GetLeft() {
-    return {Rectangle().left};
+int CWindowPlugin::GetLeft() {
+    return Rectangle().left;
 }
 
 bool CWindowPlugin::SetLeft(CoercedInt left) {
-    return Move(left.value, GetTop().value);
+    return Move(left.value, GetTop());
 }
 
-Integer CWindowPlugin::GetTop() {
-    return {Rectangle().top};
+int CWindowPlugin::GetTop() {
+    return Rectangle().top;
 }
 
 bool CWindowPlugin::SetTop(CoercedInt top) {
-    return Move(GetLeft().value, top.value);
+    return Move(GetLeft(), top.value);
 }
 
-Integer CWindowPlugin::GetWorkAreaWidth() {
+int CWindowPlugin::GetWorkAreaWidth() {
     const RECT area = WorkArea();
-    return {area.right - area.left};
+    return area.right - area.left;
 }
 
-Integer CWindowPlugin::GetWorkAreaHeight() {
+int CWindowPlugin::GetWorkAreaHeight() {
     const RECT area = WorkArea();
-    return {area.bottom - area.top};
+    return area.bottom - area.top;
 }
 
 Bstr CWindowPlugin::GetTitle() {
@@ -321,7 +321,7 @@ ComPtr<IDispatch> CWindowPlugin::GetMenu() {
 }
 
 // By design, ignores an object that is not a menu.
-HRESULT CWindowPlugin::SetMenu(ComPtr<IDispatch> object) {
+HRESULT CWindowPlugin::SetMenu(const ComPtr<IDispatch>& object) {
     if (auto menu = Query<TVK::IMenu>(object.Get())) main_.SetMenu(std::move(menu));
     return S_OK;
 }

@@ -45,20 +45,20 @@ class CWindowPlugin : public TablePlugin<CWindowPlugin> {
     bool IsForeWindow();
     bool SetPosition(CoercedInt x, CoercedInt y, CoercedInt width, CoercedInt height);
 
-    Integer GetWidth();
+    int GetWidth();
     bool SetWidth(CoercedInt width);
-    Integer GetHeight();
+    int GetHeight();
     bool SetHeight(CoercedInt height);
-    Integer GetLeft();
+    int GetLeft();
     bool SetLeft(CoercedInt left);
-    Integer GetTop();
+    int GetTop();
     bool SetTop(CoercedInt top);
-    Integer GetWorkAreaWidth();
-    Integer GetWorkAreaHeight();
+    int GetWorkAreaWidth();
+    int GetWorkAreaHeight();
     Bstr GetTitle();
     HRESULT SetTitle(BSTR title);
     ComPtr<IDispatch> GetMenu();
-    HRESULT SetMenu(ComPtr<IDispatch> menu);
+    HRESULT SetMenu(const ComPtr<IDispatch>& menu);
     ComPtr<IDispatch> GetMsg();
 
     template <DWORD kBits>

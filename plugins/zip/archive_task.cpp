@@ -11,7 +11,7 @@ CZipPlugin& ArchiveTask::Plugin() const {
 const VARIANT& ArchiveTask::Context() {
     const VARIANT& marshaled = AsyncTask::Context();
     if (marshaled.vt == VT_DISPATCH) return marshaled;
-    if (!plainContext_) plainContext_ = Given().Value(L"context");
+    if (!plainContext_) plainContext_ = Given().Get(L"context");
     return *plainContext_;
 }
 

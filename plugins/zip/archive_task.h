@@ -11,12 +11,12 @@ namespace tarvik {
 // other options from the script object itself, so scripts may change them after the call.
 class ArchiveTask : public AsyncTask {
   public:
-    ArchiveTask(IDispatch* plugin, const Options& options)
-        : AsyncTask(options), plugin_(plugin), options_(options.Given()) {}
+    ArchiveTask(IDispatch* plugin, const ScriptObject& options)
+        : AsyncTask(options), plugin_(plugin), options_(options) {}
 
   protected:
     CZipPlugin& Plugin() const;
-    Options Given() { return Options(options_.Get()); }
+    const ScriptObject& Given() { return options_.Get(); }
     const VARIANT& Context() override;
 
   private:

@@ -14,11 +14,11 @@ class UnzipTask : public ArchiveTask {
 
   protected:
     ExtractOptions ReadOptions() {
-        const Options given = Given();
-        const auto dest = given.Text(L"dest");
+        const ScriptObject& given = Given();
+        const auto dest = given.Get<std::wstring>(L"dest");
         if (!dest || dest->empty()) throw StatusError(E_INVALIDARG);
         // SHCreateDirectory needs an absolute path, and the current folder may change meanwhile.
-        return {FullPath(*dest), given.Flag(L"overWrite"), Progress(), &Context()};
+        return {FullPath(*dest), given.Get<bool>(L"overWrite", false), Progress().AsDispatch(), &Context()};
     }
 };
 
@@ -29,15 +29,16 @@ class UnzipFileTask : public UnzipTask {
 
   private:
     HRESULT Work() override {
-        const Options given = Given();
+        const ScriptObject& given = Given();
         const ExtractOptions options = ReadOptions();
-        const auto index = static_cast<ULONG>(given.Integer(L"index").value_or(0));
-        Plugin().ExtractFile(given.Text(L"src").value_or(std::wstring()), index, options);
+        const auto index = given.Get<AnyInt32>(L"index");
+        Plugin().ExtractFile(given.Get<std::wstring>(L"src", {}),
+                             static_cast<ULONG>(index ? index->value : 0), options);
         return S_OK;
     }
     void Fail(HRESULT status) override {
         const Variant code = Variant::I4(status);
-        CallScriptFunction(Failure(), {&Context(), &code});
+        CallScriptFunction(Failure().AsDispatch(), {&Context(), &code});
     }
 };
 
@@ -71,13 +72,13 @@ class UnzipMemoryTask : public UnzipTask {
     void Fail(HRESULT status) override {
         const Variant none = Variant::Object(nullptr);
         const Variant code = Variant::I4(status);
-        CallScriptFunction(Failure(), {&none, &Context(), &code});
+        CallScriptFunction(Failure().AsDispatch(), {&none, &Context(), &code});
     }
 
-    static Bytes ReadSource(const Options& given) {
+    static Bytes ReadSource(const ScriptObject& given) {
         // By contract the eight data bytes of a value of any type are the address.
-        const Variant buffer = given.Value(L"buffer");
-        Variant length = given.Value(L"length");
+        const Variant buffer = given.Get(L"buffer");
+        Variant length = given.Get(L"length");
         if (buffer.Is(VT_EMPTY) || length.Is(VT_EMPTY) || !length.ChangeType(VT_UI4))
             throw StatusError(E_INVALIDARG);
         const Bytes bytes(static_cast<const std::uint8_t*>(buffer.byref), length.ulVal);
@@ -88,9 +89,9 @@ class UnzipMemoryTask : public UnzipTask {
 
 }  // namespace
 
-HRESULT StartUnzip(IDispatch* plugin, const Options& options) {
+HRESULT StartUnzip(IDispatch* plugin, const ScriptObject& options) {
     // A `src` of any type selects the file.
-    if (options.Value(L"src").Is(VT_EMPTY))
+    if (options.Get(L"src").Is(VT_EMPTY))
         return StartWorker(std::make_unique<UnzipMemoryTask>(plugin, options));
     return StartWorker(std::make_unique<UnzipFileTask>(plugin, options));
 }

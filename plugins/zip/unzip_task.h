@@ -3,11 +3,11 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "tarvik/options.h"
+#include "tarvik/script_object.h"
 
 namespace tarvik {
 
 // Starts `unzip`, which reports through its functions. A failure to start is returned or thrown.
-HRESULT StartUnzip(IDispatch* plugin, const Options& options);
+HRESULT StartUnzip(IDispatch* plugin, const ScriptObject& options);
 
 }  // namespace tarvik

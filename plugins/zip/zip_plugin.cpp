@@ -10,8 +10,8 @@ namespace {
 [[maybe_unused]] const bool registered = RegisterBuiltIn<CZipPlugin>(L"minizip", TVK::kTransientPlugin);
 
 constexpr Member<CZipPlugin> kMembers[] = {
-    Method<&CZipPlugin::Unzip>(-6999, L"unzip"),
-    Method<&CZipPlugin::Zip>(-6998, L"zip"),
+    Method<&CZipPlugin::Unzip>(L"unzip", -6999),
+    Method<&CZipPlugin::Zip>(L"zip", -6998),
 };
 static_assert(IsInOrder(kMembers));
 
@@ -32,7 +32,7 @@ HRESULT CZipPlugin::Zip(const Call& call) {
 HRESULT CZipPlugin::Start(StartFunction start, const Call& call) {
     IDispatch* options = nullptr;
     if (call.Count() == 0 || !FromVariant(call.At(0), options) || !options) return E_INVALIDARG;
-    return start(this, Options(options));
+    return start(this, options);
 }
 
 }  // namespace tarvik

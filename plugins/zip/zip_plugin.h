@@ -6,7 +6,7 @@
 #include "archive/archive_finder.h"
 #include "host/plugin_registry/plugin_base.h"
 #include "plugins/zip/context.h"
-#include "tarvik/options.h"
+#include "tarvik/script_object.h"
 #include "tarvik/stream.h"
 
 namespace tarvik {
@@ -46,7 +46,7 @@ class CZipPlugin : public SmallPlugin<CZipPlugin, SmallRules, As<IContextImpl<CZ
     HRESULT Zip(const Call& call);
 
   private:
-    using StartFunction = HRESULT (*)(IDispatch* plugin, const Options& options);
+    using StartFunction = HRESULT (*)(IDispatch* plugin, const ScriptObject& options);
     HRESULT Start(StartFunction start, const Call& call);
 };
 

@@ -8,44 +8,43 @@ namespace {
 
 class ZipTask : public ArchiveTask {
   public:
-    ZipTask(IDispatch* plugin, const Options& options)
+    ZipTask(IDispatch* plugin, const ScriptObject& options)
         : ArchiveTask(plugin, options),
-          sourceArray_(options.Object(L"src").Get()),
-          stream_(Query<TVK::IStream>(options.Object(L"dest").Get())) {}
+          sourceArray_(ObjectIn(options.Get(L"src")).Get()),
+          stream_(Query<TVK::IStream>(ObjectIn(options.Get(L"dest")).Get())) {}
 
   private:
     HRESULT Work() override {
-        const Options given = Given();
-        const auto dest = given.Text(L"dest");
+        const ScriptObject& given = Given();
+        const auto dest = given.Get<std::wstring>(L"dest");
         if (!stream_ && !dest) throw StatusError(E_FAIL);
         CreateOptions options;
         options.sources = ReadSources(given);
         options.dest = dest.value_or(std::wstring());
         options.stream = stream_.Get();
-        options.overWrite = given.Flag(L"overWrite");
-        options.progress = Progress();
+        options.overWrite = given.Get<bool>(L"overWrite", false);
+        options.progress = Progress().AsDispatch();
         options.context = &Context();
         Plugin().CreateArchive(options);
         return S_OK;
     }
 
-    std::vector<std::wstring> ReadSources(const Options& given) {
-        if (IDispatch* array = sourceArray_.Get()) return ReadArray(Options(array));
-        return {Path(given, L"src")};
+    std::vector<std::wstring> ReadSources(const ScriptObject& given) {
+        if (const ScriptObject& array = sourceArray_.Get()) return ReadArray(array);
+        return {PathIn(given.Get<std::wstring>(L"src"))};
     }
 
-    static std::vector<std::wstring> ReadArray(const Options& array) {
+    static std::vector<std::wstring> ReadArray(const ScriptObject& array) {
         UInt64 count;
-        const Variant length = array.Value(L"length");
+        const Variant length = array.Get(L"length");
         if (length.Is(VT_EMPTY) || !FromVariant(length, count)) throw StatusError(E_FAIL);
         std::vector<std::wstring> paths;
         for (ULONGLONG i = 0; i < count.value; ++i)
-            paths.push_back(Path(array, std::to_wstring(i).c_str()));
+            paths.push_back(PathIn(array.At<std::wstring>(i)));
         return paths;
     }
 
-    static std::wstring Path(const Options& from, const wchar_t* name) {
-        auto path = from.Text(name);
+    static std::wstring PathIn(std::optional<std::wstring> path) {
         if (!path) throw StatusError(E_FAIL);
         return *std::move(path);
     }
@@ -56,7 +55,7 @@ class ZipTask : public ArchiveTask {
 
 }  // namespace
 
-HRESULT StartZip(IDispatch* plugin, const Options& options) {
+HRESULT StartZip(IDispatch* plugin, const ScriptObject& options) {
     return StartWorker(std::make_unique<ZipTask>(plugin, options));
 }
 

@@ -84,13 +84,13 @@ TEST_F(Window, SendsTheFinalMessageAfterAllNestedMessages) {
 }
 
 TEST_F(Window, RetainsTheOwnersOfItsObjects) {
-    const long before = liveComObjects;
+    const long before = detail::liveComObjects;
     LoggingWindow object("object", log_), owned("owned", log_);
     const HWND window = Create(object);
     owned.SubclassWindow(window, MakeCom<Recorder>().Get());
-    EXPECT_EQ(liveComObjects, before + 1);
+    EXPECT_EQ(detail::liveComObjects, before + 1);
     DestroyWindow(window);
-    EXPECT_EQ(liveComObjects, before);
+    EXPECT_EQ(detail::liveComObjects, before);
 }
 
 }  // namespace

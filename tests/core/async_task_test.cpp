@@ -5,7 +5,6 @@
 #include "script/object.h"
 #include "script/worker_apartment.h"
 #include "tarvik/marshaled_object.h"
-#include "tarvik/properties.h"
 #include "tests/support/test.h"
 
 // Cases that no member of a plug-in can bring about.
@@ -28,7 +27,7 @@ TEST(MarshaledObject, ReleasesObjectsThatAFunctionReturns) {
         MakeCom<Recorder>([](const Recorder::Record&) { return Variant::Object(MakeCom<CObject>().Get()); });
     MarshaledObject marshaled(function.Get());
     OnWorker([&] {
-        EXPECT_EQ(CallScriptFunction(marshaled.Get()), S_OK);
+        marshaled.Get()();
         marshaled = MarshaledObject();
     });
     EXPECT_EQ(function->calls.at(0).thread, GetCurrentThreadId());
@@ -41,7 +40,7 @@ TEST(MarshaledObject, FailsCallsAfterItsApartmentHasEnded) {
         marshaled = MarshaledObject(MakeCom<Recorder>().Get());
         CoUninitialize();
     }).join();
-    OnWorker([&] { EXPECT_LT(CallScriptFunction(marshaled.Get()), 0); });
+    OnWorker([&] { EXPECT_LT(Guard([&] { marshaled.Get()(); }), 0); });
 }
 
 // Two workers that use the same object must not share a proxy.
@@ -57,28 +56,26 @@ TEST(MarshaledObject, HasItsOwnProxyAndUnwrapsArguments) {
     OnWorker([&] {
         MarshaledObject first = std::move(one), second = std::move(other);
         MarshaledValue taken = std::move(value);
-        EXPECT_NE(Query<IUnknown>(first.Get()).Get(), Query<IUnknown>(second.Get()).Get());
-        Variant result;
-        CallScriptFunction(first.Get(), {&taken.Get()}, &result);
-        CallScriptFunction(second.Get(), {&result});
+        EXPECT_NE(first.Get().As<IUnknown>().Get(), second.Get().As<IUnknown>().Get());
+        second.Get()(first.Get()(taken.Get()));
     });
     EXPECT_EQ(function->calls.size(), 2u);
 }
 
 class Task : public AsyncTask {
   public:
-    explicit Task(const Options& options) : AsyncTask(options) {}
+    explicit Task(const ScriptObject& options) : AsyncTask(options) {}
 
   private:
     HRESULT Work() override { throw std::bad_alloc(); }
 };
 
 bool Start(IDispatch* options) {
-    return StartTask(options, [](const Options& given) { return std::make_unique<Task>(given); });
+    return StartTask(options, [](const ScriptObject& given) { return std::make_unique<Task>(given); });
 }
 
 TEST(AsyncTask, ReportsFailureAndIgnoresNonFunctionCallbacks) {
-    const long before = liveComObjects;
+    const long before = detail::liveComObjects;
     {
         const auto fail = MakeCom<Recorder>();
         EXPECT_TRUE(Start(OptionObject().Set(L"fail", fail).Set(L"success", 5).Set(L"context", 7)));
@@ -86,7 +83,7 @@ TEST(AsyncTask, ReportsFailureAndIgnoresNonFunctionCallbacks) {
         EXPECT_EQ(fail->Texts()[0], "I4 " + std::to_string(E_OUTOFMEMORY) + ", I4 7");
         EXPECT_TRUE(Start(OptionObject().Set(L"progress", L"text").Set(L"fail", nullptr)));
     }
-    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "a task leaks objects";
+    EXPECT_TRUE(PumpUntil([&] { return detail::liveComObjects == before; })) << "a task leaks objects";
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ class Sample : public Plugin<Sample> {
             Method<&Sample::Later>(L"later"),
             Property<&Sample::Count, &Sample::SetCount>(L"count"),
             ReadOnly<&Sample::Nothing>(L"nothing"),
+            Constant<Sample, 7>(L"seven"),
         });
         return members;
     }
@@ -46,9 +47,9 @@ class Sample : public Plugin<Sample> {
 
   private:
     struct Caller : Worker {
-        explicit Caller(const ScriptObject& function) : function_(function.Get()) {}
+        explicit Caller(const ScriptObject& function) : function_(function) {}
         HRESULT Run() override {
-            const ScriptObject function = function_.Get();
+            const ScriptObject& function = function_.Get();
             for (int count = 1;; ++count)
                 function(count);
         }
@@ -84,6 +85,7 @@ TEST_F(Library, ChecksAndConvertsArguments) {
         EXPECT_EQ(PutText(sample, L"count", number), StatusText(E_INVALIDARG));
     EXPECT_EQ(GetText(sample, L"nothing"), "NULL");
     EXPECT_EQ(PutText(sample, L"nothing", 1), StatusText(E_NOTIMPL));
+    EXPECT_EQ(GetText(sample, L"seven"), "I4 7");
     EXPECT_EQ(GetText(sample, L"join"), StatusText(E_NOTIMPL));
     EXPECT_EQ(GetText(sample, L"Count"), StatusText(DISP_E_UNKNOWNNAME));
 }
@@ -103,6 +105,14 @@ TEST_F(Library, CallsFunctionsOfOptionObjects) {
     EXPECT_EQ(CallText(plugin_.Get(), L"apply", nullptr), StatusText(E_HANDLE));
 }
 
+TEST_F(Library, RejectsNullOutParameters) {
+    const auto descriptor = MakeCom<detail::PluginDescriptor>(L"sample", TVK::kRetainedPlugin);
+    EXPECT_THAT(descriptor->GetKind(nullptr, 0), HasStatus(E_POINTER));
+    EXPECT_THAT(descriptor->GetName(nullptr), HasStatus(E_POINTER));
+    EXPECT_THAT(descriptor->GetFlags(nullptr), HasStatus(E_POINTER));
+    EXPECT_THAT(CreateInstance<Sample>(IID_IDispatch, nullptr), HasStatus(E_POINTER));
+}
+
 // Fails at its third call, like a function whose page has been destroyed.
 class FailingFunction : public Recorder {
   public:
@@ -114,7 +124,7 @@ class FailingFunction : public Recorder {
 };
 
 TEST_F(Library, RunsWorkersAfterThePluginIsReleased) {
-    const long before = liveComObjects - 1;  // without the plug-in
+    const long before = detail::liveComObjects - 1;  // without the plug-in
     auto function = MakeCom<FailingFunction>();
     EXPECT_EQ(CallText(plugin_.Get(), L"later", function), "EMPTY");
     plugin_.Reset();
@@ -122,7 +132,7 @@ TEST_F(Library, RunsWorkersAfterThePluginIsReleased) {
     EXPECT_THAT(function->Texts(), ElementsAre("I4 1", "I4 2", "I4 3"));
     EXPECT_EQ(function->calls[0].thread, GetCurrentThreadId());
     function.Reset();
-    EXPECT_TRUE(PumpUntil([&] { return liveComObjects == before; })) << "the worker leaks objects";
+    EXPECT_TRUE(PumpUntil([&] { return detail::liveComObjects == before; })) << "the worker leaks objects";
 }
 
 }  // namespace

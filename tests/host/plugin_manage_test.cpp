@@ -62,7 +62,7 @@ class PluginManage : public testing::Test {
         return plugins.GetPluginId(name);
     }
 
-    const long before_ = liveComObjects;
+    const long before_ = detail::liveComObjects;
     CPluginManage plugins_;
 };
 

@@ -80,7 +80,7 @@ TEST_F(BrowserWindow, MayBeClosedAtAnyTime) {
         if (left-- == 0) DestroyWindow(closed->GetWindowHandle());
         return 0;
     };
-    const long before = liveComObjects;
+    const long before = detail::liveComObjects;
     int events = 0;
     do {
         const auto browser = MakeCom<CWebBrowser>();
@@ -90,7 +90,7 @@ TEST_F(BrowserWindow, MayBeClosedAtAnyTime) {
         Use(browser.Get());
         UnhookWindowsHookEx(hook);
     } while (left < 0 && ++events < 100);
-    EXPECT_EQ(liveComObjects, before);
+    EXPECT_EQ(detail::liveComObjects, before);
     EXPECT_GT(events, 5);
     EXPECT_LT(events, 100);
     // A message filter of a destroyed window would crash here.

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/owners.h"
 #include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/plugins/zip/archive_writer.h"

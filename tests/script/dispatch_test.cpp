@@ -22,7 +22,7 @@ class CSample : public TableDispatch<CSample> {
         return Bstr(Bstr::View(value));
     }
     ComPtr<IDispatch> TakeObject(IDispatch* value) { return Log(value ? "object" : "null object"), value; }
-    Integer TakeCoerced(CoercedInt value) { return Log(std::to_string(value.value)), Integer{value.value}; }
+    int TakeCoerced(CoercedInt value) { return Log(std::to_string(value.value)), value.value; }
     Variant TakeInt32(AnyInt32 value) { return Log(std::to_string(value.value)), Variant::UI4(7); }
     void TakeAny(AnyValue value) { Log(ValueText(*value.value)); }
     Outcome TakeOptional(BSTR, std::optional<AnyInt32> number) {
@@ -35,7 +35,7 @@ class CSample : public TableDispatch<CSample> {
     }
     HRESULT Three(bool, BSTR text, AnyInt32) { return Log(Narrow(Bstr::View(text))), E_ABORT; }
     HRESULT Raw(const Call& call) { return Log("raw " + std::to_string(call.Count())), S_OK; }
-    Integer GetSize() { return {size_}; }
+    int GetSize() { return size_; }
     HRESULT SetSize(AnyInt32 value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
         return size_ = value.value, S_OK;
@@ -58,24 +58,24 @@ class CSample : public TableDispatch<CSample> {
 };
 
 constexpr Member<CSample> kMembers[] = {
-    Method<&CSample::TakeBool>(-10000, L"takeBool"),
-    Method<&CSample::TakeText>(-9999, L"takeText"),
-    Method<&CSample::TakeObject>(-9998, L"takeObject"),
-    Method<&CSample::TakeCoerced>(-9997, L"takeCoerced"),
-    Method<&CSample::TakeInt32>(-9996, L"takeInt32"),
-    Method<&CSample::TakeAny>(-9995, L"takeAny"),
-    Method<&CSample::TakeOptional>(-9994, L"takeOptional"),
-    Method<&CSample::Three>(-9993, L"three"),
-    RawMethod<&CSample::Raw, 1, 3>(-9992, L"raw"),
-    Property<&CSample::GetSize, &CSample::SetSize>(-9991, L"size"),
-    ReadOnly<&CSample::GetSize>(-9990, L"fixed"),
-    WriteOnly<&CSample::SetSize>(-9989, L"sink"),
-    Method<&CSample::Run>(-9987, L"run"),
-    Method<&CSample::Throw>(-9986, L"throw"),
-    ResultMethod<&CSample::Compute>(-9985, L"compute"),
+    Method<&CSample::TakeBool>(L"takeBool", -10000),
+    Method<&CSample::TakeText>(L"takeText", -9999),
+    Method<&CSample::TakeObject>(L"takeObject", -9998),
+    Method<&CSample::TakeCoerced>(L"takeCoerced", -9997),
+    Method<&CSample::TakeInt32>(L"takeInt32", -9996),
+    Method<&CSample::TakeAny>(L"takeAny", -9995),
+    Method<&CSample::TakeOptional>(L"takeOptional", -9994),
+    Method<&CSample::Three>(L"three", -9993),
+    RawMethod<&CSample::Raw, 1, 3>(L"raw", -9992),
+    Property<&CSample::GetSize, &CSample::SetSize>(L"size", -9991),
+    ReadOnly<&CSample::GetSize>(L"fixed", -9990),
+    WriteOnly<&CSample::SetSize>(L"sink", -9989),
+    Method<&CSample::Run>(L"run", -9987),
+    Method<&CSample::Throw>(L"throw", -9986),
+    ResultMethod<&CSample::Compute>(L"compute", -9985),
 };
 static_assert(IsInOrder(kMembers));
-constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Throw>(-9999, L"takeBool")};
+constexpr Member<CSample> kSameName[] = {kMembers[0], Method<&CSample::Throw>(L"takeBool", -9999)};
 constexpr Member<CSample> kWrongOrder[] = {kMembers[1], kMembers[0]};
 static_assert(!IsInOrder(kSameName) && !IsInOrder(kWrongOrder));
 

@@ -91,8 +91,8 @@ class MembersPlugin : public TablePlugin<MembersPlugin> {
 
     Variant Folder() { return Variant::Text(folderOfPage); }
     Variant Server() { return Variant::Text(addressOfServer); }
-    Integer Seed() { return {current.seed}; }
-    Integer Calls() { return {kCallsOfARound}; }
+    int Seed() { return current.seed; }
+    int Calls() { return kCallsOfARound; }
     void Note(BSTR call) {
         ++current.calls;
         current.last.push_back(Narrow(Bstr::View(call)));
@@ -107,9 +107,9 @@ class MembersPlugin : public TablePlugin<MembersPlugin> {
 };
 
 constexpr Member<MembersPlugin> kMembers[] = {
-    Method<&MembersPlugin::Folder>(-10000, L"folder"), Method<&MembersPlugin::Server>(-9999, L"server"),
-    Method<&MembersPlugin::Seed>(-9998, L"seed"),      Method<&MembersPlugin::Calls>(-9997, L"calls"),
-    Method<&MembersPlugin::Note>(-9996, L"note"),      Method<&MembersPlugin::Done>(-9995, L"done"),
+    Method<&MembersPlugin::Folder>(L"folder", -10000), Method<&MembersPlugin::Server>(L"server", -9999),
+    Method<&MembersPlugin::Seed>(L"seed", -9998),      Method<&MembersPlugin::Calls>(L"calls", -9997),
+    Method<&MembersPlugin::Note>(L"note", -9996),      Method<&MembersPlugin::Done>(L"done", -9995),
 };
 
 std::span<const Member<MembersPlugin>> MembersPlugin::Members() {
@@ -192,7 +192,7 @@ class Members : public PageSoak {
     bool Run(int calls, int seed, int first) {
         const bool good = RunBesideAnIdlePage([&](const BrowserWindow& idle) {
             threads_ = CountThreads();
-            objects_ = liveComObjects;
+            objects_ = detail::liveComObjects;
             const int rounds = std::max(2, calls / kCallsOfARound);
             const int warmUp = std::min(10, rounds / 2);
             return SoakLoop("rounds", [this] { return monitor_.Now(); })
@@ -230,9 +230,10 @@ class Members : public PageSoak {
         for (const HWND window : TopWindows(L"TarvikBrowserWindow")) {
             if (window != idle) DestroyWindow(window);
         }
-        if (AwaitThreads() && PumpUntil([this] { return liveComObjects <= objects_; }, kTimeout)) return true;
+        if (AwaitThreads() && PumpUntil([this] { return detail::liveComObjects <= objects_; }, kTimeout))
+            return true;
         std::printf("%ld threads and %ld COM objects more than before\n", CountThreads() - threads_,
-                    liveComObjects - objects_);
+                    detail::liveComObjects - objects_);
         return PrintRound("a leak"), false;
     }
 

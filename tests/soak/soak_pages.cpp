@@ -49,10 +49,10 @@ class SoakPlugin : public TablePlugin<SoakPlugin> {
 };
 
 constexpr Member<SoakPlugin> kMembers[] = {
-    Method<&SoakPlugin::Make>(-10000, L"make"),
-    Method<&SoakPlugin::Hold>(-9999, L"hold"),
-    Method<&SoakPlugin::CallBack>(-9998, L"call"),
-    Method<&SoakPlugin::Ready>(-9997, L"ready"),
+    Method<&SoakPlugin::Make>(L"make", -10000),
+    Method<&SoakPlugin::Hold>(L"hold", -9999),
+    Method<&SoakPlugin::CallBack>(L"call", -9998),
+    Method<&SoakPlugin::Ready>(L"ready", -9997),
 };
 
 std::span<const Member<SoakPlugin>> SoakPlugin::Members() {

@@ -51,7 +51,7 @@ class WalkPlugin : public TablePlugin<WalkPlugin> {
         window_ = core ? core->GetWindowHandle() : nullptr;
         return S_OK;
     }
-    Integer Random(AnyInt32 below) { return {tarvik::Random(below.value)}; }
+    int Random(AnyInt32 below) { return tarvik::Random(below.value); }
     void Step() { ++steps; }
     void Disturb() { tarvik::Disturb(window_); }
     void Send(AnyInt32 message, AnyInt32 first, AnyInt32 second) {
@@ -64,10 +64,10 @@ class WalkPlugin : public TablePlugin<WalkPlugin> {
 };
 
 constexpr Member<WalkPlugin> kMembers[] = {
-    Method<&WalkPlugin::Random>(-10000, L"random"),
-    Method<&WalkPlugin::Step>(-9999, L"step"),
-    Method<&WalkPlugin::Disturb>(-9998, L"disturb"),
-    Method<&WalkPlugin::Send>(-9997, L"send"),
+    Method<&WalkPlugin::Random>(L"random", -10000),
+    Method<&WalkPlugin::Step>(L"step", -9999),
+    Method<&WalkPlugin::Disturb>(L"disturb", -9998),
+    Method<&WalkPlugin::Send>(L"send", -9997),
 };
 
 std::span<const Member<WalkPlugin>> WalkPlugin::Members() {

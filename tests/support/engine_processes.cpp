@@ -8,7 +8,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "tarvik/owners.h"
+#include "base/owners.h"
 #include "tarvik/text.h"
 #include "tests/support/temp_folder.h"
 

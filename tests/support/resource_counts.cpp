@@ -101,7 +101,7 @@ long CountUserHandles() {
 
 ResourceCounts ResourceCounts::Now() {
     ResourceCounts now;
-    now.Add("COM objects", liveComObjects);
+    now.Add("COM objects", detail::liveComObjects);
     now.Add("threads", CountThreads());
     now.Add("windows", CountWindows());
     now.Add("GDI handles", CountGdiHandles());

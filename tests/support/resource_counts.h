@@ -38,8 +38,8 @@ class ResourceCounts {
 // Created first in a test, it fails the test if COM objects leak.
 class ObjectCheck {
   public:
-    ObjectCheck() : before_(liveComObjects) {}
-    ~ObjectCheck() { EXPECT_EQ(liveComObjects, before_); }
+    ObjectCheck() : before_(detail::liveComObjects) {}
+    ~ObjectCheck() { EXPECT_EQ(detail::liveComObjects, before_); }
 
   private:
     const long before_;

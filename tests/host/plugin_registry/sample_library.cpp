@@ -24,7 +24,7 @@ class Sample : public tarvik::Plugin<Sample> {
     int Answer() { return 42; }
 };
 
-class FaultyDescriptor : public tarvik::PluginDescriptor {
+class FaultyDescriptor : public tarvik::detail::PluginDescriptor {
   public:
     using PluginDescriptor::PluginDescriptor;
     STDMETHODIMP GetKind(int* kind, int) override {

@@ -51,9 +51,9 @@ class Desk : public TableDispatch<Desk> {
     Variant GetText() { return Variant::Copy(text); }
     void SetText(AnyValue value) { text = Variant::Copy(*value.value); }
     // Reading fails while the value is 4.
-    Integer GetSize() {
+    int GetSize() {
         if (size_ == 4) throw StatusError(E_PENDING);
-        return {size_};
+        return size_;
     }
     HRESULT SetSize(AnyInt32 value) {
         if (value.value == 0) throw StatusError(E_INVALIDARG);
@@ -65,10 +65,10 @@ class Desk : public TableDispatch<Desk> {
 };
 
 inline constexpr Member<Desk> kDeskMembers[] = {
-    Method<&Desk::Echo>(-10000, L"echo"),      Method<&Desk::Note>(-9999, L"note"),
-    Method<&Desk::Fail>(-9998, L"fail"),       RawMethod<&Desk::Run, 1, 9>(-9997, L"run"),
-    ReadOnly<&Desk::GetKept>(-9996, L"kept"),  Property<&Desk::GetSize, &Desk::SetSize>(-9995, L"size"),
-    Method<&Desk::Options>(-9994, L"options"), Property<&Desk::GetText, &Desk::SetText>(-9993, L"text"),
+    Method<&Desk::Echo>(L"echo", -10000),      Method<&Desk::Note>(L"note", -9999),
+    Method<&Desk::Fail>(L"fail", -9998),       RawMethod<&Desk::Run, 1, 9>(L"run", -9997),
+    ReadOnly<&Desk::GetKept>(L"kept", -9996),  Property<&Desk::GetSize, &Desk::SetSize>(L"size", -9995),
+    Method<&Desk::Options>(L"options", -9994), Property<&Desk::GetText, &Desk::SetText>(L"text", -9993),
 };
 
 inline std::span<const Member<Desk>> Desk::Members() {

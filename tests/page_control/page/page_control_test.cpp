@@ -74,7 +74,7 @@ class Control : public testing::Test {
         if (sink_) sink_->Detach();
         sink_.Reset();
         class_.reset();
-        EXPECT_EQ(liveComObjects, before_);
+        EXPECT_EQ(detail::liveComObjects, before_);
     }
 
     void Open(const wchar_t* name) {
@@ -100,7 +100,7 @@ class Control : public testing::Test {
     // The innermost window, found as other programs find it.
     HWND Server() const { return InnermostWindow(window_); }
 
-    const long before_ = liveComObjects;
+    const long before_ = detail::liveComObjects;
     const TempFolder folder_;
     Events events_;
     HWND window_ = nullptr;

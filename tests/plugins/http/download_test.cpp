@@ -146,9 +146,9 @@ TEST_F(Download, IsCancelledByProgress) {
     const auto fail = MakeCom<Recorder>();
     const OptionObject options = Options(server.Url()).Set(L"fail", fail);
     options.Set(L"progress", script.Evaluate(L"(function () { throw new Error('no'); })"));
-    const long before = liveComObjects;
+    const long before = detail::liveComObjects;
     CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
-    EXPECT_TRUE(PumpUntil([&] { return !fail->calls.empty() && liveComObjects == before; }));
+    EXPECT_TRUE(PumpUntil([&] { return !fail->calls.empty() && detail::liveComObjects == before; }));
     EXPECT_THAT(fail->Texts(), ElementsAre(testing::StartsWith("I4 -")));
     EXPECT_FALSE(Exists()) << "deleted before fail is called";
     EXPECT_EQ(script.Errors(), 1);
@@ -159,13 +159,13 @@ TEST_F(Download, ContinuesWithoutItsPage) {
     const WebServer server([&](const WebExchange& exchange) { exchange.Respond(body); });
     const auto success = MakeCom<Recorder>();
     const OptionObject options = Options(server.Url()).Set(L"success", success);
-    const long before = liveComObjects;
+    const long before = detail::liveComObjects;
     {
         ScriptHost script(client_.Get());
         options.Set(L"progress", script.Evaluate(L"(function () { return false; })"));
         CallMember(client_.Get(), L"downloadToFile", static_cast<IDispatch*>(options));
     }  // before this thread serves the first call
-    EXPECT_TRUE(PumpUntil([&] { return !success->calls.empty() && liveComObjects == before; }));
+    EXPECT_TRUE(PumpUntil([&] { return !success->calls.empty() && detail::liveComObjects == before; }));
     EXPECT_THAT(success->Texts(), ElementsAre("I4 7"));
     EXPECT_TRUE(ReadFileBytes(got_) == body);
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/owners.h"
 #include "tarvik/text.h"
 #include "tests/plugins/support/test_key.h"
 

@@ -1,5 +1,6 @@
 // Messages sent through the script members, and forged ones in hand-made blocks.
 
+#include "base/owners.h"
 #include "tests/plugins/window/window_fixture.h"
 
 namespace tarvik {

@@ -20,7 +20,7 @@ class Unzip : public testing::Test {
   protected:
     void TearDown() override {
         plugin_.Reset();
-        EXPECT_TRUE(PumpUntil([&] { return liveComObjects == objectsBefore_; }));
+        EXPECT_TRUE(PumpUntil([&] { return detail::liveComObjects == objectsBefore_; }));
     }
 
     Completion RunMember(const wchar_t* member, const OptionObject& options, Recorder::Handler handler) {
@@ -49,7 +49,7 @@ class Unzip : public testing::Test {
     }
     std::wstring Dest() const { return folder_ / L"out"; }
 
-    const long objectsBefore_ = liveComObjects;
+    const long objectsBefore_ = detail::liveComObjects;
     const TempFolder folder_;
     ComPtr<CZipPlugin> plugin_ = MakeCom<CZipPlugin>();
 };

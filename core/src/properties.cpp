@@ -13,12 +13,6 @@ namespace tarvik {
 
 namespace {
 
-HRESULT FindId(IDispatch* object, const wchar_t* name, DISPID* id) {
-    if (!name) return E_INVALIDARG;
-    LPOLESTR first = const_cast<LPOLESTR>(name);
-    return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
-}
-
 HRESULT InvokeMethod(IDispatch* object, DISPID id, std::span<const VARIANT* const> arguments,
                      VARIANT* result) {
     constexpr size_t kFew = 6;
@@ -47,11 +41,17 @@ bool IsPutByReference(const VARIANT& value) {
 
 }  // namespace
 
+HRESULT FindScriptMember(IDispatch* object, const wchar_t* name, DISPID* id) {
+    if (!name) return E_INVALIDARG;
+    LPOLESTR first = const_cast<LPOLESTR>(name);
+    return object->GetIDsOfNames(IID_NULL, &first, 1, kScriptLocale, id);
+}
+
 HRESULT GetScriptProperty(IDispatch* object, const wchar_t* name, VARIANT* value) {
     if (!value) return E_POINTER;
     if (!object) return E_INVALIDARG;
     DISPID id = DISPID_UNKNOWN;
-    if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;
+    if (const HRESULT status = FindScriptMember(object, name, &id); FAILED(status)) return status;
     DISPPARAMS none = {};
     return object->Invoke(id, IID_NULL, kScriptLocale, DISPATCH_PROPERTYGET, &none, value, nullptr, nullptr);
 }
@@ -84,7 +84,7 @@ HRESULT SetScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT&
 HRESULT AssignScriptProperty(IDispatch* object, const wchar_t* name, const VARIANT& value) {
     if (!object) return E_INVALIDARG;
     DISPID id = DISPID_UNKNOWN;
-    if (FAILED(FindId(object, name, &id))) return SetScriptProperty(object, name, value);
+    if (FAILED(FindScriptMember(object, name, &id))) return SetScriptProperty(object, name, value);
     return PutScriptProperty(object, id, &value);
 }
 
@@ -100,7 +100,7 @@ HRESULT CallScriptMember(IDispatch* object, const wchar_t* name, std::span<const
                          VARIANT* result) {
     if (!object) return E_INVALIDARG;
     DISPID id = DISPID_UNKNOWN;
-    if (const HRESULT status = FindId(object, name, &id); FAILED(status)) return status;
+    if (const HRESULT status = FindScriptMember(object, name, &id); FAILED(status)) return status;
     return InvokeMethod(object, id, arguments, result);
 }
 

@@ -92,6 +92,12 @@ Variant Variant::Copy(const VARIANT& source) {
     return copy;
 }
 
+Variant Variant::Converted(const VARIANT& source, VARTYPE type) noexcept {
+    Variant converted;
+    VariantChangeType(&converted, const_cast<VARIANT*>(&source), 0, type);
+    return converted;
+}
+
 bool Variant::ChangeType(VARTYPE type) noexcept {
     return vt == type || SUCCEEDED(VariantChangeType(this, this, 0, type));
 }

@@ -1,4 +1,4 @@
-#include "tarvik/plugin_path.h"
+#include "tarvik/library.h"
 
 #include <shlwapi.h>
 

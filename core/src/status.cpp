@@ -2,22 +2,13 @@
 
 namespace tarvik {
 
-HRESULT LastErrorStatus() noexcept {
-    return HRESULT_FROM_WIN32(GetLastError());
-}
-
 HRESULT LastFailureStatus() noexcept {
-    const HRESULT status = LastErrorStatus();
+    const HRESULT status = HRESULT_FROM_WIN32(GetLastError());
     return FAILED(status) ? status : E_FAIL;
 }
 
 void ThrowLastError() {
     throw StatusError(LastFailureStatus());
-}
-
-bool IsDisconnected(HRESULT status) noexcept {
-    return status == RPC_E_DISCONNECTED || status == RPC_E_SERVER_DIED || status == RPC_E_SERVER_DIED_DNE ||
-           status == CO_E_OBJNOTCONNECTED || status == HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
 }
 
 HRESULT CaughtStatus() noexcept {
