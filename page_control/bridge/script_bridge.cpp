@@ -46,8 +46,9 @@ void ScriptBridge::End() {
 }
 
 void ScriptBridge::OnPost(std::string_view payload, int contextId) {
+    constexpr protocol::Name<protocol::Kind::kCall> kStart = "start";
     const Json message = Json::parse(payload);
-    if (message.at(0) == "start") {
+    if (kStart == message.at(0).get_ref<const std::string&>()) {
         End();
         context_ = std::make_shared<ScriptContext>(target_, delegate_, script_, contextId);
     }

@@ -111,7 +111,7 @@ std::string ScriptContext::OnGet(const Json& message) {
 
 std::string ScriptContext::OnPut(const Json& message) {
     ExceptionInfo exception;
-    const Variant value = ReadValue(message.at(4));
+    const Variant value = ReadValue(ParsePageValue(message.at(4)));
     const HRESULT status = natives_.Write({message.at(2), ReadText(message.at(3))}, value, &exception);
     return Reply(message, status, Variant(), exception);
 }
@@ -152,7 +152,7 @@ std::string ScriptContext::OnKeys(const Json& message) {
     std::string names;
     for (const std::wstring& name : natives_.Names(message.at(2)))
         names += (names.empty() ? "" : ",") + ScriptText(name);
-    return ValueReply(message, R"(["a",[)" + names + "]]");
+    return ValueReply(message, TaggedValue("a", "[" + names + "]"));
 }
 
 std::string ScriptContext::OnStart(const Json& message) {
@@ -194,7 +194,7 @@ void ScriptContext::OnMouseDown(const Json&) {
 }
 
 void ScriptContext::OnMenu(const Json& message) {
-    const Variant element = ReadValue(message.at(3));
+    const Variant element = ReadValue(ParsePageValue(message.at(3)));
     delegate_.OnContextMenu({message.at(1), message.at(2)},
                             element.Is(VT_DISPATCH) ? element.pdispVal : nullptr);
 }

@@ -127,9 +127,9 @@ ScriptContext::Outcome ScriptContext::Run(const Task& task) {
     const int id = ++lastTask_;
     pending_[id] = pending;
     const std::string call = "\"" + std::string(Command("run")) + "\"," + std::to_string(id) + ",\"" +
-                             std::string(task.name) + R"(",["f",)" + std::to_string(task.object) + "]," +
-                             (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments + "]," +
-                             (task.reportErrors ? "false" : "true");
+                             std::string(task.name) + "\"," + TaggedValue("f", std::to_string(task.object)) +
+                             "," + (task.member.empty() ? "void 0" : task.member) + ",[" + task.arguments +
+                             "]," + (task.reportErrors ? "false" : "true");
     thread_->Send(ReceiveCall(call), [self, pending](std::string_view text) {
         pending->lost = text.empty();
         if (!text.empty()) pending->outcome = self->ReadOutcome(Json::parse(text));
@@ -160,10 +160,11 @@ void ScriptContext::ListenToMouse() {
 
 // An expression that delivers a message and the pending releases.
 std::string ScriptContext::ReceiveCall(const std::string& arguments) {
+    constexpr protocol::Name<protocol::Kind::kBridgeFunction> kReceive = "receive";
     std::string releases;
     for (const auto& [number, references] : std::exchange(releases_, {}))
         releases += (releases.empty() ? "" : ",") + std::to_string(number) + "," + std::to_string(references);
-    return script_.CallText("receive", "[" + releases + "]," + arguments);
+    return script_.CallText(kReceive, "[" + releases + "]," + arguments);
 }
 
 }  // namespace tarvik

@@ -14,6 +14,7 @@
 #include "page_control/bridge/name_table.h"
 #include "page_control/bridge/native_objects.h"
 #include "page_control/bridge/page_thread.h"
+#include "page_control/bridge/page_value.h"
 #include "page_control/engine/devtools.h"
 #include "page_control/injected/injected_script.h"
 #include "page_control/injected/protocol.h"
@@ -116,7 +117,7 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
     struct Pending;
 
     // Values
-    Variant ReadValue(const Json& value);
+    Variant ReadValue(const PageValue& value);
     std::vector<Variant> ReadValues(const Json& values);
     std::string WriteObject(IUnknown* object);
     ComPtr<IDispatch> ObjectFor(int number, bool callable);

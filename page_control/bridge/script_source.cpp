@@ -54,12 +54,12 @@ LONGLONG Universal(LONGLONG moment) {
 // Automation dates are local time in days, whose fraction counts forwards even before the epoch. Script
 // counts milliseconds of universal time.
 std::string ScriptDate(double date) {
-    if (!(std::abs(date) < kDateLimit)) return R"(["d",0/0])";
+    if (!(std::abs(date) < kDateLimit)) return TaggedValue("d", "0/0");
     const double day = std::trunc(date);
     const double milliseconds =
         day * kMillisecondsPerDay + std::round(std::abs(date - day) * kMillisecondsPerDay);
     const LONGLONG moment = Universal(kAutomationEpoch + static_cast<LONGLONG>(milliseconds));
-    return R"(["d",)" + std::to_string(moment - kScriptEpoch) + "]";
+    return TaggedValue("d", std::to_string(moment - kScriptEpoch));
 }
 
 // Whether a VARIANT can hold the elements of an array.
@@ -73,7 +73,7 @@ std::string ScriptArray(SAFEARRAY* array, VARTYPE type, ObjectWriter writeObject
         FAILED(SafeArrayGetUBound(array, 1, &high)) || !FitsVariant(array, type)) {
         return kUndefined;
     }
-    std::string text = R"(["a",[)";
+    std::string text = "[";
     for (LONG i = low; i <= high; ++i) {
         Variant element;
         const bool isWhole = type == VT_VARIANT || type == VT_DECIMAL;  // fills the whole VARIANT
@@ -84,7 +84,7 @@ std::string ScriptArray(SAFEARRAY* array, VARTYPE type, ObjectWriter writeObject
         if (i > low) text += ',';
         text += ScriptValue(element, writeObject, context);
     }
-    return text + "]]";
+    return TaggedValue("a", text + "]");
 }
 
 }  // namespace
@@ -108,6 +108,10 @@ std::string ScriptNumber(double value) {
     char text[40];
     std::snprintf(text, sizeof text, "%.17g", value);
     return text;
+}
+
+std::string TaggedValue(protocol::Name<protocol::Kind::kHostValue> tag, std::string_view fields) {
+    return ("[\"" + std::string(tag) + "\",").append(fields) + "]";
 }
 
 std::string ScriptValue(const VARIANT& given, ObjectWriter writeObject, void* context) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "page_control/injected/protocol.h"
+
 namespace tarvik {
 
 // Writes native values as JavaScript, for evaluation in a page.
@@ -14,6 +16,9 @@ namespace tarvik {
 std::string ScriptText(std::wstring_view text);
 
 std::string ScriptNumber(double value);
+
+// `fields` are separated by commas.
+std::string TaggedValue(protocol::Name<protocol::Kind::kHostValue> tag, std::string_view fields);
 
 // Writes an object, never null.
 using ObjectWriter = std::string (*)(void* context, IUnknown* object);

@@ -4,22 +4,27 @@
 #include <cstddef>
 #include <string_view>
 
-// The protocol between the injected scripts and the host. The host's code takes the names of messages from
-// these tables; a test compares the scripts with them. Values are encoded as injected/bridge/values.js
-// describes.
+// The protocol between the injected scripts and the host. The host's code takes all names from this table; a
+// test compares the scripts with it.
 namespace tarvik::protocol {
 
 enum class Kind {
     // The bridge's script posts a JSON array [name, ...].
     kCall,          // [name, call id, fields...]: the page pauses until the host sends the reply
     kNotification,  // [name, fields...]: the page continues
-    // The host evaluates receive(releases, name, fields...). `releases` are numbers of script objects, each
-    // followed by the count of released references. A paused page queues the message for its innermost call.
+    // The host evaluates a function of the bridge's core.
+    kBridgeFunction,
     kReply,    // to a call; its first field is the call's id
     kCommand,  // at any time; a paused page runs it before it pauses again
+    kResult,   // of receive, besides an empty text and a task's outcome
     // Names in "run", and the tags of its outcome.
     kTask,
     kOutcome,
+    // Tags of values that are arrays [tag, fields...], in messages of the bridge's script and of the host.
+    // All
+    // other values are JSON, or JavaScript from the host.
+    kPageValue,
+    kHostValue,
     // The view's script posts the text "name:field".
     kViewEvent,
     // The host calls a function of the view's core, at any time.
@@ -54,6 +59,10 @@ inline constexpr Message kMessages[] = {
     {Kind::kNotification, "mousedown", "", "after \"listen\": a press has reached the document's body"},
     {Kind::kNotification, "menu", "x, y, element", "a context menu is requested"},
 
+    {Kind::kBridgeFunction, "receive", "releases, name, fields...",
+     "takes a reply or a command; `releases` are numbers of script objects, each followed by the count of "
+     "released references"},
+
     {Kind::kReply, "value", "call id, value", "the call has succeeded"},
     {Kind::kReply, "method", "call id, isPermanent", "to \"get\": the member is a method"},
     {Kind::kReply, "error", "call id, number, message", "the call throws an Error"},
@@ -61,6 +70,8 @@ inline constexpr Message kMessages[] = {
     {Kind::kCommand, "run", "task id, task, object, member, values, quiet", "runs a task"},
     {Kind::kCommand, "listen", "", "reports mouse presses from now on"},
     {Kind::kCommand, "release", "", "carries only releases"},
+
+    {Kind::kResult, "queued", "", "the page is paused; its innermost call will read the message"},
 
     {Kind::kTask, "eval", "-, text", "evaluates global script"},
     {Kind::kTask, "call", "object, this, values", "calls a function"},
@@ -77,10 +88,22 @@ inline constexpr Message kMessages[] = {
     {Kind::kOutcome, "value", "value", "of the task"},
     {Kind::kOutcome, "absent", "", "there is no such member"},
     {Kind::kOutcome, "present", "", "the member exists; its value must be read"},
-    {Kind::kOutcome, "members", "isComplete, name, value, ...",
-     "several members; [\"?\"] for a value that must be read"},
+    {Kind::kOutcome, "members", "isComplete, name, value, ...", "several members"},
     {Kind::kOutcome, "names", "name, ...", "of an enumeration"},
     {Kind::kOutcome, "error", "number, message", "the task has thrown"},
+
+    {Kind::kPageValue, "u", "", "undefined"},
+    {Kind::kPageValue, "n", "text", "a number that JSON cannot write: -0, NaN, Infinity, -Infinity"},
+    {Kind::kPageValue, "i", "integer", "a BigInt"},
+    {Kind::kPageValue, "s", "[code unit, ...]", "a string that is not well-formed"},
+    {Kind::kPageValue, "o", "id", "a native object"},
+    {Kind::kPageValue, "f", "number, isCallable", "a script object"},
+    {Kind::kPageValue, "?", "", "in \"members\": must be read"},
+
+    {Kind::kHostValue, "o", "id, isCallable", "a native object"},
+    {Kind::kHostValue, "f", "number", "a script object"},
+    {Kind::kHostValue, "d", "milliseconds", "a date"},
+    {Kind::kHostValue, "a", "[value, ...]", "an array"},
 
     {Kind::kViewEvent, "copied", "text", "the page has copied a text"},
     {Kind::kViewEvent, "window", "url", "a click requests a new window"},

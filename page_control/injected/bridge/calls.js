@@ -15,8 +15,8 @@ const makeCalls = (post, run, { Error, define }) => {
     throw error;
   };
 
-  // Posts a call and runs the host's tasks until the reply arrives. Whatever else has arrived by then runs before script
-  // continues: nothing would look at the inbox later.
+  // Posts a call and runs the host's tasks until the reply arrives. Tasks that are still queued then run before script
+  // continues, because only a call reads the inbox.
   const exchange = (operation, parts) => {
     const call = ++calls;
     post('["' + operation + '",' + call + (parts ? ',' + parts : '') + ']');

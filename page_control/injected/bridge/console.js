@@ -19,7 +19,8 @@ const makeConsole = (records, { encodeText }, { newMap, defineAccessor }) => {
       if (!ofPlugin.has(name)) ofPlugin.set(name, has(plugin, name));
       return ofPlugin.get(name);
     };
-    // An empty property cannot be told from a method, but what replaces a method is a function.
+    // A property of the plug-in reads as a method while it is empty. So the new value decides: a function replaces a
+    // method, any other value is written to a property.
     const belongsToPlugin = (name, value) => isOfPlugin(name) && typeof value !== 'function';
     const replace = (name) => typeof name === 'string' && ofPlugin.set(name, false);
 

@@ -1,10 +1,10 @@
 // The injected script of the bridge between page script and native objects. It runs in every frame of a page before the
 // page's own scripts. The core lives in the top document; frames that may access it share it.
 //
-// To the host: the binding takes JSON arrays, [operation, ...]. A call that needs a reply pauses the page on a `debugger`
-// statement. To the page: the host evaluates receive(releases, kind, ...). If the page is paused in a call, the message is
+// To the host: the binding takes JSON arrays, [name, ...]. A call that needs a reply pauses the page on a `debugger`
+// statement. To the page: the host evaluates receive(releases, name, ...). If the page is paused in a call, the message is
 // queued for the innermost one: its reply, or a task to run meanwhile. If the page is idle, a task runs immediately and its
-// outcome is the evaluation's result.
+// outcome is the evaluation's result. protocol.h lists all names.
 //
 // The cost of a pause grows with the frames on the stack and the variables around each, all of which the engine lists: so
 // functions that are on the stack during a pause have few variables around them, and bound functions have no frame.
@@ -37,7 +37,7 @@ const makeCore = (post) => {
     let message = 'Script error';
     try {
       const isObject = typeof error === 'object' && error !== null;
-      if (isObject && isInteger(error.number)) number = error.number;
+      if (isObject && isInteger(error.number)) number = error.number | 0;
       message = encodeText('' + (isObject && 'message' in error ? error.message : error));
     } catch {
       message = encodeText(message);
@@ -86,12 +86,15 @@ const makeCore = (post) => {
   const { adopt, listen } = makeAdopt(post, external, exchange, encoders, intrinsics);
   const installConsole = makeConsole(records, encoders, intrinsics);
 
-  // The host's messages by kind. Values are decoded on arrival, because the same message may release what they refer to.
-  const messages = {
+  // The host's messages by name. Values are decoded on arrival, because the same message may release what they refer to.
+  const replies = {
     __proto__: null,
     value: (id, value) => ({ __proto__: null, kind: 'value', id, value: decode(value) }),
     method: (id, isPermanent) => ({ __proto__: null, kind: 'method', id, isPermanent }),
     error: (id, number, message) => ({ __proto__: null, kind: 'error', id, number, message }),
+  };
+  const commands = {
+    __proto__: null,
     run: (id, name, object, member, values, quiet) => ({
       __proto__: null, kind: 'run', id, name, object: decode(object), member: decode(member),
       values: decodeAll(values), quiet,
@@ -107,7 +110,7 @@ const makeCore = (post) => {
 
   const read = (kind, parts) => {
     try {
-      return intrinsics.apply(messages[kind], null, parts);
+      return intrinsics.apply(replies[kind] || commands[kind], null, parts);
     } catch (error) {
       return unreadable(kind, parts[0], error);
     }

@@ -1,6 +1,4 @@
-// Values to the host: primitives as JSON, everything else as a tagged array: ["u"] undefined, ["n", text] a number that
-// JSON cannot write, ["i", integer] a BigInt, ["s", units] a string that is not well-formed, ["o", id] a native object,
-// ["f", number, callable] a script object.
+// Values to the host are JSON. What JSON cannot write is an array that begins with a tag; protocol.h lists them.
 const makeEncoders = (records, numberOf, held, intrinsics) => {
   const { is, define, RangeError, isWellFormed, charCodeAt, stringify } = intrinsics;
   const kOverflow = -2147352566;  // DISP_E_OVERFLOW
@@ -72,7 +70,7 @@ const makeEncoders = (records, numberOf, held, intrinsics) => {
   return { encodeText, encode, encodeAll, isEncodable };
 };
 
-// Values from the host are JavaScript, with ["o", id, callable], ["f", number], ["d", milliseconds] and ["a", values].
+// Values from the host are JavaScript. Objects are arrays that begin with a tag.
 const makeDecoders = (nativeObject, held, { Date, define }) => {
   const decode = (value) => {
     if (typeof value !== 'object' || value === null) return value;
@@ -80,7 +78,8 @@ const makeDecoders = (nativeObject, held, { Date, define }) => {
       case 'o': return nativeObject(value[1], value[2]);
       case 'f': return value[1] === kWindow ? window : held.get(value[1])?.object;
       case 'd': return new Date(value[1]);
-      default: return decodeAll(value[1]);
+      case 'a': return decodeAll(value[1]);
+      default: return undefined;
     }
   };
 

@@ -37,7 +37,7 @@ const makeAdopt = (post, external, exchange, { encodeText, encode }, intrinsics)
     const element = composedPath(event)[0];
     later(() => {
       if (event.defaultPrevented) return;
-      post('["menu",' + event.screenX + ',' + event.screenY + ',' + encode(element) + ']');
+      post('["menu",' + (event.screenX | 0) + ',' + (event.screenY | 0) + ',' + encode(element) + ']');
     });
   };
 
