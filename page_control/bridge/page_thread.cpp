@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "page_control/injected/protocol.h"
+
 namespace tarvik {
 
 namespace {
 
-constexpr std::string_view kQueuedText =
-    "queued";  // what the injected script returns for a message in its inbox
+constexpr protocol::Name<protocol::Kind::kResult> kQueuedResult = "queued";
 
 }  // namespace
 
@@ -15,12 +16,12 @@ void PageThread::Apply(Event event) {
     using enum State;
     // A page pauses only after it has read its inbox: a pause in kQueued means that it has found the message.
     static constexpr State kTransitions[kStates][kEvents] = {
-        // kCall, kReturn, kSend, kQueued, kPaused, kResumed
-        {kCalling, kRunning, kRunning, kRunning, kStopped, kRunning},   // kRunning
-        {kCalling, kRunning, kRunning, kCalling, kAwaiting, kCalling},  // kCalling
-        {kAwaiting, kStopped, kStopped, kQueued, kAwaiting, kCalling},  // kAwaiting
-        {kQueued, kStopped, kStopped, kQueued, kAwaiting, kCalling},    // kQueued
-        {kAwaiting, kStopped, kStopped, kStopped, kStopped, kRunning},  // kStopped
+        // kCall, kReturn, kSend, kResume, kQueued, kPaused, kResumed
+        {kCalling, kRunning, kRunning, kRunning, kRunning, kStopped, kRunning},    // kRunning
+        {kCalling, kRunning, kRunning, kCalling, kCalling, kAwaiting, kCalling},   // kCalling
+        {kAwaiting, kStopped, kStopped, kAwaiting, kQueued, kAwaiting, kCalling},  // kAwaiting
+        {kQueued, kStopped, kStopped, kStopped, kQueued, kAwaiting, kCalling},     // kQueued
+        {kAwaiting, kStopped, kStopped, kStopped, kStopped, kStopped, kRunning},   // kStopped
     };
     state_ = kTransitions[static_cast<size_t>(state_)][static_cast<size_t>(event)];
 }
@@ -44,7 +45,7 @@ void PageThread::Send(std::string expression, TextHandler onOutcome) {
         if (result && !result->contains("exceptionDetails"))
             text = result->at("result").value("value", std::string());
         self->evaluations_ -= wakes;
-        if (text == kQueuedText)
+        if (kQueuedResult == text)
             self->Apply(Event::kQueued);
         else if (onOutcome)
             onOutcome(text);
@@ -71,6 +72,7 @@ void PageThread::Resume() {
 }
 
 void PageThread::SendResume(std::string_view method, Json params) {
+    Apply(Event::kResume);
     resuming_ = true;
     target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
         self->resuming_ = false;
@@ -88,7 +90,6 @@ void PageThread::ResumeIfNeeded() {
     if (ended_ || !target_.Engine().IsOpen()) return;
     if (state_ != State::kQueued && state_ != State::kStopped) return;
     if (resuming_ || evaluations_ > 0) return;
-    state_ = State::kStopped;
     SendResume("Debugger.resume", Json::object());
 }
 

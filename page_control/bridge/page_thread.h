@@ -20,10 +20,12 @@ namespace tarvik {
 //
 //   kRunning --- paused ---> kStopped --- resumed ---> kRunning
 //   kAwaiting, kQueued --- send, return ---> kStopped --- call ---> kAwaiting
+//   kQueued --- resume sent ---> kStopped
 //   kQueued --- resumed ---> kCalling
 //
 // A resume command ends kQueued and kStopped, but only when no other command of the host is in flight: a
-// resume may overtake a message, and a page that finds no message pauses again.
+// resume may overtake a message, and a page that finds no message pauses again. The commands in flight are
+// counted beside the state, because they may be in flight in any state.
 class PageThread : public std::enable_shared_from_this<PageThread> {
   public:
     enum class State {
@@ -67,12 +69,13 @@ class PageThread : public std::enable_shared_from_this<PageThread> {
         kCall,     // the page posts a call, or a result after which it awaits a message
         kReturn,   // the page posts a result after which it continues
         kSend,     // the host sends a message
+        kResume,   // the host sends a resume command
         kQueued,   // the page has put a message in its inbox
         kPaused,   // the engine has paused the page
         kResumed,  // the engine has resumed the page, or replied to a resume command
     };
     static constexpr size_t kStates = 5;
-    static constexpr size_t kEvents = 6;
+    static constexpr size_t kEvents = 7;
 
     void Apply(Event event);
     bool AwaitsMessage() const {
@@ -86,10 +89,10 @@ class PageThread : public std::enable_shared_from_this<PageThread> {
     const int contextId_;
     std::string unreachableScript_;  // its id, once it is known
     State state_ = State::kRunning;
-    int evaluations_ = 0;    // in flight, with a message that the page awaited
-    bool resuming_ = false;  // a resume command is in flight
-    bool isUnloading_ = false;
-    bool ended_ = false;
+    int evaluations_ = 0;       // in flight, with a message that the page awaited
+    bool resuming_ = false;     // a resume command is in flight
+    bool isUnloading_ = false;  // reported to callers; has no effect on the state
+    bool ended_ = false;        // from any state
 };
 
 }  // namespace tarvik
