@@ -2,11 +2,23 @@
 #include <vector>
 
 #include "fuzz/input.h"
+#include "page_control/engine/events.h"
 #include "page_control/engine/message_parser.h"
 
 namespace tarvik {
 
 namespace {
+
+template <class Event>
+void ParseEvent(std::string_view method, const nlohmann::json& params) {
+    if (method == Event::kMethod) (void)Event::Parse(params);
+}
+
+template <class... Events>
+void ParseAnyOf(const nlohmann::json& message) try {
+    (ParseEvent<Events>(message.at("method").get_ref<const std::string&>(), message.at("params")), ...);
+} catch (const nlohmann::json::exception&) {
+}
 
 // A message as far as the host uses it.
 std::string Describe(std::string_view text) {
@@ -18,6 +30,10 @@ std::string Describe(std::string_view text) {
     }
     if (const auto* const json = std::get_if<nlohmann::json>(&*message)) {
         Require(json->is_object());
+        using namespace event;
+        ParseAnyOf<TargetCreated, TargetDestroyed, RequestPaused, FrameNavigated, NavigatedWithinDocument,
+                   FrameStoppedLoading, FrameDetached, DialogOpening, WindowOpen, ExceptionThrown,
+                   BindingCalled, ContextDestroyed>(*json);
         return "message " + std::to_string(json->size());
     }
     return "ignored";

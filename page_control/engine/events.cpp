@@ -25,13 +25,18 @@ const json& LocationOf(const json& details) {
     return details;
 }
 
+// The engine counts from zero.
+int FromOne(const json& location, const char* name) {
+    return static_cast<int>(1u + detail::Integer(location.value(name, json(0))));
+}
+
 }  // namespace
 
 ExceptionThrown ExceptionThrown::Parse(const json& params) {
     const json& details = params.at("exceptionDetails");
     const json& location = LocationOf(details);
-    return {MessageOf(details), detail::Text(location, "url"), location.value("lineNumber", 0) + 1,
-            location.value("columnNumber", 0) + 1};
+    return {MessageOf(details), detail::Text(location, "url"), FromOne(location, "lineNumber"),
+            FromOne(location, "columnNumber")};
 }
 
 }  // namespace tarvik::event

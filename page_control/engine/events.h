@@ -22,6 +22,11 @@ inline std::string Text(const json& object, const char* name) {
     return object.value(name, std::string());
 }
 
+// Throws for a fraction, whose conversion to an integer could be undefined.
+inline int Integer(const json& number) {
+    return static_cast<int>(number.get_ref<const json::number_integer_t&>());
+}
+
 }  // namespace detail
 
 struct TargetCreated {
@@ -123,7 +128,7 @@ struct ExceptionThrown {
 struct BindingCalled {
     static constexpr const char* kMethod = "Runtime.bindingCalled";
     static BindingCalled Parse(const json& params) {
-        return {params.at("name"), params.at("payload"), params.at("executionContextId")};
+        return {params.at("name"), params.at("payload"), detail::Integer(params.at("executionContextId"))};
     }
     std::string name;
     std::string payload;
@@ -136,7 +141,9 @@ struct ContextsCleared : detail::WithoutParameters<ContextsCleared> {
 
 struct ContextDestroyed {
     static constexpr const char* kMethod = "Runtime.executionContextDestroyed";
-    static ContextDestroyed Parse(const json& params) { return {params.value("executionContextId", 0)}; }
+    static ContextDestroyed Parse(const json& params) {
+        return {detail::Integer(params.value("executionContextId", json(0)))};
+    }
     int contextId;
 };
 

@@ -19,7 +19,8 @@ std::optional<EngineMessage> ParseFrame(std::string_view text) {
     const json tail = json::parse(std::string_view(tailText), nullptr, false);
     if (tail.is_discarded()) return IgnoredMessage();
     return ScreencastFrame{tail.value("sessionId", std::string()),
-                           tail.at("params").at("sessionId").get<std::int64_t>(), rest.substr(0, end)};
+                           tail.at("params").at("sessionId").get_ref<const json::number_integer_t&>(),
+                           rest.substr(0, end)};
 }
 
 // A pause reports all frames of the stack, of which nothing is used.
