@@ -30,10 +30,11 @@ class Continuation {
 // A backtracking matcher: a node matches at a position only if the `rest` of the expression matches after it.
 class Matcher {
   public:
-    Matcher(std::wstring_view text, int captures) : text_(text), captures_(static_cast<size_t>(captures)) {}
+    Matcher(std::wstring_view text, int captures, int maxSteps)
+        : text_(text), captures_(static_cast<size_t>(captures)), maxSteps_(maxSteps) {}
 
     bool Match(const PatternNode& node, size_t at, const Continuation& rest) {
-        if (exhausted_ || ++steps_ > kMaxSteps || depth_ >= kMaxDepth) {
+        if (exhausted_ || ++steps_ > maxSteps_ || depth_ >= kMaxDepth) {
             exhausted_ = true;
             return false;
         }
@@ -47,8 +48,7 @@ class Matcher {
     bool IsExhausted() const { return exhausted_; }
 
   private:
-    // More than any path needs. They limit the time, and the stack to about half a megabyte.
-    static constexpr int kMaxSteps = 1'000'000;
+    // More than any path needs. It limits the stack to about half a megabyte.
     static constexpr int kMaxDepth = 1'200;
 
     bool MatchKind(const PatternNode& node, size_t at, const Continuation& rest) {
@@ -138,6 +138,7 @@ class Matcher {
 
     std::wstring_view text_;
     Captures captures_;
+    const int maxSteps_;
     int steps_ = 0;
     int depth_ = 0;
     bool exhausted_ = false;
@@ -145,9 +146,9 @@ class Matcher {
 
 }  // namespace
 
-std::optional<Pattern::Match> Pattern::Search(std::wstring_view text) const {
+std::optional<Pattern::Match> Pattern::Search(std::wstring_view text, int maxSteps) const {
     const size_t last = program_->anchoredAtStart ? 0 : text.size();
-    Matcher matcher(text, program_->captures);
+    Matcher matcher(text, program_->captures, maxSteps);
     for (size_t from = 0; from <= last && !matcher.IsExhausted(); ++from) {
         size_t to = from;
         const bool matched = matcher.Match(program_->body, from, [&](size_t end) {

@@ -37,8 +37,10 @@ class Pattern {
     // Empty for a syntax error.
     static std::optional<Pattern> Compile(std::wstring_view text);
 
+    static constexpr int kMaxSteps = 1'000'000;  // more than any path needs
+
     // The leftmost match. A search that exceeds its step limit, as only malicious patterns do, finds nothing.
-    std::optional<Match> Search(std::wstring_view text) const;
+    std::optional<Match> Search(std::wstring_view text, int maxSteps = kMaxSteps) const;
 
     struct Program;  // the compiled form
 
