@@ -8,11 +8,11 @@ namespace {
 TEST(Log, WritesEnabledLevelsAndTheTime) {
     DebugChannel channel;
     Log({kLogError, nullptr}, kLogTrace, 7, "CSome::Trace", nullptr);
-    EXPECT_THAT(channel.texts, IsEmpty());
+    EXPECT_THAT(channel.Texts(), IsEmpty());
     Log({kLogError, nullptr}, kLogError, 7, "CSome::Fault", nullptr);
     Log({kLogTrace | kLogError, nullptr}, kLogTrace, 12345, "CSome::Trace", L"%s is %d", L"this", 5);
     Log({kLogError | kLogTimeStamp, nullptr}, kLogError, 42, "CSome::Fault", nullptr);
-    EXPECT_THAT(channel.texts,
+    EXPECT_THAT(channel.Texts(),
                 ElementsAre("(0007) CSome::Fault\n", "(12345) CSome::Trace this is 5\n",
                             MatchesRegex("\\[\\d\\d\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\] "
                                          "\\(0042\\) CSome::Fault\n")));
@@ -24,7 +24,7 @@ TEST(Log, FormatsNothingIfDisabledAndIgnoresWriteErrors) {
     Log({0, nullptr}, kLogError, 1, "label", L"%s", nowhere);
     Log({kLogTimeStamp | kLogToFile, nullptr}, kLogTrace | kLogError, 1, "label", L"%s", nowhere);
     Log({kLogError | kLogToFile, INVALID_HANDLE_VALUE}, kLogError, 1, "label", L"x");
-    EXPECT_THAT(channel.texts, IsEmpty());
+    EXPECT_THAT(channel.Texts(), IsEmpty());
 }
 
 TEST(Log, WritesWideTextOfAnyLengthToAFile) {

@@ -38,8 +38,8 @@ TEST_F(BrowserWindow, IsNotCreatedIfThePageDoesNotExist) {
     DebugChannel channel;
     for (const std::wstring& page : {folder_ / L"none.html", std::wstring()})
         EXPECT_FALSE(MakeCom<CWebBrowser>()->CreateHidden(nullptr, page.c_str()));
-    EXPECT_THAT(channel.texts, ElementsAre(EndsWith("none.html\" does not exist. No window was opened.\n"),
-                                           testing::StartsWith("A relative URL")));
+    EXPECT_THAT(channel.Texts(), ElementsAre(EndsWith("none.html\" does not exist. No window was opened.\n"),
+                                             testing::StartsWith("A relative URL")));
 }
 
 // The class factory of the system's web browser control, which closes a window before it creates one.

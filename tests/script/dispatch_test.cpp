@@ -198,7 +198,7 @@ TEST_F(MemberTable, LogsUnknownNamesAndOperations) {
     InvokeId(-9990, DISPATCH_METHOD, nullptr);
     processLog.flags = before;
     const std::string line = "\\(\\d\\d\\d\\d\\) CSample::";
-    EXPECT_THAT(channel.texts,
+    EXPECT_THAT(channel.Texts(),
                 ElementsAre(MatchesRegex(line + "GetIDsOfNames Not implement name: none\n"),
                             MatchesRegex(line + "GetTypeInfoCount\n"), MatchesRegex(line + "Invoke\n")));
 }

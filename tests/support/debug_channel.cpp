@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 namespace tarvik {
 
 namespace {
@@ -9,14 +11,15 @@ namespace {
 // OutputDebugString raises this exception for a debugger, with the text in the system's code page.
 constexpr DWORD kNarrowText = 0x40010006;  // DBG_PRINTEXCEPTION_C
 
-DebugChannel* listening = nullptr;
+std::atomic<DebugChannel*> listening = nullptr;
 
 LONG CALLBACK Listen(EXCEPTION_POINTERS* pointers) {
     const EXCEPTION_RECORD& record = *pointers->ExceptionRecord;
-    if (record.ExceptionCode != kNarrowText || !listening) return EXCEPTION_CONTINUE_SEARCH;
+    DebugChannel* const channel = listening;
+    if (record.ExceptionCode != kNarrowText || !channel) return EXCEPTION_CONTINUE_SEARCH;
     // The length includes the terminator.
-    listening->texts.emplace_back(reinterpret_cast<const char*>(record.ExceptionInformation[1]),
-                                  record.ExceptionInformation[0] - 1);
+    channel->Add(
+        {reinterpret_cast<const char*>(record.ExceptionInformation[1]), record.ExceptionInformation[0] - 1});
     return EXCEPTION_CONTINUE_EXECUTION;
 }
 

@@ -33,7 +33,7 @@ TEST(PluginLibrary, IsFreedWithoutErrorIfItHasNoPlugin) {
         DebugChannel channel;
         EXPECT_THAT(LoadPluginLibrary(Sample(name)), HasStatus(S_OK));
         EXPECT_FALSE(GetModuleHandleW(name));
-        EXPECT_EQ(channel.texts.size(), 1u) << "the library was not loaded and freed";
+        EXPECT_EQ(channel.Texts().size(), 1u) << "the library was not loaded and freed";
     }
     for (const wchar_t* name : {L"none", L"wrongKind", L"noDescriptor", L"failing", L"throwing"})
         EXPECT_FALSE(FindPlugin(name));
@@ -67,7 +67,7 @@ TEST(PluginLibrary, IsLoadedFromTheCurrentFolder) {
     EXPECT_THAT(LoadPluginLibrary(L"sample_libraries\\good.dll"), HasStatus(S_OK));
     EXPECT_THAT(LoadPluginLibrary(L""), HasStatus(E_FAIL));
     fs::current_path(back);
-    EXPECT_THAT(channel.texts, ElementsAre("no_export"));
+    EXPECT_THAT(channel.Texts(), ElementsAre("no_export"));
     EXPECT_FALSE(HasPluginLibraries());
 }
 

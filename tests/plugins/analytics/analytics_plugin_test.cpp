@@ -12,7 +12,7 @@ class Analytics : public testing::Test {
   protected:
     Analytics() { processLog.flags = kLogTrace | kLogError; }
     ~Analytics() override {
-        EXPECT_EQ(channel_.texts.size(), lines_) << "one line for each hit";
+        EXPECT_EQ(channel_.Texts().size(), lines_) << "one line for each hit";
         processLog.flags = flags_;
     }
 
@@ -26,8 +26,8 @@ class Analytics : public testing::Test {
     }
     // The text of the line that a hit writes to the log.
     std::string Line() {
-        if (!PumpUntil([&] { return channel_.texts.size() > lines_; })) return "none";
-        const std::string& line = channel_.texts[lines_++];
+        if (!PumpUntil([&] { return channel_.Texts().size() > lines_; })) return "none";
+        const std::string line = channel_.Texts()[lines_++];
         return line.substr(line.find(' ') + 1);
     }
 
@@ -45,7 +45,7 @@ TEST_F(Analytics, RejectsInvalidCalls) {
     EXPECT_THAT(CallMember(plugin.Get(), L"set", L"a", L"b", 1).status, HasStatus(E_FAIL));
     EXPECT_THAT(CallMember(plugin.Get(), L"event", L"c").status, HasStatus(S_OK));
     EXPECT_THAT(CallMember(plugin.Get(), L"event", 1, 2).status, HasStatus(S_OK));
-    EXPECT_THAT(channel_.texts, IsEmpty());
+    EXPECT_THAT(channel_.Texts(), IsEmpty());
 }
 
 TEST_F(Analytics, LogsAHitThatCannotBeEncoded) {
@@ -69,7 +69,7 @@ TEST_F(Analytics, LogsAHitThatDoesNotArrive) {
         const WebServer silent([](const WebExchange& exchange) { exchange.WaitForDisconnect(); });
         Page(PluginTo(silent.Port()).Get(), L"home");
         EXPECT_TRUE(PumpUntil([&] { return silent.Connections() > 0; }));
-        EXPECT_EQ(channel_.texts.size(), lines_) << "sending does not block";
+        EXPECT_EQ(channel_.Texts().size(), lines_) << "sending does not block";
     }
     EXPECT_EQ(Line(), failed) << "at the latest when the server has closed the connection";
 }

@@ -26,7 +26,7 @@ TEST_F(Console, WritesAFirstArgumentThatIsAString) {
     Log(plugin_.Get());
     EXPECT_EQ(CallText(plugin_.Get(), L"log"), StatusText(E_FAIL));
     EXPECT_EQ(GetText(plugin_.Get(), L"log"), "EMPTY");
-    EXPECT_THAT(channel_.texts, ElementsAre("100%s\n", "\n", "cut\n"));
+    EXPECT_THAT(channel_.Texts(), ElementsAre("100%s\n", "\n", "cut\n"));
 }
 
 // Stands for all small plug-ins.

@@ -50,7 +50,7 @@ TEST_F(Download, NeedsAResultForItsClient) {
         plugin_->Invoke(-10000, IID_NULL, kScriptLocale, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
         HasStatus(S_OK));
     processLog.flags = flags;
-    EXPECT_THAT(channel.texts, ElementsAre(EndsWith("CHttpPlugin::CreateClient pResult is NULL.\n")));
+    EXPECT_THAT(channel.Texts(), ElementsAre(EndsWith("CHttpPlugin::CreateClient pResult is NULL.\n")));
 }
 
 TEST_F(Download, StoresABodyOfAnySizeAndReportsEachChunk) {
