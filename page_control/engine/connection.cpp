@@ -12,6 +12,8 @@ namespace {
 constexpr DWORD kEndTimeout = 2000;
 // A longer wait serves all messages, so that a page that computes for ever does not freeze its window.
 constexpr DWORD kCallsOnlyPeriod = 2000;
+// A wait checks its condition at least this often: a call that it serves may have met it without a message of
+// the engine, and does not end the system's wait.
 constexpr DWORD kPollInterval = 50;
 
 }  // namespace

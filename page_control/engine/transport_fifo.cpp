@@ -29,6 +29,7 @@ void StartShell(std::string_view script, const std::wstring& arguments) {
     // another handle of this process.
 }
 
+// Polls: the shell creates the folder, so only a watch on all of /tmp could report the FIFOs earlier.
 UniqueHandle OpenWithRetry(const std::wstring& path, DWORD access) {
     const ULONGLONG end = GetTickCount64() + kStartTimeout;
     for (;;) {

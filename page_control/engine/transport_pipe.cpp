@@ -102,7 +102,8 @@ class PipeTransport : public Transport {
         PipeTransport::Kill();
     }
 
-    // Also removes the profile, which would otherwise stay until the next start.
+    // Also removes the profile, which would otherwise stay until the next start. Polls until the job is
+    // empty, for which a job has no event, and its completion port no guarantee.
     void Kill() override {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);
