@@ -68,7 +68,7 @@ class PlainObject : public ComObject<IDispatch> {
             case kAdd:
                 if (!(flags & DISPATCH_METHOD) || parameters->cArgs != 2) return E_NOTIMPL;
                 if (reversed[0].vt != VT_I4 || reversed[1].vt != VT_I4) return E_INVALIDARG;
-                return Answer(result, reversed[1].lVal + reversed[0].lVal);
+                return Return(result, reversed[1].lVal + reversed[0].lVal);
             case kEcho:
                 if (!(flags & DISPATCH_METHOD) || parameters->cArgs != 1) return E_NOTIMPL;
                 if (reversed[0].vt != VT_BSTR) return E_INVALIDARG;
@@ -77,7 +77,7 @@ class PlainObject : public ComObject<IDispatch> {
                 result->vt = VT_BSTR;
                 return S_OK;
             case kSize:
-                return flags & DISPATCH_PROPERTYGET ? Answer(result, 7) : E_NOTIMPL;
+                return flags & DISPATCH_PROPERTYGET ? Return(result, 7) : E_NOTIMPL;
             default:
                 return E_NOTIMPL;
         }
@@ -86,7 +86,7 @@ class PlainObject : public ComObject<IDispatch> {
   private:
     enum : DISPID { kAdd = 1, kEcho, kSize };
 
-    static HRESULT Answer(VARIANT* result, LONG value) {
+    static HRESULT Return(VARIANT* result, LONG value) {
         if (!result) return S_OK;
         result->lVal = value;
         result->vt = VT_I4;

@@ -10,13 +10,13 @@ namespace tarvik {
 
 bool CopyProgress::Report(ULONGLONG transferred) noexcept {
     if (!function_) return true;
-    bool goOn = false;
+    bool shouldContinue = false;
     (void)Guard([&] {
         const auto processed = static_cast<double>(std::min(done_ + transferred, total_));
         const auto total = static_cast<double>(total_);
-        goOn = !IsFalse(function_(processed, total, context_));
+        shouldContinue = !IsFalse(function_(processed, total, context_));
     });
-    return goOn;
+    return shouldContinue;
 }
 
 void CopyProgress::FileFinished(const std::wstring& dest) {
@@ -26,8 +26,9 @@ void CopyProgress::FileFinished(const std::wstring& dest) {
 DWORD CALLBACK OnCopyProgress(LARGE_INTEGER, LARGE_INTEGER totalBytesTransferred, LARGE_INTEGER,
                               LARGE_INTEGER, DWORD, DWORD, HANDLE, HANDLE, LPVOID progress) {
     auto* const reporter = static_cast<CopyProgress*>(progress);
-    const bool goOn = !reporter || reporter->Report(static_cast<ULONGLONG>(totalBytesTransferred.QuadPart));
-    return goOn ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
+    const bool shouldContinue =
+        !reporter || reporter->Report(static_cast<ULONGLONG>(totalBytesTransferred.QuadPart));
+    return shouldContinue ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
 }
 
 }  // namespace tarvik

@@ -41,9 +41,9 @@ class EnumFilesWorker : public Worker {
         const Variant name = Variant::Text(path);
         const Variant bits = Variant::UI4(attributes);
         const Variant bytes = Variant::R8(static_cast<double>(size));
-        Variant answer;
-        CallScriptFunction(callback_.Get().AsDispatch(), {&name, &bits, &bytes}, &answer);
-        return IsFalse(answer) ? E_ABORT : S_OK;
+        Variant result;
+        CallScriptFunction(callback_.Get().AsDispatch(), {&name, &bits, &bytes}, &result);
+        return IsFalse(result) ? E_ABORT : S_OK;
     }
 
     MarshaledObject options_;

@@ -25,8 +25,8 @@ ComPtr<TVK::IStream> SourceIn(const ScriptObject& options) {
 TransferTask::TransferTask(const ScriptObject& options, std::shared_ptr<SharedFile> file)
     : AsyncTask(options), file_(std::move(file)), length_(LengthIn(options)) {}
 
-void TransferTask::CancelIfFalse(const Variant& answer) {
-    if (IsFalse(answer)) throw StatusError(E_ABORT);
+void TransferTask::CancelIfFalse(const Variant& result) {
+    if (IsFalse(result)) throw StatusError(E_ABORT);
 }
 
 ReadTask::ReadTask(const ScriptObject& options, std::shared_ptr<SharedFile> file)

@@ -19,7 +19,7 @@ class TransferTask : public AsyncTask {
     ULONG Length() const { return length_; }
 
     // Throws E_ABORT if `progress` returned false.
-    static void CancelIfFalse(const Variant& answer);
+    static void CancelIfFalse(const Variant& result);
 
   private:
     std::shared_ptr<SharedFile> file_;

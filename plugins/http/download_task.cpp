@@ -76,13 +76,13 @@ void DownloadTask::ReportProgress(std::uint32_t done, std::uint32_t total) {
     if (!Progress()) return;
     const Variant processed = Variant::UI4(done);
     const Variant all = Variant::UI4(total);
-    Variant answer;
+    Variant result;
     const HRESULT status =
-        CallScriptFunction(Progress().AsDispatch(), {&processed, &all, &Context()}, &answer);
+        CallScriptFunction(Progress().AsDispatch(), {&processed, &all, &Context()}, &result);
     // A download continues after its page has been destroyed.
     if (IsCallbackDestroyed(status)) return;
     if (status != S_OK) throw StatusError(status);
-    if (IsFalse(answer)) throw StatusError(E_ABORT);
+    if (IsFalse(result)) throw StatusError(E_ABORT);
 }
 
 }  // namespace tarvik

@@ -155,8 +155,8 @@ bool CSystemPlugin::IsX64Process() {
 bool CSystemPlugin::IsX64System() {
     using IsWow64 = BOOL WINAPI(HANDLE, BOOL*);
     auto* const isWow64 = FindFunction<IsWow64>(L"kernel32.dll", "IsWow64Process");
-    BOOL answer = FALSE;
-    return isWow64 && isWow64(GetCurrentProcess(), &answer) && answer;
+    BOOL is32Bit = FALSE;
+    return isWow64 && isWow64(GetCurrentProcess(), &is32Bit) && is32Bit;
 }
 
 std::wstring CSystemPlugin::PathOf(BSTR path) const {

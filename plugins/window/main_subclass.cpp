@@ -33,8 +33,8 @@ void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
 bool CMainSubclassWindow::Raise(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     if (!function) return true;
-    Variant answer;
-    return FAILED(CallScriptFunction(function.Get(), {}, answer.Receive())) || !IsFalse(answer);
+    Variant result;
+    return FAILED(CallScriptFunction(function.Get(), {}, result.Receive())) || !IsFalse(result);
 }
 
 // By design a command with low bits set, as from a double click on the caption, raises no event.

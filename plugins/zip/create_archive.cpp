@@ -31,9 +31,9 @@ struct ArchiveWriteContext {
 
     bool ReportProgress() const {  // false to abort
         if (!progress) return true;
-        Variant answer;
-        CallScriptFunction(progress, {&processingFile, &total, &processeedSize, &context}, &answer);
-        return !IsFalse(answer);
+        Variant result;
+        CallScriptFunction(progress, {&processingFile, &total, &processeedSize, &context}, &result);
+        return !IsFalse(result);
     }
 };
 

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* kHead = R"(<!DOCTYPE html><meta charset="utf-8"><title>Page</title>
 <style>html, body { margin: 0; font: 16px sans-serif; background: white; }</style>
 <script>
-  function ask(text) { return String(eval(text)); }
+  function evaluate(text) { return String(eval(text)); }
   function middleOf(id) {
     var box = document.getElementById(id).getBoundingClientRect();
     return Math.round((box.left + box.right) / 2) * 10000 + Math.round((box.top + box.bottom) / 2);
@@ -61,15 +61,16 @@ ComPtr<IDispatch> HostedPage::Script() const {
     return ScriptOf(AtlAxGetControl(frame_).Get());
 }
 
-std::wstring HostedPage::Ask(const std::wstring& expression) const {
-    const InvokeResult answer = CallMember(Script().Get(), L"ask", expression.c_str());
-    return answer.value.Is(VT_BSTR) ? std::wstring(Bstr::View(answer.value.bstrVal)) : L"(no answer)";
+std::wstring HostedPage::Evaluate(const std::wstring& expression) const {
+    const InvokeResult result = CallMember(Script().Get(), L"evaluate", expression.c_str());
+    return result.value.Is(VT_BSTR) ? std::wstring(Bstr::View(result.value.bstrVal)) : L"(no result)";
 }
 
 testing::AssertionResult HostedPage::Becomes(const std::wstring& expression,
                                              const std::wstring& expected) const {
     std::wstring last;
-    if (PumpUntil([&] { return (last = Ask(expression)) == expected; })) return testing::AssertionSuccess();
+    if (PumpUntil([&] { return (last = Evaluate(expression)) == expected; }))
+        return testing::AssertionSuccess();
     return testing::AssertionFailure()
            << "it is " << testing::PrintToString(last) << ", not " << testing::PrintToString(expected);
 }

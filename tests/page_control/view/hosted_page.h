@@ -22,7 +22,7 @@ class HostedPage : public testing::Test {
     void Open(const std::string& html);
 
     // The value of an expression, as text.
-    std::wstring Ask(const std::wstring& expression) const;
+    std::wstring Evaluate(const std::wstring& expression) const;
     // Waits until an expression has this value; the failure names the last one.
     testing::AssertionResult Becomes(const std::wstring& expression, const std::wstring& expected) const;
 

@@ -24,7 +24,7 @@ TEST_F(HostedPage, ReceivesTypedText) {
     ASSERT_TRUE(Becomes(L"document.activeElement.id", L"first"));
     Type(L"aB1!");
     EXPECT_TRUE(Becomes(L"first.value", L"aB1!"));
-    EXPECT_EQ(Ask(L"log.join(' ')"),
+    EXPECT_EQ(Evaluate(L"log.join(' ')"),
               L"a/KeyA/false/0/65 Shift/ShiftLeft/true/1/16 B/KeyB/true/0/66 "
               L"1/Digit1/false/0/49 Shift/ShiftLeft/true/1/16 !/Digit1/true/0/49");
     Type(L"\u00FC\u6F22x\U0001F600");
@@ -73,7 +73,7 @@ TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     EXPECT_TRUE(PumpUntil([] { return !GetCapture(); }));
     ClickAt({left.x, left.y + 76}, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(L"log.length", L"2"));
-    EXPECT_EQ(Ask(selected), L"wonderful") << "nothing of this line";
+    EXPECT_EQ(Evaluate(selected), L"wonderful") << "nothing of this line";
     ClickAt({left.x, field.y - 8}, MOUSEEVENTF_LEFTDOWN, 2);
     EXPECT_TRUE(Becomes(selected, L"several"));
 }
@@ -89,7 +89,7 @@ TEST_F(HostedPage, ScrollsByTheWheel) {
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 200"));
     Send(MouseInputOf(MOUSEEVENTF_WHEEL, WHEEL_DELTA / 2));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"100 150"));
-    EXPECT_EQ(Ask(L"log.join()"), L"100 110,100 110,100 110");
+    EXPECT_EQ(Evaluate(L"log.join()"), L"100 110,100 110,100 110");
 }
 
 // The engine throws away what comes while a page's script waits for an answer.
@@ -113,7 +113,7 @@ TEST_F(HostedPage, LosesNoInputOfAPageThatMakesNativeCalls) {
     const std::wstring text = L"The quick brown fox jumps over the lazy dog";
     Type(text);
     EXPECT_TRUE(Becomes(L"field.value", text));
-    EXPECT_EQ(Ask(L"clicks"), std::to_wstring(kClicks)) << "nor sends anything twice";
+    EXPECT_EQ(Evaluate(L"clicks"), std::to_wstring(kClicks)) << "nor sends anything twice";
 }
 
 // A menu or the dragging of a window takes the capture.
@@ -133,7 +133,7 @@ TEST_F(HostedPage, EndsADragWhenTheCaptureIsLost) {
     ReleaseCapture();
     MovePointer(OnScreen({140, 100}));
     EXPECT_TRUE(Becomes(L"held", L"0"));
-    EXPECT_EQ(Ask(L"log.join()"), L"mousedown,mouseup");
+    EXPECT_EQ(Evaluate(L"log.join()"), L"mousedown,mouseup");
 }
 
 // ---- Clipboard
@@ -164,7 +164,7 @@ TEST_F(HostedPage, ShowsAMenuOnTextFields) {
     EXPECT_NEAR(menu.left, field.x, 3);
     EXPECT_NEAR(menu.top, field.y, 3);
     EXPECT_TRUE(Becomes(L"field.value", L"from \u00FCberall"));
-    EXPECT_EQ(Ask(L"log.join()"), L"paste");
+    EXPECT_EQ(Evaluate(L"log.join()"), L"paste");
     choose('A');
     EXPECT_TRUE(Becomes(L"field.selectionEnd - field.selectionStart", L"12"));
     SetClipboardText(L"");
@@ -199,7 +199,7 @@ TEST_F(HostedPage, SharesTheSystemsClipboard) {
     Type(L"!");
     PressKeys({VK_SHIFT, VK_INSERT});
     EXPECT_TRUE(Becomes(L"second.value", L"two\nlines \u6F22!two\nlines \u6F22"));
-    EXPECT_EQ(Ask(L"log.join()"), L"copy,cut,paste,paste");
+    EXPECT_EQ(Evaluate(L"log.join()"), L"copy,cut,paste,paste");
     ClickAt(MiddleOf(L"copy"));
     EXPECT_TRUE(holds(L"by the page"));
     ClickAt(MiddleOf(L"secret"));
@@ -230,7 +230,7 @@ TEST_F(HostedPage, SetsTheCursor) {
             Send(MoveOf({place.x, place.y - step}));
         MovePointer(place);
         EXPECT_TRUE(PumpUntil([&] { return GetCursor() == expected; }))
-            << Ask(std::wstring(L"'") + id + L"'").c_str();
+            << Evaluate(std::wstring(L"'") + id + L"'").c_str();
     }
 }
 
@@ -239,7 +239,7 @@ TEST_F(HostedPage, ReportsItsPositionOnTheScreen) {
         R"(<script>var place; onmousemove = function (event) { place = event.screenX + ' ' + event.screenY; };
         </script>)");
     const auto text = [](LONG x, LONG y) { return std::to_wstring(x) + L" " + std::to_wstring(y); };
-    EXPECT_EQ(Ask(L"screen.width + ' ' + screen.height"),
+    EXPECT_EQ(Evaluate(L"screen.width + ' ' + screen.height"),
               text(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
     for (const POINT corner : {POINT{60, 50}, POINT{237, 91}, POINT{-40, 20}}) {
         SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
@@ -280,7 +280,7 @@ TEST_F(HostedPage, FollowsTheWindowsSize) {
         RECT area = {};
         GetClientRect(PageWindow(), &area);
         EXPECT_TRUE(PixelBecomes(OnScreen({area.right - 3, area.bottom - 3}), kGreen));
-        EXPECT_EQ(Ask(L"innerWidth + ' ' + innerHeight"),
+        EXPECT_EQ(Evaluate(L"innerWidth + ' ' + innerHeight"),
                   std::to_wstring(area.right) + L" " + std::to_wstring(area.bottom));
     }
 }
@@ -291,13 +291,14 @@ TEST_F(HostedPage, UpdatesThePictureWhenItIsShownAgain) {
     for (const bool minimise : {true, false}) {
         ShowWindow(Frame(), minimise ? SW_MINIMIZE : SW_HIDE);
         // More frames than the screencast sends for an invisible window.
-        Ask(L"turns = 0, timer = setInterval(function () {"
+        Evaluate(
+            L"turns = 0, timer = setInterval(function () {"
             L"box.style.background = ++turns % 2 ? 'blue' : 'yellow' }, 5)");
         EXPECT_TRUE(Becomes(L"turns > 200", L"true"));
-        Ask(L"clearInterval(timer), box.style.background = '#00a000'");
+        Evaluate(L"clearInterval(timer), box.style.background = '#00a000'");
         ShowWindow(Frame(), minimise ? SW_RESTORE : SW_SHOW);
         EXPECT_TRUE(PixelBecomes(box, kGreen));
-        Ask(L"box.style.background = '#c80000'");
+        Evaluate(L"box.style.background = '#c80000'");
         EXPECT_TRUE(PixelBecomes(box, kRed));
     }
 }
