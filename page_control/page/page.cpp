@@ -57,6 +57,7 @@ bool Page::Connect() {
         target_ = std::move(target);
         bridge_ = std::move(bridge);
         failed_ = false;
+        isBlank_ = true;
         scriptAllowed_ = true;
     } catch (const std::exception&) {
         bridge.reset();

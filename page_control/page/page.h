@@ -103,6 +103,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void SubscribeAll(PageTarget& target);
     void OnRequestPaused(const event::RequestPaused& request);
     void OnFrameNavigated(const event::FrameNavigated& navigated);
+    void RemoveBlankPageFromHistory(int attempts);
     void OnNavigatedWithin(const event::NavigatedWithinDocument& navigated);
     void OnLoad(const event::LoadEventFired&);
     void OnFrameStopped(const event::FrameStoppedLoading& stopped);
@@ -127,6 +128,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool loading_ = false;
     std::map<std::string, std::wstring> frames_;  // addresses of the frames that are being loaded, by id
     bool failed_ = false;
+    bool isBlank_ = true;  // whether the target shows no document yet
     bool connecting_ = false;
     bool scriptAllowed_ = true;
 };

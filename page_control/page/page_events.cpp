@@ -9,6 +9,12 @@
 
 namespace tarvik {
 
+namespace {
+
+constexpr int kHistoryAttempts = 100;
+
+}  // namespace
+
 template <class Event>
 EventRouter::Subscription Page::Subscribe(PageTarget& target, void (Page::*handler)(const Event& event)) {
     return target.Events().Subscribe<Event>([weak = weak_from_this(), handler](const Event& event) {
@@ -48,10 +54,23 @@ void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
         started_ = false;
         loading_ = true;
         frames_.clear();
+        if (std::exchange(isBlank_, false)) RemoveBlankPageFromHistory(kHistoryAttempts);
     } else {
         frames_[navigated.frameId] = url;
         Fire(&PageEvents::OnNavigateComplete, url, false);
     }
+}
+
+// The blank page that every target starts with is not part of the user's history. The command fails while the
+// engine has not yet replaced that page.
+void Page::RemoveBlankPageFromHistory(int attempts) {
+    target_->Post(
+        "Page.resetNavigationHistory", Json::object(),
+        [weak = weak_from_this(), attempts](const Json* result) {
+            const auto page = weak.lock();
+            if (!result && attempts > 1 && page && page->target_ && page->target_->Engine().IsOpen())
+                page->RemoveBlankPageFromHistory(attempts - 1);
+        });
 }
 
 void Page::OnNavigatedWithin(const event::NavigatedWithinDocument& navigated) {

@@ -33,11 +33,23 @@ bool IsPaste(UINT virtualKey) {
            (virtualKey == VK_INSERT && IsHeld(VK_SHIFT));
 }
 
-// Shortcuts that the engine handles itself before the page gets them: they close the page or open a window.
-bool IsEngineShortcut(UINT virtualKey) {
-    if (virtualKey == VK_F4) return IsHeld(VK_MENU) || IsHeld(VK_CONTROL);
-    return IsHeld(VK_CONTROL) && !IsHeld(VK_MENU) &&
-           (virtualKey == 'W' || virtualKey == 'T' || virtualKey == 'N');
+bool IsHistoryKey(UINT virtualKey) {
+    if (virtualKey == VK_LEFT || virtualKey == VK_RIGHT) return IsHeld(VK_MENU);
+    return virtualKey == VK_BROWSER_BACK || virtualKey == VK_BROWSER_FORWARD;
+}
+
+// Whether the key, with the modifiers that are held, never types a character. Ctrl and Alt together are
+// AltGr.
+bool IsCommandKey(UINT virtualKey) {
+    return IsHeld(VK_CONTROL) != IsHeld(VK_MENU) || (virtualKey >= VK_F1 && virtualKey <= VK_F24) ||
+           (virtualKey >= VK_BROWSER_BACK && virtualKey <= VK_LAUNCH_APP2) || virtualKey == VK_HELP ||
+           (virtualKey == VK_ESCAPE && IsHeld(VK_SHIFT));
+}
+
+// The engine looks for its own shortcuts, such as Ctrl+W or F11, in raw presses only, so the page alone gets
+// a press of the other type. That one cannot suppress the character that follows it.
+const char* PressType(UINT virtualKey) {
+    return IsCommandKey(virtualKey) && !IsHistoryKey(virtualKey) ? "keyDown" : "rawKeyDown";
 }
 
 }  // namespace
@@ -66,12 +78,11 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
-    if (IsEngineShortcut(virtualKey)) return;
     if (down && IsPaste(virtualKey)) QueueClipboardText(window_, queue_, script_);
     const std::string code = CodeOf(lParam);
     const KeyLocation location = LocationOfKey(code);
     queue_.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
-               {{"type", down ? "rawKeyDown" : "keyUp"},
+               {{"type", down ? PressType(virtualKey) : "keyUp"},
                 {"windowsVirtualKeyCode", virtualKey},
                 {"nativeVirtualKeyCode", virtualKey},
                 {"key", KeyName(virtualKey, ScanCodeOf(lParam))},

@@ -51,6 +51,118 @@ TEST_F(HostedPage, ReceivesTypedText) {
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
 }
 
+// In a window that is larger than the engine's own, to which its full screen would clip the picture.
+TEST_F(HostedPage, GetsTheKeysOfTheBrowsersShortcuts) {
+    const WORD kShift = VK_SHIFT, kControl = VK_CONTROL, kAlt = VK_MENU;
+    const std::vector<WORD> kShortcuts[] = {
+        {VK_F1},
+        {VK_F3},
+        {VK_F6},
+        {VK_F7},
+        {VK_F11},
+        {VK_F12},
+        {VK_ESCAPE},
+        {kShift, VK_ESCAPE},
+        {kControl, VK_TAB},
+        {kControl, VK_F4},
+        {kControl, VK_PRIOR},
+        {kControl, VK_NEXT},
+        {kControl, VK_ADD},
+        {kControl, VK_SUBTRACT},
+        {kControl, '1'},
+        {kControl, '9'},
+        {kControl, 'D'},
+        {kControl, 'E'},
+        {kControl, 'F'},
+        {kControl, 'G'},
+        {kControl, 'H'},
+        {kControl, 'J'},
+        {kControl, 'K'},
+        {kControl, 'N'},
+        {kControl, 'P'},
+        {kControl, 'R'},
+        {kControl, 'S'},
+        {kControl, 'T'},
+        {kControl, 'U'},
+        {kControl, 'W'},
+        {kControl, kShift, VK_DELETE},
+        {kControl, kShift, 'A'},
+        {kControl, kShift, 'B'},
+        {kControl, kShift, 'I'},
+        {kControl, kShift, 'J'},
+        {kControl, kShift, 'N'},
+        {kControl, kShift, 'O'},
+        {kControl, kShift, 'Q'},
+        {kControl, kShift, 'R'},
+        {kControl, kShift, 'T'},
+        {kControl, kShift, 'W'},
+        {kAlt, VK_HOME},
+        {kAlt, 'D'},
+        {kAlt, VK_LEFT},
+        {kAlt, VK_RIGHT},
+        {VK_BROWSER_BACK},
+        {VK_BROWSER_HOME},
+        {VK_BROWSER_REFRESH},
+        {VK_BROWSER_SEARCH},
+    };
+    Open(R"(<style>html { background: rgb(0, 160, 0); }</style><script>
+        var colours = ['rgb(0, 160, 0)', 'rgb(200, 0, 0)'];
+        function isModifier(event) { return event.keyCode >= 16 && event.keyCode <= 18; }
+        addEventListener('keydown', function (event) { if (!isModifier(event)) log = ['down']; });
+        addEventListener('keyup', function (event) {
+            log.push(event.keyCode);
+            if (!isModifier(event)) document.documentElement.style.background = colours.reverse()[0];
+        });</script>)");
+    const SIZE size = {1000, 680};
+    SetWindowPos(Frame(), nullptr, 60, 40, size.cx, size.cy, SWP_NOZORDER);
+    RECT area = {};
+    GetClientRect(PageWindow(), &area);
+    const POINT corner = OnScreen({area.right - 3, area.bottom - 3});
+    ClickAt(OnScreen({100, 100}));
+    COLORREF colour = kGreen;
+    ASSERT_TRUE(PixelBecomes(corner, colour));
+    const std::wstring state =
+        L"[innerWidth, innerHeight, document.hasFocus(), document.visibilityState, log]";
+    const std::wstring expected =
+        std::to_wstring(area.right) + L"," + std::to_wstring(area.bottom) + L",true,visible,down,";
+    for (const std::vector<WORD>& keys : kShortcuts) {
+        SCOPED_TRACE(testing::PrintToString(keys));
+        PressKeys(keys);
+        std::wstring released;
+        for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+            released += (released.empty() ? L"" : L",") + std::to_wstring(*key);
+        ASSERT_TRUE(Becomes(state, expected + released));
+        colour = colour == kGreen ? kRed : kGreen;
+        ASSERT_TRUE(PixelBecomes(corner, colour));
+    }
+}
+
+// The engine starts with a blank page, which is no part of the window's history.
+TEST_F(HostedPage, GoesBackToItsFirstDocumentOnly) {
+    Open(
+        "<script>function place() { return [location.hash || 'first', history.length, log.length].join(); }"
+        "addEventListener('mouseup', function () { log.push(1); });"
+        "addEventListener('keyup', function () { log.push(1); });</script>");
+    MovePointer(OnScreen({100, 100}));
+    const auto pressBack = [] {
+        for (const DWORD action : {MOUSEEVENTF_XDOWN, MOUSEEVENTF_XUP})
+            Send(MouseInputOf(action, XBUTTON1));
+    };
+    EXPECT_EQ(Evaluate(L"place()"), L"first,1,0");
+    pressBack();
+    EXPECT_TRUE(Becomes(L"place()", L"first,1,1"));
+    PressKeys({VK_MENU, VK_LEFT});
+    EXPECT_TRUE(Becomes(L"place()", L"first,1,3"));
+    Evaluate(L"history.back(); location = '?second'; 0");
+    EXPECT_TRUE(Becomes(L"location.search", L"?second"));
+    EXPECT_TRUE(Becomes(L"document.readyState", L"complete"));
+    pressBack();
+    EXPECT_TRUE(Becomes(L"location.search", L""));
+    pressBack();
+    PressKeys({VK_MENU, VK_RIGHT});
+    EXPECT_TRUE(Becomes(L"location.search", L"?second"));
+}
+
 // Only in fields and where the page's styles say so: the host makes pages behave like a dialog.
 TEST_F(HostedPage, SelectsByClicksAndByDragging) {
     Open(R"(<style>p { margin: 20px; } .text { user-select: text; }</style>
