@@ -1,5 +1,6 @@
 #include "host/web_browser.h"
 
+#include <docobj.h>
 #include <exdispid.h>
 #include <ole2.h>
 #include <shellapi.h>
@@ -47,7 +48,7 @@ HWND CWebBrowser::CreateHidden(HWND parent, const wchar_t* page) {
     return Create(kWindowClass, kAxWindowClass, parent, nullptr, WS_OVERLAPPEDWINDOW, parameter.Get());
 }
 
-bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
+bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
     switch (message) {
         case WM_NCCREATE:
@@ -56,6 +57,10 @@ bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM, LPARAM lParam, LRES
         case WM_CREATE:
             result = OnCreate(static_cast<const wchar_t*>(creation->lpCreateParams));
             return true;
+        case WM_SYSCOMMAND:
+            // By now onClose has agreed. The low bits belong to the system.
+            result = 0;
+            return (wParam & 0xFFF0) == SC_CLOSE && !MayUnload();
         case WM_DESTROY:
             OnDestroy();
             result = 0;
@@ -103,6 +108,20 @@ HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
     SilenceNavigation();
     // The page may have closed the window by now.
     return host_ ? host_->SetContext(this, browser.Get()) : E_ABORT;
+}
+
+// Asks the user, if the page's `beforeunload` handlers want that.
+bool CWebBrowser::MayUnload() {
+    const ComPtr<TVK::ICore> keepAlive(this);
+    ComPtr<IDispatch> document;
+    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get());
+    if (!browser || FAILED(browser->get_Document(document.GetAddressOf()))) return true;
+    const auto commands = Query<IOleCommandTarget>(document.Get());
+    Variant answer;
+    return !commands ||
+           FAILED(commands->Exec(nullptr, OLECMDID_ONUNLOAD, OLECMDEXECOPT_DODEFAULT, nullptr,
+                                 answer.Receive())) ||
+           !answer.Is(VT_BOOL) || answer.boolVal != VARIANT_FALSE;
 }
 
 void CWebBrowser::OnDestroy() {

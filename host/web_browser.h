@@ -43,6 +43,7 @@ class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public
     LRESULT OnCreate(const wchar_t* requested);
     HRESULT OpenPage(const wchar_t* requested);
     void OnDestroy();
+    bool MayUnload();
     HRESULT CreateControl(const std::wstring& page);
     void OnNewWindow(const DISPPARAMS& parameters);
 

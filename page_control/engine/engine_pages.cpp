@@ -31,6 +31,9 @@ void EnginePages::Start() {
     }
     pages_.insert(firstPage_);
     engine_.Post("", "Target.setDiscoverTargets", {{"discover", true}, {"filter", {{{"type", "page"}}}}});
+    // Without a browser's window, nothing could ask the user.
+    for (const char* name : {"geolocation", "notifications"})
+        engine_.Post("", "Browser.setPermission", {{"permission", {{"name", name}}}, {"setting", "denied"}});
     // There is no dialog to choose a place for a download.
     engine_.Post("", "Browser.setDownloadBehavior", {{"behavior", "deny"}});
 }

@@ -1,12 +1,35 @@
+#include "base/wine.h"
 #include "page_control/engine/devtools.h"
 
 namespace tarvik {
+
+namespace {
+
+// The engine's own identity, without the word for an engine that has no windows. Its brands stay, because
+// none are given.
+Json Identity(std::string userAgent) {
+    constexpr std::string_view kHeadless = "Headless";
+    for (size_t at; (at = userAgent.find(kHeadless)) != std::string::npos;)
+        userAgent.erase(at, kHeadless.size());
+    return {{"userAgent", userAgent},
+            {"userAgentMetadata",
+             {{"platform", IsWine() ? "Linux" : "Windows"},
+              {"platformVersion", ""},
+              {"architecture", "x86"},
+              {"bitness", "64"},
+              {"model", ""},
+              {"mobile", false}}}};
+}
+
+}  // namespace
 
 PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move(devtools)) {
     id_ = devtools_->OpenPage();
     try {
         session_ = devtools_->Call("", "Target.attachToTarget", {{"targetId", id_}, {"flatten", true}})
                        .at("sessionId");
+        Post("Emulation.setUserAgentOverride",
+             Identity(devtools_->Call("", "Browser.getVersion").at("userAgent")));
     } catch (...) {
         devtools_->ClosePage(id_);
         throw;

@@ -68,6 +68,15 @@ STDMETHODIMP HtmlDocument::get_parentWindow(IHTMLWindow2** out) {
     return Guard([&] { return CopyTo(MakeCom<HtmlWindow>(page_, ComPtr<IHTMLDocument2>(this)), out); });
 }
 
+STDMETHODIMP HtmlDocument::Exec(const GUID* group, DWORD command, DWORD, VARIANT*, VARIANT* out) {
+    if (group) return OLECMDERR_E_UNKNOWNGROUP;
+    if (command != OLECMDID_ONUNLOAD) return OLECMDERR_E_NOTSUPPORTED;
+    return Guard([&] {
+        const bool mayUnload = page_->MayUnload();
+        if (out) Variant::Bool(mayUnload).MoveInto(out);
+    });
+}
+
 HRESULT HtmlDocument::ElementOf(const wchar_t* name, IHTMLElement** out) {
     if (!out) return E_POINTER;
     *out = nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <docobj.h>
 #include <mshtml.h>
 #include <ocidl.h>
 
@@ -61,7 +62,8 @@ class ScriptDispatch : public ComObject<Entries...> {
 };
 
 // The current document of a control.
-class HtmlDocument : public ScriptDispatch<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>> {
+class HtmlDocument : public ScriptDispatch<As<DocumentMembers, IHTMLDocument2, IHTMLDocument, IDispatch>,
+                                           IOleCommandTarget> {
   public:
     HtmlDocument(std::shared_ptr<Page> page, ComPtr<ConnectionPoint> mouse)
         : page_(std::move(page)), mouse_(std::move(mouse)) {}
@@ -74,6 +76,11 @@ class HtmlDocument : public ScriptDispatch<As<DocumentMembers, IHTMLDocument2, I
     STDMETHODIMP get_readyState(BSTR* out) override;
     STDMETHODIMP get_title(BSTR* out) override;
     STDMETHODIMP get_URL(BSTR* out) override;
+
+    // IOleCommandTarget: OLECMDID_ONUNLOAD asks the page's `beforeunload` handlers and returns whether the
+    // window may close.
+    STDMETHODIMP QueryStatus(const GUID*, ULONG, OLECMD*, OLECMDTEXT*) override { return E_NOTIMPL; }
+    STDMETHODIMP Exec(const GUID* group, DWORD command, DWORD options, VARIANT* in, VARIANT* out) override;
 
   protected:
     ComPtr<IDispatch> Script() override;

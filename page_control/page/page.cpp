@@ -10,6 +10,7 @@ namespace tarvik {
 
 namespace {
 
+constexpr DWORD kUnloadTimeout = 2000;  // for a page that does not respond
 constexpr const wchar_t* kRetry = L"\n\nClick here to try again.";
 
 }  // namespace
@@ -80,6 +81,18 @@ void Page::ShowFailure(const std::wstring& notice) {
     const HWND root = GetAncestor(window_, GA_ROOT);
     if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
     target_.reset();
+}
+
+// The engine runs the handlers of all frames before it requests the document of a navigation. That request is
+// cancelled, so the page lives on until its window is destroyed. A page that does not respond may be closed.
+bool Page::MayUnload() {
+    const auto self = shared_from_this();
+    if (!target_ || location_.empty()) return true;
+    if (std::exchange(asksToUnload_, true)) return false;
+    mayUnload_.reset();
+    (void)Guard([&] { target_->Call("Page.navigate", {{"url", kUnloadAddress}}, kUnloadTimeout); });
+    asksToUnload_ = false;
+    return mayUnload_.value_or(true);
 }
 
 void Page::Close() {

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@
 #include "tarvik/com_ptr.h"
 
 namespace tarvik {
+
+// The address of a navigation that only runs the `beforeunload` handlers.
+inline constexpr const char* kUnloadAddress = "http://unload.invalid/";
 
 struct ScriptError {
     std::wstring message;
@@ -52,6 +56,9 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void Reload();
     void Stop();
     void GoInHistory(int steps);
+
+    // Runs the document's `beforeunload` handlers, as a navigation does. If they ask, the user decides.
+    bool MayUnload();
 
     // Fires no event from here on. Calls in progress fail.
     void Close();
@@ -102,6 +109,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     EventRouter::Subscription Subscribe(PageTarget& target, void (Page::*handler)(const Event& event));
     void SubscribeAll(PageTarget& target);
     void OnRequestPaused(const event::RequestPaused& request);
+    void FailRequest(const event::RequestPaused& request);
     void OnFrameNavigated(const event::FrameNavigated& navigated);
     void RemoveBlankPageFromHistory(int attempts);
     void OnNavigatedWithin(const event::NavigatedWithinDocument& navigated);
@@ -131,6 +139,8 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool isBlank_ = true;  // whether the target shows no document yet
     bool connecting_ = false;
     bool scriptAllowed_ = true;
+    bool asksToUnload_ = false;
+    std::optional<bool> mayUnload_;  // the answer, if there is one yet
 };
 
 }  // namespace tarvik

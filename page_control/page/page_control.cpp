@@ -147,7 +147,7 @@ void PageControl::ReportErrors() {
     while (!errors_.empty()) {
         const ScriptError error = std::move(errors_.front());
         errors_.pop_front();
-        Variant document = Variant::Unknown(document_.Get());
+        Variant document = Variant::Unknown(document_ ? document_->AsUnknown() : nullptr);
         Variant mayContinue = Variant::Bool(true);
         const auto site = Query<IOleCommandTarget>(site_.Get());
         const HRESULT status =

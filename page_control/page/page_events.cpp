@@ -35,6 +35,10 @@ void Page::SubscribeAll(PageTarget& target) {
 }
 
 void Page::OnRequestPaused(const event::RequestPaused& request) {
+    if (asksToUnload_ && request.url == kUnloadAddress) {
+        if (!mayUnload_) mayUnload_ = true;
+        return FailRequest(request);
+    }
     const bool isTop = request.frameId == target_->Id();
     const std::wstring url = HostAddress(request.url);
     // A redirected request belongs to the navigation that has already been allowed.
@@ -44,7 +48,11 @@ void Page::OnRequestPaused(const event::RequestPaused& request) {
     if (allowed)
         target_->Post("Fetch.continueRequest", {{"requestId", request.requestId}});
     else
-        target_->Post("Fetch.failRequest", {{"requestId", request.requestId}, {"errorReason", "Aborted"}});
+        FailRequest(request);
+}
+
+void Page::FailRequest(const event::RequestPaused& request) {
+    target_->Post("Fetch.failRequest", {{"requestId", request.requestId}, {"errorReason", "Aborted"}});
 }
 
 void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
@@ -113,6 +121,7 @@ void Page::OnEngineDialog(const event::DialogOpening& opening) {
     const ScriptDialogResult result = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
     if (context) context->SetDialogOpen(false);
     if (!target_) return;
+    if (asksToUnload_ && opening.type == "beforeunload") mayUnload_ = result.accepted;
     target_->Post("Page.handleJavaScriptDialog",
                   {{"accept", result.accepted}, {"promptText", Narrow(result.text)}});
 }

@@ -56,6 +56,48 @@ TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
     ExpectEnd({"true", "false", "Some \"body\"", "null"});
 }
 
+// As in the browser, only after the user has used the page. A frame may ask, too.
+TEST_F(Dialogs, AskBeforeTheUserClosesAPageThatWantsIt) {
+    Write(L"frame.html", "window.onbeforeunload = function () { return parent.asks ? 'ask' : undefined; };");
+    Open(
+        "var w = external.window, asks = true; w.title = 'Unsaved'; w.setWindowPos(200, 150, 400, 300);"
+        "w.onClose = function () { console.log('closing'); };"
+        "w.onClosed = function () { console.log('closed'); w.quit(5); };"
+        "document.onmouseup = function () { console.log('clicked'); };"
+        "var frame = document.createElement('iframe'); frame.src = 'frame.html'; frame.hidden = true;"
+        "frame.onload = function () { w.show(true); }; document.body.appendChild(frame);");
+    const HWND window = program_.WindowTitled(L"Unsaved");
+    ASSERT_TRUE(WaitForColour(window, kBlue));
+    Click(window);
+    ASSERT_TRUE(program_.WaitForLine("clicked"));
+    for (const int answer : {IDCANCEL, IDOK}) {
+        PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+        const HWND dialog = program_.Dialog();
+        EXPECT_THAT(TextOf(dialog, kBoxText), testing::StartsWith(L"Leave this page?"));
+        EXPECT_TRUE(tarvik::Press(dialog, answer));
+        EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
+    }
+    ExpectEnd({"clicked", "closing", "closing", "closed"});
+}
+
+// Nothing asks: neither a page without a request, nor one that does not respond.
+TEST_F(Dialogs, DoNotAskBeforeOtherPagesAreClosed) {
+    Write(L"loop.html", "console.log('loop'); for (;;);");
+    Open(
+        "var w = external.window; createWindow({url: 'loop.html'});"
+        "window.onbeforeunload = function () { console.log('asked'); };"
+        "w.title = 'Quiet'; w.onClosed = function () { console.log('closed'); w.quit(5); }");
+    ASSERT_TRUE(program_.WaitForLine("loop"));
+    const HWND quiet = program_.WindowTitled(L"Quiet");
+    for (const HWND window : program_.Windows()) {
+        if (window == quiet) continue;
+        PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+        EXPECT_TRUE(WaitFor([&] { return !IsWindow(window); }));
+    }
+    PostMessageW(quiet, WM_SYSCOMMAND, SC_CLOSE, 0);
+    ExpectEnd({"loop", "asked", "closed"});
+}
+
 TEST_F(Dialogs, NoStopsTheScriptsOfThePage) {
     Write(L"other.html", "setInterval(function () { console.log('other'); }, 20);");
     Open(
