@@ -117,11 +117,11 @@ bool CWebBrowser::MayUnload() {
     const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get());
     if (!browser || FAILED(browser->get_Document(document.GetAddressOf()))) return true;
     const auto commands = Query<IOleCommandTarget>(document.Get());
-    Variant answer;
+    Variant result;
     return !commands ||
            FAILED(commands->Exec(nullptr, OLECMDID_ONUNLOAD, OLECMDEXECOPT_DODEFAULT, nullptr,
-                                 answer.Receive())) ||
-           !answer.Is(VT_BOOL) || answer.boolVal != VARIANT_FALSE;
+                                 result.Receive())) ||
+           !result.Is(VT_BOOL) || result.boolVal != VARIANT_FALSE;
 }
 
 void CWebBrowser::OnDestroy() {
