@@ -39,16 +39,16 @@ void EnginePages::Start() {
 }
 
 // The first control takes the engine's first page. Later ones need their own windows: of several pages in one
-// window, only the front one gets frames.
+// window, only the front one gets frames. In the background, because others would have the focus.
 std::string EnginePages::Open() {
     if (!firstPage_.empty()) return std::exchange(firstPage_, {});
     ++opening_;
     std::string id;
     try {
-        id =
-            engine_
-                .Call("", "Target.createTarget", {{"url", "about:blank"}, {"newWindow", true}}, kStartTimeout)
-                .at("targetId");
+        id = engine_
+                 .Call("", "Target.createTarget",
+                       {{"url", "about:blank"}, {"newWindow", true}, {"background", true}}, kStartTimeout)
+                 .at("targetId");
     } catch (...) {
         --opening_;
         throw;

@@ -16,6 +16,11 @@ namespace {
 constexpr DWORD kStartTimeout = 15000;  // milliseconds
 constexpr DWORD kRetryInterval = 3;
 
+// Without a display the engine would find no mouse: media queries for a pointer that is fine and can hover.
+constexpr const wchar_t* kPointer =
+    L" --blink-settings=primaryHoverType=2,availableHoverTypes=2,primaryPointerType=4,availablePointerTypes="
+    L"4";
+
 // `arguments` are quoted where necessary.
 void StartShell(std::string_view script, const std::wstring& arguments) {
     std::wstring line = L"Z:\\bin\\sh -c " + QuoteArgument(Widen(script)) + L" fifo_engine " + arguments;
@@ -89,7 +94,7 @@ class FifoTransport : public Transport {
 std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
     const std::wstring name = UniqueName();
     const std::wstring folder = L"/tmp/" + name;
-    StartShell(kFifoEngineScript, folder + L" " + QuoteArgument(engine) + EngineArguments());
+    StartShell(kFifoEngineScript, folder + L" " + QuoteArgument(engine) + EngineArguments() + kPointer);
     const std::wstring path = L"Z:\\tmp\\" + name;
     FifoTransport::Fifos fifos;
     fifos.fromEngine = OpenWithRetry(path + L"\\a", GENERIC_READ);

@@ -107,11 +107,14 @@ inline constexpr Message kMessages[] = {
 
     {Kind::kViewEvent, "copied", "text", "the page has copied a text"},
     {Kind::kViewEvent, "window", "url", "a click requests a new window"},
+    {Kind::kViewEvent, "size", "seen or missed", "after \"watchSize\": whether the page got the event"},
+    {Kind::kViewEvent, "fullscreen", "on or off", "an element fills the screen, or none does"},
 
     {Kind::kViewFunction, "receipt", "isText", "returns how much input the page has received"},
     {Kind::kViewFunction, "hasSelection", "", "returns whether text is selected"},
     {Kind::kViewFunction, "setClipboard", "text", "fills the engine's clipboard"},
     {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
+    {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };
 
 // A name that is in the table; any other does not compile.

@@ -32,6 +32,11 @@ void InputQueue::Add(DeliveryMode mode, const char* method, Json parameters) {
     Advance();
 }
 
+void InputQueue::Run(std::function<void()> task) {
+    waiting_.push_back({.mode = DeliveryMode::kFireAndForget, .task = std::move(task)});
+    Advance();
+}
+
 void InputQueue::SetInNativeCall(bool inCall) {
     pauses_ += inCall;
     inNativeCall_ = inCall;
@@ -67,6 +72,7 @@ void InputQueue::Advance() {
 }
 
 void InputQueue::Start(Input input) {
+    if (input.task) return input.task();
     sentAt_ = GetTickCount64();
     switch (input.mode) {
         case DeliveryMode::kCoalesce:

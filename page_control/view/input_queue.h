@@ -33,15 +33,19 @@ class InputQueue {
     };
     void Add(DeliveryMode mode, const char* method, Json parameters);
 
+    // Calls a function in order with the input.
+    void Run(std::function<void()> task);
+
     // Whether the page is in a native call.
     void SetInNativeCall(bool inCall);
 
   private:
     struct Input {
         DeliveryMode mode;
-        const char* method;
-        Json parameters;
-        ULONGLONG since = 0;  // time of the first attempt
+        const char* method = nullptr;
+        Json parameters = {};
+        ULONGLONG since = 0;         // time of the first attempt
+        std::function<void()> task;  // instead of a method
     };
     using Step = void (InputQueue::*)(const Json& value);
 

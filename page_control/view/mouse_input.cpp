@@ -5,12 +5,15 @@
 #include <algorithm>
 #include <iterator>
 
+#include "page_control/view/window_state.h"
+
 namespace tarvik {
 
 namespace {
 
 // As in Chromium: three lines per notch, the default, scroll 100 pixels.
 constexpr double kPixelsPerLine = 100.0 / 3;
+constexpr double kPressure = 0.5;  // of a held button: PointerEvent.pressure
 constexpr POINT kOutside = {-1, -1};
 
 POINT PointOf(LPARAM lParam) {
@@ -90,7 +93,7 @@ void MouseInput::OnMove(POINT point) {
         TRACKMOUSEEVENT track = {sizeof track, TME_LEAVE, window_, 0};
         tracking_ = TrackMouseEvent(&track) != FALSE;
     }
-    if (point.x == last_.x && point.y == last_.y) return;
+    if ((point.x == last_.x && point.y == last_.y) || !IsShown(window_)) return;
     last_ = point;
     const Button* const held = std::find_if(std::begin(kButtons), std::end(kButtons),
                                             [&](const Button& button) { return buttons_ & button.bit; });
@@ -141,6 +144,7 @@ void MouseInput::Send(InputQueue::DeliveryMode mode, const char* type, POINT poi
                  {"y", point.y},
                  {"button", button},
                  {"buttons", buttons_},
+                 {"force", buttons_ ? kPressure : 0},
                  {"clickCount", clicks},
                  {"modifiers", KeyModifiers()}});
     queue_.Add(mode, "Input.dispatchMouseEvent", std::move(more));

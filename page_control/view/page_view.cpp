@@ -3,36 +3,47 @@
 #include "page_control/view/clipboard.h"
 #include "page_control/view/cursor.h"
 #include "page_control/view/edit_menu.h"
+#include "page_control/view/full_screen.h"
 #include "page_control/view/input_queue.h"
 #include "page_control/view/keyboard_input.h"
 #include "page_control/view/mouse_input.h"
 #include "page_control/view/placement.h"
+#include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
-#include "page_control/view/view_script.h"
 #include "page_control/view/window_numbers.h"
+#include "page_control/view/window_state.h"
 
 namespace tarvik {
 
 struct PageView::TargetView {
     TargetView(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
-               ViewScript::EventHandler onEvent)
-        : target(page),
-          script(page, textIsSelectable, std::move(onEvent)),
-          placement(window, page),
+               ViewScript::EventHandler onEvent, std::function<void()> onRootChange)
+        : script(page, textIsSelectable, std::move(onEvent)),
+          engineWindow(page),
+          placement(window, page, engineWindow, script),
           queue(page, script),
+          state(window, page, engineWindow, queue),
           mouse(window, queue),
           keyboard(window, queue, script),
           cursor(window, script),
-          screencast(window, page, frameBuffer) {}
+          screencast(window, page, frameBuffer),
+          rootWatch(window, std::move(onRootChange)),
+          fullScreen(window),
+          newDocument(
+              page.Events().Subscribe<event::ContextsCleared>([this](const auto&) { fullScreen.Leave(); })) {}
 
-    PageTarget& target;
     ViewScript script;
+    EngineWindow engineWindow;
     Placement placement;
     InputQueue queue;
+    WindowState state;
     MouseInput mouse;
     KeyboardInput keyboard;
     PageCursor cursor;
     Screencast screencast;
+    RootWatch rootWatch;
+    FullScreen fullScreen;
+    EventRouter::Subscription newDocument;
 };
 
 PageView::PageView(HWND window, Options options) : window_(window), options_(std::move(options)) {}
@@ -44,13 +55,9 @@ void PageView::SetTarget(PageTarget* target) {
     frameBuffer_.Clear();
     if (target) {
         SetNotice({});
-        const auto onEvent = [this](const ViewScript::PageEvent& event) {
-            const bool isCopy = event.type == ViewScript::PageEvent::Type::kCopied;
-            isCopy ? CopyToClipboard(window_, event.text) : options_.onNewWindow(event.text);
-        };
-        targetView_ =
-            std::make_shared<TargetView>(window_, *target, frameBuffer_, options_.textIsSelectable, onEvent);
-        ForwardFocus();
+        targetView_ = std::make_shared<TargetView>(
+            window_, *target, frameBuffer_, options_.textIsSelectable,
+            [this](const ViewScript::PageEvent& event) { OnPageEvent(event); }, [this] { OnWindowChange(); });
     }
     InvalidateRect(window_, nullptr, FALSE);
 }
@@ -90,9 +97,25 @@ void PageView::RunEditMenu(POINT screen, bool hasSelection) {
                     {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
 }
 
-// The headless engine's own windows never lose the focus.
-void PageView::ForwardFocus() {
-    targetView_->target.Post("Emulation.setFocusEmulationEnabled", {{"enabled", GetFocus() == window_}});
+void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
+    const auto view = targetView_;  // script may close the page
+    if (!view) return;
+    switch (event.type) {
+        case ViewScript::PageEvent::Type::kCopied:
+            return CopyToClipboard(window_, event.text);
+        case ViewScript::PageEvent::Type::kNewWindow:
+            return options_.onNewWindow(event.text);
+        case ViewScript::PageEvent::Type::kSize:
+            return view->placement.OnSizeReport(event.text == L"seen");
+        case ViewScript::PageEvent::Type::kFullScreen:
+            return event.text == L"on" ? view->fullScreen.Enter() : view->fullScreen.Leave();
+    }
+}
+
+void PageView::OnWindowChange() {
+    if (!targetView_) return;
+    targetView_->placement.Update();
+    targetView_->state.Update();
 }
 
 void PageView::Paint() {
@@ -139,26 +162,40 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
             view.cursor.Refresh();
             return true;
         case WM_TIMER:
-            if (wParam == kCursorTimer) view.cursor.OnTimer();
-            if (wParam == kFrameTimer) view.screencast.OnTimer();
-            return wParam == kCursorTimer || wParam == kFrameTimer;
+            return HandleTimer(wParam);
         case WM_SIZE:
             view.screencast.ExpectResize();
             [[fallthrough]];
         case WM_MOVE:
-            view.placement.Update();
+        case WM_SHOWWINDOW:
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            OnWindowChange();
             return false;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) return false;
             SetCursor(view.cursor.Current());
             *result = TRUE;
             return true;
-        case WM_SETFOCUS:
-        case WM_KILLFOCUS:
-            ForwardFocus();
-            return false;
         default:
             return HandleInput(message, wParam, lParam, result);
+    }
+}
+
+bool PageView::HandleTimer(UINT_PTR timer) {
+    TargetView& view = *targetView_;
+    switch (timer) {
+        case kCursorTimer:
+            view.cursor.OnTimer();
+            return true;
+        case kFrameTimer:
+            view.screencast.OnTimer();
+            return true;
+        case kFocusTimer:
+            view.state.OnTimer();
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -168,9 +205,9 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
-    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) view.placement.Update();
     if (!view.mouse.HandleMessage(message, wParam, lParam))
         return view.keyboard.HandleMessage(message, wParam, lParam);
+    view.state.OnMouse();
     view.cursor.SetPosition(view.mouse.LastPoint());
     // Messages of the X buttons return TRUE.
     *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;

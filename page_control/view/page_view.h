@@ -8,12 +8,12 @@
 
 #include "page_control/engine/devtools.h"
 #include "page_control/view/frame_buffer.h"
+#include "page_control/view/view_script.h"
 
 namespace tarvik {
 
 // Shows a page in a window and forwards the window's input to the page. The window belongs to
-// the page control, whose procedure passes its messages on. The view uses WM_APP + 1 and the timers 1 and 2.
-// Main thread.
+// the page control, whose procedure passes its messages on. Main thread.
 class PageView {
   public:
     struct Options {
@@ -51,8 +51,10 @@ class PageView {
     void Paint();
     void RunEditMenu(POINT screen, bool hasSelection);
     bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    bool HandleTimer(UINT_PTR timer);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
-    void ForwardFocus();
+    void OnPageEvent(const ViewScript::PageEvent& event);
+    void OnWindowChange();
 
     HWND window_;
     const Options options_;

@@ -1,6 +1,7 @@
 #include "page_control/view/placement.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvik {
 
@@ -9,6 +10,9 @@ namespace {
 // The frame of the engine's window is above the page, except for a border of the same width on all sides.
 constexpr const char* kInset =
     "[(outerWidth - innerWidth) / 2, (outerHeight - innerHeight) - (outerWidth - innerWidth) / 2]";
+
+// Of the events for one size: no page can make the window flicker for ever.
+constexpr int kMaxRepetitions = 3;
 
 bool IsSame(SIZE left, SIZE right) {
     return left.cx == right.cx && left.cy == right.cy;
@@ -25,54 +29,73 @@ SIZE ScreenOf(HWND window) {
 
 bool Placement::Place::operator==(const Place& other) const {
     return IsSame(size, other.size) && IsSame(screen, other.screen) && origin.x == other.origin.x &&
-           origin.y == other.origin.y;
+           origin.y == other.origin.y && EqualRect(&outer, &other.outer);
 }
 
-Placement::Placement(HWND window, PageTarget& target) : window_(window), target_(target) {
-    DevTools& engine = target_.Engine();
-    engineWindow_ =
-        engine.Call("", "Browser.getWindowForTarget", {{"targetId", target_.Id()}}).at("windowId");
+Placement::Placement(HWND window, PageTarget& target, EngineWindow& engineWindow, ViewScript& script)
+    : window_(window), target_(target), engineWindow_(engineWindow), script_(script) {
     const Json inset = target_.Call("Runtime.evaluate", {{"expression", kInset}, {"returnByValue", true}})
                            .at("result")
                            .at("value");
     inset_ = {inset.at(0), inset.at(1)};
+    // A document has its size from the start, so it misses no event.
+    newDocument_ =
+        target_.Events().Subscribe<event::ContextsCleared>([this](const auto&) { OnSizeReport(true); });
     Update();
 }
 
 Placement::Place Placement::Measure() const {
-    RECT area = {};
+    RECT area = {}, outer = {};
     GetClientRect(window_, &area);
     POINT origin = {};
     ClientToScreen(window_, &origin);
-    return {{area.right, area.bottom}, origin, ScreenOf(window_)};
+    GetWindowRect(GetAncestor(window_, GA_ROOT), &outer);
+    return {{area.right, area.bottom}, origin, outer, ScreenOf(window_)};
 }
 
 // One change at a time: a window that is being dragged changes faster than the page is laid out.
 void Placement::Update() {
-    if (sending_) return;
-    const Place place = Measure();
-    if (place.size.cx <= 0 || place.size.cy <= 0 || place == sent_) return;
+    if (sending_ || IsIconic(GetAncestor(window_, GA_ROOT))) return;
+    Place place = Measure();
+    if (place.size.cx <= 0 || place.size.cy <= 0) return;
+    if (!IsSame(std::exchange(size_, place.size), place.size)) {
+        isLarger_ = false;
+        repetitions_ = 0;
+    }
+    place.size.cx += isLarger_;
+    place.size.cy += isLarger_;
+    if (place == sent_) return;
+    const bool isResized = !IsSame(place.size, sent_.size);
     sent_ = place;
+    engineWindow_.SetBounds({place.origin.x - inset_.x, place.origin.y - inset_.y},
+                            {place.outer.right - place.outer.left, place.outer.bottom - place.outer.top});
+    Send(isResized);
+}
+
+void Placement::Send(bool isResized) {
     sending_ = true;
-    target_.Engine().Post(
-        "", "Browser.setWindowBounds",
-        {{"windowId", engineWindow_},
-         {"bounds", {{"left", place.origin.x - inset_.x}, {"top", place.origin.y - inset_.y}}}});
     // This command rejects negative positions.
     target_.Post("Emulation.setDeviceMetricsOverride",
-                 {{"width", place.size.cx},
-                  {"height", place.size.cy},
+                 {{"width", sent_.size.cx},
+                  {"height", sent_.size.cy},
                   {"deviceScaleFactor", 1},
                   {"mobile", false},
-                  {"screenWidth", place.screen.cx},
-                  {"screenHeight", place.screen.cy},
-                  {"positionX", std::max<LONG>(0, place.origin.x)},
-                  {"positionY", std::max<LONG>(0, place.origin.y)}},
-                 [this, alive = alive_](const Json*) {
+                  {"screenWidth", sent_.screen.cx},
+                  {"screenHeight", sent_.screen.cy},
+                  {"positionX", std::max<LONG>(0, sent_.outer.left)},
+                  {"positionY", std::max<LONG>(0, sent_.outer.top)}},
+                 [this, alive = alive_, isResized](const Json*) {
                      if (!*alive) return;
                      sending_ = false;
+                     if (isResized) script_.Call("watchSize", "", [](const Json&) {});
                      Update();
                  });
+}
+
+void Placement::OnSizeReport(bool seen) {
+    if (seen) repetitions_ = 0;
+    isLarger_ = !seen && !isLarger_ && repetitions_++ < kMaxRepetitions;
+    Update();
 }
 
 }  // namespace tarvik

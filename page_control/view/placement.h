@@ -4,38 +4,52 @@
 
 #include <memory>
 
-#include "page_control/engine/devtools.h"
+#include "page_control/view/engine_window.h"
+#include "page_control/view/view_script.h"
 
 namespace tarvik {
 
-// Keeps the size and screen position that the engine reports to a page equal to those of a window:
-// window.innerWidth, window.screenX, event.screenX and screen.width.
+// Keeps the sizes and positions that the engine reports to a page equal to those of a window and of the
+// top-level window around it: window.innerWidth and event.screenX; window.outerWidth, window.screenX and
+// screen.width.
+//
+// A page that is in a native call reads its new size at once, but may miss the events of the change. Then the
+// size changes once more, by a pixel and back.
 class Placement {
   public:
     // Before the target's first navigation; queries the engine. Throws StatusError.
-    Placement(HWND window, PageTarget& target);
+    Placement(HWND window, PageTarget& target, EngineWindow& engineWindow, ViewScript& script);
     ~Placement() { *alive_ = false; }
     Placement(const Placement&) = delete;
     Placement& operator=(const Placement&) = delete;
 
-    // Call before anything that depends on the position: a window gets no message when its parent moves.
     void Update();
+
+    // The page has seen the events of its size, or has missed one.
+    void OnSizeReport(bool seen);
 
   private:
     struct Place {
         SIZE size;
         POINT origin;
+        RECT outer;
         SIZE screen;
         bool operator==(const Place& other) const;
     };
     Place Measure() const;
+    void Send(bool isResized);
 
     HWND window_;
     PageTarget& target_;
-    Json engineWindow_;
+    EngineWindow& engineWindow_;
+    ViewScript& script_;
     POINT inset_ = {};  // of the page in the engine's window
+    SIZE size_ = {};    // of the window
     Place sent_ = {};
     bool sending_ = false;
+    bool isLarger_ = false;  // by a pixel
+    int repetitions_ = 0;
+    EventRouter::Subscription newDocument_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "page_control/view/window_numbers.h"
+#include "page_control/view/window_state.h"
 
 namespace tarvik {
 
@@ -21,10 +22,6 @@ constexpr UINT kMaxDelay = 5000;
 
 // Frames for a window that is not shown yet, so that it shows the page at once.
 constexpr int kUnseenFrames = 60;
-
-bool IsSeen(HWND window) {
-    return IsWindowVisible(window) && !IsIconic(GetAncestor(window, GA_ROOT));
-}
 
 }  // namespace
 
@@ -101,7 +98,7 @@ void Screencast::OnFrame() {
     posted_ = false;
     if (!running_) return;
     SetDelay(IsSettled() ? 0 : kCalmPeriod);
-    if (!IsSeen(window_)) {
+    if (!IsShown(window_)) {
         if (++unseen_ > kUnseenFrames) Stop();
         return;
     }

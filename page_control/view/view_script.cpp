@@ -1,17 +1,32 @@
 #include "page_control/view/view_script.h"
 
+#include <algorithm>
+
 #include "tarvik/text.h"
 
 namespace tarvik {
 
 namespace {
 
+using EventType = ViewScript::PageEvent::Type;
+
+struct EventName {
+    protocol::Name<protocol::Kind::kViewEvent> name;
+    EventType type;
+};
+
+constexpr EventName kEvents[] = {
+    {"copied", EventType::kCopied},
+    {"window", EventType::kNewWindow},
+    {"size", EventType::kSize},
+    {"fullscreen", EventType::kFullScreen},
+};
+
 ViewScript::PageEvent ParseEvent(std::string_view payload) {
-    using Type = ViewScript::PageEvent::Type;
-    constexpr protocol::Name<protocol::Kind::kViewEvent> kCopied = "copied";
     const size_t colon = payload.find(':');
-    const Type type = kCopied == payload.substr(0, colon) ? Type::kCopied : Type::kNewWindow;
-    return {type, Widen(payload.substr(colon + 1))};
+    const auto* const event = std::ranges::find_if(
+        kEvents, [&](const EventName& entry) { return entry.name == payload.substr(0, colon); });
+    return {event->type, Widen(payload.substr(colon + 1))};
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ class ViewScript {
   public:
     // An event that the script has posted.
     struct PageEvent {
-        enum class Type { kCopied, kNewWindow } type;
-        std::wstring text;  // that was copied; the address for a new window
+        enum class Type { kCopied, kNewWindow, kSize, kFullScreen } type;
+        std::wstring text;  // the field
     };
     using EventHandler = std::function<void(const PageEvent& event)>;
 

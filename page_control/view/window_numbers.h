@@ -5,7 +5,7 @@
 // The numbers that the page control uses in the window that shows the page.
 namespace tarvik {
 
-enum PageTimer : UINT_PTR { kCursorTimer = 1, kFrameTimer, kErrorTimer };
+enum PageTimer : UINT_PTR { kCursorTimer = 1, kFrameTimer, kErrorTimer, kFocusTimer };
 
 // The decoder has a frame.
 inline constexpr UINT kFrameMessage = WM_APP + 1;

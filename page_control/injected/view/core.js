@@ -2,7 +2,7 @@
 // top document, where the host calls its functions; frames that may access it record in it what they receive.
 //
 // Pages may replace the language's built-ins, so those that are needed later are captured at the start.
-const post = window[bindingName];  // takes "copied:TEXT" and "window:ADDRESS"
+const post = window[bindingName];  // takes "name:field"; protocol.h lists the names
 delete window[bindingName];
 applyStyles(options.textIsSelectable);
 
@@ -22,6 +22,8 @@ const clipboard = makeClipboard(core, post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
 const listeners = [...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners];
+const pageWindow = isTop ? makeWindow(post) : null;
+if (isTop) listeners.push(...pageWindow.listeners);
 const listen = () => {
   for (let i = 0; i < listeners.length; ++i) {
     const types = listeners[i][0];
@@ -44,5 +46,9 @@ Object.assign(core, {
   hasSelection: clipboard.hasSelection,
   setClipboard: clipboard.setClipboard,
   cursorAt: makeCursor(),
+  watchSize: () => {
+    listen();
+    pageWindow.watchSize();
+  },
 });
 Object.defineProperty(window, coreName, { value: core });

@@ -49,6 +49,12 @@ TEST_F(HostedPage, ReceivesTypedText) {
     EXPECT_TRUE(Becomes(L"second.value", L"\u8A9E\u20AC"));
     PressKeys({VK_SHIFT, VK_TAB});
     EXPECT_TRUE(Becomes(L"document.activeElement.id", L"first"));
+    // A run of letters is one step of undoing.
+    Evaluate(L"first.value = ''");
+    Type(L"one \u00FC two");
+    EXPECT_TRUE(Becomes(L"first.value", L"one \u00FC two"));
+    PressKeys({VK_CONTROL, 'Z'});
+    EXPECT_TRUE(Becomes(L"first.value", L""));
 }
 
 // In a window that is larger than the engine's own, to which its full screen would clip the picture.
@@ -351,15 +357,15 @@ TEST_F(HostedPage, ReportsItsPositionOnTheScreen) {
         R"(<script>var place; onmousemove = function (event) { place = event.screenX + ' ' + event.screenY; };
         </script>)");
     const auto text = [](LONG x, LONG y) { return std::to_wstring(x) + L" " + std::to_wstring(y); };
+    const std::wstring outer = L"[screenX, screenY, outerWidth, outerHeight].join(' ')";
     EXPECT_EQ(Evaluate(L"screen.width + ' ' + screen.height"),
               text(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
     for (const POINT corner : {POINT{60, 50}, POINT{237, 91}, POINT{-40, 20}}) {
-        SetWindowPos(Frame(), nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-        const POINT origin = OnScreen({0, 0});
+        SetWindowPos(Frame(), nullptr, corner.x, corner.y, 560, 430, SWP_NOZORDER);
         const POINT pointer = OnScreen({200, 100});
         // The positions of the page and of the pointer take different paths.
         MovePointer({pointer.x - 10, pointer.y});
-        EXPECT_TRUE(Becomes(L"screenX + ' ' + screenY", text(std::max<LONG>(0, origin.x), origin.y)));
+        EXPECT_TRUE(Becomes(outer, text(std::max<LONG>(0, corner.x), corner.y) + L" 560 430"));
         MovePointer(pointer);
         EXPECT_TRUE(Becomes(L"place", text(pointer.x, pointer.y)));
     }

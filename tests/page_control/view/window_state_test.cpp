@@ -1,0 +1,103 @@
+// The state of the window as its page sees it: focus, visibility, size, full screen.
+
+#include "page_control/view/window_state.h"
+
+#include "tests/page_control/view/hosted_page.h"
+
+namespace tarvik {
+namespace {
+
+RECT PlaceOf(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+std::wstring Text(LONG x, LONG y, LONG width, LONG height) {
+    return std::to_wstring(x) + L" " + std::to_wstring(y) + L" " + std::to_wstring(width) + L" " +
+           std::to_wstring(height);
+}
+
+TEST_F(HostedPage, HasTheFocusAndTheVisibilityOfItsWindow) {
+    Open(R"(<script>logEvents('focus', 'blur');
+        document.addEventListener('visibilitychange', function () { log.push(document.visibilityState); });
+        var moves = 0;
+        onmousemove = function () { moves++; };
+        onclick = function () { log = ['clicked']; };
+        function state() { return document.hasFocus() + ' ' + document.visibilityState; }</script>)");
+    // With each change of the state comes one event of it.
+    const auto becomes = [&](const wchar_t* state, const wchar_t* events) {
+        EXPECT_TRUE(Becomes(L"state()", state));
+        EXPECT_TRUE(Becomes(L"log.slice().sort().join()", events));
+        Evaluate(L"log = []");
+    };
+    ClickAt(OnScreen({200, 100}));  // after which the engine would keep the focus
+    ASSERT_TRUE(Becomes(L"log.join()", L"clicked"));
+    Evaluate(L"log = []");
+    for (int i = 0; i < 2; ++i) {
+        const HWND other = CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, 600, 500, 50, 50, nullptr,
+                                         nullptr, nullptr, nullptr);
+        SetForegroundWindow(other);
+        becomes(L"false visible", L"blur");
+        Evaluate(L"moves = 0");
+        MovePointer(OnScreen({200, 120 + 20 * i}));
+        EXPECT_TRUE(Becomes(L"moves > 0", L"true"));
+        becomes(L"false visible", L"blur,focus");
+        DestroyWindow(other);
+        SetForegroundWindow(Frame());
+        becomes(L"true visible", L"focus");
+        ShowWindow(Frame(), i ? SW_HIDE : SW_MINIMIZE);
+        becomes(L"false hidden", L"blur,hidden");
+        ShowWindow(Frame(), i ? SW_SHOW : SW_RESTORE);
+        becomes(L"true visible", L"focus,visible");
+    }
+}
+
+// The engine loses events of a page whose script waits for an answer.
+TEST_F(HostedPage, SeesEachSizeThoughItMakesNativeCalls) {
+    Open(R"(<script>
+        var own = external.window, width = 508, resized, observed, wrong = 0;
+        addEventListener('resize', function () { resized = innerWidth; });
+        new ResizeObserver(function () { observed = innerWidth; }).observe(document.documentElement);
+        setInterval(function () { own.isVisible(); }, 40);
+        function next() {
+            own.width = width += 10;
+            if (innerWidth != width - 8) wrong++;
+        }
+        setInterval(function () {
+            if (width < 608 && resized == width - 8 && observed == width - 8) next();
+        }, 20);</script>)");
+    Evaluate(L"next()");
+    EXPECT_TRUE(Becomes(L"resized + ' ' + observed", L"600 600"));
+    EXPECT_EQ(Evaluate(L"wrong"), L"0") << "a call returns when the page has its new size";
+}
+
+TEST_F(HostedPage, FillsTheScreenOnRequest) {
+    Open(R"(<button id="button">Full screen</button><script>
+        button.onclick = function () { document.body.requestFullscreen(); };
+        function place() { return [screenX, screenY, innerWidth, innerHeight].join(' '); }</script>)");
+    const RECT before = PlaceOf(Frame());
+    const LONG_PTR style = GetWindowLongPtrW(Frame(), GWL_STYLE);
+    const std::wstring inWindow = Evaluate(L"place()");
+    const std::wstring onScreen = Text(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    const auto request = [&] {
+        ClickAt(MiddleOf(L"button"));
+        EXPECT_TRUE(Becomes(L"place()", onScreen));
+    };
+    request();
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(Becomes(L"place()", inWindow));
+    EXPECT_EQ(Evaluate(L"String(document.fullscreenElement)"), L"null");
+    const RECT after = PlaceOf(Frame());
+    EXPECT_TRUE(EqualRect(&after, &before));
+    EXPECT_EQ(GetWindowLongPtrW(Frame(), GWL_STYLE), style);
+    // A page that leaves without a word.
+    ShowWindow(Frame(), SW_MAXIMIZE);
+    PumpUntil([&] { return Evaluate(L"innerWidth") != L"500"; });
+    request();
+    Evaluate(L"setTimeout(function () { location.href = 'about:blank'; })");
+    EXPECT_TRUE(PumpUntil([&] { return GetWindowLongPtrW(Frame(), GWL_STYLE) == (style | WS_MAXIMIZE); }));
+}
+
+}  // namespace
+}  // namespace tarvik
