@@ -35,6 +35,7 @@ class Connection : public DevTools {
     bool IsWaiting() const override { return depth_ > 0; }
     bool IsOpen() const override { return open_; }
     std::string OpenPage() override { return pages_.Open(); }
+    void OpenPage(OpenHandler handler) override { pages_.Open(std::move(handler)); }
     void ClosePage(const std::string& id) override { pages_.Close(id); }
 
     // Waits until the engine replies, and finds its first page.

@@ -62,6 +62,9 @@ class DevTools {
     // Opens a blank page in its own window and returns its target's id. Pages that are opened by other means,
     // like a click with a modifier key, are closed immediately.
     virtual std::string OpenPage() = 0;
+    // The same without waiting; the id is empty after a failure.
+    using OpenHandler = std::function<void(const std::string& id)>;
+    virtual void OpenPage(OpenHandler handler) = 0;
     virtual void ClosePage(const std::string& id) = 0;
 };
 
@@ -70,6 +73,9 @@ class DevTools {
 class PageTarget {
   public:
     explicit PageTarget(std::shared_ptr<DevTools> devtools);
+    // The same without waiting; the handler receives null after a failure.
+    static void Open(std::shared_ptr<DevTools> devtools,
+                     std::function<void(std::unique_ptr<PageTarget> target)> handler);
     PageTarget(const PageTarget&) = delete;
     PageTarget& operator=(const PageTarget&) = delete;
     ~PageTarget();
@@ -93,6 +99,9 @@ class PageTarget {
     }
 
   private:
+    PageTarget(std::shared_ptr<DevTools> devtools, std::string id, std::string session);
+    void Listen();
+
     std::shared_ptr<DevTools> devtools_;
     std::string id_;
     std::string session_;

@@ -95,6 +95,17 @@ std::string EngineAddress(const std::wstring& address) {
     return FileUrl(path) + url.substr(end);
 }
 
+std::string OriginOf(std::string_view url) {
+    constexpr std::string_view kSeparator = "://";
+    const size_t separator = url.find(kSeparator);
+    if (separator == url.npos) return {};
+    if (IsFileUrl(url)) return "file://";
+    const size_t host = separator + kSeparator.size();
+    std::string_view authority = url.substr(host, url.find_first_of("/?#", host) - host);
+    authority.remove_prefix(authority.find('@') + 1);
+    return std::string(url.substr(0, host)).append(authority);
+}
+
 std::wstring HostAddress(const std::string& url) {
     if (!IsFileUrl(url) || !IsWine()) return Widen(url);
     const size_t end = std::min(url.find_first_of("?#"), url.size());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarvik {
 
@@ -9,6 +10,9 @@ namespace tarvik {
 
 // `address` is a URL or a path, optionally with a `#fragment`; a relative path starts at the current folder.
 std::string EngineAddress(const std::wstring& address);
+
+// The origin of an engine's address: "http://host:port"; all files have "file://".
+std::string OriginOf(std::string_view url);
 
 // File URLs have the form file:///C:/folder/page.html.
 std::wstring HostAddress(const std::string& url);

@@ -9,6 +9,8 @@ namespace {
 constexpr DWORD kStartTimeout = 20000;
 constexpr UINT kCloseRetryInterval = 500;
 
+const Json kNewPage = {{"url", "about:blank"}, {"newWindow", true}, {"background", true}};
+
 }  // namespace
 
 EnginePages::EnginePages(DevTools& engine)
@@ -31,8 +33,8 @@ void EnginePages::Start() {
     }
     pages_.insert(firstPage_);
     engine_.Post("", "Target.setDiscoverTargets", {{"discover", true}, {"filter", {{{"type", "page"}}}}});
-    // Without a browser's window, nothing could ask the user.
-    for (const char* name : {"geolocation", "notifications"})
+    // Without a browser's window, nothing could ask the user. AllowClipboard makes exceptions.
+    for (const char* name : {"geolocation", "notifications", "clipboard-read", "clipboard-write"})
         engine_.Post("", "Browser.setPermission", {{"permission", {{"name", name}}}, {"setting", "denied"}});
     // There is no dialog to choose a place for a download.
     engine_.Post("", "Browser.setDownloadBehavior", {{"behavior", "deny"}});
@@ -45,18 +47,30 @@ std::string EnginePages::Open() {
     ++opening_;
     std::string id;
     try {
-        id = engine_
-                 .Call("", "Target.createTarget",
-                       {{"url", "about:blank"}, {"newWindow", true}, {"background", true}}, kStartTimeout)
-                 .at("targetId");
+        id = engine_.Call("", "Target.createTarget", kNewPage, kStartTimeout).at("targetId");
     } catch (...) {
-        --opening_;
+        OnOpened({});
         throw;
     }
-    --opening_;
-    pages_.insert(id);
-    CloseUnclaimed();
+    OnOpened(id);
     return id;
+}
+
+void EnginePages::Open(DevTools::OpenHandler handler) {
+    ++opening_;
+    engine_.Post("", "Target.createTarget", kNewPage,
+                 [this, handler = std::move(handler)](const Json* result) {
+                     const std::string id = result ? result->value("targetId", "") : "";
+                     OnOpened(id);
+                     handler(id);
+                 });
+}
+
+// The id is empty if the page could not be opened.
+void EnginePages::OnOpened(const std::string& id) {
+    --opening_;
+    if (!id.empty()) pages_.insert(id);
+    CloseUnclaimed();
 }
 
 // During a navigation a page may ignore the command although the engine confirms it. So it is repeated until

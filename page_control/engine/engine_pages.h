@@ -19,11 +19,13 @@ class EnginePages {
 
     // See DevTools.
     std::string Open();
+    void Open(DevTools::OpenHandler handler);
     void Close(const std::string& id);
 
   private:
     static constexpr UINT_PTR kCloseTimer = 1;
 
+    void OnOpened(const std::string& id);
     void CloseUnclaimed();
     void RetryClose();
     void SendClose(const std::string& id);

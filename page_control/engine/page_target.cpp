@@ -21,19 +21,45 @@ Json Identity(std::string userAgent) {
               {"mobile", false}}}};
 }
 
+Json AttachParameters(const std::string& id) {
+    return {{"targetId", id}, {"flatten", true}};
+}
+
 }  // namespace
 
 PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move(devtools)) {
     id_ = devtools_->OpenPage();
     try {
-        session_ = devtools_->Call("", "Target.attachToTarget", {{"targetId", id_}, {"flatten", true}})
-                       .at("sessionId");
+        session_ = devtools_->Call("", "Target.attachToTarget", AttachParameters(id_)).at("sessionId");
         Post("Emulation.setUserAgentOverride",
              Identity(devtools_->Call("", "Browser.getVersion").at("userAgent")));
     } catch (...) {
         devtools_->ClosePage(id_);
         throw;
     }
+    Listen();
+}
+
+PageTarget::PageTarget(std::shared_ptr<DevTools> devtools, std::string id, std::string session)
+    : devtools_(std::move(devtools)), id_(std::move(id)), session_(std::move(session)) {
+    Listen();
+}
+
+void PageTarget::Open(std::shared_ptr<DevTools> devtools,
+                      std::function<void(std::unique_ptr<PageTarget> target)> handler) {
+    DevTools& engine = *devtools;
+    engine.OpenPage([devtools = std::move(devtools), handler = std::move(handler)](const std::string& id) {
+        if (id.empty()) return handler(nullptr);
+        devtools->Post("", "Target.attachToTarget", AttachParameters(id),
+                       [devtools, handler, id](const Json* result) {
+                           if (!result) devtools->ClosePage(id);
+                           handler(std::unique_ptr<PageTarget>(
+                               result ? new PageTarget(devtools, id, result->at("sessionId")) : nullptr));
+                       });
+    });
+}
+
+void PageTarget::Listen() {
     devtools_->Listen(session_, [events = events_](std::string_view method, const Json& params) {
         events->Dispatch(method, params);
     });

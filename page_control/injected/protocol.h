@@ -105,14 +105,16 @@ inline constexpr Message kMessages[] = {
     {Kind::kHostValue, "d", "milliseconds", "a date"},
     {Kind::kHostValue, "a", "[value, ...]", "an array"},
 
-    {Kind::kViewEvent, "copied", "text", "the page has copied a text"},
+    {Kind::kViewEvent, "copied", "id", "the page copies, or has written to the clipboard"},
+    {Kind::kViewEvent, "reading", "id", "the page waits to read the clipboard"},
     {Kind::kViewEvent, "window", "url", "a click requests a new window"},
     {Kind::kViewEvent, "size", "seen or missed", "after \"watchSize\": whether the page got the event"},
     {Kind::kViewEvent, "fullscreen", "on or off", "an element fills the screen, or none does"},
 
     {Kind::kViewFunction, "receipt", "isText", "returns how much input the page has received"},
     {Kind::kViewFunction, "hasSelection", "", "returns whether text is selected"},
-    {Kind::kViewFunction, "setClipboard", "text", "fills the engine's clipboard"},
+    {Kind::kViewFunction, "copy", "id", "returns whether the page has copied, once the copy is over"},
+    {Kind::kViewFunction, "settle", "id, succeeded", "the clipboards hold the same"},
     {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
     {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "page_control/bridge/script_source.h"
+#include "page_control/clipboard/engine_clipboard.h"
 #include "page_control/engine/engine_address.h"
 #include "tarvik/status.h"
 
@@ -21,11 +22,14 @@ Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events
       events_(&events),
       view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
 
-void Page::Navigate(const std::wstring& address) {
-    requested_ = address;
+void Page::Navigate(const std::wstring& destination) {
+    requested_ = destination;
     if (!target_ && !Connect()) return;
     loading_ = true;
-    target_->Post("Page.navigate", {{"url", EngineAddress(requested_)}});
+    const std::string address = EngineAddress(requested_);
+    // The pages that the site navigates to are the application's own.
+    AllowClipboard(target_->Engine(), OriginOf(address));
+    target_->Post("Page.navigate", {{"url", address}});
 }
 
 std::wstring Page::LocationOrDestination() const {

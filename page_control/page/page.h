@@ -52,7 +52,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     // If text is not selectable, it still is in fields and where the page's styles say so.
     Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events, bool textIsSelectable);
 
-    void Navigate(const std::wstring& address);
+    void Navigate(const std::wstring& destination);
     void Reload();
     void Stop();
     void GoInHistory(int steps);

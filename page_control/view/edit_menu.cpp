@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "page_control/view/clipboard.h"
+#include "page_control/clipboard/system_clipboard.h"
 #include "tarvik/owners.h"
 
 namespace tarvik {
@@ -29,7 +29,7 @@ bool IsEnabled(EditCommand command, bool hasSelection) {
         case EditCommand::kDelete:
             return hasSelection;
         case EditCommand::kPaste:
-            return ClipboardHasText();
+            return SystemClipboardHasContent();
         default:
             return true;
     }

@@ -2,22 +2,16 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <mutex>
 #include <string>
-#include <vector>
+
+#include "page_control/encoding/picture_codec.h"
 
 namespace tarvik {
 
 // The last frame of a page. The decoder's thread replaces it; the window's thread paints it.
 class FrameBuffer {
   public:
-    struct Pixels {
-        int width = 0;
-        int height = 0;
-        std::vector<std::uint32_t> colors;  // top row first, 0x00RRGGBB
-    };
-
     // Swaps in the new frame, and returns the memory of the old one in its place.
     void Replace(Pixels& pixels);
     void Clear();

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <thread>
 
-#include "page_control/view/frame_buffer.h"
+#include "page_control/encoding/picture_codec.h"
 
 namespace tarvik {
 
@@ -18,7 +18,7 @@ namespace tarvik {
 class FrameDecoder {
   public:
     struct Frame {
-        FrameBuffer::Pixels pixels;
+        Pixels pixels;
         size_t bytes = 0;  // of the encoded image
     };
     // Called on the decoder's thread; the handler may move the pixels out of the frame.

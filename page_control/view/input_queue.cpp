@@ -23,17 +23,16 @@ InputQueue::InputQueue(PageTarget& target, ViewScript& script) : target_(target)
 }
 
 void InputQueue::Add(DeliveryMode mode, const char* method, Json parameters) {
-    const bool waits = current_ || coalescedPending_;
-    if (waits && !IsPaused() && GetTickCount64() - sentAt_ > kReplyTimeout) Finish();
-    const bool replaces = mode == DeliveryMode::kCoalesce && !waiting_.empty() &&
-                          waiting_.back().mode == DeliveryMode::kCoalesce;
-    if (replaces) waiting_.pop_back();
-    waiting_.push_back({mode, method, std::move(parameters)});
-    Advance();
+    Add({mode, method, std::move(parameters), nullptr});
 }
 
-void InputQueue::Run(std::function<void()> task) {
-    waiting_.push_back({.mode = DeliveryMode::kFireAndForget, .task = std::move(task)});
+void InputQueue::Add(Input input) {
+    const bool waits = current_ || coalescedPending_;
+    if (waits && !IsPaused() && GetTickCount64() - sentAt_ > kReplyTimeout) Finish();
+    const bool replaces = input.mode == DeliveryMode::kCoalesce && !waiting_.empty() &&
+                          waiting_.back().mode == DeliveryMode::kCoalesce;
+    if (replaces) waiting_.pop_back();
+    waiting_.push_back(std::move(input));
     Advance();
 }
 
@@ -72,7 +71,6 @@ void InputQueue::Advance() {
 }
 
 void InputQueue::Start(Input input) {
-    if (input.task) return input.task();
     sentAt_ = GetTickCount64();
     switch (input.mode) {
         case DeliveryMode::kCoalesce:
@@ -82,6 +80,7 @@ void InputQueue::Start(Input input) {
             return Post(input, nullptr);
         default:
             current_ = std::move(input);
+            if (current_->task) return RunTask(current_->task);
             if (current_->mode == DeliveryMode::kAwaitReply || !received_.is_null())
                 return SendCurrent(received_);
             QueryReceipt(&InputQueue::SendCurrent);
@@ -91,6 +90,12 @@ void InputQueue::Start(Input input) {
 void InputQueue::Post(const Input& input, Step next) {
     target_.Post(input.method, input.parameters, [this, alive = alive_, round = round_, next](const Json*) {
         if (*alive && round == round_ && next) (this->*next)(Json());
+    });
+}
+
+void InputQueue::RunTask(Task task) {
+    task([this, alive = alive_, round = round_] {
+        if (*alive && round == round_) Finish();
     });
 }
 

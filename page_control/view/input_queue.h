@@ -33,8 +33,9 @@ class InputQueue {
     };
     void Add(DeliveryMode mode, const char* method, Json parameters);
 
-    // Calls a function in order with the input.
-    void Run(std::function<void()> task);
+    // Adds work of the host that the input after it depends on. The task calls its argument when it is done.
+    using Task = std::function<void(std::function<void()> done)>;
+    void AddTask(Task task) { Add({DeliveryMode::kAwaitReply, nullptr, {}, std::move(task)}); }
 
     // Whether the page is in a native call.
     void SetInNativeCall(bool inCall);
@@ -42,19 +43,21 @@ class InputQueue {
   private:
     struct Input {
         DeliveryMode mode;
-        const char* method = nullptr;
-        Json parameters = {};
-        ULONGLONG since = 0;         // time of the first attempt
-        std::function<void()> task;  // instead of a method
+        const char* method;
+        Json parameters;
+        Task task;            // in place of the method
+        ULONGLONG since = 0;  // time of the first attempt
     };
     using Step = void (InputQueue::*)(const Json& value);
 
+    void Add(Input input);
     void OnPaused();
     void OnResumed();
     void OnNewDocument();
     void Advance();
     void Start(Input input);
     void Post(const Input& input, Step next);
+    void RunTask(Task task);
     void QueryReceipt(Step next);
     void OnCoalescedReply(const Json&);
     void SendCurrent(const Json& receivedBefore);

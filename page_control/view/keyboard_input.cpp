@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "page_control/view/clipboard.h"
 #include "page_control/view/key_names.h"
 #include "page_control/view/mouse_input.h"
 #include "tarvik/text.h"
@@ -78,7 +77,7 @@ bool KeyboardInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
-    if (down && IsPaste(virtualKey)) QueueClipboardText(window_, queue_, script_);
+    if (down && IsPaste(virtualKey)) clipboard_.QueueUpdate();
     const std::string code = CodeOf(lParam);
     const KeyLocation location = LocationOfKey(code);
     queue_.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",

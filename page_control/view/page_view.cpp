@@ -1,12 +1,12 @@
 #include "page_control/view/page_view.h"
 
-#include "page_control/view/clipboard.h"
 #include "page_control/view/cursor.h"
 #include "page_control/view/edit_menu.h"
 #include "page_control/view/full_screen.h"
 #include "page_control/view/input_queue.h"
 #include "page_control/view/keyboard_input.h"
 #include "page_control/view/mouse_input.h"
+#include "page_control/view/page_clipboard.h"
 #include "page_control/view/placement.h"
 #include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
@@ -23,8 +23,9 @@ struct PageView::TargetView {
           placement(window, page, engineWindow, script),
           queue(page, script),
           state(window, page, engineWindow, queue),
+          clipboard(page, script, queue),
           mouse(window, queue),
-          keyboard(window, queue, script),
+          keyboard(queue, clipboard),
           cursor(window, script),
           screencast(window, page, frameBuffer),
           rootWatch(window, std::move(onRootChange)),
@@ -37,6 +38,7 @@ struct PageView::TargetView {
     Placement placement;
     InputQueue queue;
     WindowState state;
+    PageClipboard clipboard;
     MouseInput mouse;
     KeyboardInput keyboard;
     PageCursor cursor;
@@ -91,7 +93,7 @@ void PageView::RunEditMenu(POINT screen, bool hasSelection) {
     const EditCommand command = ShowEditMenu(window_, screen, hasSelection);
     const auto view = before.lock();
     if (!view || command == EditCommand::kNone) return;
-    if (command == EditCommand::kPaste) QueueClipboardText(window_, view->queue, view->script);
+    if (command == EditCommand::kPaste) view->clipboard.QueueUpdate();
     // The engine runs an editing command as part of a key event, here one without a key.
     view->queue.Add(InputQueue::DeliveryMode::kAwaitReceipt, "Input.dispatchKeyEvent",
                     {{"type", "rawKeyDown"}, {"commands", {EditCommandName(command)}}});
@@ -102,7 +104,9 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
     if (!view) return;
     switch (event.type) {
         case ViewScript::PageEvent::Type::kCopied:
-            return CopyToClipboard(window_, event.text);
+            return view->clipboard.OnCopy(event.text);
+        case ViewScript::PageEvent::Type::kReading:
+            return view->clipboard.OnRead(event.text);
         case ViewScript::PageEvent::Type::kNewWindow:
             return options_.onNewWindow(event.text);
         case ViewScript::PageEvent::Type::kSize:

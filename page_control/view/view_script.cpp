@@ -16,10 +16,8 @@ struct EventName {
 };
 
 constexpr EventName kEvents[] = {
-    {"copied", EventType::kCopied},
-    {"window", EventType::kNewWindow},
-    {"size", EventType::kSize},
-    {"fullscreen", EventType::kFullScreen},
+    {"copied", EventType::kCopied}, {"reading", EventType::kReading},       {"window", EventType::kNewWindow},
+    {"size", EventType::kSize},     {"fullscreen", EventType::kFullScreen},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {
@@ -38,20 +36,18 @@ ViewScript::ViewScript(PageTarget& target, bool textIsSelectable, EventHandler o
           [onEvent = std::move(onEvent)](const std::string& payload, int) { onEvent(ParseEvent(payload)); }) {
 }
 
-Json ViewScript::EvaluateParameters(Function function, std::string_view arguments) const {
-    return {{"expression", script_.CallText(function, arguments)},
-            {"returnByValue", true},
-            {"userGesture", true},
-            {"silent", true}};
-}
-
-void ViewScript::Call(Function function, std::string_view arguments, Handler handler) {
-    target_.Post("Runtime.evaluate", EvaluateParameters(function, arguments),
-                 [handler = std::move(handler)](const Json* reply) {
-                     static const Json kNone;
-                     const bool failed = !reply || reply->contains("exceptionDetails");
-                     handler(failed ? kNone : reply->at("result").value("value", kNone));
-                 });
+void ViewScript::Evaluate(Function function, std::string_view arguments, bool awaitsPromise,
+                          Handler handler) {
+    const Json parameters = {{"expression", script_.CallText(function, arguments)},
+                             {"awaitPromise", awaitsPromise},
+                             {"returnByValue", true},
+                             {"userGesture", true},
+                             {"silent", true}};
+    target_.Post("Runtime.evaluate", parameters, [handler = std::move(handler)](const Json* reply) {
+        static const Json kNone;
+        const bool failed = !reply || reply->contains("exceptionDetails");
+        handler(failed ? kNone : reply->at("result").value("value", kNone));
+    });
 }
 
 }  // namespace tarvik

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "page_control/injected/injected_script.h"
 #include "page_control/injected/protocol.h"
@@ -14,7 +15,7 @@ class ViewScript {
   public:
     // An event that the script has posted.
     struct PageEvent {
-        enum class Type { kCopied, kNewWindow, kSize, kFullScreen } type;
+        enum class Type { kCopied, kReading, kNewWindow, kSize, kFullScreen } type;
         std::wstring text;  // the field
     };
     using EventHandler = std::function<void(const PageEvent& event)>;
@@ -27,12 +28,17 @@ class ViewScript {
     // result; null if there is none or the page cannot be reached.
     using Handler = std::function<void(const Json& result)>;
     using Function = protocol::Name<protocol::Kind::kViewFunction>;
-    void Call(Function function, std::string_view arguments, Handler handler);
-
-    // The parameters of "Runtime.evaluate" for such a call.
-    Json EvaluateParameters(Function function, std::string_view arguments) const;
+    void Call(Function function, std::string_view arguments, Handler handler) {
+        Evaluate(function, arguments, false, std::move(handler));
+    }
+    // Waits for a promise, which a paused page does not resolve.
+    void CallAsync(Function function, std::string_view arguments, Handler handler) {
+        Evaluate(function, arguments, true, std::move(handler));
+    }
 
   private:
+    void Evaluate(Function function, std::string_view arguments, bool awaitsPromise, Handler handler);
+
     PageTarget& target_;
     const InjectedScript script_;
 };

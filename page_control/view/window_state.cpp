@@ -60,8 +60,9 @@ void WindowState::OnTimer() {
 
 // In order with the input, and not while the page is in a native call, in which it would miss the events.
 void WindowState::QueueApply() {
-    queue_.Run([this, alive = alive_] {
+    queue_.AddTask([this, alive = alive_](const std::function<void()>& done) {
         if (*alive) Apply();
+        done();
     });
 }
 

@@ -37,14 +37,18 @@ Object.assign(core, {
   // Grows with each button or key that the page receives; no two documents start with the same number.
   received: Math.random(),
   lastKey: null,
-  clipboardText: undefined,
+  requests: 0,
+  copies: { __proto__: null },
+  settlers: { __proto__: null },
+  setTimer: setTimeout.bind(window),
 
   receipt: (isText) => {
     listen();
     return receipts.receipt(isText);
   },
   hasSelection: clipboard.hasSelection,
-  setClipboard: clipboard.setClipboard,
+  copy: clipboard.copy,
+  settle: clipboard.settle,
   cursorAt: makeCursor(),
   watchSize: () => {
     listen();

@@ -22,6 +22,7 @@ class ScriptedEngine : public DevTools {
     bool IsWaiting() const override { return false; }
     bool IsOpen() const override { return true; }
     std::string OpenPage() override { return "page"; }
+    void OpenPage(OpenHandler) override {}
     void ClosePage(const std::string&) override {}
 
     // Replies to the oldest command of this name.

@@ -56,7 +56,8 @@ TEST(Protocol, ListsTheNamesInTheScripts) {
     EXPECT_EQ(Matches(kBridgeScript, R"re('\["(.)")re"), Listed(Kind::kPageValue));
     EXPECT_EQ(Matches(kBridgeScript, "case '(.)'"), Listed(Kind::kHostValue));
     EXPECT_EQ(Matches(kViewScript, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
-    EXPECT_EQ(KeysOf(kViewScript, "Object.assign(core, {", "\n});", {"received", "lastKey", "clipboardText"}),
+    EXPECT_EQ(KeysOf(kViewScript, "Object.assign(core, {", "\n});",
+                     {"received", "lastKey", "requests", "copies", "settlers", "setTimer"}),
               Listed(Kind::kViewFunction));
 }
 

@@ -23,7 +23,7 @@ constexpr std::string_view kJpeg =
 // It skips invalid pictures, and frames that arrive faster than they are decoded, but never the last one.
 TEST(FrameDecoder, DecodesTheLastFrame) {
     std::mutex lock;
-    FrameBuffer::Pixels latest;
+    Pixels latest;
     FrameDecoder decoder([&](FrameDecoder::Frame& frame) {
         const std::lock_guard locked(lock);
         latest = frame.pixels;

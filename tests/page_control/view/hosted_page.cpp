@@ -1,7 +1,5 @@
 #include "tests/page_control/view/hosted_page.h"
 
-#include <cstring>
-
 #include "atl/ax_window.h"
 
 namespace tarvik {
@@ -112,28 +110,6 @@ void HostedPage::Type(std::wstring_view text) const {
         }
         PumpOnce();
     }
-}
-
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!OpenClipboard(nullptr)) return text;
-    if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
-        text = static_cast<const wchar_t*>(GlobalLock(memory));
-        GlobalUnlock(memory);
-    }
-    CloseClipboard();
-    return text;
-}
-
-void SetClipboardText(const std::wstring& text) {
-    const size_t size = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(GlobalLock(memory), text.c_str(), size);
-    GlobalUnlock(memory);
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    EmptyClipboard();
-    SetClipboardData(CF_UNICODETEXT, memory);
-    CloseClipboard();
 }
 
 }  // namespace tarvik

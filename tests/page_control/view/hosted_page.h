@@ -49,8 +49,4 @@ class HostedPage : public testing::Test {
     HWND page_ = nullptr;
 };
 
-// The text on the system's clipboard.
-std::wstring ClipboardText();
-void SetClipboardText(const std::wstring& text);
-
 }  // namespace tarvik

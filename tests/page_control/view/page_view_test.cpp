@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "tests/page_control/view/hosted_page.h"
+#include "tests/support/clipboard.h"
 
 namespace tarvik {
 namespace {
