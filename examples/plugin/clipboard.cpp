@@ -118,7 +118,7 @@ class Clipboard : public tarvik::Plugin<Clipboard> {
     }
 
     tarvik::ScriptObject Formats() {
-        const tarvik::ScriptObject names = NewArray();
+        tarvik::ScriptObject names = NewArray();
         const OpenClipboardScope open(listener_);
         for (UINT format = EnumClipboardFormats(0); format != 0; format = EnumClipboardFormats(format))
             names.Push(NameOf(format));

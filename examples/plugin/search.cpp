@@ -126,7 +126,7 @@ class Search : public tarvik::Plugin<Search> {
         if (!stream || text.empty()) throw tarvik::StatusError(E_INVALIDARG);
         std::istringstream input(std::string(reinterpret_cast<const char*>(stream->GetBuffer()),
                                              static_cast<size_t>(stream->GetSize())));
-        const tarvik::ScriptObject hits = NewArray();
+        tarvik::ScriptObject hits = NewArray();
         FindLines(input, tarvik::Narrow(text), [&](int line, const std::wstring& found) {
             const tarvik::ScriptObject hit = NewObject();
             hit.Set(L"line", line);

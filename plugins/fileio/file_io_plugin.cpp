@@ -35,7 +35,7 @@ struct TransferRequest {
 };
 
 TransferRequest ParseRequest(const ComPtr<IDispatch>& stream, CoercedInt length) {
-    const TransferRequest request = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
+    TransferRequest request = {Query<TVK::IStream>(stream.Get()), static_cast<ULONG>(length.value)};
     if (!request.stream || request.length == 0) throw StatusError(E_INVALIDARG);
     return request;
 }

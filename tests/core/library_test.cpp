@@ -21,7 +21,7 @@ class Sample : public Plugin<Sample> {
         return members;
     }
 
-    std::wstring Join(const std::wstring& first, std::optional<std::wstring> second) {
+    std::wstring Join(const std::wstring& first, const std::optional<std::wstring>& second) {
         return first + L"+" + second.value_or(L"none");
     }
     double Half(double number) { return number / 2; }

@@ -112,7 +112,7 @@ class Pages : public PageSoak {
             return WaitForReady(before);
         });
         Navigate(first, calling_);
-        good &= Repeat("rounds", 20, navigations, [this] { return WaitForReady(readyPages); });
+        good &= Repeat("rounds", 20, navigations, [] { return WaitForReady(readyPages); });
         monitor_.ForgetPage();
         return good;
     }
