@@ -65,13 +65,13 @@ void PageThread::Send(std::string expression, TextHandler onOutcome) {
 // only a plain resume releases the objects that the engine has listed for the pause, everything on the stack;
 // they would leak until the end of the document.
 void PageThread::Resume() {
-    if (unreachableScript_.empty()) return SendResume("Debugger.resume", Json::object());
+    if (unreachableScript_.empty()) return SendResume("Debugger.resume", {});
     SendResume("Debugger.continueToLocation",
                {{"location", {{"scriptId", unreachableScript_}, {"lineNumber", 0}}}});
     target_.Post("Runtime.releaseObjectGroup", {{"objectGroup", "backtrace"}});
 }
 
-void PageThread::SendResume(std::string_view method, Json params) {
+void PageThread::SendResume(std::string_view method, Parameters params) {
     Apply(Event::kResume);
     resuming_ = true;
     target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
@@ -90,7 +90,7 @@ void PageThread::ResumeIfNeeded() {
     if (ended_ || !target_.Engine().IsOpen()) return;
     if (state_ != State::kQueued && state_ != State::kStopped) return;
     if (resuming_ || evaluations_ > 0) return;
-    SendResume("Debugger.resume", Json::object());
+    SendResume("Debugger.resume", {});
 }
 
 }  // namespace tarvik

@@ -82,7 +82,7 @@ class PageThread : public std::enable_shared_from_this<PageThread> {
         return state_ == State::kCalling || state_ == State::kAwaiting || state_ == State::kQueued;
     }
     void Resume();
-    void SendResume(std::string_view method, Json params);
+    void SendResume(std::string_view method, Parameters params);
     void ResumeIfNeeded();
 
     PageTarget& target_;

@@ -40,14 +40,14 @@ Connection::~Connection() {
 
 // ---- Commands
 
-void Connection::Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) {
+void Connection::Post(std::string_view session, std::string_view method, Parameters params,
+                      ReplyHandler onReply) {
     const int id = ++lastId_;
     if (!open_) {
         if (onReply) onReply(nullptr);
         return;
     }
-    Json command = {
-        {"id", id}, {"method", method}, {"params", params.is_null() ? Json::object() : std::move(params)}};
+    Json command = {{"id", id}, {"method", method}, {"params", std::move(params).Take()}};
     if (!session.empty()) command["sessionId"] = session;
     if (onReply) replies_.emplace(id, std::move(onReply));
     // If this fails the engine has ended, and DeliverEnd calls the handler.
@@ -73,7 +73,7 @@ void Connection::Batch(const std::function<void()>& posts) {
     if (!messages.empty()) transport_->Write(std::string_view(messages).substr(0, messages.size() - 1));
 }
 
-Json Connection::Call(std::string_view session, std::string_view method, Json params, DWORD timeout) {
+Json Connection::Call(std::string_view session, std::string_view method, Parameters params, DWORD timeout) {
     // Shared, because a reply may arrive after the timeout.
     struct Reply {
         bool received = false;

@@ -24,9 +24,10 @@ class Connection : public DevTools {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    void Post(std::string_view session, std::string_view method, Json params, ReplyHandler onReply) override;
+    void Post(std::string_view session, std::string_view method, Parameters params,
+              ReplyHandler onReply) override;
     void Batch(const std::function<void()>& posts) override;
-    Json Call(std::string_view session, std::string_view method, Json params, DWORD timeout) override;
+    Json Call(std::string_view session, std::string_view method, Parameters params, DWORD timeout) override;
     void Listen(std::string_view session, EventHandler handler) override;
     void ListenToFrames(std::string_view session, FrameHandler handler) override {
         reader_.ListenToFrames(session, std::move(handler));

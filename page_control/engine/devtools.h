@@ -7,13 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include <nlohmann/json.hpp>
-
 #include "page_control/engine/event_router.h"
+#include "page_control/engine/parameters.h"
 
 namespace tarvik {
-
-using Json = nlohmann::json;
 
 // A connection to a browser engine over the DevTools protocol. Main thread only: a reader thread queues
 // incoming messages, which are delivered by the message loop or by a wait.
@@ -29,7 +26,7 @@ class DevTools {
     // engine's end. `session` is empty for the browser itself. Blocks only if the engine has stopped reading
     // and the pipe is full.
     using ReplyHandler = std::function<void(const Json* result)>;
-    virtual void Post(std::string_view session, std::string_view method, Json params,
+    virtual void Post(std::string_view session, std::string_view method, Parameters params,
                       ReplyHandler onReply = nullptr) = 0;
 
     // Sends the commands posted by the function in one write, which saves the engine a wake-up.
@@ -37,7 +34,7 @@ class DevTools {
 
     // Sends a command and waits for its reply; serves other messages meanwhile. Throws StatusError: E_FAIL
     // for an error reply, RPC_E_DISCONNECTED at the engine's end, RPC_E_TIMEOUT.
-    virtual Json Call(std::string_view session, std::string_view method, Json params = Json::object(),
+    virtual Json Call(std::string_view session, std::string_view method, Parameters params = {},
                       DWORD timeout = 10000) = 0;
 
     // Sets the handler of all events of a session except screencast frames; an empty one removes it. At the
@@ -88,11 +85,10 @@ class PageTarget {
     // Keeps the engine during a wait that the target may not survive.
     std::shared_ptr<DevTools> EnginePointer() const { return devtools_; }
 
-    void Post(std::string_view method, Json params = Json::object(),
-              DevTools::ReplyHandler onReply = nullptr) {
+    void Post(std::string_view method, Parameters params = {}, DevTools::ReplyHandler onReply = nullptr) {
         devtools_->Post(session_, method, std::move(params), std::move(onReply));
     }
-    Json Call(std::string_view method, Json params = Json::object(), DWORD timeout = 10000) {
+    Json Call(std::string_view method, Parameters params = {}, DWORD timeout = 10000) {
         // The target, and with it the engine, may be destroyed during the call.
         const auto engine = devtools_;
         return engine->Call(session_, method, std::move(params), timeout);

@@ -27,7 +27,7 @@ void EnginePages::Start() {
         [this](const event::TargetDestroyed& destroyed) { closing_.erase(destroyed.targetId); });
     engine_.Listen("",
                    [this](std::string_view method, const Json& params) { events_.Dispatch(method, params); });
-    const Json targets = engine_.Call("", "Target.getTargets", Json::object(), kStartTimeout);
+    const Json targets = engine_.Call("", "Target.getTargets", {}, kStartTimeout);
     for (const Json& target : targets.at("targetInfos")) {
         if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
     }

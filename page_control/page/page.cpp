@@ -118,15 +118,14 @@ void Page::Stop() {
 
 void Page::GoInHistory(int steps) {
     if (!target_) return;
-    target_->Post(
-        "Page.getNavigationHistory", Json::object(), [weak = weak_from_this(), steps](const Json* history) {
-            const auto page = weak.lock();
-            if (!history || !page || !page->target_) return;
-            const int index = history->value("currentIndex", 0) + steps;
-            const Json& entries = history->at("entries");
-            if (index < 0 || index >= static_cast<int>(entries.size())) return;
-            page->target_->Post("Page.navigateToHistoryEntry", {{"entryId", entries[index].at("id")}});
-        });
+    target_->Post("Page.getNavigationHistory", {}, [weak = weak_from_this(), steps](const Json* history) {
+        const auto page = weak.lock();
+        if (!history || !page || !page->target_) return;
+        const int index = history->value("currentIndex", 0) + steps;
+        const Json& entries = history->at("entries");
+        if (index < 0 || index >= static_cast<int>(entries.size())) return;
+        page->target_->Post("Page.navigateToHistoryEntry", {{"entryId", entries[index].at("id")}});
+    });
 }
 
 ComPtr<IDispatch> Page::Globals() {

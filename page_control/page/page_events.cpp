@@ -72,13 +72,11 @@ void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
 // The blank page that every target starts with is not part of the user's history. The command fails while the
 // engine has not yet replaced that page.
 void Page::RemoveBlankPageFromHistory(int attempts) {
-    target_->Post(
-        "Page.resetNavigationHistory", Json::object(),
-        [weak = weak_from_this(), attempts](const Json* result) {
-            const auto page = weak.lock();
-            if (!result && attempts > 1 && page && page->target_ && page->target_->Engine().IsOpen())
-                page->RemoveBlankPageFromHistory(attempts - 1);
-        });
+    target_->Post("Page.resetNavigationHistory", {}, [weak = weak_from_this(), attempts](const Json* result) {
+        const auto page = weak.lock();
+        if (!result && attempts > 1 && page && page->target_ && page->target_->Engine().IsOpen())
+            page->RemoveBlankPageFromHistory(attempts - 1);
+    });
 }
 
 void Page::OnNavigatedWithin(const event::NavigatedWithinDocument& navigated) {

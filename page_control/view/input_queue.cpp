@@ -22,8 +22,8 @@ InputQueue::InputQueue(PageTarget& target, ViewScript& script) : target_(target)
     };
 }
 
-void InputQueue::Add(DeliveryMode mode, const char* method, Json parameters) {
-    Add({mode, method, std::move(parameters), nullptr});
+void InputQueue::Add(DeliveryMode mode, const char* method, Parameters parameters) {
+    Add({mode, method, std::move(parameters).Take(), nullptr});
 }
 
 void InputQueue::Add(Input input) {

@@ -31,7 +31,7 @@ class InputQueue {
         kAwaitReceipt,      // and until the page has received it
         kAwaitTextReceipt,  // the same for the text of a key
     };
-    void Add(DeliveryMode mode, const char* method, Json parameters);
+    void Add(DeliveryMode mode, const char* method, Parameters parameters);
 
     // Adds work of the host that the input after it depends on. The task calls its argument when it is done.
     using Task = std::function<void(std::function<void()> done)>;

@@ -10,12 +10,12 @@ using State = PageThread::State;
 // Records the commands that are posted; the test replies to them in any order.
 class ScriptedEngine : public DevTools {
   public:
-    void Post(std::string_view, std::string_view method, Json, ReplyHandler onReply) override {
+    void Post(std::string_view, std::string_view method, Parameters, ReplyHandler onReply) override {
         posted.emplace_back(method);
         handlers_.emplace(method, std::move(onReply));
     }
     void Batch(const std::function<void()>& posts) override { posts(); }
-    Json Call(std::string_view, std::string_view, Json, DWORD) override { return {{"sessionId", "session"}}; }
+    Json Call(std::string_view, std::string_view, Parameters, DWORD) override { return {{"sessionId", "session"}}; }
     void Listen(std::string_view, EventHandler) override {}
     void ListenToFrames(std::string_view, FrameHandler) override {}
     bool WaitUntil(const std::function<bool()>& condition, DWORD) override { return condition(); }
