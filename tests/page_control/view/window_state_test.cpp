@@ -53,6 +53,13 @@ TEST_F(HostedPage, HasTheFocusAndTheVisibilityOfItsWindow) {
     }
 }
 
+TEST_F(HostedPage, HasAMouseWithPressure) {
+    Open(R"(<script>onpointerdown = onpointerup = function (event) { log.push(event.pressure); };</script>)");
+    EXPECT_EQ(Evaluate(L"matchMedia('(hover: hover) and (pointer: fine)').matches"), L"true");
+    ClickAt(OnScreen({100, 100}));
+    EXPECT_TRUE(Becomes(L"log.join()", L"0.5,0"));
+}
+
 // The engine loses events of a page whose script waits for an answer.
 TEST_F(HostedPage, SeesEachSizeThoughItMakesNativeCalls) {
     Open(R"(<script>
