@@ -15,7 +15,9 @@ class ScriptedEngine : public DevTools {
         handlers_.emplace(method, std::move(onReply));
     }
     void Batch(const std::function<void()>& posts) override { posts(); }
-    Json Call(std::string_view, std::string_view, Parameters, DWORD) override { return {{"sessionId", "session"}}; }
+    Json Call(std::string_view, std::string_view, Parameters, DWORD) override {
+        return {{"sessionId", "session"}};
+    }
     void Listen(std::string_view, EventHandler) override {}
     void ListenToFrames(std::string_view, FrameHandler) override {}
     bool WaitUntil(const std::function<bool()>& condition, DWORD) override { return condition(); }
