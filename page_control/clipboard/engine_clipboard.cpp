@@ -87,7 +87,12 @@ void EngineClipboard::OnPage(std::unique_ptr<PageTarget> page) {
     page_->Post("Page.enable");
     page_->Post("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
     page_->Post("Fetch.enable", {{"patterns", {{{"urlPattern", "*"}, {"resourceType", "Document"}}}}});
-    page_->Post("Page.addScriptToEvaluateOnNewDocument", {{"source", kClipboardPage}});
+    // The navigation waits, because it could overtake the commands.
+    page_->Post("Page.addScriptToEvaluateOnNewDocument", {{"source", kClipboardPage}},
+                IfAlive([this](const Json* result) { result ? Navigate() : Finish(nullptr); }));
+}
+
+void EngineClipboard::Navigate() {
     page_->Post("Page.navigate", {{"url", kOrigin}},
                 IfAlive([this](const Json* result) { result ? Evaluate() : Finish(nullptr); }));
 }

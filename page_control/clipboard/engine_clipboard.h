@@ -36,6 +36,7 @@ class EngineClipboard {
     void Start(std::vector<std::string> expressions, Handler handler);
     void OpenPage();
     void OnPage(std::unique_ptr<PageTarget> page);
+    void Navigate();
     void Evaluate();
     void Finish(const Json* value);
 
