@@ -16,7 +16,7 @@ class ScriptedEngine : public DevTools {
     }
     void Batch(const std::function<void()>& posts) override { posts(); }
     Json Call(std::string_view, std::string_view, Parameters, DWORD) override {
-        return {{"sessionId", "session"}};
+        return {{"sessionId", "session"}, {"userAgent", ""}};
     }
     void Listen(std::string_view, EventHandler) override {}
     void ListenToFrames(std::string_view, FrameHandler) override {}
@@ -46,6 +46,8 @@ class ScriptedEngine : public DevTools {
 
 class Thread : public testing::Test {
   protected:
+    Thread() { Posted(); }  // what a new target sends
+
     // The commands since the last look.
     std::vector<std::string> Posted() { return std::exchange(engine_->posted, {}); }
     void Send() {
