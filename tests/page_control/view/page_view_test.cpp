@@ -261,17 +261,22 @@ TEST_F(HostedPage, ShowsAMenuOnTextFields) {
     Open(R"(<p id="text" style="height: 60px">Text</p><input id="field" style="margin-left: 150px"><script>
         logEvents('paste');</script>)");
     const POINT field = MiddleOf(L"field");
-    // Chooses from the menu by a letter; returns the menu's rectangle.
+    const auto visibleMenu = [] {
+        const std::vector<HWND> menus = TopWindows(L"#32768");
+        const auto visible = std::ranges::find_if(menus, IsWindowVisible);
+        return visible == menus.end() ? nullptr : *visible;
+    };
+    // Chooses from the menu by a letter; returns the menu's rectangle. A menu that has just been shown may
+    // not get the key yet.
     const auto choose = [&](WORD letter) {
         RECT place = {};
         std::atomic<bool> chosen = false;
         const std::jthread person([&] {
+            EXPECT_TRUE(WaitFor([&] { return GetWindowRect(visibleMenu(), &place); }));
             EXPECT_TRUE(WaitFor([&] {
-                const std::vector<HWND> menus = TopWindows(L"#32768");
-                const auto visible = std::ranges::find_if(menus, IsWindowVisible);
-                return visible != menus.end() && GetWindowRect(*visible, &place);
+                PressKeys({letter});
+                return WaitFor([&] { return !visibleMenu(); }, 2000);
             }));
-            PressKeys({letter});
             chosen = true;
         });
         ClickAt(field, MOUSEEVENTF_RIGHTDOWN);
