@@ -36,7 +36,8 @@ void ClipboardSync::CopyToEngine(Done done) {
 }
 
 void ClipboardSync::CopyToSystem(Wait wait, Done done) {
-    const auto operation = [this, wait = std::move(wait)] {
+    const auto operation = [this, wait = std::move(wait), before = GetClipboardSequenceNumber()] {
+        before_ = before;
         wait([weak = weak_from_this()](bool isKnown) {
             if (const auto self = weak.lock()) self->ReadEngine(isKnown);
         });
@@ -101,6 +102,12 @@ void ClipboardSync::ReadEngine(bool isKnown) {
 }
 
 bool ClipboardSync::WriteSystem(const ClipboardContent& content) {
+    // What another program has copied since is newer.
+    const DWORD now = GetClipboardSequenceNumber();
+    if (now != before_ && now != sequence_) {
+        Finish(true);
+        return true;
+    }
     if (!WriteSystemClipboard(window_.Get(), content)) return false;
     sequence_ = GetClipboardSequenceNumber();
     lastText_ = content.text;

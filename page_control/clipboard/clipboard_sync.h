@@ -46,6 +46,7 @@ class ClipboardSync : public std::enable_shared_from_this<ClipboardSync> {
     MessageWindow window_;  // owns the system's clipboard, and has the timer
     EngineClipboard engine_;
     DWORD sequence_ = 0;    // of the system's clipboard when both held the same
+    DWORD before_ = 0;      // the same number when the page began the copy in progress
     std::string lastText_;  // what both held
     struct Pending {
         Operation operation;
