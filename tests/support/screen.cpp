@@ -96,11 +96,12 @@ bool Drag(POINT from, POINT to, const std::function<bool()>& isPressed,
     MovePointer(from);
     Send(MouseInputOf(MOUSEEVENTF_LEFTDOWN));
     // While a button is down, the pointer of the Unix host stays where it is, and may revert a move once
-    // more.
+    // more, also before the release.
     const bool isDragged = WaitFor(isPressed) && WaitFor([&] {
                                Send(MoveOf(to));
                                return hasArrived();
                            });
+    Send(MoveOf(to));
     Send(MouseInputOf(MOUSEEVENTF_LEFTUP));
     return isDragged;
 }
