@@ -29,10 +29,7 @@ class Clipboard : public ProgramTest {
             "document.addEventListener('keydown', function (e) { if (keys[e.key]) keys[e.key](); });"
             "document.addEventListener('mouseup', function () { log('clicked'); });" +
             script);
-        const HWND window = program_.WindowTitled(L"Clipboard");
-        ASSERT_TRUE(WaitForColour(window, kBlue));
-        Click(window);
-        ASSERT_TRUE(program_.WaitForLine("clicked"));
+        ClickPage(L"Clipboard");
     }
 };
 

@@ -16,10 +16,7 @@ class Input : public ProgramTest {
             "  console.log('key ' + e.keyCode + (e.ctrlKey ? ' Ctrl' : '') + (e.altKey ? ' Alt' : '')); };"
             "document.onmouseup = function () { console.log('clicked'); };" +
             script);
-        const HWND window = program_.WindowTitled(L"Keys");
-        ASSERT_TRUE(WaitForColour(window, kBlue));
-        Click(window);
-        ASSERT_TRUE(program_.WaitForLine("clicked"));
+        ClickPage(L"Keys");
     }
 };
 

@@ -137,6 +137,13 @@ std::string ProgramTest::Page(const std::string& script) {
     return "<!doctype html><body style='background: rgb(10, 20, 200)'><script>" + script + "</script>";
 }
 
+void ProgramTest::ClickPage(const std::wstring& title) {
+    const HWND window = program_.WindowTitled(title);
+    ASSERT_TRUE(WaitForColour(window, kBlue));
+    Click(window);
+    ASSERT_TRUE(program_.WaitForLine("clicked"));
+}
+
 bool ProgramTest::Close(HWND window) {
     PostMessageW(window, WM_CLOSE, 0, 0);
     return WaitFor([&] { return !IsWindow(window); });

@@ -89,6 +89,8 @@ class ProgramTest : public testing::Test {
         Write(L"index.html", script);
         program_.Start();
     }
+    // Clicks such a page, so that it has the focus, and waits until it logs "clicked".
+    void ClickPage(const std::wstring& title);
     // Closes a window, and waits for its end.
     static bool Close(HWND window);
 
