@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "page_control/view/monitor.h"
+
 namespace tarvik {
 
 namespace {
@@ -9,12 +11,6 @@ namespace {
 constexpr LONG_PTR kFrame = WS_CAPTION | WS_THICKFRAME | WS_MAXIMIZE;
 constexpr LONG_PTR kExtendedFrame =
     WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_DLGMODALFRAME | WS_EX_STATICEDGE;
-
-RECT MonitorOf(HWND window) {
-    MONITORINFO monitor = {sizeof monitor};
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcMonitor;
-}
 
 UINT ShowCommand(HWND window, UINT shown) {
     if (!IsWindowVisible(window)) return SW_HIDE;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "page_control/view/monitor.h"
+
 namespace tarvik {
 
 namespace {
@@ -19,9 +21,7 @@ bool IsSame(SIZE left, SIZE right) {
 }
 
 SIZE ScreenOf(HWND window) {
-    MONITORINFO monitor = {sizeof monitor};
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& area = monitor.rcMonitor;
+    const RECT area = MonitorOf(window);
     return {area.right - area.left, area.bottom - area.top};
 }
 

@@ -1,10 +1,10 @@
 // The `console` of a page. The host's prologue assigns the plug-in, which has few of the members that libraries call. What
 // the page then reads has the engine's methods, too. The plug-in's members win, and those that the page defines win over
 // both.
-const makeConsole = (records, { encodeText }, { newMap, defineAccessor }) => {
-  const { get, set, has, defineProperty, deleteProperty, getOwnPropertyDescriptor } = Reflect;
-  const { create, getOwnPropertyDescriptors, getPrototypeOf } = Object;
-  const { Proxy } = window;
+const makeConsole = (records, { encodeText }, intrinsics) => {
+  const { newMap, defineAccessor, getOwnPropertyDescriptor, getPrototypeOf, Proxy } = intrinsics;
+  const { get, set, has, defineProperty, deleteProperty } = Reflect;
+  const { create, getOwnPropertyDescriptors } = Object;
   const ownName = encodeText('console');
 
   const isPlugin = (value) => {
