@@ -35,6 +35,7 @@ class Connection : public DevTools {
     bool WaitUntil(const std::function<bool()>& condition, DWORD timeout) override;
     bool IsWaiting() const override { return depth_ > 0; }
     bool IsOpen() const override { return open_; }
+    const std::string& UserAgent() const override { return pages_.UserAgent(); }
     std::string OpenPage() override { return pages_.Open(); }
     void OpenPage(OpenHandler handler) override { pages_.Open(std::move(handler)); }
     void ClosePage(const std::string& id) override { pages_.Close(id); }

@@ -56,6 +56,9 @@ class DevTools {
 
     virtual bool IsOpen() const = 0;
 
+    // The engine's own user agent.
+    virtual const std::string& UserAgent() const = 0;
+
     // Opens a blank page in its own window and returns its target's id. Pages that are opened by other means,
     // like a click with a modifier key, are closed immediately.
     virtual std::string OpenPage() = 0;
@@ -64,6 +67,9 @@ class DevTools {
     virtual void OpenPage(OpenHandler handler) = 0;
     virtual void ClosePage(const std::string& id) = 0;
 };
+
+// Attaches a flat session to a target, for Target.detachFromTarget to end. Waits; throws StatusError.
+std::string AttachSession(DevTools& engine, const std::string& targetId);
 
 // A page of the engine in its own window, with a flat session attached. The destructor closes it without
 // waiting.

@@ -32,6 +32,10 @@ void EnginePages::Start() {
         if (target.value("type", "") == "page") firstPage_ = target.at("targetId");
     }
     pages_.insert(firstPage_);
+    // The reply comes before that of any command for a page.
+    engine_.Post("", "Browser.getVersion", {}, [this](const Json* result) {
+        if (result) userAgent_ = result->value("userAgent", "");
+    });
     engine_.Post("", "Target.setDiscoverTargets", {{"discover", true}, {"filter", {{{"type", "page"}}}}});
     // Without a browser's window, nothing could ask the user. AllowClipboard makes exceptions.
     for (const char* name : {"geolocation", "notifications", "clipboard-read", "clipboard-write"})

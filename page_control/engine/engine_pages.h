@@ -18,6 +18,7 @@ class EnginePages {
     void Start();
 
     // See DevTools.
+    const std::string& UserAgent() const { return userAgent_; }
     std::string Open();
     void Open(DevTools::OpenHandler handler);
     void Close(const std::string& id);
@@ -31,6 +32,7 @@ class EnginePages {
     void SendClose(const std::string& id);
 
     DevTools& engine_;
+    std::string userAgent_;
     std::string firstPage_;            // the engine's first page, until it is used
     std::set<std::string> pages_;      // opened here
     std::set<std::string> closing_;    // being closed, but not destroyed yet

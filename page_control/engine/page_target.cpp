@@ -27,12 +27,15 @@ Json AttachParameters(const std::string& id) {
 
 }  // namespace
 
+std::string AttachSession(DevTools& engine, const std::string& targetId) {
+    return engine.Call("", "Target.attachToTarget", AttachParameters(targetId)).at("sessionId");
+}
+
 PageTarget::PageTarget(std::shared_ptr<DevTools> devtools) : devtools_(std::move(devtools)) {
     id_ = devtools_->OpenPage();
     try {
-        session_ = devtools_->Call("", "Target.attachToTarget", AttachParameters(id_)).at("sessionId");
-        Post("Emulation.setUserAgentOverride",
-             Identity(devtools_->Call("", "Browser.getVersion").at("userAgent")));
+        session_ = AttachSession(*devtools_, id_);
+        Post("Emulation.setUserAgentOverride", Identity(devtools_->UserAgent()));
     } catch (...) {
         devtools_->ClosePage(id_);
         throw;

@@ -21,9 +21,7 @@ WindowState::WindowState(HWND window, PageTarget& target, EngineWindow& engineWi
       target_(target),
       engineWindow_(engineWindow),
       queue_(queue),
-      secondSession_(target.Engine()
-                         .Call("", "Target.attachToTarget", {{"targetId", target.Id()}, {"flatten", true}})
-                         .at("sessionId")) {
+      secondSession_(AttachSession(target.Engine(), target.Id())) {
     Update();
 }
 

@@ -55,10 +55,7 @@ void ResourceMonitor::WatchPage(SharedEngine& engine) {
     engine_ = engine.Acquire();
     for (const Json& target : Targets(*engine_)) {
         if (target.at("type") != "page") continue;
-        session_ =
-            engine_
-                ->Call("", "Target.attachToTarget", {{"targetId", target.at("targetId")}, {"flatten", true}})
-                .at("sessionId");
+        session_ = AttachSession(*engine_, target.at("targetId"));
     }
 }
 

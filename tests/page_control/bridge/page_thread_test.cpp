@@ -16,13 +16,14 @@ class ScriptedEngine : public DevTools {
     }
     void Batch(const std::function<void()>& posts) override { posts(); }
     Json Call(std::string_view, std::string_view, Parameters, DWORD) override {
-        return {{"sessionId", "session"}, {"userAgent", ""}};
+        return {{"sessionId", "session"}};
     }
     void Listen(std::string_view, EventHandler) override {}
     void ListenToFrames(std::string_view, FrameHandler) override {}
     bool WaitUntil(const std::function<bool()>& condition, DWORD) override { return condition(); }
     bool IsWaiting() const override { return false; }
     bool IsOpen() const override { return true; }
+    const std::string& UserAgent() const override { return userAgent_; }
     std::string OpenPage() override { return "page"; }
     void OpenPage(OpenHandler) override {}
     void ClosePage(const std::string&) override {}
@@ -42,6 +43,7 @@ class ScriptedEngine : public DevTools {
 
   private:
     std::multimap<std::string, ReplyHandler> handlers_;
+    const std::string userAgent_;
 };
 
 class Thread : public testing::Test {
