@@ -26,8 +26,7 @@ constexpr double kHeapRise = 256;
 constexpr double kDocumentsRise = 2;
 
 std::string OwnMark() {
-    const std::string mark =
-        Narrow(UniqueName());  // process ids are those of one Wine, and others run beside it
+    std::string mark = Narrow(UniqueName());  // process ids are those of one Wine, and others run beside it
     SetEnvironmentVariableW(L"TARVIK_TEST_RUN", Widen(mark).c_str());
     return mark;
 }
