@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "tests/support/loaded_page.h"
 #include "tests/support/screen.h"
 
 namespace tarvik {
@@ -9,7 +10,7 @@ namespace tarvik {
 bool PageSoak::RunBesideAnIdlePage(const std::function<bool(const BrowserWindow& idle)>& soak) {
     const BrowserWindow idle(
         folder_.Write(L"idle.html", "<!doctype html><script>external.window.title = 'idle'</script>"));
-    if (!PumpUntil([&] { return TextOf(idle.Handle()) == L"idle"; }))
+    if (!PumpUntil([&] { return TextOf(idle.Handle()) == L"idle" && HasLoadedPage(idle.Handle()); }))
         return std::printf("the idle page is not loaded\n"), false;
     monitor_.WatchPage(control_.Engine());
     const bool good = soak(idle);

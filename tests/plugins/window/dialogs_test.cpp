@@ -3,13 +3,12 @@
 #include <windows.h>
 #include <commctrl.h>
 #include <dlgs.h>
-#include <exdisp.h>
 
-#include "atl/ax_window.h"
 #include "page_control/page/register.h"
 #include "tarvik/text.h"
 #include "tests/plugins/window/window_fixture.h"
 #include "tests/support/dialog_driver.h"
+#include "tests/support/loaded_page.h"
 
 namespace tarvik {
 namespace {
@@ -141,12 +140,7 @@ class PageDialogs : RegisteredControl, public Dialogs {
   protected:
     void SetUp() override {
         Dialogs::SetUp();
-        const auto control = Query<IWebBrowser2>(AtlAxGetControl(window_).Get());
-        ASSERT_TRUE(PumpUntil([&] {
-            READYSTATE state = READYSTATE_UNINITIALIZED;
-            control->get_ReadyState(&state);
-            return state == READYSTATE_COMPLETE;
-        }));
+        ASSERT_TRUE(PumpUntil([&] { return HasLoadedPage(window_); }));
     }
 
     // The returned Array.
