@@ -93,7 +93,7 @@ int RunApplication(HINSTANCE instance, const std::shared_ptr<SharedEngine>& engi
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
     tarvik::UseSystemLibrariesOnly();
     tarvik::UnpackFolder unpackFolder;
-    const auto engine = std::make_shared<tarvik::SharedEngine>();
+    const auto engine = std::make_shared<tarvik::SharedEngine>(tarvik::ReportStartupError);
     tarvik::ChooseFolder(unpackFolder, *engine);
     const int exitCode = tarvik::RunApplication(instance, engine);
     tarvik::FreePluginLibraries();

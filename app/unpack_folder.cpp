@@ -1,8 +1,6 @@
 #include "app/unpack_folder.h"
 
 #include <windows.h>
-#include <aclapi.h>
-#include <sddl.h>
 #include <shlobj.h>
 #include <shlwapi.h>
 
@@ -11,6 +9,7 @@
 
 #include "base/folder_reader.h"
 #include "base/owners.h"
+#include "base/private_security.h"
 #include "base/shell_delete.h"
 #include "tarvik/status.h"
 
@@ -24,54 +23,9 @@ void ThrowLastErrorUnless(BOOL succeeded) {
     if (!succeeded) ThrowLastError();
 }
 
-class CurrentUser {
-  public:
-    CurrentUser() {
-        UniqueHandle token;
-        ThrowLastErrorUnless(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive()));
-        DWORD size = 0;
-        GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
-        data_.resize(size);
-        ThrowLastErrorUnless(GetTokenInformation(token.Get(), TokenUser, data_.data(), size, &size));
-    }
-    PSID Sid() const { return reinterpret_cast<const TOKEN_USER*>(data_.data())->User.Sid; }
-
-  private:
-    std::vector<char> data_;
-};
-
-// Security attributes for objects that only the current user can access, whatever the parent folder grants.
-class PrivateSecurity {
-  public:
-    PrivateSecurity() {
-        UniqueLocal sid;
-        ThrowLastErrorUnless(
-            ConvertSidToStringSidW(CurrentUser().Sid(), reinterpret_cast<wchar_t**>(sid.Receive())));
-        const std::wstring user = static_cast<const wchar_t*>(sid.Get());
-        const std::wstring text = L"O:" + user + L"D:P(A;OICI;FA;;;" + user + L")";
-        ThrowLastErrorUnless(ConvertStringSecurityDescriptorToSecurityDescriptorW(
-            text.c_str(), SDDL_REVISION_1, descriptor_.Receive(), nullptr));
-        attributes_ = {sizeof attributes_, descriptor_.Get(), FALSE};
-    }
-    SECURITY_ATTRIBUTES* Get() { return &attributes_; }
-
-  private:
-    UniqueLocal descriptor_;
-    SECURITY_ATTRIBUTES attributes_ = {};
-};
-
 UniqueHandle OpenLock(const std::wstring& path, SECURITY_ATTRIBUTES* security, DWORD disposition) {
     return UniqueHandle(CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, security, disposition,
                                     FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-}
-
-// Users who share a temporary folder can create files of any name there.
-bool IsOwnedByCurrentUser(const UniqueHandle& file) {
-    PSID owner = nullptr;
-    UniqueLocal descriptor;
-    return GetSecurityInfo(file.Get(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
-                           nullptr, descriptor.Receive()) == ERROR_SUCCESS &&
-           owner && EqualSid(owner, CurrentUser().Sid());
 }
 
 void DeleteAndClose(UniqueHandle file) {

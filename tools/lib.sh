@@ -29,7 +29,7 @@ configure() {
 # exclusively is the first or the last. A tool that another tool has started uses the environment of that tool.
 in_environment=
 enter_environment() {
-  export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+  export WINEPREFIX=$build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all} TARVIK_PROFILE=${TARVIK_PROFILE-temporary}
   [ "${TARVIK_ENVIRONMENT:-}" != "$build" ] || return 0
   "$root/tools/setup"
   mkdir -p "$build/environment"

@@ -27,6 +27,10 @@ Connection::Connection(std::unique_ptr<Transport> transport, MessageFilter filte
 
 Connection::~Connection() {
     *alive_ = false;
+    End();
+}
+
+void Connection::End() {
     // On request the engine closes in its own time; without its input it must. A write blocks if the engine
     // has stopped reading, so a thread makes it.
     std::thread closer([this] {

@@ -43,7 +43,10 @@ class Connection : public DevTools {
     // Waits until the engine replies, and finds its first page.
     void Handshake() { pages_.Start(); }
 
-    // Ends the engine immediately.
+    // Ends the engine, which stores what pages have written, and waits for its end.
+    void End();
+
+    // Ends the engine immediately, and removes a temporary profile.
     void Kill() { transport_->Kill(); }
 
   private:

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <cctype>
 
-#include "base/module_function.h"
 #include "base/path.h"
 #include "page_control/engine/engine_path.h"
+#include "page_control/engine/unix_path.h"
 #include "tarvik/text.h"
 
 namespace tarvik {
@@ -44,31 +44,6 @@ std::string Unescape(const std::string& text) {
     DWORD length = static_cast<DWORD>(plain.size() + 1);
     UrlUnescapeA(plain.data(), nullptr, &length, URL_UNESCAPE_INPLACE);
     return plain.c_str();
-}
-
-template <class Function>
-Function* WineFunction(const char* name) {
-    return IsWine() ? FindFunction<Function>(L"kernel32.dll", name) : nullptr;
-}
-
-// Takes ownership of a string from Wine.
-template <class Text>
-auto TakeText(Text* text) {
-    std::basic_string<Text> taken;
-    if (text) taken = text;
-    if (text) HeapFree(GetProcessHeap(), 0, text);
-    return taken;
-}
-
-// "/home/x/page.html" for "C:\...\page.html"; empty on Windows.
-std::string UnixPath(const std::wstring& path) {
-    static auto* const translate = WineFunction<char* __cdecl(const wchar_t*)>("wine_get_unix_file_name");
-    return translate ? TakeText(translate(path.c_str())) : std::string();
-}
-
-std::wstring DosPath(const std::string& path) {
-    static auto* const translate = WineFunction<wchar_t* __cdecl(const char*)>("wine_get_dos_file_name");
-    return translate ? TakeText(translate(path.c_str())) : std::wstring();
 }
 
 std::string FileUrl(const std::wstring& path) {

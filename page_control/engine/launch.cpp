@@ -10,6 +10,7 @@ constexpr const wchar_t* kArguments[] = {
     L"--headless",
     // Only the application's pages: no first-run pages, no services, no background traffic.
     L"--no-first-run",
+    L"--hide-crash-restore-bubble",
     L"--no-default-browser-check",
     L"--disable-background-networking",
     L"--disable-component-update",

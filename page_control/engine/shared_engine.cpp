@@ -7,11 +7,16 @@ namespace tarvik {
 
 namespace {
 
-std::unique_ptr<Transport> Launch(const std::wstring& engine) {
-    return IsWine() ? StartThroughFifos(engine) : StartThroughPipes(engine);
+bool HasEnded(const StatusError& error) {
+    return error.Status() == RPC_E_DISCONNECTED;
 }
 
 }  // namespace
+
+std::unique_ptr<Transport> SharedEngine::Launch(const std::wstring& engine) {
+    if (!profile_) profile_.emplace(report_);
+    return (IsWine() ? StartThroughFifos : StartThroughPipes)(engine, profile_->Folder());
+}
 
 std::shared_ptr<Connection> SharedEngine::Start() {
     const std::wstring engine = FindEngine();
@@ -32,21 +37,42 @@ std::shared_ptr<Connection> SharedEngine::Start() {
     return connection;
 }
 
-std::shared_ptr<DevTools> SharedEngine::Acquire() {
-    if (auto connection = connection_.lock(); connection && connection->IsOpen()) return connection;
+// Some engines end before their first message; a second start works.
+std::shared_ptr<Connection> SharedEngine::StartWithRetry() {
     try {
         return Start();
     } catch (const StatusError& error) {
-        // Some engines end before their first message; a second start works.
-        if (error.Status() != RPC_E_DISCONNECTED) throw;
+        if (!HasEnded(error)) throw;
         return Start();
+    }
+}
+
+// If the engine still does not start, the profile may be the reason.
+std::shared_ptr<DevTools> SharedEngine::Acquire() {
+    if (auto connection = connection_.lock(); connection && connection->IsOpen()) return connection;
+    try {
+        return StartWithRetry();
+    } catch (const StatusError& error) {
+        if (!HasEnded(error) || !profile_->SetAside()) throw;
+    }
+    try {
+        auto connection = StartWithRetry();
+        if (report_) {
+            report_(L"The profile of this application was damaged. It has been replaced; the old one is \"" +
+                    profile_->DamagedFolder() + L"\".");
+        }
+        return connection;
+    } catch (...) {
+        profile_->Restore();
+        throw;
     }
 }
 
 void SharedEngine::Prelaunch() {
     if (prelaunched_.valid()) return;
     const std::wstring engine = FindEngine();
-    if (!engine.empty()) prelaunched_ = std::async(std::launch::async, Launch, engine);
+    if (engine.empty()) return;
+    prelaunched_ = std::async(std::launch::async, [this, engine] { return Launch(engine); });
 }
 
 // Windows that still exist end with the process and never release the engine. Under Wine the engine's shell
@@ -54,7 +80,9 @@ void SharedEngine::Prelaunch() {
 void SharedEngine::Shutdown() {
     prelaunched_ = {};
     const auto connection = connection_.lock();
-    if (connection && !IsWine()) connection->Kill();
+    if (!connection || IsWine()) return;
+    connection->End();
+    connection->Kill();
 }
 
 }  // namespace tarvik

@@ -2,9 +2,11 @@
 
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "page_control/engine/connection.h"
+#include "page_control/engine/profile.h"
 
 namespace tarvik {
 
@@ -12,6 +14,8 @@ namespace tarvik {
 // the last reference to its connection. Main thread.
 class SharedEngine : public std::enable_shared_from_this<SharedEngine> {
   public:
+    explicit SharedEngine(Profile::Report report = nullptr) : report_(std::move(report)) {}
+
     // The filter for long waits, see DevTools; empty for none.
     void SetMessageFilter(DevTools::MessageFilter filter) { filter_ = std::move(filter); }
 
@@ -27,9 +31,13 @@ class SharedEngine : public std::enable_shared_from_this<SharedEngine> {
     void Shutdown();
 
   private:
+    std::unique_ptr<Transport> Launch(const std::wstring& engine);
     std::shared_ptr<Connection> Start();
+    std::shared_ptr<Connection> StartWithRetry();
 
+    const Profile::Report report_;
     DevTools::MessageFilter filter_;
+    std::optional<Profile> profile_;  // of this process, once an engine is launched
     std::weak_ptr<Connection> connection_;
     std::wstring lastStartError_;
     std::future<std::unique_ptr<Transport>> prelaunched_;

@@ -40,10 +40,12 @@ class Transport {
     MessageTrace trace_;
 };
 
-// Start the engine with a private profile, which is removed when the engine ends. If this process is killed,
-// the engine ends too; on Windows the next start then removes the profile. Throw StatusError. The pipes are
-// open on return, but the engine may still be starting.
-std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine);  // under Wine
-std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine);  // on Windows
+// Start the engine with the profile in a folder. Without one it gets a private profile, which is removed when
+// the engine ends. If this process is killed, the engine ends too; on Windows the next start then removes the
+// private profile. Throw StatusError. The pipes are open on return, but the engine may still be starting.
+std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine,
+                                             const std::wstring& profile);  // under Wine
+std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine,
+                                             const std::wstring& profile);  // on Windows
 
 }  // namespace tarvik

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "page_control/engine/launch.h"
 #include "page_control/engine/transport.h"
+#include "page_control/engine/unix_path.h"
 #include "tarvik/status.h"
 #include "tarvik/text.h"
 
@@ -91,10 +92,12 @@ class FifoTransport : public Transport {
 
 }  // namespace
 
-std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine) {
+std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine, const std::wstring& profile) {
     const std::wstring name = UniqueName();
     const std::wstring folder = L"/tmp/" + name;
-    StartShell(kFifoEngineScript, folder + L" " + QuoteArgument(engine) + EngineArguments() + kPointer);
+    const std::wstring profilePath = profile.empty() ? std::wstring() : Widen(UnixPath(profile));
+    StartShell(kFifoEngineScript, folder + L" " + QuoteArgument(profilePath) + L" " + QuoteArgument(engine) +
+                                      EngineArguments() + kPointer);
     const std::wstring path = L"Z:\\tmp\\" + name;
     FifoTransport::Fifos fifos;
     fifos.fromEngine = OpenWithRetry(path + L"\\a", GENERIC_READ);

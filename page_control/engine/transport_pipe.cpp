@@ -87,23 +87,39 @@ void RemoveStaleProfiles(const std::wstring& folder) {
         DeleteFolder(path);
 }
 
+// The name of a folder for the engine; none unless it is created.
+class TemporaryProfile {
+  public:
+    void Create(const std::wstring& parent) {
+        path_ = parent + UniqueName() + kProfile;
+        lock_ = LockProfile(path_);
+    }
+    const std::wstring& Path() const { return path_; }
+    void Remove() const {
+        if (!path_.empty()) DeleteFolder(path_);
+    }
+
+  private:
+    std::wstring path_;
+    UniqueHandle lock_;
+};
+
 class PipeTransport : public Transport {
   public:
     PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
-                  std::wstring profile, UniqueHandle lock)
+                  TemporaryProfile profile)
         : Transport(std::move(fromEngine), std::move(toEngine)),
           process_(std::move(process)),
           job_(std::move(job)),
-          profile_(std::move(profile)),
-          lock_(std::move(lock)) {}
+          profile_(std::move(profile)) {}
     ~PipeTransport() override {
         CloseWriting();
         WaitForSingleObject(process_.Get(), kEndTimeout);
         PipeTransport::Kill();
     }
 
-    // Also removes the profile, which would otherwise stay until the next start. Polls until the job is
-    // empty, for which a job has no event, and its completion port no guarantee.
+    // Also removes a temporary profile, which would otherwise stay until the next start. Polls until the job
+    // is empty, for which a job has no event, and its completion port no guarantee.
     void Kill() override {
         TerminateJobObject(job_.Get(), 0);
         TerminateProcess(process_.Get(), 0);
@@ -111,7 +127,7 @@ class PipeTransport : public Transport {
         const ULONGLONG end = GetTickCount64() + kEndTimeout;
         while (HasProcesses() && GetTickCount64() < end)
             Sleep(kPollInterval);
-        DeleteFolder(profile_);
+        profile_.Remove();
     }
 
   private:
@@ -128,8 +144,7 @@ class PipeTransport : public Transport {
 
     UniqueHandle process_;
     UniqueHandle job_;
-    std::wstring profile_;
-    UniqueHandle lock_;
+    TemporaryProfile profile_;
 };
 
 std::wstring HandleText(const UniqueHandle& handle) {
@@ -138,16 +153,16 @@ std::wstring HandleText(const UniqueHandle& handle) {
 
 }  // namespace
 
-std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
+std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine, const std::wstring& profile) {
     Pipe toEngine = MakePipe();
     Pipe fromEngine = MakePipe();
     const std::wstring folder = ReadPath([](wchar_t* buffer) { GetTempPathW(kPathLength, buffer); });
     RemoveStaleProfiles(folder);
-    const std::wstring profile = folder + UniqueName() + kProfile;
-    UniqueHandle lock = LockProfile(profile);
+    TemporaryProfile temporary;
+    if (profile.empty()) temporary.Create(folder);
     // An elevated engine would restart itself without elevation, and lose the pipes.
     std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +
-                        QuoteArgument(L"--user-data-dir=" + profile) +
+                        QuoteArgument(L"--user-data-dir=" + (profile.empty() ? temporary.Path() : profile)) +
                         L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
                         L"," + HandleText(fromEngine.write) + L" about:blank";
     MakeInheritable(toEngine.read);
@@ -168,7 +183,7 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine) {
     UniqueHandle job = AssignToJob(process.Get());
     ResumeThread(thread.Get());
     return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
-                                           std::move(process), std::move(job), profile, std::move(lock));
+                                           std::move(process), std::move(job), std::move(temporary));
 }
 
 }  // namespace tarvik

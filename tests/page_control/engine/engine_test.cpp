@@ -2,6 +2,7 @@
 
 #include "page_control/engine/connection.h"
 #include "page_control/engine/launch.h"
+#include "page_control/engine/profile.h"
 #include "page_control/engine/transport.h"
 #include "tarvik/status.h"
 #include "tests/support/test.h"
@@ -23,7 +24,7 @@ TEST(Engine, RemovesStaleProfiles) {
         .Reset();
     UniqueHandle lock(CreateFileW((used + L".used").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-    const auto start = [] { EXPECT_THROW(StartThroughPipes(L"C:\\none.exe"), StatusError); };
+    const auto start = [] { EXPECT_THROW(StartThroughPipes(L"C:\\none.exe", L""), StatusError); };
     start();
     EXPECT_FALSE(FileExists(stale));
     EXPECT_FALSE(FileExists(locked));
@@ -33,6 +34,28 @@ TEST(Engine, RemovesStaleProfiles) {
     start();
     EXPECT_FALSE(FileExists(used));
     EXPECT_TRUE(RemoveDirectoryW(other.c_str()));
+}
+
+TEST(Profile, IsUsedByOneProcessAtATime) {
+    const TempFolder folder;
+    wchar_t before[MAX_PATH] = {};
+    GetEnvironmentVariableW(L"LOCALAPPDATA", before, MAX_PATH);
+    SetEnvironmentVariableW(L"LOCALAPPDATA", (folder / L"").c_str());
+    SetEnvironmentVariableW(L"TARVIK_PROFILE", nullptr);
+    std::wstring reported;
+    const auto report = [&](const std::wstring& text) { reported = text; };
+    {
+        const Profile first(report);
+        EXPECT_THAT(first.Folder(), testing::EndsWith(L"\\Tarvik\\test_page_control_engine"));
+        EXPECT_TRUE(FileExists(first.Folder()));
+        EXPECT_EQ(reported, L"");
+        EXPECT_EQ(Profile(report).Folder(), L"");
+        EXPECT_THAT(reported, testing::HasSubstr(L"is in use by another process"));
+    }
+    EXPECT_NE(Profile(report).Folder(), L"");
+    SetEnvironmentVariableW(L"TARVIK_PROFILE", L"temporary");
+    SetEnvironmentVariableW(L"LOCALAPPDATA", before);
+    EXPECT_EQ(Profile(report).Folder(), L"");
 }
 
 class PipeToTest : public Transport {

@@ -1,0 +1,74 @@
+#include "page_control/engine/application_name.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "base/module_function.h"
+#include "base/path.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr size_t kMaxLength = 80;
+
+// The texts of a program's version resource.
+class VersionTexts {
+  public:
+    explicit VersionTexts(HMODULE program) {
+        const HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
+        const HGLOBAL resource = found ? LoadResource(program, found) : nullptr;
+        if (!resource) return;
+        const auto* const bytes = static_cast<const BYTE*>(LockResource(resource));
+        block_.assign(bytes, bytes + SizeofResource(program, found));
+    }
+
+    // In the resource's first language; empty if there is none.
+    std::wstring operator[](const wchar_t* name) const {
+        UINT size = 0;
+        const auto* const language = static_cast<const WORD*>(Query(L"\\VarFileInfo\\Translation", &size));
+        if (!language || size < 2 * sizeof(WORD)) return {};
+        wchar_t path[100] = {};
+        wsprintfW(path, L"\\StringFileInfo\\%04x%04x\\%s", language[0], language[1], name);
+        const auto* const text = static_cast<const wchar_t*>(Query(path, &size));
+        return text && size > 0 ? std::wstring(text, wcsnlen(text, size)) : std::wstring();
+    }
+
+  private:
+    const void* Query(const wchar_t* path, UINT* size) const {
+        // Not linked: the system would look for the library beside the program first.
+        static auto* const query = FindFunction<decltype(VerQueryValueW)>(L"version.dll", "VerQueryValueW");
+        void* value = nullptr;
+        return query && !block_.empty() && query(block_.data(), path, &value, size) ? value : nullptr;
+    }
+
+    std::vector<BYTE> block_;
+};
+
+std::wstring AsFolderName(std::wstring name) {
+    for (wchar_t& character : name) {
+        if (character < L' ' || std::wstring_view(L"<>:\"/\\|?*").find(character) != std::wstring_view::npos)
+            character = L'_';
+    }
+    name.resize(std::min(name.size(), kMaxLength));
+    // Windows ignores dots and blanks at the end.
+    return name.erase(name.find_last_not_of(L" .") + 1);
+}
+
+}  // namespace
+
+std::wstring ApplicationName(HMODULE program) {
+    const VersionTexts texts(program);
+    const std::wstring company = texts[L"CompanyName"], product = texts[L"ProductName"];
+    std::wstring name = product;
+    if (product.empty()) {
+        name = FileNameOf(ExecutablePath());
+        name.resize(std::min(name.size(), name.rfind(L'.')));
+    } else if (!company.empty()) {
+        name = company + L" - " + product;
+    }
+    return AsFolderName(name);
+}
+
+}  // namespace tarvik
