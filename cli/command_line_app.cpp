@@ -18,7 +18,7 @@ bool IsOption(std::string_view word) {
     return word.size() > 1 && word.front() == '-';
 }
 
-// "usage: tarvik-pack build FOLDER -o APP [OPTIONS]" names all that is required, and [OPTIONS] if there are
+// "usage: tarvik-pack build FOLDER --output APP [OPTIONS]" names all that is required, and [OPTIONS] if there are
 // any besides --help.
 class HelpFormatter : public CLI::Formatter {
   public:

@@ -62,7 +62,7 @@ void AddBuild(CLI::App& app, Arguments& arguments) {
     BuildOptions& options = arguments.build;
     auto& command = *app.add_subcommand("build", "Pack an application into one program");
     AddPath(command, "FOLDER", "", options.folder, "The application's folder")->required();
-    AddPath(command, "-o", "APP", options.output, "The program to create; replaces an existing file")
+    AddPath(command, "-o,--output", "APP", options.output, "The program to create; replaces an existing file")
         ->required();
     AddPath(command, "--host", "FILE", options.host, "The host (default: tarvik.exe beside tarvik-pack.exe)");
     AddPath(command, "--icon", "FILE", options.icon, "An .ico file with the program's icon");

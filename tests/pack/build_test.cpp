@@ -44,7 +44,7 @@ TEST_F(Build, AcceptsFoldersNamedLikeCommandsAndOptions) {
     fs::rename(folder_ / L"list", folder_ / L"--name=");
     Run({L"build", L"-o", L"out.exe", L"--company=", L"--", L"--name="});
     EXPECT_THAT(Run({L"build", L"--help"}),
-                AllOf(HasSubstr("usage: tarvik-pack build FOLDER -o APP [OPTIONS]"),
+                AllOf(HasSubstr("usage: tarvik-pack build FOLDER --output APP [OPTIONS]"),
                       HasSubstr("--copyright TEXT"), HasSubstr("Example")));
 }
 

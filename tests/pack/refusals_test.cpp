@@ -49,7 +49,7 @@ TEST_F(Refused, WrongCommandLines) {
         {{L"new", L""}, 2, "FOLDER: the path is empty"},
         {{L"list", L"a.exe", L"b.exe"}, 2, "unexpected argument b.exe\nusage: tarvik-pack list APP\n"},
         {{L"list", L"a.exe", L"--icon", L"b"}, 2, "unknown option --icon"},
-        {{L"build", L"app"}, 2, "-o is required\nusage: tarvik-pack build FOLDER -o APP [OPTIONS]\n"},
+        {{L"build", L"app"}, 2, "--output is required\nusage: tarvik-pack build FOLDER --output APP [OPTIONS]\n"},
         {{L"build", L"app", L"--icno=a.ico"}, 2, "unknown option --icno; did you mean --icon?"},
         Options({L"-o", L"out.exe", L"--icon"}, 2, "--icon takes exactly one value"),
         Options({L"--name=a", L"--name", L"b"}, 2, "--name takes exactly one value"),
