@@ -225,7 +225,8 @@ declare namespace Tarvik {
    */
   interface CreateWindowOptions {
     /**
-     * The page; a relative address is relative to the calling page. Default: the page of the program's first window.
+     * The page; a relative address is relative to the calling page. A file's address may have a hash, but no query:
+     * `second.html?bed=north` names no file. Default: the page of the program's first window.
      */
     url?: string;
     /** The new window belongs to this one: it stays above it and closes with it. */
