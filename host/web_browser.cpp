@@ -10,6 +10,7 @@
 #include "app/log/log.h"
 #include "app/log/startup_error.h"
 #include "atl/ax_window.h"
+#include "base/dpi.h"
 #include "base/module_function.h"
 #include "base/path.h"
 #include "host/browser_host.h"
@@ -61,6 +62,10 @@ bool CWebBrowser::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lPara
             // By now onClose has agreed. The low bits belong to the system.
             result = 0;
             return (wParam & 0xFFF0) == SC_CLOSE && !MayUnload();
+        case WM_DPICHANGED:
+            OnDpiChange(*reinterpret_cast<const RECT*>(lParam));
+            result = 0;
+            return true;
         case WM_DESTROY:
             OnDestroy();
             result = 0;
@@ -124,6 +129,20 @@ bool CWebBrowser::MayUnload() {
            !result.Is(VT_BOOL) || result.boolVal != VARIANT_FALSE;
 }
 
+// The system proposes a place of the same physical size.
+void CWebBrowser::OnDpiChange(const RECT& place) {
+    SetWindowPos(Window(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    ZoomPage();
+}
+
+// The system's control does not scale pages by itself. The page control does, and has no such command.
+void CWebBrowser::ZoomPage() {
+    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get());
+    Variant percent = Variant::I4(MulDiv(100, static_cast<int>(DpiOf(Window())), USER_DEFAULT_SCREEN_DPI));
+    if (browser) browser->ExecWB(OLECMDID_OPTICAL_ZOOM, OLECMDEXECOPT_DONTPROMPTUSER, &percent, nullptr);
+}
+
 void CWebBrowser::OnDestroy() {
     if (hostWindow_) {
         host_->Close();
@@ -148,6 +167,7 @@ void CWebBrowser::OnEvent(DISPID id, const DISPPARAMS& parameters) {
             break;
         case DISPID_DOCUMENTCOMPLETE:
             TARVIK_TRACE("CWebBrowser::OnDocumentComplete");
+            if (DpiOf(Window()) != USER_DEFAULT_SCREEN_DPI) ZoomPage();
             if (host) host->OnBrowserEvent(id);
             break;
         case DISPID_WINDOWCLOSING:

@@ -44,6 +44,8 @@ class CWebBrowser : public ComObject<As<TVK::ICore>>, public CWindowImpl, public
     HRESULT OpenPage(const wchar_t* requested);
     void OnDestroy();
     bool MayUnload();
+    void OnDpiChange(const RECT& place);
+    void ZoomPage();
     HRESULT CreateControl(const std::wstring& page);
     void OnNewWindow(const DISPPARAMS& parameters);
 

@@ -244,8 +244,9 @@ declare namespace Tarvik {
    * calls {@link quit}, for example in {@link onClosed}. Settings, functions included, survive navigation; then a call
    * of a previous page's function fails and is ignored.
    *
-   * Positions and sizes are in pixels of the screen; sizes include the frame. The system converts numbers: fractions
-   * are rounded, `'12'` counts as 12 and `true` as -1. A value that cannot be converted counts as 0.
+   * Positions and sizes are in pixels of the screen, which are CSS pixels times `devicePixelRatio`; sizes include the
+   * frame. The system converts numbers: fractions are rounded, `'12'` counts as 12 and `true` as -1. A value that cannot
+   * be converted counts as 0.
    *
    * An event's function can be replaced but not removed: `null` throws 0x80070057.
    *
@@ -871,7 +872,7 @@ declare namespace Tarvik {
      */
     popup(): boolean;
     /**
-     * Opens the menu at a position in the page, in pixels.
+     * Opens the menu at a position in the page, in pixels of the screen: CSS pixels times `devicePixelRatio`.
      *
      * @throws 0x80070057 if the position is not in whole numbers.
      *

@@ -35,7 +35,7 @@ class ScriptContextDelegate {
     // `type` is "alert", "confirm" or "prompt". Returns the result for script, which waits.
     virtual Variant OnDialog(const std::string& type, const std::wstring& message,
                              const std::wstring& proposal) = 0;
-    virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;
+    virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;  // in CSS pixels
     virtual void OnMouseDown() = 0;
     virtual void OnNativeCall(bool active) = 0;  // the page enters its first native call, or leaves it
 };

@@ -2,6 +2,8 @@
 
 #include <objbase.h>
 
+#include "base/dpi.h"
+
 namespace tarvik {
 
 namespace {
@@ -43,11 +45,16 @@ constexpr const wchar_t* kArguments[] = {
 
 }  // namespace
 
+double EngineScale() {
+    static const double scale = static_cast<double>(HighestDpi()) / USER_DEFAULT_SCREEN_DPI;
+    return scale;
+}
+
 std::wstring EngineArguments() {
     std::wstring line;
     for (const wchar_t* argument : kArguments)
         line += std::wstring(L" ") + argument;
-    return line;
+    return line + L" --force-device-scale-factor=" + std::to_wstring(EngineScale());
 }
 
 std::wstring UniqueName() {

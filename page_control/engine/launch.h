@@ -8,6 +8,10 @@ namespace tarvik {
 // pipe.
 std::wstring EngineArguments();
 
+// The pixels of a frame for each CSS pixel: the scale of the monitor with the highest one when this was
+// called first. The engine has one scale for all frames, so those for other monitors are reduced.
+double EngineScale();
+
 // A globally unique name, for folders and script identifiers.
 std::wstring UniqueName();
 

@@ -105,7 +105,8 @@ STDMETHODIMP HtmlDocument::elementFromPoint(LONG x, LONG y, IHTMLElement** out) 
     if (!out) return E_POINTER;
     *out = nullptr;
     return Guard([&] {
-        Variant reversed[] = {Variant::I4(y), Variant::I4(x)};
+        const double scale = page_->Scale();
+        Variant reversed[] = {Variant::R8(y / scale), Variant::R8(x / scale)};
         Variant element;
         const HRESULT status = InvokeMember(Script().Get(), L"elementFromPoint", DISPATCH_METHOD,
                                             {reversed, nullptr, 2, 0}, element);

@@ -12,6 +12,7 @@
 #include "page_control/bridge/script_bridge.h"
 #include "page_control/bridge/staged_globals.h"
 #include "page_control/engine/shared_engine.h"
+#include "page_control/view/page_scale.h"
 #include "page_control/view/page_view.h"
 #include "tarvik/com_ptr.h"
 
@@ -67,6 +68,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     // The same; before the first document, where it will be, so that relative paths resolve from the start.
     std::wstring LocationOrDestination() const;
     bool IsLoading() const { return loading_; }
+    double Scale() const { return PageScaleOf(window_); }
     // Whether native code is waiting for the engine, for this page or another one.
     bool IsEngineAwaited() const { return target_ && target_->Engine().IsWaiting(); }
     std::shared_ptr<ScriptContext> Context() const { return bridge_ ? bridge_->Context() : nullptr; }
@@ -85,7 +87,8 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void OnOpenWindow(const std::wstring& url) override;
     void OnCloseWindow() override { Fire(&PageEvents::OnWindowClosing); }
     void OnContextMenu(POINT screen, IDispatch* element) override {
-        Fire(&PageEvents::OnContextMenu, screen, element);
+        Fire(&PageEvents::OnContextMenu,
+             POINT{std::lround(screen.x * Scale()), std::lround(screen.y * Scale())}, element);
     }
     Variant OnDialog(const std::string& type, const std::wstring& message,
                      const std::wstring& proposal) override;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "page_control/view/page_scale.h"
 #include "page_control/view/window_numbers.h"
 
 namespace tarvik {
@@ -77,7 +78,8 @@ void PageCursor::Query() {
     queryWanted_ = false;
     queryPending_ = true;
     timerRuns_ = SetTimer(window_, kCursorTimer, kQueryInterval, nullptr) != 0;
-    script_.Call("cursorAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
+    const double scale = PageScaleOf(window_);
+    script_.Call("cursorAt", std::to_string(point_.x / scale) + "," + std::to_string(point_.y / scale),
                  [this, alive = alive_](const Json& name) {
                      if (!*alive) return;
                      queryPending_ = false;

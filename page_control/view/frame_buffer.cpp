@@ -1,6 +1,7 @@
 #include "page_control/view/frame_buffer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "tarvik/owners.h"
 
@@ -46,16 +47,17 @@ SIZE FrameBuffer::Size() const {
     return {pixels_.width, pixels_.height};
 }
 
-void FrameBuffer::Paint(HDC target, const RECT& area) const {
+void FrameBuffer::Paint(HDC target, const RECT& area, double scale) const {
     const std::lock_guard lock(lock_);
     if (pixels_.colors.empty()) return Fill(target, area, kBackground);
-    const int width = std::min<int>(pixels_.width, area.right);
-    const int height = std::min<int>(pixels_.height, area.bottom);
+    const int width = std::min<int>(std::lround(pixels_.width * scale), area.right);
+    const int height = std::min<int>(std::lround(pixels_.height * scale), area.bottom);
     BITMAPINFO format = {};
     format.bmiHeader = {
         sizeof format.bmiHeader, pixels_.width, -pixels_.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    StretchDIBits(target, 0, 0, width, height, 0, 0, width, height, pixels_.colors.data(), &format,
-                  DIB_RGB_COLORS, SRCCOPY);
+    SetStretchBltMode(target, HALFTONE);
+    StretchDIBits(target, 0, 0, width, height, 0, 0, std::lround(width / scale), std::lround(height / scale),
+                  pixels_.colors.data(), &format, DIB_RGB_COLORS, SRCCOPY);
     const COLORREF beyond = AsColor(pixels_.colors.back());
     Fill(target, {width, 0, area.right, area.bottom}, beyond);
     Fill(target, {0, height, width, area.bottom}, beyond);

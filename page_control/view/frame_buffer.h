@@ -17,9 +17,9 @@ class FrameBuffer {
     void Clear();
     SIZE Size() const;  // empty before the first frame
 
-    // Paints the frame without scaling. The area beyond it, as while a window grows, gets the colour of its
-    // last pixel.
-    void Paint(HDC target, const RECT& area) const;
+    // Paints the frame, which is enlarged by `scale`. The area beyond it, as while a window grows, gets the
+    // colour of its last pixel.
+    void Paint(HDC target, const RECT& area, double scale) const;
 
   private:
     mutable std::mutex lock_;

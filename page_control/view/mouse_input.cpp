@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "page_control/view/page_scale.h"
 #include "page_control/view/window_state.h"
 
 namespace tarvik {
@@ -13,8 +14,8 @@ namespace {
 
 // As in Chromium: three lines per notch, the default, scroll 100 pixels.
 constexpr double kPixelsPerLine = 100.0 / 3;
-constexpr double kPressure = 0.5;  // of a held button: PointerEvent.pressure
-constexpr POINT kOutside = {-1, -1};
+constexpr double kPressure = 0.5;       // of a held button: PointerEvent.pressure
+constexpr POINT kOutside = {-10, -10};  // of the page, too, whatever its scale
 
 POINT PointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -26,7 +27,7 @@ double PixelsPerNotch(HWND window, bool horizontal) {
     if (lines != WHEEL_PAGESCROLL) return lines * kPixelsPerLine;
     RECT area = {};
     GetClientRect(window, &area);
-    return horizontal ? area.right : area.bottom;
+    return (horizontal ? area.right : area.bottom) / PageScaleOf(window);
 }
 
 }  // namespace
@@ -139,9 +140,10 @@ void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
 
 void MouseInput::Send(InputQueue::DeliveryMode mode, const char* type, POINT point, const char* button,
                       int clicks, Json more) {
+    const double scale = PageScaleOf(window_);
     more.update({{"type", type},
-                 {"x", point.x},
-                 {"y", point.y},
+                 {"x", point.x / scale},
+                 {"y", point.y / scale},
                  {"button", button},
                  {"buttons", buttons_},
                  {"force", buttons_ ? kPressure : 0},

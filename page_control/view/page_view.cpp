@@ -1,5 +1,6 @@
 #include "page_control/view/page_view.h"
 
+#include "page_control/engine/launch.h"
 #include "page_control/view/cursor.h"
 #include "page_control/view/edit_menu.h"
 #include "page_control/view/full_screen.h"
@@ -7,6 +8,7 @@
 #include "page_control/view/keyboard_input.h"
 #include "page_control/view/mouse_input.h"
 #include "page_control/view/page_clipboard.h"
+#include "page_control/view/page_scale.h"
 #include "page_control/view/placement.h"
 #include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
@@ -128,7 +130,7 @@ void PageView::Paint() {
     RECT area = {};
     GetClientRect(window_, &area);
     if (notice_.empty()) {
-        frameBuffer_.Paint(target, area);
+        frameBuffer_.Paint(target, area, PageScaleOf(window_) / EngineScale());
     } else {
         PaintNotice(target, area, notice_);
     }
@@ -172,6 +174,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
             [[fallthrough]];
         case WM_MOVE:
         case WM_SHOWWINDOW:
+        case kDpiChangedAfterParent:
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             OnWindowChange();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "page_control/view/monitor.h"
+#include "page_control/view/page_scale.h"
 
 namespace tarvik {
 
@@ -20,16 +21,19 @@ bool IsSame(SIZE left, SIZE right) {
     return left.cx == right.cx && left.cy == right.cy;
 }
 
-SIZE ScreenOf(HWND window) {
-    const RECT area = MonitorOf(window);
-    return {area.right - area.left, area.bottom - area.top};
+bool IsSame(POINT left, POINT right) {
+    return left.x == right.x && left.y == right.y;
+}
+
+SIZE SizeInPage(const RECT& area, double scale) {
+    return {ToPage(area.right - area.left, scale), ToPage(area.bottom - area.top, scale)};
 }
 
 }  // namespace
 
 bool Placement::Place::operator==(const Place& other) const {
-    return IsSame(size, other.size) && IsSame(screen, other.screen) && origin.x == other.origin.x &&
-           origin.y == other.origin.y && EqualRect(&outer, &other.outer);
+    return scale == other.scale && IsSame(size, other.size) && IsSame(screen, other.screen) &&
+           IsSame(origin, other.origin) && IsSame(outer, other.outer) && IsSame(outerSize, other.outerSize);
 }
 
 Placement::Placement(HWND window, PageTarget& target, EngineWindow& engineWindow, ViewScript& script)
@@ -50,7 +54,13 @@ Placement::Place Placement::Measure() const {
     POINT origin = {};
     ClientToScreen(window_, &origin);
     GetWindowRect(GetAncestor(window_, GA_ROOT), &outer);
-    return {{area.right, area.bottom}, origin, outer, ScreenOf(window_)};
+    const double scale = PageScaleOf(window_);
+    return {scale,
+            PageSizeOf(area, scale),
+            ToPage(origin, scale),
+            ToPage({outer.left, outer.top}, scale),
+            SizeInPage(outer, scale),
+            SizeInPage(MonitorOf(window_), scale)};
 }
 
 // One change at a time: a window that is being dragged changes faster than the page is laid out.
@@ -67,8 +77,7 @@ void Placement::Update() {
     if (place == sent_) return;
     const bool isResized = !IsSame(place.size, sent_.size);
     sent_ = place;
-    engineWindow_.SetBounds({place.origin.x - inset_.x, place.origin.y - inset_.y},
-                            {place.outer.right - place.outer.left, place.outer.bottom - place.outer.top});
+    engineWindow_.SetBounds({place.origin.x - inset_.x, place.origin.y - inset_.y}, place.outerSize);
     Send(isResized);
 }
 
@@ -78,12 +87,12 @@ void Placement::Send(bool isResized) {
     target_.Post("Emulation.setDeviceMetricsOverride",
                  {{"width", sent_.size.cx},
                   {"height", sent_.size.cy},
-                  {"deviceScaleFactor", 1},
+                  {"deviceScaleFactor", sent_.scale},
                   {"mobile", false},
                   {"screenWidth", sent_.screen.cx},
                   {"screenHeight", sent_.screen.cy},
-                  {"positionX", std::max<LONG>(0, sent_.outer.left)},
-                  {"positionY", std::max<LONG>(0, sent_.outer.top)}},
+                  {"positionX", std::max<LONG>(0, sent_.outer.x)},
+                  {"positionY", std::max<LONG>(0, sent_.outer.y)}},
                  [this, alive = alive_, isResized](const Json*) {
                      if (!*alive) return;
                      sending_ = false;

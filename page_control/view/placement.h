@@ -11,7 +11,7 @@ namespace tarvik {
 
 // Keeps the sizes and positions that the engine reports to a page equal to those of a window and of the
 // top-level window around it: window.innerWidth and event.screenX; window.outerWidth, window.screenX and
-// screen.width.
+// screen.width. The page finds them in CSS pixels, and the scale as window.devicePixelRatio.
 //
 // A page that is in a native call reads its new size at once, but may miss the events of the change. Then the
 // size changes once more, by a pixel and back.
@@ -29,10 +29,13 @@ class Placement {
     void OnSizeReport(bool seen);
 
   private:
+    // In CSS pixels.
     struct Place {
+        double scale;
         SIZE size;
         POINT origin;
-        RECT outer;
+        POINT outer;
+        SIZE outerSize;
         SIZE screen;
         bool operator==(const Place& other) const;
     };

@@ -1,7 +1,10 @@
 #include "page_control/view/screencast.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "page_control/engine/launch.h"
+#include "page_control/view/page_scale.h"
 #include "page_control/view/window_numbers.h"
 #include "page_control/view/window_state.h"
 
@@ -112,8 +115,10 @@ void Screencast::OnFrame() {
 bool Screencast::IsSettled() {
     RECT area = {};
     GetClientRect(window_, &area);
-    const SIZE size = frameBuffer_.Size();
-    const bool fits = IsRectEmpty(&area) || (size.cx == area.right && size.cy == area.bottom);
+    const SIZE size = frameBuffer_.Size(), page = PageSizeOf(area, PageScaleOf(window_));
+    // The engine may round a size up or down.
+    const auto fills = [](LONG pixels, LONG units) { return std::abs(pixels - units * EngineScale()) < 1; };
+    const bool fits = IsRectEmpty(&area) || (fills(size.cx, page.cx) && fills(size.cy, page.cy));
     return !hurried_.exchange(false) && fits && format_ == Format::kPng;
 }
 

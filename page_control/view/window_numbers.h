@@ -5,6 +5,9 @@
 // The numbers that the page control uses in the window that shows the page.
 namespace tarvik {
 
+// Of Windows 10: WM_DPICHANGED_AFTERPARENT.
+inline constexpr UINT kDpiChangedAfterParent = 0x02E3;
+
 enum PageTimer : UINT_PTR { kCursorTimer = 1, kFrameTimer, kErrorTimer, kFocusTimer };
 
 // The decoder has a frame.
