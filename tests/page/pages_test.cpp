@@ -32,7 +32,8 @@ TEST_P(APage, Passes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, APage,
-                         testing::Values("console", "identity", "navigation", "plugins", "start", "windows"),
+                         testing::Values("console", "features", "identity", "navigation", "plugins", "start",
+                                         "windows"),
                          [](const auto& info) { return info.param; });
 
 // A page beside archive.zip, which contains ten files.
