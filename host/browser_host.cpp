@@ -7,6 +7,7 @@
 #include "base/html_element.h"
 #include "host/accelerators.h"
 #include "host/file_drop.h"
+#include "host/program_end.h"
 #include "host/prologue.h"
 #include "tarvik/bstr.h"
 #include "tarvik/properties.h"
@@ -77,6 +78,10 @@ STDMETHODIMP CWebBrowserHost::QueryStatus(const GUID* group, ULONG, OLECMD*, OLE
 
 STDMETHODIMP CWebBrowserHost::Exec(const GUID* group, DWORD command, DWORD, VARIANT*, VARIANT* out) {
     if (!group) return OLECMDERR_E_NOTSUPPORTED;
+    if (*group == kPageCommands && command == kEndProgram) {
+        EndProgram(L"The user has ended the program, because a page did not respond.");
+        return S_OK;
+    }
     if (*group != kDocHostCommands || command != kShowScriptError) return OLECMDERR_E_UNKNOWNGROUP;
     if (ShowsScriptErrors()) return E_NOTIMPL;
     if (out) Variant::Bool(true).MoveInto(out);  // scripts continue to run

@@ -41,7 +41,7 @@ class CWebBrowserHost : public CAxHostWindow,
     // IServiceProvider
     STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** out) override;
 
-    // IOleCommandTarget: script errors
+    // IOleCommandTarget: script errors, and the end of the program
     STDMETHODIMP QueryStatus(const GUID* group, ULONG, OLECMD*, OLECMDTEXT*) override;
     STDMETHODIMP Exec(const GUID* group, DWORD command, DWORD options, VARIANT* in, VARIANT* out) override;
 

@@ -13,8 +13,10 @@
 #include "base/dpi.h"
 #include "base/module_function.h"
 #include "base/path.h"
+#include "base/running.h"
 #include "host/browser_host.h"
 #include "host/page_address.h"
+#include "host/program_end.h"
 #include "script/object.h"
 #include "tarvik/bstr.h"
 #include "tarvik/properties.h"
@@ -26,6 +28,8 @@ namespace {
 
 constexpr const wchar_t* kWindowClass = L"TarvikBrowserWindow";
 constexpr WORD kIcon = 1000;
+
+int pagesOpen = 0;  // windows with a page; main thread
 
 // Turns off the clicking sound of navigation. Older versions of Windows lack the function.
 void SilenceNavigation() {
@@ -103,6 +107,7 @@ HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
     host_ = site;
     site->SetContext(this, nullptr);
     hostWindow_ = Query<IAxWinHostWindow>(site->AsUnknown());
+    ++pagesOpen;
     sink_ = MakeCom<EventSink<CWebBrowser>>(this, DIID_DWebBrowserEvents2);
     ComPtr<IUnknown> control;
     const HRESULT status = site->CreateControlLicEx(page.c_str(), Window(), nullptr, control.GetAddressOf(),
@@ -143,8 +148,12 @@ void CWebBrowser::ZoomPage() {
     if (browser) browser->ExecWB(OLECMDID_OPTICAL_ZOOM, OLECMDEXECOPT_DONTPROMPTUSER, &percent, nullptr);
 }
 
+// A page that cannot run script can never call `quit`. Without another page the program would run for ever.
 void CWebBrowser::OnDestroy() {
     if (hostWindow_) {
+        const bool endsProgram = pagesOpen == 1 && !IsRunning(AtlAxGetControl(Window()).Get());
+        if (--pagesOpen == 0 && endsProgram)
+            EndProgram(L"The page of the last window could not run script, so the program ends.");
         host_->Close();
         host_.Reset();
         hostWindow_.Reset();

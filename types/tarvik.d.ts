@@ -240,9 +240,9 @@ declare namespace Tarvik {
   /**
    * The plug-in `window`: the window that shows the page.
    *
-   * It is hidden until the page shows it. Closing it does not end the program, even if it is the last window: the page
-   * calls {@link quit}, for example in {@link onClosed}. Settings, functions included, survive navigation; then a call
-   * of a previous page's function fails and is ignored.
+   * It is hidden until the page shows it. Closing it does not end a program whose page is alive, even if it is the
+   * last window: the page calls {@link quit}, for example in {@link onClosed}. Settings, functions included, survive
+   * navigation; then a call of a previous page's function fails and is ignored.
    *
    * Positions and sizes are in pixels of the screen, which are CSS pixels times `devicePixelRatio`; sizes include the
    * frame. The system converts numbers: fractions are rounded, `'12'` counts as 12 and `true` as -1. A value that cannot
@@ -619,7 +619,8 @@ declare namespace Tarvik {
     readonly msg: Messages;
 
     /**
-     * Called when the window is being destroyed, while the page is still alive. It cannot refuse.
+     * Called when the window is being destroyed, while the page is still alive. It cannot refuse. On the page control
+     * it is not called if the page of the function has crashed, or does not respond for ten seconds.
      *
      * @example
      * var other = createWindow({ url: 'second.html' });
@@ -632,7 +633,7 @@ declare namespace Tarvik {
 
     /**
      * Called when the user closes the window with its close button, its menu or Alt+F4. Only the result `false`
-     * refuses; an error does not.
+     * refuses; an error does not, and neither does a page that has crashed or does not respond.
      *
      * @example
      * var isDirty = false, win = window.external.window;

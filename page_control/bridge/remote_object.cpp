@@ -31,6 +31,11 @@ HRESULT Fail(const ScriptContext::Outcome& outcome, EXCEPINFO* exception) {
 
 }  // namespace
 
+STDMETHODIMP_(BOOL) RemoteObject::IsRunning() {
+    bool running = false;
+    return SUCCEEDED(Guard([&] { running = context_->CanRunScript(); })) && running;
+}
+
 STDMETHODIMP RemoteObject::GetTypeInfoCount(UINT* count) {
     if (!count) return E_POINTER;
     *count = 0;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/compiler.h"
+#include "base/running.h"
 #include "page_control/bridge/script_context.h"
 #include "tarvik/com_object.h"
 
@@ -30,7 +31,8 @@ namespace tarvik {
 // A live object or function of a page's script. Calls run in the page. If script throws, a call returns
 // DISP_E_EXCEPTION with the exception's text; without an EXCEPINFO it returns 0x80020101, and the page's own
 // error handlers run. After the end of the document everything returns RPC_E_DISCONNECTED.
-class RemoteObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IRemoteObject> {
+class RemoteObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, IRemoteObject,
+                                      As<RunningReport, IRunnableObject>> {
   public:
     RemoteObject(std::shared_ptr<ScriptContext> context, int number, bool callable)
         : context_(std::move(context)), number_(number), callable_(callable) {}
@@ -38,6 +40,9 @@ class RemoteObject : public ComObject<As<IDispatchEx, IDispatchEx, IDispatch>, I
 
     ScriptContext* Context() const override { return context_.get(); }
     int Number() const override { return number_; }
+
+    // IRunnableObject: whether the page can run script.
+    STDMETHODIMP_(BOOL) IsRunning() override;
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }

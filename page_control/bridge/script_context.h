@@ -37,6 +37,8 @@ class ScriptContextDelegate {
                              const std::wstring& proposal) = 0;
     virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;  // in CSS pixels
     virtual void OnMouseDown() = 0;
+    // May wait for the page.
+    virtual bool CanRunScript() = 0;
     virtual void OnNativeCall(bool active) = 0;  // the page enters its first native call, or leaves it
 };
 
@@ -55,6 +57,11 @@ class ScriptContext : public std::enable_shared_from_this<ScriptContext> {
 
     int ContextId() const { return contextId_; }
     bool IsAlive() const { return alive_; }
+    // Whether a call of the page's script would return. May wait for the page.
+    bool CanRunScript() {
+        const auto self = shared_from_this();
+        return alive_ && delegate_.CanRunScript();
+    }
     // Another document is about to replace this one, so the engine no longer pauses the page: its calls of
     // native objects fail, and with them script that relies on them.
     bool IsUnloading() const { return thread_->IsUnloading(); }

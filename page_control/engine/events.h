@@ -67,10 +67,12 @@ struct FrameNavigated {
     static FrameNavigated Parse(const json& params) {
         const json& frame = params.at("frame");
         const std::string url = detail::Text(frame, "url") + detail::Text(frame, "urlFragment");
-        return {detail::Text(frame, "id"), !frame.contains("parentId"), frame.value("unreachableUrl", url)};
+        return {detail::Text(frame, "id"), !frame.contains("parentId"), frame.contains("unreachableUrl"),
+                frame.value("unreachableUrl", url)};
     }
     std::string frameId;
     bool isTop;
+    bool isError;
     std::string url;  // if it cannot be opened, the requested address and not that of the engine's error page
 };
 

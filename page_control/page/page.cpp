@@ -5,6 +5,7 @@
 #include "page_control/bridge/script_source.h"
 #include "page_control/clipboard/engine_clipboard.h"
 #include "page_control/engine/engine_address.h"
+#include "page_control/view/window_numbers.h"
 #include "tarvik/status.h"
 
 namespace tarvik {
@@ -12,7 +13,6 @@ namespace tarvik {
 namespace {
 
 constexpr DWORD kUnloadTimeout = 2000;  // for a page that does not respond
-constexpr const wchar_t* kRetry = L"\n\nClick here to try again.";
 
 }  // namespace
 
@@ -60,6 +60,8 @@ bool Page::Connect() {
         requireOpen();
         SubscribeAll(*target);
         target_ = std::move(target);
+        monitor_ = std::make_unique<ResponseMonitor>(window_, *target_,
+                                                     [this](bool responds) { OnResponse(responds); });
         bridge_ = std::move(bridge);
         failed_ = false;
         isBlank_ = true;
@@ -75,23 +77,46 @@ bool Page::Connect() {
     return target_ != nullptr;
 }
 
-void Page::ShowFailure(const std::wstring& notice) {
+void Page::ShowFailure(const std::wstring& text) {
     failed_ = true;
     loading_ = false;
+    monitor_.reset();
     bridge_.reset();
     view_.SetTarget(nullptr);
-    view_.SetNotice(notice + kRetry);
+    ShowNotice(text, [this] { Reload(); });
+    target_.reset();
+}
+
+void Page::ShowNotice(const std::wstring& text, std::function<void()> loadAgain) {
+    view_.GetNotice().Show(text, {{L"Load again", std::move(loadAgain)}});
     // Without a page, nothing else would show the window.
     const HWND root = GetAncestor(window_, GA_ROOT);
     if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
-    target_.reset();
+}
+
+void Page::ShowEmptyPage(bool isError) {
+    if (isError) return ShowNotice(L"The page could not be loaded:\n" + location_, [this] { Reload(); });
+    ShowNotice(L"This page is blank.", [this] { Navigate(requested_); });
+}
+
+void Page::OnResponse(bool responds) {
+    Notice& notice = view_.GetNotice();
+    if (responds) return notice.Hide();
+    notice.Show(L"This page does not respond.",
+                {{L"Wait",
+                  [this] {
+                      view_.GetNotice().Hide();
+                      monitor_->Restart();
+                  }},
+                 {L"Stop the page", [this] { ShowFailure(L"You have stopped this page."); }},
+                 {L"End the program", [this] { Fire(&PageEvents::OnEndProgram); }}});
 }
 
 // The engine runs the handlers of all frames before it requests the document of a navigation. That request is
 // cancelled, so the page lives on until its window is destroyed. A page that does not respond may be closed.
 bool Page::MayUnload() {
     const auto self = shared_from_this();
-    if (!target_ || location_.empty()) return true;
+    if (!target_ || location_.empty() || !monitor_->IsResponding()) return true;
     if (std::exchange(asksToUnload_, true)) return false;
     mayUnload_.reset();
     (void)Guard([&] { target_->Call("Page.navigate", {{"url", kUnloadAddress}}, kUnloadTimeout); });
@@ -99,9 +124,15 @@ bool Page::MayUnload() {
     return mayUnload_.value_or(true);
 }
 
+bool Page::CanRunScript() {
+    const auto self = shared_from_this();
+    return Context() && !isEmpty_ && monitor_->Responds();
+}
+
 void Page::Close() {
     const auto self = shared_from_this();
     events_ = nullptr;
+    monitor_.reset();
     bridge_.reset();
     view_.SetTarget(nullptr);
     target_.reset();
@@ -148,7 +179,10 @@ void Page::AllowScript(bool allowed) {
 
 bool Page::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const auto self = shared_from_this();
-    if (failed_ && message == WM_LBUTTONUP) Reload();
+    if (monitor_ && message == WM_TIMER && wParam == kResponseTimer) {
+        monitor_->OnTimer();
+        return true;
+    }
     return view_.HandleMessage(message, wParam, lParam, result);
 }
 

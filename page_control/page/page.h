@@ -12,6 +12,7 @@
 #include "page_control/bridge/script_bridge.h"
 #include "page_control/bridge/staged_globals.h"
 #include "page_control/engine/shared_engine.h"
+#include "page_control/page/response_monitor.h"
 #include "page_control/view/page_scale.h"
 #include "page_control/view/page_view.h"
 #include "tarvik/com_ptr.h"
@@ -42,12 +43,15 @@ class PageEvents {
     virtual void OnScriptError(const ScriptError& error) = 0;
     virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;
     virtual void OnMouseDown() = 0;
+    // The user wants to end the program, because the page does not respond.
+    virtual void OnEndProgram() = 0;
     virtual ComPtr<IDispatch> GetExternal() = 0;
 };
 
 // The page of one control: a target of the engine, the script of its document, and its view in a window.
-// If the engine is missing, or the engine or the page has crashed, the window shows a notice; a click on it
-// or Reload tries again.
+// If the engine is missing, the engine or the page has crashed, or there is nothing to show, the window shows
+// a notice with a button that tries again, as Reload does. A notice also asks what to do with a page that
+// does not respond.
 class Page : public ScriptContextDelegate, public std::enable_shared_from_this<Page> {
   public:
     // If text is not selectable, it still is in fields and where the page's styles say so.
@@ -60,6 +64,10 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
 
     // Runs the document's `beforeunload` handlers, as a navigation does. If they ask, the user decides.
     bool MayUnload();
+
+    // False if the engine or the page has failed, the document is not one of the application, or the page
+    // does not respond. May wait to find out.
+    bool CanRunScript() override;
 
     // Fires no event from here on. Calls in progress fail.
     void Close();
@@ -104,7 +112,10 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     }
 
     bool Connect();
-    void ShowFailure(const std::wstring& notice);
+    void ShowFailure(const std::wstring& text);
+    void ShowNotice(const std::wstring& text, std::function<void()> loadAgain);
+    void ShowEmptyPage(bool isError);
+    void OnResponse(bool responds);
     void ApplyStagedGlobals(ScriptContext& context);
 
     // Events of the target. Subscribe connects a handler for the time after Connect.
@@ -131,6 +142,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     std::unique_ptr<PageTarget> target_;
     PageView view_;
     std::unique_ptr<ScriptBridge> bridge_;
+    std::unique_ptr<ResponseMonitor> monitor_;  // while there is a target
     std::vector<EventRouter::Subscription> subscriptions_;
     ComPtr<StagedGlobals> staged_ = MakeCom<StagedGlobals>();
     std::wstring location_;
@@ -139,7 +151,8 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool loading_ = false;
     std::map<std::string, std::wstring> frames_;  // addresses of the frames that are being loaded, by id
     bool failed_ = false;
-    bool isBlank_ = true;  // whether the target shows no document yet
+    bool isBlank_ = true;   // whether the target shows no document yet
+    bool isEmpty_ = false;  // whether the document is blank or the engine's error page
     bool connecting_ = false;
     bool scriptAllowed_ = true;
     bool asksToUnload_ = false;

@@ -181,6 +181,16 @@ void PageControl::OnMouseDown() {
     mouse_->Fire(DISPID_HTMLELEMENTEVENTS2_ONMOUSEDOWN);
 }
 
+// The host decides how the program ends. A site that does not take the command closes the window.
+void PageControl::OnEndProgram() {
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
+    const auto site = Query<IOleCommandTarget>(site_.Get());
+    if (site &&
+        SUCCEEDED(site->Exec(&kPageCommands, kEndProgram, OLECMDEXECOPT_DONTPROMPTUSER, nullptr, nullptr)))
+        return;
+    if (windows_) PostMessageW(GetAncestor(windows_->Outer(), GA_ROOT), WM_CLOSE, 0, 0);
+}
+
 ComPtr<IDispatch> PageControl::GetExternal() {
     ComPtr<IDispatch> external;
     if (const auto handler = Query<IDocHostUIHandler>(site_.Get()))

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 
+#include "base/running.h"
 #include "page_control/page/browser_dispatch.h"
 #include "page_control/page/connection_point.h"
 #include "page_control/page/html_objects.h"
@@ -28,7 +29,8 @@ namespace tarvik {
 class PageControl
     : public ComObject<As<BrowserDispatch, IWebBrowser2, IWebBrowserApp, IWebBrowser, IDispatch>, IOleObject,
                        As<IOleInPlaceObject, IOleWindow, IOleInPlaceObject>, IOleInPlaceActiveObject,
-                       IConnectionPointContainer, As<IPersistStreamInit, IPersist, IPersistStreamInit>>,
+                       IConnectionPointContainer, As<IPersistStreamInit, IPersist, IPersistStreamInit>,
+                       As<RunningReport, IRunnableObject>>,
       public PageEvents,
       public PageWindows::Handler {
   public:
@@ -105,6 +107,9 @@ class PageControl
     STDMETHODIMP GetSizeMax(ULARGE_INTEGER*) override { return E_NOTIMPL; }
     STDMETHODIMP InitNew() override { return S_OK; }
 
+    // IRunnableObject: whether the page can run script.
+    STDMETHODIMP_(BOOL) IsRunning() override;
+
     // PageEvents
     bool OnBeforeNavigate(const std::wstring& url, bool isTop) override;
     void OnNavigateComplete(const std::wstring& url, bool isTop) override;
@@ -114,6 +119,7 @@ class PageControl
     void OnScriptError(const ScriptError& error) override;
     void OnContextMenu(POINT screen, IDispatch* element) override;
     void OnMouseDown() override;
+    void OnEndProgram() override;
     ComPtr<IDispatch> GetExternal() override;
 
     // PageWindows::Handler

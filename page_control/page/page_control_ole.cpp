@@ -184,6 +184,13 @@ STDMETHODIMP PageControl::FindConnectionPoint(REFIID events, IConnectionPoint** 
     return events == DIID_DWebBrowserEvents2 ? CopyTo(events_, out) : CONNECT_E_NOCONNECTION;
 }
 
+STDMETHODIMP_(BOOL) PageControl::IsRunning() {
+    const ComPtr<IUnknown> keepAlive(AsUnknown());
+    const auto page = page_;
+    bool running = false;
+    return page && SUCCEEDED(Guard([&] { running = page->CanRunScript(); })) && running;
+}
+
 STDMETHODIMP PageControl::GetClassID(CLSID* id) {
     if (!id) return E_POINTER;
     *id = CLSID_WebBrowser;

@@ -12,6 +12,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kHistoryAttempts = 100;
+constexpr const char* kBlankAddress = "about:blank";
 
 }  // namespace
 
@@ -62,6 +63,12 @@ void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
         started_ = false;
         loading_ = true;
         frames_.clear();
+        monitor_->Restart();
+        isEmpty_ = navigated.isError || navigated.url.starts_with(kBlankAddress);
+        if (isEmpty_)
+            ShowEmptyPage(navigated.isError);
+        else
+            view_.GetNotice().Hide();
         if (std::exchange(isBlank_, false)) RemoveBlankPageFromHistory(kHistoryAttempts);
     } else {
         frames_[navigated.frameId] = url;
@@ -115,10 +122,12 @@ Variant Page::OnDialog(const std::string& type, const std::wstring& message, con
 void Page::OnEngineDialog(const event::DialogOpening& opening) {
     const auto context = Context();
     if (context) context->SetDialogOpen(true);
+    monitor_->SetDialogOpen(true);
     const ScriptDialog dialog = {opening.type, Widen(opening.message), Widen(opening.defaultPrompt)};
     const ScriptDialogResult result = ShowScriptDialog(GetAncestor(window_, GA_ROOT), dialog);
     if (context) context->SetDialogOpen(false);
     if (!target_) return;
+    monitor_->SetDialogOpen(false);
     if (asksToUnload_ && opening.type == "beforeunload") mayUnload_ = result.accepted;
     target_->Post("Page.handleJavaScriptDialog",
                   {{"accept", result.accepted}, {"promptText", Narrow(result.text)}});

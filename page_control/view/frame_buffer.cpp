@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tarvik/owners.h"
-
 namespace tarvik {
 
 namespace {
 
 constexpr COLORREF kBackground = RGB(255, 255, 255);
-constexpr COLORREF kNoticeBackground = RGB(245, 247, 249);
-constexpr COLORREF kNoticeText = RGB(70, 84, 99);
 
 void Fill(HDC target, const RECT& area, COLORREF colour) {
     if (area.left >= area.right || area.top >= area.bottom) return;
@@ -21,13 +17,6 @@ void Fill(HDC target, const RECT& area, COLORREF colour) {
 
 COLORREF AsColor(std::uint32_t pixel) {
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
-}
-
-UniqueGdi NoticeFont() {
-    NONCLIENTMETRICSW metrics = {sizeof metrics};
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    metrics.lfMessageFont.lfHeight = metrics.lfMessageFont.lfHeight * 5 / 4;
-    return UniqueGdi(CreateFontIndirectW(&metrics.lfMessageFont));
 }
 
 }  // namespace
@@ -61,21 +50,6 @@ void FrameBuffer::Paint(HDC target, const RECT& area, double scale) const {
     const COLORREF beyond = AsColor(pixels_.colors.back());
     Fill(target, {width, 0, area.right, area.bottom}, beyond);
     Fill(target, {0, height, width, area.bottom}, beyond);
-}
-
-void PaintNotice(HDC target, const RECT& area, const std::wstring& text) {
-    Fill(target, area, kNoticeBackground);
-    const UniqueGdi font = NoticeFont();
-    const HGDIOBJ before = SelectObject(target, font.Get());
-    SetBkMode(target, TRANSPARENT);
-    SetTextColor(target, kNoticeText);
-    RECT box = area;
-    InflateRect(&box, -40, 0);
-    RECT measured = box;
-    DrawTextW(target, text.c_str(), -1, &measured, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_CALCRECT);
-    box.top = std::max<LONG>(0, (area.bottom - (measured.bottom - measured.top)) / 2);
-    DrawTextW(target, text.c_str(), -1, &box, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
-    SelectObject(target, before);
 }
 
 }  // namespace tarvik

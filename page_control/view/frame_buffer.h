@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <mutex>
-#include <string>
 
 #include "page_control/encoding/picture_codec.h"
 
@@ -25,8 +24,5 @@ class FrameBuffer {
     mutable std::mutex lock_;
     Pixels pixels_;
 };
-
-// Paints a text in place of a page.
-void PaintNotice(HDC target, const RECT& area, const std::wstring& text);
 
 }  // namespace tarvik

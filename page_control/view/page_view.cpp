@@ -50,7 +50,8 @@ struct PageView::TargetView {
     EventRouter::Subscription newDocument;
 };
 
-PageView::PageView(HWND window, Options options) : window_(window), options_(std::move(options)) {}
+PageView::PageView(HWND window, Options options)
+    : window_(window), options_(std::move(options)), notice_(window) {}
 
 PageView::~PageView() = default;
 
@@ -58,18 +59,11 @@ void PageView::SetTarget(PageTarget* target) {
     targetView_.reset();
     frameBuffer_.Clear();
     if (target) {
-        SetNotice({});
+        notice_.Hide();
         targetView_ = std::make_shared<TargetView>(
             window_, *target, frameBuffer_, options_.textIsSelectable,
             [this](const ViewScript::PageEvent& event) { OnPageEvent(event); }, [this] { OnWindowChange(); });
     }
-    InvalidateRect(window_, nullptr, FALSE);
-}
-
-// Screen readers read the window's text.
-void PageView::SetNotice(const std::wstring& text) {
-    notice_ = text;
-    SetWindowTextW(window_, text.c_str());
     InvalidateRect(window_, nullptr, FALSE);
 }
 
@@ -129,17 +123,17 @@ void PageView::Paint() {
     const HDC target = BeginPaint(window_, &paint);
     RECT area = {};
     GetClientRect(window_, &area);
-    if (notice_.empty()) {
+    if (notice_.IsShown())
+        notice_.Paint(target);
+    else
         frameBuffer_.Paint(target, area, PageScaleOf(window_) / EngineScale());
-    } else {
-        PaintNotice(target, area, notice_);
-    }
     EndPaint(window_, &paint);
     if (targetView_) targetView_->screencast.EnsureRunning();
 }
 
 bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     *result = 0;
+    if (notice_.HandleMessage(message, wParam, lParam, result)) return true;
     switch (message) {
         case WM_PAINT:
             Paint();
@@ -147,10 +141,6 @@ bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         case WM_ERASEBKGND:
             *result = 1;
             return true;  // WM_PAINT covers everything
-        case WM_SIZE:
-            // A notice is centred in the window.
-            if (!notice_.empty()) InvalidateRect(window_, nullptr, FALSE);
-            break;
         case WM_GETDLGCODE:
             *result = DLGC_WANTALLKEYS;
             return true;

@@ -8,6 +8,7 @@
 
 #include "page_control/engine/devtools.h"
 #include "page_control/view/frame_buffer.h"
+#include "page_control/view/notice.h"
 #include "page_control/view/view_script.h"
 
 namespace tarvik {
@@ -26,12 +27,12 @@ class PageView {
     PageView(const PageView&) = delete;
     PageView& operator=(const PageView&) = delete;
 
-    // Sets the target to show, before its first navigation; null shows the notice. The target is not owned
-    // and outlives its use here. Throws StatusError.
+    // Sets the target to show, before its first navigation; null for none. The target is not owned and
+    // outlives its use here. Throws StatusError.
     void SetTarget(PageTarget* target);
 
-    // The text to show in place of a page.
-    void SetNotice(const std::wstring& text);
+    // Shown in place of the page, which gets no input meanwhile.
+    Notice& GetNotice() { return notice_; }
 
     // True if the message was handled; then `result` is its return value.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
@@ -58,7 +59,7 @@ class PageView {
 
     HWND window_;
     const Options options_;
-    std::wstring notice_;
+    Notice notice_;
     FrameBuffer frameBuffer_;
     std::shared_ptr<TargetView> targetView_;
 };

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/running.h"
 #include "host/plugin_registry/window_numbers.h"
 #include "plugins/window/menu_bar.h"
 #include "plugins/window/window_properties.h"
@@ -29,10 +30,13 @@ void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
     SetMenuBar(Window(), shown);  // resizes the page, which may set another menu
 }
 
-// Only a function that returns false refuses; a failed call does not.
+// Only a function that returns false refuses; a failed call does not. A call of a page that does not respond
+// would hold up the end of the window.
 bool CMainSubclassWindow::Raise(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
     if (!function) return true;
+    const bool isEnd = event == WindowEvent::kClose || event == WindowEvent::kClosed;
+    if (isEnd && !IsRunning(function.Get())) return true;
     Variant result;
     return FAILED(CallScriptFunction(function.Get(), {}, result.Receive())) || !IsFalse(result);
 }

@@ -45,8 +45,7 @@ class EngineLife : public ProgramTest {
     }
 
     void ExpectNotice(HWND window, const char* text) {
-        EXPECT_TRUE(WaitFor([&] { return NoticeIn(window).find(text) != std::string::npos; }))
-            << NoticeIn(window);
+        EXPECT_TRUE(ShowsNotice(window, text)) << NoticeIn(window);
     }
 
     void ExpectNothingLeft() {
@@ -56,7 +55,7 @@ class EngineLife : public ProgramTest {
     EngineProcesses engine_{program_.Mark()};
 };
 
-TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissingAndAClickTriesAgain) {
+TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissingAndTriesAgain) {
     const std::wstring engine = L"/tmp/tarvik-engine-" + Widen(program_.Mark());
     program_.SetVariable(L"TARVIK_BROWSER", engine);
     Open("external.window.quit(9)");
@@ -68,7 +67,7 @@ TEST_F(EngineLife, ShowsANoticeIfTheEngineIsMissingAndAClickTriesAgain) {
     RunOnUnixHost(L"ln -s /usr/bin/chromium " + engine);
     const std::wstring link = L"Z:" + engine;
     EXPECT_TRUE(WaitFor([&] { return FileExists(link); }));
-    Click(page);
+    ClickNotice(window);
     EXPECT_EQ(program_.Wait(), 9u) << "the page is not loaded";
     RunOnUnixHost(L"rm " + engine);  // DeleteFile would delete the target
     EXPECT_TRUE(WaitFor([&] { return !FileExists(link); }));
@@ -105,7 +104,7 @@ TEST_F(EngineLife, EndsHangingProcesses) {
     }
 }
 
-TEST_F(EngineLife, ShowsANoticeIfAProcessEndsAndAClickRestarts) {
+TEST_F(EngineLife, ShowsANoticeIfAProcessEndsAndLoadsAgain) {
     const HWND window = OpenShown();
     const HWND page = InnermostWindow(window);
     for (const auto& [process, notice] : {std::pair(&Process::IsPage, "page has stopped"),
@@ -113,10 +112,14 @@ TEST_F(EngineLife, ShowsANoticeIfAProcessEndsAndAClickRestarts) {
         engine_.Kill(process);
         ExpectNotice(window, notice);
         EXPECT_TRUE(WaitFor([&] { return PixelOnScreen(page, {5, 5}) != kBlue; }));
-        Click(page);
+        ClickNotice(window);
         EXPECT_TRUE(WaitForColour(page, kBlue));
         EXPECT_EQ(NoticeIn(window), "");
     }
+    engine_.Kill(&Process::IsPage);
+    ExpectNotice(window, "[Load again]");
+    PressKeys({VK_SPACE});
+    EXPECT_TRUE(WaitForColour(page, kBlue));
     EXPECT_EQ(program_.Quit(3), 3u);
     ExpectNothingLeft();
 }

@@ -144,6 +144,21 @@ void ProgramTest::ClickPage(const std::wstring& title) {
     ASSERT_TRUE(program_.WaitForLine("clicked"));
 }
 
+bool ProgramTest::ShowsNotice(HWND window, const std::string& text) {
+    return WaitFor([&] { return Narrow(TextOf(InnermostWindow(window))).find(text) != std::string::npos; });
+}
+
+void ProgramTest::ClickNotice(HWND window) {
+    constexpr COLORREF kFocusedButton = RGB(25, 95, 180);
+    SetForegroundWindow(window);
+    std::optional<POINT> edge;
+    ASSERT_TRUE(WaitFor([&] {
+        edge = FindColour(InnermostWindow(window), kFocusedButton);
+        return edge.has_value();
+    }));
+    ClickAt({edge->x + 5, edge->y + 5});
+}
+
 bool ProgramTest::Close(HWND window) {
     PostMessageW(window, WM_CLOSE, 0, 0);
     return WaitFor([&] { return !IsWindow(window); });

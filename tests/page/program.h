@@ -91,6 +91,10 @@ class ProgramTest : public testing::Test {
     }
     // Clicks such a page, so that it has the focus, and waits until it logs "clicked".
     void ClickPage(const std::wstring& title);
+    // Waits until a window shows a notice in place of its page, whose text contains this one.
+    static bool ShowsNotice(HWND window, const std::string& text);
+    // Clicks the button of the notice that has the keyboard focus: the first one, unless keys have moved it.
+    static void ClickNotice(HWND window);
     // Closes a window, and waits for its end.
     static bool Close(HWND window);
 

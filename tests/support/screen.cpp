@@ -3,8 +3,10 @@
 #include <exdisp.h>
 #include <mshtml.h>
 
+#include <algorithm>
 #include <cstdlib>
 
+#include "tarvik/owners.h"
 #include "tests/support/waiting.h"
 
 namespace tarvik {
@@ -54,6 +56,33 @@ COLORREF PixelOf(HWND window, POINT point) {
 COLORREF PixelOnScreen(HWND window, POINT point) {
     ClientToScreen(window, &point);
     return PixelOf(nullptr, point);
+}
+
+std::optional<POINT> FindColour(HWND window, COLORREF colour) {
+    RECT area = {};
+    GetClientRect(window, &area);
+    POINT origin = {};
+    ClientToScreen(window, &origin);
+    const HDC screen = GetDC(nullptr);
+    const HDC copy = CreateCompatibleDC(screen);
+    BITMAPINFO format = {{sizeof(BITMAPINFOHEADER), area.right, -area.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0},
+                         {}};
+    void* bits = nullptr;
+    const UniqueGdi bitmap(CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const HGDIOBJ before = SelectObject(copy, bitmap.Get());
+    BitBlt(copy, 0, 0, area.right, area.bottom, screen, origin.x, origin.y, SRCCOPY);
+    GdiFlush();
+    const DWORD wanted = RGB(GetBValue(colour), GetGValue(colour), GetRValue(colour));
+    const auto* const pixels = static_cast<const DWORD*>(bits);
+    const auto* const end = pixels + area.right * area.bottom;
+    const auto* const found =
+        std::find_if(pixels, end, [&](DWORD pixel) { return (pixel & 0xFFFFFF) == wanted; });
+    const auto index = static_cast<LONG>(found - pixels);
+    SelectObject(copy, before);
+    DeleteDC(copy);
+    ReleaseDC(nullptr, screen);
+    if (found == end) return std::nullopt;
+    return POINT{origin.x + index % area.right, origin.y + index / area.right};
 }
 
 bool WaitForColour(HWND window, COLORREF colour) {

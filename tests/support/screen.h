@@ -4,6 +4,7 @@
 #include <unknwn.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ HWND InnermostWindow(HWND window);
 COLORREF PixelOf(HWND window, POINT point);
 // The same on the screen; also for windows of other processes.
 COLORREF PixelOnScreen(HWND window, POINT point);
+// The first pixel of the client area that has the colour on the screen, in coordinates of the screen.
+std::optional<POINT> FindColour(HWND window, COLORREF colour);
 // Waits until the middle of the window has the colour on the screen.
 bool WaitForColour(HWND window, COLORREF colour);
 

@@ -85,6 +85,8 @@ class BridgedPage : public ScriptContextDelegate {
     }
     ~BridgedPage() override { bridge.reset(); }
 
+    bool CanRunScript() override { return true; }
+
     // Opens a document and waits until it has loaded.
     void Open(const std::string& html) {
         loaded_ = false;

@@ -1,0 +1,16 @@
+#include "host/program_end.h"
+
+#include <windows.h>
+
+#include "app/log/startup_error.h"
+
+namespace tarvik {
+
+void EndProgram(const std::wstring& reason) {
+    MSG message;
+    if (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE)) return;
+    ReportStartupError(reason);
+    PostQuitMessage(1);
+}
+
+}  // namespace tarvik
