@@ -45,10 +45,12 @@ void CheckOutput(const std::wstring& output, const std::wstring& folder, const s
     if (IsSameFile(output, host)) reject(L"is the host itself. Choose another name.");
 }
 
-void UpdateResources(const std::wstring& program, const VersionInfo& version,
+void UpdateResources(const std::wstring& program, const VersionInfo& version, EngineChoice engine,
                      const std::optional<IconFile>& icon) {
     ResourceUpdate update(program);
     update.Set(RT_VERSION, kVersion, VersionResource(version));
+    const std::string_view name = kEngineNames[static_cast<size_t>(engine)];
+    update.Set(RT_RCDATA, kEngineResource, {reinterpret_cast<const std::uint8_t*>(name.data()), name.size()});
     if (icon) icon->AddTo(update, kMainIcon);
     update.Apply();
 }
@@ -69,7 +71,7 @@ void BuildProgram(const BuildOptions& options) {
     CheckOutput(output, FullPath(options.folder), host);
 
     UnfinishedFile program(host, output);
-    UpdateResources(program.Path(), version, icon);
+    UpdateResources(program.Path(), version, options.engine, icon);
     AttachArchive(program.Path(), entries);
     CheckAttached(program.Path(), entries);
     const ULONGLONG size = program.Finish();

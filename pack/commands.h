@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "base/engine_choice.h"
 #include "pack/version_info.h"
 
 namespace tarvik {
@@ -17,6 +18,7 @@ struct BuildOptions {
     Version version = {1};
     std::wstring company;
     std::wstring copyright;
+    EngineChoice engine = EngineChoice::kEither;
 };
 
 // Each command throws a Failure.

@@ -58,6 +58,19 @@ void AddVersion(CLI::App& command, Version& version) {
         ->option_text("1.2.3");
 }
 
+void AddEngine(CLI::App& command, EngineChoice& engine) {
+    const auto parse = [&engine](const std::string& name) {
+        const auto parsed = ParseEngine(name);
+        if (!parsed)
+            throw CLI::ValidationError("--engine", "'" + name + "' is none of: system, chromium, either");
+        engine = *parsed;
+    };
+    command
+        .add_option_function<std::string>(
+            "--engine", parse, "What shows its pages: system, chromium or either (default: either)")
+        ->option_text("NAME");
+}
+
 void AddBuild(CLI::App& app, Arguments& arguments) {
     BuildOptions& options = arguments.build;
     auto& command = *app.add_subcommand("build", "Pack an application into one program");
@@ -70,6 +83,7 @@ void AddBuild(CLI::App& app, Arguments& arguments) {
     AddVersion(command, options.version);
     AddDescription(command, "--company", options.company, "Its publisher");
     AddDescription(command, "--copyright", options.copyright, "Its copyright notice");
+    AddEngine(command, options.engine);
     command.footer(kBuildNotes);
     command.callback([&] { BuildProgram(options); });
 }

@@ -4,6 +4,7 @@
 
 #include "archive/destination_folder.h"
 #include "base/path.h"
+#include "base/program_resource.h"
 #include "base/text.h"
 #include "base/write_file.h"
 #include "cli/console.h"
@@ -29,10 +30,9 @@ constexpr StarterFile kFiles[] = {
 };
 
 std::string_view Content(const wchar_t* name) {
-    const HRSRC resource = FindResourceW(nullptr, name, RT_RCDATA);
-    const HGLOBAL loaded = resource ? LoadResource(nullptr, resource) : nullptr;
-    if (!loaded) FailWithLastError(L"The starter application is missing");
-    return {static_cast<const char*>(LockResource(loaded)), SizeofResource(nullptr, resource)};
+    const std::string_view content = ResourceBytes(nullptr, name, RT_RCDATA);
+    if (content.empty()) FailWithLastError(L"The starter application is missing");
+    return content;
 }
 
 void Write(const std::wstring& path, std::string_view content) {

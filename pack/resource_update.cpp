@@ -22,7 +22,7 @@ std::vector<ResourceUpdate::Resource> FindAll(const std::wstring& path) {
     const UniqueModule module(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
     if (!module) FailWithLastError(L"The resources of \"" + path + L"\" cannot be read");
     std::vector<ResourceUpdate::Resource> found;
-    for (const LPCWSTR type : {RT_ICON, RT_GROUP_ICON, RT_VERSION})
+    for (const LPCWSTR type : {RT_ICON, RT_GROUP_ICON, RT_VERSION, RT_RCDATA})
         EnumResourceNamesW(module.Get(), type, OnName, reinterpret_cast<LONG_PTR>(&found));
     return found;
 }

@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-// Changes the icons and the version information of a program in one step. Resources that have a string as
-// their name stay unchanged.
+// Changes the icons, the version information and the data of a program in one step. Resources that have a
+// string as their name stay unchanged.
 class ResourceUpdate {
   public:
     explicit ResourceUpdate(const std::wstring& path);  // all members throw a Failure

@@ -6,6 +6,7 @@
 
 #include "base/module_function.h"
 #include "base/path.h"
+#include "base/program_resource.h"
 
 namespace tarvik {
 
@@ -17,11 +18,8 @@ constexpr size_t kMaxLength = 80;
 class VersionTexts {
   public:
     explicit VersionTexts(HMODULE program) {
-        const HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
-        const HGLOBAL resource = found ? LoadResource(program, found) : nullptr;
-        if (!resource) return;
-        const auto* const bytes = static_cast<const BYTE*>(LockResource(resource));
-        block_.assign(bytes, bytes + SizeofResource(program, found));
+        const auto bytes = ResourceBytes(program, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
+        block_.assign(bytes.begin(), bytes.end());
     }
 
     // In the resource's first language; empty if there is none.

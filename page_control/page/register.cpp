@@ -3,10 +3,10 @@
 #include <mshtml.h>
 #include <ole2.h>
 
-#include <optional>
-#include <string>
+#include <string_view>
 
-#include "base/path.h"
+#include "base/engine_choice.h"
+#include "base/program_resource.h"
 #include "page_control/engine/engine_path.h"
 #include "page_control/page/page_control.h"
 #include "tarvik/status.h"
@@ -42,27 +42,34 @@ bool SystemShowsPages() {
                                       reinterpret_cast<void**>(document.GetAddressOf())));
 }
 
-// The choice of TARVIK_ENGINE, if any.
-std::optional<bool> IsPageControlRequested() {
-    const std::wstring engine =
-        ReadPath([](wchar_t* buffer) { GetEnvironmentVariableW(L"TARVIK_ENGINE", buffer, kPathLength); });
-    if (_wcsicmp(engine.c_str(), L"chromium") == 0) return true;
-    if (_wcsicmp(engine.c_str(), L"mshtml") == 0) return false;
-    return std::nullopt;
+// The choice of the environment variable TARVIK_ENGINE, or else that of the application's author. `mshtml` is
+// the variable's other name for the system's engine.
+EngineChoice RequestedEngine() {
+    char name[20] = {};
+    const DWORD length = GetEnvironmentVariableA("TARVIK_ENGINE", name, sizeof name);
+    const std::string_view given(CharLowerA(name), length < sizeof name ? length : 0);
+    if (given == "mshtml") return EngineChoice::kSystem;
+    const auto authors = ParseEngine(ResourceBytes(nullptr, MAKEINTRESOURCEW(kEngineResource), RT_RCDATA));
+    return ParseEngine(given).value_or(authors.value_or(EngineChoice::kEither));
+}
+
+// Whether the page control shows the pages. `whereEither` decides if either engine may.
+bool UsesPageControl(bool (*whereEither)()) {
+    const EngineChoice requested = RequestedEngine();
+    return requested == EngineChoice::kEither ? whereEither() : requested == EngineChoice::kChromium;
 }
 
 }  // namespace
 
 void PageControlClass::Prelaunch(SharedEngine& engine) {
     // SystemShowsPages() takes as long as the start of the engine, so this is an estimate.
-    if (IsPageControlRequested().value_or(IsWine())) engine.Prelaunch();
+    if (UsesPageControl(IsWine)) engine.Prelaunch();
 }
 
 PageControlClass::PageControlClass(std::shared_ptr<SharedEngine> engine, DevTools::MessageFilter filter)
     : engine_(std::move(engine)), initialized_(SUCCEEDED(OleInitialize(nullptr))) {
     engine_->SetMessageFilter(std::move(filter));
-    const auto requested = IsPageControlRequested();
-    if (requested ? !*requested : SystemShowsPages()) {
+    if (!UsesPageControl([] { return !SystemShowsPages(); })) {
         engine_->Shutdown();
         return;
     }

@@ -9,9 +9,10 @@
 
 namespace tarvik {
 
-// Registers the page control as the system's web browser class in this process, if the system's control
-// cannot show pages or the environment variable TARVIK_ENGINE is `chromium` (`mshtml` forces the system's
-// control). The thread stays in a single-threaded apartment during the object's life.
+// Registers the page control as the system's web browser class in this process, if the environment variable
+// TARVIK_ENGINE or the resource of the program (base/engine_choice.h) says so, or if they leave the choice
+// and the system's control cannot show pages. The thread stays in a single-threaded apartment during the
+// object's life.
 class PageControlClass {
   public:
     // Starts the engine in the background if this control will probably be used. May be called long before

@@ -100,6 +100,43 @@ TEST_F(PackedProgram, HasItsIconInsteadOfTheHosts) {
     EXPECT_TRUE(icon);
 }
 
+// The author's choice of the engine, and that of the environment variable. The system has none here.
+TEST_F(PackTest, ShowsPagesWithTheChosenEngine) {
+    folder_.Write(L"app\\resource\\index.html", "<script>external.window.quit(9)</script>");
+    struct {
+        std::vector<std::wstring> option;
+        const wchar_t* variable;
+        bool usesPageControl;
+    } const kCases[] = {
+        {{}, L"", true},
+        {{L"--engine", L"either"}, L"", true},
+        {{L"--engine", L"chromium"}, L"", true},
+        {{L"--engine=system"}, L"", false},
+        {{L"--engine", L"system"}, L"Chromium", true},
+        {{L"--engine", L"chromium"}, L"mshtml", false},
+        {{L"--engine", L"system"}, L"either", true},
+    };
+    for (const auto& [option, variable, usesPageControl] : kCases) {
+        SCOPED_TRACE(Narrow((option.empty() ? L"" : option.back()) + L" " + variable));
+        std::vector<std::wstring> arguments = {L"build", L"app", L"-o", L"app.exe"};
+        arguments.insert(arguments.end(), option.begin(), option.end());
+        Run(arguments);
+        Program program;
+        program.UseExecutable(folder_ / L"app.exe");
+        program.SetVariable(L"TARVIK_ENGINE", variable);
+        program.Start();
+        if (usesPageControl) {
+            EXPECT_EQ(program.Wait(), 9u);
+            continue;
+        }
+        EXPECT_TRUE(WaitFor([&] { return program.Windows().size() == 1; }));
+        EXPECT_FALSE(WaitFor([&] { return !program.IsRunning(); }, 3000));
+        program.Kill();
+    }
+    EXPECT_THAT(Run({L"build", L"app", L"-o", L"app.exe", L"--engine", L"edge"}, 2),
+                HasSubstr("'edge' is none of: system, chromium, either"));
+}
+
 TEST_F(PackedProgram, EnablesAslrAndDepLikeAllPrograms) {
     constexpr WORD kProtection = IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                                  IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_NX_COMPAT;
