@@ -3,6 +3,7 @@
 #include <objbase.h>
 
 #include "base/dpi.h"
+#include "base/wine.h"
 
 namespace tarvik {
 
@@ -36,12 +37,19 @@ constexpr const wchar_t* kArguments[] = {
     L"--disable-backgrounding-occluded-windows",
     L"--disable-renderer-backgrounding",
     L"--disable-hang-monitor",
-    L"--disable-gpu",
     L"--force-color-profile=srgb",
     // The pages are the application's own files and may access each other.
     L"--allow-file-access-from-files",
     L"--autoplay-policy=no-user-gesture-required",
 };
+
+// Whether the engine may find a graphics processor. Under Wine the Unix host may have none.
+bool HasGpu() {
+    const auto exists = [](const wchar_t* path) {
+        return GetFileAttributesW(path) != INVALID_FILE_ATTRIBUTES;
+    };
+    return !IsWine() || exists(L"Z:\\dev\\dri\\renderD128") || exists(L"Z:\\dev\\nvidiactl");
+}
 
 }  // namespace
 
@@ -54,7 +62,10 @@ std::wstring EngineArguments() {
     std::wstring line;
     for (const wchar_t* argument : kArguments)
         line += std::wstring(L" ") + argument;
-    return line + L" --force-device-scale-factor=" + std::to_wstring(EngineScale());
+    line += L" --force-device-scale-factor=" + std::to_wstring(EngineScale());
+    // Without a window of its own, the engine uses the processor only on request, and then has no replacement
+    // for it unless that is requested, too.
+    return line + (HasGpu() ? L" --enable-gpu --enable-unsafe-swiftshader" : L" --disable-gpu");
 }
 
 std::wstring UniqueName() {
