@@ -20,10 +20,11 @@ set(LAYER_plugins_system base app/log app/command_line script contract host/plug
 set(LAYER_page_control_encoding base)
 set(LAYER_page_control_engine base)
 set(LAYER_page_control_clipboard base page_control/encoding page_control/engine)
+set(LAYER_page_control_dialogs base page_control/engine)
 set(LAYER_page_control_injected base page_control/engine)
 set(LAYER_page_control_view base page_control/clipboard page_control/encoding page_control/engine page_control/injected)
 set(LAYER_page_control_bridge base page_control/engine page_control/injected)
-set(LAYER_page_control_page base page_control/clipboard page_control/engine page_control/injected page_control/view page_control/bridge)
+set(LAYER_page_control_page base page_control/clipboard page_control/dialogs page_control/engine page_control/injected page_control/view page_control/bridge)
 set(LAYER_host base app/log app/command_line script atl contract host/plugin_registry)
 set(TOP_LAYERS app tests bench)
 

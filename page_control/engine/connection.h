@@ -36,6 +36,7 @@ class Connection : public DevTools {
     bool IsWaiting() const override { return depth_ > 0; }
     bool IsOpen() const override { return open_; }
     const std::string& UserAgent() const override { return pages_.UserAgent(); }
+    const std::wstring& DownloadFolder() const override { return transport_->DownloadFolder(); }
     std::string OpenPage() override { return pages_.Open(); }
     void OpenPage(OpenHandler handler) override { pages_.Open(std::move(handler)); }
     void ClosePage(const std::string& id) override { pages_.Close(id); }

@@ -59,6 +59,10 @@ class DevTools {
     // The engine's own user agent.
     virtual const std::string& UserAgent() const = 0;
 
+    // Where the engine writes downloads, each as a file that is named by its id. The folder may not exist
+    // yet; it vanishes with the engine.
+    virtual const std::wstring& DownloadFolder() const = 0;
+
     // Opens a blank page in its own window and returns its target's id. Pages that are opened by other means,
     // like a click with a modifier key, are closed immediately.
     virtual std::string OpenPage() = 0;

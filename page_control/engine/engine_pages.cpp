@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "page_control/engine/unix_path.h"
+
 namespace tarvik {
 
 namespace {
@@ -40,8 +42,9 @@ void EnginePages::Start() {
     // Without a browser's window, nothing could ask the user. AllowClipboard makes exceptions.
     for (const char* name : {"geolocation", "notifications", "clipboard-read", "clipboard-write"})
         engine_.Post("", "Browser.setPermission", {{"permission", {{"name", name}}}, {"setting", "denied"}});
-    // There is no dialog to choose a place for a download.
-    engine_.Post("", "Browser.setDownloadBehavior", {{"behavior", "deny"}});
+    // The pages' events of downloads come without the events of the browser.
+    engine_.Post("", "Browser.setDownloadBehavior",
+                 {{"behavior", "allowAndName"}, {"downloadPath", EnginePath(engine_.DownloadFolder())}});
 }
 
 // The first control takes the engine's first page. Later ones need their own windows: of several pages in one

@@ -112,6 +112,34 @@ struct DialogOpening {
     std::string defaultPrompt;
 };
 
+struct FileChooserOpened {
+    static constexpr const char* kMethod = "Page.fileChooserOpened";
+    static FileChooserOpened Parse(const json& params) { return {params.value("backendNodeId", 0)}; }
+    int nodeId;  // of the field; 0 for a dialog that script opens by itself
+};
+
+struct DownloadWillBegin {
+    static constexpr const char* kMethod = "Page.downloadWillBegin";
+    static DownloadWillBegin Parse(const json& params) {
+        return {params.at("guid"), detail::Text(params, "url"), detail::Text(params, "suggestedFilename")};
+    }
+    std::string id;
+    std::string url;
+    std::string name;
+};
+
+struct DownloadProgress {
+    static constexpr const char* kMethod = "Page.downloadProgress";
+    static DownloadProgress Parse(const json& params) {
+        return {params.at("guid"), params.value("totalBytes", 0.0), params.value("receivedBytes", 0.0),
+                detail::Text(params, "state")};
+    }
+    std::string id;
+    double total;  // 0 while it is unknown
+    double received;
+    std::string state;  // "inProgress", "completed" or "canceled", which includes failures
+};
+
 struct WindowOpen {
     static constexpr const char* kMethod = "Page.windowOpen";
     static WindowOpen Parse(const json& params) { return {detail::Text(params, "url")}; }

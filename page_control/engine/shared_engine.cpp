@@ -57,10 +57,8 @@ std::shared_ptr<DevTools> SharedEngine::Acquire() {
     }
     try {
         auto connection = StartWithRetry();
-        if (report_) {
-            report_(L"The profile of this application was damaged. It has been replaced; the old one is \"" +
-                    profile_->DamagedFolder() + L"\".");
-        }
+        Report(L"The profile of this application was damaged. It has been replaced; the old one is \"" +
+               profile_->DamagedFolder() + L"\".");
         return connection;
     } catch (...) {
         profile_->Restore();

@@ -27,6 +27,11 @@ class SharedEngine : public std::enable_shared_from_this<SharedEngine> {
     std::shared_ptr<DevTools> Acquire();
     const std::wstring& LastStartError() const { return lastStartError_; }
 
+    // Reports a text to the developer of the application.
+    void Report(const std::wstring& text) const {
+        if (report_) report_(text);
+    }
+
     // Ends a prelaunched engine that nothing has used and, at the program's end, one that is still running.
     void Shutdown();
 

@@ -15,8 +15,10 @@ namespace tarvik {
 // The two pipes to a running engine. Messages end with a NUL. The engine ends when its input is closed.
 class Transport {
   public:
-    Transport(UniqueHandle fromEngine, UniqueHandle toEngine)
-        : fromEngine_(std::move(fromEngine)), toEngine_(std::move(toEngine)) {}
+    Transport(UniqueHandle fromEngine, UniqueHandle toEngine, std::wstring downloadFolder)
+        : fromEngine_(std::move(fromEngine)),
+          toEngine_(std::move(toEngine)),
+          downloadFolder_(std::move(downloadFolder)) {}
     virtual ~Transport() = default;
 
     // Any thread. False if the engine has ended.
@@ -31,11 +33,15 @@ class Transport {
     // Ends an engine that does not react to the end of its input.
     virtual void Kill() = 0;
 
+    // See DevTools.
+    const std::wstring& DownloadFolder() const { return downloadFolder_; }
+
     MessageTrace& Trace() { return trace_; }
 
   private:
     UniqueHandle fromEngine_;
     UniqueHandle toEngine_;
+    const std::wstring downloadFolder_;
     std::mutex writing_;
     MessageTrace trace_;
 };

@@ -55,8 +55,9 @@ class FifoTransport : public Transport {
         UniqueHandle toEngine;
         UniqueHandle life;
     };
-    FifoTransport(Fifos fifos, std::wstring folder)
-        : Transport(std::move(fifos.fromEngine), std::move(fifos.toEngine)),
+    // `path` is that of the folder in this process.
+    FifoTransport(Fifos fifos, std::wstring folder, const std::wstring& path)
+        : Transport(std::move(fifos.fromEngine), std::move(fifos.toEngine), path + L"\\d"),
           ownWriter_(std::move(fifos.ownWriter)),
           life_(std::move(fifos.life)),
           folder_(std::move(folder)) {}
@@ -104,7 +105,7 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine, const s
     fifos.ownWriter = OpenWithRetry(path + L"\\a", GENERIC_WRITE);
     fifos.toEngine = OpenWithRetry(path + L"\\b", GENERIC_WRITE);
     fifos.life = OpenWithRetry(path + L"\\c", GENERIC_WRITE);
-    return std::make_unique<FifoTransport>(std::move(fifos), folder);
+    return std::make_unique<FifoTransport>(std::move(fifos), folder, path);
 }
 
 }  // namespace tarvik

@@ -107,8 +107,8 @@ class TemporaryProfile {
 class PipeTransport : public Transport {
   public:
     PipeTransport(UniqueHandle fromEngine, UniqueHandle toEngine, UniqueHandle process, UniqueHandle job,
-                  TemporaryProfile profile)
-        : Transport(std::move(fromEngine), std::move(toEngine)),
+                  TemporaryProfile profile, std::wstring downloadFolder)
+        : Transport(std::move(fromEngine), std::move(toEngine), std::move(downloadFolder)),
           process_(std::move(process)),
           job_(std::move(job)),
           profile_(std::move(profile)) {}
@@ -160,9 +160,12 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine, const s
     RemoveStaleProfiles(folder);
     TemporaryProfile temporary;
     if (profile.empty()) temporary.Create(folder);
+    const std::wstring& used = profile.empty() ? temporary.Path() : profile;
+    const std::wstring downloadFolder = used + L"\\downloads";
+    DeleteFolder(downloadFolder);  // the remains of a killed process
     // An elevated engine would restart itself without elevation, and lose the pipes.
     std::wstring line = QuoteArgument(engine) + EngineArguments() + L" --do-not-de-elevate " +
-                        QuoteArgument(L"--user-data-dir=" + (profile.empty() ? temporary.Path() : profile)) +
+                        QuoteArgument(L"--user-data-dir=" + used) +
                         L" --remote-debugging-pipe --remote-debugging-io-pipes=" + HandleText(toEngine.read) +
                         L"," + HandleText(fromEngine.write) + L" about:blank";
     MakeInheritable(toEngine.read);
@@ -183,7 +186,8 @@ std::unique_ptr<Transport> StartThroughPipes(const std::wstring& engine, const s
     UniqueHandle job = AssignToJob(process.Get());
     ResumeThread(thread.Get());
     return std::make_unique<PipeTransport>(std::move(fromEngine.read), std::move(toEngine.write),
-                                           std::move(process), std::move(job), std::move(temporary));
+                                           std::move(process), std::move(job), std::move(temporary),
+                                           downloadFolder);
 }
 
 }  // namespace tarvik

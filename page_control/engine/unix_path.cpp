@@ -4,6 +4,7 @@
 
 #include "base/module_function.h"
 #include "base/wine.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -28,6 +29,11 @@ auto TakeText(Text* text) {
 std::string UnixPath(const std::wstring& path) {
     static auto* const translate = WineFunction<char* __cdecl(const wchar_t*)>("wine_get_unix_file_name");
     return translate ? TakeText(translate(path.c_str())) : std::string();
+}
+
+std::string EnginePath(const std::wstring& path) {
+    const std::string unixPath = UnixPath(path);
+    return unixPath.empty() ? Narrow(path) : unixPath;
 }
 
 std::wstring DosPath(const std::string& path) {

@@ -59,6 +59,8 @@ bool Page::Connect() {
         bridge = std::make_unique<ScriptBridge>(*target, *this);
         requireOpen();
         SubscribeAll(*target);
+        dialogs_ = std::make_unique<PageDialogs>(
+            window_, *target, [engine = engine_](const std::wstring& text) { engine->Report(text); });
         target_ = std::move(target);
         monitor_ = std::make_unique<ResponseMonitor>(window_, *target_,
                                                      [this](bool responds) { OnResponse(responds); });
@@ -67,6 +69,7 @@ bool Page::Connect() {
         isBlank_ = true;
         scriptAllowed_ = true;
     } catch (const std::exception&) {
+        dialogs_.reset();
         bridge.reset();
         view_.SetTarget(nullptr);
         target.reset();
@@ -81,6 +84,7 @@ void Page::ShowFailure(const std::wstring& text) {
     failed_ = true;
     loading_ = false;
     monitor_.reset();
+    dialogs_.reset();
     bridge_.reset();
     view_.SetTarget(nullptr);
     ShowNotice(text, [this] { Reload(); });
@@ -133,6 +137,7 @@ void Page::Close() {
     const auto self = shared_from_this();
     events_ = nullptr;
     monitor_.reset();
+    dialogs_.reset();
     bridge_.reset();
     view_.SetTarget(nullptr);
     target_.reset();

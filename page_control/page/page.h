@@ -11,6 +11,7 @@
 
 #include "page_control/bridge/script_bridge.h"
 #include "page_control/bridge/staged_globals.h"
+#include "page_control/dialogs/page_dialogs.h"
 #include "page_control/engine/shared_engine.h"
 #include "page_control/page/response_monitor.h"
 #include "page_control/view/page_scale.h"
@@ -143,6 +144,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     PageView view_;
     std::unique_ptr<ScriptBridge> bridge_;
     std::unique_ptr<ResponseMonitor> monitor_;  // while there is a target
+    std::unique_ptr<PageDialogs> dialogs_;
     std::vector<EventRouter::Subscription> subscriptions_;
     ComPtr<StagedGlobals> staged_ = MakeCom<StagedGlobals>();
     std::wstring location_;

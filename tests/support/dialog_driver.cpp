@@ -54,8 +54,25 @@ bool Press(HWND dialog, int button) {
     return WaitFor([&] { return !IsWindow(dialog); });
 }
 
+HWND EditOf(HWND dialog) {
+    HWND found = nullptr;
+    EnumChildWindows(
+        dialog,
+        [](HWND window, LPARAM out) -> BOOL {
+            wchar_t name[16] = {};
+            GetClassNameW(window, name, static_cast<int>(std::size(name)));
+            const bool isEdit = _wcsicmp(name, L"Edit") == 0;
+            if (isEdit) *reinterpret_cast<HWND*>(out) = window;
+            return !isEdit;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
 void EnterFileName(HWND dialog, const std::wstring& name) {
-    SetDlgItemTextW(dialog, kFileName, name.c_str());
+    HWND field = GetDlgItem(dialog, kFileName);
+    if (!field) field = EditOf(dialog);
+    SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);
 }
 

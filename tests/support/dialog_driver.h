@@ -21,6 +21,9 @@ std::wstring TextOf(HWND dialog, int item);
 // Presses a button and waits until the dialog is closed.
 bool Press(HWND dialog, int button);
 
+// The only field of a file dialog of the newer sort, IFileDialog.
+HWND EditOf(HWND dialog);
+
 // Types one or several file names, and presses the default button.
 void EnterFileName(HWND dialog, const std::wstring& name);
 

@@ -24,6 +24,7 @@ class ScriptedEngine : public DevTools {
     bool IsWaiting() const override { return false; }
     bool IsOpen() const override { return true; }
     const std::string& UserAgent() const override { return userAgent_; }
+    const std::wstring& DownloadFolder() const override { return downloadFolder_; }
     std::string OpenPage() override { return "page"; }
     void OpenPage(OpenHandler) override {}
     void ClosePage(const std::string&) override {}
@@ -44,6 +45,7 @@ class ScriptedEngine : public DevTools {
   private:
     std::multimap<std::string, ReplyHandler> handlers_;
     const std::string userAgent_;
+    const std::wstring downloadFolder_;
 };
 
 class Thread : public testing::Test {
