@@ -116,6 +116,7 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewFunction, "copy", "id", "returns whether the page has copied, once the copy is over"},
     {Kind::kViewFunction, "settle", "id, succeeded", "the clipboards hold the same"},
     {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
+    {Kind::kViewFunction, "titleAt", "x, y", "returns the text of a tooltip"},
     {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };
 

@@ -12,6 +12,7 @@
 #include "page_control/view/placement.h"
 #include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
+#include "page_control/view/tooltip.h"
 #include "page_control/view/window_numbers.h"
 #include "page_control/view/window_state.h"
 
@@ -29,6 +30,7 @@ struct PageView::TargetView {
           mouse(window, queue),
           keyboard(queue, clipboard),
           cursor(window, script),
+          tooltip(window, script),
           screencast(window, page, frameBuffer),
           rootWatch(window, std::move(onRootChange)),
           fullScreen(window),
@@ -44,6 +46,7 @@ struct PageView::TargetView {
     MouseInput mouse;
     KeyboardInput keyboard;
     PageCursor cursor;
+    Tooltip tooltip;
     Screencast screencast;
     RootWatch rootWatch;
     FullScreen fullScreen;
@@ -188,6 +191,9 @@ bool PageView::HandleTimer(UINT_PTR timer) {
         case kFrameTimer:
             view.screencast.OnTimer();
             return true;
+        case kTooltipTimer:
+            view.tooltip.OnTimer();
+            return true;
         case kFocusTimer:
             view.state.OnTimer();
             return true;
@@ -202,8 +208,10 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
-    if (!view.mouse.HandleMessage(message, wParam, lParam))
-        return view.keyboard.HandleMessage(message, wParam, lParam);
+    const bool isMouse = view.mouse.HandleMessage(message, wParam, lParam);
+    if (isMouse || (message >= WM_KEYFIRST && message <= WM_KEYLAST))
+        view.tooltip.OnInput(message, view.mouse.LastPoint());
+    if (!isMouse) return view.keyboard.HandleMessage(message, wParam, lParam);
     view.state.OnMouse();
     view.cursor.SetPosition(view.mouse.LastPoint());
     // Messages of the X buttons return TRUE.

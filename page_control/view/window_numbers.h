@@ -8,7 +8,14 @@ namespace tarvik {
 // Of Windows 10: WM_DPICHANGED_AFTERPARENT.
 inline constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
-enum PageTimer : UINT_PTR { kCursorTimer = 1, kFrameTimer, kErrorTimer, kFocusTimer, kResponseTimer };
+enum PageTimer : UINT_PTR {
+    kCursorTimer = 1,
+    kFrameTimer,
+    kErrorTimer,
+    kFocusTimer,
+    kResponseTimer,
+    kTooltipTimer
+};
 
 // The decoder has a frame.
 inline constexpr UINT kFrameMessage = WM_APP + 1;

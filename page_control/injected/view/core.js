@@ -33,6 +33,7 @@ const listen = () => {
 listen();
 if (!isTop) return;
 
+const { cursorAt, titleAt } = makePointer();
 Object.assign(core, {
   // Grows with each button or key that the page receives; no two documents start with the same number.
   received: Math.random(),
@@ -49,7 +50,8 @@ Object.assign(core, {
   hasSelection: clipboard.hasSelection,
   copy: clipboard.copy,
   settle: clipboard.settle,
-  cursorAt: makeCursor(),
+  cursorAt,
+  titleAt,
   watchSize: () => {
     listen();
     pageWindow.watchSize();

@@ -1,5 +1,5 @@
-// The CSS keyword of the cursor at a point of the page.
-const makeCursor = () => {
+// What is under the pointer at a point of the page: the CSS keyword of the cursor, and the text of a tooltip.
+const makePointer = () => {
   // The innermost element, and the point in its own document.
   const elementAt = (x, y) => {
     let root = document;
@@ -37,7 +37,7 @@ const makeCursor = () => {
     return false;
   };
 
-  return (left, above) => {
+  const cursorAt = (left, above) => {
     const { element, x, y } = elementAt(left, above);
     if (!element) return 'default';
     const { cursor, userSelect } = element.ownerDocument.defaultView.getComputedStyle(element);
@@ -46,4 +46,22 @@ const makeCursor = () => {
     if (element.isContentEditable || element.matches(kTextFields)) return 'text';
     return userSelect !== 'none' && isOverText(element, x, y) ? 'text' : 'default';
   };
+
+  const parentOf = (element) => element.assignedSlot ?? element.parentElement ?? element.getRootNode().host;
+
+  const ownTitle = (element) => {
+    const drawn = 'ownerSVGElement' in element && [...element.children].find(({ localName }) => localName === 'title');
+    return drawn ? drawn.textContent.trim() : element.getAttribute('title');
+  };
+
+  // That of the nearest element that has one, even if it is empty.
+  const titleAt = (left, above) => {
+    for (let { element } = elementAt(left, above); element; element = parentOf(element)) {
+      const title = ownTitle(element);
+      if (title !== null) return title;
+    }
+    return '';
+  };
+
+  return { cursorAt, titleAt };
 };
