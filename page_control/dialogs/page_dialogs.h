@@ -8,10 +8,15 @@ namespace tarvik {
 // The dialogs that a page opens through the engine, for the time of a target.
 struct PageDialogs {
     PageDialogs(HWND window, PageTarget& target, Downloads::Report report)
-        : queue(target.EnginePointer()),
+        : window(window),
+          queue(target.EnginePointer()),
           fileChooser(window, target, queue),
           downloads(window, target, queue, std::move(report)) {}
 
+    // Lets the user choose a value for a field; null if he cancels.
+    void ChooseValue(const Json& field, std::function<void(const Json& value)> onChoice);
+
+    HWND window;
     DialogQueue queue;
     FileChooser fileChooser;
     Downloads downloads;

@@ -20,7 +20,10 @@ Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events
     : engine_(std::move(engine)),
       window_(window),
       events_(&events),
-      view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); }}) {}
+      view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); },
+                     [this](const Json& field, auto onChoice) {
+                         if (dialogs_) dialogs_->ChooseValue(field, std::move(onChoice));
+                     }}) {}
 
 void Page::Navigate(const std::wstring& destination) {
     requested_ = destination;

@@ -15,13 +15,15 @@
 #include "page_control/view/tooltip.h"
 #include "page_control/view/window_numbers.h"
 #include "page_control/view/window_state.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
 struct PageView::TargetView {
     TargetView(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
                ViewScript::EventHandler onEvent, std::function<void()> onRootChange)
-        : script(page, textIsSelectable, std::move(onEvent)),
+        : target(page),
+          script(page, textIsSelectable, std::move(onEvent)),
           engineWindow(page),
           placement(window, page, engineWindow, script),
           queue(page, script),
@@ -37,6 +39,7 @@ struct PageView::TargetView {
           newDocument(
               page.Events().Subscribe<event::ContextsCleared>([this](const auto&) { fullScreen.Leave(); })) {}
 
+    PageTarget& target;
     ViewScript script;
     EngineWindow engineWindow;
     Placement placement;
@@ -108,11 +111,24 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
             return view->clipboard.OnRead(event.text);
         case ViewScript::PageEvent::Type::kNewWindow:
             return options_.onNewWindow(event.text);
+        case ViewScript::PageEvent::Type::kPicker:
+            return OnPicker(Json::parse(Narrow(event.text)));
         case ViewScript::PageEvent::Type::kSize:
             return view->placement.OnSizeReport(event.text == L"seen");
         case ViewScript::PageEvent::Type::kFullScreen:
             return event.text == L"on" ? view->fullScreen.Enter() : view->fullScreen.Leave();
     }
+}
+
+// The engine's invisible picker takes the Escape that closes it; the page gets no key.
+void PageView::OnPicker(const Json& field) {
+    targetView_->target.Post(
+        "Input.dispatchKeyEvent",
+        {{"type", "rawKeyDown"}, {"key", "Escape"}, {"windowsVirtualKeyCode", VK_ESCAPE}});
+    options_.onPicker(field, [view = std::weak_ptr(targetView_), id = field.at("id")](const Json& value) {
+        const auto target = view.lock();
+        if (target) target->script.Call("pick", id.dump() + "," + value.dump(), [](const Json&) {});
+    });
 }
 
 void PageView::OnWindowChange() {

@@ -21,6 +21,10 @@ class PageView {
         bool textIsSelectable = true;  // by the mouse
         // The page requests a window with this address.
         std::function<void(const std::wstring& url)> onNewWindow;
+        // The user is to choose a value for a field, described in JSON. `onChoice` takes it; null if he
+        // cancels.
+        using ChoiceHandler = std::function<void(const Json& value)>;
+        std::function<void(const Json& field, ChoiceHandler onChoice)> onPicker;
     };
     PageView(HWND window, Options options);
     ~PageView();
@@ -56,6 +60,7 @@ class PageView {
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     void OnPageEvent(const ViewScript::PageEvent& event);
     void OnWindowChange();
+    void OnPicker(const Json& field);
 
     HWND window_;
     const Options options_;

@@ -16,8 +16,8 @@ struct EventName {
 };
 
 constexpr EventName kEvents[] = {
-    {"copied", EventType::kCopied}, {"reading", EventType::kReading},       {"window", EventType::kNewWindow},
-    {"size", EventType::kSize},     {"fullscreen", EventType::kFullScreen},
+    {"copied", EventType::kCopied}, {"reading", EventType::kReading}, {"window", EventType::kNewWindow},
+    {"size", EventType::kSize},     {"picker", EventType::kPicker},   {"fullscreen", EventType::kFullScreen},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {

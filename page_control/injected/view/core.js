@@ -21,7 +21,10 @@ const receipts = makeReceipts(core);
 const clipboard = makeClipboard(core, post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
-const listeners = [...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners];
+const pickers = makePickers(core, post);
+const listeners = [
+  ...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners, ...pickers.listeners,
+];
 const pageWindow = isTop ? makeWindow(post) : null;
 if (isTop) listeners.push(...pageWindow.listeners);
 const listen = () => {
@@ -41,6 +44,7 @@ Object.assign(core, {
   requests: 0,
   copies: { __proto__: null },
   settlers: { __proto__: null },
+  fields: { __proto__: null },
   setTimer: setTimeout.bind(window),
 
   receipt: (isText) => {
@@ -50,6 +54,7 @@ Object.assign(core, {
   hasSelection: clipboard.hasSelection,
   copy: clipboard.copy,
   settle: clipboard.settle,
+  pick: pickers.pick,
   cursorAt,
   titleAt,
   watchSize: () => {

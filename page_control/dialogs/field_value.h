@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The values of fields for a date or a time, as HTML writes them. Independent of dialogs.
+namespace tarvik {
+
+enum class FieldType { kDate, kTime, kDateTime, kMonth, kWeek };
+
+// "date", "time", "datetime-local", "month" or "week".
+std::optional<FieldType> FieldTypeOf(std::string_view name);
+
+bool HasDate(FieldType type);
+bool HasTime(FieldType type);
+
+// Empty if the text is no value of this type. A week becomes its Monday; parts that the type does not have
+// are those of `other`.
+std::optional<SYSTEMTIME> ParseFieldValue(FieldType type, const std::string& text, const SYSTEMTIME& other);
+
+std::string FieldValueOf(FieldType type, const SYSTEMTIME& time);
+
+}  // namespace tarvik

@@ -1,0 +1,36 @@
+#include "page_control/dialogs/field_value.h"
+
+#include "tests/support/test.h"
+
+namespace tarvik {
+namespace {
+
+const SYSTEMTIME kNow = {2026, 11, 4, 26, 10, 57, 0, 0};
+
+std::string ThroughDialog(std::string_view type, const std::string& text) {
+    const auto time = ParseFieldValue(*FieldTypeOf(type), text, kNow);
+    return time ? FieldValueOf(*FieldTypeOf(type), *time) : "no value";
+}
+
+TEST(FieldValue, SurvivesTheDialog) {
+    for (const auto& [type, text] :
+         {std::pair("date", "2024-02-29"), std::pair("time", "09:05"), std::pair("time", "23:59:58"),
+          std::pair("datetime-local", "0099-12-31T00:00"), std::pair("month", "2024-02"),
+          std::pair("week", "2024-W09"),
+          // A week belongs to the year of its Thursday.
+          std::pair("week", "2020-W53"), std::pair("week", "2021-W01"), std::pair("week", "2026-W53"),
+          std::pair("week", "2025-W01")})
+        EXPECT_EQ(ThroughDialog(type, text), text);
+}
+
+TEST(FieldValue, IsThatOfTheCalendarsDay) {
+    EXPECT_EQ(ThroughDialog("date", ""), "no value");
+    EXPECT_EQ(ThroughDialog("week", "2024-02"), "no value");
+    const SYSTEMTIME newYear = {2021, 1, 0, 3, 0, 0, 0, 0};
+    EXPECT_EQ(FieldValueOf(FieldType::kWeek, newYear), "2020-W53");
+    EXPECT_EQ(FieldValueOf(FieldType::kMonth, kNow), "2026-11");
+    EXPECT_FALSE(FieldTypeOf("color"));
+}
+
+}  // namespace
+}  // namespace tarvik
