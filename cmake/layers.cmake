@@ -20,7 +20,7 @@ set(LAYER_plugins_system base app/log app/command_line script contract host/plug
 set(LAYER_page_control_encoding base)
 set(LAYER_page_control_engine base)
 set(LAYER_page_control_clipboard base page_control/encoding page_control/engine)
-set(LAYER_page_control_dialogs base page_control/engine)
+set(LAYER_page_control_dialogs base page_control/encoding page_control/engine)
 set(LAYER_page_control_injected base page_control/engine)
 set(LAYER_page_control_view base page_control/clipboard page_control/encoding page_control/engine page_control/injected)
 set(LAYER_page_control_bridge base page_control/engine page_control/injected)

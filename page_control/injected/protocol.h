@@ -109,6 +109,7 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewEvent, "reading", "id", "the page waits to read the clipboard"},
     {Kind::kViewEvent, "window", "url", "a click requests a new window"},
     {Kind::kViewEvent, "size", "seen or missed", "after \"watchSize\": whether the page got the event"},
+    {Kind::kViewEvent, "print", "title", "window.print"},
     {Kind::kViewEvent, "picker", "JSON",
      "the engine has opened the picker of a field: id, type, value, min, max"},
     {Kind::kViewEvent, "fullscreen", "on or off", "an element fills the screen, or none does"},

@@ -25,6 +25,8 @@ class PageView {
         // cancels.
         using ChoiceHandler = std::function<void(const Json& value)>;
         std::function<void(const Json& field, ChoiceHandler onChoice)> onPicker;
+        // The page asks to be printed.
+        std::function<void(const std::wstring& title)> onPrint;
     };
     PageView(HWND window, Options options);
     ~PageView();

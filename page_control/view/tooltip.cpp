@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "page_control/view/page_scale.h"
 #include "page_control/view/window_numbers.h"
 #include "tarvik/text.h"
 
@@ -35,7 +36,8 @@ void Tooltip::OnInput(UINT message, POINT point) {
 void Tooltip::OnTimer() {
     if (tip_) return Hide();
     KillTimer(window_, kTooltipTimer);
-    script_.Call("titleAt", std::to_string(point_.x) + "," + std::to_string(point_.y),
+    const double scale = PageScaleOf(window_);
+    script_.Call("titleAt", std::to_string(point_.x / scale) + "," + std::to_string(point_.y / scale),
                  [this, alive = std::weak_ptr(alive_), rest = rests_](const Json& title) {
                      const bool isCurrent = !alive.expired() && rest == rests_;
                      if (isCurrent && title.is_string()) Show(Widen(title.get_ref<const std::string&>()));

@@ -16,8 +16,10 @@ struct EventName {
 };
 
 constexpr EventName kEvents[] = {
-    {"copied", EventType::kCopied}, {"reading", EventType::kReading}, {"window", EventType::kNewWindow},
-    {"size", EventType::kSize},     {"picker", EventType::kPicker},   {"fullscreen", EventType::kFullScreen},
+    {"copied", EventType::kCopied},         {"reading", EventType::kReading},
+    {"window", EventType::kNewWindow},      {"size", EventType::kSize},
+    {"picker", EventType::kPicker},         {"print", EventType::kPrint},
+    {"fullscreen", EventType::kFullScreen},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {

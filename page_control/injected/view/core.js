@@ -22,6 +22,7 @@ const clipboard = makeClipboard(core, post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
 const pickers = makePickers(core, post);
+makePrint(post);
 const listeners = [
   ...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners, ...pickers.listeners,
 ];
