@@ -3,7 +3,6 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
-#include <cstdio>
 #include <cstdlib>
 
 #include "page_control/dialogs/dialog_template.h"
@@ -26,8 +25,8 @@ std::optional<std::string> ChooseColour(HWND owner, const std::string& value) {
     dialog.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
     if (!ChooseColorW(&dialog)) return std::nullopt;
     char text[16];
-    snprintf(text, sizeof text, "#%02x%02x%02x", GetRValue(dialog.rgbResult), GetGValue(dialog.rgbResult),
-             GetBValue(dialog.rgbResult));
+    wsprintfA(text, "#%02x%02x%02x", GetRValue(dialog.rgbResult), GetGValue(dialog.rgbResult),
+              GetBValue(dialog.rgbResult));
     return text;
 }
 
