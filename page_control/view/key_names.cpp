@@ -227,17 +227,36 @@ std::string CharacterOf(UINT virtualKey, UINT scanCode, const BYTE (&state)[256]
     return length > 0 && text[0] >= L' ' ? Narrow({text, static_cast<size_t>(length)}) : std::string();
 }
 
-// Ctrl and Alt change a key's meaning only together, as AltGr, and only for some keys.
-std::string CharacterOf(UINT virtualKey, UINT scanCode) {
+// With Ctrl and Alt, which change a key's meaning only together, and only for some keys.
+std::string AltGraphCharacterOf(UINT virtualKey, UINT scanCode) {
     BYTE state[256] = {};
     GetKeyboardState(state);
-    if (state[VK_CONTROL] & state[VK_MENU] & 0x80) {
-        const std::string text = CharacterOf(virtualKey, scanCode, state);
-        if (!text.empty()) return text;
-    }
+    return state[VK_CONTROL] & state[VK_MENU] & 0x80 ? CharacterOf(virtualKey, scanCode, state)
+                                                     : std::string();
+}
+
+std::string CharacterOf(UINT virtualKey, UINT scanCode) {
+    const std::string text = AltGraphCharacterOf(virtualKey, scanCode);
+    if (!text.empty()) return text;
+    BYTE state[256] = {};
+    GetKeyboardState(state);
     for (const int key : {VK_CONTROL, VK_LCONTROL, VK_RCONTROL, VK_MENU, VK_LMENU, VK_RMENU})
         state[key] = 0;
     return CharacterOf(virtualKey, scanCode, state);
+}
+
+// Whether the keyboard layout types a character of a western alphabet, or the euro sign, with AltGr.
+bool LayoutHasAltGraph() {
+    constexpr wchar_t kLastLatin = 0x17F;
+    constexpr int kControlAndAlt = 6;
+    const auto needsAltGraph = [](wchar_t character) {
+        const SHORT key = VkKeyScanW(character);
+        return key != -1 && (HIBYTE(key) & kControlAndAlt) == kControlAndAlt;
+    };
+    for (wchar_t character = L'!'; character <= kLastLatin; ++character) {
+        if (needsAltGraph(character)) return true;
+    }
+    return needsAltGraph(L'\u20AC');
 }
 
 }  // namespace
@@ -254,11 +273,16 @@ KeyLocation LocationOfKey(std::string_view code) {
     return KeyLocation::kStandard;
 }
 
-std::string KeyName(UINT virtualKey, UINT scanCode) {
+std::string KeyName(UINT virtualKey, UINT scanCode, bool extended) {
     if (virtualKey >= VK_F1 && virtualKey <= VK_F24) return "F" + std::to_string(virtualKey - VK_F1 + 1);
+    if (virtualKey == VK_MENU && extended && LayoutHasAltGraph()) return "AltGraph";
     std::string name = Find(kKeys, virtualKey);
     if (name.empty()) name = CharacterOf(virtualKey, scanCode);
     return name.empty() ? "Unidentified" : name;
+}
+
+bool TypesWithAltGraph(UINT virtualKey, UINT scanCode) {
+    return *Find(kKeys, virtualKey) == '\0' && !AltGraphCharacterOf(virtualKey, scanCode).empty();
 }
 
 }  // namespace tarvik

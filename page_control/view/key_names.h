@@ -15,7 +15,10 @@ namespace tarvik {
 std::string KeyCodeName(UINT scanCode, bool extended);
 
 // "Unidentified" for keys with neither a name nor a character.
-std::string KeyName(UINT virtualKey, UINT scanCode);
+std::string KeyName(UINT virtualKey, UINT scanCode, bool extended);
+
+// Whether Ctrl and Alt are held and stand for AltGr, because the key types a character with them.
+bool TypesWithAltGraph(UINT virtualKey, UINT scanCode);
 
 // Distinguishes keys of the same name; the numbers are those of KeyboardEvent.location.
 enum class KeyLocation { kStandard, kLeft, kRight, kKeypad };

@@ -37,6 +37,12 @@ bool IsHistoryKey(UINT virtualKey) {
     return virtualKey == VK_BROWSER_BACK || virtualKey == VK_BROWSER_FORWARD;
 }
 
+// As a page gets them with a key: AltGr selects a character, and would make a shortcut of it.
+int ModifiersOf(UINT virtualKey, LPARAM lParam) {
+    const int modifiers = KeyModifiers();
+    return TypesWithAltGraph(virtualKey, ScanCodeOf(lParam)) ? modifiers & ~kAltAndControl : modifiers;
+}
+
 // Whether the key, with the modifiers that are held, never types a character. Ctrl and Alt together are
 // AltGr.
 bool IsCommandKey(UINT virtualKey) {
@@ -84,12 +90,23 @@ void KeyboardInput::OnKey(UINT virtualKey, LPARAM lParam, bool down) {
                {{"type", down ? PressType(virtualKey) : "keyUp"},
                 {"windowsVirtualKeyCode", virtualKey},
                 {"nativeVirtualKeyCode", virtualKey},
-                {"key", KeyName(virtualKey, ScanCodeOf(lParam))},
+                {"key", NameOf(virtualKey, lParam, down)},
                 {"code", code},
                 {"autoRepeat", down && (lParam & kWasDown) != 0},
                 {"isKeypad", location == KeyLocation::kKeypad},
                 {"location", location == KeyLocation::kKeypad ? 0 : static_cast<int>(location)},
-                {"modifiers", KeyModifiers()}});
+                {"modifiers", ModifiersOf(virtualKey, lParam)}});
+}
+
+// The layout does not name a dead key that is pending. But its character is in the queue by now.
+std::string KeyboardInput::NameOf(UINT virtualKey, LPARAM lParam, bool down) {
+    MSG dead;
+    if (down && PeekMessageW(&dead, window_, WM_DEADCHAR, WM_DEADCHAR, PM_NOREMOVE) &&
+        CodeOf(dead.lParam) == CodeOf(lParam))
+        deadKey_ = virtualKey;
+    const bool isDead = virtualKey == deadKey_;
+    if (isDead && !down) deadKey_ = 0;
+    return isDead ? "Dead" : KeyName(virtualKey, ScanCodeOf(lParam), (lParam & kExtended) != 0);
 }
 
 void KeyboardInput::OnCharacter(wchar_t character, LPARAM lParam) {

@@ -30,7 +30,7 @@ struct PageView::TargetView {
           state(window, page, engineWindow, queue),
           clipboard(page, script, queue),
           mouse(window, queue),
-          keyboard(queue, clipboard),
+          keyboard(window, queue, clipboard),
           cursor(window, script),
           tooltip(window, script),
           screencast(window, page, frameBuffer),

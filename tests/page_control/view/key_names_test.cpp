@@ -27,7 +27,7 @@ TEST(KeyNames, DistinguishKeysOfTheSameScanCodeOrMeaning) {
         SCOPED_TRACE(key.code);
         EXPECT_EQ(KeyCodeName(key.scanCode, key.extended), key.code);
         EXPECT_EQ(LocationOfKey(key.code), key.location);
-        EXPECT_EQ(KeyName(key.virtualKey, key.scanCode), key.key);
+        EXPECT_EQ(KeyName(key.virtualKey, key.scanCode, key.extended), key.key);
     }
 }
 
