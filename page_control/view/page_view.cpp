@@ -4,6 +4,7 @@
 #include "page_control/view/cursor.h"
 #include "page_control/view/edit_menu.h"
 #include "page_control/view/full_screen.h"
+#include "page_control/view/ime_input.h"
 #include "page_control/view/input_queue.h"
 #include "page_control/view/keyboard_input.h"
 #include "page_control/view/mouse_input.h"
@@ -31,6 +32,7 @@ struct PageView::TargetView {
           clipboard(page, script, queue),
           mouse(window, queue),
           keyboard(window, queue, clipboard),
+          ime(window, script, queue),
           cursor(window, script),
           tooltip(window, script),
           screencast(window, page, frameBuffer),
@@ -48,6 +50,7 @@ struct PageView::TargetView {
     PageClipboard clipboard;
     MouseInput mouse;
     KeyboardInput keyboard;
+    ImeInput ime;
     PageCursor cursor;
     Tooltip tooltip;
     Screencast screencast;
@@ -117,6 +120,8 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
             return OnPicker(Json::parse(Narrow(event.text)));
         case ViewScript::PageEvent::Type::kSize:
             return view->placement.OnSizeReport(event.text == L"seen");
+        case ViewScript::PageEvent::Type::kFocus:
+            return view->ime.Enable(event.text == L"text");
         case ViewScript::PageEvent::Type::kFullScreen:
             return event.text == L"on" ? view->fullScreen.Enter() : view->fullScreen.Leave();
     }
@@ -188,6 +193,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
         case kDpiChangedAfterParent:
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
+            if (message == WM_KILLFOCUS) view.ime.Complete();
             OnWindowChange();
             return false;
         case WM_SETCURSOR:
@@ -222,10 +228,14 @@ bool PageView::HandleTimer(UINT_PTR timer) {
 
 bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const std::weak_ptr<TargetView> before = targetView_;
-    if (MouseInput::IsPress(message)) SetFocus(window_);
+    if (MouseInput::IsPress(message)) {
+        targetView_->ime.Complete();
+        SetFocus(window_);
+    }
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
+    if (view.ime.HandleMessage(message, wParam, lParam, result)) return true;
     const bool isMouse = view.mouse.HandleMessage(message, wParam, lParam);
     if (isMouse || (message >= WM_KEYFIRST && message <= WM_KEYLAST))
         view.tooltip.OnInput(message, view.mouse.LastPoint());

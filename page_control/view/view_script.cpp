@@ -19,7 +19,7 @@ constexpr EventName kEvents[] = {
     {"copied", EventType::kCopied},         {"reading", EventType::kReading},
     {"window", EventType::kNewWindow},      {"size", EventType::kSize},
     {"picker", EventType::kPicker},         {"print", EventType::kPrint},
-    {"fullscreen", EventType::kFullScreen},
+    {"fullscreen", EventType::kFullScreen}, {"focus", EventType::kFocus},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {

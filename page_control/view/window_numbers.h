@@ -19,5 +19,7 @@ enum PageTimer : UINT_PTR {
 
 // The decoder has a frame.
 inline constexpr UINT kFrameMessage = WM_APP + 1;
+// An input method has given a composition up, unless its result has come meanwhile.
+inline constexpr UINT kCancelMessage = WM_APP + 2;
 
 }  // namespace tarvik

@@ -18,13 +18,14 @@ if (!core) return;
 const { addEventListener } = EventTarget.prototype;
 const { apply } = Reflect;
 const receipts = makeReceipts(core);
+const caret = makeCaret(post);
 const clipboard = makeClipboard(core, post);
-
-// Adding a listener again has no effect, unless document.open() has removed them all.
 const pickers = makePickers(core, post);
 makePrint(post);
+
+// Adding a listener again has no effect, unless document.open() has removed them all.
 const listeners = [
-  ...receipts.listeners, ...clipboard.listeners, ...makeLinks(post).listeners, ...pickers.listeners,
+  ...receipts.listeners, ...caret.listeners, ...clipboard.listeners, ...makeLinks(post).listeners, ...pickers.listeners,
 ];
 const pageWindow = isTop ? makeWindow(post) : null;
 if (isTop) listeners.push(...pageWindow.listeners);
@@ -52,6 +53,7 @@ Object.assign(core, {
     listen();
     return receipts.receipt(isText);
   },
+  caret: caret.place,
   hasSelection: clipboard.hasSelection,
   copy: clipboard.copy,
   settle: clipboard.settle,
