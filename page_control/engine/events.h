@@ -140,6 +140,12 @@ struct DownloadProgress {
     std::string state;  // "inProgress", "completed" or "canceled", which includes failures
 };
 
+struct DragIntercepted {
+    static constexpr const char* kMethod = "Input.dragIntercepted";
+    static DragIntercepted Parse(const json& params) { return {params.at("data")}; }
+    json data;  // Input.DragData
+};
+
 struct WindowOpen {
     static constexpr const char* kMethod = "Page.windowOpen";
     static WindowOpen Parse(const json& params) { return {detail::Text(params, "url")}; }

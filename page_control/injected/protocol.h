@@ -123,6 +123,10 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewFunction, "caret", "", "returns left, top and height of the caret, or null"},
     {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
     {Kind::kViewFunction, "titleAt", "x, y", "returns the text of a tooltip"},
+    {Kind::kViewFunction, "dragImage", "",
+     "returns a box of the page, a hot spot in it, and a data URL or an empty text"},
+    {Kind::kViewFunction, "dropEffect", "", "returns what the page would do with a drop"},
+    {Kind::kViewFunction, "endDrag", "effect", "tells what a drop outside of the page has done"},
     {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };
 

@@ -86,6 +86,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void ListenToMouse();
     void OpenEditMenu(POINT screen);
     void AllowScript(bool allowed);
+    DropReceiver* Drops() const { return view_.Drops(); }
 
     // Handles a message of the window; true if `result` is the return value.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);

@@ -126,7 +126,11 @@ void PageControl::RegisterDropTarget() {
     ComPtr<IDropTarget> target;
     const auto handler = Query<IDocHostUIHandler>(site_.Get());
     if (handler) handler->GetDropTarget(nullptr, target.GetAddressOf());
-    if (target) RegisterDragDrop(windows_->Server(), target.Get());
+    const auto drops = [weak = std::weak_ptr(page_)] {
+        const auto page = weak.lock();
+        return page ? page->Drops() : nullptr;
+    };
+    RegisterDragDrop(windows_->Server(), MakeCom<DropTarget>(target, drops).Get());
 }
 
 STDMETHODIMP PageControl::UIDeactivate() {

@@ -36,6 +36,25 @@ SIZE FrameBuffer::Size() const {
     return {pixels_.width, pixels_.height};
 }
 
+Pixels FrameBuffer::Crop(POINT origin, SIZE size, POINT& inArea) const {
+    constexpr std::uint32_t kOpaque = 0xFF000000;
+    const std::lock_guard lock(lock_);
+    const RECT frame = {0, 0, pixels_.width, pixels_.height};
+    const RECT wanted = {origin.x, origin.y, origin.x + size.cx, origin.y + size.cy};
+    RECT area = {};
+    if (!IntersectRect(&area, &frame, &wanted)) return {};
+    inArea.x -= area.left - origin.x;
+    inArea.y -= area.top - origin.y;
+    Pixels copy = {area.right - area.left, area.bottom - area.top, {}};
+    copy.colors.reserve(static_cast<size_t>(copy.width) * copy.height);
+    for (LONG y = area.top; y < area.bottom; ++y) {
+        const auto* const row = pixels_.colors.data() + static_cast<size_t>(y) * pixels_.width;
+        for (LONG x = area.left; x < area.right; ++x)
+            copy.colors.push_back(row[x] | kOpaque);
+    }
+    return copy;
+}
+
 void FrameBuffer::Paint(HDC target, const RECT& area, double scale) const {
     const std::lock_guard lock(lock_);
     if (pixels_.colors.empty()) return Fill(target, area, kBackground);

@@ -20,6 +20,10 @@ class FrameBuffer {
     // colour of its last pixel.
     void Paint(HDC target, const RECT& area, double scale) const;
 
+    // A copy of what the frame shows of an area. `inArea` is a place in the area, and becomes the same place
+    // in the copy.
+    Pixels Crop(POINT origin, SIZE size, POINT& inArea) const;
+
   private:
     mutable std::mutex lock_;
     Pixels pixels_;

@@ -1,7 +1,9 @@
 #include "page_control/view/ime_input.h"
 
+#include <cmath>
 #include <utility>
 
+#include "page_control/view/page_scale.h"
 #include "page_control/view/window_numbers.h"
 #include "tarvik/text.h"
 
@@ -125,7 +127,9 @@ void ImeInput::PlaceWindows() {
 }
 
 void ImeInput::OnCaret(const Json& caret) {
-    const LONG left = caret.at(0), top = caret.at(1), height = caret.at(2);
+    const double scale = PageScaleOf(window_);
+    const auto pixels = [&](size_t index) { return std::lround(static_cast<LONG>(caret.at(index)) * scale); };
+    const LONG left = pixels(0), top = pixels(1), height = pixels(2);
     caret_ = {left, top, left + 1, top + height};
     const InputContext context(window_);
     COMPOSITIONFORM composition = {CFS_POINT, {left, top}, {}};

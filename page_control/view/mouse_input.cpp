@@ -127,6 +127,12 @@ void MouseInput::OnCaptureLost() {
         OnRelease(button, kOutside);
 }
 
+void MouseInput::Forget() {
+    buttons_ = 0;
+    clicks_ = {};
+    if (GetCapture() == window_) ReleaseCapture();
+}
+
 void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
     // Both messages carry a screen position, except that Wine's horizontal one is relative to the window.
     POINT point = PointOf(horizontal ? static_cast<LPARAM>(GetMessagePos()) : lParam);

@@ -24,6 +24,9 @@ class MouseInput {
     // Whether a button whose press the page received is still down.
     bool IsHeld() const { return buttons_ != 0; }
 
+    // Ends a press whose release the page must not get.
+    void Forget();
+
     // The pointer's position in the window; (-1, -1) outside.
     POINT LastPoint() const { return last_; }
 

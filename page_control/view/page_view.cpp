@@ -9,6 +9,7 @@
 #include "page_control/view/keyboard_input.h"
 #include "page_control/view/mouse_input.h"
 #include "page_control/view/page_clipboard.h"
+#include "page_control/view/page_drag.h"
 #include "page_control/view/page_scale.h"
 #include "page_control/view/placement.h"
 #include "page_control/view/root_watch.h"
@@ -33,6 +34,7 @@ struct PageView::TargetView {
           mouse(window, queue),
           keyboard(window, queue, clipboard),
           ime(window, script, queue),
+          drag(window, page, script, queue, mouse, frameBuffer),
           cursor(window, script),
           tooltip(window, script),
           screencast(window, page, frameBuffer),
@@ -51,6 +53,7 @@ struct PageView::TargetView {
     MouseInput mouse;
     KeyboardInput keyboard;
     ImeInput ime;
+    PageDrag drag;
     PageCursor cursor;
     Tooltip tooltip;
     Screencast screencast;
@@ -82,6 +85,10 @@ void PageView::SetInNativeCall(bool inCall) {
 
 bool PageView::IsMouseHeld() const {
     return targetView_ && targetView_->mouse.IsHeld();
+}
+
+DropReceiver* PageView::Drops() const {
+    return targetView_ ? &targetView_->drag : nullptr;
 }
 
 void PageView::OpenEditMenu(POINT screen) {
@@ -220,6 +227,9 @@ bool PageView::HandleTimer(UINT_PTR timer) {
             return true;
         case kFocusTimer:
             view.state.OnTimer();
+            return true;
+        case kDragTimer:
+            view.drag.OnTimer();
             return true;
         default:
             return false;

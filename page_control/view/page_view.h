@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "page_control/drag/drop_target.h"
 #include "page_control/engine/devtools.h"
 #include "page_control/view/frame_buffer.h"
 #include "page_control/view/notice.h"
@@ -48,6 +49,9 @@ class PageView {
 
     // Whether a mouse button whose press the page received is still down.
     bool IsMouseHeld() const;
+
+    // Receives what is dragged over the page; null without one.
+    DropReceiver* Drops() const;
 
     // Opens the menu of a text field, after a query of the page's selection.
     void OpenEditMenu(POINT screen);

@@ -14,7 +14,8 @@ enum PageTimer : UINT_PTR {
     kErrorTimer,
     kFocusTimer,
     kResponseTimer,
-    kTooltipTimer
+    kTooltipTimer,
+    kDragTimer
 };
 
 // The decoder has a frame.

@@ -20,12 +20,14 @@ const { apply } = Reflect;
 const receipts = makeReceipts(core);
 const caret = makeCaret(post);
 const clipboard = makeClipboard(core, post);
+const drag = makeDrag(core);
 const pickers = makePickers(core, post);
 makePrint(post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
 const listeners = [
-  ...receipts.listeners, ...caret.listeners, ...clipboard.listeners, ...makeLinks(post).listeners, ...pickers.listeners,
+  ...receipts.listeners, ...caret.listeners, ...clipboard.listeners, ...drag.listeners, ...makeLinks(post).listeners,
+  ...pickers.listeners,
 ];
 const pageWindow = isTop ? makeWindow(post) : null;
 if (isTop) listeners.push(...pageWindow.listeners);
@@ -60,6 +62,9 @@ Object.assign(core, {
   pick: pickers.pick,
   cursorAt,
   titleAt,
+  dragImage: drag.image,
+  dropEffect: drag.effect,
+  endDrag: drag.end,
   watchSize: () => {
     listen();
     pageWindow.watchSize();
