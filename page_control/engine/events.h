@@ -191,4 +191,8 @@ struct Resumed : detail::WithoutParameters<Resumed> {
     static constexpr const char* kMethod = "Debugger.resumed";
 };
 
+struct NodesUpdated : detail::WithoutParameters<NodesUpdated> {
+    static constexpr const char* kMethod = "Accessibility.nodesUpdated";
+};
+
 }  // namespace tarvik::event

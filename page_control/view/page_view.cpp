@@ -1,5 +1,6 @@
 #include "page_control/view/page_view.h"
 
+#include "page_control/accessibility/page_accessibility.h"
 #include "page_control/engine/launch.h"
 #include "page_control/view/cursor.h"
 #include "page_control/view/edit_menu.h"
@@ -39,9 +40,17 @@ struct PageView::TargetView {
           tooltip(window, script),
           screencast(window, page, frameBuffer),
           rootWatch(window, std::move(onRootChange)),
+          accessibility(window, page, [this](const std::function<void()>& task) { QueueTask(task); }),
           fullScreen(window),
           newDocument(
               page.Events().Subscribe<event::ContextsCleared>([this](const auto&) { fullScreen.Leave(); })) {}
+
+    void QueueTask(const std::function<void()>& task) {
+        queue.AddTask([task](const std::function<void()>& done) {
+            task();
+            done();
+        });
+    }
 
     PageTarget& target;
     ViewScript script;
@@ -58,6 +67,7 @@ struct PageView::TargetView {
     Tooltip tooltip;
     Screencast screencast;
     RootWatch rootWatch;
+    PageAccessibility accessibility;
     FullScreen fullScreen;
     EventRouter::Subscription newDocument;
 };
@@ -77,6 +87,8 @@ void PageView::SetTarget(PageTarget* target) {
             [this](const ViewScript::PageEvent& event) { OnPageEvent(event); }, [this] { OnWindowChange(); });
     }
     InvalidateRect(window_, nullptr, FALSE);
+    // Screen readers ask for the window's content again.
+    NotifyWinEvent(EVENT_OBJECT_REORDER, window_, OBJID_CLIENT, CHILDID_SELF);
 }
 
 void PageView::SetInNativeCall(bool inCall) {
@@ -189,7 +201,10 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
         case kFrameMessage:
             view.screencast.OnFrame();
             view.cursor.Refresh();
+            view.accessibility.OnChange();
             return true;
+        case WM_GETOBJECT:
+            return view.accessibility.OnGetObject(wParam, lParam, result);
         case WM_TIMER:
             return HandleTimer(wParam);
         case WM_SIZE:
@@ -202,6 +217,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
         case WM_KILLFOCUS:
             if (message == WM_KILLFOCUS) view.ime.Complete();
             OnWindowChange();
+            if (message == WM_SETFOCUS) view.accessibility.OnFocus();
             return false;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) return false;
