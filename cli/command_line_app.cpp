@@ -18,8 +18,8 @@ bool IsOption(std::string_view word) {
     return word.size() > 1 && word.front() == '-';
 }
 
-// "usage: tarvik-pack build FOLDER --output APP [OPTIONS]" names all that is required, and [OPTIONS] if there are
-// any besides --help.
+// "usage: tarvik-pack build FOLDER --output APP [OPTIONS]" names all that is required, and [OPTIONS] if there
+// are any besides --help.
 class HelpFormatter : public CLI::Formatter {
   public:
     HelpFormatter() { label("Positionals", "Arguments"); }
@@ -84,7 +84,7 @@ std::string Describe(const CLI::App& app, const CLI::ParseError& error) {
     if (first != unknown.end()) return UnknownWord(ChosenCommand(app), *first);
     if (app.get_require_subcommand_min() > 0 && app.get_subcommands().empty()) return "a command is required";
     std::string reason = error.what();
-    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ArgumentMismatch))
         return reason.substr(0, reason.find(':')) + " takes exactly one value";
     return reason;
 }

@@ -23,11 +23,22 @@ std::wstring PdfNameOf(const std::wstring& title) {
     return (name.empty() ? L"page" : name) + L".pdf";
 }
 
-void WriteTo(const std::wstring& path, const std::vector<BYTE>& bytes) {
+void Write(const std::wstring& path, const std::vector<BYTE>& bytes) {
     const UniqueHandle file(
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) ThrowLastError();
     WriteAll(file.Get(), bytes.data(), bytes.size());
+}
+
+// Nobody finds half a file under the final name.
+void SaveFile(const std::wstring& place, const std::vector<BYTE>& bytes) {
+    const std::wstring part = place + L".part";
+    HRESULT status = Guard([&] { Write(part, bytes); });
+    if (SUCCEEDED(status) && !MoveFileExW(part.c_str(), place.c_str(), MOVEFILE_REPLACE_EXISTING))
+        status = HRESULT_FROM_WIN32(GetLastError());
+    if (SUCCEEDED(status)) return;
+    DeleteFileW(part.c_str());
+    throw StatusError(status);
 }
 
 }  // namespace
@@ -54,7 +65,7 @@ void PdfPrint::Save(const std::wstring& title, const std::string& base64) {
         std::vector<BYTE> pdf;
         if (places.empty()) return;
         if (!DecodeBase64(base64, pdf)) throw StatusError(E_FAIL);
-        WriteTo(places.front(), pdf);
+        SaveFile(places.front(), pdf);
     });
     if (FAILED(status) && IsWindow(owner))
         MessageBoxW(owner, L"The page could not be printed.", L"Print", MB_OK | MB_ICONWARNING);

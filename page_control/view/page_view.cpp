@@ -136,7 +136,8 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
         case ViewScript::PageEvent::Type::kPrint:
             return options_.onPrint(event.text);
         case ViewScript::PageEvent::Type::kPicker:
-            return OnPicker(Json::parse(Narrow(event.text)));
+            // As a view, because the program has one instance of the parser, for views.
+            return OnPicker(Json::parse(std::string_view(Narrow(event.text))));
         case ViewScript::PageEvent::Type::kSize:
             return view->placement.OnSizeReport(event.text == L"seen");
         case ViewScript::PageEvent::Type::kFocus:

@@ -71,7 +71,8 @@ class ScriptedEngine {
         UniqueHandle fromEngine, toEngine;
         CreatePipe(fromEngine.Receive(), toHost_.Receive(), nullptr, 0);
         CreatePipe(fromHost_.Receive(), toEngine.Receive(), nullptr, 0);
-        connection.emplace(std::make_unique<PipeToTest>(std::move(fromEngine), std::move(toEngine)));
+        connection.emplace(
+            std::make_unique<PipeToTest>(std::move(fromEngine), std::move(toEngine), std::wstring()));
         sender_ = std::thread([this, text = std::move(text)] {
             DWORD written = 0;
             WriteFile(toHost_.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
