@@ -51,22 +51,26 @@ std::wstring AsFolderName(std::wstring name) {
     }
     name.resize(std::min(name.size(), kMaxLength));
     // Windows ignores dots and blanks at the end.
-    return name.erase(name.find_last_not_of(L" .") + 1);
+    name.erase(name.find_last_not_of(L" .") + 1);
+    // Half a character.
+    if (!name.empty() && IS_HIGH_SURROGATE(name.back())) name.pop_back();
+    return name;
 }
 
 }  // namespace
 
-std::wstring ApplicationName(HMODULE program) {
-    const VersionTexts texts(program);
-    const std::wstring company = texts[L"CompanyName"], product = texts[L"ProductName"];
-    std::wstring name = product;
-    if (product.empty()) {
-        name = FileNameOf(ExecutablePath());
-        name.resize(std::min(name.size(), name.rfind(L'.')));
-    } else if (!company.empty()) {
-        name = company + L" - " + product;
-    }
-    return AsFolderName(name);
+std::wstring ApplicationName(const std::wstring& company, const std::wstring& product,
+                             const std::wstring& program) {
+    // Without a name, the folder would be the one that contains the profiles of all applications.
+    const std::wstring name = AsFolderName(product);
+    if (!name.empty()) return company.empty() ? name : AsFolderName(company + L" - " + product);
+    const std::wstring stem = AsFolderName(program.substr(0, program.rfind(L'.')));
+    return stem.empty() ? L"Application" : stem;
+}
+
+std::wstring ApplicationName() {
+    const VersionTexts texts(nullptr);
+    return ApplicationName(texts[L"CompanyName"], texts[L"ProductName"], FileNameOf(ExecutablePath()));
 }
 
 }  // namespace tarvik

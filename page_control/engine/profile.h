@@ -21,7 +21,9 @@ class Profile {
     explicit Profile(const Report& report);
 
     // Empty for a temporary profile.
-    const std::wstring& Folder() const { return folder_; }
+    std::wstring Folder() const { return isTemporary_ ? std::wstring() : folder_; }
+    // Whether to have a temporary profile instead of the folder.
+    void SetTemporary(bool temporary) { isTemporary_ = temporary; }
 
     // Replaces a profile with which the engine does not start by a new one. The old one is kept under another
     // name; Restore takes it back. False if that cannot be the reason.
@@ -35,6 +37,7 @@ class Profile {
     std::wstring folder_;
     UniqueHandle lock_;
     bool isNew_ = false;
+    bool isTemporary_ = false;
 };
 
 }  // namespace tarvik

@@ -53,15 +53,38 @@ std::shared_ptr<DevTools> SharedEngine::Acquire() {
     try {
         return StartWithRetry();
     } catch (const StatusError& error) {
-        if (!HasEnded(error) || !profile_->SetAside()) throw;
+        if (!HasEnded(error) || profile_->Folder().empty()) throw;
     }
+    auto connection = StartWithNewProfile();
+    return connection ? connection : StartWithTemporaryProfile();
+}
+
+// Null if the engine does not start with a new profile either, or there can be none.
+std::shared_ptr<Connection> SharedEngine::StartWithNewProfile() {
+    if (!profile_->SetAside()) return nullptr;
     try {
         auto connection = StartWithRetry();
         Report(L"The profile of this application was damaged. It has been replaced; the old one is \"" +
                profile_->DamagedFolder() + L"\".");
         return connection;
-    } catch (...) {
+    } catch (const StatusError& error) {
         profile_->Restore();
+        if (!HasEnded(error)) throw;
+        return nullptr;
+    }
+}
+
+// The engine ends if it may not write to its profile.
+std::shared_ptr<Connection> SharedEngine::StartWithTemporaryProfile() {
+    const std::wstring folder = profile_->Folder();
+    profile_->SetTemporary(true);
+    try {
+        auto connection = StartWithRetry();
+        Report(L"The web engine does not start with the profile \"" + folder +
+               L"\". What pages store is lost at the end.");
+        return connection;
+    } catch (...) {
+        profile_->SetTemporary(false);
         throw;
     }
 }

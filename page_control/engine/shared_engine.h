@@ -39,6 +39,8 @@ class SharedEngine : public std::enable_shared_from_this<SharedEngine> {
     std::unique_ptr<Transport> Launch(const std::wstring& engine);
     std::shared_ptr<Connection> Start();
     std::shared_ptr<Connection> StartWithRetry();
+    std::shared_ptr<Connection> StartWithNewProfile();
+    std::shared_ptr<Connection> StartWithTemporaryProfile();
 
     const Profile::Report report_;
     DevTools::MessageFilter filter_;

@@ -80,23 +80,29 @@ TEST_F(Storage, IsFoundAtTheNextStart) {
     EXPECT_THAT(names, ElementsAre("Counter")) << "no lock is left";
 }
 
-// An engine that does not start with a profile in which a certain file exists.
-TEST_F(Storage, IsReplacedIfTheProfileIsDamaged) {
+// The engine ends if a certain file exists in its profile, or if it may not write there.
+TEST_F(Storage, IsReplacedIfTheEngineDoesNotStart) {
     Install(CountingPage("external.window.quit(4)"));
     const std::wstring engine = L"/tmp/tarvik-engine-" + Widen(program_.Mark());
     const fs::path file = L"Z:" + engine;
     std::ofstream(file, std::ios::binary)
         << "#!/bin/sh\nfor argument; do case $argument in --user-data-dir=*) profile=${argument#*=}; esac; "
            "done\n"
-           "[ ! -e \"$profile/damaged\" ] || exit 1\nexec /usr/bin/chromium \"$@\"\n";
+           "[ ! -e \"$profile/damaged\" ] && [ ! -e \"$profile.read-only\" ] || exit 1\n"
+           "exec /usr/bin/chromium \"$@\"\n";
     RunOnUnixHost(L"chmod +x " + engine);
+    program_.SetVariable(L"TARVIK_BROWSER", engine);
     ASSERT_TRUE(fs::create_directories(Profiles() / "Counter"));
     std::ofstream(Profiles() / "Counter" / "damaged") << "";
-    program_.SetVariable(L"TARVIK_BROWSER", engine);
-    program_.Start();
-    EXPECT_EQ(program_.Wait(), 4u);
-    EXPECT_TRUE(program_.HasLine("1 1"));
-    EXPECT_TRUE(Reports(program_, "was damaged"));
+    std::ofstream(Profiles() / "Counter.read-only") << "";
+    for (const char* reported : {"does not start with the profile", "was damaged"}) {
+        SCOPED_TRACE(reported);
+        program_.Start();
+        EXPECT_EQ(program_.Wait(), 4u);
+        EXPECT_TRUE(program_.HasLine("1 1"));
+        EXPECT_TRUE(Reports(program_, reported));
+        fs::remove(Profiles() / "Counter.read-only");
+    }
     EXPECT_TRUE(fs::exists(Profiles() / "Counter.damaged" / "damaged"));
     EXPECT_FALSE(fs::exists(Profiles() / "Counter" / "damaged"));
     fs::remove(file);

@@ -1,5 +1,6 @@
 #include <thread>
 
+#include "page_control/engine/application_name.h"
 #include "page_control/engine/connection.h"
 #include "page_control/engine/launch.h"
 #include "page_control/engine/profile.h"
@@ -56,6 +57,17 @@ TEST(Profile, IsUsedByOneProcessAtATime) {
     SetEnvironmentVariableW(L"TARVIK_PROFILE", L"temporary");
     SetEnvironmentVariableW(L"LOCALAPPDATA", before);
     EXPECT_EQ(Profile(report).Folder(), L"");
+}
+
+// An empty name would make the folder of all profiles the application's own.
+TEST(Profile, HasANameThatAFolderCanHave) {
+    EXPECT_EQ(ApplicationName(L"", L"", L"Sea.v2.exe"), L"Sea.v2");
+    EXPECT_EQ(ApplicationName(L"Maker", L"", L"Sea.exe"), L"Sea");
+    EXPECT_EQ(ApplicationName(L"Maker: A/S", L"Sea*.", L"x.exe"), L"Maker_ A_S - Sea_");
+    EXPECT_EQ(ApplicationName(L"", L" ..", L"Sea.exe"), L"Sea");
+    EXPECT_EQ(ApplicationName(L"", L"", L".exe"), L"Application");
+    const std::wstring longName(79, L'n');
+    EXPECT_EQ(ApplicationName(L"", longName + L"\xD83C\xDF0A", L"x.exe"), longName) << "half a character";
 }
 
 class PipeToTest : public Transport {
