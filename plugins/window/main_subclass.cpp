@@ -31,12 +31,10 @@ void CMainSubclassWindow::SetMenu(ComPtr<TVK::IMenu> menu) {
 }
 
 // Only a function that returns false refuses; a failed call does not. A call of a page that does not respond
-// would hold up the end of the window.
+// would hold up the window, and its end: a window that is destroyed is deactivated first.
 bool CMainSubclassWindow::Raise(WindowEvent event) {
     const ComPtr<IDispatch> function = callbacks_[static_cast<size_t>(event)];
-    if (!function) return true;
-    const bool isEnd = event == WindowEvent::kClose || event == WindowEvent::kClosed;
-    if (isEnd && !IsRunning(function.Get())) return true;
+    if (!function || !IsRunning(function.Get())) return true;
     Variant result;
     return FAILED(CallScriptFunction(function.Get(), {}, result.Receive())) || !IsFalse(result);
 }

@@ -95,8 +95,8 @@ TEST_F(DeadPages, CanBeClosedInALoop) {
 }
 
 TEST_F(DeadPages, EndTheProgramWithTheLastWindow) {
-    const HWND window =
-        ClickWindow("for (;;);", "win.onClose = win.onClosed = function () { win.quit(7); };");
+    const HWND window = ClickWindow(
+        "for (;;);", "win.onClose = win.onClosed = win.onInactivate = function () { win.quit(7); };");
     ASSERT_TRUE(ShowsNotice(window, "does not respond"));
     ExpectEnd(window);
 }
