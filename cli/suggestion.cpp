@@ -26,8 +26,11 @@ size_t EditDistance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string ClosestWord(std::string_view word, std::span<const std::string> candidates) {
-    constexpr size_t kMaxDistance = 2;
+    constexpr size_t kMaxDistance = 2, kMinAbbreviation = 3;
     if (candidates.empty()) return {};
+    const auto whole = std::ranges::find_if(
+        candidates, [&](const std::string& candidate) { return candidate.starts_with(word); });
+    if (whole != candidates.end() && word.size() >= kMinAbbreviation) return *whole;
     const auto distance = [&](const std::string& candidate) { return EditDistance(word, candidate); };
     const auto closest = std::ranges::min_element(candidates, {}, distance);
     return distance(*closest) <= std::min(kMaxDistance, closest->size() / 2) ? *closest : std::string();
