@@ -35,19 +35,22 @@ const makeClipboard = (core, post) => {
     post('copied:' + id);
   };
 
-  // Resolves when the host has settled the request.
-  const settled = () => new Later((resolve) => core.settlers[core.requests] = resolve);
+  // Waits until the host has settled the request.
+  const requireSuccess = async () => {
+    const succeeded = await new Later((resolve) => core.settlers[core.requests] = resolve);
+    if (!succeeded) throw new Failure('The clipboard is in use by another program.', 'NotAllowedError');
+  };
 
   const methods = {
     write: async (call) => {
       await call();
       core.copies[++core.requests] = true;
       post('copied:' + core.requests);
-      if (!await settled()) throw new Failure('The clipboard is in use by another program.', 'NotAllowedError');
+      await requireSuccess();
     },
     read: async (call) => {
       post('reading:' + ++core.requests);
-      await settled();
+      await requireSuccess();
       return call();
     },
   };
