@@ -42,6 +42,19 @@ TEST_F(WebLibrary, ReactFollowsTheUser) {
     UseForm();
 }
 
+// The library starts the drag of the first item, and notices where the pointer is when it moves.
+TEST_F(WebLibrary, SortableIsSortedByDragging) {
+    OpenPage(L"sortable");
+    int moves = 0;
+    const auto reports = [&](const char* line) {
+        Send(MoveOf({400, 400 + ++moves % 40}));
+        return program_.HasLine(line);
+    };
+    EXPECT_TRUE(Drag(
+        {400, 200}, {400, 440}, [&] { return reports("started"); }, [&] { return reports("moved"); }));
+    EXPECT_TRUE(program_.WaitForLine("b c a"));
+}
+
 TEST_F(WebLibrary, MonacoTakesKeysAndChecksThemInItsWorker) {
     OpenPage(L"monaco");
     ClickAt({400, 300});
