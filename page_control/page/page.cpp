@@ -136,7 +136,7 @@ bool Page::MayUnload() {
 
 bool Page::CanRunScript() {
     const auto self = shared_from_this();
-    return Context() && !isEmpty_ && monitor_->Responds();
+    return Context() && !isEmpty_ && (hasCalled_ || !loading_) && monitor_->Responds();
 }
 
 void Page::Close() {
@@ -206,6 +206,7 @@ void Page::OnDocumentStart() {
     context->SetExternal(events_->GetExternal().Get());
     ApplyStagedGlobals(*context);
     Fire(&PageEvents::OnNavigateComplete, location_, true);
+    hasCalled_ = false;  // the host's script has
 }
 
 void Page::ApplyStagedGlobals(ScriptContext& context) {

@@ -66,8 +66,9 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     // Runs the document's `beforeunload` handlers, as a navigation does. If they ask, the user decides.
     bool MayUnload();
 
-    // False if the engine or the page has failed, the document is not one of the application, or the page
-    // does not respond. May wait to find out.
+    // False if the engine or the page has failed, the document is not one of the application, it still waits
+    // for its first script while the handlers of the one before are gone, or the page does not respond. May
+    // wait to find out.
     bool CanRunScript() override;
 
     // Fires no event from here on. Calls in progress fail.
@@ -106,7 +107,10 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     void OnMouseDown() override {
         if (view_.IsMouseHeld()) Fire(&PageEvents::OnMouseDown);
     }
-    void OnNativeCall(bool active) override { view_.SetInNativeCall(active); }
+    void OnNativeCall(bool active) override {
+        hasCalled_ = hasCalled_ || active;
+        view_.SetInNativeCall(active);
+    }
 
     template <class... Parameters, class... Arguments>
     void Fire(void (PageEvents::*event)(Parameters...), Arguments&&... arguments) {
@@ -154,8 +158,9 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool loading_ = false;
     std::map<std::string, std::wstring> frames_;  // addresses of the frames that are being loaded, by id
     bool failed_ = false;
-    bool isBlank_ = true;   // whether the target shows no document yet
-    bool isEmpty_ = false;  // whether the document is blank or the engine's error page
+    bool isBlank_ = true;     // whether the target shows no document yet
+    bool hasCalled_ = false;  // whether the document's own script has called native code
+    bool isEmpty_ = false;    // whether the document is blank or the engine's error page
     bool connecting_ = false;
     bool scriptAllowed_ = true;
     bool asksToUnload_ = false;

@@ -62,6 +62,7 @@ void Page::OnFrameNavigated(const event::FrameNavigated& navigated) {
         location_ = url;
         started_ = false;
         loading_ = true;
+        hasCalled_ = false;
         frames_.clear();
         monitor_->Restart();
         isEmpty_ = navigated.isError || navigated.url.starts_with(kBlankAddress);

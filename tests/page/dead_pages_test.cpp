@@ -3,6 +3,7 @@
 #include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/dialog_driver.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {
@@ -115,6 +116,20 @@ TEST_F(DeadPages, AskNothingWhileADialogIsOpen) {
     ASSERT_TRUE(question);
     EXPECT_FALSE(WaitFor([&] { return TextOf(InnermostWindow(window)) != L""; }, 14'000));
     EXPECT_TRUE(Press(question, IDCANCEL));
+}
+
+// The old document's handlers are gone, and the new one waits for its first script.
+TEST_F(DeadPages, EndTheProgramWithAPageThatIsBeingReplaced) {
+    const WebServer server([](const WebExchange& exchange) {
+        while (exchange.Send(" "))
+            Sleep(50);
+    });
+    program_.Folder().Write(L"work\\resource\\next.html",
+                            "<!doctype html><script src='" + Narrow(server.Url()) + "'></script>");
+    const HWND window =
+        ClickWindow("location = 'next.html';", "win.onClosed = function () { win.quit(7); };");
+    ASSERT_TRUE(WaitFor([&] { return server.Connections() > 0; }));
+    ExpectEnd(window);
 }
 
 TEST_F(DeadPages, LoadABlankPageAgain) {
