@@ -59,7 +59,7 @@ PageAccessibility::PageAccessibility(HWND window, PageTarget& target, NodeAction
     : target_(target),
       actions_(target, std::move(queue)),
       loader_(target),
-      page_(std::make_shared<AccessiblePage>(window, &actions_)) {}
+      page_(std::make_shared<AccessiblePage>(AccessiblePage{window, &actions_, {}, {}})) {}
 
 PageAccessibility::~PageAccessibility() {
     page_->actions = nullptr;

@@ -17,7 +17,7 @@ bool IsText(const Json& node) {
 }  // namespace
 
 void TreeLoader::Load(Handler handler) {
-    const auto round = round_ = std::make_shared<Round>(std::move(handler));
+    const auto round = round_ = std::make_shared<Round>(Round{std::move(handler), {}});
     target_.Post("DOMSnapshot.captureSnapshot",
                  {{"computedStyles", PageLayout::Styles()}, {"includePaintOrder", true}},
                  [this, weak = std::weak_ptr(round)](const Json* result) {
