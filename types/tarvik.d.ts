@@ -1105,9 +1105,7 @@ declare namespace Tarvik {
      * The position of the pointer, in pixels from the left edge of the screen. Setting it keeps {@link Mouse.y}.
      *
      * @example
-     * var mouse = window.external.mouse;
-     * mouse.x = 200;
-     * mouse.x;  //= 200
+     * window.external.mouse.x = 200;
      */
     x: number;
     /**
