@@ -115,10 +115,8 @@ std::wstring PathsIn(const std::vector<BYTE>& data) {
 Json FilesIn(IDataObject* object) {
     Json files = Json::array();
     const std::wstring paths = PathsIn(DataOf(object, CF_HDROP));
-    for (const wchar_t* path = paths.c_str(); *path; path += std::wcslen(path) + 1) {
-        const std::string unixPath = UnixPath(path);
-        files.push_back(unixPath.empty() ? Narrow(path) : unixPath);
-    }
+    for (const wchar_t* path = paths.c_str(); *path; path += std::wcslen(path) + 1)
+        files.push_back(EnginePath(path));
     return files;
 }
 

@@ -14,8 +14,7 @@ namespace {
 
 // As in Chromium: three lines per notch, the default, scroll 100 pixels.
 constexpr double kPixelsPerLine = 100.0 / 3;
-constexpr double kPressure = 0.5;       // of a held button: PointerEvent.pressure
-constexpr POINT kOutside = {-10, -10};  // of the page, too, whatever its scale
+constexpr double kPressure = 0.5;  // of a held button: PointerEvent.pressure
 
 POINT PointOf(LPARAM lParam) {
     return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};

@@ -17,7 +17,6 @@ namespace tarvik {
 namespace {
 
 constexpr DWORD kEffectTimeout = 200;  // milliseconds, for a page that is busy
-constexpr POINT kOutside = {-10, -10};
 
 Pixels Decode(std::string_view dataUrl) {
     Pixels pixels;

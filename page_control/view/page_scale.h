@@ -14,6 +14,9 @@ inline double PageScaleOf(HWND window) {
     return static_cast<double>(DpiOf(window)) / USER_DEFAULT_SCREEN_DPI;
 }
 
+// A point outside of a window and, whatever its scale, of its page.
+inline constexpr POINT kOutside = {-10, -10};
+
 // The nearest CSS pixel.
 inline LONG ToPage(LONG pixels, double scale) {
     return std::lround(pixels / scale);
