@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/command_line/command_line.h"
-#include "app/log/startup_error.h"
+#include "app/log/error_report.h"
 #include "app/self_unpack.h"
 #include "atl/module.h"
 #include "base/library_search.h"
@@ -23,7 +23,7 @@ namespace {
 
 void ChangeFolder(const wchar_t* folder) {
     if (!SetCurrentDirectoryW(folder))
-        ReportStartupError(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
+        ReportError(L"The folder \"" + std::wstring(folder) + L"\" (-d) cannot be opened.");
 }
 
 void UnpackAttached(UnpackFolder& unpackFolder, SharedEngine& engine) {
@@ -47,10 +47,10 @@ void ChooseFolder(UnpackFolder& unpackFolder, SharedEngine& engine) {
 }
 
 void ReportNoPage() {
-    ReportStartupError(L"The program has no window and runs until it is terminated.\nusage: " +
-                       FileNameOf(ExecutablePath()) +
-                       L" [-d FOLDER] [-f PAGE]\n"
-                       L"FOLDER contains resource\\index.html; PAGE is the path or URL of another page.");
+    ReportError(L"The program has no window and runs until it is terminated.\nusage: " +
+                FileNameOf(ExecutablePath()) +
+                L" [-d FOLDER] [-f PAGE]\n"
+                L"FOLDER contains resource\\index.html; PAGE is the path or URL of another page.");
 }
 
 // Leaked by design: the destructor would serve the workers' pending calls to the page, and a script may never
@@ -93,7 +93,7 @@ int RunApplication(HINSTANCE instance, const std::shared_ptr<SharedEngine>& engi
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
     tarvik::UseSystemLibrariesOnly();
     tarvik::UnpackFolder unpackFolder;
-    const auto engine = std::make_shared<tarvik::SharedEngine>(tarvik::ReportStartupError);
+    const auto engine = std::make_shared<tarvik::SharedEngine>(tarvik::ReportError);
     tarvik::ChooseFolder(unpackFolder, *engine);
     const int exitCode = tarvik::RunApplication(instance, engine);
     tarvik::FreePluginLibraries();

@@ -2,14 +2,14 @@
 
 #include <windows.h>
 
-#include "app/log/startup_error.h"
+#include "app/log/error_report.h"
 
 namespace tarvik {
 
 void EndProgram(const std::wstring& reason) {
     MSG message;
     if (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE)) return;
-    ReportStartupError(reason);
+    ReportError(reason);
     PostQuitMessage(1);
 }
 

@@ -7,14 +7,15 @@
 #include <shlwapi.h>
 #include <urlmon.h>
 
+#include "app/log/error_report.h"
 #include "app/log/log.h"
-#include "app/log/startup_error.h"
 #include "atl/ax_window.h"
 #include "base/dpi.h"
 #include "base/module_function.h"
 #include "base/path.h"
 #include "base/running.h"
 #include "host/browser_host.h"
+#include "host/hosted_browser.h"
 #include "host/page_address.h"
 #include "host/program_end.h"
 #include "script/object.h"
@@ -93,7 +94,7 @@ HRESULT CWebBrowser::OpenPage(const wchar_t* requested) {
     const std::wstring address = PageAddress(page);
     if (address.empty()) {
         TARVIK_ERROR("CWebBrowser::OnCreate", L"not found index.html");
-        ReportStartupError(MissingPageMessage(page));
+        ReportError(MissingPageMessage(page));
         return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     }
     if (const HRESULT status = CreateControl(address); FAILED(status)) return status;
@@ -123,10 +124,7 @@ HRESULT CWebBrowser::CreateControl(const std::wstring& page) {
 // Asks the user, if the page's `beforeunload` handlers want that.
 bool CWebBrowser::MayUnload() {
     const ComPtr<TVK::ICore> keepAlive(this);
-    ComPtr<IDispatch> document;
-    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get());
-    if (!browser || FAILED(browser->get_Document(document.GetAddressOf()))) return true;
-    const auto commands = Query<IOleCommandTarget>(document.Get());
+    const auto commands = Query<IOleCommandTarget>(DocumentIn(Window()).Get());
     Variant result;
     return !commands ||
            FAILED(commands->Exec(nullptr, OLECMDID_ONUNLOAD, OLECMDEXECOPT_DODEFAULT, nullptr,
@@ -143,7 +141,7 @@ void CWebBrowser::OnDpiChange(const RECT& place) {
 
 // The system's control does not scale pages by itself. The page control does, and has no such command.
 void CWebBrowser::ZoomPage() {
-    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get());
+    const auto browser = BrowserIn(Window());
     Variant percent = Variant::I4(MulDiv(100, static_cast<int>(DpiOf(Window())), USER_DEFAULT_SCREEN_DPI));
     if (browser) browser->ExecWB(OLECMDID_OPTICAL_ZOOM, OLECMDEXECOPT_DONTPROMPTUSER, &percent, nullptr);
 }

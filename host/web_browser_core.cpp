@@ -5,6 +5,7 @@
 
 #include "atl/ax_window.h"
 #include "base/status.h"
+#include "host/hosted_browser.h"
 #include "host/page_address.h"
 #include "host/web_browser.h"
 #include "script/object.h"
@@ -19,11 +20,8 @@ namespace {
 // Defines a global variable in the script of a window's document.
 void DefineGlobal(HWND window, const wchar_t* name, const VARIANT* value) {
     if (!value) return;
-    ComPtr<IDispatch> document;
     ComPtr<IDispatch> script;
-    const auto browser = Query<IWebBrowser2>(AtlAxGetControl(window).Get());
-    if (!browser || FAILED(browser->get_Document(document.GetAddressOf()))) return;
-    const auto html = Query<IHTMLDocument2>(document.Get());
+    const auto html = Query<IHTMLDocument2>(DocumentIn(window).Get());
     if (html && SUCCEEDED(html->get_Script(script.GetAddressOf())))
         SetScriptProperty(script.Get(), name, *value);
 }
@@ -45,9 +43,7 @@ STDMETHODIMP CWebBrowser::ResolveUrl(const wchar_t* url, BSTR* out) {
     *out = nullptr;
     return Guard([&] {
         Bstr location;
-        if (const auto browser = Query<IWebBrowser2>(AtlAxGetControl(Window()).Get())) {
-            browser->get_LocationURL(location.Receive());
-        }
+        if (const auto browser = BrowserIn(Window())) browser->get_LocationURL(location.Receive());
         *out = Bstr(ResolveAgainst(url ? url : L"", std::wstring(location.View()))).Detach();
     });
 }

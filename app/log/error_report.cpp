@@ -1,4 +1,4 @@
-#include "app/log/startup_error.h"
+#include "app/log/error_report.h"
 
 #include <windows.h>
 
@@ -41,7 +41,7 @@ void WriteToParentConsole(const std::wstring& text) {
 
 }  // namespace
 
-void ReportStartupError(const std::wstring& text) noexcept {
+void ReportError(const std::wstring& text) noexcept {
     (void)Guard([&] {
         const std::wstring lines = text + L'\n';
         OutputDebugStringW(lines.c_str());
