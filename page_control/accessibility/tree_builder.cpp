@@ -29,7 +29,7 @@ class TreeBuilder {
         content_.nodes.clear();
         content_.order.clear();
         while (!pending_.empty()) {
-            const Pending next = std::move(pending_.back());
+            const Pending next = pending_.back();
             pending_.pop_back();
             Add(next);
         }

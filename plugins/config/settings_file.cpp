@@ -31,7 +31,7 @@ std::wstring ReadText(const std::wstring& path, const std::wstring& section, con
 
 }  // namespace
 
-void SettingsFile::Select(std::wstring path) {
+void SettingsFile::Select(const std::wstring& path) {
     path_ = RequireName(path);
 }
 

@@ -14,7 +14,7 @@ namespace tarvik {
 // is selected. Texts are written verbatim, so a line break in a text starts a new line of the file.
 class SettingsFile {
   public:
-    void Select(std::wstring path);  // a full path
+    void Select(const std::wstring& path);  // a full path
     void Deselect() { path_.clear(); }
 
     // Accepts any value that the system converts to a text. Creates the file, but no folder.

@@ -13,7 +13,7 @@ struct KeyCombination {
     UINT modifiers = 0;
     UINT key = 0;
 
-    auto operator<=>(const KeyCombination&) const = default;
+    auto operator<=>(const KeyCombination&) const = default;  // NOLINT(modernize-use-nullptr): finds none
 };
 
 // Parses a text like "ctrl+alt+f5": modifiers (ctrl, shift, alt, win), each followed by a plus sign, then a

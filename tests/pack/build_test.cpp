@@ -50,7 +50,8 @@ TEST_F(Build, AcceptsFoldersNamedLikeCommandsAndOptions) {
 
 TEST_F(Build, LeavesNothingBehindIfInterrupted) {
     std::mt19937 random(1);
-    std::string noise(64'000'000, '\0');
+    std::string noise;
+    noise.resize(64'000'000);
     for (size_t at = 0; at < noise.size(); at += 4) {
         const auto number = random();
         noise.replace(at, 4, reinterpret_cast<const char*>(&number), 4);

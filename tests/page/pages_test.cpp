@@ -43,6 +43,7 @@ class UnzipPage : public PageTest {
 
     UnzipPage() {
         std::vector<ArchiveMember> members;
+        members.reserve(kFiles);
         for (int i = 0; i < kFiles; ++i)
             members.push_back(
                 {"folder/" + std::to_string(i) + ".txt", std::string(50'000, static_cast<char>('a' + i))});

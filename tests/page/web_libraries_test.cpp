@@ -59,7 +59,7 @@ TEST_F(WebLibrary, MonacoTakesKeysAndChecksThemInItsWorker) {
     OpenPage(L"monaco");
     ClickAt({400, 300});
     ASSERT_TRUE(program_.WaitForLine("focus"));
-    for (const WORD key : {'1', '2', 'X'})
+    for (const WORD key : {L'1', L'2', L'X'})
         PressKeys({key});
     EXPECT_TRUE(program_.WaitForLine("text 12x"));
     EXPECT_TRUE(program_.WaitForLine("marker End of file expected."));
