@@ -5,6 +5,7 @@
 const post = window[bindingName];  // takes "name:field"; protocol.h lists the names
 delete window[bindingName];
 applyStyles(options.textIsSelectable);
+removeAbsent();
 
 const isTop = window === top;
 let core = isTop ? { __proto__: null } : undefined;
