@@ -40,9 +40,8 @@ void EnginePages::Start() {
     });
     engine_.Post("", "Target.setDiscoverTargets", {{"discover", true}, {"filter", {{{"type", "page"}}}}});
     // Without a browser's window, nothing could ask the user. AllowClipboard makes exceptions.
-    for (const char* name :
-         {"camera", "clipboard-read", "clipboard-write", "geolocation", "idle-detection", "local-fonts",
-          "microphone", "midi", "notifications", "window-management"})
+    for (const char* name : {"camera", "clipboard-read", "clipboard-write", "geolocation", "idle-detection",
+                             "local-fonts", "microphone", "midi", "notifications", "window-management"})
         engine_.Post("", "Browser.setPermission", {{"permission", {{"name", name}}}, {"setting", "denied"}});
     // The pages' events of downloads come without the events of the browser.
     engine_.Post("", "Browser.setDownloadBehavior",

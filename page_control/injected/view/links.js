@@ -1,4 +1,5 @@
-// Links that open a new window. For the middle button and modifier keys the engine would open one without an event.
+// Links that leave the page. For the middle button and modifier keys the engine would open a new window without an event; for
+// an address of another program, such as mailto:, it would ask in a window that nobody sees and that takes all input.
 const makeLinks = (post) => {
   const { addEventListener, removeEventListener } = EventTarget.prototype;
   const { apply } = Reflect;
@@ -38,6 +39,19 @@ const makeLinks = (post) => {
       finish();
     });
   };
+
+  const kSchemes = { __proto__: null };  // those of pages and scripts
+  for (const scheme of ['about', 'blob', 'chrome', 'data', 'edge', 'file', 'filesystem', 'http', 'https', 'javascript'])
+    kSchemes[scheme] = true;
+
+  const onNavigate = (event) => {
+    if (!event.isTrusted || !event.cancelable) return;
+    const { url } = event.destination;
+    if (kSchemes[url.slice(0, url.indexOf(':'))]) return;
+    event.preventDefault();
+    post('window:' + url);
+  };
+  apply(addEventListener, navigation, ['navigate', onNavigate]);
 
   return { listeners: [[['click', 'auxclick'], onClick]] };
 };

@@ -145,14 +145,17 @@ TEST_F(Control, FiresEventsOfFrames) {
     EXPECT_EQ(events_.completed.back(), L"late.html of late.html");
 }
 
-// The middle button, or a modifier key with the left one.
-TEST_F(Control, FiresNewWindowForClicksWithModifiers) {
+// The middle button, a modifier key with the left one, or an address of another program, for which the engine
+// would open a dialog that takes all input.
+TEST_F(Control, FiresNewWindowForLinksThatLeaveThePage) {
     Host(
         "<style>a { position: absolute; left: 0; width: 99px; height: 20px; }</style>"
         "<a href='one.html' style='top: 0'><b>One</b></a>"
         "<a href='two.html' style='top: 20px' onclick='event.stopPropagation()'>Two</a>"
         "<a href='prevented.html' style='top: 40px' onclick='return false'>Prevented</a>"
-        "<a href='blank.html' target='_blank' style='top: 60px'>Blank</a>");
+        "<a href='blank.html' target='_blank' style='top: 60px'>Blank</a>"
+        "<a href='mailto:a@b.invalid' style='top: 80px'>Mail</a>"
+        "<a onclick='location = \"other-program:1\"' style='top: 100px'>Program</a>");
     const auto click = [this](int y, UINT press, int key) {
         BYTE keys[256] = {};
         if (key) keys[key] = 0x80;
@@ -168,8 +171,9 @@ TEST_F(Control, FiresNewWindowForClicksWithModifiers) {
         int key;
         const wchar_t* opened;
     } const kClicks[] = {
-        {10, WM_LBUTTONDOWN, VK_CONTROL, L"one.html"}, {30, WM_LBUTTONDOWN, VK_CONTROL, L"two.html"},
-        {50, WM_LBUTTONDOWN, VK_CONTROL, nullptr},     {30, WM_MBUTTONDOWN, 0, L"two.html"},
+        {10, WM_LBUTTONDOWN, VK_CONTROL, L"one.html"},  {30, WM_LBUTTONDOWN, VK_CONTROL, L"two.html"},
+        {50, WM_LBUTTONDOWN, VK_CONTROL, nullptr},      {30, WM_MBUTTONDOWN, 0, L"two.html"},
+        {90, WM_LBUTTONDOWN, 0, L"mailto:a@b.invalid"}, {110, WM_LBUTTONDOWN, 0, L"other-program:1"},
         {70, WM_LBUTTONDOWN, 0, L"blank.html"},
     };
     std::vector<std::wstring> expected;
