@@ -77,6 +77,7 @@ void PageThread::SendResume(std::string_view method, Parameters params) {
     target_.Post(method, std::move(params), [self = shared_from_this()](const Json*) {
         self->resuming_ = false;
         self->Apply(Event::kResumed);  // also after an error: then the page was not paused
+        if (const auto handler = std::exchange(self->onResume_, nullptr)) handler();
     });
 }
 

@@ -47,6 +47,9 @@ class PageThread : public std::enable_shared_from_this<PageThread> {
     using TextHandler = std::function<void(std::string_view text)>;
     void Send(std::string expression, TextHandler onOutcome);
 
+    // Calls a function once the engine has replied to a resume command.
+    void OnNextResume(std::function<void()> handler) { onResume_ = std::move(handler); }
+
     // Posts of the page.
     void OnCall() { Apply(Event::kCall); }
     void OnResult(bool awaitsMessage) { Apply(awaitsMessage ? Event::kCall : Event::kReturn); }
@@ -93,6 +96,7 @@ class PageThread : public std::enable_shared_from_this<PageThread> {
     bool resuming_ = false;     // a resume command is in flight
     bool isUnloading_ = false;  // reported to callers; has no effect on the state
     bool ended_ = false;        // from any state
+    std::function<void()> onResume_;
 };
 
 }  // namespace tarvik

@@ -79,9 +79,13 @@ void ScriptContext::HandleCall(CallHandler handler, const Json& message) {
     if (FAILED(status)) reply = ErrorReply(message, status, ExceptionInfo().Text(status));
     ++exchanges_;
     --openCalls_;
-    if (openCalls_ == 0) delegate_.OnNativeCall(false);
     if (!alive_) return;
     thread_->Send(ReceiveCall(reply), nullptr);
+    // Until then, the page would lose events.
+    thread_->OnNextResume([weak = weak_from_this()] {
+        const auto context = weak.lock();
+        if (context && context->alive_ && context->openCalls_ == 0) context->delegate_.OnNativeCall(false);
+    });
 }
 
 std::string ScriptContext::Reply(const Json& message, HRESULT status, const VARIANT& value,

@@ -54,7 +54,7 @@ void InputQueue::OnResumed() {
 
 // Input that was sent to the old document may be lost with it, and its reply too.
 void InputQueue::OnNewDocument() {
-    paused_ = false;
+    inNativeCall_ = paused_ = false;
     received_ = nullptr;
     const bool isUnsent = current_ && current_->mode != DeliveryMode::kAwaitReply && !current_->since;
     isUnsent ? Repeat() : Finish();

@@ -40,6 +40,32 @@ TEST_F(Windows, OpenTheFirstPageWithoutAnAddress) {
     EXPECT_EQ(program_.Windows().size(), 2u);
 }
 
+// The page is still paused in the call of `show` when the host learns of the new state.
+TEST_F(Windows, GetEventsWhenTheirOwnPageHidesAndShowsThem) {
+    OpenFirst(R"(var win = external.window, events = [];
+        var expected = {false: 'blur,hidden', true: 'focus,visible'};
+        onfocus = onblur = function (event) { events.push(event.type); };
+        document.onvisibilitychange = function () { events.push(document.visibilityState); };
+        async function change(shown) {
+            events = [];
+            win.show(shown);
+            for (var i = 0; i < 100 && events.length < 2; ++i)
+                await new Promise(function (resolve) { setTimeout(resolve, 50); });
+            if (events.sort().join() !== expected[shown]) console.log('show ' + shown + ': ' + events);
+        }
+        onclick = async function () {
+            for (var i = 0; i < 4; ++i) {
+                await change(false);
+                await change(true);
+            }
+            console.log('done');
+        };
+        win.show(true);)");
+    Click(program_.WindowTitled(L"First"));
+    EXPECT_TRUE(program_.WaitForLine("done"));
+    EXPECT_EQ(program_.Lines(), std::vector<std::string>{"done"});
+}
+
 // Registers a program for a file type during a test: a command that writes the name of the file to `output`.
 class Opener {
   public:
