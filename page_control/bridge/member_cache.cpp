@@ -15,8 +15,8 @@ void MemberCache::Store(int object, Members members, bool complete) {
     Entry& entry = entries_[object];
     if (complete) entry = {};
     entry.complete |= complete;
-    for (auto& [name, value] : members)
-        entry.members.insert_or_assign(name, std::move(value));
+    for (auto& member : members)
+        entry.members.insert_or_assign(member.first, std::move(member.second));
 }
 
 MemberCache::Result MemberCache::Lookup(int object, const std::wstring& name) const {

@@ -57,7 +57,7 @@ void EngineClipboard::Write(const ClipboardContent& content, std::function<void(
     AddParts("text/plain", BytesOf(content.text), expressions);
     AddParts("text/html", BytesOf(content.html), expressions);
     AddParts("image/png", content.png, expressions);
-    expressions.push_back("write()");
+    expressions.emplace_back("write()");
     Start(std::move(expressions), [handler = std::move(handler)](const Json* value) { handler(value); });
 }
 

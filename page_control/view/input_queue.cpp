@@ -93,7 +93,7 @@ void InputQueue::Post(const Input& input, Step next) {
     });
 }
 
-void InputQueue::RunTask(Task task) {
+void InputQueue::RunTask(const Task& task) {
     task([this, alive = alive_, round = round_] {
         if (*alive && round == round_) Finish();
     });

@@ -57,7 +57,7 @@ class InputQueue {
     void Advance();
     void Start(Input input);
     void Post(const Input& input, Step next);
-    void RunTask(Task task);
+    void RunTask(const Task& task);
     void QueryReceipt(Step next);
     void OnCoalescedReply(const Json&);
     void SendCurrent(const Json& receivedBefore);

@@ -38,11 +38,11 @@ class ResourceCounts {
 // Created first in a test, it fails the test if COM objects leak.
 class ObjectCheck {
   public:
-    ObjectCheck() : before_(detail::liveComObjects) {}
+    ObjectCheck() = default;
     ~ObjectCheck() { EXPECT_EQ(detail::liveComObjects, before_); }
 
   private:
-    const long before_;
+    const long before_ = detail::liveComObjects;
 };
 
 // The number of open handles of this process below 0x4000; Wine's GetProcessHandleCount does not work.

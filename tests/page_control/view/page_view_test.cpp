@@ -201,7 +201,7 @@ TEST_F(HostedPage, ScrollsByTheWheel) {
     Open(R"(<div style="width: 3000px; height: 3000px"></div><script>
         onwheel = function (event) { log.push(event.clientX + ' ' + event.clientY); };</script>)");
     MovePointer(OnScreen({100, 110}));
-    Send(MouseInputOf(MOUSEEVENTF_WHEEL, static_cast<DWORD>(-2 * WHEEL_DELTA)));
+    Send(MouseInputOf(MOUSEEVENTF_WHEEL, 0u - 2 * WHEEL_DELTA));
     EXPECT_TRUE(Becomes(L"scrollX + ' ' + scrollY", L"0 200"));
     constexpr DWORD kTilt = 0x1000;  // MOUSEEVENTF_HWHEEL
     Send(MouseInputOf(kTilt, WHEEL_DELTA));

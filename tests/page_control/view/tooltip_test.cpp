@@ -1,5 +1,6 @@
 // Tooltips of a page, driven by the real pointer.
 
+#include <windows.h>
 #include <commctrl.h>
 
 #include "tests/page_control/view/hosted_page.h"

@@ -97,8 +97,8 @@ class Transfer : public FileIO {
                                std::move(answer));
     }
 
-    const std::string kSucceeded = "success: BSTR mine";
-    const std::string kClosed = FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), "BSTR mine");
+    const std::string succeeded_ = "success: BSTR mine";
+    const std::string closed_ = FailText(HRESULT_FROM_WIN32(ERROR_INVALID_HANDLE), "BSTR mine");
 };
 
 TEST_F(Transfer, ReadsInChunks) {
@@ -112,7 +112,7 @@ TEST_F(Transfer, ReadsInChunks) {
     });
     EXPECT_THAT(end.progress, ElementsAre("DISPATCH, BSTR mine", "DISPATCH, BSTR mine"));
     EXPECT_TRUE(read == content);
-    EXPECT_EQ(end.text, kSucceeded) << "even if the file is shorter";
+    EXPECT_EQ(end.text, succeeded_) << "even if the file is shorter";
 }
 
 TEST_F(Transfer, WritesInChunksAndPadsTheLast) {
@@ -120,7 +120,7 @@ TEST_F(Transfer, WritesInChunksAndPadsTheLast) {
     Open(folder_ / L"file", L"wc");
     EXPECT_THAT(Write(content, kChunkSize + 3).progress, ElementsAre("BSTR mine", "BSTR mine"));
     Open(folder_ / L"padded", L"wc");
-    EXPECT_EQ(Write("end", 6).text, kSucceeded);
+    EXPECT_EQ(Write("end", 6).text, succeeded_);
     Call(L"close");
     EXPECT_TRUE(ReadFileBytes(folder_ / L"file") == content);
     EXPECT_EQ(ReadFileBytes(folder_ / L"padded"), std::string("end\0\0\0", 6));
@@ -134,8 +134,8 @@ TEST_F(Transfer, IsCancelledByProgress) {
     EXPECT_EQ(cancelled.text, "");
     EXPECT_EQ(Call(L"seek", 0, 1), "R8 65536.000000") << "the position is shared";
     const auto close = [this](const Recorder::Record&) { return Call(L"close"), Variant(); };
-    EXPECT_EQ(Read(3 * kChunkSize, close).text, kClosed) << "closed during the transfer";
-    EXPECT_EQ(Read(1).text, kClosed) << "closed before";
+    EXPECT_EQ(Read(3 * kChunkSize, close).text, closed_) << "closed during the transfer";
+    EXPECT_EQ(Read(1).text, closed_) << "closed before";
 }
 
 // A page may open another file during a transfer.
@@ -143,7 +143,7 @@ TEST_F(Transfer, KeepsItsFile) {
     const std::wstring other = folder_.Write(L"other", "other");
     Open(folder_ / L"first", L"wc");
     const auto open = [&](const Recorder::Record&) { return Open(other, L"rw"), Variant(); };
-    EXPECT_EQ(Write(std::string(2 * kChunkSize, 'a'), 2 * kChunkSize, open).text, kClosed);
+    EXPECT_EQ(Write(std::string(2 * kChunkSize, 'a'), 2 * kChunkSize, open).text, closed_);
     Call(L"close");
     EXPECT_EQ(ReadFileBytes(other), "other");
     EXPECT_EQ(ReadFileBytes(folder_ / L"first").size(), kChunkSize);
