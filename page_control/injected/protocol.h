@@ -111,7 +111,11 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewEvent, "size", "seen or missed", "after \"watchSize\": whether the page got the event"},
     {Kind::kViewEvent, "print", "title", "window.print"},
     {Kind::kViewEvent, "picker", "JSON",
-     "the engine has opened the picker of a field: id, type, value, min, max"},
+     "the engine has opened the picker of a field: id, type, value, min, max, step, list"},
+    {Kind::kViewEvent, "suggestions", "JSON or null",
+     "the engine has opened, or closed, the list of a field: id, left, above, width, height, items, "
+     "selected"},
+    {Kind::kViewEvent, "press", "key", "the engine's picker or list, which takes the keys, is to get one"},
     {Kind::kViewEvent, "fullscreen", "on or off", "an element fills the screen, or none does"},
     {Kind::kViewEvent, "focus", "text or other", "whether an element that takes composed text has the focus"},
 
@@ -119,7 +123,8 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewFunction, "hasSelection", "", "returns whether text is selected"},
     {Kind::kViewFunction, "copy", "id", "returns whether the page has copied, once the copy is over"},
     {Kind::kViewFunction, "settle", "id, succeeded", "the clipboards hold the same"},
-    {Kind::kViewFunction, "pick", "id, value or null", "writes the user's choice to a field"},
+    {Kind::kViewFunction, "pick", "id, value or null, row, needsFocus",
+     "writes the user's choice to a field; a promise, of a number if it must wait"},
     {Kind::kViewFunction, "caret", "", "returns left, top and height of the caret, or null"},
     {Kind::kViewFunction, "cursorAt", "x, y", "returns the name of a cursor"},
     {Kind::kViewFunction, "titleAt", "x, y", "returns the text of a tooltip"},

@@ -47,20 +47,20 @@ std::wstring Page::LocationOrDestination() const {
 bool Page::Connect() {
     if (std::exchange(connecting_, true)) return false;
     const auto self = shared_from_this();
-    std::unique_ptr<PageTarget> target;
+    std::shared_ptr<PageTarget> target;
     std::unique_ptr<ScriptBridge> bridge;
     const auto requireOpen = [this] {
         if (!events_) throw StatusError(E_ABORT);
     };
     try {
-        target = std::make_unique<PageTarget>(engine_->Acquire());
+        target = std::make_shared<PageTarget>(engine_->Acquire());
         requireOpen();
         target->Events().RetainDuringDispatch(weak_from_this());
         target->Post("Page.enable");
         target->Post("Inspector.enable");
         target->Post("Fetch.enable",
                      {{"patterns", Json::array({{{"urlPattern", "*"}, {"resourceType", "Document"}}})}});
-        view_.SetTarget(target.get());
+        view_.SetTarget(target);
         requireOpen();
         bridge = std::make_unique<ScriptBridge>(*target, *this);
         requireOpen();

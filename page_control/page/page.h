@@ -145,7 +145,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     const std::shared_ptr<SharedEngine> engine_;
     HWND window_;
     PageEvents* events_;  // null once the page is closed
-    std::unique_ptr<PageTarget> target_;
+    std::shared_ptr<PageTarget> target_;
     PageView view_;
     std::unique_ptr<ScriptBridge> bridge_;
     std::unique_ptr<ResponseMonitor> monitor_;  // while there is a target

@@ -4,8 +4,7 @@
 
 #include <algorithm>
 
-#include "base/dpi.h"
-#include "tarvik/owners.h"
+#include "page_control/view/message_font.h"
 
 namespace tarvik {
 
@@ -21,7 +20,7 @@ constexpr UINT kLabelFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREF
 // Prepares a device context for text. Restores it at the end.
 class TextContext {
   public:
-    explicit TextContext(HDC target) : target_(target), font_(MakeFont(target)) {
+    explicit TextContext(HDC target) : target_(target), font_(MessageFont(WindowFromDC(target), 1.25)) {
         before_ = SelectObject(target, font_.Get());
         SetBkMode(target, TRANSPARENT);
         GetTextMetricsW(target, &metrics_);
@@ -33,16 +32,6 @@ class TextContext {
     LONG LineHeight() const { return metrics_.tmHeight; }
 
   private:
-    // The system's font is made for the scale of the main monitor.
-    static UniqueGdi MakeFont(HDC target) {
-        NONCLIENTMETRICSW metrics = {sizeof metrics};
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-        LONG& height = metrics.lfMessageFont.lfHeight;
-        height = MulDiv(height * 5, static_cast<int>(DpiOf(WindowFromDC(target))),
-                        GetDeviceCaps(target, LOGPIXELSY) * 4);
-        return UniqueGdi(CreateFontIndirectW(&metrics.lfMessageFont));
-    }
-
     HDC target_;
     UniqueGdi font_;
     HGDIOBJ before_;

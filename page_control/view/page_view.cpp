@@ -22,11 +22,21 @@
 
 namespace tarvik {
 
+namespace {
+
+// As a view, because the program has one instance of the parser, for views.
+Json ParseJson(const std::wstring& text) {
+    return Json::parse(std::string_view(Narrow(text)));
+}
+
+}  // namespace
+
 struct PageView::TargetView {
-    TargetView(HWND window, PageTarget& page, FrameBuffer& frameBuffer, bool textIsSelectable,
-               ViewScript::EventHandler onEvent, std::function<void()> onRootChange)
-        : target(page),
-          script(page, textIsSelectable, std::move(onEvent)),
+    TargetView(HWND window, std::shared_ptr<PageTarget> shown, FrameBuffer& frameBuffer,
+               const Options& options, ViewScript::EventHandler onEvent, std::function<void()> onRootChange)
+        : target(std::move(shown)),
+          page(*target),
+          script(page, options.textIsSelectable, std::move(onEvent)),
           engineWindow(page),
           placement(window, page, engineWindow, script),
           queue(page, script),
@@ -35,6 +45,7 @@ struct PageView::TargetView {
           mouse(window, queue),
           keyboard(window, queue, clipboard),
           ime(window, script, queue),
+          fieldPickers(window, page, script, queue, options.onPicker),
           drag(window, page, script, queue, mouse, frameBuffer),
           cursor(window, script),
           tooltip(window, script),
@@ -52,7 +63,9 @@ struct PageView::TargetView {
         });
     }
 
-    PageTarget& target;
+    // An event's handler may close the page, and with it the control that shares the target.
+    const std::shared_ptr<PageTarget> target;
+    PageTarget& page;
     ViewScript script;
     EngineWindow engineWindow;
     Placement placement;
@@ -62,6 +75,7 @@ struct PageView::TargetView {
     MouseInput mouse;
     KeyboardInput keyboard;
     ImeInput ime;
+    FieldPickers fieldPickers;
     PageDrag drag;
     PageCursor cursor;
     Tooltip tooltip;
@@ -77,13 +91,13 @@ PageView::PageView(HWND window, Options options)
 
 PageView::~PageView() = default;
 
-void PageView::SetTarget(PageTarget* target) {
+void PageView::SetTarget(std::shared_ptr<PageTarget> target) {
     targetView_.reset();
     frameBuffer_.Clear();
     if (target) {
         notice_.Hide();
         targetView_ = std::make_shared<TargetView>(
-            window_, *target, frameBuffer_, options_.textIsSelectable,
+            window_, std::move(target), frameBuffer_, options_,
             [this](const ViewScript::PageEvent& event) { OnPageEvent(event); }, [this] { OnWindowChange(); });
     }
     InvalidateRect(window_, nullptr, FALSE);
@@ -136,8 +150,11 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
         case ViewScript::PageEvent::Type::kPrint:
             return options_.onPrint(event.text);
         case ViewScript::PageEvent::Type::kPicker:
-            // As a view, because the program has one instance of the parser, for views.
-            return OnPicker(Json::parse(std::string_view(Narrow(event.text))));
+            return view->fieldPickers.OnPicker(ParseJson(event.text));
+        case ViewScript::PageEvent::Type::kSuggestions:
+            return view->fieldPickers.OnSuggestions(ParseJson(event.text));
+        case ViewScript::PageEvent::Type::kPress:
+            return view->fieldPickers.Press(Narrow(event.text));
         case ViewScript::PageEvent::Type::kSize:
             return view->placement.OnSizeReport(event.text == L"seen");
         case ViewScript::PageEvent::Type::kFocus:
@@ -147,19 +164,9 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
     }
 }
 
-// The engine's invisible picker takes the Escape that closes it; the page gets no key.
-void PageView::OnPicker(const Json& field) {
-    targetView_->target.Post(
-        "Input.dispatchKeyEvent",
-        {{"type", "rawKeyDown"}, {"key", "Escape"}, {"windowsVirtualKeyCode", VK_ESCAPE}});
-    options_.onPicker(field, [view = std::weak_ptr(targetView_), id = field.at("id")](const Json& value) {
-        const auto target = view.lock();
-        if (target) target->script.Call("pick", id.dump() + "," + value.dump(), [](const Json&) {});
-    });
-}
-
 void PageView::OnWindowChange() {
     if (!targetView_) return;
+    targetView_->fieldPickers.HideList();
     targetView_->placement.Update();
     targetView_->state.Update();
 }
@@ -245,6 +252,9 @@ bool PageView::HandleTimer(UINT_PTR timer) {
         case kFocusTimer:
             view.state.OnTimer();
             return true;
+        case kChoiceTimer:
+            view.fieldPickers.OnTimer();
+            return true;
         case kDragTimer:
             view.drag.OnTimer();
             return true;
@@ -262,6 +272,7 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
+    if (view.fieldPickers.HandleKey(message, wParam)) return true;
     if (view.ime.HandleMessage(message, wParam, lParam, result)) return true;
     const bool isMouse = view.mouse.HandleMessage(message, wParam, lParam);
     if (isMouse || (message >= WM_KEYFIRST && message <= WM_KEYLAST))

@@ -8,6 +8,7 @@
 
 #include "page_control/drag/drop_target.h"
 #include "page_control/engine/devtools.h"
+#include "page_control/view/field_pickers.h"
 #include "page_control/view/frame_buffer.h"
 #include "page_control/view/notice.h"
 #include "page_control/view/view_script.h"
@@ -22,10 +23,8 @@ class PageView {
         bool textIsSelectable = true;  // by the mouse
         // The page requests a window with this address.
         std::function<void(const std::wstring& url)> onNewWindow;
-        // The user is to choose a value for a field, described in JSON. `onChoice` takes it; null if he
-        // cancels.
-        using ChoiceHandler = std::function<void(const Json& value)>;
-        std::function<void(const Json& field, ChoiceHandler onChoice)> onPicker;
+        // The user is to choose a value for a field.
+        FieldPickers::DialogHandler onPicker;
         // The page asks to be printed.
         std::function<void(const std::wstring& title)> onPrint;
     };
@@ -34,9 +33,9 @@ class PageView {
     PageView(const PageView&) = delete;
     PageView& operator=(const PageView&) = delete;
 
-    // Sets the target to show, before its first navigation; null for none. The target is not owned and
-    // outlives its use here. Throws StatusError.
-    void SetTarget(PageTarget* target);
+    // Sets the target to show, before its first navigation; null for none. It lives until a handler of its
+    // events that is running has returned. Throws StatusError.
+    void SetTarget(std::shared_ptr<PageTarget> target);
 
     // Shown in place of the page, which gets no input meanwhile.
     Notice& GetNotice() { return notice_; }
@@ -66,7 +65,6 @@ class PageView {
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     void OnPageEvent(const ViewScript::PageEvent& event);
     void OnWindowChange();
-    void OnPicker(const Json& field);
 
     HWND window_;
     const Options options_;

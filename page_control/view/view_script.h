@@ -15,7 +15,18 @@ class ViewScript {
   public:
     // An event that the script has posted.
     struct PageEvent {
-        enum class Type { kCopied, kReading, kNewWindow, kSize, kFullScreen, kFocus, kPicker, kPrint } type;
+        enum class Type {
+            kCopied,
+            kReading,
+            kNewWindow,
+            kSize,
+            kFullScreen,
+            kFocus,
+            kPicker,
+            kSuggestions,
+            kPress,
+            kPrint
+        } type;
         std::wstring text;  // the field
     };
     using EventHandler = std::function<void(const PageEvent& event)>;

@@ -15,7 +15,8 @@ enum PageTimer : UINT_PTR {
     kFocusTimer,
     kResponseTimer,
     kTooltipTimer,
-    kDragTimer
+    kDragTimer,
+    kChoiceTimer
 };
 
 // The decoder has a frame.

@@ -50,6 +50,8 @@ Object.assign(core, {
   copies: { __proto__: null },
   settlers: { __proto__: null },
   fields: { __proto__: null },
+  choice: null,
+  listed: null,
   setTimer: setTimeout.bind(window),
 
   receipt: (isText) => {

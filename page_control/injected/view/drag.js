@@ -37,19 +37,8 @@ const makeDrag = (core) => {
     if (event.defaultPrevented) return dropEffect;
     const { type, isContentEditable } = apply(composedPath, event, [])[0] ?? event.target;
     const isField = isContentEditable || ['textarea', 'text', 'search', 'url', 'email', 'tel', 'number'].includes(type);
-    if (isField && types.includes('text/plain')) return core.dragged ? 'move' : 'copy';
+    if (isField && types.includes('text/plain')) return core.dragged && !event.ctrlKey ? 'move' : 'copy';
     return type === 'file' && types.includes('Files') ? 'copy' : 'none';
-  };
-
-  // In the page, of a box in the window of an element.
-  const inPage = (element, { left, top: above, width, height }) => {
-    for (let frame = element.ownerDocument.defaultView.frameElement; frame;
-      frame = frame.ownerDocument.defaultView.frameElement) {
-      const box = frame.getBoundingClientRect();
-      left += box.left + frame.clientLeft;
-      above += box.top + frame.clientTop;
-    }
-    return { left, above, width, height };
   };
 
   const boxOf = (element) => {

@@ -57,7 +57,8 @@ TEST(Protocol, ListsTheNamesInTheScripts) {
     EXPECT_EQ(Matches(kBridgeScript, "case '(.)'"), Listed(Kind::kHostValue));
     EXPECT_EQ(Matches(kViewScript, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
     EXPECT_EQ(KeysOf(kViewScript, "Object.assign(core, {", "\n});",
-                     {"received", "lastKey", "requests", "copies", "settlers", "fields", "setTimer"}),
+                     {"received", "lastKey", "requests", "copies", "settlers", "fields", "choice", "listed",
+                      "setTimer"}),
               Listed(Kind::kViewFunction));
 }
 
