@@ -3,10 +3,10 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "page_control/dialogs/dialog_template.h"
-#include "page_control/dialogs/field_value.h"
 
 namespace tarvik {
 
@@ -16,11 +16,18 @@ constexpr WORD kDate = 100;
 constexpr WORD kTime = 101;
 constexpr WORD kClear = 102;
 
-std::optional<std::string> ChooseColour(HWND owner, const std::string& value) {
-    static COLORREF custom[16] = {};
+COLORREF ColourOf(const std::string& value) {
     const unsigned long rgb = value.size() == 7 ? strtoul(value.c_str() + 1, nullptr, 16) : 0;
+    return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF);
+}
+
+// The page's suggestions are among the user's own colours.
+std::optional<std::string> ChooseColour(HWND owner, const Field& field) {
+    static COLORREF custom[16] = {};
+    for (size_t i = 0; i < std::min(field.suggestions.size(), std::size(custom)); ++i)
+        custom[i] = ColourOf(field.suggestions[i]);
     CHOOSECOLORW dialog = {sizeof dialog, owner};
-    dialog.rgbResult = RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF);
+    dialog.rgbResult = ColourOf(field.value);
     dialog.lpCustColors = custom;
     dialog.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
     if (!ChooseColorW(&dialog)) return std::nullopt;
@@ -77,7 +84,7 @@ class DateDialog {
         if (!self || message != WM_COMMAND) return FALSE;
         switch (LOWORD(wParam)) {
             case IDOK:
-                self->result_ = self->Read(window);
+                if (!self->Accept(window)) return TRUE;
                 break;
             case kClear:
                 self->result_.emplace();
@@ -100,33 +107,51 @@ class DateDialog {
             range[index] = *time;
             limits |= flag;
         };
-        limit(field_.least, 0, GDTR_MIN);
-        limit(field_.most, 1, GDTR_MAX);
-        const auto send = [&](WORD id, UINT message, WPARAM wParam, const void* lParam) {
-            SendDlgItemMessageW(window, id, message, wParam, reinterpret_cast<LPARAM>(lParam));
-        };
-        if (HasCalendar()) {
-            if (limits) send(kDate, MCM_SETRANGE, limits, range);
-            send(kDate, MCM_SETCURSEL, 0, &time_);
+        limit(field_.limits.least, 0, GDTR_MIN);
+        limit(field_.limits.most, 1, GDTR_MAX);
+        if (HasCalendar() && limits) Send(window, kDate, MCM_SETRANGE, limits, range);
+        if (HasLowerField()) {
+            if (limits && !HasCalendar() && !HasTime(type_)) Send(window, kTime, DTM_SETRANGE, limits, range);
+            Send(window, kTime, DTM_SETFORMATW, 0, HasTime(type_) ? L"HH:mm:ss" : L"MMMM yyyy");
         }
-        if (!HasLowerField()) return;
-        if (limits && !HasCalendar() && !HasTime(type_)) send(kTime, DTM_SETRANGE, limits, range);
-        send(kTime, DTM_SETFORMATW, 0, HasTime(type_) ? L"HH:mm:ss" : L"MMMM yyyy");
-        send(kTime, DTM_SETSYSTEMTIME, GDT_VALID, &time_);
+        Display(window, time_);
     }
 
-    std::string Read(HWND window) const {
+    static void Send(HWND window, WORD id, UINT message, WPARAM wParam, const void* lParam) {
+        SendDlgItemMessageW(window, id, message, wParam, reinterpret_cast<LPARAM>(lParam));
+    }
+
+    void Display(HWND window, const SYSTEMTIME& time) const {
+        if (HasCalendar()) Send(window, kDate, MCM_SETCURSEL, 0, &time);
+        if (HasLowerField()) Send(window, kTime, DTM_SETSYSTEMTIME, GDT_VALID, &time);
+    }
+
+    // Displays the nearest value in place of one that the field does not accept.
+    bool Accept(HWND window) {
+        const SYSTEMTIME chosen = Read(window);
+        const SYSTEMTIME nearest = NearestFieldValue(type_, chosen, field_.limits);
+        const std::string value = FieldValueOf(type_, nearest);
+        if (value == FieldValueOf(type_, chosen)) {
+            result_ = value;
+            return true;
+        }
+        MessageBeep(MB_ICONWARNING);
+        Display(window, nearest);
+        return false;
+    }
+
+    SYSTEMTIME Read(HWND window) const {
         SYSTEMTIME time = time_;
         if (HasCalendar())
             SendDlgItemMessageW(window, kDate, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&time));
-        if (!HasLowerField()) return FieldValueOf(type_, time);
+        if (!HasLowerField()) return time;
         SYSTEMTIME lower = {};
         SendDlgItemMessageW(window, kTime, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&lower));
-        if (!HasTime(type_)) return FieldValueOf(type_, lower);
+        if (!HasTime(type_)) return lower;
         time.wHour = lower.wHour;
         time.wMinute = lower.wMinute;
         time.wSecond = lower.wSecond;
-        return FieldValueOf(type_, time);
+        return time;
     }
 
     const FieldType type_;
@@ -138,7 +163,7 @@ class DateDialog {
 }  // namespace
 
 std::optional<std::string> ChooseFieldValue(HWND owner, const Field& field) {
-    if (field.type == "color") return ChooseColour(owner, field.value);
+    if (field.type == "color") return ChooseColour(owner, field);
     const auto type = FieldTypeOf(field.type);
     if (!type) return std::nullopt;
     const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES};

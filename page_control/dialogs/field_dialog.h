@@ -4,6 +4,9 @@
 
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "page_control/dialogs/field_value.h"
 
 namespace tarvik {
 
@@ -11,8 +14,8 @@ namespace tarvik {
 struct Field {
     std::string type;
     std::string value;  // as HTML writes it; it may be empty
-    std::string least;
-    std::string most;
+    FieldLimits limits;
+    std::vector<std::string> suggestions;
 };
 
 // Shows a dialog for a value, modal to `owner`, until it is closed. Returns the value, empty if the user

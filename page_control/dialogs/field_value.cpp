@@ -1,6 +1,8 @@
 #include "page_control/dialogs/field_value.h"
 
+#include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <vector>
 
 namespace tarvik {
@@ -53,6 +55,52 @@ std::vector<int> NumbersIn(const std::string& text) {
     return numbers;
 }
 
+// Days, weeks, months or seconds, in which the steps of the type are counted, since 1970; of a time, since
+// midnight.
+long long UnitsOf(FieldType type, const SYSTEMTIME& time) {
+    const year_month_day date = DateOf(time);
+    const long long day = sys_days(date).time_since_epoch().count();
+    const long long clock = (time.wHour * 60LL + time.wMinute) * 60 + time.wSecond;
+    switch (type) {
+        case FieldType::kDate:
+            return day;
+        case FieldType::kTime:
+            return clock;
+        case FieldType::kDateTime:
+            return day * 86400 + clock;
+        case FieldType::kMonth:
+            return (static_cast<int>(date.year()) - 1970) * 12LL + static_cast<unsigned>(date.month()) - 1;
+        case FieldType::kWeek:
+            return (sys_days(date) - FirstMonday(1970)).count() / 7;
+    }
+    return 0;
+}
+
+// The time that is as many units later.
+SYSTEMTIME Later(FieldType type, const SYSTEMTIME& time, long long units) {
+    SYSTEMTIME later = time;
+    const year_month_day date = DateOf(time);
+    if (type == FieldType::kMonth) {
+        SetDate(later, sys_days((date.year() / date.month() + months(units)) / 1));
+    } else if (HasTime(type)) {
+        const long long seconds = UnitsOf(FieldType::kDateTime, time) + units, clock = seconds % 86400;
+        SetDate(later, sys_days(days(seconds / 86400)));
+        later.wHour = static_cast<WORD>(clock / 3600);
+        later.wMinute = static_cast<WORD>(clock / 60 % 60);
+        later.wSecond = static_cast<WORD>(clock % 60);
+    } else {
+        SetDate(later, sys_days(date) + days(units * (type == FieldType::kWeek ? 7 : 1)));
+    }
+    return later;
+}
+
+// 0 for any value.
+long long StepOf(FieldType type, const std::string& text) {
+    if (text == "any") return 0;
+    const long long step = std::strtol(text.c_str(), nullptr, 10);
+    return step > 0 ? step : HasTime(type) ? 60 : 1;
+}
+
 template <class... Values>
 std::string Format(const char* format, Values... values) {
     char text[64];
@@ -96,6 +144,27 @@ std::optional<SYSTEMTIME> ParseFieldValue(FieldType type, const std::string& tex
         time.wSecond = static_cast<WORD>(numbers[hour + 2]);
     }
     return time;
+}
+
+SYSTEMTIME NearestFieldValue(FieldType type, const SYSTEMTIME& time, const FieldLimits& limits) {
+    const auto units = [&](const std::string& text, long long otherwise) {
+        const auto value = ParseFieldValue(type, text, time);
+        return value ? UnitsOf(type, *value) : otherwise;
+    };
+    constexpr long long kFar = 1LL << 50;
+    const long long least = units(limits.least, -kFar), most = units(limits.most, kFar);
+    if (least > most) return time;
+    const long long now = UnitsOf(type, time);
+    const long long step = StepOf(type, limits.step), base = units(limits.base, 0);
+    long long nearest = std::clamp(now, least, most);
+    if (step > 0) {
+        const long long after = ((nearest - base) % step + step) % step;
+        if (after) nearest += after * 2 < step ? -after : step - after;
+        if (nearest < least) nearest += step;
+        if (nearest > most) nearest -= step;
+        if (nearest < least) return time;
+    }
+    return Later(type, time, nearest - now);
 }
 
 std::string FieldValueOf(FieldType type, const SYSTEMTIME& time) {

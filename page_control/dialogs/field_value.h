@@ -23,4 +23,15 @@ std::optional<SYSTEMTIME> ParseFieldValue(FieldType type, const std::string& tex
 
 std::string FieldValueOf(FieldType type, const SYSTEMTIME& time);
 
+// What a field accepts, as its attributes say. An empty text is no limit, or the default step.
+struct FieldLimits {
+    std::string least;
+    std::string most;
+    std::string step;
+    std::string base;  // a value from which steps are counted
+};
+
+// The accepted value that is nearest to a time; the time itself if the limits exclude every value.
+SYSTEMTIME NearestFieldValue(FieldType type, const SYSTEMTIME& time, const FieldLimits& limits);
+
 }  // namespace tarvik

@@ -31,5 +31,24 @@ TEST(FieldValue, IsThatOfTheCalendarsDay) {
     EXPECT_FALSE(FieldTypeOf("color"));
 }
 
+TEST(FieldValue, IsTheNearestThatTheFieldAccepts) {
+    const auto nearest = [](std::string_view name, const std::string& text, const FieldLimits& limits) {
+        const FieldType type = *FieldTypeOf(name);
+        return FieldValueOf(type, NearestFieldValue(type, *ParseFieldValue(type, text, kNow), limits));
+    };
+    EXPECT_EQ(nearest("date", "2024-02-29", {}), "2024-02-29");
+    EXPECT_EQ(nearest("date", "2024-02-29", {"2024-03-04", "", "", ""}), "2024-03-04");
+    EXPECT_EQ(nearest("date", "2024-03-08", {"", "", "7", "2024-03-04"}), "2024-03-11");
+    EXPECT_EQ(nearest("date", "2024-02-28", {"2024-03-04", "2024-03-08", "7", "2024-03-05"}), "2024-03-05");
+    EXPECT_EQ(nearest("time", "23:59", {"09:00", "17:10", "900", "09:00"}), "17:00");
+    EXPECT_EQ(nearest("time", "10:07:29", {}), "10:07");
+    EXPECT_EQ(nearest("time", "10:07:29", {"", "", "any", ""}), "10:07:29");
+    EXPECT_EQ(nearest("datetime-local", "2024-12-31T23:59", {"", "", "3600", ""}), "2025-01-01T00:00");
+    EXPECT_EQ(nearest("month", "2024-11", {"2023-01", "", "3", "2023-01"}), "2024-10");
+    EXPECT_EQ(nearest("week", "2024-W09", {"", "2024-W03", "2", "2024-W01"}), "2024-W03");
+    // Reversed limits are those of a time across midnight.
+    EXPECT_EQ(nearest("time", "12:00", {"22:00", "02:00", "", ""}), "12:00");
+}
+
 }  // namespace
 }  // namespace tarvik
