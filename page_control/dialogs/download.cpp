@@ -2,18 +2,20 @@
 
 #include <chrono>
 
+#include "page_control/dialogs/save_file.h"
+#include "tarvik/status.h"
+
 namespace tarvik {
 
 namespace {
 
-// A copy has the permissions of its new folder. Nobody finds half a file under the final name.
+// A copy has the permissions of its new folder.
 bool Store(const std::wstring& source, const std::wstring& place) {
-    const std::wstring part = place + L".part";
-    if (CopyFileW(source.c_str(), part.c_str(), FALSE) &&
-        MoveFileExW(part.c_str(), place.c_str(), MOVEFILE_REPLACE_EXISTING))
-        return true;
-    DeleteFileW(part.c_str());
-    return false;
+    return SUCCEEDED(Guard([&] {
+        SaveFile(place, [&](const std::wstring& part) {
+            if (!CopyFileW(source.c_str(), part.c_str(), FALSE)) ThrowLastError();
+        });
+    }));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "base/write_file.h"
 #include "page_control/dialogs/file_dialog.h"
+#include "page_control/dialogs/save_file.h"
 #include "page_control/encoding/base64.h"
 #include "tarvik/owners.h"
 #include "tarvik/status.h"
@@ -28,17 +29,6 @@ void Write(const std::wstring& path, const std::vector<BYTE>& bytes) {
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) ThrowLastError();
     WriteAll(file.Get(), bytes.data(), bytes.size());
-}
-
-// Nobody finds half a file under the final name.
-void SaveFile(const std::wstring& place, const std::vector<BYTE>& bytes) {
-    const std::wstring part = place + L".part";
-    HRESULT status = Guard([&] { Write(part, bytes); });
-    if (SUCCEEDED(status) && !MoveFileExW(part.c_str(), place.c_str(), MOVEFILE_REPLACE_EXISTING))
-        status = HRESULT_FROM_WIN32(GetLastError());
-    if (SUCCEEDED(status)) return;
-    DeleteFileW(part.c_str());
-    throw StatusError(status);
 }
 
 }  // namespace
@@ -65,7 +55,7 @@ void PdfPrint::Save(const std::wstring& title, const std::string& base64) {
         std::vector<BYTE> pdf;
         if (places.empty()) return;
         if (!DecodeBase64(base64, pdf)) throw StatusError(E_FAIL);
-        SaveFile(places.front(), pdf);
+        SaveFile(places.front(), [&](const std::wstring& part) { Write(part, pdf); });
     });
     if (FAILED(status) && IsWindow(owner))
         MessageBoxW(owner, L"The page could not be printed.", L"Print", MB_OK | MB_ICONWARNING);
