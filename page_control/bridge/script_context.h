@@ -32,7 +32,7 @@ class ScriptContextDelegate {
     virtual void OnDocumentStart() = 0;  // before the page's first script, which waits
     virtual void OnOpenWindow(const std::wstring& url) = 0;
     virtual void OnCloseWindow() = 0;
-    // `type` is "alert", "confirm" or "prompt". Returns the result for script, which waits.
+    // `type` is "alert", "confirm", "prompt" or "print". Returns the result for script, which waits.
     virtual Variant OnDialog(const std::string& type, const std::wstring& message,
                              const std::wstring& proposal) = 0;
     virtual void OnContextMenu(POINT screen, IDispatch* element) = 0;  // in CSS pixels

@@ -2,7 +2,6 @@
 
 #include "page_control/dialogs/downloads.h"
 #include "page_control/dialogs/file_chooser.h"
-#include "page_control/dialogs/pdf_print.h"
 
 namespace tarvik {
 
@@ -12,8 +11,7 @@ struct PageDialogs {
         : window(window),
           queue(target.EnginePointer()),
           fileChooser(window, target, queue),
-          downloads(window, target, queue, std::move(report)),
-          print(window, target, queue) {}
+          downloads(window, target, queue, std::move(report)) {}
 
     // Lets the user choose a value for a field; null if he cancels.
     void ChooseValue(const Json& field, std::function<void(const Json& value)> onChoice);
@@ -22,7 +20,6 @@ struct PageDialogs {
     DialogQueue queue;
     FileChooser fileChooser;
     Downloads downloads;
-    PdfPrint print;
 };
 
 }  // namespace tarvik

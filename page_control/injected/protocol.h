@@ -49,7 +49,8 @@ inline constexpr Message kMessages[] = {
     {Kind::kCall, "delete", "object, name", "`delete` operator"},
     {Kind::kCall, "keys", "object", "enumeration; the reply is an array of names"},
     {Kind::kCall, "open", "url", "window.open of a new window"},
-    {Kind::kCall, "dialog", "type, message, proposal", "alert, confirm or prompt; the reply is the result"},
+    {Kind::kCall, "dialog", "type, message, proposal",
+     "alert, confirm, prompt or print; the reply is the result"},
 
     {Kind::kNotification, "result", "task id, outcome, awaits",
      "a queued task has run; whether the page pauses again"},
@@ -109,7 +110,6 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewEvent, "reading", "id", "the page waits to read the clipboard"},
     {Kind::kViewEvent, "window", "url", "a click requests a new window"},
     {Kind::kViewEvent, "size", "seen or missed", "after \"watchSize\": whether the page got the event"},
-    {Kind::kViewEvent, "print", "title", "window.print"},
     {Kind::kViewEvent, "picker", "JSON",
      "the engine has opened the picker of a field: id, type, value, min, max, step, list"},
     {Kind::kViewEvent, "suggestions", "JSON or null",

@@ -23,9 +23,6 @@ Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events
       view_(window, {textIsSelectable, [this](const std::wstring& url) { OnOpenWindow(url); },
                      [this](const Json& field, auto onChoice) {
                          if (dialogs_) dialogs_->ChooseValue(field, std::move(onChoice));
-                     },
-                     [this](const std::wstring& title) {
-                         if (dialogs_) dialogs_->print.Start(title);
                      }}) {}
 
 void Page::Navigate(const std::wstring& destination) {

@@ -117,6 +117,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
         if (events_) (events_->*event)(std::forward<Arguments>(arguments)...);
     }
 
+    void Print(const std::wstring& title);
     bool Connect();
     void ShowFailure(const std::wstring& text);
     void ShowNotice(const std::wstring& text, std::function<void()> loadAgain);
@@ -163,6 +164,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     bool isEmpty_ = false;    // whether the document is blank or the engine's error page
     bool connecting_ = false;
     bool scriptAllowed_ = true;
+    bool printing_ = false;
     bool asksToUnload_ = false;
     std::optional<bool> mayUnload_;  // the answer, if there is one yet
 };

@@ -5,6 +5,7 @@
 #include "page_control/engine/engine_address.h"
 #include "page_control/page/page.h"
 #include "page_control/page/script_dialogs.h"
+#include "page_control/printing/print_page.h"
 #include "tarvik/text.h"
 
 namespace tarvik {
@@ -112,11 +113,25 @@ void Page::OnFrameDetached(const event::FrameDetached& detached) {
 }
 
 Variant Page::OnDialog(const std::string& type, const std::wstring& message, const std::wstring& proposal) {
+    if (type == "print") {
+        Print(message);
+        return Variant();
+    }
     const ScriptDialogResult result =
         ShowScriptDialog(GetAncestor(window_, GA_ROOT), {type, message, proposal});
     if (type == "alert") return Variant();
     if (type == "confirm") return Variant::Bool(result.accepted);
     return result.accepted ? Variant::Text(result.text) : Variant::Null();
+}
+
+// A page is printed while it waits for its call, so that script finds no other state before or after.
+void Page::Print(const std::wstring& title) {
+    if (!target_ || std::exchange(printing_, true)) return;
+    const auto self = shared_from_this();
+    monitor_->SetDialogOpen(true);  // the layout of a long document takes its time
+    PrintPage(GetAncestor(window_, GA_ROOT), *target_, title);
+    printing_ = false;
+    if (target_) monitor_->SetDialogOpen(false);
 }
 
 // A dialog of the engine blocks the page until it is answered, so the page must not be called meanwhile.

@@ -147,8 +147,6 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
             return view->clipboard.OnRead(event.text);
         case ViewScript::PageEvent::Type::kNewWindow:
             return options_.onNewWindow(event.text);
-        case ViewScript::PageEvent::Type::kPrint:
-            return options_.onPrint(event.text);
         case ViewScript::PageEvent::Type::kPicker:
             return view->fieldPickers.OnPicker(ParseJson(event.text));
         case ViewScript::PageEvent::Type::kSuggestions:

@@ -25,8 +25,6 @@ class PageView {
         std::function<void(const std::wstring& url)> onNewWindow;
         // The user is to choose a value for a field.
         FieldPickers::DialogHandler onPicker;
-        // The page asks to be printed.
-        std::function<void(const std::wstring& title)> onPrint;
     };
     PageView(HWND window, Options options);
     ~PageView();

@@ -16,11 +16,11 @@ struct EventName {
 };
 
 constexpr EventName kEvents[] = {
-    {"copied", EventType::kCopied},           {"reading", EventType::kReading},
-    {"window", EventType::kNewWindow},        {"size", EventType::kSize},
-    {"picker", EventType::kPicker},           {"print", EventType::kPrint},
-    {"fullscreen", EventType::kFullScreen},   {"focus", EventType::kFocus},
-    {"suggestions", EventType::kSuggestions}, {"press", EventType::kPress},
+    {"copied", EventType::kCopied},    {"reading", EventType::kReading},
+    {"window", EventType::kNewWindow}, {"size", EventType::kSize},
+    {"picker", EventType::kPicker},    {"fullscreen", EventType::kFullScreen},
+    {"focus", EventType::kFocus},      {"suggestions", EventType::kSuggestions},
+    {"press", EventType::kPress},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {

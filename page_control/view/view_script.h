@@ -25,7 +25,6 @@ class ViewScript {
             kPicker,
             kSuggestions,
             kPress,
-            kPrint
         } type;
         std::wstring text;  // the field
     };

@@ -154,20 +154,6 @@ TEST_F(Files, AreDownloadedToAPlaceOfTheUser) {
     EXPECT_THAT(ReadTree(Folder()), ElementsAre(File(u8"bean.txt", "from a blob")));
 }
 
-// The page gets the events of printing even if the user cancels.
-TEST_F(Files, TakeAPrintedPage) {
-    OpenWith("<button>print</button>",
-             "document.title = 'Bean: list'; document.querySelector('button').onclick = print.bind(window);"
-             "onbeforeprint = onafterprint = function (e) { console.log(e.type); };");
-    EXPECT_TRUE(Press(ClickForDialog(30), IDCANCEL));
-    EXPECT_THAT(program_.Lines(), ElementsAre("beforeprint", "afterprint"));
-    const HWND dialog = ClickForDialog(30);
-    EXPECT_EQ(TextOf(EditOf(dialog)), L"Bean_ list.pdf");
-    Choose(dialog, Folder() + L"\\page.pdf");
-    EXPECT_TRUE(WaitFor([&] { return !ReadTree(Folder()).empty(); }));
-    EXPECT_THAT(ReadFileBytes(Folder() + L"\\page.pdf"), testing::StartsWith("%PDF-"));
-}
-
 TEST_F(Files, OfADownloadAppearWhenItIsComplete) {
     HalfFile file;
     OpenWith("<a id=half style=top:0>half</a>", "half.href = '" + Narrow(file.server.Url()) + "';");

@@ -26,7 +26,7 @@ const captureIntrinsics = () => {
   return {
     __proto__: null,
     apply, construct, ownKeys, is, getOwnPropertyDescriptor, getPrototypeOf, hasOwn,
-    Date, Error, Proxy, RangeError, URL, WeakRef,
+    Date, Error, Event, Proxy, RangeError, URL, WeakRef,
     eval, reportError, setTimeout,
     isInteger: Number.isInteger,
     stringify: JSON.stringify,
@@ -50,7 +50,9 @@ const captureIntrinsics = () => {
     bind: methodOf(Function.prototype, 'bind'),
     deref: methodOf(WeakRef.prototype, 'deref'),
     composedPath: methodOf(Event.prototype, 'composedPath'),
+    stopImmediately: methodOf(Event.prototype, 'stopImmediatePropagation'),
     addEventListener: methodOf(EventTarget.prototype, 'addEventListener'),
+    dispatchEvent: methodOf(EventTarget.prototype, 'dispatchEvent'),
     baseAddress: getterOf(Node.prototype, 'baseURI'),  // a form of that name would shadow the property
     body: getterOf(Document.prototype, 'body'),
     address: getterOf(URL.prototype, 'href'),

@@ -23,7 +23,6 @@ const caret = makeCaret(post);
 const clipboard = makeClipboard(core, post);
 const drag = makeDrag(core);
 const pickers = makePickers(core, post);
-makePrint(post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
 const listeners = [
