@@ -120,6 +120,7 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewEvent, "focus", "text or other", "whether an element that takes composed text has the focus"},
 
     {Kind::kViewFunction, "receipt", "isText", "returns how much input the page has received"},
+    {Kind::kViewFunction, "handlesTouch", "", "returns whether the page prevents the last contact's default"},
     {Kind::kViewFunction, "hasSelection", "", "returns whether text is selected"},
     {Kind::kViewFunction, "copy", "id", "returns whether the page has copied, once the copy is over"},
     {Kind::kViewFunction, "settle", "id, succeeded", "the clipboards hold the same"},

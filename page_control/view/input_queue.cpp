@@ -22,8 +22,8 @@ InputQueue::InputQueue(PageTarget& target, ViewScript& script) : target_(target)
     };
 }
 
-void InputQueue::Add(DeliveryMode mode, const char* method, Parameters parameters) {
-    Add({mode, method, std::move(parameters).Take(), nullptr});
+void InputQueue::Add(DeliveryMode mode, const char* method, Parameters parameters, std::vector<Json> retry) {
+    Add({mode, method, std::move(parameters).Take(), nullptr, std::move(retry)});
 }
 
 void InputQueue::Add(Input input) {
@@ -132,7 +132,17 @@ void InputQueue::OnReceipt(const Json& received) {
 }
 
 void InputQueue::Repeat() {
-    waiting_.push_front(std::move(*current_));
+    Input input = std::move(*current_);
+    std::vector<Json> before = input.since ? input.retry : std::vector<Json>();
+    if (!before.empty()) {
+        input.parameters = std::move(before.back());
+        before.pop_back();
+        received_ = nullptr;  // it also counts what is sent before
+    }
+    const char* const method = input.method;
+    waiting_.push_front(std::move(input));
+    for (; !before.empty(); before.pop_back())
+        waiting_.push_front({DeliveryMode::kAwaitReply, method, before.back(), nullptr});
     Finish();
 }
 

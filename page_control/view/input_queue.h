@@ -31,7 +31,9 @@ class InputQueue {
         kAwaitReceipt,      // and until the page has received it
         kAwaitTextReceipt,  // the same for the text of a key
     };
-    void Add(DeliveryMode mode, const char* method, Parameters parameters);
+    // `retry` are the parameters of the commands that are sent if the input was lost, the last of which is
+    // the input; by default, the same again.
+    void Add(DeliveryMode mode, const char* method, Parameters parameters, std::vector<Json> retry = {});
 
     // Adds work of the host that the input after it depends on. The task calls its argument when it is done.
     using Task = std::function<void(std::function<void()> done)>;
@@ -45,7 +47,8 @@ class InputQueue {
         DeliveryMode mode;
         const char* method;
         Json parameters;
-        Task task;            // in place of the method
+        Task task;  // in place of the method
+        std::vector<Json> retry = {};
         ULONGLONG since = 0;  // time of the first attempt
     };
     using Step = void (InputQueue::*)(const Json& value);

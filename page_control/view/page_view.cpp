@@ -12,10 +12,13 @@
 #include "page_control/view/page_clipboard.h"
 #include "page_control/view/page_drag.h"
 #include "page_control/view/page_scale.h"
+#include "page_control/view/pen_input.h"
 #include "page_control/view/placement.h"
 #include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
+#include "page_control/view/system_pointers.h"
 #include "page_control/view/tooltip.h"
+#include "page_control/view/touch_input.h"
 #include "page_control/view/window_numbers.h"
 #include "page_control/view/window_state.h"
 #include "tarvik/text.h"
@@ -43,6 +46,8 @@ struct PageView::TargetView {
           state(window, page, engineWindow, queue),
           clipboard(page, script, queue),
           mouse(window, queue),
+          touch(window, page, script, queue),
+          pen(window, queue),
           keyboard(window, queue, clipboard),
           ime(window, script, queue),
           fieldPickers(window, page, script, queue, options.onPicker),
@@ -73,6 +78,8 @@ struct PageView::TargetView {
     WindowState state;
     PageClipboard clipboard;
     MouseInput mouse;
+    TouchInput touch;
+    PenInput pen;
     KeyboardInput keyboard;
     ImeInput ime;
     FieldPickers fieldPickers;
@@ -263,13 +270,15 @@ bool PageView::HandleTimer(UINT_PTR timer) {
 
 bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const std::weak_ptr<TargetView> before = targetView_;
-    if (MouseInput::IsPress(message)) {
+    const DWORD pointer = notice_.IsShown() ? 0 : PointerTypeOf(message, wParam);
+    if (MouseInput::IsPress(message) || (pointer && message == kPointerDown)) {
         targetView_->ime.Complete();
         SetFocus(window_);
     }
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
+    if (pointer) return HandlePointer(pointer, message, wParam);
     if (view.fieldPickers.HandleKey(message, wParam)) return true;
     if (view.ime.HandleMessage(message, wParam, lParam, result)) return true;
     const bool isMouse = view.mouse.HandleMessage(message, wParam, lParam);
@@ -280,6 +289,17 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     view.cursor.SetPosition(view.mouse.LastPoint());
     // Messages of the X buttons return TRUE.
     *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
+    return true;
+}
+
+// The system makes mouse messages of those that are not handled.
+bool PageView::HandlePointer(DWORD type, UINT message, WPARAM wParam) {
+    TargetView& view = *targetView_;
+    if (type == kTouchPointer)
+        view.touch.HandleMessage(message, wParam);
+    else
+        view.pen.HandleMessage(message, wParam);
+    view.state.OnMouse();
     return true;
 }
 

@@ -61,6 +61,7 @@ class PageView {
     bool HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool HandleTimer(UINT_PTR timer);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    bool HandlePointer(DWORD type, UINT message, WPARAM wParam);
     void OnPageEvent(const ViewScript::PageEvent& event);
     void OnWindowChange();
 

@@ -45,6 +45,7 @@ Object.assign(core, {
   // Grows with each button or key that the page receives; no two documents start with the same number.
   received: Math.random(),
   lastKey: null,
+  lastTouch: null,
   requests: 0,
   copies: { __proto__: null },
   settlers: { __proto__: null },
@@ -57,6 +58,7 @@ Object.assign(core, {
     listen();
     return receipts.receipt(isText);
   },
+  handlesTouch: receipts.handlesTouch,
   caret: caret.place,
   hasSelection: clipboard.hasSelection,
   copy: clipboard.copy,
