@@ -27,11 +27,12 @@ Json PenParametersOf(const PenRecord& record) {
                     ? static_cast<double>(record.pressure) / PenRecord::kMaxPressure
                     : kPressure;
     }
-    return {{"pointerType", "pen"},
-            {"force", force},
-            {"tiltX", measured(PenRecord::kHasTiltX, record.tiltX)},
-            {"tiltY", measured(PenRecord::kHasTiltY, record.tiltY)},
-            {"twist", measured(PenRecord::kHasRotation, static_cast<INT32>(record.rotation))}};
+    return Parameters{{"pointerType", "pen"},
+                      {"force", force},
+                      {"tiltX", measured(PenRecord::kHasTiltX, record.tiltX)},
+                      {"tiltY", measured(PenRecord::kHasTiltY, record.tiltY)},
+                      {"twist", measured(PenRecord::kHasRotation, static_cast<INT32>(record.rotation))}}
+        .Take();
 }
 
 void PenInput::HandleMessage(UINT message, WPARAM wParam) {
@@ -81,13 +82,15 @@ void PenInput::Send(InputQueue::DeliveryMode mode, const char* type, POINT point
                     int clicks, const PenRecord& record) {
     const double scale = PageScaleOf(window_);
     Json parameters = PenParametersOf(record);
-    parameters.update({{"type", type},
-                       {"x", point.x / scale},
-                       {"y", point.y / scale},
-                       {"button", button},
-                       {"buttons", held_.bit},
-                       {"clickCount", clicks},
-                       {"modifiers", KeyModifiers()}});
+    parameters.update(Parameters{
+        {"type", type},
+        {"x", point.x / scale},
+        {"y", point.y / scale},
+        {"button", button},
+        {"buttons", held_.bit},
+        {"clickCount", clicks},
+        {"modifiers",
+         KeyModifiers()}}.Take());
     queue_.Add(mode, "Input.dispatchMouseEvent", std::move(parameters));
 }
 

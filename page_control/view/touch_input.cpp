@@ -18,24 +18,25 @@ constexpr double kTapRadius = 15;  // CSS pixels
 constexpr double kPressure = 0.5;  // of a device that measures none
 
 Json Touches(const char* type, Json points) {
-    return {{"type", type}, {"touchPoints", std::move(points)}, {"modifiers", KeyModifiers()}};
+    return Parameters{{"type", type}, {"touchPoints", std::move(points)}, {"modifiers", KeyModifiers()}}
+        .Take();
 }
 
 }  // namespace
 
 Json TouchPointOf(const TouchRecord& record, int id, POINT origin, double scale) {
     const POINT& screen = record.pointer.screen;
-    Json point = {{"id", id},
-                  {"x", (screen.x - origin.x) / scale},
-                  {"y", (screen.y - origin.y) / scale},
-                  {"force", kPressure}};
-    if (record.mask & TouchRecord::kHasPressure)
-        point["force"] = static_cast<double>(record.pressure) / TouchRecord::kMaxPressure;
-    if (record.mask & TouchRecord::kHasArea) {
-        point["radiusX"] = (record.area.right - record.area.left) / 2.0 / scale;
-        point["radiusY"] = (record.area.bottom - record.area.top) / 2.0 / scale;
-    }
-    return point;
+    const bool hasArea = record.mask & TouchRecord::kHasArea;
+    const bool hasPressure = record.mask & TouchRecord::kHasPressure;
+    const RECT area = hasArea ? record.area : RECT{0, 0, 2, 2};
+    return Parameters{
+        {"id", id},
+        {"x", (screen.x - origin.x) / scale},
+        {"y", (screen.y - origin.y) / scale},
+        {"radiusX", (area.right - area.left) / 2.0 / scale},
+        {"radiusY", (area.bottom - area.top) / 2.0 / scale},
+        {"force", hasPressure ? static_cast<double>(record.pressure) / TouchRecord::kMaxPressure : kPressure}}
+        .Take();
 }
 
 void TouchInput::HandleMessage(UINT message, WPARAM wParam) {
