@@ -45,7 +45,6 @@ Object.assign(core, {
   // Grows with each button or key that the page receives; no two documents start with the same number.
   received: Math.random(),
   lastKey: null,
-  lastTouch: null,
   requests: 0,
   copies: { __proto__: null },
   settlers: { __proto__: null },
