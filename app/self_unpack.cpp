@@ -45,7 +45,7 @@ std::wstring TempFolderPath() {
 
 std::wstring UniqueFolderName() {
     wchar_t name[16] = {};
-    swprintf(name, std::size(name), L"TV%08lX", GetTickCount());
+    _snwprintf(name, std::size(name), L"TV%08lX", GetTickCount());
     return name;
 }
 

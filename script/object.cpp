@@ -3,6 +3,7 @@
 #include "script/dispatch.h"
 #include "tarvik/bstr.h"
 #include "tarvik/properties.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -122,7 +123,7 @@ STDMETHODIMP CArray::Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISP
 
 void CArray::Push(const VARIANT* value) {
     DISPID id = DISPID_VALUE;
-    const Bstr name(std::to_wstring(Count()));
+    const Bstr name(DecimalText(Count()));
     GetDispID(name.Get(), fdexNameEnsure, &id);
     if (value) PutScriptProperty(this, id, value);
 }

@@ -18,4 +18,8 @@ std::string Narrow(std::wstring_view text, UINT codePage) {
     return narrow;
 }
 
+std::wstring DecimalText(long long number) {
+    return Widen(std::to_string(number));
+}
+
 }  // namespace tarvik

@@ -15,6 +15,7 @@
 #include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
 #include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -75,10 +76,10 @@ class ScriptObject {
     // For arrays: the number of elements, an element as by Get, and a further element. Length throws
     // E_INVALIDARG for an object that is no array.
     size_t Length() const;
-    Variant At(size_t index) const { return Get(std::to_wstring(index).c_str()); }
+    Variant At(size_t index) const { return Get(DecimalText(index).c_str()); }
     template <class T>
     std::optional<T> At(size_t index) const {
-        return Get<T>(std::to_wstring(index).c_str());
+        return Get<T>(DecimalText(index).c_str());
     }
     template <class T>
     void Push(T&& value) const {

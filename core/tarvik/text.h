@@ -13,4 +13,7 @@ namespace tarvik {
 std::wstring Widen(std::string_view text, UINT codePage = CP_UTF8);
 std::string Narrow(std::wstring_view text, UINT codePage = CP_UTF8);
 
+// A number in decimal digits. std::to_wstring would link the formatting of fractions, 11 kB.
+std::wstring DecimalText(long long number);
+
 }  // namespace tarvik

@@ -34,7 +34,7 @@ HRESULT ExceptionInfo::Status(HRESULT status) {
 std::wstring ExceptionInfo::Text(HRESULT status) const {
     if (SysStringLen(bstrDescription) > 0) return std::wstring(Bstr::View(bstrDescription));
     wchar_t number[16];
-    swprintf(number, std::size(number), L" (0x%08lX)", static_cast<unsigned long>(status));
+    _snwprintf(number, std::size(number), L" (0x%08lX)", static_cast<unsigned long>(status));
     const std::wstring text = SystemText(status);
     return (text.empty() ? L"The native call failed" : text) + number;
 }

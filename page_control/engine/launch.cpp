@@ -4,6 +4,7 @@
 
 #include "base/dpi.h"
 #include "base/wine.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -62,7 +63,7 @@ std::wstring EngineArguments() {
     std::wstring line;
     for (const wchar_t* argument : kArguments)
         line += std::wstring(L" ") + argument;
-    line += L" --force-device-scale-factor=" + std::to_wstring(EngineScale());
+    line += L" --force-device-scale-factor=" + Widen(std::to_string(EngineScale()));
     // Without a window of its own, the engine uses the processor only on request, and then has no replacement
     // for it unless that is requested, too.
     return line + (HasGpu() ? L" --enable-gpu --enable-unsafe-swiftshader" : L" --disable-gpu");

@@ -12,6 +12,7 @@
 #include "page_control/engine/transport.h"
 #include "tarvik/owners.h"
 #include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -148,7 +149,7 @@ class PipeTransport : public Transport {
 };
 
 std::wstring HandleText(const UniqueHandle& handle) {
-    return std::to_wstring(static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(handle.Get())));
+    return DecimalText(static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(handle.Get())));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "page_control/page/frame_browser.h"
 #include "page_control/view/window_numbers.h"
 #include "tarvik/status.h"
+#include "tarvik/text.h"
 #include "tarvik/variant.h"
 
 namespace tarvik {
@@ -34,8 +35,8 @@ VARIANT ByReference(VARIANT_BOOL* value) {
 
 // The control's own dialog, for a site that does not handle script errors. True if scripts may continue.
 bool ConfirmContinue(HWND owner, const ScriptError& error) {
-    const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + std::to_wstring(error.line) +
-                              L"\nChar:\t" + std::to_wstring(error.column) + L"\nError:\t" + error.message +
+    const std::wstring text = L"A script on this page has failed.\n\nLine:\t" + DecimalText(error.line) +
+                              L"\nChar:\t" + DecimalText(error.column) + L"\nError:\t" + error.message +
                               L"\nURL:\t" + error.url + L"\n\nContinue running scripts on this page?";
     return MessageBoxW(owner, text.c_str(), L"Script error", MB_YESNO | MB_ICONWARNING) != IDNO;
 }

@@ -29,8 +29,8 @@ std::wstring UserAgent() {
     const bool mayBeWow64 = FindFunction<BOOL WINAPI(HANDLE, BOOL*)>(L"kernel32.dll", "IsWow64Process");
     SYSTEM_INFO system = {};
     GetNativeSystemInfo(&system);
-    return L"Quillon Metrics/0.1 (Windows NT " + std::to_wstring(version & 0xFF) + L"." +
-           std::to_wstring(version >> 8 & 0xFF) +
+    return L"Quillon Metrics/0.1 (Windows NT " + DecimalText(version & 0xFF) + L"." +
+           DecimalText(version >> 8 & 0xFF) +
            (mayBeWow64                            ? L", WOW64)"
             : system.wProcessorArchitecture & 0x9 ? L", Win64; x64)"
                                                   : L")");

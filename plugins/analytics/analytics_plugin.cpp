@@ -1,6 +1,7 @@
 #include "plugins/analytics/analytics_plugin.h"
 
 #include "app/log/log.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -27,7 +28,7 @@ bool ReadTextArgument(const Call& call, size_t index, std::wstring& out) {
 // used: scripts can observe that of an object.
 std::wstring RawInteger(const VARIANT& value) {
     Variant::Copy(value).ChangeType(VT_I4);
-    return std::to_wstring(value.lVal);
+    return DecimalText(value.lVal);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "base/language.h"
 #include "tarvik/status.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -40,8 +41,8 @@ std::wstring UserLanguage() {
 std::wstring CommonParameters(const HitSettings& settings) {
     return L"v=1&tid=" + settings.trackingId + L"&cid=" + ClientId(MachineGuid()) + L"&ul=" +
            Escape(UserLanguage()) + L"&an=" + Escape(settings.applicationName) + L"&av=" +
-           settings.applicationVersion + L"&vp=" + std::to_wstring(GetSystemMetrics(SM_CXSCREEN)) + L'x' +
-           std::to_wstring(GetSystemMetrics(SM_CYSCREEN));
+           settings.applicationVersion + L"&vp=" + DecimalText(GetSystemMetrics(SM_CXSCREEN)) + L'x' +
+           DecimalText(GetSystemMetrics(SM_CYSCREEN));
 }
 
 }  // namespace

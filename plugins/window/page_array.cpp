@@ -5,6 +5,7 @@
 
 #include "tarvik/com_ptr.h"
 #include "tarvik/properties.h"
+#include "tarvik/text.h"
 
 namespace tarvik {
 
@@ -41,7 +42,7 @@ Variant MakePageArray(IWebBrowser2* browser, const std::vector<std::wstring>& te
     Variant array = NewArray(browser);
     if (!ObjectOf(array)) return Variant::Null();
     for (size_t i = 0; i < texts.size(); ++i) {
-        const std::wstring index = std::to_wstring(i);
+        const std::wstring index = DecimalText(i);
         if (FAILED(SetScriptProperty(array.pdispVal, index.c_str(), Variant::Text(texts[i]))))
             return Variant::Null();
     }

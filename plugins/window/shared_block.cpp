@@ -12,7 +12,7 @@ namespace {
 
 std::wstring BlockName(DWORD sender, HWND target) {
     wchar_t name[64] = {};
-    std::swprintf(name, std::size(name), L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(sender),
+    _snwprintf(name, std::size(name), L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(sender),
                   static_cast<unsigned>(reinterpret_cast<uintptr_t>(target)));
     return name;
 }
