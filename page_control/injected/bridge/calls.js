@@ -15,18 +15,21 @@ const makeCalls = (post, run, { Error, define }) => {
     throw error;
   };
 
+  const failUnreachable = () => {
+    post('["unloading"]');
+    fail(0, 'Native objects cannot be reached at this moment.');
+  };
+
   // Posts a call and runs the host's tasks until the reply arrives. Tasks that are still queued then run before script
   // continues, because only a call reads the inbox.
   const exchange = (operation, parts) => {
+    if (paused) failUnreachable();  // in a listener that the engine calls while the page is paused
     const call = ++calls;
     post('["' + operation + '",' + call + (parts ? ',' + parts : '') + ']');
     let reply;
     do {
       for (let turns = 0; first === last; ++turns) {
-        if (turns > kEmptyTurns) {
-          post('["unloading"]');
-          fail(0, 'Native objects cannot be reached at this moment.');
-        }
+        if (turns > kEmptyTurns) failUnreachable();
         paused = true;
         debugger;
         paused = false;
