@@ -25,8 +25,8 @@ FileDialog DialogFor(const Json& attributes) {
 
 }  // namespace
 
-FileChooser::FileChooser(HWND window, PageTarget& target, DialogQueue& queue)
-    : window_(window), target_(target), queue_(queue) {
+FileChooser::FileChooser(HWND window, PageTarget& target, DialogQueue& queue, Scheduler whenActive)
+    : window_(window), target_(target), queue_(queue), whenActive_(std::move(whenActive)) {
     Intercept(State::kIdle);
     opened_ = target_.Events().Subscribe<event::FileChooserOpened>(
         [this](const event::FileChooserOpened& opened) { OnOpened(opened.nodeId); });
@@ -50,17 +50,23 @@ void FileChooser::OnOpened(int field) {
 // The page, and this with it, may be closed while the dialog is open.
 void FileChooser::Show(int field, const Json& node) {
     const std::weak_ptr<bool> alive = alive_;
+    const FileDialog dialog = DialogFor(node.value("attributes", Json::array()));
     std::vector<std::wstring> paths;
-    const HRESULT status = Guard([&] {
-        paths =
-            ChooseFiles(GetAncestor(window_, GA_ROOT), DialogFor(node.value("attributes", Json::array())));
-    });
+    const HRESULT status = Guard([&] { paths = ChooseFiles(GetAncestor(window_, GA_ROOT), dialog); });
     if (alive.expired()) return;
     if (FAILED(status) || paths.empty()) return Cancel(field);
+    state_ = State::kIdle;
+    if (dialog.purpose != FileDialog::Purpose::kOpenFolder) return SetFiles(field, paths);
+    // The engine does not list a folder while its window is minimized, as that of an inactive page is.
+    whenActive_([this, alive, field, paths] {
+        if (!alive.expired()) SetFiles(field, paths);
+    });
+}
+
+void FileChooser::SetFiles(int field, const std::vector<std::wstring>& paths) {
     Json files = Json::array();
     for (const std::wstring& path : paths)
         files.push_back(EnginePath(path));
-    state_ = State::kIdle;
     target_.Post("DOM.setFileInputFiles", {{"backendNodeId", field}, {"files", std::move(files)}});
 }
 

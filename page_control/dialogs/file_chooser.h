@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 
 #include "page_control/dialogs/dialog_queue.h"
@@ -13,8 +14,11 @@ namespace tarvik {
 // click() or showPicker(). Main thread.
 class FileChooser {
   public:
+    // Calls a function when the page is active.
+    using Scheduler = std::function<void(std::function<void()>)>;
+
     // `queue` and `target` outlive this.
-    FileChooser(HWND window, PageTarget& target, DialogQueue& queue);
+    FileChooser(HWND window, PageTarget& target, DialogQueue& queue, Scheduler whenActive);
 
   private:
     enum class State {
@@ -25,12 +29,14 @@ class FileChooser {
 
     void OnOpened(int field);
     void Show(int field, const Json& node);
+    void SetFiles(int field, const std::vector<std::wstring>& paths);
     void Cancel(int field);
     void Intercept(State state);
 
     HWND window_;
     PageTarget& target_;
     DialogQueue& queue_;
+    const Scheduler whenActive_;
     State state_ = State::kIdle;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     EventRouter::Subscription opened_;

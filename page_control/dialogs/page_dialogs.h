@@ -7,10 +7,10 @@ namespace tarvik {
 
 // The dialogs that a page opens through the engine, for the time of a target.
 struct PageDialogs {
-    PageDialogs(HWND window, PageTarget& target, Downloads::Report report)
+    PageDialogs(HWND window, PageTarget& target, FileChooser::Scheduler whenActive, Downloads::Report report)
         : window(window),
           queue(target.EnginePointer()),
-          fileChooser(window, target, queue),
+          fileChooser(window, target, queue, std::move(whenActive)),
           downloads(window, target, queue, std::move(report)) {}
 
     // Lets the user choose a value for a field; null if he cancels.

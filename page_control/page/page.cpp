@@ -63,7 +63,8 @@ bool Page::Connect() {
         requireOpen();
         SubscribeAll(*target);
         dialogs_ = std::make_unique<PageDialogs>(
-            window_, *target, [engine = engine_](const std::wstring& text) { engine->Report(text); });
+            window_, *target, [this](std::function<void()> task) { view_.WhenActive(std::move(task)); },
+            [engine = engine_](const std::wstring& text) { engine->Report(text); });
         target_ = std::move(target);
         monitor_ = std::make_unique<ResponseMonitor>(window_, *target_,
                                                      [this](bool responds) { OnResponse(responds); });

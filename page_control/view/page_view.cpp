@@ -120,6 +120,10 @@ bool PageView::IsMouseHeld() const {
     return targetView_ && targetView_->mouse.IsHeld();
 }
 
+void PageView::WhenActive(std::function<void()> task) {
+    if (targetView_) targetView_->state.WhenActive(std::move(task));
+}
+
 DropReceiver* PageView::Drops() const {
     return targetView_ ? &targetView_->drag : nullptr;
 }

@@ -50,6 +50,9 @@ class PageView {
     // Receives what is dragged over the page; null without one.
     DropReceiver* Drops() const;
 
+    // Calls a function when the window is active and the page has that state; never if the target ends first.
+    void WhenActive(std::function<void()> task);
+
     // Opens the menu of a text field, after a query of the page's selection.
     void OpenEditMenu(POINT screen);
 

@@ -66,7 +66,8 @@ void WindowState::QueueApply() {
 
 // Commands of two sessions may overtake each other, so one waits for the other.
 void WindowState::Apply() {
-    if (applying_ || std::exchange(applied_, requested_) == requested_) return;
+    if (applying_) return;
+    if (std::exchange(applied_, requested_) == requested_) return RunTasks();
     applying_ = true;
     const bool isActive = applied_ == State::kActive;
     const bool isHidden = applied_ == State::kHidden;
@@ -80,6 +81,17 @@ void WindowState::Apply() {
     EmulateFocus(isHidden ? ownSession : secondSession_, !isHidden, [this, isHidden, finish] {
         EmulateFocus(isHidden ? secondSession_ : target_.Session(), false, finish);
     });
+}
+
+void WindowState::WhenActive(std::function<void()> task) {
+    tasks_.push_back(std::move(task));
+    if (!applying_ && applied_ == requested_) RunTasks();
+}
+
+void WindowState::RunTasks() {
+    if (applied_ != State::kActive) return;
+    for (const auto& task : std::exchange(tasks_, {}))
+        task();
 }
 
 void WindowState::EmulateFocus(const std::string& session, bool enabled, std::function<void()> next) {

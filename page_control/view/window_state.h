@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "page_control/view/engine_window.h"
 #include "page_control/view/input_queue.h"
@@ -37,12 +38,16 @@ class WindowState {
     void OnMouse();
     void OnTimer();
 
+    // Calls a function when the window is active and the page has that state.
+    void WhenActive(std::function<void()> task);
+
   private:
     // A window that has never been shown is inactive, not hidden: many pages draw before they show it.
     enum class State { kInactive, kActive, kHidden };
     State Measure();
     void QueueApply();
     void Apply();
+    void RunTasks();
     void EmulateFocus(const std::string& session, bool enabled, std::function<void()> next);
 
     HWND window_;
@@ -54,6 +59,7 @@ class WindowState {
     State requested_ = State::kInactive;
     State applied_ = State::kInactive;
     bool applying_ = false;  // a reply is pending
+    std::vector<std::function<void()>> tasks_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
