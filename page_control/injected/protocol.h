@@ -117,6 +117,7 @@ inline constexpr Message kMessages[] = {
      "selected"},
     {Kind::kViewEvent, "press", "key", "the engine's picker or list, which takes the keys, is to get one"},
     {Kind::kViewEvent, "fullscreen", "on or off", "an element fills the screen, or none does"},
+    {Kind::kViewEvent, "lock", "on or off", "an element locks the pointer, or releases it"},
     {Kind::kViewEvent, "focus", "text or other", "whether an element that takes composed text has the focus"},
 
     {Kind::kViewFunction, "receipt", "isText", "returns how much input the page has received"},
@@ -133,6 +134,7 @@ inline constexpr Message kMessages[] = {
      "returns a box of the page, a hot spot in it, and a data URL or an empty text"},
     {Kind::kViewFunction, "dropEffect", "", "returns what the page would do with a drop"},
     {Kind::kViewFunction, "endDrag", "effect", "tells what a drop outside of the page has done"},
+    {Kind::kViewFunction, "unlockPointer", "", "releases a pointer that is locked"},
     {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };
 

@@ -89,6 +89,10 @@ bool MouseInput::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void MouseInput::OnMove(POINT point) {
+    if (lock_.Position()) {
+        lock_.OnMove();
+        point = *lock_.Position();
+    }
     if (!tracking_ && point.x >= 0) {
         TRACKMOUSEEVENT track = {sizeof track, TME_LEAVE, window_, 0};
         tracking_ = TrackMouseEvent(&track) != FALSE;
@@ -145,6 +149,7 @@ void MouseInput::OnWheel(WPARAM wParam, LPARAM lParam, bool horizontal) {
 
 void MouseInput::Send(InputQueue::DeliveryMode mode, const char* type, POINT point, const char* button,
                       int clicks, Json more) {
+    point = lock_.Position().value_or(point);
     const double scale = PageScaleOf(window_);
     more.update({{"type", type},
                  {"x", point.x / scale},

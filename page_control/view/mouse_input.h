@@ -4,6 +4,7 @@
 
 #include "page_control/view/click_counter.h"
 #include "page_control/view/input_queue.h"
+#include "page_control/view/pointer_lock.h"
 
 namespace tarvik {
 
@@ -13,7 +14,8 @@ int KeyModifiers();
 // Forwards mouse messages of a window to a page. The pointer is captured while a button is held.
 class MouseInput {
   public:
-    MouseInput(HWND window, InputQueue& queue) : window_(window), queue_(queue) {}
+    MouseInput(HWND window, InputQueue& queue, PointerLock& lock)
+        : window_(window), queue_(queue), lock_(lock) {}
 
     // False for other messages.
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -49,6 +51,7 @@ class MouseInput {
 
     HWND window_;
     InputQueue& queue_;
+    PointerLock& lock_;
     int buttons_ = 0;  // whose press the page received, and not the release
     POINT last_ = {-1, -1};
     bool tracking_ = false;

@@ -14,6 +14,7 @@
 #include "page_control/view/page_scale.h"
 #include "page_control/view/pen_input.h"
 #include "page_control/view/placement.h"
+#include "page_control/view/pointer_lock.h"
 #include "page_control/view/root_watch.h"
 #include "page_control/view/screencast.h"
 #include "page_control/view/system_pointers.h"
@@ -45,7 +46,8 @@ struct PageView::TargetView {
           queue(page, script),
           state(window, page, engineWindow, queue),
           clipboard(page, script, queue),
-          mouse(window, queue),
+          pointerLock(window, script),
+          mouse(window, queue, pointerLock),
           touch(window, page, script, queue),
           pen(window, queue),
           keyboard(window, queue, clipboard),
@@ -58,8 +60,10 @@ struct PageView::TargetView {
           rootWatch(window, std::move(onRootChange)),
           accessibility(window, page, [this](const std::function<void()>& task) { QueueTask(task); }),
           fullScreen(window),
-          newDocument(
-              page.Events().Subscribe<event::ContextsCleared>([this](const auto&) { fullScreen.Leave(); })) {}
+          newDocument(page.Events().Subscribe<event::ContextsCleared>([this](const auto&) {
+              fullScreen.Leave();
+              pointerLock.OnUnlock();
+          })) {}
 
     void QueueTask(const std::function<void()>& task) {
         queue.AddTask([task](const std::function<void()>& done) {
@@ -77,6 +81,7 @@ struct PageView::TargetView {
     InputQueue queue;
     WindowState state;
     PageClipboard clipboard;
+    PointerLock pointerLock;
     MouseInput mouse;
     TouchInput touch;
     PenInput pen;
@@ -170,6 +175,9 @@ void PageView::OnPageEvent(const ViewScript::PageEvent& event) {
             return view->ime.Enable(event.text == L"text");
         case ViewScript::PageEvent::Type::kFullScreen:
             return event.text == L"on" ? view->fullScreen.Enter() : view->fullScreen.Leave();
+        case ViewScript::PageEvent::Type::kPointerLock:
+            return event.text == L"on" ? view->pointerLock.OnLock(view->mouse.LastPoint())
+                                       : view->pointerLock.OnUnlock();
     }
 }
 
@@ -217,7 +225,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
     switch (message) {
         case kFrameMessage:
             view.screencast.OnFrame();
-            view.cursor.Refresh();
+            if (!view.pointerLock.Position()) view.cursor.Refresh();
             view.accessibility.OnChange();
             return true;
         case WM_GETOBJECT:
@@ -232,13 +240,16 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
         case kDpiChangedAfterParent:
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            if (message == WM_KILLFOCUS) view.ime.Complete();
+            if (message == WM_KILLFOCUS) {
+                view.ime.Complete();
+                view.pointerLock.Release();
+            }
             OnWindowChange();
             if (message == WM_SETFOCUS) view.accessibility.OnFocus();
             return false;
         case WM_SETCURSOR:
             if (LOWORD(lParam) != HTCLIENT) return false;
-            SetCursor(view.cursor.Current());
+            SetCursor(view.pointerLock.Position() ? nullptr : view.cursor.Current());
             *result = TRUE;
             return true;
         default:
@@ -285,12 +296,17 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     if (pointer) return HandlePointer(pointer, message, wParam);
     if (view.fieldPickers.HandleKey(message, wParam)) return true;
     if (view.ime.HandleMessage(message, wParam, lParam, result)) return true;
+    const bool isLocked = view.pointerLock.Position().has_value();
+    if (isLocked && message == WM_KEYDOWN && wParam == VK_ESCAPE) {
+        view.pointerLock.Release();
+        return true;
+    }
     const bool isMouse = view.mouse.HandleMessage(message, wParam, lParam);
-    if (isMouse || (message >= WM_KEYFIRST && message <= WM_KEYLAST))
+    if ((isMouse && !isLocked) || (message >= WM_KEYFIRST && message <= WM_KEYLAST))
         view.tooltip.OnInput(message, view.mouse.LastPoint());
     if (!isMouse) return view.keyboard.HandleMessage(message, wParam, lParam);
     view.state.OnMouse();
-    view.cursor.SetPosition(view.mouse.LastPoint());
+    if (!isLocked) view.cursor.SetPosition(view.mouse.LastPoint());
     // Messages of the X buttons return TRUE.
     *result = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
     return true;

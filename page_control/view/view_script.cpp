@@ -20,7 +20,7 @@ constexpr EventName kEvents[] = {
     {"window", EventType::kNewWindow}, {"size", EventType::kSize},
     {"picker", EventType::kPicker},    {"fullscreen", EventType::kFullScreen},
     {"focus", EventType::kFocus},      {"suggestions", EventType::kSuggestions},
-    {"press", EventType::kPress},
+    {"press", EventType::kPress},      {"lock", EventType::kPointerLock},
 };
 
 ViewScript::PageEvent ParseEvent(std::string_view payload) {

@@ -21,6 +21,7 @@ class ViewScript {
             kNewWindow,
             kSize,
             kFullScreen,
+            kPointerLock,
             kFocus,
             kPicker,
             kSuggestions,

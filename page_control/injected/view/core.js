@@ -23,11 +23,12 @@ const caret = makeCaret(post);
 const clipboard = makeClipboard(core, post);
 const drag = makeDrag(core);
 const pickers = makePickers(core, post);
+const lock = makeLock(core, post);
 
 // Adding a listener again has no effect, unless document.open() has removed them all.
 const listeners = [
   ...receipts.listeners, ...caret.listeners, ...clipboard.listeners, ...drag.listeners, ...makeLinks(post).listeners,
-  ...pickers.listeners,
+  ...pickers.listeners, ...lock.listeners,
 ];
 const pageWindow = isTop ? makeWindow(post) : null;
 if (isTop) listeners.push(...pageWindow.listeners);
@@ -51,6 +52,7 @@ Object.assign(core, {
   fields: { __proto__: null },
   choice: null,
   listed: null,
+  unlock: null,
   setTimer: setTimeout.bind(window),
 
   receipt: (isText) => {
@@ -68,6 +70,7 @@ Object.assign(core, {
   dragImage: drag.image,
   dropEffect: drag.effect,
   endDrag: drag.end,
+  unlockPointer: lock.unlock,
   watchSize: () => {
     listen();
     pageWindow.watchSize();

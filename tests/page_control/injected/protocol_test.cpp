@@ -58,7 +58,7 @@ TEST(Protocol, ListsTheNamesInTheScripts) {
     EXPECT_EQ(Matches(kViewScript, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
     EXPECT_EQ(KeysOf(kViewScript, "Object.assign(core, {", "\n});",
                      {"received", "lastKey", "requests", "copies", "settlers", "fields", "choice", "listed",
-                      "setTimer"}),
+                      "unlock", "setTimer"}),
               Listed(Kind::kViewFunction));
 }
 

@@ -102,5 +102,56 @@ TEST_F(HostedPage, FillsTheScreenOnRequest) {
     EXPECT_TRUE(PumpUntil([&] { return GetWindowLongPtrW(Frame(), GWL_STYLE) == (style | WS_MAXIMIZE); }));
 }
 
+TEST_F(HostedPage, LocksThePointerInItsWindow) {
+    Open(R"(<button id="button">Lock</button><script>
+        var moved = 0, largest = 0;
+        button.onclick = function () { button.requestPointerLock(); };
+        onmousemove = function (event) {
+            moved += event.movementX;
+            largest = Math.max(largest, Math.abs(event.movementX));
+        };
+        function locked() { return document.pointerLockElement === button; }</script>)");
+    const auto pointer = [] {
+        POINT point = {};
+        GetCursorPos(&point);
+        return point;
+    };
+    const POINT before = MiddleOf(L"button");
+    const auto lock = [&] {
+        // The engine may refuse a lock while another one ends.
+        for (int i = 0; i < 5 && Evaluate(L"locked()") != L"true"; ++i) {
+            ClickAt(before);
+            PumpUntil([&] { return Evaluate(L"locked()") == L"true"; }, std::chrono::seconds(3));
+        }
+        EXPECT_EQ(Evaluate(L"locked()"), L"true");
+        PumpUntil([&] { return pointer().x != before.x; });
+        Evaluate(L"moved = largest = 0");
+    };
+    const auto isBack = [&] {
+        EXPECT_TRUE(Becomes(L"locked()", L"false"));
+        EXPECT_TRUE(PumpUntil([&] { return pointer().x == before.x && pointer().y == before.y; }));
+    };
+    lock();
+    RECT area = {};
+    GetWindowRect(PageWindow(), &area);
+    INPUT move = MouseInputOf(MOUSEEVENTF_MOVE);
+    move.mi.dx = 30;
+    for (int i = 0; i < 200 && Evaluate(L"moved > 1500") != L"true"; ++i) {
+        Send(move);
+        PumpUntil([] { return false; }, std::chrono::milliseconds(10));
+        EXPECT_TRUE(PtInRect(&area, pointer()));
+    }
+    EXPECT_TRUE(Becomes(L"moved > 1500", L"true"));  // the window is 500 wide
+    EXPECT_TRUE(Becomes(L"largest < 250", L"true"));
+    PressKeys({VK_ESCAPE});
+    isBack();
+    lock();
+    const HWND other = CreateWindowW(L"STATIC", L"", WS_POPUP | WS_VISIBLE, 600, 500, 50, 50, nullptr,
+                                     nullptr, nullptr, nullptr);
+    SetForegroundWindow(other);
+    isBack();
+    DestroyWindow(other);
+}
+
 }  // namespace
 }  // namespace tarvik
