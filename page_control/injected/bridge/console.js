@@ -2,7 +2,7 @@
 // the page then reads has the engine's methods, too. The plug-in's members win, and those that the page defines win over
 // both.
 const makeConsole = (records, { encodeText }, intrinsics) => {
-  const { newMap, defineAccessor, getOwnPropertyDescriptor, getPrototypeOf, Proxy } = intrinsics;
+  const { apply, newMap, defineAccessor, getOwnPropertyDescriptor, getPrototypeOf, Proxy } = intrinsics;
   const { get, set, has, defineProperty, deleteProperty } = Reflect;
   const { create, getOwnPropertyDescriptors } = Object;
   const ownName = encodeText('console');
@@ -22,12 +22,17 @@ const makeConsole = (records, { encodeText }, intrinsics) => {
     // A property of the plug-in reads as a method while it is empty. So the new value decides: a function replaces a
     // method, any other value is written to a property.
     const belongsToPlugin = (name, value) => isOfPlugin(name) && typeof value !== 'function';
+    // Libraries print blank lines without a text, which the plug-in does not accept.
+    function log() {
+      return apply(plugin.log, plugin, arguments.length ? arguments : ['']);
+    }
+    const ofPluginOrLog = (name) => name === 'log' ? log : plugin[name];
     const replace = (name) => typeof name === 'string' && ofPlugin.set(name, false);
 
     const own = create(getPrototypeOf(engineConsole), getOwnPropertyDescriptors(engineConsole));
     return new Proxy(own, {
       __proto__: null,
-      get: (target, name) => isOfPlugin(name) ? plugin[name] : get(target, name),
+      get: (target, name) => isOfPlugin(name) ? ofPluginOrLog(name) : get(target, name),
       set: (target, name, value) => {
         if (belongsToPlugin(name, value)) return set(plugin, name, value);
         replace(name);
@@ -44,7 +49,7 @@ const makeConsole = (records, { encodeText }, intrinsics) => {
         return deleteProperty(target, name);
       },
       getOwnPropertyDescriptor: (target, name) => isOfPlugin(name)
-        ? { __proto__: null, value: plugin[name], writable: true, enumerable: true, configurable: true }
+        ? { __proto__: null, value: ofPluginOrLog(name), writable: true, enumerable: true, configurable: true }
         : getOwnPropertyDescriptor(target, name),
     });
   };
