@@ -1,5 +1,7 @@
 #include "page_control/page/script_dialogs.h"
 
+#include <algorithm>
+
 #include "page_control/dialogs/dialog_template.h"
 
 namespace tarvik {
@@ -7,12 +9,36 @@ namespace tarvik {
 namespace {
 
 constexpr WORD kEdit = 100;
+constexpr WORD kMessage = 101;
+constexpr LRESULT kVisibleLines = 4;
 constexpr size_t kMaxLength = 32 * 1024;
 
 std::wstring Caption(HWND owner) {
     wchar_t text[256] = {};
     GetWindowTextW(owner, text, static_cast<int>(std::size(text)));
     return text;
+}
+
+// The system's dialogs end a text at a null character.
+std::wstring Displayed(std::wstring text) {
+    std::replace(text.begin(), text.end(), L'\0', L' ');
+    return text;
+}
+
+// Edit controls break lines at both characters only.
+std::wstring WithLineBreaks(const std::wstring& text) {
+    std::wstring lines;
+    for (const wchar_t character : text) {
+        if (character == L'\n' && !lines.ends_with(L'\r')) lines += L'\r';
+        lines += character;
+    }
+    return lines;
+}
+
+void ShowMessage(HWND dialog, const std::wstring& message) {
+    SetDlgItemTextW(dialog, kMessage, WithLineBreaks(message).c_str());
+    const LRESULT lines = SendDlgItemMessageW(dialog, kMessage, EM_GETLINECOUNT, 0, 0);
+    ShowScrollBar(GetDlgItem(dialog, kMessage), SB_VERT, lines > kVisibleLines);
 }
 
 struct Prompt {
@@ -25,6 +51,7 @@ INT_PTR CALLBACK PromptProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     if (message == WM_INITDIALOG) {
         prompt = reinterpret_cast<Prompt*>(lParam);
         SetWindowLongPtrW(window, DWLP_USER, lParam);
+        ShowMessage(window, prompt->dialog.message);
         SetDlgItemTextW(window, kEdit, prompt->dialog.proposal.c_str());
         return TRUE;
     }
@@ -40,7 +67,7 @@ INT_PTR CALLBACK PromptProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 ScriptDialogResult ShowPrompt(HWND owner, const ScriptDialog& dialog) {
     DialogTemplate layout(Caption(owner), {230, 86});
     layout.Add(DialogTemplate::kEdit, kEdit, WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, {8, 44, 222, 58});
-    layout.Add(DialogTemplate::kStatic, 0, SS_NOPREFIX, {8, 8, 222, 40}, dialog.message);
+    layout.Add(DialogTemplate::kEdit, kMessage, ES_MULTILINE | ES_READONLY | WS_VSCROLL, {8, 8, 222, 40});
     layout.Add(DialogTemplate::kButton, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, {116, 66, 166, 80}, L"OK");
     layout.Add(DialogTemplate::kButton, IDCANCEL, WS_TABSTOP, {172, 66, 222, 80}, L"Cancel");
     Prompt prompt = {dialog, {}};
@@ -51,7 +78,9 @@ ScriptDialogResult ShowPrompt(HWND owner, const ScriptDialog& dialog) {
 
 }  // namespace
 
-ScriptDialogResult ShowScriptDialog(HWND owner, const ScriptDialog& dialog) {
+ScriptDialogResult ShowScriptDialog(HWND owner, ScriptDialog dialog) {
+    dialog.message = Displayed(std::move(dialog.message));
+    dialog.proposal = Displayed(std::move(dialog.proposal));
     if (dialog.type == "prompt") return ShowPrompt(owner, dialog);
     const bool leaving = dialog.type == "beforeunload";
     const std::wstring text =

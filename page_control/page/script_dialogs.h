@@ -19,6 +19,6 @@ struct ScriptDialogResult {
 };
 
 // Shows a dialog, modal to `owner`, until it is closed.
-ScriptDialogResult ShowScriptDialog(HWND owner, const ScriptDialog& dialog);
+ScriptDialogResult ShowScriptDialog(HWND owner, ScriptDialog dialog);
 
 }  // namespace tarvik

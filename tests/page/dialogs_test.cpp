@@ -58,6 +58,25 @@ TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
 
 // As in the browser, only after the user has used the page. A frame may ask, too.
 TEST_F(Dialogs, AskBeforeTheUserClosesAPageThatWantsIt) {
+TEST_F(Dialogs, ShowAllOfATextOrAScrollBar) {
+    Open(
+        "console.log('' + confirm('before\\0after')); prompt('1\\n2\\n3\\n4'); "
+        "prompt('1\\n2\\n3\\n4\\n5\\0!');"
+        "external.window.quit(5);");
+    EXPECT_EQ(TextOf(program_.Dialog(), kBoxText), L"before after");
+    Press(IDOK);
+    for (const bool isLong : {false, true}) {
+        const HWND prompt = program_.Dialog();
+        const HWND edit = FindWindowExW(prompt, nullptr, L"Edit", nullptr);
+        const HWND message = FindWindowExW(prompt, edit, L"Edit", nullptr);
+        ASSERT_TRUE(message);
+        EXPECT_EQ(TextOf(message), isLong ? L"1\r\n2\r\n3\r\n4\r\n5 !" : L"1\r\n2\r\n3\r\n4");
+        EXPECT_EQ((GetWindowLongPtrW(message, GWL_STYLE) & WS_VSCROLL) != 0, isLong);
+        Press(IDOK);
+    }
+    ExpectEnd({"true"});
+}
+
     Write(L"frame.html", "window.onbeforeunload = function () { return parent.asks ? 'ask' : undefined; };");
     Open(
         "var w = external.window, asks = true; w.title = 'Unsaved'; w.setWindowPos(200, 150, 400, 300);"
