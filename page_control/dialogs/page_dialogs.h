@@ -2,6 +2,7 @@
 
 #include "page_control/dialogs/downloads.h"
 #include "page_control/dialogs/file_chooser.h"
+#include "page_control/dialogs/sign_in.h"
 
 namespace tarvik {
 
@@ -11,7 +12,8 @@ struct PageDialogs {
         : window(window),
           queue(target.EnginePointer()),
           fileChooser(window, target, queue, std::move(whenActive)),
-          downloads(window, target, queue, std::move(report)) {}
+          downloads(window, target, queue, std::move(report)),
+          signIn(window, target, queue) {}
 
     // Lets the user choose a value for a field; null if he cancels.
     void ChooseValue(const Json& field, std::function<void(const Json& value)> onChoice);
@@ -20,6 +22,7 @@ struct PageDialogs {
     DialogQueue queue;
     FileChooser fileChooser;
     Downloads downloads;
+    SignIn signIn;
 };
 
 }  // namespace tarvik

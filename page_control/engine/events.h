@@ -54,12 +54,27 @@ struct RequestPaused {
     static constexpr const char* kMethod = "Fetch.requestPaused";
     static RequestPaused Parse(const json& params) {
         return {params.at("requestId"), detail::Text(params, "frameId"),
-                detail::Text(params.at("request"), "url"), params.contains("redirectedRequestId")};
+                detail::Text(params.at("request"), "url"), params.contains("redirectedRequestId"),
+                detail::Text(params, "resourceType") == "Document"};
     }
     std::string requestId;
     std::string frameId;
     std::string url;
     bool isRedirected;
+    bool isDocument;
+};
+
+struct AuthRequired {
+    static constexpr const char* kMethod = "Fetch.authRequired";
+    static AuthRequired Parse(const json& params) {
+        const json& challenge = params.at("authChallenge");
+        return {params.at("requestId"), detail::Text(challenge, "origin"), detail::Text(challenge, "realm"),
+                detail::Text(challenge, "source") == "Proxy"};
+    }
+    std::string requestId;
+    std::string origin;
+    std::string realm;
+    bool isProxy;
 };
 
 struct FrameNavigated {

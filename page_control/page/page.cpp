@@ -14,6 +14,17 @@ namespace {
 
 constexpr DWORD kUnloadTimeout = 2000;  // for a page that does not respond
 
+// Documents, and what scripts request from the web: if a server requires a password, the engine would wait
+// for ever for a dialog of its own.
+void InterceptRequests(PageTarget& target) {
+    const auto pattern = [](const char* url, const char* type) {
+        return Json{{"urlPattern", url}, {"resourceType", type}};
+    };
+    target.Post("Fetch.enable",
+                {{"patterns", {pattern("*", "Document"), pattern("http*", "XHR"), pattern("http*", "Fetch")}},
+                 {"handleAuthRequests", true}});
+}
+
 }  // namespace
 
 Page::Page(std::shared_ptr<SharedEngine> engine, HWND window, PageEvents& events, bool textIsSelectable)
@@ -55,8 +66,7 @@ bool Page::Connect() {
         target->Events().RetainDuringDispatch(weak_from_this());
         target->Post("Page.enable");
         target->Post("Inspector.enable");
-        target->Post("Fetch.enable",
-                     {{"patterns", Json::array({{{"urlPattern", "*"}, {"resourceType", "Document"}}})}});
+        InterceptRequests(*target);
         view_.SetTarget(target);
         requireOpen();
         bridge = std::make_unique<ScriptBridge>(*target, *this);

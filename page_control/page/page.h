@@ -130,6 +130,7 @@ class Page : public ScriptContextDelegate, public std::enable_shared_from_this<P
     EventRouter::Subscription Subscribe(PageTarget& target, void (Page::*handler)(const Event& event));
     void SubscribeAll(PageTarget& target);
     void OnRequestPaused(const event::RequestPaused& request);
+    void ContinueRequest(const event::RequestPaused& request);
     void FailRequest(const event::RequestPaused& request);
     void OnFrameNavigated(const event::FrameNavigated& navigated);
     void RemoveBlankPageFromHistory(int attempts);

@@ -37,6 +37,7 @@ void Page::SubscribeAll(PageTarget& target) {
 }
 
 void Page::OnRequestPaused(const event::RequestPaused& request) {
+    if (!request.isDocument) return ContinueRequest(request);
     if (asksToUnload_ && request.url == kUnloadAddress) {
         if (!mayUnload_) mayUnload_ = true;
         return FailRequest(request);
@@ -47,10 +48,11 @@ void Page::OnRequestPaused(const event::RequestPaused& request) {
     const bool allowed = request.isRedirected || events_->OnBeforeNavigate(url, isTop);
     if (!target_) return;
     loading_ = loading_ && (allowed || !isTop);
-    if (allowed)
-        target_->Post("Fetch.continueRequest", {{"requestId", request.requestId}});
-    else
-        FailRequest(request);
+    allowed ? ContinueRequest(request) : FailRequest(request);
+}
+
+void Page::ContinueRequest(const event::RequestPaused& request) {
+    target_->Post("Fetch.continueRequest", {{"requestId", request.requestId}});
 }
 
 void Page::FailRequest(const event::RequestPaused& request) {

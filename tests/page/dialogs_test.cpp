@@ -1,10 +1,12 @@
 // The dialogs that pages and script errors open, driven as a user would.
 
 #include <algorithm>
+#include <atomic>
 
 #include "tarvik/text.h"
 #include "tests/page/program.h"
 #include "tests/support/dialog_driver.h"
+#include "tests/support/web_server.h"
 
 namespace tarvik {
 namespace {
@@ -56,8 +58,6 @@ TEST_F(Dialogs, ReturnTheAnswerOfTheUser) {
     ExpectEnd({"true", "false", "Some \"body\"", "null"});
 }
 
-// As in the browser, only after the user has used the page. A frame may ask, too.
-TEST_F(Dialogs, AskBeforeTheUserClosesAPageThatWantsIt) {
 TEST_F(Dialogs, ShowAllOfATextOrAScrollBar) {
     Open(
         "console.log('' + confirm('before\\0after')); prompt('1\\n2\\n3\\n4'); "
@@ -77,6 +77,8 @@ TEST_F(Dialogs, ShowAllOfATextOrAScrollBar) {
     ExpectEnd({"true"});
 }
 
+// As in the browser, only after the user has used the page. A frame may ask, too.
+TEST_F(Dialogs, AskBeforeTheUserClosesAPageThatWantsIt) {
     Write(L"frame.html", "window.onbeforeunload = function () { return parent.asks ? 'ask' : undefined; };");
     Open(
         "var w = external.window, asks = true; w.title = 'Unsaved'; w.setWindowPos(200, 150, 400, 300);"
@@ -113,6 +115,47 @@ TEST_F(Dialogs, DoNotAskBeforeOtherPagesAreClosed) {
     }
     PostMessageW(quiet, WM_SYSCOMMAND, SC_CLOSE, 0);
     ExpectEnd({"loop", "asked", "closed"});
+}
+
+// Once for requests that wait together; a wrong password asks again.
+TEST_F(Dialogs, AskForThePasswordOfASite) {
+    std::atomic<int> refusals = 0;
+    const WebServer server([&](const WebExchange& exchange) {
+        const bool isKnown = exchange.Head().find("Authorization: Basic bWU6cGFzcw==") != std::string::npos;
+        const std::string path = exchange.Path();
+        if (path == "/start")
+            exchange.Respond(
+                "<script>Promise.all([fetch('one'), fetch('two')]).then(function (answers) {"
+                "  console.log('fetched ' + answers[0].status + ' ' + answers[1].status);"
+                "  location.href = 'page'; });</script>");
+        else if (isKnown)
+            exchange.Respond("<script>console.log('welcome'); external.window.quit(5);</script>");
+        else
+            exchange.Respond(
+                path == "/page" ? "<script>console.log('refused'); location.reload();</script>" : "",
+                "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"Garden\"");
+        refusals += path == "/one" || path == "/two";
+    });
+    const auto enter = [&](const wchar_t* realm, const wchar_t* password) {
+        const HWND dialog = program_.Dialog();
+        ASSERT_TRUE(dialog);
+        EXPECT_THAT(TextOf(GetWindow(dialog, GW_CHILD)), testing::HasSubstr(realm));
+        const HWND user = FindWindowExW(dialog, nullptr, L"Edit", nullptr);
+        SendMessageW(user, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"me"));
+        SendMessageW(FindWindowExW(dialog, user, L"Edit", nullptr), WM_SETTEXT, 0,
+                     reinterpret_cast<LPARAM>(password));
+        EXPECT_TRUE(tarvik::Press(dialog, IDOK));
+        EXPECT_TRUE(WaitFor([&] { return !IsWindow(dialog); }));
+    };
+    program_.Start(L"-f " + server.Url(L"start"));
+    EXPECT_TRUE(WaitFor([&] { return refusals == 2; }));
+    Press(IDCANCEL);
+    ASSERT_TRUE(program_.WaitForLine("fetched 401 401"));
+    Press(IDCANCEL);
+    ASSERT_TRUE(program_.WaitForLine("refused"));
+    enter(L"127.0.0.1", L"wrong");
+    enter(L"Garden", L"pass");
+    ExpectEnd({"fetched 401 401", "refused", "welcome"});
 }
 
 TEST_F(Dialogs, NoStopsTheScriptsOfThePage) {
