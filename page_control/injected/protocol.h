@@ -135,6 +135,7 @@ inline constexpr Message kMessages[] = {
     {Kind::kViewFunction, "dropEffect", "", "returns what the page would do with a drop"},
     {Kind::kViewFunction, "endDrag", "effect", "tells what a drop outside of the page has done"},
     {Kind::kViewFunction, "unlockPointer", "", "releases a pointer that is locked"},
+    {Kind::kViewFunction, "watchState", "", "the page gets the events of its window's state"},
     {Kind::kViewFunction, "watchSize", "", "reports whether the page gets the event of its new size"},
 };
 

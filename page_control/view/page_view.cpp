@@ -44,7 +44,7 @@ struct PageView::TargetView {
           engineWindow(page),
           placement(window, page, engineWindow, script),
           queue(page, script),
-          state(window, page, engineWindow, queue),
+          state(window, page, engineWindow, script, queue),
           clipboard(page, script, queue),
           pointerLock(window, script),
           mouse(window, queue, pointerLock),

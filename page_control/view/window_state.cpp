@@ -16,10 +16,12 @@ bool IsShown(HWND window) {
     return IsWindowVisible(window) && !IsIconic(GetAncestor(window, GA_ROOT));
 }
 
-WindowState::WindowState(HWND window, PageTarget& target, EngineWindow& engineWindow, InputQueue& queue)
+WindowState::WindowState(HWND window, PageTarget& target, EngineWindow& engineWindow, ViewScript& script,
+                         InputQueue& queue)
     : window_(window),
       target_(target),
       engineWindow_(engineWindow),
+      script_(script),
       queue_(queue),
       secondSession_(AttachSession(target.Engine(), target.Id())) {
     Update();
@@ -74,6 +76,7 @@ void WindowState::Apply() {
     engineWindow_.SetMinimized(!isActive);
     const auto finish = [this] {
         applying_ = false;
+        script_.Call("watchState", "", [](const Json&) {});
         QueueApply();
     };
     const std::string& ownSession = target_.Session();

@@ -9,6 +9,7 @@
 
 #include "page_control/view/engine_window.h"
 #include "page_control/view/input_queue.h"
+#include "page_control/view/view_script.h"
 
 namespace tarvik {
 
@@ -25,7 +26,8 @@ bool IsShown(HWND window);
 class WindowState {
   public:
     // Queries the engine. Throws StatusError.
-    WindowState(HWND window, PageTarget& target, EngineWindow& engineWindow, InputQueue& queue);
+    WindowState(HWND window, PageTarget& target, EngineWindow& engineWindow, ViewScript& script,
+                InputQueue& queue);
     ~WindowState();
     WindowState(const WindowState&) = delete;
     WindowState& operator=(const WindowState&) = delete;
@@ -53,6 +55,7 @@ class WindowState {
     HWND window_;
     PageTarget& target_;
     EngineWindow& engineWindow_;
+    ViewScript& script_;
     InputQueue& queue_;
     const std::string secondSession_;
     bool wasShown_ = false;

@@ -31,7 +31,8 @@ const listeners = [
   ...pickers.listeners, ...lock.listeners,
 ];
 const pageWindow = isTop ? makeWindow(post) : null;
-if (isTop) listeners.push(...pageWindow.listeners);
+const state = isTop ? makeState(core) : null;
+if (isTop) listeners.push(...pageWindow.listeners, ...state.listeners);
 const listen = () => {
   for (let i = 0; i < listeners.length; ++i) {
     const types = listeners[i][0];
@@ -71,6 +72,7 @@ Object.assign(core, {
   dropEffect: drag.effect,
   endDrag: drag.end,
   unlockPointer: lock.unlock,
+  watchState: state.watch,
   watchSize: () => {
     listen();
     pageWindow.watchSize();

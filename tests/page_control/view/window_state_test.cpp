@@ -75,6 +75,27 @@ TEST_F(HostedPage, SeesEachSizeThoughItMakesNativeCalls) {
     EXPECT_TRUE(Becomes(L"resized + ' ' + observed", L"600 600"));
 }
 
+// The same for focus and visibility: the state changes, without an event.
+TEST_F(HostedPage, SeesEachStateThoughItMakesNativeCalls) {
+    Open(R"(<input id="field"><script>
+        var own = external.window, channel = new MessageChannel();
+        onfocus = onblur = function (event) { log.push(event.type); };
+        document.addEventListener('visibilitychange', function () { log.push(document.visibilityState); });
+        field.onblur = field.onfocus = function (event) { log.push('field ' + event.type); };
+        channel.port1.onmessage = function () { own.isVisible(); channel.port2.postMessage(0); };</script>)");
+    ClickAt(MiddleOf(L"field"));
+    ASSERT_TRUE(Becomes(L"log.indexOf('field focus') >= 0", L"true"));
+    Evaluate(L"channel.port2.postMessage(0); log = []");
+    for (int i = 0; i < 2; ++i) {
+        ShowWindow(Frame(), SW_MINIMIZE);
+        EXPECT_TRUE(Becomes(L"log.slice().sort().join()", L"blur,field blur,hidden"));
+        Evaluate(L"log = []");
+        ShowWindow(Frame(), SW_RESTORE);
+        EXPECT_TRUE(Becomes(L"log.slice().sort().join()", L"field focus,focus,visible"));
+        Evaluate(L"log = []");
+    }
+}
+
 TEST_F(HostedPage, FillsTheScreenOnRequest) {
     Open(R"(<button id="button">Full screen</button><script>
         button.onclick = function () { document.body.requestFullscreen(); };
@@ -105,7 +126,7 @@ TEST_F(HostedPage, FillsTheScreenOnRequest) {
 TEST_F(HostedPage, LocksThePointerInItsWindow) {
     Open(R"(<button id="button">Lock</button><script>
         var moved = 0, largest = 0;
-        button.onclick = function () { button.requestPointerLock(); };
+        button.onclick = function () { button.requestPointerLock().catch(function () {}); };
         onmousemove = function (event) {
             moved += event.movementX;
             largest = Math.max(largest, Math.abs(event.movementX));
@@ -118,7 +139,7 @@ TEST_F(HostedPage, LocksThePointerInItsWindow) {
     };
     const POINT before = MiddleOf(L"button");
     const auto lock = [&] {
-        // The engine may refuse a lock while another one ends.
+        // A click may be lost, or the engine may refuse a lock while another one ends.
         for (int i = 0; i < 5 && Evaluate(L"locked()") != L"true"; ++i) {
             ClickAt(before);
             PumpUntil([&] { return Evaluate(L"locked()") == L"true"; }, std::chrono::seconds(3));
