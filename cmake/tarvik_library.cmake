@@ -26,6 +26,7 @@ function(tarvik_embed_text OUTPUT CONSTANT)
   set(SCRIPT ${CMAKE_SOURCE_DIR}/cmake/embed_text.cmake)
   add_custom_command(
     OUTPUT ${OUTPUT}
+    BYPRODUCTS ${OUTPUT}.txt ${OUTPUT}.gz
     COMMAND ${CMAKE_COMMAND} -DINPUTS=${INPUTS} -DOUTPUT=${OUTPUT} -DNAME=${CONSTANT} -P ${SCRIPT}
     DEPENDS ${FILES} ${SCRIPT})
   set_source_files_properties(${OUTPUT} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)

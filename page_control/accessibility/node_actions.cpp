@@ -2,11 +2,12 @@
 
 #include <string_view>
 
+#include "base/embedded_text.h"
 #include "page_control/accessibility/json_fields.h"
 
 namespace tarvik {
 
-extern const std::string_view kNodeActionScript;
+extern const EmbeddedText kNodeActionScript;
 
 void NodeActions::Add(std::int64_t element, const char* action, const std::string& text) {
     const Json arguments = {{{"value", action}}, {{"value", text}}};
@@ -21,7 +22,7 @@ void NodeActions::Add(std::int64_t element, const char* action, const std::strin
 
 void NodeActions::Call(const Json& object, const Json& arguments) {
     // A user gesture, because the page may, for example, enter the full screen.
-    target_.Post("Runtime.callFunctionOn", {{"functionDeclaration", kNodeActionScript},
+    target_.Post("Runtime.callFunctionOn", {{"functionDeclaration", kNodeActionScript.Text()},
                                             {"objectId", object},
                                             {"arguments", arguments},
                                             {"userGesture", true},

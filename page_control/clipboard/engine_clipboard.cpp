@@ -4,11 +4,12 @@
 #include <string_view>
 #include <utility>
 
+#include "base/embedded_text.h"
 #include "page_control/encoding/base64.h"
 
 namespace tarvik {
 
-extern const std::string_view kClipboardPage;
+extern const EmbeddedText kClipboardPage;
 
 namespace {
 
@@ -88,7 +89,7 @@ void EngineClipboard::OnPage(std::unique_ptr<PageTarget> page) {
     page_->Post("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
     page_->Post("Fetch.enable", {{"patterns", {{{"urlPattern", "*"}, {"resourceType", "Document"}}}}});
     // The navigation waits, because it could overtake the commands.
-    page_->Post("Page.addScriptToEvaluateOnNewDocument", {{"source", kClipboardPage}},
+    page_->Post("Page.addScriptToEvaluateOnNewDocument", {{"source", kClipboardPage.Text()}},
                 IfAlive([this](const Json* result) { result ? Navigate() : Finish(nullptr); }));
 }
 

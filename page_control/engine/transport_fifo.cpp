@@ -1,6 +1,7 @@
 // Under Wine the engine is a Unix program, which Wine's own pipes do not reach. A pair of named FIFOs in a
 // private folder does; see fifo_engine.sh.
 
+#include "base/embedded_text.h"
 #include "base/text.h"
 #include "page_control/engine/launch.h"
 #include "page_control/engine/transport.h"
@@ -10,7 +11,7 @@
 
 namespace tarvik {
 
-extern const std::string_view kFifoEngineScript;  // fifo_engine.sh
+extern const EmbeddedText kFifoEngineScript;  // fifo_engine.sh
 
 namespace {
 
@@ -97,8 +98,8 @@ std::unique_ptr<Transport> StartThroughFifos(const std::wstring& engine, const s
     const std::wstring name = UniqueName();
     const std::wstring folder = L"/tmp/" + name;
     const std::wstring profilePath = profile.empty() ? std::wstring() : Widen(UnixPath(profile));
-    StartShell(kFifoEngineScript, folder + L" " + QuoteArgument(profilePath) + L" " + QuoteArgument(engine) +
-                                      EngineArguments() + kPointer);
+    StartShell(kFifoEngineScript.Text(), folder + L" " + QuoteArgument(profilePath) + L" " +
+                                             QuoteArgument(engine) + EngineArguments() + kPointer);
     const std::wstring path = L"Z:\\tmp\\" + name;
     FifoTransport::Fifos fifos;
     fifos.fromEngine = OpenWithRetry(path + L"\\a", GENERIC_READ);

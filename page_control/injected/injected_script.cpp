@@ -17,7 +17,7 @@ std::string UniqueIdentifier() {
 
 }  // namespace
 
-InjectedScript::InjectedScript(PageTarget& target, std::string_view body, const Json& options,
+InjectedScript::InjectedScript(PageTarget& target, const EmbeddedText& body, const Json& options,
                                PostHandler onPost)
     : core_(UniqueIdentifier()) {
     const std::string binding = UniqueIdentifier();
@@ -27,7 +27,7 @@ InjectedScript::InjectedScript(PageTarget& target, std::string_view body, const 
         });
     const std::string arguments = "'" + binding + "', '" + core_ + "', " + options.dump();
     std::string source =
-        "((bindingName, coreName, options) => { 'use strict';" + std::string(body) + "})(" + arguments + ")";
+        "((bindingName, coreName, options) => { 'use strict';" + body.Text() + "})(" + arguments + ")";
     target.Post("Runtime.enable");
     target.Post("Runtime.addBinding", {{"name", binding}});
     target.Call("Page.addScriptToEvaluateOnNewDocument", {{"source", std::move(source)}});

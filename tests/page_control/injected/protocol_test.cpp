@@ -43,20 +43,21 @@ Names KeysOf(std::string_view script, std::string_view start, std::string_view e
 
 // Fails for a name that is not in the table, and for a row that no script uses.
 TEST(Protocol, ListsTheNamesInTheScripts) {
-    EXPECT_EQ(Matches(kBridgeScript, R"(exchange\('(\w+)')"), Listed(Kind::kCall));
-    EXPECT_EQ(Matches(kBridgeScript, R"re(post\('\["(\w+)")re"), Listed(Kind::kNotification));
-    EXPECT_EQ(Matches(kBridgeScript, R"(null, adopt, (\w+) \})"), Listed(Kind::kBridgeFunction));
-    EXPECT_EQ(KeysOf(kBridgeScript, "const replies = {\n", "\n};", {"__proto__"}), Listed(Kind::kReply));
-    EXPECT_EQ(KeysOf(kBridgeScript, "const commands = {\n", "\n};", {"__proto__", "values"}),
+    const std::string bridge = kBridgeScript.Text(), view = kViewScript.Text();
+    EXPECT_EQ(Matches(bridge, R"(exchange\('(\w+)')"), Listed(Kind::kCall));
+    EXPECT_EQ(Matches(bridge, R"re(post\('\["(\w+)")re"), Listed(Kind::kNotification));
+    EXPECT_EQ(Matches(bridge, R"(null, adopt, (\w+) \})"), Listed(Kind::kBridgeFunction));
+    EXPECT_EQ(KeysOf(bridge, "const replies = {\n", "\n};", {"__proto__"}), Listed(Kind::kReply));
+    EXPECT_EQ(KeysOf(bridge, "const commands = {\n", "\n};", {"__proto__", "values"}),
               Listed(Kind::kCommand));
-    EXPECT_EQ(Matches(kBridgeScript, R"(return '(\w+)')"), Listed(Kind::kResult));
-    EXPECT_EQ(KeysOf(kBridgeScript, "return {\n__proto__: null,\neval:", "\n};", {"__proto__"}),
+    EXPECT_EQ(Matches(bridge, R"(return '(\w+)')"), Listed(Kind::kResult));
+    EXPECT_EQ(KeysOf(bridge, "return {\n__proto__: null,\neval:", "\n};", {"__proto__"}),
               Listed(Kind::kTask));
-    EXPECT_EQ(Matches(kBridgeScript, R"re([^(]'\["(\w\w+)")re"), Listed(Kind::kOutcome));
-    EXPECT_EQ(Matches(kBridgeScript, R"re('\["(.)")re"), Listed(Kind::kPageValue));
-    EXPECT_EQ(Matches(kBridgeScript, "case '(.)'"), Listed(Kind::kHostValue));
-    EXPECT_EQ(Matches(kViewScript, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
-    EXPECT_EQ(KeysOf(kViewScript, "Object.assign(core, {", "\n});",
+    EXPECT_EQ(Matches(bridge, R"re([^(]'\["(\w\w+)")re"), Listed(Kind::kOutcome));
+    EXPECT_EQ(Matches(bridge, R"re('\["(.)")re"), Listed(Kind::kPageValue));
+    EXPECT_EQ(Matches(bridge, "case '(.)'"), Listed(Kind::kHostValue));
+    EXPECT_EQ(Matches(view, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
+    EXPECT_EQ(KeysOf(view, "Object.assign(core, {", "\n});",
                      {"received", "lastKey", "requests", "copies", "settlers", "fields", "choice", "listed",
                       "unlock", "setTimer"}),
               Listed(Kind::kViewFunction));
