@@ -13,7 +13,7 @@ namespace {
 std::wstring BlockName(DWORD sender, HWND target) {
     wchar_t name[64] = {};
     _snwprintf(name, std::size(name), L"Tarvik_MsgMap_%08X_%08X", static_cast<unsigned>(sender),
-                  static_cast<unsigned>(reinterpret_cast<uintptr_t>(target)));
+               static_cast<unsigned>(reinterpret_cast<uintptr_t>(target)));
     return name;
 }
 
