@@ -63,6 +63,7 @@ struct PageView::TargetView {
           newDocument(page.Events().Subscribe<event::ContextsCleared>([this](const auto&) {
               fullScreen.Leave();
               pointerLock.OnUnlock();
+              fieldPickers.HideList();
           })) {}
 
     void QueueTask(const std::function<void()>& task) {

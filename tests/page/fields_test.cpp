@@ -107,6 +107,31 @@ TEST_F(Suggestions, AreChosenByTheMouse) {
     EXPECT_TRUE(Shows({}));
 }
 
+// None of these changes has an event of the field. The page makes the next one while a list is shown.
+TEST_F(Suggestions, CloseWithTheirField) {
+    Write(L"next.html", "");
+    OpenWith(
+        "list=fruits",
+        fruits_ +
+            "<iframe id=frame style=\"position: absolute; left: 0; top: 100px\"></iframe>';"
+            "frame.contentDocument.body.innerHTML = '<input list=a style=\"width: 200px; height: 100px\">"
+            "<datalist id=a><option>fig</datalist>';"
+            "onerror = function (message) { console.log(message); };"
+            "var steps = [function () { field.readOnly = true; },"
+            "  function () { frame.remove(); field.readOnly = false; },"
+            "  function () { location = \"next.html\"; }];"
+            "document.onmousedown = frame.contentDocument.onmousedown = function () {"
+            "  setTimeout(function () { steps.shift()(); }, 2000); };'");
+    for (const int y : {20, 150, 20}) {
+        POINT point = {50, y};
+        ClientToScreen(InnermostWindow(program_.WindowTitled(L"Field")), &point);
+        ClickAt(point);
+        EXPECT_TRUE(WaitFor([&] { return List() != nullptr; }));
+        EXPECT_TRUE(Shows({}));
+    }
+    EXPECT_THAT(program_.Lines(), ElementsAre());
+}
+
 TEST_F(Fields, TakeTheDateOfACalendar) {
     OpenWith("type=date value=2024-02-29 min=2024-02-05");
     ClickField(kIndicator);

@@ -66,6 +66,7 @@ Object.assign(core, {
   copy: clipboard.copy,
   settle: clipboard.settle,
   pick: pickers.pick,
+  watchList: pickers.watchList,
   cursorAt,
   titleAt,
   dragImage: drag.image,

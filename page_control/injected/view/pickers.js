@@ -60,8 +60,23 @@ const makePickers = (core, post) => {
     core.listed = null;
     post('suggestions:null');
   };
+  const mayList = (field) => field.list && field.ownerDocument.defaultView && kLists[field.type] && !field.disabled &&
+    !field.readOnly && apply(matches, field, [':focus']);
+  const isStale = ({ id, left, above }) => {
+    const field = core.fields[id];
+    if (!mayList(field)) return true;
+    const [currentLeft, currentAbove] = placeOf(field);
+    return currentLeft !== left || currentAbove !== above;
+  };
+  // Most changes after which the engine closes its list have no event. The timer is the top document's, as the field's
+  // frame may be removed.
+  const watchList = (listed) => core.setTimer(() => {
+    if (core.listed !== listed) return;
+    if (isStale(listed)) hideList();
+    else watchList(listed);
+  }, kWatchInterval);
   const showList = (field, selected) => {
-    if (!field.list || field.disabled || field.readOnly || !apply(matches, field, [':focus'])) return hideList();
+    if (!mayList(field)) return hideList();
     const items = optionsOf(field, valueOf(field).toLowerCase());
     if (!items.length) return hideList();
     if (core.listed) delete core.fields[core.listed.id];
@@ -69,6 +84,7 @@ const makePickers = (core, post) => {
     const id = ++core.requests;
     core.fields[id] = field;
     core.listed = { id, left, above };
+    core.watchList(core.listed);
     post('suggestions:' + stringify({ id, left, above, width, height, items, selected }));
   };
 
@@ -110,9 +126,7 @@ const makePickers = (core, post) => {
     else hideList();
   };
   const onLeave = ({ isTrusted, type }) => {
-    if (!isTrusted || !core.listed) return;
-    const [left, above] = placeOf(core.fields[core.listed.id]);
-    if (type !== 'scroll' || left !== core.listed.left || above !== core.listed.above) hideList();
+    if (isTrusted && core.listed && (type !== 'scroll' || isStale(core.listed))) hideList();
   };
 
   prototype.showPicker = new Proxy(showPicker, {
@@ -161,7 +175,8 @@ const makePickers = (core, post) => {
   };
 
   const kAttempts = 10;
-  const kPickerStart = 100;  // milliseconds
+  const kWatchInterval = 200;  // milliseconds
+  const kPickerStart = 100;
   const kAnswer = 250;
 
   return {
@@ -169,13 +184,14 @@ const makePickers = (core, post) => {
       [['click', 'input', 'change', 'keydown', 'keypress', 'keyup'], onInput],
       [['blur', 'scroll', 'resize'], onLeave],
     ],
+    watchList,
     pick: async (id, value, row, needsFocus) => {
       const field = core.fields[id];
       // The focus returns from the dialog late, and the engine opens nothing without it.
       if (needsFocus && !document.hasFocus()) return 1;
       delete core.fields[id];
       if (core.listed?.id === id) core.listed = null;
-      if (!field?.isConnected || value === null) return null;
+      if (!field?.isConnected || field.disabled || field.readOnly || value === null) return null;
       const before = valueOf(field);
       const choice = core.choice = { __proto__: null, field, value, row };
       try {
@@ -186,7 +202,7 @@ const makePickers = (core, post) => {
           await outcome(choice, 'change', kAnswer);
         }
       } catch {
-        // A field that has been disabled meanwhile has no picker.
+        // A field whose type has been changed meanwhile has no picker.
       }
       core.choice = null;
       if (value === before) return null;
