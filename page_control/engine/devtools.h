@@ -43,8 +43,9 @@ class DevTools {
     virtual void Listen(std::string_view session, EventHandler handler) = 0;
 
     // Sets the handler of a session's screencast frames; an empty one removes it, after the end of a call in
-    // progress. It is called on the reader thread, after the acknowledgement, with the image in base64.
-    using FrameHandler = std::function<void(std::string_view base64)>;
+    // progress. It is called on the reader thread, before the acknowledgement, with the image in base64, and
+    // returns false to stop the screencast.
+    using FrameHandler = std::function<bool(std::string_view base64)>;
     virtual void ListenToFrames(std::string_view session, FrameHandler handler) = 0;
 
     // Serves DevTools messages and calls from other apartments until the condition holds. False if the engine

@@ -51,14 +51,17 @@ bool MessageReader::Handle(std::string_view text) {
 }
 
 void MessageReader::HandleFrame(const ScreencastFrame& frame) {
-    const Json acknowledgement = {{"id", nextId_()},
-                                  {"method", "Page.screencastFrameAck"},
-                                  {"params", {{"sessionId", frame.number}}},
-                                  {"sessionId", frame.session}};
-    transport_.Write(acknowledgement.dump());
-    const std::lock_guard lock(framesLock_);
-    if (const auto found = frameHandlers_.find(frame.session); found != frameHandlers_.end())
-        found->second(frame.base64);
+    bool continues = true;
+    {
+        const std::lock_guard lock(framesLock_);
+        if (const auto found = frameHandlers_.find(frame.session); found != frameHandlers_.end())
+            continues = found->second(frame.base64);
+    }
+    const Json answer = {{"id", nextId_()},
+                         {"method", continues ? "Page.screencastFrameAck" : "Page.stopScreencast"},
+                         {"params", continues ? Json{{"sessionId", frame.number}} : Json::object()},
+                         {"sessionId", frame.session}};
+    transport_.Write(answer.dump());
 }
 
 }  // namespace tarvik

@@ -26,6 +26,13 @@ void FrameBuffer::Replace(Pixels& pixels) {
     std::swap(pixels_, pixels);
 }
 
+// Nothing else writes to the frame meanwhile.
+DirtyTiles FrameBuffer::DifferenceFrom(const Pixels& earlier) const {
+    DirtyTiles dirty;
+    dirty.AddDifference(earlier, pixels_);
+    return dirty;
+}
+
 void FrameBuffer::Clear() {
     Pixels none;
     Replace(none);
@@ -55,17 +62,22 @@ Pixels FrameBuffer::Crop(POINT origin, SIZE size, POINT& inArea) const {
     return copy;
 }
 
-void FrameBuffer::Paint(HDC target, const RECT& area, double scale) const {
+void FrameBuffer::Paint(HDC target, const RECT& area, const RECT& clip, double scale) const {
     const std::lock_guard lock(lock_);
     if (pixels_.colors.empty()) return Fill(target, area, kBackground);
     const int width = std::min<int>(std::lround(pixels_.width * scale), area.right);
     const int height = std::min<int>(std::lround(pixels_.height * scale), area.bottom);
+    const bool isScaled = scale != 1;
+    const int top = isScaled ? 0 : std::clamp<int>(clip.top, 0, height);
+    const int bottom = isScaled ? height : std::clamp<int>(clip.bottom, top, height);
+    const int first = std::lround(top / scale), rows = std::lround(bottom / scale) - first;
     BITMAPINFO format = {};
-    format.bmiHeader = {
-        sizeof format.bmiHeader, pixels_.width, -pixels_.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    SetStretchBltMode(target, HALFTONE);
-    StretchDIBits(target, 0, 0, width, height, 0, 0, std::lround(width / scale), std::lround(height / scale),
-                  pixels_.colors.data(), &format, DIB_RGB_COLORS, SRCCOPY);
+    format.bmiHeader = {sizeof format.bmiHeader, pixels_.width, -rows, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    SetStretchBltMode(target, isScaled ? HALFTONE : COLORONCOLOR);
+    if (rows > 0)
+        StretchDIBits(target, 0, top, width, bottom - top, 0, 0, std::lround(width / scale), rows,
+                      pixels_.colors.data() + static_cast<size_t>(first) * pixels_.width, &format,
+                      DIB_RGB_COLORS, SRCCOPY);
     const COLORREF beyond = AsColor(pixels_.colors.back());
     Fill(target, {width, 0, area.right, area.bottom}, beyond);
     Fill(target, {0, height, width, area.bottom}, beyond);

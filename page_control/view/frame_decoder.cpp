@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "page_control/encoding/base64.h"
+#include "page_control/encoding/png_decoder.h"
 #include "tarvik/status.h"
 
 namespace tarvik {
@@ -33,7 +34,8 @@ void FrameDecoder::Work() {
     const HRESULT apartment = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     (void)Guard([&] {
         const PictureCodec codec;
-        std::string text;
+        PngDecoder pngDecoder;
+        std::string text, before;
         std::vector<BYTE> bytes;
         Frame frame;
         for (;;) {
@@ -44,10 +46,15 @@ void FrameDecoder::Work() {
                 std::swap(text, next_);
                 hasNext_ = false;
             }
+            frame.isRepeated = text == before;
             // A frame that cannot be decoded is skipped.
             const HRESULT status = Guard([&] {
+                if (frame.isRepeated) return;
+                before.clear();
                 if (!DecodeBase64(text, bytes)) throw StatusError(E_FAIL);
-                codec.Decode(bytes, GUID_WICPixelFormat32bppBGR, frame.pixels);
+                if (!pngDecoder.Decode(bytes, frame.pixels))
+                    codec.Decode(bytes, GUID_WICPixelFormat32bppBGR, frame.pixels);
+                std::swap(text, before);
             });
             frame.bytes = bytes.size();
             if (SUCCEEDED(status)) handler_(frame);

@@ -14,12 +14,13 @@
 namespace tarvik {
 
 // Decodes the frames of a screencast on its own thread. A frame that arrives during a decoding waits until a
-// later one replaces it.
+// later one replaces it. The engine repeats frames, which need no decoding.
 class FrameDecoder {
   public:
     struct Frame {
         Pixels pixels;
-        size_t bytes = 0;  // of the encoded image
+        size_t bytes = 0;         // of the encoded image
+        bool isRepeated = false;  // equal to the one before, whose pixels the handler has got
     };
     // Called on the decoder's thread; the handler may move the pixels out of the frame.
     using Handler = std::function<void(Frame& frame)>;

@@ -28,6 +28,11 @@ namespace tarvik {
 
 namespace {
 
+bool IsInput(UINT message) {
+    return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+           (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
+}
+
 // As a view, because the program has one instance of the parser, for views.
 Json ParseJson(const std::wstring& text) {
     return Json::parse(std::string_view(Narrow(text)));
@@ -187,6 +192,7 @@ void PageView::OnWindowChange() {
     targetView_->fieldPickers.HideList();
     targetView_->placement.Update();
     targetView_->state.Update();
+    targetView_->screencast.OnWindowChange();
 }
 
 void PageView::Paint() {
@@ -197,9 +203,9 @@ void PageView::Paint() {
     if (notice_.IsShown())
         notice_.Paint(target);
     else
-        frameBuffer_.Paint(target, area, PageScaleOf(window_) / EngineScale());
+        frameBuffer_.Paint(target, area, paint.rcPaint, PageScaleOf(window_) / EngineScale());
     EndPaint(window_, &paint);
-    if (targetView_) targetView_->screencast.EnsureRunning();
+    if (targetView_) targetView_->screencast.OnPaint();
 }
 
 bool PageView::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -225,7 +231,7 @@ bool PageView::HandlePageMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
     TargetView& view = *targetView_;
     switch (message) {
         case kFrameMessage:
-            view.screencast.OnFrame();
+            if (!view.screencast.OnFrame()) return true;
             if (!view.pointerLock.Position()) view.cursor.Refresh();
             view.accessibility.OnChange();
             return true;
@@ -294,6 +300,7 @@ bool PageView::HandleInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* 
     // A blur handler may close this page.
     if (before.expired()) return true;
     TargetView& view = *targetView_;
+    if (pointer || IsInput(message)) view.screencast.OnInput();
     if (pointer) return HandlePointer(pointer, message, wParam);
     if (view.fieldPickers.HandleKey(message, wParam)) return true;
     if (view.ime.HandleMessage(message, wParam, lParam, result)) return true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "page_control/engine/launch.h"
 #include "page_control/view/page_scale.h"
@@ -17,9 +18,14 @@ constexpr double kExpensiveBytes = 0.5;  // a pixel
 constexpr double kAnimatedFrames = 5;    // a second
 constexpr int kJpegQuality = 80;
 
+// Pacing: the share of the page that changes during a period, and the unchanged frames that end it.
+constexpr double kSmallShare = 1.0 / 32;
+constexpr int kUnchangedFrames = 4;
+
 // Milliseconds
-constexpr ULONGLONG kMeasurePeriod = 1000;
+constexpr ULONGLONG kPeriod = 1000;
 constexpr ULONGLONG kQuickSuccession = 100;
+constexpr UINT kPacedInterval = 95;
 constexpr UINT kCalmPeriod = 150;
 constexpr UINT kMaxDelay = 5000;
 
@@ -28,13 +34,19 @@ constexpr int kUnseenFrames = 60;
 
 }  // namespace
 
+void Screencast::Series::Add(const Series& other) {
+    frames += other.frames;
+    bytes += other.bytes;
+    dirty.Add(other.dirty);
+}
+
 Screencast::Screencast(HWND window, PageTarget& target, FrameBuffer& frameBuffer)
     : window_(window),
       target_(target),
       frameBuffer_(frameBuffer),
       decoder_([this](FrameDecoder::Frame& frame) { OnDecoded(frame); }) {
     target_.Engine().ListenToFrames(target_.Session(),
-                                    [this](std::string_view base64) { OnArrived(base64); });
+                                    [this](std::string_view base64) { return OnArrived(base64); });
     Start();
 }
 
@@ -43,31 +55,47 @@ Screencast::~Screencast() {
     Stop();
 }
 
-void Screencast::OnArrived(std::string_view base64) {
+bool Screencast::OnArrived(std::string_view base64) {
     const ULONGLONG now = GetTickCount64();
     if (now - arrived_ < kQuickSuccession) hurried_ = true;
     arrived_ = now;
     decoder_.Submit(base64);
+    return !paced_;
 }
 
 void Screencast::OnDecoded(FrameDecoder::Frame& frame) {
-    frameBuffer_.Replace(frame.pixels);
-    ++frames_;
-    bytes_ += static_cast<long long>(frame.bytes);
+    Series series = {1, static_cast<long long>(frame.bytes), {}};
+    if (!frame.isRepeated) {
+        frameBuffer_.Replace(frame.pixels);
+        series.dirty = frameBuffer_.DifferenceFrom(frame.pixels);
+    }
+    {
+        const std::lock_guard lock(lock_);
+        arrivals_.Add(series);
+    }
     if (!posted_.exchange(true) && !PostMessageW(window_, kFrameMessage, 0, 0)) posted_ = false;
 }
+
+// ---- On and off
 
 void Screencast::Start() {
     Json parameters = {{"format", format_ == Format::kPng ? "png" : "jpeg"}, {"everyNthFrame", 1}};
     if (format_ == Format::kJpeg) parameters["quality"] = kJpegQuality;
     target_.Post("Page.startScreencast", std::move(parameters));
     running_ = true;
+    capturing_ = true;
     SetDelay(std::max(delay_, kCalmPeriod));
 }
 
+void Screencast::StopCapture() {
+    if (std::exchange(capturing_, false)) target_.Post("Page.stopScreencast");
+}
+
 void Screencast::Stop() {
-    if (running_) target_.Post("Page.stopScreencast");
+    StopCapture();
     running_ = false;
+    // The reader's thread may be about to stop it for a paced frame, after the next start.
+    if (paced_.exchange(false)) hurried_ = true;
     SetDelay(0);
 }
 
@@ -88,58 +116,127 @@ void Screencast::SetDelay(UINT milliseconds) {
     }
 }
 
-void Screencast::EnsureRunning() {
+// A window that is not shown may be painted, too.
+void Screencast::OnPaint() {
+    if (!IsShown(window_)) return;
+    wasShown_ = true;
     unseen_ = 0;
     if (!running_) Start();
 }
 
-void Screencast::ExpectResize() {
-    if (running_) SetDelay(kCalmPeriod);
+void Screencast::OnWindowChange() {
+    if (wasShown_ && running_ && !IsShown(window_)) Stop();
 }
 
-void Screencast::OnFrame() {
-    posted_ = false;
+void Screencast::OnInput() {
+    input_ = GetTickCount64();
+    if (paced_) EndPacing();
+}
+
+void Screencast::ExpectResize() {
     if (!running_) return;
-    SetDelay(IsSettled() ? 0 : kCalmPeriod);
-    if (!IsShown(window_)) {
-        if (++unseen_ > kUnseenFrames) Stop();
-        return;
+    if (paced_) EndPacing();
+    SetDelay(kCalmPeriod);
+}
+
+// ---- Frames
+
+bool Screencast::OnFrame() {
+    posted_ = false;
+    Series arrivals;
+    {
+        const std::lock_guard lock(lock_);
+        std::swap(arrivals, arrivals_);
     }
-    InvalidateRect(window_, nullptr, FALSE);
+    const bool isChanged = !arrivals.dirty.IsEmpty();
+    if (!running_) return isChanged;
+    const bool isShown = IsShown(window_);
+    if (!paced_) SetDelay(IsSettled() ? 0 : kCalmPeriod);
+    if (!isShown) {
+        if (++unseen_ > kUnseenFrames) Stop();
+        return isChanged;
+    }
+    Repaint(arrivals.dirty);
+    period_.Add(arrivals);
+    if (paced_)
+        OnPacedFrame(isChanged);
+    else if (GetTickCount64() - since_ >= kPeriod)
+        OnPeriod();
+    return isChanged;
+}
+
+void Screencast::Repaint(const DirtyTiles& dirty) {
+    if (dirty.IsEmpty()) return;
+    const double scale = PageScaleOf(window_) / EngineScale();
+    RECT bounds = dirty.Bounds();
+    if (scale == 1 && FillsWindow())
+        InvalidateRect(window_, &bounds, FALSE);
+    else
+        InvalidateRect(window_, nullptr, FALSE);
     // WM_PAINT comes only to an idle queue, which a quick succession of frames never leaves.
     UpdateWindow(window_);
-    ChooseFormat();
 }
 
-// Whether the frame buffer shows the page's current state.
-bool Screencast::IsSettled() {
+// Whether the frame has the window's size.
+bool Screencast::FillsWindow() {
     RECT area = {};
     GetClientRect(window_, &area);
     const SIZE size = frameBuffer_.Size(), page = PageSizeOf(area, PageScaleOf(window_));
     // The engine may round a size up or down.
     const auto fills = [](LONG pixels, LONG units) { return std::abs(pixels - units * EngineScale()) < 1; };
-    const bool fits = IsRectEmpty(&area) || (fills(size.cx, page.cx) && fills(size.cy, page.cy));
-    return !hurried_.exchange(false) && fits && format_ == Format::kPng;
+    return IsRectEmpty(&area) || (fills(size.cx, page.cx) && fills(size.cy, page.cy));
+}
+
+// Whether the frame buffer shows the page's current state.
+bool Screencast::IsSettled() {
+    return !hurried_.exchange(false) && FillsWindow() && format_ == Format::kPng;
 }
 
 // A page that sends no frame now may have stopped painting, so the delay grows.
 void Screencast::OnTimer() {
+    if (paced_ && !capturing_) return Start();
     delay_ = std::min(delay_ * 2, kMaxDelay);
     Restart(Format::kPng);
 }
 
-void Screencast::ChooseFormat() {
+// ---- Pacing and format
+
+void Screencast::OnPacedFrame(bool isChanged) {
+    unchanged_ = isChanged ? 0 : unchanged_ + 1;
+    if (unchanged_ >= kUnchangedFrames || period_.dirty.Share() > kSmallShare || !FillsWindow())
+        return EndPacing();
+    if (GetTickCount64() - since_ >= kPeriod) StartPeriod();
+    // A frame that was under way when the screencast stopped.
+    if (std::exchange(capturing_, false)) SetDelay(kPacedInterval);
+}
+
+void Screencast::EndPacing() {
+    StartPeriod();
+    Restart(Format::kPng);
+}
+
+void Screencast::StartPeriod() {
+    since_ = GetTickCount64();
+    period_ = {};
+}
+
+void Screencast::OnPeriod() {
     const ULONGLONG now = GetTickCount64();
-    if (now - since_ < kMeasurePeriod) return;
     const double seconds = static_cast<double>(now - since_) / 1000;
-    const bool first = since_ == 0;
-    const int frames = frames_.exchange(0);
-    const double bytes = static_cast<double>(bytes_.exchange(0));
-    since_ = now;
+    const Series period = std::exchange(period_, {});
+    const bool isFirst = std::exchange(since_, now) == 0;
+    if (isFirst || period.frames / seconds < kAnimatedFrames) return;
     const SIZE size = frameBuffer_.Size();
     const double expensive = kExpensiveBytes * size.cx * size.cy;
-    const bool animated = !first && frames / seconds >= kAnimatedFrames;
-    if (format_ == Format::kPng && animated && bytes / frames > expensive) Restart(Format::kJpeg);
+    if (period.dirty.Share() <= kSmallShare && now - input_ >= kPeriod) {
+        format_ = Format::kPng;
+        paced_ = true;
+        unchanged_ = 0;
+        StopCapture();
+        SetDelay(kPacedInterval);
+    } else if (format_ == Format::kPng && static_cast<double>(period.bytes) / period.frames > expensive) {
+        Restart(Format::kJpeg);
+    }
 }
 
 }  // namespace tarvik

@@ -427,5 +427,35 @@ TEST_F(HostedPage, UpdatesThePictureWhenItIsShownAgain) {
     }
 }
 
+// Small changes without input are shown at a lower rate; larger ones, input and the last change are not late.
+TEST_F(HostedPage, PacesSmallAnimations) {
+    Open(R"(<style>#box { width: 200px; height: 200px; background: #c80000; }
+        #spinner { width: 20px; height: 20px; animation: turn 1s linear infinite; }
+        @keyframes turn { from { background: red } to { background: blue } }</style>
+        <div id="box" onclick="style.background = '#0000c8'"></div><div id="spinner"></div>)");
+    const POINT box = MiddleOf(L"box"), spinner = MiddleOf(L"spinner");
+    // Counts the colours of the spinner for as long as sixty frames would take a second.
+    const auto changes = [&] {
+        int count = 0;
+        COLORREF last = PixelAt(spinner);
+        const ULONGLONG end = GetTickCount64() + 1000;
+        while (GetTickCount64() < end) {
+            PumpOnce();
+            count += std::exchange(last, PixelAt(spinner)) != last;
+        }
+        return count;
+    };
+    ASSERT_TRUE(PumpUntil([&] { return changes() < 20; }));
+    EXPECT_GT(changes(), 0);
+    Evaluate(L"box.style.background = '#00a000'");
+    EXPECT_TRUE(PixelBecomes(box, kGreen));
+    ASSERT_TRUE(PumpUntil([&] { return changes() < 20; }));
+    ClickAt(box);
+    EXPECT_TRUE(PixelBecomes(box, RGB(0, 0, 200)));
+    ASSERT_TRUE(PumpUntil([&] { return changes() < 20; }));
+    Evaluate(L"spinner.style.animation = 'none', spinner.style.background = '#00a000'");
+    EXPECT_TRUE(PixelBecomes(spinner, kGreen));
+}
+
 }  // namespace
 }  // namespace tarvik
