@@ -162,8 +162,9 @@ TEST_F(Files, OfADownloadAppearWhenItIsComplete) {
     EXPECT_THAT(ReadTree(Folder()), testing::IsEmpty());
     file.isWhole = true;
     file.ends = true;
-    EXPECT_TRUE(WaitFor([&] { return !ReadTree(Folder()).empty(); }));
-    EXPECT_EQ(ReadFileBytes(Folder() + L"\\whole.bin"), std::string(20000, 'a') + std::string(20000, 'b'));
+    const std::wstring whole = Folder() + L"\\whole.bin";
+    EXPECT_TRUE(WaitFor([&] { return FileExists(whole); }));
+    EXPECT_EQ(ReadFileBytes(whole), std::string(20000, 'a') + std::string(20000, 'b'));
 }
 
 // The user hears of a download that fails, not of one that he cancels or closes with its page.

@@ -18,6 +18,10 @@ class Print : public ProgramTest {
   protected:
     // Opens a page of five sheets, whose button calls print(), in a frame if it has one.
     void OpenPage(const std::string& html = "", const std::string& script = "") {
+        BeginToOpenPage(html, script);
+        ASSERT_TRUE(WaitForColour(program_.WindowTitled(L"Sheets"), kBlue));
+    }
+    void BeginToOpenPage(const std::string& html, const std::string& script) {
         Open(
             "var w = external.window; w.title = 'Sheets'; w.setWindowPos(100, 80, 500, 400); w.show(true);"
             "document.title = 'Bean: list'; document.body.style.margin = 0;"
@@ -29,7 +33,6 @@ class Print : public ProgramTest {
             "document.querySelector('button').onclick = function () {"
             "  console.log('click'); (window[0] || window).print(); console.log('done'); };" +
             script);
-        ASSERT_TRUE(WaitForColour(program_.WindowTitled(L"Sheets"), kBlue));
     }
 
     void Click() {
@@ -150,7 +153,7 @@ TEST_F(Print, SavesAFileWhereThereIsNoPrinter) {
 // along, and the program ends.
 TEST_F(Print, StartsWhenThePageIsCompleteAndEndsWithTheWindow) {
     const TestPrinter printer(output_);
-    OpenPage("", "w.onClosed = function () { w.quit(5); }; print(); print(); console.log('loading');");
+    BeginToOpenPage("", "w.onClosed = function () { w.quit(5); }; print(); print(); console.log('loading');");
     const HWND dialog = program_.Dialog();
     EXPECT_TRUE(Logs({"loading", "beforeprint"}));
     PostMessageW(program_.WindowTitled(L"Sheets"), WM_CLOSE, 0, 0);
