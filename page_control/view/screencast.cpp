@@ -25,7 +25,7 @@ constexpr int kUnchangedFrames = 4;
 // Milliseconds
 constexpr ULONGLONG kPeriod = 1000;
 constexpr ULONGLONG kQuickSuccession = 100;
-constexpr UINT kPacedInterval = 95;
+constexpr UINT kPacedInterval = 110;
 constexpr UINT kCalmPeriod = 150;
 constexpr UINT kMaxDelay = 5000;
 
@@ -59,6 +59,7 @@ bool Screencast::OnArrived(std::string_view base64) {
     const ULONGLONG now = GetTickCount64();
     if (now - arrived_ < kQuickSuccession) hurried_ = true;
     arrived_ = now;
+    if (paced_ && !awaiting_.exchange(false)) return false;
     decoder_.Submit(base64);
     return !paced_;
 }
@@ -84,6 +85,8 @@ void Screencast::Start() {
     target_.Post("Page.startScreencast", std::move(parameters));
     running_ = true;
     capturing_ = true;
+    awaiting_ = true;
+    started_ = GetTickCount64();
     SetDelay(std::max(delay_, kCalmPeriod));
 }
 
@@ -207,7 +210,9 @@ void Screencast::OnPacedFrame(bool isChanged) {
         return EndPacing();
     if (GetTickCount64() - since_ >= kPeriod) StartPeriod();
     // A frame that was under way when the screencast stopped.
-    if (std::exchange(capturing_, false)) SetDelay(kPacedInterval);
+    if (!std::exchange(capturing_, false)) return;
+    const ULONGLONG elapsed = GetTickCount64() - started_;
+    SetDelay(elapsed < kPacedInterval ? static_cast<UINT>(kPacedInterval - elapsed) : 1);
 }
 
 void Screencast::EndPacing() {

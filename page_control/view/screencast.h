@@ -75,6 +75,8 @@ class Screencast {
     bool running_ = false;
     bool capturing_ = false;  // while running: always, unless it is paced
     std::atomic<bool> paced_{false};
+    std::atomic<bool> awaiting_{false};  // paced: the frame after a start; others are not decoded
+    ULONGLONG started_ = 0;
     int unchanged_ = 0;  // paced frames since the last change
     int unseen_ = 0;     // frames since the window was seen
     Format format_ = Format::kPng;
