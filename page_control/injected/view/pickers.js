@@ -35,7 +35,8 @@ const makePickers = (core, post) => {
       if (!value || disabled || !isListed) continue;
       write(sample, value);
       const isValid = valueOf(sample) === value && sample.validity.valid;
-      if (isValid) options.push([value, label === value ? '' : label, row]);
+      // Half a surrogate pair is no text for the host.
+      if (isValid) options.push([value.toWellFormed(), label === value ? '' : label.toWellFormed(), row]);
       ++row;
     }
     return options;
