@@ -83,7 +83,7 @@ void FieldPickers::OnSuggestions(const Json& list) {
 
 // The engine's list ignores keys without a native code, and its picker of colours text without a key.
 void FieldPickers::Press(const std::string& key) const {
-    int code = key.front();
+    int code = static_cast<unsigned char>(key.front());
     for (const Key& entry : kKeys) {
         if (entry.name == key) code = entry.code;
     }

@@ -55,7 +55,7 @@ class Suggestions : public Fields {
         for (LRESULT row = 0; row < count; ++row) {
             wchar_t text[100] = {};
             SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
-            rows.push_back(text);
+            rows.emplace_back(text);
         }
         return rows;
     }
