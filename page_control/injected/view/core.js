@@ -53,6 +53,7 @@ Object.assign(core, {
   fields: { __proto__: null },
   choice: null,
   listed: null,
+  inDialog: null,
   unlock: null,
   setTimer: setTimeout.bind(window),
 

@@ -43,9 +43,11 @@ const makePickers = (core, post) => {
   };
 
   const reportPicker = (field) => {
-    if (!isOpen(field)) return;
+    // Several events may see the same picker open.
+    if (!isOpen(field) || core.inDialog === field) return;
     const { type, min, max, step, defaultValue } = field;
     core.fields[++core.requests] = field;
+    core.inDialog = field;
     const list = optionsOf(field, '').map(([value]) => value);
     const base = min || defaultValue;
     post('picker:' + stringify({ id: core.requests, type, value: valueOf(field), min, max, step, base, list }));
@@ -89,6 +91,11 @@ const makePickers = (core, post) => {
     post('suggestions:' + stringify({ id, left, above, width, height, items, selected }));
   };
 
+  const stop = (event) => {
+    apply(stopImmediatePropagation, event, []);
+    apply(preventDefault, event, []);
+  };
+
   // What the keys of the host cause while a choice is made. The events have the value that the user has chosen, whatever
   // the engine's picker makes of the keys.
   const onOutcome = (event, choice) => {
@@ -102,8 +109,7 @@ const makePickers = (core, post) => {
       choice.resume?.();
     } else {
       choice.isClosed ||= type === 'keydown';  // else the key would not have come here
-      apply(stopImmediatePropagation, event, []);
-      apply(preventDefault, event, []);
+      stop(event);
     }
   };
 
@@ -120,6 +126,8 @@ const makePickers = (core, post) => {
   const onInput = (event) => {
     if (!event.isTrusted) return;
     if (core.choice) return onOutcome(event, core.choice);
+    // The host's, for an engine's picker that was not open yet.
+    if (core.inDialog && event.key === 'Escape') return stop(event);
     const field = targetOf(event);
     if (field.localName !== 'input') return;
     if (event.type !== 'input') openLater(field, event);
@@ -166,6 +174,14 @@ const makePickers = (core, post) => {
     press(['PageUp', ...new Names(choice.row).fill('ArrowDown'), 'Enter']);
   };
 
+  // One that the engine opened too late for the Escape of the dialog has the value of before.
+  const closePicker = async (choice) => {
+    for (let i = 0; i < kAttempts && isOpen(choice.field); ++i) {
+      press(['Escape']);
+      await outcome(choice, 'change', kPickerStart);
+    }
+  };
+
   const chooseInPicker = async (choice, before) => {
     const { field, value } = choice;
     const isColour = field.type === 'color';
@@ -191,13 +207,16 @@ const makePickers = (core, post) => {
       // The focus returns from the dialog late, and the engine opens nothing without it.
       if (needsFocus && !document.hasFocus()) return 1;
       delete core.fields[id];
+      core.inDialog = null;
       if (core.listed?.id === id) core.listed = null;
-      if (!field?.isConnected || field.disabled || field.readOnly || value === null) return null;
+      if (!field?.isConnected || field.disabled || field.readOnly) return null;
       const before = valueOf(field);
+      const isNew = value !== null && value !== before;
       const choice = core.choice = { __proto__: null, field, value, row };
       try {
-        if (value === before) press(['Escape']);
-        for (let i = 0; i < kAttempts && !choice.change && value !== before; ++i) {
+        if (kPickers[field.type]) await closePicker(choice);
+        else if (!isNew) press(['Escape']);
+        for (let i = 0; i < kAttempts && !choice.change && isNew; ++i) {
           if (kLists[field.type]) chooseInList(choice);
           else await chooseInPicker(choice, before);
           await outcome(choice, 'change', kAnswer);
@@ -206,7 +225,7 @@ const makePickers = (core, post) => {
         // A field whose type has been changed meanwhile has no picker.
       }
       core.choice = null;
-      if (value === before) return null;
+      if (!isNew) return null;
       if (valueOf(field) !== value) write(field, value);
       for (const type of ['input', 'change']) {
         if (choice[type]) continue;

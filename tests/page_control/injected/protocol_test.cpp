@@ -59,7 +59,7 @@ TEST(Protocol, ListsTheNamesInTheScripts) {
     EXPECT_EQ(Matches(view, R"(post\('(\w+):)"), Listed(Kind::kViewEvent));
     EXPECT_EQ(KeysOf(view, "Object.assign(core, {", "\n});",
                      {"received", "lastKey", "requests", "copies", "settlers", "fields", "choice", "listed",
-                      "unlock", "setTimer", "watchList"}),
+                      "inDialog", "unlock", "setTimer", "watchList"}),
               Listed(Kind::kViewFunction));
 }
 
