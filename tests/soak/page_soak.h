@@ -13,11 +13,13 @@ namespace tarvik {
 
 // The base of soak tests whose windows have the page control in this process.
 class PageSoak {
+  public:
+    PageSoak(const PageSoak&) = delete;
+    PageSoak& operator=(const PageSoak&) = delete;
+
   protected:
     PageSoak() { appModule.AddMessageLoop(&loop_); }
     ~PageSoak() { appModule.RemoveMessageLoop(); }
-    PageSoak(const PageSoak&) = delete;
-    PageSoak& operator=(const PageSoak&) = delete;
 
     // Calls `soak` while the page of another window, which does nothing, is watched.
     bool RunBesideAnIdlePage(const std::function<bool(const BrowserWindow& idle)>& soak);

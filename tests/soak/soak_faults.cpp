@@ -212,6 +212,7 @@ class Faults {
     // name there, and the second would find no page.
     std::string StartCopies() {
         std::vector<std::unique_ptr<Subject>> subjects;
+        subjects.reserve(static_cast<size_t>(copies_));
         for (int i = 0; i < copies_; ++i)
             subjects.push_back(std::make_unique<Subject>(packed_));
         for (const auto& subject : subjects)
